@@ -1,0 +1,47 @@
+# The interface targets that every folder of the library shares, and the function that adds a folder.
+
+find_package(EXPAT REQUIRED)
+find_path(SIMPLEINI_INCLUDE_DIR SimpleIni.h REQUIRED)
+find_library(SIMPLEINI_LIBRARY simpleini)
+
+add_library(hdlbuildfile_warnings INTERFACE)
+target_compile_options(hdlbuildfile_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+    -Wconversion -Wsign-conversion -Wformat=2 -Wimplicit-fallthrough -Wundef
+    $<$<BOOL:${HDLBUILDFILE_WERROR}>:-Werror>)
+
+# What the folders compile with: the include root, C++20 and hidden symbols.
+add_library(hdlbuildfile_folder INTERFACE)
+target_include_directories(hdlbuildfile_folder INTERFACE
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
+target_compile_features(hdlbuildfile_folder INTERFACE cxx_std_20)
+target_compile_definitions(hdlbuildfile_folder INTERFACE
+    $<IF:$<BOOL:${BUILD_SHARED_LIBS}>,HDLBUILDFILE_BUILDING,HDLBUILDFILE_STATIC>)
+
+# hdlbuildfile_add_folder(<name> SOURCES <file>... LINKS <lower folder>...)
+# adds the object library hdlbuildfile_<name>; its links are the folder's permitted includes.
+function(hdlbuildfile_add_folder name)
+    cmake_parse_arguments(PARSE_ARGV 1 FOLDER "" "" "SOURCES;LINKS")
+    add_library(hdlbuildfile_${name} OBJECT ${FOLDER_SOURCES})
+    list(TRANSFORM FOLDER_LINKS PREPEND hdlbuildfile_)
+    target_link_libraries(hdlbuildfile_${name}
+        PUBLIC hdlbuildfile_folder ${FOLDER_LINKS} PRIVATE hdlbuildfile_warnings)
+    set_target_properties(hdlbuildfile_${name} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        POSITION_INDEPENDENT_CODE ON)
+endfunction()
+
+# hdlbuildfile_share_heap(<library>)
+# compiles the allocation functions into the library and into every module that links it: objects that
+# pass between them are allocated in one and freed in another.
+function(hdlbuildfile_share_heap library)
+    if(NOT TARGET hdlbuildfile_allocator)
+        return()
+    endif()
+    target_link_libraries(${library} PUBLIC TBB::tbbmalloc)
+    target_sources(${library}
+        PRIVATE $<TARGET_OBJECTS:hdlbuildfile_allocator>
+        INTERFACE $<BUILD_INTERFACE:$<TARGET_OBJECTS:hdlbuildfile_allocator>>)
+endfunction()
