@@ -1,0 +1,5 @@
+#include "sibling/designdatabase/hdbbase.h"
+
+TRope hdb::IHDBBase::dump() const {
+    return GetName();
+}

@@ -1,0 +1,1 @@
+// Removed with the folder's first source.

@@ -1,0 +1,28 @@
+#pragma once
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// How the bytes of a document stand for characters, found from its first bytes and, for a document
+/// that declares no encoding, from whether all of it is UTF-8.
+struct TXMLEncoding {
+    const char* Name = nullptr;  ///< to be imposed on the parser; null: the document says it itself
+    const char* Refusal = nullptr;  ///< why the document cannot be read; null: it can
+    std::size_t MarkLength = 0;     ///< bytes of the byte-order mark
+    std::size_t UnitSize = 1;       ///< bytes of a code unit; 2 for UTF-16
+    std::size_t LowByte = 0;        ///< where in a unit ASCII characters have their byte
+};
+
+/// Old files without a declared encoding that are not UTF-8 are in Windows-1252. A mark that the
+/// declaration contradicts, and UTF-16 that neither a mark nor a declaration announces, are
+/// refused.
+TXMLEncoding DetectXMLEncoding(std::string_view document);
+
+/// Sets `table[byte]` to the code point of each of the 256 bytes; false for an encoding that is
+/// neither ISO-8859-1 nor Windows-1252 under one of their names.
+bool FillEncodingTable(const char* name, int* table);
+
+/// The line, and the column in bytes, of a place in the document; both 1-based, the mark not
+/// counted. LF, CR and CR LF each end a line.
+void LocateInDocument(std::string_view document, const TXMLEncoding& encoding, std::size_t place,
+                      int* line, int* column);

@@ -1,0 +1,9 @@
+#pragma once
+#include <string>
+#include <string_view>
+
+/// `name` in UTF-8 with each character that cannot stand in its place in an XML name replaced by
+/// '_'; "_" for the empty name. Letters beyond ASCII stay when the parser accepts them.
+std::string ToXMLName(std::string_view name);
+/// Whether ToXMLName would leave `name` as it is.
+bool IsXMLName(std::string_view name);

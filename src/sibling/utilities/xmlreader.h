@@ -1,0 +1,17 @@
+#pragma once
+#include "sibling/utilities/xmllist.h"
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Elements nested deeper are a failure, for reading and writing alike. The root that a document
+/// type names does not count.
+inline constexpr std::size_t kMaxXMLNesting = 512;
+
+/// Parses a whole document into its element stream, without the root called `droppedRoot` (empty:
+/// none is dropped). White space between two tags is dropped unless a reference or CDATA section
+/// takes part in it; an empty CDATA section gives an empty text. On failure `elements` is empty and
+/// line, column and reason of `error` are set; neither pointer may be null.
+bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
+                     std::vector<std::unique_ptr<TElement>>* elements, TXMLReadError* error);

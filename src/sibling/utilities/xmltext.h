@@ -1,0 +1,50 @@
+#pragma once
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// The characters of XML texts. Texts in the process are UTF-8; bytes that are not are taken as
+// Windows-1252, the encoding of the environment's older files.
+
+/// The code point of a byte in Windows-1252. The five bytes that the encoding leaves open stand for
+/// the control characters of their number, as Windows itself converts them.
+char32_t GetWindows1252CodePoint(unsigned char byte);
+
+/// The length of the UTF-8 sequence at `position`; 0 when the bytes there are not UTF-8.
+std::size_t Utf8LengthAt(std::string_view text, std::size_t position);
+bool IsUtf8(std::string_view text);
+/// `text` with each byte that is not UTF-8 converted from Windows-1252.
+std::string ToUtf8(std::string_view text);
+
+/// The place of the first character that no XML document can hold, even as a reference; npos when
+/// there is none. `text` must be UTF-8.
+std::size_t FindForbiddenCharacter(std::string_view text);
+/// "U+0001" for the character at `position` of a UTF-8 text.
+std::string DescribeCharacter(std::string_view text, std::size_t position);
+
+/// Blank, tab, line feed and carriage return: what XML calls white space.
+bool IsXMLBlank(std::string_view text);
+
+/// Which characters are written as references, by their byte; null stands for the byte itself.
+struct TXMLEscapes {
+    std::array<const char*, 256> References;
+
+    static const TXMLEscapes kAnywhere;   ///< the five named references
+    static const TXMLEscapes kText;       ///< in character data
+    static const TXMLEscapes kAttribute;  ///< between double quotes
+};
+
+/// Hands `text`, escaped, to `append` part by part.
+template <class TAppend>
+void AppendEscaped(std::string_view text, const TXMLEscapes& escapes, TAppend append) {
+    std::size_t begin = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char* reference = escapes.References[static_cast<unsigned char>(text[i])];
+        if (!reference) continue;
+        append(text.substr(begin, i - begin));
+        append(std::string_view(reference));
+        begin = i + 1;
+    }
+    append(text.substr(begin));
+}
