@@ -1,0 +1,109 @@
+#include "filenames/hdbsfilenamelist.h"
+
+#include "sibling/designdatabase/visitor.h"
+#include <cstddef>
+#include <unordered_map>
+
+namespace {
+
+// For each element that stands in more than one list, how many hold it beside one. Never destroyed:
+// lists may outlive this file's static objects.
+std::unordered_map<const THdbSFileName*, std::size_t>& ExtraHolders() {
+    static auto* holders = new std::unordered_map<const THdbSFileName*, std::size_t>;
+    return *holders;
+}
+
+// Whether `file` now stands in no list.
+bool LetGoOf(const THdbSFileName* file) {
+    const auto entry = ExtraHolders().find(file);
+    if (entry == ExtraHolders().end()) return true;
+    if (--entry->second == 0) ExtraHolders().erase(entry);
+    return false;
+}
+
+}  // namespace
+
+THdbSFileNameList::THdbSFileNameList(const THdbSFileNameList& other)
+    : DList<THdbSFileName*>(other), hdb::IHDBBase(other), Name(other.Name) {
+    for (DListIterator<THdbSFileName*> file(*this); file.NotAtTail(); ++file)
+        ++ExtraHolders()[file.Current()];
+}
+
+THdbSFileNameList& THdbSFileNameList::operator=(const THdbSFileNameList& other) {
+    Flush(1);
+    for (DListIterator<THdbSFileName*> file(other); file.NotAtTail(); ++file)
+        AddAtTail(file.Current()->Canonical(false));
+    return *this;
+}
+
+THdbSFileNameList::~THdbSFileNameList() {
+    Flush(1);
+}
+
+void THdbSFileNameList::ObjectAdded(THdbSFileName*) {}
+
+void THdbSFileNameList::ObjectRemoved(THdbSFileName*) {}
+
+void THdbSFileNameList::SetListName(const char* name) {
+    Name = name ? name : "";
+}
+
+void THdbSFileNameList::AddAtTail(const char* name) {
+    AddAtTail(new THdbSFileName(name));
+}
+
+int THdbSFileNameList::AddAtTailNoDup(const char* name) {
+    AddAtTail(new THdbSFileName(name));
+    return 1;
+}
+
+void THdbSFileNameList::AddAtHead(const char* name) {
+    AddAtHead(new THdbSFileName(name));
+}
+
+int THdbSFileNameList::AddAtHeadNoDup(const char* name) {
+    AddAtHead(new THdbSFileName(name));
+    return 1;
+}
+
+void THdbSFileNameList::Flush(int deleteItems) {
+    while (!IsEmpty()) {
+        THdbSFileName* file = DListIterator<THdbSFileName*>(*this).Current();
+        DList<THdbSFileName*>::Remove(file);
+        if (LetGoOf(file) && deleteItems) delete file;
+    }
+}
+
+bool THdbSFileNameList::Remove(THdbSFileName* file) {
+    if (!DList<THdbSFileName*>::Remove(file)) return false;
+    LetGoOf(file);
+    return true;
+}
+
+void THdbSFileNameList::Accept(IBaseVisitor* visitor) const {
+    AcceptVisitor(visitor, this);
+}
+
+const char* THdbSFileNameList::GetName() const {
+    return Name.c_str();
+}
+
+TRope THdbSFileNameList::GetFullName() {
+    return Name;
+}
+
+hdb::TItemKind THdbSFileNameList::GetHDBItemKind() {
+    return hdb::ITEM_KIND_FILE;
+}
+
+THdlLanguage THdbSFileNameList::GetLanguage() {
+    return LANGUAGE_NONE;
+}
+
+const hdb::IHDBBase* THdbSFileNameList::GetSourceParent(bool) const {
+    return nullptr;
+}
+
+bool THdbSFileNameList::IsProtected() const {
+    return false;
+}

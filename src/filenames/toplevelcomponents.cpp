@@ -1,0 +1,82 @@
+#include "filenames/toplevelcomponents.h"
+
+#include "sibling/logging/binarylog.h"
+#include "sibling/utilities/fold.h"
+#include "sibling/utilities/xmlstream.h"
+#include <utility>
+
+namespace {
+
+bool IsUnknownLanguageText(const char* text, THdlLanguage language) {
+    return language == LANGUAGE_NONE &&
+           !EqualIgnoringCase(TrimmedView(text), GetStringFromHdlLanguage(LANGUAGE_NONE));
+}
+
+}  // namespace
+
+bool TTopLevelComponents::AddComponentName(const char* entity, const char* architecture,
+                                           const char* library, THdlLanguage language) {
+    auto& list = Lists[language];
+    if (!list) list = std::make_unique<TComponentNameList>(language);
+    return list->AddComponentName(entity, architecture, library);
+}
+
+const TComponentNameList* TTopLevelComponents::GetComponentNameList(THdlLanguage language) const {
+    const auto entry = Lists.find(language);
+    return entry == Lists.end() ? nullptr : entry->second.get();
+}
+
+TComponentNameList* TTopLevelComponents::GetComponentNameList(THdlLanguage language) {
+    const auto entry = Lists.find(language);
+    return entry == Lists.end() ? nullptr : entry->second.get();
+}
+
+// A file may lose names here without any other message.
+TComponentNameList* TTopLevelComponents::StartList(const char* languageText) {
+    const THdlLanguage language = GetHdlLanguageFromString(languageText);
+    if (IsUnknownLanguageText(languageText, language))
+        LogDiagnostic(
+            TBinaryLogMessageOneArg("Top-level components of the unknown language \"%1%\" are read "
+                                    "as those of no language.",
+                                    languageText));
+    auto& list = Lists[language];
+    if (list && list->size())
+        LogDiagnostic(TBinaryLogMessageOneArg(
+            "A second list of top-level components replaces the first one of language \"%1%\".",
+            GetStringFromHdlLanguage(language)));
+    if (list) Replaced.push_back(std::move(list));
+    list = std::make_unique<TComponentNameList>(language);
+    return list.get();
+}
+
+bool TTopLevelComponents::ReadTopLevelComponentNames(DListIterator<TElement*>& element) {
+    if (IsAtStart(element, "TopLevelComponents")) {
+        ForceTopLevelComponents = element.Current()->GetBool("ForceTopLevelComponents", false);
+        ++element;
+        SkipToStart(element);
+    }
+    while (IsAtStart(element, "ComponentList")) {
+        TComponentNameList* list = StartList(element.Current()->GetAttribute("Language"));
+        ++element;
+        SkipToStart(element);
+        if (!list->ReadFromFile(element)) return false;
+    }
+    return true;
+}
+
+void TTopLevelComponents::WriteTopLevelComponentNames(TXMLList* document) const {
+    if (!document) return;
+    TAttributeList attributes;
+    if (ForceTopLevelComponents) attributes.PushBool("ForceTopLevelComponents", true);
+    document->Psh("TopLevelComponents", &attributes, TElement::START, nullptr);
+    for (const auto& [language, list] : Lists) {
+        PushStart(document, "ComponentList", {{"Language", GetStringFromHdlLanguage(language)}});
+        list->WriteToFile(document);
+        PushEnd(document, "ComponentList");
+    }
+    PushEnd(document, "TopLevelComponents");
+}
+
+void TTopLevelComponents::Clear() {
+    Lists.clear();
+}
