@@ -1,0 +1,12 @@
+#pragma once
+#include "sibling/api.h"
+
+/// Hears of changes of the tools that a courier keeps.
+class HDLBUILDFILE_SHARED_TYPE ABaseSimToolCourierObserver {
+public:
+    virtual ~ABaseSimToolCourierObserver() = default;
+    /// Called after tools were added to or removed from a server. The argument is always null.
+    virtual void OnSimToolsChanged(void* reserved) = 0;
+    /// Never called by the courier itself; an operation for clients to call through PingObservers.
+    virtual void OnPing() {}
+};

@@ -1,0 +1,55 @@
+#include "simtools/simtoolmap.h"
+
+#include "sibling/utilities/xmlstream.h"
+
+namespace {
+
+constexpr const char* kSection = "ExternalSimulatorSettings";
+
+}  // namespace
+
+void TSimToolMap::AddSimTool(TBaseSimTool* tool) {
+    if (!tool) return;
+    if (!Owned.count(tool)) Owned.emplace(tool, tool);
+    Tools[tool->GetLanguage()] = tool;
+}
+
+const TBaseSimTool* TSimToolMap::GetSimTool(THdlLanguage language) const {
+    const auto entry = Tools.find(language);
+    return entry == Tools.end() ? nullptr : entry->second;
+}
+
+TBaseSimTool* TSimToolMap::GetSimTool(THdlLanguage language) {
+    const auto entry = Tools.find(language);
+    return entry == Tools.end() ? nullptr : entry->second;
+}
+
+std::vector<THdlLanguage> TSimToolMap::GetSimToolLanguages() const {
+    std::vector<THdlLanguage> languages;
+    for (const auto& [language, tool] : Tools) languages.push_back(language);
+    return languages;
+}
+
+bool TSimToolMap::ReadFromFile(DListIterator<TElement*>& element) {
+    if (IsAtStart(element, kSection)) ++element;
+    while (IsAtStart(element, "Tool")) {
+        auto* tool = new TBaseSimTool;
+        // A tool cut short is kept with what it has.
+        (void)tool->ReadFromFile(element);
+        AddSimTool(tool);
+        SkipEnd(element);
+    }
+    return true;
+}
+
+void TSimToolMap::WriteToFile(TXMLList* document) const {
+    if (!document || Tools.empty()) return;
+    PushStart(document, kSection);
+    for (const auto& [language, tool] : Tools) tool->WriteToFile(document);
+    PushEnd(document, kSection);
+}
+
+void TSimToolMap::Clear() {
+    for (const auto& [language, tool] : Tools) Owned.erase(tool);
+    Tools.clear();
+}
