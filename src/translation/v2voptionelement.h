@@ -1,0 +1,34 @@
+#pragma once
+#include <string>
+#include <vector>
+#include "sibling/logging/binarylog.h"
+#include "sibling/utilities/xmlstream.h"
+
+class TV2VTranslationOption;
+
+// The element of one option, as the readers and writers of all kinds of options share it:
+// <v2v-ncc Enabled="true"> with one <AdditionalOptions> for each argument.
+
+/// The source named by every check of this folder.
+inline constexpr const char* kV2VSourceName = "v2vtranslationoptions";
+/// What a reader of an option checks; the lines tell the kinds of options apart.
+inline constexpr const char* kOptionTagCondition = "elemI.Current()->Name == optionTag.c_str()";
+
+/// The element's name for a switch.
+std::string GetOptionTag(const char* dashOption);
+/// The switch in an element's name, from its first '-' on; "" without one.
+TMyString GetSwitchOfTag(const TMyString& name);
+
+/// Pushes the whole element; nothing for a switch that cannot name one, see
+/// TV2VTranslationOption::WriteToFile.
+void PushOption(TXMLList* document, const TV2VTranslationOption& option,
+                const std::vector<std::string>& arguments);
+
+/// Takes the state from the START at `elemI` and moves inside. Reports to `tagCheck` when the
+/// element is another's. At the tail nothing happens.
+void ReadOptionStart(TElementIterator& elemI, TV2VTranslationOption* option, TCheckSite& tagCheck);
+/// The texts of the AdditionalOptions at `elemI`, untrimmed, "" for one without; moves past them.
+std::vector<std::string> ReadAdditionalOptions(TElementIterator& elemI);
+
+/// The texts with one blank between neighbours.
+std::string JoinedByBlanks(const std::vector<std::string>& texts);
