@@ -1,0 +1,53 @@
+#include "settings/directoryresolution.h"
+#include "settings/projectsettingsconfigurationsdata.h"
+#include "sibling/fileservices/directories.h"
+#include "sibling/fileservices/isfilename.h"
+#include "sibling/fileservices/pathtext.h"
+#include "sibling/fileservices/utilfilename.h"
+#include "sibling/logging/binarylog.h"
+#include "sibling/utilities/fold.h"
+
+namespace {
+
+using namespace ProjectSettingsConfigurationsData;
+
+constexpr unsigned kFilePart = PART_NAME | PART_EXTENSION;
+
+bool IsIniFileText(const char* path) {
+    return EqualIgnoringCase(path, GetIniFile()->Canonical(false)) ||
+           EqualIgnoringCase(path, GetSystemIniFile()->Canonical(false));
+}
+
+std::string ResolveRelative(const char* directory, const char* base) {
+    TUtilFileName path(base);
+    // Templates and diagrams live in the INI file, which may stand anywhere: what they name is
+    // installed with the environment.
+    if (IsIniFileText(path.Canonical())) path = TUtilFileName(GetOrvaneHomeDirectory());
+    if (path.HasParts(kFilePart)) path.StripParts(kFilePart);
+    path.PushDirectory(*directory ? directory : ".");
+    return path.CanonicalWithoutFinalSlash();
+}
+
+}  // namespace
+
+bool IsIniFileName(const ISFileName* file) {
+    return file && IsIniFileText(file->Canonical(false));
+}
+
+std::string BaseDirectoryOf(const ISFileName* file) {
+    return IsIniFileName(file) ? GetOrvaneHomeDirectory() : file->GetPathOnly();
+}
+
+std::string ResolveDirectoryAgainst(const char* directory, const char* base) {
+    if (!(directory && base && base[0])) {
+        static TCheckSite site("directory && relativeToDirectory && relativeToDirectory[0]",
+                               kSource, kResolveDirectory);
+        site.Report();
+        // Never against the working directory, which has nothing to do with the project.
+        return directory ? directory : "";
+    }
+    if (IsRelativePath(directory)) return ResolveRelative(directory, base);
+    std::string absolute = directory;
+    if (!IsPathDelimiter(absolute.back())) absolute += '\\';
+    return absolute;
+}

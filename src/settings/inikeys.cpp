@@ -1,0 +1,77 @@
+#include "settings/inikeys.h"
+#include <algorithm>
+#include "settings/settingnumber.h"
+#include "sibling/utilities/propcache.h"
+
+namespace {
+
+constexpr int kTextBufferSize = 316;
+
+// The number is kept under nine digits, so that it always fits.
+bool IsKeyNumber(std::string_view digits) {
+    return !digits.empty() && digits.size() <= 9 &&
+           std::all_of(digits.begin(), digits.end(), IsDecimalDigit) &&
+           (digits.size() == 1 || digits.front() != '0');
+}
+
+}  // namespace
+
+std::vector<int> NumberedKeys(const char* section, const std::string& key, int first) {
+    std::vector<int> numbers;
+    for (const std::string& present : GetSystemPropCache()->GetPrivatePropKeys(section)) {
+        if (!present.starts_with(key)) continue;
+        const std::string digits = present.substr(key.size());
+        if (IsKeyNumber(digits)) numbers.push_back(LeadingNumber(digits));
+    }
+    std::erase_if(numbers, [first](int number) { return number < first; });
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
+}
+
+TIniKeys::TIniKeys(const char* section, std::string prefix)
+    : Cache(GetSystemPropCache()), Section(section ? section : ""), Prefix(std::move(prefix)) {}
+
+std::optional<std::string> TIniKeys::ReadText(const char* key) const {
+    char text[kTextBufferSize];
+    if (!Cache->GetPrivatePropString(Section.c_str(), (Prefix + key).c_str(), nullptr, text,
+                                     kTextBufferSize))
+        return std::nullopt;
+    return text;
+}
+
+void TIniKeys::ReadText(const char* key, TMyString* value) const {
+    if (const auto text = ReadText(key)) *value = *text;
+}
+
+bool TIniKeys::ReadBool(const char* key, bool missing) const {
+    return Cache->GetPrivatePropBool(Section.c_str(), (Prefix + key).c_str(), missing);
+}
+
+std::optional<std::vector<std::string>> TIniKeys::ReadTexts(const char* key) const {
+    const std::string name = key;
+    const int count = LeadingNumber(ReadText((name + " Count").c_str()).value_or("-1"));
+    if (count < 0) return std::nullopt;
+    std::vector<std::string> texts;
+    // Over the keys that exist: a huge count costs nothing.
+    for (const int number : NumberedKeys(Section.c_str(), Prefix + name, 0)) {
+        if (number >= count) break;
+        texts.push_back(ReadText((name + std::to_string(number)).c_str()).value_or(""));
+    }
+    return texts;
+}
+
+void TIniKeys::WriteText(const char* key, const char* value) const {
+    Cache->WritePrivatePropString(Section.c_str(), (Prefix + key).c_str(), value);
+}
+
+void TIniKeys::WriteBool(const char* key, bool value) const {
+    Cache->WritePrivatePropBool(Section.c_str(), (Prefix + key).c_str(), value);
+}
+
+void TIniKeys::WriteTexts(const char* key, const std::vector<std::string>& texts) const {
+    if (texts.empty()) return;
+    const std::string name = key;
+    WriteText((name + " Count").c_str(), std::to_string(texts.size()).c_str());
+    for (std::size_t i = 0; i < texts.size(); ++i)
+        WriteText((name + std::to_string(i)).c_str(), texts[i].c_str());
+}

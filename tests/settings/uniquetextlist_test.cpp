@@ -1,0 +1,47 @@
+#include "settings/uniquetextlist.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int kBeyondTheIndex = 100;
+
+std::vector<std::string> Numbers(int first, int end) {
+    std::vector<std::string> numbers;
+    for (int i = first; i < end; ++i) numbers.push_back(std::to_string(i));
+    return numbers;
+}
+
+}  // namespace
+
+TEST(UniqueTextList, KeepsOrderAndRefusesEqualTextsAtAnySize) {
+    TUniqueTextList list;
+    for (int i = 0; i < kBeyondTheIndex; ++i) {
+        EXPECT_TRUE(list.Add(std::to_string(i))) << i;
+        EXPECT_FALSE(list.Add(std::to_string(i))) << i;
+        EXPECT_FALSE(list.Add("0")) << i;
+    }
+    EXPECT_EQ(list.GetTexts(), Numbers(0, kBeyondTheIndex));
+}
+
+TEST(UniqueTextList, TakesARemovedTextAgainAtAnySize) {
+    TUniqueTextList list;
+    for (const std::string& number : Numbers(0, kBeyondTheIndex)) list.Add(number);
+    for (int i = 0; i < kBeyondTheIndex - 1; ++i) {
+        EXPECT_TRUE(list.Remove(list.GetTexts().front())) << i;
+        EXPECT_FALSE(list.Remove(std::to_string(i))) << i;
+    }
+    EXPECT_EQ(list.GetTexts(), Numbers(kBeyondTheIndex - 1, kBeyondTheIndex));
+    EXPECT_FALSE(list.Add("99"));
+    EXPECT_TRUE(list.Add("0"));
+    EXPECT_FALSE(list.Add("0"));
+    EXPECT_EQ(list.GetTexts(), (std::vector<std::string>{"99", "0"}));
+}
+
+TEST(UniqueTextList, IsEmptyAfterClear) {
+    TUniqueTextList list;
+    for (const std::string& number : Numbers(0, kBeyondTheIndex)) list.Add(number);
+    list.Clear();
+    EXPECT_TRUE(list.IsEmpty());
+    EXPECT_TRUE(list.Add("5"));
+    EXPECT_EQ(list.GetTexts(), (std::vector<std::string>{"5"}));
+}
