@@ -1,0 +1,125 @@
+#include "projectfiles/dependencyindex.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
+#include <tuple>
+
+TDependencyIndex::~TDependencyIndex() {
+    Drop();
+}
+
+bool TDependencyIndex::Find(const ISFileName* name, IHdlSourceFile** found) {
+    *found = nullptr;
+    TSourceName key;
+    if (!GetSourceName(name, &key)) return true;
+    if (!IsCurrent()) Build();
+    const auto uses = Uses.find(key);
+    if (uses == Uses.end()) return true;
+    *found = uses->second.First;
+    return !uses->second.Others;
+}
+
+void TDependencyIndex::Added(TIHdlSourceFileList* list, IHdlSourceFile* source,
+                             const TSourceName* name) {
+    if (!IsCurrent()) return;
+    if (IsGroup(list))
+        EntryAdded(source);
+    else if (name)
+        AddUse(source, *name);
+}
+
+void TDependencyIndex::Removed(TIHdlSourceFileList* list, IHdlSourceFile* source,
+                               const TSourceName* name) {
+    if (!IsCurrent()) return;
+    if (IsGroup(list))
+        EntryRemoved(source);
+    else if (name)
+        RemoveUse(source, *name);
+}
+
+void TDependencyIndex::Gone(TIHdlSourceFileList* list) {
+    const auto watched = Lists.find(list);
+    if (watched == Lists.end()) return;
+    const auto entry = Entries.find(watched->second.Entry);
+    if (entry != Entries.end()) entry->second.Dependencies = nullptr;
+    Lists.erase(watched);
+}
+
+bool TDependencyIndex::IsCurrent() const {
+    return IsBuilt && HandleChangeCount == GetSourceNameChangeCount();
+}
+
+void TDependencyIndex::Build() {
+    Drop();
+    IsBuilt = true;
+    HandleChangeCount = GetSourceNameChangeCount();
+    Group->ReportTo(this);
+}
+
+void TDependencyIndex::Drop() {
+    if (!IsBuilt) return;
+    Group->StopReportingTo(this);
+    for (const auto& [list, watch] : Lists) list->StopReportingTo(this);
+    IsBuilt = false;
+    Lists.clear();
+    Entries.clear();
+    Uses.clear();
+}
+
+void TDependencyIndex::EntryAdded(IHdlSourceFile* source) {
+    const auto [entry, isNew] = Entries.try_emplace(source, TEntry{nullptr, 0});
+    if (isNew) {
+        entry->second.Dependencies = source->GetDependencyList();
+        Watch(entry->second.Dependencies, source);
+    }
+    ++entry->second.Count;
+}
+
+// Does not touch the source, which may be gone.
+void TDependencyIndex::EntryRemoved(IHdlSourceFile* source) {
+    const auto entry = Entries.find(source);
+    if (entry == Entries.end() || --entry->second.Count > 0) return;
+    Unwatch(entry->second.Dependencies);
+    Entries.erase(entry);
+}
+
+void TDependencyIndex::Watch(TIHdlSourceFileList* list, IHdlSourceFile* entry) {
+    if (!list) return;
+    if (++Lists.try_emplace(list, TWatch{entry, 0}).first->second.Count == 1) list->ReportTo(this);
+}
+
+void TDependencyIndex::Unwatch(TIHdlSourceFileList* list) {
+    const auto watched = Lists.find(list);
+    if (watched == Lists.end() || --watched->second.Count > 0) return;
+    list->ReportAllAsRemoved(this);
+    list->StopReportingTo(this);
+    Lists.erase(watched);
+}
+
+void TDependencyIndex::AddUse(IHdlSourceFile* source, const TSourceName& name) {
+    TUses& uses = Uses[name];
+    if (!uses.First) uses.First = source;
+    if (uses.First == source) {
+        ++uses.FirstCount;
+        return;
+    }
+    if (!uses.Others) uses.Others = std::make_unique<std::map<IHdlSourceFile*, std::size_t>>();
+    ++(*uses.Others)[source];
+}
+
+void TDependencyIndex::RemoveUse(IHdlSourceFile* source, const TSourceName& name) {
+    const auto found = Uses.find(name);
+    if (found == Uses.end()) return;
+    TUses& uses = found->second;
+    if (uses.First == source) {
+        if (--uses.FirstCount > 0) return;
+        if (!uses.Others) {
+            Uses.erase(found);
+            return;
+        }
+        std::tie(uses.First, uses.FirstCount) = *uses.Others->begin();
+        uses.Others->erase(uses.Others->begin());
+    } else if (uses.Others && uses.Others->count(source) && --(*uses.Others)[source] == 0) {
+        uses.Others->erase(source);
+    }
+    if (uses.Others && uses.Others->empty()) uses.Others.reset();
+}

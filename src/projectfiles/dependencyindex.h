@@ -1,0 +1,64 @@
+#pragma once
+// Public: exported classes hold it by value.
+#include "projectfiles/sourcename.h"
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <unordered_map>
+
+class TIHdlSourceFileList;
+
+/// Finds by name what the sources of one group depend on. Built when first asked; from then on the
+/// group and the dependency lists of its sources report their changes to it.
+class TDependencyIndex {
+public:
+    /// `group` must outlive the index.
+    explicit TDependencyIndex(TIHdlSourceFileList* group) : Group(group) {}
+    ~TDependencyIndex();
+    TDependencyIndex(const TDependencyIndex&) = delete;
+    TDependencyIndex& operator=(const TDependencyIndex&) = delete;
+
+    /// Sets `*found` to the dependency of that name, null when there is none. False when different
+    /// sources share the name: then the order of the group decides which is meant.
+    bool Find(const ISFileName* name, IHdlSourceFile** found);
+
+    bool IsGroup(const TIHdlSourceFileList* list) const { return list == Group; }
+    // Called by the lists. `name` is null for a source that is not found by a name there.
+    void Added(TIHdlSourceFileList* list, IHdlSourceFile* source, const TSourceName* name);
+    void Removed(TIHdlSourceFileList* list, IHdlSourceFile* source, const TSourceName* name);
+    /// A dependency list is being destroyed; what it held was reported as removed.
+    void Gone(TIHdlSourceFileList* list);
+
+private:
+    /// The sources of one name, with the number of lists that hold each.
+    struct TUses {
+        IHdlSourceFile* First = nullptr;
+        std::size_t FirstCount = 0;
+        std::unique_ptr<std::map<IHdlSourceFile*, std::size_t>> Others;
+    };
+    struct TEntry {
+        TIHdlSourceFileList* Dependencies;
+        std::size_t Count;  // sources without a name may stand in the group more than once
+    };
+    struct TWatch {
+        IHdlSourceFile* Entry;
+        std::size_t Count;  // of entries that give this list as theirs
+    };
+
+    bool IsCurrent() const;
+    void Build();
+    void Drop();
+    void EntryAdded(IHdlSourceFile* source);
+    void EntryRemoved(IHdlSourceFile* source);
+    void Watch(TIHdlSourceFileList* list, IHdlSourceFile* entry);
+    void Unwatch(TIHdlSourceFileList* list);
+    void AddUse(IHdlSourceFile* source, const TSourceName& name);
+    void RemoveUse(IHdlSourceFile* source, const TSourceName& name);
+
+    TIHdlSourceFileList* Group;
+    bool IsBuilt = false;
+    unsigned long long HandleChangeCount = 0;
+    std::unordered_map<IHdlSourceFile*, TEntry> Entries;
+    std::unordered_map<TIHdlSourceFileList*, TWatch> Lists;
+    std::unordered_map<TSourceName, TUses, TSourceNameHash> Uses;
+};

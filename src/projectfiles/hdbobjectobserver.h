@@ -1,0 +1,10 @@
+#pragma once
+#include "sibling/api.h"
+
+/// Hears of each file inserted into a project file list that it is registered with.
+class HDLBUILDFILE_SHARED_TYPE AHdbObjectObserver {
+public:
+    virtual ~AHdbObjectObserver() = default;
+    /// `index` is the 0-based place of the new file. The observer may add files to that list.
+    virtual void FileInserted(int index) = 0;
+};

@@ -1,0 +1,36 @@
+#include "projectfiles/hdlprojectdiagramfile.h"
+#include "sibling/designdatabase/visitor.h"
+#include "sibling/utilities/fold.h"
+
+THdlProjectDiagramFile::THdlProjectDiagramFile(const ISFileName* file, IProjectComponent* owner)
+    : THdlProjectFile(file, owner, true), AssociatedFiles(owner) {
+    SetProjectFileType(EqualIgnoringCase(GetExtOnly(), ".fp") ? FILE_TYPE_STIMULUS_DIAGRAM
+                                                              : FILE_TYPE_DIAGRAM);
+}
+
+THdlProjectDiagramFile::THdlProjectDiagramFile(const THdlProjectDiagramFile& other) = default;
+
+THdlProjectDiagramFile& THdlProjectDiagramFile::operator=(const THdlProjectDiagramFile& other) =
+    default;
+
+THdlProjectDiagramFile::~THdlProjectDiagramFile() = default;
+
+void THdlProjectDiagramFile::Accept(IBaseVisitor* visitor) const {
+    AcceptVisitor(visitor, this);
+}
+
+bool THdlProjectDiagramFile::AddAssociatedFileAtTail(const ISFileName* name) {
+    return AssociatedFiles.AddAtTailAndSetOwner(name).second;
+}
+
+bool THdlProjectDiagramFile::AddAssociatedFileAtHead(const ISFileName* name) {
+    return AssociatedFiles.AddAtHeadAndSetOwner(name).second;
+}
+
+const THdlProjectFileList* THdlProjectDiagramFile::GetAssociatedFileList() const {
+    return &AssociatedFiles;
+}
+
+THdlProjectFileList* THdlProjectDiagramFile::GetAssociatedFileList() {
+    return &AssociatedFiles;
+}

@@ -1,0 +1,319 @@
+#include "projectfiles/hdlprojectfilelist.h"
+#include "projectfiles/hdlprojectfile.h"
+#include "projectfiles/innermosthandle.h"
+#include "projectfiles/iprojectcomponent.h"
+#include "projectfiles/projectfileindex.h"
+#include "sibling/designdatabase/visitor.h"
+#include "sibling/logging/binarylog.h"
+#include "sibling/utilities/keeper.h"
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+constexpr const char* kNamelessCondition = "currentFileName";
+constinit TCheckSite namelessInConstFind(kNamelessCondition, kProjectFileSource, 38);
+constinit TCheckSite namelessInFind(kNamelessCondition, kProjectFileSource, 53);
+constinit TCheckSite namelessInInsert(kNamelessCondition, kProjectFileSource, 208);
+
+using TList = THdlProjectFileList;
+
+struct TFolderRow {
+    const char* Name;
+    TList::TFileListType Type;
+};
+// The folders that a project shows; some are no file lists.
+constexpr TFolderRow kFolders[] = {
+    {"User Source Files", TList::LIST_TYPE_USER_SOURCE_FILES},
+    {"Command-Line Source Files", TList::LIST_TYPE_COMMAND_LINE_SOURCE_FILES},
+    {"File Input", TList::LIST_TYPE_FILE_INPUT},
+    {"File Output", TList::LIST_TYPE_FILE_OUTPUT},
+    {"Initialized Variables", TList::LIST_TYPE_INITIALIZED_VARIABLES},
+    {"Transaction Diagrams", TList::LIST_TYPE_TRANSACTION_DIAGRAMS},
+    {"Template Diagram", TList::LIST_TYPE_TEMPLATE_DIAGRAM},
+    {"Stimulus & Results Archive", TList::LIST_TYPE_STIMULUS_AND_RESULTS_ARCHIVE},
+    {"Associated Files", TList::LIST_TYPE_ASSOCIATED_FILES},
+    {"Utilities Files", TList::LIST_TYPE_UTILITIES_FILES},
+    {"Source Code Library Files", TList::LIST_TYPE_SOURCE_CODE_LIBRARY_FILES},
+    {"Simulated Models", TList::LIST_TYPE_NONE},
+    {"Stimulus & Results", TList::LIST_TYPE_NONE},
+    {"Transaction-Level Model", TList::LIST_TYPE_NONE},
+    {"Component Instances", TList::LIST_TYPE_NONE},
+    {"Diagram Library Files", TList::LIST_TYPE_NONE},
+    {"Compiled Libraries", TList::LIST_TYPE_NONE},
+    {"Simulation Snapshot", TList::LIST_TYPE_NONE},
+    {"Include Files", TList::LIST_TYPE_NONE},
+    {"Test Vector Files", TList::LIST_TYPE_NONE},
+};
+
+// Deletes `file`. A deletion that comes up meanwhile waits for its end: associated files may have
+// associated files in turn, to any depth.
+void DeleteFile(THdlProjectFile* file) {
+    thread_local std::vector<THdlProjectFile*>* waiting = nullptr;
+    if (waiting) return waiting->push_back(file);
+    std::vector<THdlProjectFile*> files{file};
+    waiting = &files;
+    while (!files.empty()) {
+        THdlProjectFile* next = files.back();
+        files.pop_back();
+        delete next;
+    }
+    waiting = nullptr;
+}
+
+}  // namespace
+
+THdlProjectFileList::THdlProjectFileList(TFileListType type, IProjectComponent* owner)
+    : OwningProjectComponent(owner), ListType(type), Index(std::make_unique<TProjectFileIndex>()) {}
+
+THdlProjectFileList::THdlProjectFileList(const THdlProjectFileList& other)
+    : std::list<THdlProjectFile*>(other),
+      hdb::IHDBBase(other),
+      TEmbeddedObserverMgr<AHdbObjectObserver>(other),
+      OwningProjectComponent(other.OwningProjectComponent),
+      ListType(other.ListType),
+      Index(std::make_unique<TProjectFileIndex>()) {
+    for (THdlProjectFile* file : *this) file->Hold();
+}
+
+THdlProjectFileList& THdlProjectFileList::operator=(const THdlProjectFileList& other) {
+    if (this == &other) return *this;
+    Index->Drop();
+    for (THdlProjectFile* file : other) file->Hold();
+    for (THdlProjectFile* file : *this)
+        if (file->LetGo()) KeepUntilExit(file);
+    std::list<THdlProjectFile*>::operator=(other);
+    TEmbeddedObserverMgr<AHdbObjectObserver>::operator=(other);
+    OwningProjectComponent = other.OwningProjectComponent;
+    ListType = other.ListType;
+    return *this;
+}
+
+THdlProjectFileList::~THdlProjectFileList() {
+    Flush(true);
+}
+
+void THdlProjectFileList::Accept(IBaseVisitor* visitor) const {
+    AcceptVisitor(visitor, this);
+}
+
+const char* THdlProjectFileList::GetName() const {
+    return GetListTypeToString(ListType);
+}
+
+TRope THdlProjectFileList::GetFullName() {
+    return GetName();
+}
+
+hdb::TItemKind THdlProjectFileList::GetHDBItemKind() {
+    return hdb::ITEM_KIND_FILE;
+}
+
+THdlLanguage THdlProjectFileList::GetLanguage() {
+    return LANGUAGE_NONE;
+}
+
+const hdb::IHDBBase* THdlProjectFileList::GetSourceParent(bool) const {
+    return nullptr;
+}
+
+bool THdlProjectFileList::IsProtected() const {
+    return false;
+}
+
+TList::TAddResult THdlProjectFileList::AddAtHeadAndSetOwner(const ISFileName* name) {
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    auto* file = new THdlProjectFile(name, OwningProjectComponent, false);
+    return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
+}
+
+TList::TAddResult THdlProjectFileList::AddAtHeadAndSetOwner(THdlProjectFile* file) {
+    if (file) file->SetOwningProjectComponent(OwningProjectComponent);
+    return push_front_no_dup(file);
+}
+
+TList::TAddResult THdlProjectFileList::AddAtTailAndSetOwner(const ISFileName* name) {
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    auto* file = new THdlProjectFile(name, OwningProjectComponent, false);
+    return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));
+}
+
+TList::TAddResult THdlProjectFileList::AddAtTailAndSetOwner(THdlProjectFile* file) {
+    if (file) file->SetOwningProjectComponent(OwningProjectComponent);
+    return push_back_no_dup(file);
+}
+
+TList::TAddResult THdlProjectFileList::InsertFileAndSetOwner(THdlProjectFile* file,
+                                                             const THdlProjectFile* relativeTo,
+                                                             bool insertBefore) {
+    if (!file) return {nullptr, false};
+    file->SetOwningProjectComponent(OwningProjectComponent);
+    if (const auto listed = Find(file, namelessInFind); listed != end()) return {*listed, false};
+    auto place = Find(relativeTo, namelessInInsert);
+    if (place != end() && !insertBefore) ++place;
+    return InsertAndNotify(place, file);
+}
+
+bool THdlProjectFileList::SetAssociatedFileScope(const ISFileName*) {
+    return false;
+}
+
+bool THdlProjectFileList::AddAssociatedFileToScopeFile(const ISFileName*) {
+    return false;
+}
+
+const char* THdlProjectFileList::GetListTypeToString(TFileListType type) {
+    if (type == LIST_TYPE_NONE) return "";
+    for (const TFolderRow& row : kFolders)
+        if (row.Type == type) return row.Name;
+    return "";
+}
+
+TList::TFileListType THdlProjectFileList::GetListTypeFromString(const char* text) {
+    for (const TFolderRow& row : kFolders)
+        if (text && std::string_view(text) == row.Name) return row.Type;
+    return LIST_TYPE_NONE;
+}
+
+TList::iterator THdlProjectFileList::FindFromISFileName(const ISFileName* name) {
+    return AsMutable(Find(name, namelessInFind));
+}
+
+TList::const_iterator THdlProjectFileList::FindFromISFileName(const ISFileName* name) const {
+    return Find(name, namelessInConstFind);
+}
+
+bool THdlProjectFileList::Contains(const ISFileName* name) const {
+    return FindFromISFileName(name) != end();
+}
+
+bool THdlProjectFileList::Contains(THdlProjectFile* file) const {
+    const ISFileName* name = file;
+    return Contains(name);
+}
+
+bool THdlProjectFileList::Remove(const ISFileName* name, bool deleteFile) {
+    const auto place = Find(name, namelessInFind);
+    if (place == end()) return false;
+    THdlProjectFile* file = *place;
+    Index->Removing(*this, place);
+    std::list<THdlProjectFile*>::erase(place);
+    if (file->LetGo() && deleteFile) DeleteFile(file);
+    if (ListType != LIST_TYPE_UTILITIES_FILES && OwningProjectComponent)
+        OwningProjectComponent->SetProjectModified(true);
+    return true;
+}
+
+bool THdlProjectFileList::Remove(const THdlProjectFile* file, bool deleteFile) {
+    const ISFileName* name = file;
+    return Remove(name, deleteFile);
+}
+
+void THdlProjectFileList::Flush(bool deleteFiles) {
+    // Out of the list first: a file may look at it while it is deleted.
+    std::list<THdlProjectFile*> files;
+    files.swap(*this);
+    Index->Drop();
+    for (THdlProjectFile* file : files)
+        if (file->LetGo() && deleteFiles) DeleteFile(file);
+}
+
+bool THdlProjectFileList::IsModified(bool whenUnknown) const {
+    bool isModified = false;
+    for (const THdlProjectFile* file : *this)
+        if (file->IsFileModifiedSinceLastLoaded(kDefaultTimeStampKey, whenUnknown))
+            isModified = true;
+    return isModified;
+}
+
+bool THdlProjectFileList::IsCopyOrMoveCompatibleType(TFileListType other) const {
+    return ListType == other && other >= LIST_TYPE_USER_SOURCE_FILES &&
+           other <= LIST_TYPE_TRANSACTION_DIAGRAMS;
+}
+
+TList::TAddResult THdlProjectFileList::push_back_no_dup(THdlProjectFile* file) {
+    if (!file) return {nullptr, false};
+    if (const auto listed = Find(file, namelessInFind); listed != end()) return {*listed, false};
+    return InsertAndNotify(end(), file);
+}
+
+TList::TAddResult THdlProjectFileList::push_front_no_dup(THdlProjectFile* file) {
+    if (!file) return {nullptr, false};
+    if (const auto listed = Find(file, namelessInFind); listed != end()) return {*listed, false};
+    return InsertAndNotify(begin(), file);
+}
+
+THdlProjectFile* THdlProjectFileList::FindWithoutWalk(const ISFileName* name) const {
+    const ISFileName* handle = GetInnermostHandle(name);
+    if (!handle || !Index->Prepare(*this)) return nullptr;
+    const auto place = Index->Find(*this, GetFileIdentity(handle));
+    return place == end() ? nullptr : *place;
+}
+
+TList::TAddResult THdlProjectFileList::DeleteUnlessAdded(THdlProjectFile* made, TAddResult result) {
+    if (!result.second) delete made;
+    return result;
+}
+
+THdlProjectFile* THdlProjectFileList::FindByAddress(const THdlProjectFile* file,
+                                                    const ISFileName* name) const {
+    if (THdlProjectFile* named = FindWithoutWalk(name); named && named == file) return named;
+    const auto place = std::find(begin(), end(), file);
+    return place == end() ? nullptr : *place;
+}
+
+TList::const_iterator THdlProjectFileList::Find(const ISFileName* name,
+                                                TCheckSite& nameless) const {
+    if (!name) return end();
+    const ISFileName* handle = GetInnermostHandle(name);
+    if (!Index->Prepare(*this)) return Walk(handle, nameless);
+    return handle ? Index->Find(*this, GetFileIdentity(handle)) : end();
+}
+
+// A null handle equals no name, but the files without one are reported all the same.
+TList::const_iterator THdlProjectFileList::Walk(const ISFileName* handle,
+                                                TCheckSite& nameless) const {
+    const TFileIdentity identity = GetFileIdentity(handle);
+    for (auto place = begin(); place != end(); ++place) {
+        const ISFileName* currentFileName = (*place)->GetFileName();
+        if (!currentFileName)
+            nameless.Report();
+        else if (handle && GetFileIdentity(currentFileName) == identity)
+            return place;
+    }
+    return end();
+}
+
+TList::TAddResult THdlProjectFileList::InsertAndNotify(const_iterator position,
+                                                       THdlProjectFile* file) {
+    const auto place = Link(position, file);
+    if (HasObservers()) {
+        const auto index = std::next(place) == end() ? static_cast<difference_type>(size()) - 1
+                                                     : std::distance(begin(), place);
+        TNotifyOneArg<AHdbObjectObserver, int> notify(&AHdbObjectObserver::FileInserted,
+                                                      static_cast<int>(index));
+        ForEach(notify);
+    }
+    return {file, true};
+}
+
+TList::iterator THdlProjectFileList::Link(const_iterator position, THdlProjectFile* file) {
+    if (!file) return AsMutable(position);
+    const auto place = std::list<THdlProjectFile*>::insert(position, file);
+    file->Hold();
+    Index->Added(*this, place);
+    return place;
+}
+
+TList::iterator THdlProjectFileList::Unlink(const_iterator place) {
+    Index->Removing(*this, place);
+    (*place)->LetGo();
+    return std::list<THdlProjectFile*>::erase(place);
+}
+
+void THdlProjectFileList::DropIndexes(const THdlProjectFileList& other) const {
+    Index->Drop();
+    other.Index->Drop();
+}

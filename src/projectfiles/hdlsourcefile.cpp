@@ -1,0 +1,125 @@
+#include "projectfiles/hdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
+#include "projectfiles/languageconfigmap.h"
+#include "sibling/fileservices/isfilename.h"
+#include "sibling/utilities/keeper.h"
+#include "sibling/utilities/sourcefileextensions.h"
+
+namespace {
+
+unsigned long long gHandleChangeCount = 0;
+
+// Nobody frees the list when its source goes, as pointers to it stay good.
+TIHdlSourceFileList* MakeDependencyList() {
+    auto* list = new TIHdlSourceFileList;
+    KeepUntilExit(list);
+    return list;
+}
+
+}  // namespace
+
+THdlSourceFile::THdlSourceFile(const char* name) : FileName(ISFileName::NewISFileName(name)) {
+    Initialize();
+}
+
+THdlSourceFile::THdlSourceFile(const ISFileName* name) : FileName(name) {
+    Initialize();
+}
+
+THdlSourceFile::THdlSourceFile(const THdlSourceFile& other)
+    : IHdlSourceFile(other), FileName(other.FileName), Dependencies(MakeDependencyList()) {
+    *this = other;
+}
+
+THdlSourceFile& THdlSourceFile::operator=(const THdlSourceFile& other) {
+    if (this == &other) return *this;
+    if (FileName != other.FileName) ++gHandleChangeCount;
+    FileName = other.FileName;
+    Language = other.Language;
+    Project = other.Project;
+    *Dependencies = *other.Dependencies;
+    ProjectLanguageConfig = other.ProjectLanguageConfig;
+    IsListedForCompile = other.IsListedForCompile;
+    LibraryFlag = other.LibraryFlag;
+    ExcludeFromBuild = other.ExcludeFromBuild;
+    PrecompiledLibraryGroupName = other.PrecompiledLibraryGroupName;
+    ConfigSlot = other.ConfigSlot;
+    return *this;
+}
+
+THdlSourceFile::~THdlSourceFile() {
+    ForgetKept(this);
+}
+
+void THdlSourceFile::Initialize() {
+    SetLanguageFromExtension();
+    // Indexes of dependencies follow the former list.
+    if (Dependencies) ++gHandleChangeCount;
+    Dependencies = MakeDependencyList();
+    SetProjectLanguageConfig(nullptr);
+    IsListedForCompile = false;
+    LibraryFlag = false;
+    ExcludeFromBuild = false;
+}
+
+void THdlSourceFile::SetLanguageFromExtension() {
+    Language = LANGUAGE_NONE;
+    if (!FileName) return;
+    Language = TSourceFileExtensions::GetInstance()->GetSourceFileLanguageFromExtension(
+        FileName->GetParts(PART_EXTENSION));
+}
+
+const char* THdlSourceFile::GetPrecompiledLibraryGroupName() const {
+    return PrecompiledLibraryGroupName.c_str();
+}
+
+void THdlSourceFile::SetPrecompiledLibraryGroupName(const char* name) {
+    PrecompiledLibraryGroupName = std::string(name ? name : "");
+}
+
+void THdlSourceFile::SetProjectLanguageConfig(TProjectSimLanguageConfig* config) {
+    ProjectLanguageConfig = config;
+    ConfigSlot = config ? FindLanguageConfigSlot(config) : nullptr;
+}
+
+TProjectSimLanguageConfig* THdlSourceFile::GetProjectLanguageConfig() {
+    return ConfigSlot ? ConfigSlot->Config : ProjectLanguageConfig;
+}
+
+const TProjectSimLanguageConfig* THdlSourceFile::GetProjectLanguageConfig() const {
+    return ConfigSlot ? ConfigSlot->Config : ProjectLanguageConfig;
+}
+
+bool THdlSourceFile::AddDependency(IHdlSourceFile* dependency) {
+    return Dependencies->AddSourceFile(dependency, false);
+}
+
+IHdlSourceFile* THdlSourceFile::GetDependency(const ISFileName* name) {
+    return Dependencies->GetSourceFile(name);
+}
+
+const IHdlSourceFile* THdlSourceFile::GetDependency(const ISFileName* name) const {
+    return Dependencies->GetSourceFile(name);
+}
+
+bool THdlSourceFile::RemoveDependency(IHdlSourceFile* dependency) {
+    return Dependencies->RemoveSourceFile(dependency);
+}
+
+bool THdlSourceFile::RemoveDependency(const ISFileName* name) {
+    return Dependencies->RemoveSourceFile(name);
+}
+
+void THdlSourceFile::FlushDependencies() {
+    Dependencies->Flush();
+}
+
+unsigned long long THdlSourceFile::GetHandleChangeCount() {
+    return gHandleChangeCount;
+}
+
+void DeleteWithDependencies(THdlSourceFile* source) {
+    TIHdlSourceFileList* dependencies = source->GetDependencyList();
+    delete source;
+    delete dependencies;
+}

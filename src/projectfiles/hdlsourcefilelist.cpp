@@ -1,0 +1,47 @@
+#include "projectfiles/hdlsourcefilelist.h"
+#include "projectfiles/hdlprojectsourcefile.h"
+#include "sibling/designdatabase/visitor.h"
+
+THdlSourceFileList::THdlSourceFileList(IProjectComponent* owner)
+    : THdlSourceFileList(LIST_TYPE_ASSOCIATED_FILES, owner) {}
+
+THdlSourceFileList::THdlSourceFileList(TFileListType type, IProjectComponent* owner)
+    : THdlProjectFileList(type, owner) {}
+
+THdlSourceFileList::THdlSourceFileList(const THdlSourceFileList& other) = default;
+
+THdlSourceFileList& THdlSourceFileList::operator=(const THdlSourceFileList& other) = default;
+
+THdlSourceFileList::~THdlSourceFileList() = default;
+
+void THdlSourceFileList::Accept(IBaseVisitor* visitor) const {
+    AcceptVisitor(visitor, this);
+}
+
+THdlProjectFileList::TAddResult THdlSourceFileList::AddAtHeadAndSetOwner(const ISFileName* name) {
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    auto* file =
+        new THdlProjectSourceFile(name, GetOwningProjectComponent(), SourceFileIsLibrary());
+    return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
+}
+
+THdlProjectFileList::TAddResult THdlSourceFileList::AddAtTailAndSetOwner(const ISFileName* name) {
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    auto* file =
+        new THdlProjectSourceFile(name, GetOwningProjectComponent(), SourceFileIsLibrary());
+    return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));
+}
+
+bool THdlSourceFileList::SourceFileIsLibrary() {
+    return false;
+}
+
+THdlProjectFileList::TAddResult THdlSourceFileList::AddAtHeadAndSetOwner(
+    THdlProjectSourceFile* file) {
+    return push_front_no_dup(file);
+}
+
+THdlProjectFileList::TAddResult THdlSourceFileList::AddAtTailAndSetOwner(
+    THdlProjectSourceFile* file) {
+    return push_back_no_dup(file);
+}

@@ -1,0 +1,45 @@
+#include "projectfiles/hdltimingdiagramfilelist.h"
+#include "projectfiles/hdlprojectdiagramfile.h"
+#include "sibling/designdatabase/visitor.h"
+
+THdlTimingDiagramFileList::THdlTimingDiagramFileList(IProjectComponent* owner)
+    : THdlTimingDiagramFileList(LIST_TYPE_TRANSACTION_DIAGRAMS, owner) {}
+
+THdlTimingDiagramFileList::THdlTimingDiagramFileList(const THdlTimingDiagramFileList& other) =
+    default;
+
+THdlTimingDiagramFileList& THdlTimingDiagramFileList::operator=(
+    const THdlTimingDiagramFileList& other) = default;
+
+THdlTimingDiagramFileList::~THdlTimingDiagramFileList() = default;
+
+void THdlTimingDiagramFileList::Accept(IBaseVisitor* visitor) const {
+    AcceptVisitor(visitor, this);
+}
+
+THdlProjectFileList::TAddResult THdlTimingDiagramFileList::AddAtHeadAndSetOwner(
+    const ISFileName* name) {
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    auto* file = new THdlProjectDiagramFile(name, GetOwningProjectComponent());
+    return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
+}
+
+THdlProjectFileList::TAddResult THdlTimingDiagramFileList::AddAtTailAndSetOwner(
+    const ISFileName* name) {
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    auto* file = new THdlProjectDiagramFile(name, GetOwningProjectComponent());
+    return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));
+}
+
+THdlProjectFileList::TAddResult THdlTimingDiagramFileList::AddAtHeadAndSetOwner(
+    THdlProjectDiagramFile* file) {
+    return push_front_no_dup(file);
+}
+
+THdlProjectFileList::TAddResult THdlTimingDiagramFileList::AddAtTailAndSetOwner(
+    THdlProjectDiagramFile* file) {
+    return push_back_no_dup(file);
+}
+
+THdlTimingDiagramFileList::THdlTimingDiagramFileList(TFileListType type, IProjectComponent* owner)
+    : THdlProjectFileList(type, owner) {}

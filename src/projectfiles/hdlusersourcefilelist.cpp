@@ -1,0 +1,78 @@
+#include "projectfiles/hdlusersourcefilelist.h"
+#include "projectfiles/hdlprojectusersourcefile.h"
+#include "sibling/designdatabase/visitor.h"
+#include "sibling/logging/binarylog.h"
+
+namespace {
+
+constinit TCheckSite noScope("AssociatedFileScopeFileName", kProjectFileSource, 609);
+
+}  // namespace
+
+THdlUserSourceFileList::THdlUserSourceFileList(IProjectComponent* owner)
+    : THdlProjectFileList(LIST_TYPE_USER_SOURCE_FILES, owner) {}
+
+THdlUserSourceFileList::THdlUserSourceFileList(const THdlUserSourceFileList& other) = default;
+
+THdlUserSourceFileList& THdlUserSourceFileList::operator=(const THdlUserSourceFileList& other) =
+    default;
+
+THdlUserSourceFileList::~THdlUserSourceFileList() = default;
+
+void THdlUserSourceFileList::Accept(IBaseVisitor* visitor) const {
+    AcceptVisitor(visitor, this);
+}
+
+THdlProjectFileList::TAddResult THdlUserSourceFileList::AddAtHeadAndSetOwner(
+    const ISFileName* name) {
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    auto* file = new THdlProjectUserSourceFile(name, GetOwningProjectComponent(), false);
+    return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
+}
+
+THdlProjectFileList::TAddResult THdlUserSourceFileList::AddAtTailAndSetOwner(
+    const ISFileName* name) {
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    auto* file = new THdlProjectUserSourceFile(name, GetOwningProjectComponent(), false);
+    return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));
+}
+
+bool THdlUserSourceFileList::SetAssociatedFileScope(const ISFileName* name) {
+    const auto place = FindFromISFileName(name);
+    SetScope(place == end() ? nullptr : dynamic_cast<THdlProjectUserSourceFile*>(*place));
+    return AssociatedFileScope != nullptr;
+}
+
+bool THdlUserSourceFileList::AddAssociatedFileToScopeFile(const ISFileName* name) {
+    SetScope(GetListedScope());
+    if (!AssociatedFileScope) {
+        noScope.Report();
+        return false;
+    }
+    return AssociatedFileScope->GetAssociatedFileList()->AddAtTailAndSetOwner(name).second;
+}
+
+THdlProjectFileList::TAddResult THdlUserSourceFileList::AddAtHeadAndSetOwner(
+    THdlProjectUserSourceFile* file) {
+    return push_front_no_dup(file);
+}
+
+THdlProjectFileList::TAddResult THdlUserSourceFileList::AddAtTailAndSetOwner(
+    THdlProjectUserSourceFile* file) {
+    return push_back_no_dup(file);
+}
+
+void THdlUserSourceFileList::SetScope(THdlProjectUserSourceFile* file) {
+    AssociatedFileScope = file;
+    // The shared handle of the name outlives the file.
+    ScopeFileName = file ? ISFileName::NewISFileName(file->GetHashKey()) : nullptr;
+    ScopeSerial = file ? file->Serial : 0;
+}
+
+// The scope may be deleted already, and another file may stand where it was.
+THdlProjectUserSourceFile* THdlUserSourceFileList::GetListedScope() const {
+    if (!AssociatedFileScope) return nullptr;
+    THdlProjectFile* listed = FindByAddress(AssociatedFileScope, ScopeFileName);
+    auto* scope = dynamic_cast<THdlProjectUserSourceFile*>(listed);
+    return scope && scope->Serial == ScopeSerial ? scope : nullptr;
+}

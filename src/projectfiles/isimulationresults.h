@@ -1,0 +1,10 @@
+#pragma once
+#include "sibling/api.h"
+
+/// The results of a simulation run, as far as a stimulus file asks about them.
+class HDLBUILDFILE_SHARED_TYPE ISimulationResults {
+public:
+    virtual ~ISimulationResults() = default;
+    /// Whether the results were put away in the archive.
+    virtual bool IsArchive() const = 0;
+};

@@ -1,0 +1,44 @@
+#pragma once
+#include "sibling/utilities/hdllanguage.h"
+#include <map>
+#include <memory>
+
+class TProjectSimLanguageConfig;
+
+/// The place of one language's configuration in a build. Sources that took the configuration from
+/// the build keep the place, so that replacing it is one write however many they are.
+struct TLanguageConfigSlot {
+    TProjectSimLanguageConfig* Config = nullptr;
+};
+
+/// The language configurations of a build. Deletes one only when another takes its place.
+class TLanguageConfigMap {
+public:
+    using TSlots = std::map<THdlLanguage, std::shared_ptr<TLanguageConfigSlot>>;
+
+    TLanguageConfigMap() = default;
+    ~TLanguageConfigMap();
+    TLanguageConfigMap(const TLanguageConfigMap&) = delete;
+    TLanguageConfigMap& operator=(const TLanguageConfigMap&) = delete;
+
+    /// Null when there is none.
+    TProjectSimLanguageConfig* Find(THdlLanguage language) const;
+    /// The slot of `language`; null when there is none.
+    std::shared_ptr<const TLanguageConfigSlot> FindSlot(THdlLanguage language) const;
+    /// Puts `config`, not null and in no map yet, in the place of the language's former one, which
+    /// is deleted.
+    void Store(THdlLanguage language, TProjectSimLanguageConfig* config);
+    /// Forgets all. The configurations stay, also in the sources that have them.
+    void Clear();
+    /// Forgets and deletes all. Sources that have one then have none.
+    void DeleteAll();
+
+    const TSlots& GetSlots() const { return Slots; }
+
+private:
+    TSlots Slots;
+};
+
+/// The slot of the map that holds `config` now; null when none does.
+std::shared_ptr<const TLanguageConfigSlot> FindLanguageConfigSlot(
+    const TProjectSimLanguageConfig* config);

@@ -1,0 +1,86 @@
+#include "projectfiles/hdlprojectfile.h"
+#include "projectfiles/hdlprojectfilelist.h"
+#include <iterator>
+
+// The forms of std::list's changes in THdlProjectFileList that take ranges and other lists. All end
+// in Link and Unlink, or move entries whose holding is counted already.
+
+using TList = THdlProjectFileList;
+
+TList::iterator THdlProjectFileList::insert(const_iterator position, size_type count,
+                                            THdlProjectFile* file) {
+    return LinkAll(position, std::list<THdlProjectFile*>(count, file));
+}
+
+TList::iterator THdlProjectFileList::insert(const_iterator position,
+                                            std::initializer_list<THdlProjectFile*> files) {
+    return LinkAll(position, files);
+}
+
+TList::iterator THdlProjectFileList::erase(const_iterator first, const_iterator last) {
+    while (first != last) first = Unlink(first);
+    return AsMutable(last);
+}
+
+void THdlProjectFileList::assign(size_type count, THdlProjectFile* file) {
+    AssignAll(std::list<THdlProjectFile*>(count, file));
+}
+
+void THdlProjectFileList::assign(std::initializer_list<THdlProjectFile*> files) {
+    AssignAll(files);
+}
+
+THdlProjectFileList& THdlProjectFileList::operator=(std::initializer_list<THdlProjectFile*> files) {
+    AssignAll(files);
+    return *this;
+}
+
+void THdlProjectFileList::resize(size_type count, THdlProjectFile* file) {
+    while (size() > count) Unlink(std::prev(end()));
+    if (file) LinkAll(end(), std::list<THdlProjectFile*>(count - size(), file));
+}
+
+TList::size_type THdlProjectFileList::remove(THdlProjectFile* file) {
+    return remove_if([file](const THdlProjectFile* current) { return current == file; });
+}
+
+TList::size_type THdlProjectFileList::unique() {
+    return unique(std::equal_to<>());
+}
+
+void THdlProjectFileList::splice(const_iterator position, THdlProjectFileList& other) {
+    splice(position, other, other.begin(), other.end());
+}
+
+void THdlProjectFileList::splice(const_iterator position, THdlProjectFileList& other,
+                                 const_iterator place) {
+    splice(position, other, place, std::next(place));
+}
+
+void THdlProjectFileList::splice(const_iterator position, THdlProjectFileList& other,
+                                 const_iterator first, const_iterator last) {
+    DropIndexes(other);
+    std::list<THdlProjectFile*>::splice(position, other, first, last);
+}
+
+void THdlProjectFileList::reverse() {
+    DropIndexes(*this);
+    std::list<THdlProjectFile*>::reverse();
+}
+
+void THdlProjectFileList::swap(THdlProjectFileList& other) {
+    DropIndexes(other);
+    std::list<THdlProjectFile*>::swap(other);
+}
+
+TList::iterator THdlProjectFileList::LinkAll(const_iterator position,
+                                             const std::list<THdlProjectFile*>& files) {
+    auto first = AsMutable(position);
+    for (auto file = files.rbegin(); file != files.rend(); ++file) first = Link(first, *file);
+    return first;
+}
+
+void THdlProjectFileList::AssignAll(const std::list<THdlProjectFile*>& files) {
+    clear();
+    LinkAll(end(), files);
+}

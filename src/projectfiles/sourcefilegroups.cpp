@@ -1,0 +1,83 @@
+#include "projectfiles/sourcefilegroups.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include <algorithm>
+#include <utility>
+
+TSourceFileGroups::TGroup& TSourceFileGroups::GroupOf(THdlLanguage language) {
+    const auto [place, isNew] = Groups.try_emplace(language);
+    if (isNew) place->second.List.SetLanguage(language);
+    return place->second;
+}
+
+TIHdlSourceFileList* TSourceFileGroups::GetOrCreateGroup(THdlLanguage language) {
+    TGroup& group = GroupOf(language);
+    group.IsCreated = true;
+    return &group.List;
+}
+
+TIHdlSourceFileList* TSourceFileGroups::LookUpGroup(THdlLanguage language) {
+    return &GroupOf(language).List;
+}
+
+TIHdlSourceFileList* TSourceFileGroups::FindGroup(THdlLanguage language) {
+    const auto found = Groups.find(language);
+    return found == Groups.end() || !found->second.IsStored() ? nullptr : &found->second.List;
+}
+
+const TIHdlSourceFileList* TSourceFileGroups::FindGroup(THdlLanguage language) const {
+    const auto found = Groups.find(language);
+    return found == Groups.end() || !found->second.IsStored() ? nullptr : &found->second.List;
+}
+
+std::vector<THdlLanguage> TSourceFileGroups::GetLanguages() const {
+    std::vector<THdlLanguage> languages;
+    for (const auto& [language, group] : Groups)
+        if (group.IsStored()) languages.push_back(language);
+    return languages;
+}
+
+bool TSourceFileGroups::AddSourceFile(IHdlSourceFile* source, bool atHead) {
+    return source && GetOrCreateGroup(source->GetLanguage())->AddSourceFile(source, atHead);
+}
+
+void TSourceFileGroups::Flush() {
+    for (auto& [language, group] : Groups) {
+        group.List.Flush();
+        group.List.ForgetFilling();
+        group.IsCreated = false;
+    }
+}
+
+IHdlSourceFile* TSourceFileGroups::GetSourceFile(const ISFileName* name) {
+    for (auto& [language, group] : Groups)
+        if (IHdlSourceFile* source = group.List.GetSourceFile(name)) return source;
+    return nullptr;
+}
+
+const IHdlSourceFile* TSourceFileGroups::GetSourceFile(const ISFileName* name) const {
+    for (const auto& [language, group] : Groups)
+        if (const IHdlSourceFile* source = group.List.GetSourceFile(name)) return source;
+    return nullptr;
+}
+
+IHdlSourceFile* TSourceFileGroups::GetSourceFileOrDependency(const ISFileName* name) {
+    for (auto& [language, group] : Groups) {
+        if (IHdlSourceFile* source = group.List.GetSourceFile(name)) return source;
+        IHdlSourceFile* dependency = nullptr;
+        if (!group.Dependencies.Find(name, &dependency))
+            dependency = group.List.GetSourceFileOrDependency(name);
+        if (dependency) return dependency;
+    }
+    return nullptr;
+}
+
+bool TSourceFileGroups::IsAnySourceFileModifiedSinceLastCompiled() const {
+    const auto isModified = [](const IHdlSourceFile* source) {
+        const ISFileName* name = source->GetFileName();
+        return name && name->IsFileModifiedSinceLastCompiled(kDefaultTimeStampKey, false);
+    };
+    return std::any_of(Groups.begin(), Groups.end(), [&isModified](const auto& entry) {
+        const TIHdlSourceFileList& list = entry.second.List;
+        return std::any_of(list.begin(), list.end(), isModified);
+    });
+}

@@ -1,0 +1,82 @@
+#pragma once
+#include "projectfiles/dependencyindex.h"
+#include "projectfiles/ihdlsourcefilelist.h"
+#include "sibling/utilities/hdllanguage.h"
+#include <map>
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+class TProjectSimGeneralConfig;
+class TSourceFileOwner;
+class TXMLList;
+
+/// The sources of a build in one list per language, and the "SourceFileGroup" elements of a build
+/// file. The lists are owned, the sources are not.
+class HDLBUILDFILE_API TSourceFileGroups {
+public:
+    /// `owner` makes the sources that are read and must outlive the groups; with null none are.
+    explicit TSourceFileGroups(TSourceFileOwner* owner) : SourceFileOwner(owner) {}
+    TSourceFileGroups(const TSourceFileGroups&) = delete;
+    TSourceFileGroups& operator=(const TSourceFileGroups&) = delete;
+
+    /// The list of `language`, made when missing; it stays in place as long as the groups.
+    TIHdlSourceFileList* GetOrCreateGroup(THdlLanguage language);
+    /// The same list, but a group that was only looked up counts as missing until it is filled.
+    TIHdlSourceFileList* LookUpGroup(THdlLanguage language);
+    /// Null when the language has no group.
+    TIHdlSourceFileList* FindGroup(THdlLanguage language);
+    const TIHdlSourceFileList* FindGroup(THdlLanguage language) const;
+    /// The languages that have a group, also an empty one, in numeric order.
+    std::vector<THdlLanguage> GetLanguages() const;
+
+    /// Adds to the group of the source's own language, as TIHdlSourceFileList::AddSourceFile does.
+    bool AddSourceFile(IHdlSourceFile* source, bool atHead);
+    /// Empties every list. The lists stay; none counts as a group until it is filled again.
+    void Flush();
+
+    /// The first hit in numeric order of the languages; null when there is none.
+    IHdlSourceFile* GetSourceFile(const ISFileName* name);
+    const IHdlSourceFile* GetSourceFile(const ISFileName* name) const;
+    /// As TIHdlSourceFileList::GetSourceFileOrDependency, one group after the other.
+    IHdlSourceFile* GetSourceFileOrDependency(const ISFileName* name);
+
+    /// Whether a source changed on disk since it was compiled or, when it never was, since it was
+    /// read.
+    bool IsAnySourceFileModifiedSinceLastCompiled() const;
+
+    /// Reads a run of "SourceFileGroup" elements into the groups and marks the files as loaded. A
+    /// file that does not exist is told to the user, once, and kept. The group is the one of the
+    /// element's language; a source's own language follows from its extension. Names are trimmed;
+    /// an element without a name makes no source. False when the stream ends inside an element.
+    bool ReadSourceFileGroups(DListIterator<TElement*>& element);
+    /// Whether the last read listed a file that does not exist.
+    bool GetFilesMissing() const { return FilesMissing; }
+
+    /// Pushes the group of `topLanguage` and those whose files `general` (may be null) compiles,
+    /// with paths relative to the directory of `buildFileName` (null: full paths). Other groups and
+    /// the exclusion of sources from the build are not stored.
+    void WriteSourceFileGroups(TXMLList* document, const ISFileName* buildFileName,
+                               THdlLanguage topLanguage,
+                               const TProjectSimGeneralConfig* general) const;
+
+private:
+    struct TGroup {
+        TIHdlSourceFileList List;
+        TDependencyIndex Dependencies{&List};
+        bool IsCreated = false;
+        bool IsStored() const { return IsCreated || List.WasFilled(); }
+    };
+    using TSeenNames = std::unordered_set<TSourceName, TSourceNameHash>;
+
+    TGroup& GroupOf(THdlLanguage language);
+    bool ReadSources(DListIterator<TElement*>& element, THdlLanguage language, TSeenNames* seen);
+    bool ReadDependencies(DListIterator<TElement*>& element, IHdlSourceFile* source);
+    IHdlSourceFile* ReadSource(const TElement& start, const std::string& name,
+                               THdlLanguage language, TSeenNames* seen);
+    void TestExists(const IHdlSourceFile& source, TSeenNames* seen);
+
+    TSourceFileOwner* SourceFileOwner;
+    std::map<THdlLanguage, TGroup> Groups;
+    bool FilesMissing = false;
+};

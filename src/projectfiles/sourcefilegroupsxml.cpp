@@ -1,0 +1,120 @@
+#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/sourcefilegroups.h"
+#include "projectfiles/sourcefileowner.h"
+#include "projectfiles/sourcepath.h"
+#include "settings/projectsimgeneralconfig.h"
+#include "sibling/fileservices/messagebox.h"
+#include "sibling/utilities/booltext.h"
+#include "sibling/utilities/xmlstream.h"
+
+bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element) {
+    FilesMissing = false;
+    TSeenNames seen;
+    while (IsAtStart(element, "SourceFileGroup")) {
+        const char* const text = element.Current()->GetAttribute("Language");
+        const THdlLanguage language = GetHdlLanguageFromString(text);
+        ++element;
+        if (!element.NotAtTail()) return false;
+        if (!ReadSources(element, language, &seen)) return false;
+        SkipEnds(element);
+    }
+    return true;
+}
+
+bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLanguage language,
+                                    TSeenNames* seen) {
+    TIHdlSourceFileList* group = GetOrCreateGroup(language);
+    while (IsAtStart(element, "SourceFile")) {
+        DListIterator<TElement*> start = element;
+        ++element;
+        if (!element.NotAtTail()) return false;
+        if (IsAtStart(element)) {
+            // A child stands where the name belongs: nothing in this element can be trusted.
+            SkipElement(start);
+            element = start;
+            SkipEnds(element);
+            continue;
+        }
+        IHdlSourceFile* source = ReadSource(*start.Current(), TrimmedText(element), language, seen);
+        group->AddSourceFile(source, false);
+        ++element;
+        if (!ReadDependencies(element, source)) return false;
+        SkipEnds(element);
+    }
+    return true;
+}
+
+// Null without a name.
+IHdlSourceFile* TSourceFileGroups::ReadSource(const TElement& start, const std::string& name,
+                                              THdlLanguage language, TSeenNames* seen) {
+    if (name.empty() || !SourceFileOwner) return nullptr;
+    IHdlSourceFile* source = SourceFileOwner->GetOrMakeSourceFile(name.c_str(), language);
+    if (!source) return nullptr;
+    if (ConvertStringBoolToBoolean(start.GetAttribute("Library"))) source->SetLibraryFlag(true);
+    const char* const precompiled = start.GetAttribute("PrecompiledLibrary");
+    if (*precompiled) source->SetPrecompiledLibraryGroupName(precompiled);
+    TestExists(*source, seen);
+    return source;
+}
+
+// The disk is asked once for each file, however often it is listed.
+void TSourceFileGroups::TestExists(const IHdlSourceFile& source, TSeenNames* seen) {
+    TSourceName name;
+    if (!GetSourceName(&source, &name) || !seen->insert(name).second) return;
+    if (MarkLoadedAndTestExists(source.GetFileName(), kDefaultTimeStampKey)) return;
+    const std::string path = source.GetFileName()->Canonical(false);
+    Fileservices::GetMessageBox()->ShowMessage(("Missing File: \"" + path + "\"").c_str(),
+                                               "HdlBuildFile", 0);
+    FilesMissing = true;
+}
+
+// Without a source the dependencies are passed over.
+bool TSourceFileGroups::ReadDependencies(DListIterator<TElement*>& element,
+                                         IHdlSourceFile* source) {
+    while (IsAtStart(element, "Dependency")) {
+        DListIterator<TElement*> start = element;
+        ++element;
+        if (!element.NotAtTail()) return false;
+        if (IsAtStart(element)) {
+            SkipElement(start);
+            element = start;
+            continue;
+        }
+        const std::string name = TrimmedText(element);
+        if (source && !name.empty())
+            source->AddDependency(SourceFileOwner->GetOrMakeSourceFile(name.c_str()));
+        ++element;
+        SkipEnd(element);
+    }
+    return true;
+}
+
+namespace {
+
+void WriteSource(TXMLList* document, const IHdlSourceFile& source,
+                 const ISFileName* buildFileName) {
+    PushStart(document, "SourceFile",
+              {{"Library", ConvertBooleanToStringBool(source.IsLibrary())},
+               {"PrecompiledLibrary", source.GetPrecompiledLibraryGroupName()}});
+    PushText(document, RelativeSourcePath(source, buildFileName));
+    if (const TIHdlSourceFileList* dependencies = source.GetDependencyList())
+        dependencies->WriteToFile(document, "Dependency", buildFileName);
+    PushEnd(document, "SourceFile");
+}
+
+}  // namespace
+
+void TSourceFileGroups::WriteSourceFileGroups(TXMLList* document, const ISFileName* buildFileName,
+                                              THdlLanguage topLanguage,
+                                              const TProjectSimGeneralConfig* general) const {
+    if (!document) return;
+    for (const auto& [language, group] : Groups) {
+        if (!group.IsStored()) continue;
+        if (language != topLanguage && !(general && general->GetCompileLanguageFiles(language)))
+            continue;
+        PushStart(document, "SourceFileGroup", {{"Language", GetStringFromHdlLanguage(language)}});
+        for (const IHdlSourceFile* source : group.List)
+            WriteSource(document, *source, buildFileName);
+        PushEnd(document, "SourceFileGroup");
+    }
+}

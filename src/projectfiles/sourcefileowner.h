@@ -1,0 +1,48 @@
+#pragma once
+#include "projectfiles/hdlsourcefile.h"
+#include <list>
+#include <memory>
+#include <unordered_map>
+
+class IBuildManager;
+
+/// Makes the source files of a build, keeps them, and records which configuration came in with
+/// which source.
+class TSourceFileOwner {
+public:
+    /// `build` finds sources and configurations for a read; it may be null and is not owned.
+    explicit TSourceFileOwner(IBuildManager* build) : Build(build) {}
+    /// Deletes the sources made, with their dependency lists.
+    ~TSourceFileOwner();
+    TSourceFileOwner(const TSourceFileOwner&) = delete;
+    TSourceFileOwner& operator=(const TSourceFileOwner&) = delete;
+
+    IBuildManager* GetBuildManager() const { return Build; }
+    void SetBuildManager(IBuildManager* build) { Build = build; }
+
+    /// A new source, which stays the owner's; a caller that deletes it takes it off the owner's
+    /// hands.
+    IHdlSourceFile* MakeSourceFile(const ISFileName* name);
+
+    /// The one source of the build that has this name, made when there is none. Null without a
+    /// build.
+    IHdlSourceFile* GetOrMakeSourceFile(const char* name);
+    /// The same; gives the source the build's configuration for `language`, when it has one.
+    IHdlSourceFile* GetOrMakeSourceFile(const char* name, THdlLanguage language);
+
+    /// Notes that the configuration in `slot` came in with `source`.
+    void RecordLanguageConfig(const IHdlSourceFile* source,
+                              std::shared_ptr<const TLanguageConfigSlot> slot);
+    /// The build's configuration that stands for the one recorded; null when none was.
+    const TProjectSimLanguageConfig* GetRecordedLanguageConfig(const IHdlSourceFile* source) const;
+
+    /// Forgets the records. The sources made so far stay valid as long as the owner.
+    void Clear() { Records.clear(); }
+
+private:
+    class TMadeSourceFile;
+
+    std::list<TMadeSourceFile*> Made;
+    IBuildManager* Build;
+    std::unordered_map<const IHdlSourceFile*, std::shared_ptr<const TLanguageConfigSlot>> Records;
+};

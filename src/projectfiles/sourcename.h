@@ -1,0 +1,27 @@
+#pragma once
+// Public: exported classes hold it by value.
+#include "sibling/fileservices/isfilename.h"
+#include <string_view>
+
+class IHdlSourceFile;
+
+/// A source's name as lists compare it. Its text lives as long as the file's shared handle.
+struct TSourceName {
+    std::string_view Folded;
+    std::size_t Hash;
+    bool operator==(const TSourceName& other) const {
+        return Hash == other.Hash && Folded == other.Folded;
+    }
+};
+
+struct TSourceNameHash {
+    std::size_t operator()(const TSourceName& name) const noexcept { return name.Hash; }
+};
+
+/// Sets `*name` to the name of `file`. False for null and for a tracked file name without a handle,
+/// which match no name.
+bool GetSourceName(const ISFileName* file, TSourceName* name);
+bool GetSourceName(const IHdlSourceFile* source, TSourceName* name);
+
+/// Changes whenever a source of this process was assigned another name.
+unsigned long long GetSourceNameChangeCount();

@@ -1,0 +1,12 @@
+#include "projectfiles/sourcepath.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "sibling/fileservices/isfilename.h"
+
+std::string RelativeSourcePath(const IHdlSourceFile& source, const ISFileName* file) {
+    const ISFileName* name = source.GetFileName();
+    if (!name) return {};
+    if (!file) return name->Canonical(false);
+    TMyString path;
+    name->GetFileNameRelativeTo(file->GetPathOnly(), &path);
+    return path.Str();
+}

@@ -1,0 +1,62 @@
+#include "projectfiles/languageconfigmap.h"
+#include "settings/projectsimlanguageconfig.h"
+#include <gtest/gtest.h>
+#include <string>
+
+namespace {
+
+/// A configuration that notes its end.
+class MortalConfig : public TProjectSimLanguageConfig {
+public:
+    MortalConfig(std::string name, std::string* grave) : Name(std::move(name)), Grave(grave) {}
+    ~MortalConfig() override { *Grave += Name + " "; }
+
+private:
+    std::string Name;
+    std::string* Grave;
+};
+
+TEST(LanguageConfigMap, DeletesAConfigurationWhenAnotherTakesItsPlace) {
+    std::string grave;
+    TLanguageConfigMap map;
+    EXPECT_EQ(map.Find(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(map.FindSlot(LANGUAGE_VHDL), nullptr);
+    auto* first = new MortalConfig("first", &grave);
+    auto* second = new MortalConfig("second", &grave);
+    map.Store(LANGUAGE_VHDL, first);
+    EXPECT_EQ(map.Find(LANGUAGE_VHDL), first);
+    EXPECT_EQ(map.Find(LANGUAGE_VERILOG), nullptr);
+    const auto slot = map.FindSlot(LANGUAGE_VHDL);
+    map.Store(LANGUAGE_VHDL, second);
+    EXPECT_EQ(grave, "first ");
+    EXPECT_EQ(map.Find(LANGUAGE_VHDL), second);
+    EXPECT_EQ(slot->Config, second);
+    EXPECT_EQ(FindLanguageConfigSlot(second), slot);
+    map.DeleteAll();
+    EXPECT_EQ(grave, "first second ");
+    EXPECT_EQ(map.Find(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(slot->Config, nullptr);
+}
+
+TEST(LanguageConfigMap, ForgetsConfigurationsWithoutDeletingThem) {
+    std::string grave;
+    auto* cleared = new MortalConfig("cleared", &grave);
+    auto* left = new MortalConfig("left", &grave);
+    std::shared_ptr<const TLanguageConfigSlot> slot;
+    {
+        TLanguageConfigMap map;
+        map.Store(LANGUAGE_VHDL, cleared);
+        slot = map.FindSlot(LANGUAGE_VHDL);
+        map.Clear();
+        EXPECT_EQ(map.Find(LANGUAGE_VHDL), nullptr);
+        map.Store(LANGUAGE_VHDL, left);
+        EXPECT_EQ(slot->Config, cleared);
+    }
+    EXPECT_EQ(FindLanguageConfigSlot(cleared), nullptr);
+    EXPECT_EQ(FindLanguageConfigSlot(left), nullptr);
+    EXPECT_EQ(grave, "");
+    delete cleared;
+    delete left;
+}
+
+}  // namespace

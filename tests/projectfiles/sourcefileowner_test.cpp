@@ -1,0 +1,66 @@
+#include "projectfiles/sourcefileowner.h"
+#include "projectfiles/languageconfigmap.h"
+#include "settings/projectsimlanguageconfig.h"
+#include "tests/projectfiles/sourcefakes.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(SourceFileOwner, MakesANewSourceOnEveryCall) {
+    TSourceFileOwner owner(nullptr);
+    IHdlSourceFile* first = owner.MakeSourceFile(Handle("/p/a.vhd"));
+    IHdlSourceFile* second = owner.MakeSourceFile(Handle("/p/a.vhd"));
+    EXPECT_NE(first, second);
+    EXPECT_EQ(first->GetFileName(), Handle("/p/a.vhd"));
+    EXPECT_EQ(second->GetLanguage(), LANGUAGE_VHDL);
+}
+
+TEST(SourceFileOwner, LetsCallersDeleteWhatItMade) {
+    auto owner = std::make_unique<TSourceFileOwner>(nullptr);
+    IHdlSourceFile* kept = owner->MakeSourceFile(Handle("/p/a.vhd"));
+    IHdlSourceFile* deleted = owner->MakeSourceFile(Handle("/p/b.vhd"));
+    delete deleted;
+    EXPECT_EQ(NameOf(kept), "a.vhd");
+    owner.reset();
+}
+
+TEST(SourceFileOwner, FindsThroughItsBuildAndGivesTheConfigurationOfALanguage) {
+    FakeBuild build("/p");
+    TProjectSimLanguageConfig config;
+    build.Configs[LANGUAGE_VHDL] = &config;
+    EXPECT_EQ(build.Owner.GetBuildManager(), &build);
+
+    IHdlSourceFile* bare = build.Owner.GetOrMakeSourceFile("a.vhd");
+    EXPECT_EQ(bare->GetFileName(), Handle("/p/a.vhd"));
+    EXPECT_EQ(bare->GetProjectLanguageConfig(), nullptr);
+    build.Groups.AddSourceFile(bare, false);
+    EXPECT_EQ(build.Owner.GetOrMakeSourceFile("A.vhd", LANGUAGE_VHDL), bare);
+    EXPECT_EQ(bare->GetProjectLanguageConfig(), &config);
+    EXPECT_EQ(build.Owner.GetOrMakeSourceFile("a.vhd", LANGUAGE_VERILOG), bare);
+    EXPECT_EQ(bare->GetProjectLanguageConfig(), &config)
+        << "a language without one takes nothing away";
+}
+
+TEST(SourceFileOwner, FindsNothingWithoutABuild) {
+    TSourceFileOwner owner(nullptr);
+    EXPECT_EQ(owner.GetOrMakeSourceFile("a.vhd"), nullptr);
+    EXPECT_EQ(owner.GetOrMakeSourceFile("a.vhd", LANGUAGE_VHDL), nullptr);
+}
+
+TEST(SourceFileOwner, RecordsConfigurationsAndFollowsTheirReplacement) {
+    TLanguageConfigMap configs;
+    configs.Store(LANGUAGE_VHDL, new TProjectSimLanguageConfig);
+    TSourceFileOwner owner(nullptr);
+    IHdlSourceFile* source = owner.MakeSourceFile(Handle("/p/a.vhd"));
+    EXPECT_EQ(owner.GetRecordedLanguageConfig(source), nullptr);
+    owner.RecordLanguageConfig(source, configs.FindSlot(LANGUAGE_VHDL));
+    EXPECT_EQ(owner.GetRecordedLanguageConfig(source), configs.Find(LANGUAGE_VHDL));
+    configs.Store(LANGUAGE_VHDL, new TProjectSimLanguageConfig);
+    EXPECT_EQ(owner.GetRecordedLanguageConfig(source), configs.Find(LANGUAGE_VHDL));
+    owner.Clear();
+    EXPECT_EQ(owner.GetRecordedLanguageConfig(source), nullptr);
+    EXPECT_EQ(NameOf(source), "a.vhd") << "sources stay valid";
+    configs.DeleteAll();
+}
+
+}  // namespace
