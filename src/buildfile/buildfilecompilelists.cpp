@@ -1,0 +1,40 @@
+#include "buildfile/buildfileparts.h"
+#include "buildfile/compileorder.h"
+#include "buildfile/hdlbuildfile.h"
+#include "projectfiles/ihdlsourcefile.h"
+
+const TIHdlSourceFileList* THdlBuildFile::GetFilesToCompile(THdlLanguage language) const {
+    if (language == LANGUAGE_VHDL) return Parts->CompileList.LookUpGroup(language);
+    return GetSourceFileGroup(language);
+}
+
+void THdlBuildFile::OrderFilesForCompile(THdlLanguage language) {
+    if (language != LANGUAGE_VHDL) return;
+    // In place: callers may hold the list.
+    Parts->CompileList.LookUpGroup(language)->Flush();
+    CompiledFiles.clear();
+    for (const IHdlSourceFile* source : *GetSourceFileGroup(language))
+        AddSourceFileToCompileList(source);
+}
+
+void THdlBuildFile::AddSourceFileToCompileList(const IHdlSourceFile* source) {
+    TCompileOrder(*GetSourceFileGroup(LANGUAGE_VHDL), Parts->CompileList.LookUpGroup(LANGUAGE_VHDL),
+                  &CompiledFiles)
+        .Add(source);
+}
+
+const std::vector<std::string>& THdlBuildFile::GetPrecompiledLibraryGroups() const {
+    return PrecompiledLibraryGroups;
+}
+
+void THdlBuildFile::AddPrecompiledLibraryGroupNoDup(const char* name) {
+    const std::string text = name ? name : "";
+    if (PrecompiledLibraryNames.insert(text).second) PrecompiledLibraryGroups.push_back(text);
+}
+
+void THdlBuildFile::CompilePrecompiledLibraryGroup() {
+    PrecompiledLibraryGroups.clear();
+    PrecompiledLibraryNames.clear();
+    for (const IHdlSourceFile* source : *GetSourceFileGroup(HdlLanguage))
+        AddPrecompiledLibraryGroupNoDup(source->GetPrecompiledLibraryGroupName());
+}

@@ -1,0 +1,82 @@
+#include "buildfile/buildfileparts.h"
+#include "buildfile/hdlbuildfile.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "settings/projectsimlanguageconfig.h"
+#include "sibling/fileservices/isfilename.h"
+#include "sibling/fileservices/pathtext.h"
+#include "sibling/fileservices/utilfilename.h"
+
+void THdlBuildFile::AddLanguageConfig(THdlLanguage language,
+                                      const TProjectSimLanguageConfig* configuration) {
+    if (!configuration) return;
+    Parts->LanguageConfigs.Store(language, new TProjectSimLanguageConfig(*configuration, 1));
+}
+
+void THdlBuildFile::AddLanguageConfigForSourceFile(IHdlSourceFile* source) {
+    TProjectSimLanguageConfig* config = source ? source->GetProjectLanguageConfig() : nullptr;
+    if (!config) return;
+    const THdlLanguage language = source->GetLanguage();
+    const bool isBuildsOwn = config == Parts->LanguageConfigs.Find(language);
+    AddLanguageConfig(language, config);
+    // Plain sources follow by themselves, those of other classes may hold what was just deleted.
+    if (isBuildsOwn) source->SetProjectLanguageConfig(Parts->LanguageConfigs.Find(language));
+    Parts->SourceFileOwner.RecordLanguageConfig(source, Parts->LanguageConfigs.FindSlot(language));
+}
+
+TProjectSimLanguageConfig* THdlBuildFile::GetProjectLanguageConfig(THdlLanguage language) {
+    return Parts->LanguageConfigs.Find(language);
+}
+
+const TProjectSimLanguageConfig* THdlBuildFile::GetProjectLanguageConfig(
+    THdlLanguage language) const {
+    return Parts->LanguageConfigs.Find(language);
+}
+
+TProjectSimLanguageConfig* THdlBuildFile::GetProjectLanguageConfigForFileRead(
+    THdlLanguage language) {
+    return Parts->LanguageConfigs.Find(language);
+}
+
+TProjectSimLanguageConfig* THdlBuildFile::GetOrMakeLanguageConfig(THdlLanguage language) {
+    if (!Parts->LanguageConfigs.Find(language))
+        Parts->LanguageConfigs.Store(language, new TProjectSimLanguageConfig(1));
+    return Parts->LanguageConfigs.Find(language);
+}
+
+bool THdlBuildFile::AddSourceFile(IHdlSourceFile* source, bool atHead) {
+    if (!source) return false;
+    const bool wasAdded = Parts->SourceFileGroups.AddSourceFile(source, atHead);
+    AddLanguageConfigForSourceFile(source);
+    AddPrecompiledLibraryGroupNoDup(source->GetPrecompiledLibraryGroupName());
+    return wasAdded;
+}
+
+IHdlSourceFile* THdlBuildFile::CreateOrGetSourceFile(const char* fileName) {
+    const ISFileName* name = ISFileName::NewISFileName(ResolveAgainstProject(fileName).c_str());
+    IHdlSourceFile* source = Parts->SourceFileGroups.GetSourceFileOrDependency(name);
+    return source ? source : Parts->SourceFileOwner.MakeSourceFile(name);
+}
+
+std::string THdlBuildFile::ResolveAgainstProject(const char* path) const {
+    const char* const text = path ? path : "";
+    if (!BuildFileName || !IsRelativePath(text)) return text;
+    TUtilFileName name(BuildFileName->GetParts(PART_DIRECTORY));
+    name.PushFileName(text);
+    return name.Canonical();
+}
+
+TIHdlSourceFileList* THdlBuildFile::GetSourceFileGroup(THdlLanguage language) {
+    return Parts->SourceFileGroups.LookUpGroup(language);
+}
+
+const TIHdlSourceFileList* THdlBuildFile::GetSourceFileGroup(THdlLanguage language) const {
+    return Parts->SourceFileGroups.LookUpGroup(language);
+}
+
+std::vector<THdlLanguage> THdlBuildFile::GetSourceFileLanguages() const {
+    return Parts->SourceFileGroups.GetLanguages();
+}
+
+bool THdlBuildFile::GetFilesMissing() const {
+    return Parts->SourceFileGroups.GetFilesMissing();
+}

@@ -1,0 +1,120 @@
+#include "buildfile/buildfileparts.h"
+#include "buildfile/hdlbuildfile.h"
+#include "buildfile/hdlbuildfilexmllist.h"
+#include "settings/projectsimgeneralconfig.h"
+#include "settings/projectsimlanguageconfig.h"
+#include "sibling/fileservices/isfilename.h"
+#include "sibling/utilities/booltext.h"
+#include "sibling/utilities/hdllanguage.h"
+#include "sibling/utilities/xmlstream.h"
+#include "translation/v2vtranslationoptions.h"
+#include <algorithm>
+
+namespace {
+
+// SystemC is a legal language, but has no stored settings; nor have 5 and Specman.
+constexpr THdlLanguage kStoredLanguages[] = {LANGUAGE_VERILOG, LANGUAGE_VHDL,
+                                             LANGUAGE_BLUESPECVERILOG, LANGUAGE_CPLUSPLUS,
+                                             LANGUAGE_TESTBUILDER};
+
+/// The path of `file` relative to the build file's directory; absolute without a build file name.
+std::string StoredPath(const ISFileName* file, const ISFileName* buildFile) {
+    if (!buildFile) return file->Canonical(false);
+    TMyString path;
+    file->GetFileNameRelativeTo(buildFile->GetPathOnly(), &path);
+    return path.Str();
+}
+
+/// Whether the test builder drives the simulation whatever the build's own top language is.
+bool IsTestBuilderForced(const THdlBuildFile& build) {
+    const std::vector<THdlLanguage> languages = build.GetSimToolLanguages();
+    if (std::find(languages.begin(), languages.end(), LANGUAGE_TESTBUILDER) == languages.end())
+        return false;
+    const TProjectSimLanguageConfig* config = build.GetProjectLanguageConfig(LANGUAGE_TESTBUILDER);
+    return config && (config->IsForceTopLevel() || languages.size() == 1);
+}
+
+}  // namespace
+
+bool THdlBuildFile::WriteToFile() {
+    if (!BuildFileName) return false;
+    THdlBuildFileXMLList document(this);
+    return document.WriteFile(BuildFileName->GetParts(PART_ALL));
+}
+
+void THdlBuildFile::WriteFile(THdlBuildFileXMLList* document) {
+    const bool forced = IsTestBuilderForced(*this);
+    const THdlLanguage topLanguage = forced ? LANGUAGE_TESTBUILDER : GetTopLanguage();
+    const THdlLanguage hdlLanguage = forced ? LANGUAGE_TESTBUILDER : GetHdlLanguage();
+
+    TAttributeList attributes;
+    attributes.Psh("TopLevelLanguage", GetStringFromHdlLanguage(topLanguage));
+    attributes.Psh("QmvVersion", QmvVersion.c_str());
+    attributes.Psh("IdlVersion", IdlVersion.c_str());
+    attributes.Psh("HvlLanguage", GetStringFromHdlLanguage(HvlLanguage));
+    attributes.Psh("HdlLanguage", GetStringFromHdlLanguage(hdlLanguage));
+    attributes.Psh("BaseTimeUnit", TimeBase.GetBaseTimeUnitStr());
+    attributes.Psh("DisplayTimeUnit", TimeBase.GetDisplayTimeUnitStr());
+    if (SugarEngineDll)
+        attributes.Psh("SugarEngineDll", StoredPath(SugarEngineDll, BuildFileName).c_str());
+    attributes.Psh("GenerationDestinationLibrary", GenerationDestinationLibrary.c_str());
+    attributes.Psh("DestinationLibrary", DestinationLibrary.c_str());
+    attributes.Psh("SnapshotName", SnapshotName.c_str());
+    if (SingleFileOnlyBuild) attributes.PushBool("SingleFileOnlyBuild", true);
+    document->Psh("HdlBuildFile", &attributes, TElement::START, nullptr);
+
+    WriteTopLevelComponentNames(document);
+    WriteExternalConfigurations(document);
+    WriteGeneralSettings(document);
+    WriteProjectSettings(document);
+    WriteV2VOptions(document);
+    if (OutputDiagram)
+        PushTextElement(document, "OutputDiagram", StoredPath(OutputDiagram, BuildFileName));
+    WriteSourceFileGroups(document, topLanguage);
+    WritePseudoEnvironmentVariables(document);
+    PushEnd(document, "HdlBuildFile");
+}
+
+void THdlBuildFile::WriteTopLevelComponentNames(TXMLList* document) {
+    Parts->Components.WriteTopLevelComponentNames(document);
+}
+
+void THdlBuildFile::WriteExternalConfigurations(TXMLList* document) {
+    if (GeneralConfiguration) Parts->SimTools.WriteToFile(document);
+}
+
+void THdlBuildFile::WriteGeneralSettings(TXMLList* document) {
+    if (GeneralConfiguration) GeneralConfiguration->WriteToProjectFile(document);
+}
+
+void THdlBuildFile::WriteProjectSettings(TXMLList* document) {
+    const bool lineDebug =
+        GeneralConfiguration && GeneralConfiguration->GetEnableSimulatorDebugging();
+    PushStart(document, "ProjectLanguageConfigurationList");
+    for (const THdlLanguage language : kStoredLanguages) {
+        TProjectSimLanguageConfig* config = GetProjectLanguageConfig(language);
+        if (!config) continue;
+        PushStart(document, "LanguageSettings", {{"Language", GetStringFromHdlLanguage(language)}});
+        config->WriteToProjectFile(document, language, true, lineDebug, IsElaborateOnly);
+        PushEnd(document, "LanguageSettings");
+    }
+    PushEnd(document, "ProjectLanguageConfigurationList");
+}
+
+void THdlBuildFile::WriteV2VOptions(TXMLList* document) {
+    if (TranslationOptions) TranslationOptions->WriteToFile(document);
+}
+
+void THdlBuildFile::WriteSourceFileGroups(TXMLList* document, THdlLanguage topLanguage) {
+    Parts->SourceFileGroups.WriteSourceFileGroups(document, BuildFileName, topLanguage, GeneralConfiguration);
+}
+
+void THdlBuildFile::WritePseudoEnvironmentVariables(TXMLList* document) {
+    if (Variables.empty()) return;
+    PushStart(document, "BuildFileVariables");
+    for (const auto& [name, value] : Variables) {
+        PushStart(document, "Variable", {{"Name", name}, {"Value", value}});
+        PushEnd(document, "Variable");
+    }
+    PushEnd(document, "BuildFileVariables");
+}

@@ -1,0 +1,257 @@
+#include "buildfile/hdlbuildfile.h"
+#include "buildfile/buildfileparts.h"
+#include "settings/projectsimgeneralconfig.h"
+#include "sibling/fileservices/isfilename.h"
+#include "sibling/utilities/keeper.h"
+#include "sibling/utilities/mystring.h"
+
+namespace {
+
+constexpr const char* kUnknownVersion = "x.x";
+
+std::string TextOf(const char* text) {
+    return text ? text : "";
+}
+
+}  // namespace
+
+THdlBuildFile::THdlBuildFile() {
+    Initialize();
+}
+
+THdlBuildFile::THdlBuildFile(const ISFileName* name) {
+    Initialize();
+    BuildFileName = name;
+    // The reader calls the operations of this class, as derived ones are not alive yet.
+    (void)THdlBuildFile::ReadFromFile();
+}
+
+THdlBuildFile::THdlBuildFile(const THdlBuildFile& other)
+    : IBuildManager(other), IProjectComponent(other) {
+    *this = other;
+}
+
+THdlBuildFile& THdlBuildFile::operator=(const THdlBuildFile& other) {
+    if (this == &other) return *this;
+    LetGoOfParts();
+    FormerParts.insert(other.FormerParts.begin(), other.FormerParts.end());
+    TakeParts(other.Parts);
+    TranslationOptions = other.TranslationOptions;
+    IsGOFBuildFile = other.IsGOFBuildFile;
+    IsElaborateOnly = other.IsElaborateOnly;
+    SingleFileOnlyBuild = other.SingleFileOnlyBuild;
+    PrecompiledLibraryGroups = other.PrecompiledLibraryGroups;
+    PrecompiledLibraryNames = other.PrecompiledLibraryNames;
+    CompiledFiles = other.CompiledFiles;
+    BuildFileName = other.BuildFileName;
+    TopLanguage = other.TopLanguage;
+    HvlLanguage = other.HvlLanguage;
+    HdlLanguage = other.HdlLanguage;
+    QmvVersion = other.QmvVersion;
+    IdlVersion = other.IdlVersion;
+    TimeBase = other.TimeBase;
+    VerilogUserDefines = other.VerilogUserDefines;
+    VerilogOtherPlusOptions = other.VerilogOtherPlusOptions;
+    GenerationDestinationLibrary = other.GenerationDestinationLibrary;
+    DestinationLibrary = other.DestinationLibrary;
+    SnapshotName = other.SnapshotName;
+    OutputDiagram = other.OutputDiagram;
+    SugarEngineDll = other.SugarEngineDll;
+    ReadResult = other.ReadResult;
+    ReadError = other.ReadError;
+    Variables = other.Variables;
+    GeneralConfiguration = other.GeneralConfiguration;
+    return *this;
+}
+
+THdlBuildFile::~THdlBuildFile() {
+    Parts->Leave(this);
+}
+
+void THdlBuildFile::Initialize() {
+    LetGoOfParts();
+    TakeParts(std::make_shared<TBuildFileParts>(this));
+    SetDefaults();
+}
+
+void THdlBuildFile::ClearAll() {
+    KeepOwnGeneralConfiguration();
+    Parts->Clear();
+    ForgetFilesAndLanguages();
+}
+
+THdlBuildFileReadResults THdlBuildFile::Reload() {
+    const ISFileName* name = BuildFileName;
+    Initialize();
+    BuildFileName = name;
+    return ReadFromFile();
+}
+
+// What ClearAll resets besides the sub-objects.
+void THdlBuildFile::ForgetFilesAndLanguages() {
+    GeneralConfiguration = nullptr;
+    BuildFileName = nullptr;
+    OutputDiagram = nullptr;
+    SugarEngineDll = nullptr;
+    TopLanguage = LANGUAGE_NONE;
+    HvlLanguage = LANGUAGE_NONE;
+    HdlLanguage = LANGUAGE_NONE;
+    QmvVersion = kUnknownVersion;
+    IdlVersion = kUnknownVersion;
+    IsGOFBuildFile = false;
+}
+
+void THdlBuildFile::SetDefaults() {
+    ForgetFilesAndLanguages();
+    TranslationOptions = nullptr;
+    IsElaborateOnly = false;
+    SingleFileOnlyBuild = false;
+    PrecompiledLibraryGroups.clear();
+    PrecompiledLibraryNames.clear();
+    CompiledFiles.clear();
+    TimeBase = TTimeBase(1);
+    VerilogUserDefines.clear();
+    VerilogOtherPlusOptions.clear();
+    GenerationDestinationLibrary.clear();
+    DestinationLibrary.clear();
+    SnapshotName.clear();
+    ReadResult = READ_NO_ERROR;
+    ReadError = {};
+    // Reading keeps the first value of a variable: a value of the former read must not win.
+    Variables.clear();
+}
+
+void THdlBuildFile::TakeParts(const std::shared_ptr<TBuildFileParts>& parts) {
+    Parts = parts;
+    Parts->Join(this);
+    if (OwnsConfigurations) Parts->OwnsConfigs = true;
+}
+
+// The parts stay valid: callers may hold pointers into them.
+void THdlBuildFile::LetGoOfParts() {
+    if (!Parts) return;
+    KeepOwnGeneralConfiguration();
+    Parts->Leave(this);
+    FormerParts.insert(std::move(Parts));
+}
+
+// One that the reader made is noted in the parts; one that a caller handed in may be in use there.
+void THdlBuildFile::KeepOwnGeneralConfiguration() {
+    if (OwnsConfigurations && !Parts->GeneralConfigs.count(GeneralConfiguration))
+        KeepUntilExit(GeneralConfiguration);
+}
+
+void THdlBuildFile::OwnConfigurations() {
+    OwnsConfigurations = true;
+    Parts->OwnsConfigs = true;
+}
+
+void THdlBuildFile::DeleteConfigurations() {
+    if (GeneralConfiguration) Parts->GeneralConfigs.insert(GeneralConfiguration);
+    GeneralConfiguration = nullptr;
+    if (Parts.use_count() == 1) Parts->DeleteConfigs();
+}
+
+std::string THdlBuildFile::GetProjectPath() const {
+    return BuildFileName ? BuildFileName->GetParts(PART_DIRECTORY) : "";
+}
+
+void THdlBuildFile::SetQMVVersion(const char* version) {
+    QmvVersion = TextOf(version);
+}
+
+void THdlBuildFile::SetIdlVersion(const char* version) {
+    IdlVersion = TextOf(version);
+}
+
+void THdlBuildFile::SetDestinationLibrary(const char* library) {
+    DestinationLibrary = TextOf(library);
+}
+
+void THdlBuildFile::SetGenerationDestinationLibrary(const char* library) {
+    GenerationDestinationLibrary = TextOf(library);
+}
+
+void THdlBuildFile::SetSnapshotName(const char* name) {
+    SnapshotName = TextOf(name);
+}
+
+void THdlBuildFile::SetVerilogUserDefines(const char* defines) {
+    VerilogUserDefines = TextOf(defines);
+}
+
+void THdlBuildFile::SetVerilogOtherPlusOptions(const char* options) {
+    VerilogOtherPlusOptions = TextOf(options);
+}
+
+bool THdlBuildFile::GetForceTopLevelComponents() const {
+    return Parts->Components.GetForceTopLevelComponents();
+}
+
+void THdlBuildFile::SetForceTopLevelComponents(bool force) {
+    Parts->Components.SetForceTopLevelComponents(force);
+}
+
+TProjectSimGeneralConfig* THdlBuildFile::GetGeneralConfiguration() const {
+    return GeneralConfiguration;
+}
+
+void THdlBuildFile::SetGeneralConfiguration(TProjectSimGeneralConfig* configuration) {
+    GeneralConfiguration = configuration;
+}
+
+TProjectSimGeneralConfig* THdlBuildFile::GetOrMakeGeneralConfiguration() {
+    if (GeneralConfiguration) return GeneralConfiguration;
+    GeneralConfiguration = new TProjectSimGeneralConfig(1);
+    // A build that does not own it leaves it behind.
+    KeepUntilExit(GeneralConfiguration);
+    Parts->GeneralConfigs.insert(GeneralConfiguration);
+    return GeneralConfiguration;
+}
+
+void THdlBuildFile::AddPseudoEnvironmentVariablesForFilename(const IFileName* file,
+                                                             const char* prefix) {
+    ::AddPseudoEnvironmentVariablesForFilename(&Variables, file, prefix);
+}
+
+void THdlBuildFile::AddSimTool(TBaseSimTool* tool) {
+    Parts->SimTools.AddSimTool(tool);
+}
+
+TBaseSimTool* THdlBuildFile::GetSimTool(THdlLanguage language) {
+    return Parts->SimTools.GetSimTool(language);
+}
+
+const TBaseSimTool* THdlBuildFile::GetSimTool(THdlLanguage language) const {
+    return Parts->SimTools.GetSimTool(language);
+}
+
+std::vector<THdlLanguage> THdlBuildFile::GetSimToolLanguages() const {
+    return Parts->SimTools.GetSimToolLanguages();
+}
+
+bool THdlBuildFile::AddComponentName(const char* entity, const char* architecture,
+                                     const char* library, THdlLanguage language) {
+    return Parts->Components.AddComponentName(entity, architecture, library, language);
+}
+
+TComponentNameList* THdlBuildFile::GetComponentNameList(THdlLanguage language) {
+    return Parts->Components.GetComponentNameList(language);
+}
+
+const TComponentNameList* THdlBuildFile::GetComponentNameList(THdlLanguage language) const {
+    return Parts->Components.GetComponentNameList(language);
+}
+
+bool THdlBuildFile::IsOutdated() const {
+    return BuildFileName &&
+           BuildFileName->IsFileModifiedSinceLastLoaded(kDefaultTimeStampKey, false);
+}
+
+bool THdlBuildFile::IsAtLeastOneSourceFileDirty() const {
+    return Parts->SourceFileGroups.IsAnySourceFileModifiedSinceLastCompiled();
+}
+
+bool THdlBuildFile::IsCompilationDirty() const {
+    return IsOutdated() || IsAtLeastOneSourceFileDirty();
+}

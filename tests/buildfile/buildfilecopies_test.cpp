@@ -1,0 +1,257 @@
+#include "buildfile/buildfileparts.h"
+#include "buildfile/hdlbuildfile.h"
+#include "buildfile/simwraphdlbuildfile.h"
+#include "settings/projectsimgeneralconfig.h"
+#include "settings/projectsimlanguageconfig.h"
+#include "sibling/utilities/keeper.h"
+#include "tests/buildfile/buildtexts.h"
+#include "tests/support/elementtext.h"
+#include "tests/support/temporaryfolder.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A configuration that notes its end.
+template <class TConfig>
+class Mortal : public TConfig {
+public:
+    Mortal(std::string name, std::string* grave) : Name(std::move(name)), Grave(grave) {}
+    ~Mortal() override { *Grave += Name + " "; }
+
+private:
+    std::string Name;
+    std::string* Grave;
+};
+using MortalGeneral = Mortal<TProjectSimGeneralConfig>;
+using MortalLanguage = Mortal<TProjectSimLanguageConfig>;
+
+template <class TBuild>
+std::unique_ptr<TBuild> MakeBuild(const char* options = "-93") {
+    auto build = std::make_unique<TBuild>();
+    TProjectSimLanguageConfig config;
+    config.SetBuildOptions(options);
+    build->AddLanguageConfig(LANGUAGE_VHDL, &config);
+    build->SetSnapshotName("snap");
+    return build;
+}
+
+TEST(BuildFileCopy, SharesTheSubObjects) {
+    Sources made;
+    auto original = MakeBuild<THdlBuildFile>();
+    THdlBuildFile copy(*original);
+    EXPECT_EQ(TextOf(copy), TextOf(*original));
+    copy.AddSourceFile(made.Make("/p/a.vhd"), false);
+    original->AddComponentName("top", "", "work", LANGUAGE_VHDL);
+    EXPECT_EQ(copy.GetSourceFileGroup(LANGUAGE_VHDL), original->GetSourceFileGroup(LANGUAGE_VHDL));
+    EXPECT_EQ(copy.GetComponentNameList(LANGUAGE_VHDL),
+              original->GetComponentNameList(LANGUAGE_VHDL));
+    EXPECT_EQ(copy.GetProjectLanguageConfig(LANGUAGE_VHDL),
+              original->GetProjectLanguageConfig(LANGUAGE_VHDL));
+    copy.SetSnapshotName("other");
+    EXPECT_EQ(original->GetSnapshotName(), "snap");
+    original.reset();
+    EXPECT_EQ(NamesOf(*copy.GetSourceFileGroup(LANGUAGE_VHDL)), "a.vhd ");
+    EXPECT_STREQ(copy.GetProjectLanguageConfig(LANGUAGE_VHDL)->GetBuildOptions(), "-93");
+}
+
+TEST(BuildFileCopy, ByAssignmentDropsWhatTheTargetHadButLeavesItReadable) {
+    Sources made;
+    auto original = MakeBuild<THdlBuildFile>();
+    auto target = MakeBuild<THdlBuildFile>("-87");
+    target->AddSourceFile(made.Make("/p/old.vhd"), false);
+    const TIHdlSourceFileList* former = target->GetSourceFileGroup(LANGUAGE_VHDL);
+    *target = *original;
+    EXPECT_EQ(TextOf(*target), TextOf(*original));
+    EXPECT_EQ(NamesOf(*former), "old.vhd ");
+    original.reset();
+    EXPECT_STREQ(target->GetProjectLanguageConfig(LANGUAGE_VHDL)->GetBuildOptions(), "-93");
+    *target = *MakeBuild<THdlBuildFile>("x");
+    EXPECT_STREQ(target->GetProjectLanguageConfig(LANGUAGE_VHDL)->GetBuildOptions(), "x");
+}
+
+TEST(BuildFileCopy, ToItselfChangesNothing) {
+    auto build = MakeBuild<TSimWrapHdlBuildFile>();
+    const std::string before = TextOf(*build);
+    const TSimWrapHdlBuildFile& self = *build;
+    *build = self;
+    EXPECT_EQ(TextOf(*build), before);
+}
+
+TEST(BuildFileCopy, MayBeAssignedBackAndForthManyTimes) {
+    auto a = MakeBuild<THdlBuildFile>("a");
+    auto b = MakeBuild<THdlBuildFile>("b");
+    for (int i = 0; i < 100; ++i) {
+        a->Initialize();
+        *b = *a;
+        *a = *b;
+    }
+    EXPECT_EQ(TextOf(*a), TextOf(*b));
+}
+
+TEST(BuildFileCopy, ReadsAgainstItsOwnDirectoryAlsoAfterTheOriginalIsGone) {
+    TemporaryFolder folder;
+    folder.Write("one/a.vhd", "");
+    folder.Write("two/a.vhd", "");
+    auto original = std::make_unique<THdlBuildFile>();
+    original->SetBuildFileName(Handle(folder.Path("one/build.hbf")));
+    THdlBuildFile copy(*original);
+    copy.SetBuildFileName(Handle(folder.Path("two/build.hbf")));
+    const auto read = [](THdlBuildFile* build, const char* name) {
+        TXMLList xml;
+        PushElements(&xml, "START SourceFileGroup Language=VHDL\nSTART SourceFile\nTEXT " +
+                               std::string(name) + "\nEND SourceFile\nEND SourceFileGroup\n");
+        DListIterator<TElement*> position(xml);
+        build->ReadSourceFileGroups(position);
+        return build->CreateOrGetSourceFile(name)->GetFileName();
+    };
+    EXPECT_EQ(read(&copy, "a.vhd"), Handle(folder.Path("two/a.vhd")));
+    EXPECT_EQ(read(original.get(), "a.vhd"), Handle(folder.Path("one/a.vhd")));
+    original.reset();
+    EXPECT_EQ(copy.GetSourceFileGroup(LANGUAGE_VHDL)->size(), 2u);
+    EXPECT_EQ(read(&copy, "b.vhd"), Handle(folder.Path("two/b.vhd")));
+}
+
+TEST(BuildFileConfigurations, AreLeftToTheCallerByAPlainBuild) {
+    std::string grave;
+    auto* general = new MortalGeneral("general", &grave);
+    auto build = MakeBuild<THdlBuildFile>();
+    build->SetGeneralConfiguration(general);
+    TProjectSimLanguageConfig* config = build->GetProjectLanguageConfig(LANGUAGE_VHDL);
+    THdlSourceFile source("/p/a.vhd");
+    source.SetProjectLanguageConfig(config);
+    build.reset();
+    EXPECT_EQ(grave, "");
+    EXPECT_STREQ(config->GetBuildOptions(), "-93");
+    EXPECT_EQ(source.GetProjectLanguageConfig(), config);
+    delete general;
+    delete config;
+}
+
+TEST(BuildFileConfigurations, AreDeletedByASimWrapBuild) {
+    std::string grave;
+    auto build = MakeBuild<TSimWrapHdlBuildFile>();
+    build->SetGeneralConfiguration(new MortalGeneral("general", &grave));
+    THdlSourceFile source("/p/a.vhd");
+    source.SetProjectLanguageConfig(build->GetProjectLanguageConfig(LANGUAGE_VHDL));
+    THdlBuildFile* asBase = build.release();
+    delete asBase;
+    EXPECT_EQ(grave, "general ");
+    EXPECT_EQ(source.GetProjectLanguageConfig(), nullptr);
+}
+
+TEST(BuildFileConfigurations, AreDeletedOnceByTheLastOfSeveralSimWrapBuilds) {
+    std::string grave;
+    auto first = MakeBuild<TSimWrapHdlBuildFile>();
+    first->SetGeneralConfiguration(new MortalGeneral("general", &grave));
+    THdlSourceFile source("/p/a.vhd");
+    source.SetProjectLanguageConfig(first->GetProjectLanguageConfig(LANGUAGE_VHDL));
+    auto second = std::make_unique<TSimWrapHdlBuildFile>(*first);
+    TSimWrapHdlBuildFile third;
+    third = *second;
+    first.reset();
+    EXPECT_EQ(grave, "");
+    EXPECT_STREQ(second->GetProjectLanguageConfig(LANGUAGE_VHDL)->GetBuildOptions(), "-93");
+    second.reset();
+    EXPECT_EQ(grave, "");
+    EXPECT_NE(source.GetProjectLanguageConfig(), nullptr);
+    third.Initialize();
+    EXPECT_EQ(grave, "");
+}
+
+TEST(BuildFileConfigurations, OfAPlainCopyLiveAsLongAsTheCopy) {
+    std::string grave;
+    auto owner = MakeBuild<TSimWrapHdlBuildFile>();
+    owner->SetGeneralConfiguration(new MortalGeneral("general", &grave));
+    auto copy = std::make_unique<THdlBuildFile>(*owner);
+    owner.reset();
+    EXPECT_EQ(grave, "");
+    EXPECT_FALSE(copy->GetGeneralConfiguration()->GetDumpWatchSignals());
+    TProjectSimLanguageConfig replacement;
+    replacement.SetBuildOptions("new");
+    copy->AddLanguageConfig(LANGUAGE_VHDL, &replacement);
+    EXPECT_STREQ(copy->GetProjectLanguageConfig(LANGUAGE_VHDL)->GetBuildOptions(), "new");
+    copy.reset();
+    EXPECT_EQ(grave, "general ");
+}
+
+TEST(BuildFileConfigurations, ThatASimWrapBuildLetsGoOfStayReadable) {
+    TemporaryFolder folder;
+    const std::string path =
+        folder.Write("build.hbf",
+                     "<HdlBuildFile><GeneralConfiguration/><ProjectLanguageConfigurationList>"
+                     "<LanguageSettings Language=\"VHDL\"></LanguageSettings>"
+                     "</ProjectLanguageConfigurationList></HdlBuildFile>\n");
+    TSimWrapHdlBuildFile build(Handle(path));
+    TProjectSimGeneralConfig* general = build.GetGeneralConfiguration();
+    const TProjectSimLanguageConfig* language = build.GetProjectLanguageConfig(LANGUAGE_VHDL);
+    ASSERT_NE(general, nullptr);
+    ASSERT_NE(language, nullptr);
+    build.Reload();
+    EXPECT_NE(build.GetGeneralConfiguration(), general);
+    EXPECT_STREQ(general->GetSimulationLogFileName(), "simulation.log");
+    EXPECT_STREQ(language->GetBuildOptions(), "");
+    build.SetGeneralConfiguration(general);
+    build.SetGeneralConfiguration(general);
+    language = build.GetProjectLanguageConfig(LANGUAGE_VHDL);
+    build.ClearAll();
+    EXPECT_STREQ(language->GetBuildOptions(), "");
+}
+
+TEST(BuildFileConfigurations, SetByACallerAreTheCallersAgainOnceLetGoOf) {
+    std::string grave;
+    {
+        auto* replaced = new MortalGeneral("replaced", &grave);
+        auto* cleared = new MortalGeneral("cleared", &grave);
+        TSimWrapHdlBuildFile build;
+        build.SetGeneralConfiguration(replaced);
+        build.SetGeneralConfiguration(cleared);
+        build.ClearAll();
+        delete replaced;
+        delete cleared;
+        build.SetGeneralConfiguration(new MortalGeneral("last", &grave));
+    }
+    EXPECT_EQ(grave, "replaced cleared last ");
+}
+
+TEST(BuildFileParts, DeleteEachConfigurationOnceWhenABuildOwnsThem) {
+    std::string grave;
+    {
+        TBuildFileParts parts(nullptr);
+        parts.OwnsConfigs = true;
+        parts.LanguageConfigs.Store(LANGUAGE_VHDL, new MortalLanguage("cleared", &grave));
+        parts.Clear();
+        EXPECT_EQ(grave, "");
+        parts.LanguageConfigs.Store(LANGUAGE_VHDL, new MortalLanguage("mapped", &grave));
+        parts.GeneralConfigs.insert(new MortalGeneral("general", &grave));
+    }
+    EXPECT_EQ(grave, "mapped cleared general ");
+}
+
+TEST(BuildFileParts, DeleteNoConfigurationOtherwise) {
+    std::string grave;
+    auto* cleared = new MortalLanguage("cleared", &grave);
+    auto* mapped = new MortalLanguage("mapped", &grave);
+    {
+        TBuildFileParts parts(nullptr);
+        parts.LanguageConfigs.Store(LANGUAGE_VHDL, cleared);
+        parts.Clear();
+        parts.LanguageConfigs.Store(LANGUAGE_VHDL, mapped);
+    }
+    EXPECT_EQ(grave, "");
+    delete cleared;
+    delete mapped;
+}
+
+TEST(BuildFileParts, RecordTheConfigurationsThatCameWithSources) {
+    TBuildFileParts parts(nullptr);
+    THdlSourceFile source("/p/a.vhd");
+    parts.LanguageConfigs.Store(LANGUAGE_VHDL, new TProjectSimLanguageConfig);
+    parts.SourceFileOwner.RecordLanguageConfig(&source,
+                                               parts.LanguageConfigs.FindSlot(LANGUAGE_VHDL));
+    EXPECT_EQ(parts.SourceFileOwner.GetRecordedLanguageConfig(&source),
+              parts.LanguageConfigs.Find(LANGUAGE_VHDL));
+    parts.Clear();
+    EXPECT_EQ(parts.SourceFileOwner.GetRecordedLanguageConfig(&source), nullptr);
+}
+
+}  // namespace

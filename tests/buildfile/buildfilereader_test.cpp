@@ -1,0 +1,498 @@
+#include "buildfile/hdlbuildfile.h"
+#include "buildfile/hdlbuildfilexmllist.h"
+#include "buildfile/simwraphdlbuildfile.h"
+#include "filenames/componentname.h"
+#include "filenames/componentnamelist.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
+#include "settings/projectsimgeneralconfig.h"
+#include "settings/projectsimlanguageconfig.h"
+#include "sibling/fileservices/isfilename.h"
+#include "simtools/basesimtool.h"
+#include "tests/support/elementtext.h"
+#include "tests/support/recorders.h"
+#include "tests/support/temporaryfolder.h"
+#include "translation/v2vtranslationoptionslist.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+using TPosition = DListIterator<TElement*>;
+
+/// A folder with a build file, read into a build that owns its settings.
+class ReadBuild {
+public:
+    /// The document between its root's tags, as XML.
+    explicit ReadBuild(const std::string& content, bool withRoot = true) {
+        const std::string root = "HdlBuildFileList";
+        Folder.Write("build.xml", "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n" +
+                                      (withRoot ? "<" + root + ">" + content + "</" + root + ">"
+                                                : content));
+        Build.SetBuildFileName(ISFileName::NewISFileName(Folder.Path("build.xml").c_str()));
+    }
+    ~ReadBuild() {
+        if (!Build.GetV2VOptions()) return;
+        Build.GetV2VOptions()->Flush();
+        delete Build.GetV2VOptions();
+    }
+
+    TemporaryFolder Folder;
+    RecordingMessageBox Messages;
+    RecordingLog Log;
+    TSimWrapHdlBuildFile Build;
+};
+
+std::string PathsOf(const TIHdlSourceFileList* files, const TemporaryFolder& folder) {
+    std::string paths;
+    for (const IHdlSourceFile* file : *files) {
+        TMyString path;
+        file->GetFileName()->GetFileNameRelativeTo(folder.Path().c_str(), &path);
+        paths += path.Str() + "\n";
+    }
+    return paths;
+}
+
+std::string VariablesOf(const THdlBuildFile& build) {
+    std::string text;
+    for (const auto& [name, value] : *build.GetPseudoEnvironmentVariables())
+        text += name + "=" + value + "\n";
+    return text;
+}
+
+/// The output diagram as the writer puts it down; "" without one.
+std::string OutputDiagramOf(THdlBuildFile& build) {
+    THdlBuildFileXMLList document(&build);
+    build.WriteFile(&document);
+    TPosition element(document);
+    if (!TXMLList::FindNext(element, "OutputDiagram", nullptr)) return "";
+    ++element;
+    return element.Current()->Text.Str();
+}
+
+}  // namespace
+
+TEST(BuildFileReader, ReadsEveryAttribute) {
+    ReadBuild read(
+        "<HdlBuildFile TopLevelLanguage='VHDL' QmvVersion='q' IdlVersion='i' HvlLanguage='Verilog' "
+        "HdlLanguage='SystemC' BaseTimeUnit=' fs ' DisplayTimeUnit='us' SugarEngineDll=' sub/s.dll ' "
+        "GenerationDestinationLibrary='gen' DestinationLibrary='dest' SnapshotName=' snap ' "
+        "SingleFileOnlyBuild=' TRUE '/>");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(read.Build.GetTopLanguage(), LANGUAGE_VHDL);
+    EXPECT_EQ(read.Build.GetHvlLanguage(), LANGUAGE_VERILOG);
+    EXPECT_EQ(read.Build.GetHdlLanguage(), LANGUAGE_SYSTEMC);
+    EXPECT_STREQ(read.Build.GetQMVVersion(), "q");
+    EXPECT_STREQ(read.Build.GetIdlVersion(), "i");
+    EXPECT_EQ(read.Build.GetTimeBase()->GetBaseTimeUnit(), UNIT_FS);
+    EXPECT_EQ(read.Build.GetTimeBase()->GetDisplayTimeUnit(), UNIT_US);
+    EXPECT_EQ(read.Build.GetSugarEngineDll()->Canonical(false), read.Folder.Path("sub/s.dll"));
+    EXPECT_EQ(read.Build.GetGenerationDestinationLibrary(), "gen");
+    EXPECT_EQ(read.Build.GetDestinationLibrary(), "dest");
+    EXPECT_EQ(read.Build.GetSnapshotName(), " snap ");
+    EXPECT_TRUE(read.Build.IsSingleFileOnlyBuild());
+}
+
+TEST(BuildFileReader, TakesMissingAttributesAsEmpty) {
+    ReadBuild read("<HdlBuildFile/>");
+    read.Build.SetTopLanguage(LANGUAGE_VHDL);
+    read.Build.SetDestinationLibrary("before");
+    read.Build.SetSingleFileOnlyBuild(true);
+    TTimeBase timeBase;
+    timeBase.SetBaseTimeUnit(UNIT_S);
+    read.Build.SetTimeBase(timeBase);
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(read.Build.GetTopLanguage(), LANGUAGE_NONE);
+    EXPECT_EQ(read.Build.GetHvlLanguage(), LANGUAGE_NONE);
+    EXPECT_EQ(read.Build.GetHdlLanguage(), LANGUAGE_NONE);
+    EXPECT_STREQ(read.Build.GetQMVVersion(), "");
+    EXPECT_STREQ(read.Build.GetIdlVersion(), "");
+    EXPECT_EQ(read.Build.GetTimeBase()->GetBaseTimeUnit(), UNIT_S);
+    EXPECT_EQ(read.Build.GetTimeBase()->GetDisplayTimeUnit(), UNIT_NS);
+    EXPECT_EQ(read.Build.GetSugarEngineDll(), nullptr);
+    EXPECT_EQ(read.Build.GetDestinationLibrary(), "");
+    EXPECT_TRUE(read.Build.IsSingleFileOnlyBuild());
+}
+
+TEST(BuildFileReader, KeepsAbsoluteSugarEngine) {
+    ReadBuild read("<HdlBuildFile SugarEngineDll='Q:\\engines\\s.dll'/>");
+    read.Build.ReadFromFile();
+    EXPECT_STREQ(read.Build.GetSugarEngineDll()->Canonical(false), "Q:\\engines\\s.dll");
+}
+
+TEST(BuildFileReader, LeavesDefaultsWithoutItsElement) {
+    ReadBuild read("<Other/>");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_STREQ(read.Build.GetQMVVersion(), "x.x");
+    EXPECT_EQ(read.Build.GetTopLanguage(), LANGUAGE_NONE);
+    EXPECT_EQ(read.Messages.Take(), "");
+}
+
+TEST(BuildFileReader, ReadsADocumentWithoutRoot) {
+    ReadBuild read("<HdlBuildFile TopLevelLanguage='VHDL'><TopLevelComponents/></HdlBuildFile>", false);
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(read.Build.GetTopLanguage(), LANGUAGE_VHDL);
+}
+
+TEST(BuildFileReader, ReadsSectionsInAnyOrderAndNumber) {
+    ReadBuild read(
+        "<BuildFileVariables><Variable Name='A' Value='1'/></BuildFileVariables>"
+        "<Unknown><Deep>text</Deep></Unknown>"
+        "<SourceFileGroup Language='VHDL'><SourceFile>b.vhd</SourceFile></SourceFileGroup>"
+        "<TopLevelComponents ForceTopLevelComponents='true'><ComponentList Language='VHDL'>"
+        "<Component Library='l' Architecture='a'>e</Component></ComponentList></TopLevelComponents>"
+        "<GeneralConfiguration LogFileName='x.log'/>"
+        "<SourceFileGroup Language='VHDL'><SourceFile>a.vhd</SourceFile></SourceFileGroup>"
+        "<ExternalSimulatorSettings><Tool Name='VCS' Path='' PliLibPath=''>Verilog</Tool>"
+        "</ExternalSimulatorSettings>"
+        "<BuildFileVariables><Variable Name='B' Value='2'/></BuildFileVariables>"
+        "<HdlBuildFile HdlLanguage='VHDL'/>");
+    read.Folder.Write("a.vhd", "");
+    read.Folder.Write("b.vhd", "");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(VariablesOf(read.Build), "A=1\nB=2\n");
+    EXPECT_EQ(PathsOf(read.Build.GetSourceFileGroup(LANGUAGE_VHDL), read.Folder), "b.vhd\na.vhd\n");
+    EXPECT_TRUE(read.Build.GetForceTopLevelComponents());
+    ASSERT_NE(read.Build.GetComponentNameList(LANGUAGE_VHDL), nullptr);
+    EXPECT_STREQ(read.Build.GetGeneralConfiguration()->GetSimulationLogFileName(), "x.log");
+    EXPECT_EQ(read.Build.GetSimTool(LANGUAGE_VERILOG)->GetSimulatorType(), SIM_VCS);
+    EXPECT_EQ(read.Build.GetHdlLanguage(), LANGUAGE_VHDL);
+}
+
+TEST(BuildFileReader, LeavesABuildWithoutFileAsItWas) {
+    const TemporaryFolder folder;
+    const RecordingMessageBox messages;
+    THdlBuildFile build;
+    build.SetTopLanguage(LANGUAGE_VHDL);
+    build.SetBuildFileName(ISFileName::NewISFileName(folder.Path("gone.xml").c_str()));
+    EXPECT_EQ(build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(build.GetTopLanguage(), LANGUAGE_VHDL);
+    EXPECT_TRUE(build.GetReadError().IsError());
+    EXPECT_TRUE(build.GetReadError().Missing);
+    EXPECT_FALSE(build.IsOutdated());
+    folder.Write("gone.xml", "<HdlBuildFile/>");
+    EXPECT_TRUE(build.IsOutdated());
+}
+
+TEST(BuildFileReader, TakesNothingOfAMalformedFile) {
+    ReadBuild read("<HdlBuildFile TopLevelLanguage='VHDL'><Broken></HdlBuildFile>");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(read.Build.GetTopLanguage(), LANGUAGE_NONE);
+    EXPECT_EQ(read.Build.GetReadError().Line, 2);
+    EXPECT_EQ(read.Build.GetReadError().Column, 67);
+    EXPECT_EQ(read.Build.GetReadError().Reason, "mismatched tag");
+    EXPECT_NE(read.Messages.Take(), "");
+}
+
+TEST(BuildFileReader, KeepsADamagedFileBesideWhenSavingOverIt) {
+    ReadBuild read("<HdlBuildFile><Broken></HdlBuildFile>");
+    const std::string damaged = read.Folder.Read("build.xml");
+    read.Build.ReadFromFile();
+    EXPECT_TRUE(read.Build.WriteToFile());
+    EXPECT_EQ(read.Folder.Read("build.xml.bak"), damaged);
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_FALSE(read.Build.GetReadError().IsError());
+}
+
+TEST(BuildFileReader, ReadsNothingWithoutAName) {
+    THdlBuildFile build;
+    build.SetTopLanguage(LANGUAGE_VHDL);
+    EXPECT_EQ(build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(build.GetTopLanguage(), LANGUAGE_VHDL);
+    EXPECT_FALSE(build.GetReadError().IsError());
+}
+
+TEST(BuildFileReader, ResetsTheResultOfTheReadBefore) {
+    ReadBuild read("<ProjectLanguageConfigurationList><LanguageSettings/>"
+                   "</ProjectLanguageConfigurationList>");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_PROJECT_SETTINGS_FAILED);
+    EXPECT_EQ(read.Build.GetReadResult(), READ_PROJECT_SETTINGS_FAILED);
+    read.Folder.Write("build.xml", "<HdlBuildFile/>");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(read.Build.GetReadResult(), READ_NO_ERROR);
+}
+
+TEST(BuildFileReader, EndsAtLanguageSettingsWithoutLanguage) {
+    ReadBuild read("<BuildFileVariables><Variable Name='A' Value='1'/></BuildFileVariables>"
+                   "<ProjectLanguageConfigurationList>"
+                   "<LanguageSettings Language='Verilog'><SimTool>VCS</SimTool></LanguageSettings>"
+                   "<LanguageSettings Language=''/>"
+                   "</ProjectLanguageConfigurationList>"
+                   "<BuildFileVariables><Variable Name='B' Value='2'/></BuildFileVariables>");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_PROJECT_SETTINGS_FAILED);
+    EXPECT_EQ(VariablesOf(read.Build), "A=1\n");
+    EXPECT_EQ(read.Build.GetProjectLanguageConfig(LANGUAGE_VERILOG)->GetTool(), SIM_VCS);
+}
+
+TEST(BuildFileReader, GoesOnBehindLanguageSettingsThatFail) {
+    ReadBuild read("<ProjectLanguageConfigurationList>"
+                   "<LanguageSettings Language='Verilog'><IncludeDirectories/>"
+                   "<BuildOptions>lost</BuildOptions></LanguageSettings>"
+                   "<LanguageSettings Language='VHDL'><BuildOptions>kept</BuildOptions>"
+                   "</LanguageSettings></ProjectLanguageConfigurationList>"
+                   "<BuildFileVariables><Variable Name='B' Value='2'/></BuildFileVariables>");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_PROJECT_SETTINGS_FAILED);
+    EXPECT_STREQ(read.Build.GetProjectLanguageConfig(LANGUAGE_VERILOG)->GetBuildOptions(), "");
+    EXPECT_STREQ(read.Build.GetProjectLanguageConfig(LANGUAGE_VHDL)->GetBuildOptions(), "kept");
+    EXPECT_EQ(VariablesOf(read.Build), "B=2\n");
+}
+
+TEST(BuildFileReader, ReadsIntoSettingsThatExist) {
+    ReadBuild read("<GeneralConfiguration LogFileName='new.log'/>"
+                   "<ProjectLanguageConfigurationList><LanguageSettings Language='VHDL'>"
+                   "<BuildOptions>new</BuildOptions></LanguageSettings>"
+                   "</ProjectLanguageConfigurationList>");
+    auto* general = new TProjectSimGeneralConfig;
+    read.Build.SetGeneralConfiguration(general);
+    TProjectSimLanguageConfig vhdl;
+    vhdl.SetRuntimeOptions("old");
+    read.Build.AddLanguageConfig(LANGUAGE_VHDL, &vhdl);
+    TProjectSimLanguageConfig* stored = read.Build.GetProjectLanguageConfig(LANGUAGE_VHDL);
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(read.Build.GetGeneralConfiguration(), general);
+    EXPECT_STREQ(general->GetSimulationLogFileName(), "new.log");
+    EXPECT_EQ(read.Build.GetProjectLanguageConfig(LANGUAGE_VHDL), stored);
+    EXPECT_STREQ(stored->GetBuildOptions(), "new");
+    EXPECT_STREQ(stored->GetRuntimeOptions(), "old");
+    EXPECT_EQ(stored->GetProjectFileName(), read.Build.GetFileName());
+}
+
+TEST(BuildFileReader, ReadsBothTranslationSectionsIntoOneList) {
+    ReadBuild read("<Verilog2VhdlTranslationOptions><v2v-r Enabled='true'/>"
+                   "</Verilog2VhdlTranslationOptions>"
+                   "<Vhdl2VerilogTranslationOptions><v2v-s Enabled='true'/><v2v-flc Enabled='true'/>"
+                   "</Vhdl2VerilogTranslationOptions>"
+                   "<OutputDiagram>out.btim</OutputDiagram>"
+                   "<SourceFileGroup Language='VHDL'><SourceFile>a.vhd</SourceFile></SourceFileGroup>"
+                   "<BuildFileVariables><Variable Name='A' Value='1'/></BuildFileVariables>");
+    read.Folder.Write("a.vhd", "");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    TXMLList document;
+    read.Build.WriteV2VOptions(&document);
+    EXPECT_EQ(ElementsOf(document),
+              "START Verilog2VhdlTranslationOptions\n"
+              "START v2v-r Enabled=true\n"
+              "END v2v-r\n"
+              "START v2v-s Enabled=true\n"
+              "END v2v-s\n"
+              "START v2v-ncc Enabled=true\n"
+              "END v2v-ncc\n"
+              "END Verilog2VhdlTranslationOptions\n");
+    EXPECT_EQ(OutputDiagramOf(read.Build), "out.btim");
+    EXPECT_EQ(VariablesOf(read.Build), "A=1\n");
+    EXPECT_EQ(PathsOf(read.Build.GetSourceFileGroup(LANGUAGE_VHDL), read.Folder), "a.vhd\n");
+}
+
+TEST(BuildFileReader, FillsTheOptionListForTheFirstSectionsDirection) {
+    ReadBuild read("<Vhdl2VerilogTranslationOptions/>");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    ASSERT_NE(read.Build.GetV2VOptions(), nullptr);
+    EXPECT_STREQ(read.Build.GetV2VOptions()->GetTag(), "Vhdl2VerilogTranslationOptions");
+    EXPECT_EQ(read.Build.GetV2VOptions()->GetComponent(), nullptr);
+    EXPECT_EQ(read.Build.GetV2VOptions()->size(), 29u);
+}
+
+TEST(BuildFileReader, ReadsTheOutputDiagram) {
+    const struct {
+        const char* Label;
+        const char* Xml;
+        const char* Stored;
+    } rows[] = {
+        {"relative", "<OutputDiagram>sub\\d.btim</OutputDiagram>", "sub/d.btim"},
+        {"relative with blanks around", "<OutputDiagram>\n  d.btim\n</OutputDiagram>", "d.btim"},
+        {"absolute", "<OutputDiagram>Q:\\d.btim</OutputDiagram>", "Q:\\d.btim"},
+        {"empty", "<OutputDiagram></OutputDiagram>", ""},
+        {"blank", "<OutputDiagram>&#32;</OutputDiagram>", ""},
+    };
+    for (const auto& row : rows) {
+        ReadBuild read(row.Xml);
+        EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR) << row.Label;
+        EXPECT_EQ(OutputDiagramOf(read.Build), row.Stored) << row.Label;
+    }
+}
+
+TEST(BuildFileReader, KeepsTheFirstValueOfARepeatedVariable) {
+    ReadBuild read("<BuildFileVariables><Variable Name='A' Value='1'/><Variable Name='A' Value='2'/>"
+                   "<Variable Value='nameless'/><Variable Name='empty'/></BuildFileVariables>");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(VariablesOf(read.Build), "=nameless\nA=1\nempty=\n");
+}
+
+TEST(BuildFileReader, ReportsMissingFilesOnceEachAndGoesOn) {
+    ReadBuild read("<SourceFileGroup Language='VHDL'><SourceFile>gone.vhd</SourceFile>"
+                   "<SourceFile>here.vhd</SourceFile><SourceFile>GONE.vhd</SourceFile>"
+                   "</SourceFileGroup>"
+                   "<BuildFileVariables><Variable Name='A' Value='1'/></BuildFileVariables>");
+    read.Folder.Write("here.vhd", "");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_FILES_MISSING);
+    EXPECT_EQ(read.Messages.Take(),
+              "HdlBuildFile: Missing File: \"" + read.Folder.Path("gone.vhd") + "\" [0]\n");
+    EXPECT_EQ(PathsOf(read.Build.GetSourceFileGroup(LANGUAGE_VHDL), read.Folder),
+              "gone.vhd\nhere.vhd\n");
+    EXPECT_EQ(VariablesOf(read.Build), "A=1\n");
+}
+
+TEST(BuildFileReader, LaterFailureOverwritesMissingFiles) {
+    ReadBuild read("<SourceFileGroup Language='VHDL'><SourceFile>gone.vhd</SourceFile>"
+                   "</SourceFileGroup><ProjectLanguageConfigurationList><LanguageSettings/>"
+                   "</ProjectLanguageConfigurationList>");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_PROJECT_SETTINGS_FAILED);
+}
+
+TEST(BuildFileReader, RebuildsTheLibraryGroupsFromTheHdlGroup) {
+    ReadBuild read("<HdlBuildFile HdlLanguage='VHDL'/><SourceFileGroup Language='VHDL'>"
+                   "<SourceFile PrecompiledLibrary='b'>1.vhd</SourceFile>"
+                   "<SourceFile PrecompiledLibrary='a'>2.vhd</SourceFile>"
+                   "<SourceFile PrecompiledLibrary='b'>3.vhd</SourceFile></SourceFileGroup>"
+                   "<SourceFileGroup Language='Verilog'>"
+                   "<SourceFile PrecompiledLibrary='c'>4.v</SourceFile></SourceFileGroup>");
+    for (const char* name : {"1.vhd", "2.vhd", "3.vhd", "4.v"}) read.Folder.Write(name, "");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(read.Build.GetPrecompiledLibraryGroups(), (std::vector<std::string>{"b", "a"}));
+}
+
+TEST(BuildFileReader, EachSectionReaderRefusesWhatIsNotItsOwn) {
+    const struct {
+        const char* Label;
+        bool (THdlBuildFile::*Read)(TPosition&);
+        const char* Elements;
+        bool Answer;
+        THdlBuildFileReadResults Result;
+        const char* Left;
+    } rows[] = {
+        {"components: other element", &THdlBuildFile::ReadTopLevelComponentNames, "START Other\n",
+         true, READ_COMPONENT_NAMES_FAILED, "START Other"},
+        {"components: at the tail", &THdlBuildFile::ReadTopLevelComponentNames, "", false,
+         READ_COMPONENT_NAMES_FAILED, "TAIL"},
+        {"components: cut off inside a component", &THdlBuildFile::ReadTopLevelComponentNames,
+         "START TopLevelComponents\nSTART ComponentList Language=VHDL\nSTART Component Library=l\n",
+         false, READ_NO_ERROR, "TAIL"},
+        {"simulators: cut off inside a tool", &THdlBuildFile::ReadExternalConfigurations,
+         "START ExternalSimulatorSettings\nSTART Tool Name=GCC\n", true, READ_NO_ERROR, "TAIL"},
+        {"general settings: at the tail", &THdlBuildFile::ReadGeneralSettings, "", false,
+         READ_GENERAL_SETTINGS_FAILED, "TAIL"},
+        {"general settings: whole", &THdlBuildFile::ReadGeneralSettings,
+         "START GeneralConfiguration\nEND GeneralConfiguration\n", true, READ_NO_ERROR,
+         "END GeneralConfiguration"},
+        {"language settings: cut off", &THdlBuildFile::ReadProjectSettings,
+         "START ProjectLanguageConfigurationList\nSTART LanguageSettings Language=VHDL\n", true,
+         READ_PROJECT_SETTINGS_FAILED, "TAIL"},
+        {"language settings: none", &THdlBuildFile::ReadProjectSettings,
+         "START ProjectLanguageConfigurationList\nEND ProjectLanguageConfigurationList\n", true,
+         READ_NO_ERROR, "END ProjectLanguageConfigurationList"},
+        {"sources: cut off", &THdlBuildFile::ReadSourceFileGroups,
+         "START SourceFileGroup Language=VHDL\n", false, READ_SOURCE_FILES_FAILED, "TAIL"},
+        {"sources: cut off inside a source", &THdlBuildFile::ReadSourceFileGroups,
+         "START SourceFileGroup Language=VHDL\nSTART SourceFile\n", false, READ_SOURCE_FILES_FAILED,
+         "TAIL"},
+        {"variables: other element", &THdlBuildFile::ReadPseudoEnvironmentVariables,
+         "START Other\n", false, READ_VARIABLES_FAILED, "START Other"},
+        {"variables: at the tail", &THdlBuildFile::ReadPseudoEnvironmentVariables, "", false,
+         READ_VARIABLES_FAILED, "TAIL"},
+        {"variables: whole", &THdlBuildFile::ReadPseudoEnvironmentVariables,
+         "START BuildFileVariables\nSTART Variable Name=A Value=1\nEND Variable\n"
+         "END BuildFileVariables\nSTART Next\n",
+         true, READ_NO_ERROR, "START Next"},
+        {"attributes: at the tail", &THdlBuildFile::ReadAttributes, "", true, READ_NO_ERROR, "TAIL"},
+    };
+    for (const auto& row : rows) {
+        const RecordingMessageBox messages;
+        TSimWrapHdlBuildFile build;
+        TXMLList list;
+        PushElements(&list, row.Elements);
+        TPosition element(list);
+        EXPECT_EQ((build.*row.Read)(element), row.Answer) << row.Label;
+        EXPECT_EQ(build.GetReadResult(), row.Result) << row.Label;
+        EXPECT_EQ(ElementAt(element), row.Left) << row.Label;
+    }
+}
+
+TEST(BuildFileReader, ReadsWhatItWrites) {
+    ReadBuild read(
+        "<HdlBuildFile TopLevelLanguage='VHDL' QmvVersion='q' IdlVersion='i' HvlLanguage='Verilog' "
+        "HdlLanguage='VHDL' BaseTimeUnit='fs' DisplayTimeUnit='s' SugarEngineDll='s.dll' "
+        "GenerationDestinationLibrary='' DestinationLibrary='a &amp; b' SnapshotName='' "
+        "SingleFileOnlyBuild='true'/>"
+        "<TopLevelComponents ForceTopLevelComponents='true'><ComponentList Language='VHDL'>"
+        "<Component Library='l' Architecture='a'>\\odd name\\</Component></ComponentList>"
+        "<ComponentList Language='Verilog'/></TopLevelComponents>"
+        "<ExternalSimulatorSettings><Tool Name='VCS' Path='' PliLibPath='x y.so'>Verilog</Tool>"
+        "</ExternalSimulatorSettings>"
+        "<GeneralConfiguration CompileVerilogFiles='true' EnableSimulatorDebugging='false'/>"
+        "<ProjectLanguageConfigurationList><LanguageSettings Language='VHDL'><SimTool>Scirocco"
+        "</SimTool><DestinationLibraryName><![CDATA[]]></DestinationLibraryName>"
+        "<BuildOptions> -x  \"y z\" </BuildOptions></LanguageSettings>"
+        "</ProjectLanguageConfigurationList>"
+        "<Vhdl2VerilogTranslationOptions><v2v-np Enabled='true'><AdditionalOptions>p q"
+        "</AdditionalOptions></v2v-np></Vhdl2VerilogTranslationOptions>"
+        "<OutputDiagram>d/o.btim</OutputDiagram>"
+        "<SourceFileGroup Language='VHDL'>"
+        "<SourceFile Library='true' PrecompiledLibrary='l &lt; m'>a.vhd"
+        "<Dependency>pkg/p &amp; q.vhd</Dependency><Dependency>../up.vhd</Dependency></SourceFile>"
+        "</SourceFileGroup><SourceFileGroup Language='Verilog'><SourceFile>v.v</SourceFile>"
+        "</SourceFileGroup>"
+        "<BuildFileVariables><Variable Name='A' Value='\"1\"'/></BuildFileVariables>");
+    read.Build.ReadFromFile();
+    ASSERT_TRUE(read.Build.WriteToFile());
+    const std::string first = read.Folder.Read("build.xml");
+    ReadBuild again("");
+    again.Folder.Write("build.xml", first);
+    EXPECT_EQ(again.Build.ReadFromFile(), READ_FILES_MISSING);
+    ASSERT_TRUE(again.Build.WriteToFile());
+    EXPECT_EQ(again.Folder.Read("build.xml"), first);
+    // Nothing of the original was lost on the way either.
+    for (const char* part :
+         {"DestinationLibrary=\"a &amp; b\"", ">\\odd name\\<", "PliLibPath=\"x y.so\"",
+          "<BuildOptions> -x  \"y z\" </BuildOptions>",
+          "<DestinationLibraryName><![CDATA[]]></DestinationLibraryName>",
+          "<AdditionalOptions>p q</AdditionalOptions>", "<OutputDiagram>d/o.btim</OutputDiagram>",
+          "Library=\"true\" PrecompiledLibrary=\"l &lt; m\">a.vhd<Dependency>pkg/p &amp; q.vhd<",
+          "<Dependency>../up.vhd</Dependency>", "Value=\"&quot;1&quot;\""})
+        EXPECT_NE(first.find(part), std::string::npos) << part;
+}
+
+TEST(BuildFileReader, ReadsAtConstruction) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("build.xml", "<HdlBuildFile TopLevelLanguage='VHDL'/>");
+    const THdlBuildFile build(ISFileName::NewISFileName(path.c_str()));
+    EXPECT_EQ(build.GetTopLanguage(), LANGUAGE_VHDL);
+    EXPECT_EQ(build.GetReadResult(), READ_NO_ERROR);
+    EXPECT_FALSE(build.IsOutdated());
+}
+
+TEST(BuildFileReadResults, HaveTheirTexts) {
+    const struct {
+        int Result;
+        const char* Text;
+    } rows[] = {
+        {0, "Build File: No error."},
+        {1, "Build File: Project Attributes failed to load."},
+        {2, "Build File: Component Names failed to load."},
+        {3, "Build File: External Configurations failed to load."},
+        {4, "Build File: Error reading General Settings."},
+        {5, "Build File: Error reading the Project Settings."},
+        {6, "Build File: Error reading V2V Options."},
+        {7, "Build File: One or more source files failed to load."},
+        {8, "Build File: Build Variables failed to load."},
+        {9, "Build File: Missing file(s) on load."},
+        {10, "Error not defined."},
+        {-1, "Error not defined."},
+    };
+    for (const auto& row : rows)
+        EXPECT_STREQ(THdlBuildFile::GetErrorString(static_cast<THdlBuildFileReadResults>(row.Result)),
+                     row.Text);
+}
+
+TEST(BuildFileReader, TellsDerivedClassesOfMissingFiles) {
+    class TDerived : public THdlBuildFile {
+    public:
+        using THdlBuildFile::SetFilesMissingOnRead;
+    };
+    RecordingMessageBox messages;
+    TDerived build;
+    build.SetFilesMissingOnRead(false);
+    EXPECT_EQ(build.GetReadResult(), READ_NO_ERROR);
+    EXPECT_EQ(messages.Take(), "Build File: Files Missing on load [0]\n");
+    build.SetFilesMissingOnRead(true);
+    EXPECT_EQ(build.GetReadResult(), READ_FILES_MISSING);
+    EXPECT_EQ(messages.Take(), "Build File: Files Missing on load [0]\n");
+}

@@ -1,0 +1,360 @@
+#include "buildfile/hdlbuildfile.h"
+#include "buildfile/hdlbuildfilexmllist.h"
+#include "buildfile/simwraphdlbuildfile.h"
+#include "projectfiles/hdlsourcefile.h"
+#include "settings/projectsimgeneralconfig.h"
+#include "settings/projectsimlanguageconfig.h"
+#include "sibling/fileservices/isfilename.h"
+#include "simtools/basesimtool.h"
+#include "tests/support/elementtext.h"
+#include "tests/support/recorders.h"
+#include "tests/support/temporaryfolder.h"
+#include "translation/v2vtranslationoption.h"
+#include "translation/v2vtranslationoptionslist.h"
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace {
+
+#ifdef _WIN32
+const std::string kProject = "C:\\project\\";
+#else
+const std::string kProject = "/project/";
+#endif
+
+std::string Below(const std::string& name) { return kProject + name; }
+
+const ISFileName* NameOf(const std::string& path) {
+    return ISFileName::NewISFileName(path.c_str());
+}
+
+/// The document of a build, as elements.
+std::string DocumentOf(THdlBuildFile& build) {
+    THdlBuildFileXMLList document(&build);
+    build.WriteFile(&document);
+    return ElementsOf(document);
+}
+
+void AddTool(THdlBuildFile* build, THdlLanguage language, TSimulatorType type) {
+    auto* tool = new TBaseSimTool;
+    tool->SetLanguage(language);
+    tool->SetSimulatorType(type);
+    build->AddSimTool(tool);
+}
+
+/// The "HdlBuildFile" line of a document.
+std::string FirstLine(const std::string& document) { return document.substr(0, document.find('\n')); }
+
+const char* const kGeneralLine =
+    "START GeneralConfiguration LogFileName=simulation.log AddTopLevelSignals=true "
+    "ShowWatchSignals=true DumpWatchSignals=false BreakAtTimeZeroAfterCompile=false "
+    "ClearLogFileBeforeCompile=true AutoParseProject=false GenerateTestBenchOnBuildProject=true "
+    "DisablePeriodicWaveformUpdate=false CompileVerilogFiles=false CompileVHDLFiles=false "
+    "CompileCppFiles=false MakeConstantsWatchable=true MakeArrayElementsWatchable=false "
+    "WatchableArrayElementSize=0 EnableSimulatorDebugging=true\n"
+    "END GeneralConfiguration\n";
+
+}  // namespace
+
+TEST(BuildFileWriter, WritesAFreshBuild) {
+    THdlBuildFile build;
+    EXPECT_EQ(DocumentOf(build),
+              "START HdlBuildFile TopLevelLanguage=None QmvVersion=x.x IdlVersion=x.x "
+              "HvlLanguage=None HdlLanguage=None BaseTimeUnit=ps DisplayTimeUnit=ns "
+              "GenerationDestinationLibrary= DestinationLibrary= SnapshotName=\n"
+              "START TopLevelComponents\n"
+              "END TopLevelComponents\n"
+              "START ProjectLanguageConfigurationList\n"
+              "END ProjectLanguageConfigurationList\n"
+              "END HdlBuildFile\n");
+}
+
+TEST(BuildFileWriter, WritesEverySectionInItsOrder) {
+    TSimWrapHdlBuildFile build;
+    build.SetBuildFileName(NameOf(Below("build.xml")));
+    build.SetTopLanguage(LANGUAGE_VHDL);
+    build.SetHvlLanguage(LANGUAGE_VERILOG);
+    build.SetHdlLanguage(LANGUAGE_SYSTEMC);
+    build.SetQMVVersion("1.2");
+    build.SetIdlVersion("3.4");
+    TTimeBase timeBase;
+    timeBase.SetBaseTimeUnit(UNIT_FS);
+    timeBase.SetDisplayTimeUnit(UNIT_S);
+    build.SetTimeBase(timeBase);
+    build.SetSugarEngineDll(NameOf(Below("sugar/engine.dll")));
+    build.SetGenerationDestinationLibrary("gen");
+    build.SetDestinationLibrary("dest");
+    build.SetSnapshotName("snap");
+    build.SetSingleFileOnlyBuild(true);
+    build.SetForceTopLevelComponents(true);
+    build.AddComponentName("top", "rtl", "work", LANGUAGE_VHDL);
+    AddTool(&build, LANGUAGE_VHDL, SIM_GCC);
+    build.SetGeneralConfiguration(new TProjectSimGeneralConfig);
+    TProjectSimLanguageConfig vhdl;
+    vhdl.SetTool(SIM_VCS);
+    build.AddLanguageConfig(LANGUAGE_VHDL, &vhdl);
+    TV2VTranslationOptionsList options(nullptr, "Verilog2VhdlTranslationOptions");
+    options.AddOptionNoDup("-ncc", "", "", true);
+    build.SetV2VOptions(&options);
+    build.SetOutputDiagram(NameOf(Below("diagrams/out.btim")));
+    THdlSourceFile source(Below("src/a.vhd").c_str());
+    build.AddSourceFile(&source, false);
+    build.GetPseudoEnvironmentVariables()->emplace("B", "2");
+    build.GetPseudoEnvironmentVariables()->emplace("A", "1");
+    EXPECT_EQ(DocumentOf(build),
+              "START HdlBuildFile TopLevelLanguage=VHDL QmvVersion=1.2 IdlVersion=3.4 "
+              "HvlLanguage=Verilog HdlLanguage=SystemC BaseTimeUnit=fs DisplayTimeUnit=s "
+              "SugarEngineDll=sugar/engine.dll GenerationDestinationLibrary=gen "
+              "DestinationLibrary=dest SnapshotName=snap SingleFileOnlyBuild=true\n"
+              "START TopLevelComponents ForceTopLevelComponents=true\n"
+              "START ComponentList Language=VHDL\n"
+              "START Component Library=work Architecture=rtl\n"
+              "TEXT top\n"
+              "END Component\n"
+              "END ComponentList\n"
+              "END TopLevelComponents\n"
+              "START ExternalSimulatorSettings\n"
+              "START Tool Name=GCC Path= PliLibPath=\n"
+              "TEXT VHDL\n"
+              "END Tool\n"
+              "END ExternalSimulatorSettings\n" +
+                  std::string(kGeneralLine) +
+                  "START ProjectLanguageConfigurationList\n"
+                  "START LanguageSettings Language=VHDL\n"
+                  "START SimTool\n"
+                  "TEXT VCS\n"
+                  "END SimTool\n"
+                  "START UseVhdl93Defaults\n"
+                  "TEXT true\n"
+                  "END UseVhdl93Defaults\n"
+                  "START DelayType\n"
+                  "TEXT 1\n"
+                  "END DelayType\n"
+                  "START PliDriven\n"
+                  "TEXT false\n"
+                  "END PliDriven\n"
+                  "START ActiveSnapshotName\n"
+                  "TEXT \n"
+                  "END ActiveSnapshotName\n"
+                  "START DestinationLibraryName\n"
+                  "TEXT work\n"
+                  "END DestinationLibraryName\n"
+                  "START AdditionalExtensions\n"
+                  "TEXT \n"
+                  "END AdditionalExtensions\n"
+                  "START BuildOptions\n"
+                  "TEXT \n"
+                  "END BuildOptions\n"
+                  "START LinkerOptions\n"
+                  "TEXT \n"
+                  "END LinkerOptions\n"
+                  "START RuntimeOptions\n"
+                  "TEXT \n"
+                  "END RuntimeOptions\n"
+                  "START RunOutputFileExecutable\n"
+                  "TEXT false\n"
+                  "END RunOutputFileExecutable\n"
+                  "START ForceTopLevel\n"
+                  "TEXT false\n"
+                  "END ForceTopLevel\n"
+                  "END LanguageSettings\n"
+                  "END ProjectLanguageConfigurationList\n"
+                  "START Verilog2VhdlTranslationOptions\n"
+                  "START v2v-ncc Enabled=true\n"
+                  "END v2v-ncc\n"
+                  "END Verilog2VhdlTranslationOptions\n"
+                  "START OutputDiagram\n"
+                  "TEXT diagrams/out.btim\n"
+                  "END OutputDiagram\n"
+                  "START SourceFileGroup Language=VHDL\n"
+                  "START SourceFile Library=false PrecompiledLibrary=\n"
+                  "TEXT src/a.vhd\n"
+                  "END SourceFile\n"
+                  "END SourceFileGroup\n"
+                  "START BuildFileVariables\n"
+                  "START Variable Name=A Value=1\n"
+                  "END Variable\n"
+                  "START Variable Name=B Value=2\n"
+                  "END Variable\n"
+                  "END BuildFileVariables\n"
+                  "END HdlBuildFile\n");
+    options.Flush();
+}
+
+TEST(BuildFileWriter, WritesSimulatorsOnlyWithGeneralSettings) {
+    THdlBuildFile build;
+    AddTool(&build, LANGUAGE_VHDL, SIM_GCC);
+    TXMLList document;
+    build.WriteExternalConfigurations(&document);
+    build.WriteGeneralSettings(&document);
+    EXPECT_EQ(ElementsOf(document), "");
+    TProjectSimGeneralConfig general;
+    build.SetGeneralConfiguration(&general);
+    build.WriteExternalConfigurations(&document);
+    EXPECT_EQ(ElementsOf(document),
+              "START ExternalSimulatorSettings\n"
+              "START Tool Name=GCC Path= PliLibPath=\n"
+              "TEXT VHDL\n"
+              "END Tool\n"
+              "END ExternalSimulatorSettings\n");
+}
+
+TEST(BuildFileWriter, WritesSettingsOfTheStoredLanguagesInTheirOrder) {
+    TSimWrapHdlBuildFile build;
+    TProjectSimLanguageConfig config;
+    config.SetTool(SIM_VCS);
+    for (int language = 9; language >= 0; --language)
+        build.AddLanguageConfig(static_cast<THdlLanguage>(language), &config);
+    TXMLList document;
+    build.WriteProjectSettings(&document);
+    std::string languages;
+    for (DListIterator<TElement*> element(document); element.NotAtTail(); ++element)
+        if (element.Current()->Name == "LanguageSettings")
+            languages += element.Current()->GetAttribute("Language") + std::string(" ");
+    EXPECT_EQ(languages, "Verilog  VHDL  Bluespec  C++  TestBuilder  ");
+}
+
+TEST(BuildFileWriter, PassesDebuggingAndElaborateOnlyToTheSettings) {
+    const struct {
+        const char* Label;
+        bool HasGeneral, Debugging, ElaborateOnly;
+        const char* BuildOptions;
+        const char* LinkerOptions;
+    } rows[] = {
+        {"no general settings", false, false, false, "b", "l"},
+        {"no debugging", true, false, false, "b", "l"},
+        {"debugging", true, true, false, "b", "l --simz_options +linedebug"},
+        {"elaborate only", true, false, true, "l", "l"},
+    };
+    for (const auto& row : rows) {
+        TProjectSimGeneralConfig general;
+        general.SetEnableSimulatorDebugging(row.Debugging);
+        THdlBuildFile build;
+        if (row.HasGeneral) build.SetGeneralConfiguration(&general);
+        build.SetSimzBuildIsElabOnly(row.ElaborateOnly);
+        TProjectSimLanguageConfig config;
+        config.SetTool(SIM_ZORVIK_VERILOG);
+        config.SetBuildOptions("b");
+        config.SetLinkerOptions("l");
+        build.AddLanguageConfig(LANGUAGE_VERILOG, &config);
+        TXMLList document;
+        build.WriteProjectSettings(&document);
+        const std::string text = ElementsOf(document);
+        const std::string options = "START BuildOptions\nTEXT " + std::string(row.BuildOptions) +
+                                    "\nEND BuildOptions\nSTART LinkerOptions\nTEXT " +
+                                    row.LinkerOptions + "\nEND LinkerOptions\n";
+        EXPECT_NE(text.find(options), std::string::npos) << row.Label << ":\n" << text;
+        delete build.GetProjectLanguageConfig(LANGUAGE_VERILOG);
+    }
+}
+
+TEST(BuildFileWriter, LetsTheTestBuilderTakeTheTop) {
+    const struct {
+        const char* Label;
+        bool HasTool, HasOtherTool, HasConfig, Forced;
+        const char* Top;
+        const char* Hdl;
+    } rows[] = {
+        {"no tool of it", false, true, true, true, "VHDL", "Verilog"},
+        {"its only tool", true, false, true, false, "TestBuilder", "TestBuilder"},
+        {"its only tool, without settings", true, false, false, false, "VHDL", "Verilog"},
+        {"one of two tools", true, true, true, false, "VHDL", "Verilog"},
+        {"one of two tools, forced", true, true, true, true, "TestBuilder", "TestBuilder"},
+        {"one of two tools, without settings", true, true, false, false, "VHDL", "Verilog"},
+    };
+    for (const auto& row : rows) {
+        TSimWrapHdlBuildFile build;
+        build.SetTopLanguage(LANGUAGE_VHDL);
+        build.SetHvlLanguage(LANGUAGE_VHDL);
+        build.SetHdlLanguage(LANGUAGE_VERILOG);
+        if (row.HasTool) AddTool(&build, LANGUAGE_TESTBUILDER, SIM_GCC);
+        if (row.HasOtherTool) AddTool(&build, LANGUAGE_VHDL, SIM_ZORVIK_VHDL);
+        TProjectSimLanguageConfig config;
+        config.SetTool(SIM_GCC);
+        config.SetForceTopLevel(row.Forced);
+        if (row.HasConfig) build.AddLanguageConfig(LANGUAGE_TESTBUILDER, &config);
+        EXPECT_EQ(FirstLine(DocumentOf(build)),
+                  "START HdlBuildFile TopLevelLanguage=" + std::string(row.Top) +
+                      " QmvVersion=x.x IdlVersion=x.x HvlLanguage=VHDL HdlLanguage=" + row.Hdl +
+                      " BaseTimeUnit=ps DisplayTimeUnit=ns GenerationDestinationLibrary= "
+                      "DestinationLibrary= SnapshotName=")
+            << row.Label;
+    }
+}
+
+TEST(BuildFileWriter, WritesTheGroupOfAForcedTestBuilder) {
+    TSimWrapHdlBuildFile build;
+    build.SetBuildFileName(NameOf(Below("build.xml")));
+    build.SetTopLanguage(LANGUAGE_VHDL);
+    AddTool(&build, LANGUAGE_TESTBUILDER, SIM_GCC);
+    TProjectSimLanguageConfig config;
+    config.SetTool(SIM_GCC);
+    build.AddLanguageConfig(LANGUAGE_TESTBUILDER, &config);
+    THdlSourceFile vhdl(Below("a.vhd").c_str());
+    THdlSourceFile test(Below("t.tb").c_str());
+    build.AddSourceFile(&vhdl, false);
+    build.AddSourceFile(&test, false);
+    const std::string document = DocumentOf(build);
+    EXPECT_EQ(document.substr(document.find("START SourceFileGroup")),
+              "START SourceFileGroup Language=TestBuilder\n"
+              "START SourceFile Library=false PrecompiledLibrary=\n"
+              "TEXT t.tb\n"
+              "END SourceFile\n"
+              "END SourceFileGroup\n"
+              "END HdlBuildFile\n");
+}
+
+TEST(BuildFileWriter, WritesAbsolutePathsWithoutABuildFileName) {
+    THdlBuildFile build;
+    build.SetOutputDiagram(NameOf(Below("out.btim")));
+    const std::string document = DocumentOf(build);
+    EXPECT_NE(document.find("START OutputDiagram\nTEXT " + Below("out.btim") + "\n"),
+              std::string::npos)
+        << document;
+}
+
+TEST(BuildFileWriter, WritesAFileWithDocumentTypeAndRoot) {
+    const TemporaryFolder folder;
+    THdlBuildFile build;
+    build.SetBuildFileName(NameOf(folder.Path("build.xml")));
+    build.SetSnapshotName("a<b & \"c\"");
+    EXPECT_TRUE(build.WriteToFile());
+    EXPECT_EQ(folder.Read("build.xml"),
+              "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n"
+              "<HdlBuildFileList>\n"
+              "  <HdlBuildFile TopLevelLanguage=\"None\" QmvVersion=\"x.x\" IdlVersion=\"x.x\" "
+              "HvlLanguage=\"None\" HdlLanguage=\"None\" BaseTimeUnit=\"ps\" DisplayTimeUnit=\"ns\" "
+              "GenerationDestinationLibrary=\"\" DestinationLibrary=\"\" "
+              "SnapshotName=\"a&lt;b &amp; &quot;c&quot;\">\n"
+              "    <TopLevelComponents/>\n"
+              "    <ProjectLanguageConfigurationList/>\n"
+              "  </HdlBuildFile>\n"
+              "</HdlBuildFileList>\n");
+    EXPECT_EQ(folder.List(), "build.xml\n");
+}
+
+TEST(BuildFileWriter, KeepsTheOldFileWhenASaveFails) {
+    const TemporaryFolder folder;
+    const RecordingMessageBox messages;
+    RecordingLog log;
+    folder.Write("build.xml", "old");
+    THdlBuildFile build;
+    build.SetBuildFileName(NameOf(folder.Path("build.xml")));
+    build.SetSnapshotName("bell \x07");
+    EXPECT_FALSE(build.WriteToFile());
+    EXPECT_EQ(folder.Read("build.xml"), "old");
+    EXPECT_EQ(folder.List(), "build.xml\n");
+}
+
+TEST(BuildFileWriter, WritesNothingWithoutAName) {
+    THdlBuildFile build;
+    EXPECT_FALSE(build.WriteToFile());
+}
+
+TEST(BuildFileXMLList, FillsNothingWithoutABuild) {
+    const TemporaryFolder folder;
+    THdlBuildFileXMLList document(nullptr);
+    EXPECT_TRUE(document.WriteFile(folder.Path("empty.xml").c_str()));
+    EXPECT_EQ(folder.Read("empty.xml"),
+              "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n<HdlBuildFileList/>\n");
+}

@@ -1,0 +1,433 @@
+#include "buildfile/hdlbuildfile.h"
+#include "filenames/componentnamelist.h"
+#include "projectfiles/hdlsourcefile.h"
+#include "settings/projectsimgeneralconfig.h"
+#include "settings/projectsimlanguageconfig.h"
+#include "sibling/designdatabase/visitor.h"
+#include "simtools/basesimtool.h"
+#include "tests/buildfile/buildtexts.h"
+#include "tests/support/recorders.h"
+#include "tests/support/slots.h"
+#include "tests/support/temporaryfolder.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+TBaseSimTool* NewTool(THdlLanguage language, TSimulatorType type) {
+    auto* tool = new TBaseSimTool;
+    tool->SetLanguage(language);
+    tool->SetSimulatorType(type);
+    return tool;
+}
+
+/// A build in which no member has its default, and what it points to.
+class FilledBuild : public testing::Test {
+protected:
+    FilledBuild() {
+        Build.SetBuildFileName(Handle("/p/build.hbf"));
+        Build.SetTopLanguage(LANGUAGE_VHDL);
+        Build.SetHvlLanguage(LANGUAGE_TESTBUILDER);
+        Build.SetHdlLanguage(LANGUAGE_VERILOG);
+        Build.SetQMVVersion("1.0");
+        Build.SetIdlVersion("2.0");
+        Build.SetSugarEngineDll(Handle("/p/sugar.dll"));
+        Build.SetOutputDiagram(Handle("/p/out.btim"));
+        TTimeBase timeBase;
+        timeBase.SetBaseTimeUnit(UNIT_FS);
+        timeBase.SetDisplayTimeUnit(UNIT_MS);
+        Build.SetTimeBase(timeBase);
+        Build.SetDestinationLibrary("dest");
+        Build.SetGenerationDestinationLibrary("gen");
+        Build.SetSnapshotName("snap");
+        Build.SetVerilogUserDefines("+define+A");
+        Build.SetVerilogOtherPlusOptions("+x");
+        Build.SetSingleFileOnlyBuild(true);
+        Build.SetForceTopLevelComponents(true);
+        Build.SetGeneralConfiguration(&General);
+        Build.SetV2VOptions(Options);
+        (*Build.GetPseudoEnvironmentVariables())["V"] = "1";
+        Build.AddSimTool(NewTool(LANGUAGE_VHDL, SIM_MODELSIM_VHDL));
+        Build.AddComponentName("top", "rtl", "work", LANGUAGE_VHDL);
+        Source.SetPrecompiledLibraryGroupName("lib");
+        Build.AddSourceFile(&Source, false);
+        Build.OrderFilesForCompile(LANGUAGE_VHDL);
+        TProjectSimLanguageConfig config;
+        config.SetBuildOptions("-93");
+        Build.AddLanguageConfig(LANGUAGE_VHDL, &config);
+    }
+    TProjectSimGeneralConfig General;
+    TV2VTranslationOptionsList* Options = reinterpret_cast<TV2VTranslationOptionsList*>(&General);
+    THdlSourceFile Source{"/p/a.vhd"};
+    THdlBuildFile Build;
+};
+
+const char* const kFresh =
+    "file <null>\n"
+    "languages None None None\n"
+    "versions x.x x.x\n"
+    "sugar <null>\n"
+    "time ps ns\n"
+    "libraries '' '' snapshot ''\n"
+    "defines '' plus options ''\n"
+    "single false force false\n"
+    "general null options null\n"
+    "variables\n"
+    "tools\n"
+    "components\n"
+    "configurations\n"
+    "sources\n"
+    "ordered\n"
+    "precompiled\n"
+    "result 0\n";
+
+const char* const kFilled =
+    "file build.hbf\n"
+    "languages VHDL TestBuilder Verilog\n"
+    "versions 1.0 2.0\n"
+    "sugar sugar.dll\n"
+    "time fs ms\n"
+    "libraries 'gen' 'dest' snapshot 'snap'\n"
+    "defines '+define+A' plus options '+x'\n"
+    "single true force true\n"
+    "general set options set\n"
+    "variables V=1\n"
+    "tools VHDL\n"
+    "components VHDL\n"
+    "configurations VHDL=-93\n"
+    "sources VHDL: a.vhd\n"
+    "ordered a.vhd\n"
+    "precompiled lib\n"
+    "result 0\n";
+
+TEST(HdlBuildFile, IsEmptyWhenMade) {
+    THdlBuildFile build;
+    EXPECT_EQ(TextOf(build), kFresh);
+    EXPECT_FALSE(build.GetReadError().IsError());
+    EXPECT_EQ(build.GetSourceFileLanguages(), std::vector<THdlLanguage>{});
+    EXPECT_FALSE(build.GetFilesMissing());
+}
+
+TEST_F(FilledBuild, GivesBackWhatItWasGiven) {
+    EXPECT_EQ(TextOf(Build), kFilled);
+    EXPECT_EQ(Build.GetFileName(), Handle("/p/build.hbf"));
+    EXPECT_EQ(Build.GetGeneralConfiguration(), &General);
+    EXPECT_EQ(Build.GetV2VOptions(), Options);
+    EXPECT_EQ(Build.GetProjectLanguageConfigForFileRead(LANGUAGE_VHDL),
+              Build.GetProjectLanguageConfig(LANGUAGE_VHDL));
+    EXPECT_EQ(Build.GetProjectLanguageConfigForFileRead(LANGUAGE_VERILOG), nullptr);
+    EXPECT_EQ(std::as_const(Build).GetPseudoEnvironmentVariables(),
+              Build.GetPseudoEnvironmentVariables());
+}
+
+TEST_F(FilledBuild, ClearAllEmptiesTheListsAndKeepsTheTexts) {
+    Build.ClearAll();
+    EXPECT_EQ(TextOf(Build),
+              "file <null>\n"
+              "languages None None None\n"
+              "versions x.x x.x\n"
+              "sugar <null>\n"
+              "time fs ms\n"
+              "libraries 'gen' 'dest' snapshot 'snap'\n"
+              "defines '+define+A' plus options '+x'\n"
+              "single true force true\n"
+              "general null options set\n"
+              "variables V=1\n"
+              "tools\n"
+              "components\n"
+              "configurations\n"
+              "sources\n"
+              "ordered\n"
+              "precompiled lib\n"
+              "result 0\n");
+}
+
+TEST_F(FilledBuild, ClearAllLeavesTheListsInPlaceAndConfigurationsAlive) {
+    TIHdlSourceFileList* group = Build.GetSourceFileGroup(LANGUAGE_VHDL);
+    const TIHdlSourceFileList* ordered = Build.GetFilesToCompile(LANGUAGE_VHDL);
+    const TProjectSimLanguageConfig* config = Build.GetProjectLanguageConfig(LANGUAGE_VHDL);
+    IHdlSourceFile* made = Build.CreateOrGetSourceFile("/p/made.vhd");
+    Build.ClearAll();
+    EXPECT_EQ(Build.GetSourceFileGroup(LANGUAGE_VHDL), group);
+    EXPECT_EQ(Build.GetFilesToCompile(LANGUAGE_VHDL), ordered);
+    EXPECT_STREQ(config->GetBuildOptions(), "-93");
+    EXPECT_EQ(NameOf(made), "made.vhd");
+    EXPECT_NE(Build.CreateOrGetSourceFile("/p/made.vhd"), made);
+}
+
+TEST_F(FilledBuild, InitializeGivesEveryMemberItsDefault) {
+    const TIHdlSourceFileList* group = Build.GetSourceFileGroup(LANGUAGE_VHDL);
+    const TProjectSimLanguageConfig* config = Build.GetProjectLanguageConfig(LANGUAGE_VHDL);
+    Build.Initialize();
+    EXPECT_EQ(TextOf(Build), kFresh);
+    EXPECT_EQ(NamesOf(*group), "a.vhd ") << "the former sub-objects stay readable";
+    EXPECT_STREQ(config->GetBuildOptions(), "-93");
+}
+
+TEST(HdlBuildFile, TakesNullTextsAsEmpty) {
+    THdlBuildFile build;
+    build.SetQMVVersion(nullptr);
+    build.SetIdlVersion(nullptr);
+    build.SetDestinationLibrary(nullptr);
+    build.SetGenerationDestinationLibrary(nullptr);
+    build.SetSnapshotName(nullptr);
+    build.SetVerilogUserDefines(nullptr);
+    build.SetVerilogOtherPlusOptions(nullptr);
+    std::string expected = kFresh;
+    expected.replace(expected.find("versions x.x x.x"), 16, "versions  ");
+    EXPECT_EQ(TextOf(build), expected);
+    EXPECT_TRUE(build.AddComponentName(nullptr, nullptr, nullptr, LANGUAGE_VHDL));
+    EXPECT_FALSE(build.AddComponentName("", "", "", LANGUAGE_VHDL));
+}
+
+TEST(HdlBuildFile, IgnoresNullObjects) {
+    THdlBuildFile build;
+    build.AddSimTool(nullptr);
+    build.AddLanguageConfig(LANGUAGE_VHDL, nullptr);
+    build.AddLanguageConfigForSourceFile(nullptr);
+    EXPECT_FALSE(build.AddSourceFile(nullptr, true));
+    build.AddPseudoEnvironmentVariablesForFilename(nullptr, nullptr);
+    build.SetBuildFileName(nullptr);
+    build.Accept(nullptr);
+    EXPECT_EQ(TextOf(build), kFresh);
+}
+
+TEST(HdlBuildFile, DoesNothingWithTheDiskWithoutAName) {
+    RecordingMessageBox box;
+    THdlBuildFile build(nullptr);
+    EXPECT_EQ(build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(build.Reload(), READ_NO_ERROR);
+    EXPECT_FALSE(build.WriteToFile());
+    EXPECT_FALSE(build.IsOutdated());
+    EXPECT_FALSE(build.IsCompilationDirty());
+    EXPECT_EQ(build.GetProjectPath(), "");
+    EXPECT_EQ(TextOf(build), kFresh);
+    EXPECT_EQ(box.Take(), "");
+}
+
+TEST(HdlBuildFile, GivesTheDirectoryOfItsFileWithTheFinalDelimiter) {
+    TemporaryFolder folder;
+    THdlBuildFile build;
+    build.SetBuildFileName(Handle(folder.Path("build.hbf")));
+    const std::string file = folder.Path("build.hbf");
+    EXPECT_EQ(build.GetProjectPath(),
+              file.substr(0, file.size() - std::string("build.hbf").size()));
+}
+
+TEST(HdlBuildFile, AddsVariablesForTheParts) {
+    TemporaryFolder folder;
+    const std::string file = folder.Path("top.vhd");
+    THdlBuildFile build;
+    build.AddPseudoEnvironmentVariablesForFilename(Handle(file), "TOP");
+    const std::map<std::string, std::string> expected = {
+        {"TOP_PATH", file},
+        {"TOP_DIR", file.substr(0, file.size() - std::string("top.vhd").size())},
+        {"TOP_NAME", "top"},
+        {"TOP_EXT", ".vhd"}};
+    EXPECT_EQ(*build.GetPseudoEnvironmentVariables(), expected);
+}
+
+TEST(HdlBuildFile, KeepsOneSimulatorPerLanguage) {
+    THdlBuildFile build;
+    TBaseSimTool* first = NewTool(LANGUAGE_VHDL, SIM_MODELSIM_VHDL);
+    TBaseSimTool* second = NewTool(LANGUAGE_VHDL, SIM_NC_VHDL);
+    TBaseSimTool* verilog = NewTool(LANGUAGE_VERILOG, SIM_VCS);
+    build.AddSimTool(first);
+    build.AddSimTool(second);
+    build.AddSimTool(verilog);
+    build.AddSimTool(verilog);
+    EXPECT_EQ(build.GetSimToolLanguages(), (std::vector{LANGUAGE_VERILOG, LANGUAGE_VHDL}));
+    EXPECT_EQ(build.GetSimTool(LANGUAGE_VHDL), second);
+    EXPECT_EQ(std::as_const(build).GetSimTool(LANGUAGE_VERILOG), verilog);
+    EXPECT_EQ(build.GetSimTool(LANGUAGE_SYSTEMC), nullptr);
+    EXPECT_EQ(first->GetSimulatorType(), SIM_MODELSIM_VHDL) << "a replaced tool stays valid";
+}
+
+TEST(HdlBuildFile, KeepsComponentsPerLanguage) {
+    THdlBuildFile build;
+    EXPECT_EQ(build.GetComponentNameList(LANGUAGE_VHDL), nullptr);
+    EXPECT_TRUE(build.AddComponentName("top", "rtl", "work", LANGUAGE_VHDL));
+    EXPECT_FALSE(build.AddComponentName("TOP", "rtl", "work", LANGUAGE_VHDL));
+    EXPECT_TRUE(build.AddComponentName("top", "", "work", LANGUAGE_VERILOG));
+    ASSERT_NE(build.GetComponentNameList(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(build.GetComponentNameList(LANGUAGE_VHDL)->size(), 1u);
+    EXPECT_EQ(std::as_const(build).GetComponentNameList(LANGUAGE_VHDL),
+              build.GetComponentNameList(LANGUAGE_VHDL));
+}
+
+TEST(HdlBuildFile, IsAComponentThatPassesItsModifiedNoticeBy) {
+    THdlBuildFile build;
+    IProjectComponent& component = build;
+    TProjectSimLanguageConfig config;
+    TProjectSimGeneralConfig general;
+    build.AddLanguageConfig(LANGUAGE_VHDL, &config);
+    build.SetGeneralConfiguration(&general);
+    EXPECT_EQ(component.GetProjectLanguageConfig(LANGUAGE_VHDL),
+              build.GetProjectLanguageConfig(LANGUAGE_VHDL));
+    EXPECT_EQ(component.GetGeneralConfiguration(), &general);
+    const std::string before = TextOf(build);
+    component.SetProjectModified(true);
+    EXPECT_EQ(TextOf(build), before);
+}
+
+/// Notes what it sees.
+class ComponentVisitor : public IBaseVisitor, public IVisitor<IProjectComponent> {
+public:
+    void VisitUnhandled() override { Seen = "unhandled"; }
+    void Visit(IProjectComponent* component) override {
+        Seen = dynamic_cast<THdlBuildFile*>(component) ? "build" : "other";
+    }
+    std::string Seen;
+};
+
+TEST(HdlBuildFile, IsVisitedAsAComponent) {
+    THdlBuildFile build;
+    ComponentVisitor visitor;
+    build.Accept(&visitor);
+    EXPECT_EQ(visitor.Seen, "build");
+}
+
+TEST(HdlBuildFile, KeepsTheTableOfItsBuildManager) {
+    EXPECT_EQ(SlotOf(&THdlBuildFile::CreateOrGetSourceFile), 1);
+    EXPECT_EQ(SlotOf(&THdlBuildFile::GetProjectLanguageConfigForFileRead), 2);
+    EXPECT_EQ(SlotOf(static_cast<TProjectSimLanguageConfig* (THdlBuildFile::*)(THdlLanguage)>(
+                  &THdlBuildFile::GetProjectLanguageConfig)),
+              3);
+    EXPECT_EQ(SlotOf(&THdlBuildFile::GetCompileOptions), 4);
+    EXPECT_EQ(SlotOf(&THdlBuildFile::GetElaboratorOptions), 5);
+    EXPECT_EQ(SlotOf(&THdlBuildFile::GetRuntimeOptions), 6);
+}
+
+/// A build file on disk that lists a.vhd, which exists.
+class BuildOnDisk : public testing::Test {
+protected:
+    BuildOnDisk() { Folder.Write("a.vhd", "entity a"); }
+    std::string WriteBuild(const std::string& variable) {
+        return Folder.Write("build.hbf",
+                            "<HdlBuildFile TopLevelLanguage=\"VHDL\" SnapshotName=\"s\">\n"
+                            "<GeneralConfiguration/>\n"
+                            "<ProjectLanguageConfigurationList>\n"
+                            "<LanguageSettings Language=\"VHDL\"></LanguageSettings>\n"
+                            "</ProjectLanguageConfigurationList>\n"
+                            "<SourceFileGroup Language=\"VHDL\">\n"
+                            "<SourceFile>a.vhd</SourceFile>\n"
+                            "</SourceFileGroup>\n"
+                            "<BuildFileVariables><Variable Name=\"V\" Value=\"" +
+                                variable +
+                                "\"/></BuildFileVariables>\n"
+                                "</HdlBuildFile>\n");
+    }
+    TemporaryFolder Folder;
+    const ISFileName* Name = Handle(WriteBuild("1"));
+    RecordingMessageBox Box;
+};
+
+TEST_F(BuildOnDisk, IsReadByTheConstructor) {
+    const THdlBuildFile build(Name);
+    EXPECT_EQ(build.GetReadResult(), READ_NO_ERROR);
+    EXPECT_FALSE(build.GetReadError().IsError());
+    EXPECT_EQ(TextOf(build),
+              "file build.hbf\n"
+              "languages VHDL None None\n"
+              "versions  \n"
+              "sugar <null>\n"
+              "time ps ns\n"
+              "libraries '' '' snapshot 's'\n"
+              "defines '' plus options ''\n"
+              "single false force false\n"
+              "general set options null\n"
+              "variables V=1\n"
+              "tools\n"
+              "components\n"
+              "configurations VHDL=\n"
+              "sources VHDL: a.vhd\n"
+              "ordered\n"
+              "precompiled\n"
+              "result 0\n");
+}
+
+TEST_F(BuildOnDisk, TellsWhyAFileCouldNotBeRead) {
+    THdlBuildFile missing(Handle(Folder.Path("none.hbf")));
+    EXPECT_EQ(missing.GetReadResult(), READ_NO_ERROR);
+    EXPECT_TRUE(missing.GetReadError().Missing);
+    EXPECT_EQ(Box.Take(), "");
+    THdlBuildFile malformed(
+        Handle(Folder.Write("bad.hbf", "<HdlBuildFile>\n<Open>\n</HdlBuildFile>\n")));
+    EXPECT_EQ(malformed.GetReadResult(), READ_NO_ERROR);
+    EXPECT_TRUE(malformed.GetReadError().IsError());
+    EXPECT_EQ(malformed.GetReadError().Line, 3);
+    EXPECT_EQ(TextOf(malformed).substr(0, TextOf(malformed).find("languages")), "file bad.hbf\n");
+    EXPECT_NE(Box.Take(), "");
+    malformed.SetBuildFileName(Name);
+    malformed.ReadFromFile();
+    EXPECT_FALSE(malformed.GetReadError().IsError());
+}
+
+TEST_F(BuildOnDisk, IsReadAfreshByReload) {
+    THdlBuildFile build(Name);
+    build.SetDestinationLibrary("edited");
+    build.SetVerilogUserDefines("+define+A");
+    const TIHdlSourceFileList* group = build.GetSourceFileGroup(LANGUAGE_VHDL);
+    const TProjectSimGeneralConfig* general = build.GetGeneralConfiguration();
+    WriteBuild("2");
+    EXPECT_EQ(build.Reload(), READ_NO_ERROR);
+    EXPECT_EQ(TextOf(build), TextOf(THdlBuildFile(Name)));
+    EXPECT_EQ(build.GetPseudoEnvironmentVariables()->at("V"), "2");
+    EXPECT_NE(build.GetSourceFileGroup(LANGUAGE_VHDL), group);
+    EXPECT_EQ(NamesOf(*group), "a.vhd ") << "pointers taken before stay readable";
+    EXPECT_STREQ(general->GetSimulationLogFileName(), "simulation.log");
+}
+
+TEST_F(BuildOnDisk, IsOutdatedWhenTheFileChangedSinceItWasRead) {
+    THdlBuildFile build(Name);
+    EXPECT_FALSE(build.IsOutdated());
+    EXPECT_FALSE(build.IsCompilationDirty());
+    WriteBuild("longer");
+    EXPECT_TRUE(build.IsOutdated());
+    EXPECT_TRUE(build.IsCompilationDirty());
+    build.Reload();
+    EXPECT_FALSE(build.IsOutdated());
+}
+
+TEST_F(BuildOnDisk, IsOutdatedWhenTheFileCameAfterItWasFoundMissing) {
+    const ISFileName* name = Handle(Folder.Path("late.hbf"));
+    THdlBuildFile build(name);
+    EXPECT_FALSE(build.IsOutdated());
+    Folder.Write("late.hbf", "<HdlBuildFile/>");
+    EXPECT_TRUE(build.IsOutdated());
+}
+
+TEST_F(BuildOnDisk, IsDirtyWhenASourceChanged) {
+    THdlBuildFile build(Name);
+    EXPECT_FALSE(build.IsAtLeastOneSourceFileDirty());
+    Folder.Write("a.vhd", "entity a is longer now");
+    EXPECT_TRUE(build.IsAtLeastOneSourceFileDirty());
+    EXPECT_FALSE(build.IsOutdated());
+    EXPECT_TRUE(build.IsCompilationDirty());
+}
+
+/// A source that counts how often its name was asked for.
+class CountingSource : public THdlSourceFile {
+public:
+    using THdlSourceFile::THdlSourceFile;
+    using THdlSourceFile::GetFileName;
+    const ISFileName* GetFileName() const override {
+        ++Asked;
+        return THdlSourceFile::GetFileName();
+    }
+    mutable int Asked = 0;
+};
+
+TEST_F(BuildOnDisk, AsksNoSourceWhenTheBuildItselfIsOutdated) {
+    THdlBuildFile build(Name);
+    CountingSource source(Folder.Path("a.vhd").c_str());
+    build.GetSourceFileGroup(LANGUAGE_VERILOG)->AddSourceFile(&source, false);
+    WriteBuild("longer");
+    source.Asked = 0;
+    EXPECT_TRUE(build.IsCompilationDirty());
+    EXPECT_EQ(source.Asked, 0);
+    build.IsAtLeastOneSourceFileDirty();
+    EXPECT_EQ(source.Asked, 1);
+    build.GetSourceFileGroup(LANGUAGE_VERILOG)->Flush();
+}
+
+}  // namespace

@@ -1,0 +1,243 @@
+#include "buildfile/hdlbuildfile.h"
+#include "projectfiles/hdlsourcefile.h"
+#include "settings/projectsimgeneralconfig.h"
+#include "settings/projectsimlanguageconfig.h"
+#include "sibling/fileservices/isfilename.h"
+#include "tests/support/temporaryfolder.h"
+#include <gtest/gtest.h>
+#include <memory>
+#include <sstream>
+
+namespace {
+
+#ifdef _WIN32
+const std::string kProject = "C:\\project\\";
+#else
+const std::string kProject = "/project/";
+#endif
+
+std::string Below(const std::string& name) { return kProject + name; }
+
+/// The static option text for a configuration in kProject.
+std::string Options(const TProjectSimLanguageConfig& language,
+                    const TProjectSimGeneralConfig& general, const char* extra = "",
+                    bool isGOFBuild = false) {
+    return THdlBuildFile::GetVerilogCommandLineOptions(kProject, &language, &general, extra,
+                                                       isGOFBuild);
+}
+
+/// A build in kProject with Verilog settings of delay type 3 that name nothing.
+class BareBuild {
+public:
+    BareBuild() {
+        Build.SetBuildFileName(ISFileName::NewISFileName(Below("build.xml").c_str()));
+        Build.SetGeneralConfiguration(&General);
+        TProjectSimLanguageConfig verilog;
+        verilog.SetDelayType(static_cast<TSimProjectDelayType>(3));
+        Build.AddLanguageConfig(LANGUAGE_VERILOG, &verilog);
+    }
+    ~BareBuild() { delete Build.GetProjectLanguageConfig(LANGUAGE_VERILOG); }
+
+    THdlSourceFile* Add(const std::string& path) {
+        Sources.push_back(std::make_unique<THdlSourceFile>(path.c_str()));
+        Build.AddSourceFile(Sources.back().get(), false);
+        return Sources.back().get();
+    }
+    std::string CommandFile() {
+        std::ostringstream text;
+        Build.GenerateVerilogCommandFile(text);
+        return text.str();
+    }
+
+    TProjectSimGeneralConfig General;
+    std::vector<std::unique_ptr<THdlSourceFile>> Sources;
+    THdlBuildFile Build;
+};
+
+}  // namespace
+
+TEST(VerilogCommandLine, NamesEveryOptionInItsOrder) {
+    TProjectSimLanguageConfig language;
+    language.AddLibraryDirectory(Below("lib/verilog").c_str(), false);
+    language.AddLibraryDirectory(Below("my lib").c_str(), false);
+    language.AddIncludeDirectory(Below("inc").c_str(), false);
+    language.AddIncludeDirectory(Below("more inc").c_str(), false);
+    language.AddLibraryExtension(".v");
+    language.AddLibraryExtension(".vo");
+    language.SetRuntimeOptions("+go -x");
+    TProjectSimGeneralConfig general;
+    general.SetBreakAtTimeZeroAfterCompile(true);
+    general.SetLogFileName("log files/run.log");
+    EXPECT_EQ(Options(language, general, " +define+A"),
+              " -s -l \"log files/run.log\" -y lib/verilog -y \"my lib\" +incdir+inc+\"more inc\"+"
+              " +libext+.v+.vo +typdelays +go -x +define+A");
+}
+
+TEST(VerilogCommandLine, LeavesOutWhatIsEmpty) {
+    const TProjectSimLanguageConfig language;
+    const TProjectSimGeneralConfig general;
+    EXPECT_EQ(Options(language, general), " -l simulation.log +typdelays ");
+    EXPECT_EQ(Options(language, general, "", true), " +typdelays ");
+}
+
+TEST(VerilogCommandLine, WritesNologInLowerCase) {
+    const TProjectSimLanguageConfig language;
+    TProjectSimGeneralConfig general;
+    const struct {
+        const char* Name;
+        const char* Text;
+    } rows[] = {
+        {"nolog", " -l nolog +typdelays "},     {"NoLog", " -l nolog +typdelays "},
+        {"NOLOG", " -l nolog +typdelays "},     {"nolog.txt", " -l nolog.txt +typdelays "},
+        {"", " -l  +typdelays "},               {"Run.LOG", " -l Run.LOG +typdelays "},
+    };
+    for (const auto& row : rows) {
+        general.SetLogFileName(row.Name);
+        EXPECT_EQ(Options(language, general), row.Text) << row.Name;
+    }
+}
+
+TEST(VerilogCommandLine, NamesTheDelayType) {
+    TProjectSimLanguageConfig language;
+    const TProjectSimGeneralConfig general;
+    const struct {
+        int Type;
+        const char* Text;
+    } rows[] = {{0, " +mindelays "}, {1, " +typdelays "}, {2, " +maxdelays "}, {3, " "}, {-1, " "}};
+    for (const auto& row : rows) {
+        language.SetDelayType(static_cast<TSimProjectDelayType>(row.Type));
+        EXPECT_EQ(Options(language, general, "", true), row.Text) << row.Type;
+    }
+}
+
+TEST(VerilogCommandLine, ResolvesEnvironmentVariablesButNotThoseOfTheBuild) {
+#ifdef _WIN32
+    _putenv("HDLBUILDFILE_TEST_DIR=C:\\project\\from env");
+#else
+    setenv("HDLBUILDFILE_TEST_DIR", "/project/from env", 1);
+#endif
+    BareBuild bare;
+    bare.Build.GetPseudoEnvironmentVariables()->emplace("BUILD_ONLY", "x");
+    TProjectSimLanguageConfig* verilog = bare.Build.GetProjectLanguageConfig(LANGUAGE_VERILOG);
+    verilog->AddLibraryDirectory("${HDLBUILDFILE_TEST_DIR}/lib", false);
+    verilog->AddIncludeDirectory("$(HDLBUILDFILE_TEST_DIR)", false);
+    verilog->AddLibraryExtension("${HDLBUILDFILE_TEST_DIR}");
+    verilog->SetRuntimeOptions("+dir+${BUILD_ONLY}");
+    bare.Build.SetGOFBuildFileFlag(true);
+    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(),
+              " -y \"from env/lib\" +incdir+\"from env\"+ +libext+${HDLBUILDFILE_TEST_DIR}"
+              " +dir+${BUILD_ONLY}");
+    EXPECT_EQ(bare.Build.GetRuntimeOptions(LANGUAGE_VERILOG), "+dir+x");
+}
+
+TEST(VerilogCommandLine, CountsMissingGeneralSettingsAsTheDefaultOnes) {
+    const TProjectSimLanguageConfig language;
+    EXPECT_EQ(THdlBuildFile::GetVerilogCommandLineOptions(kProject, &language, nullptr, nullptr,
+                                                          false),
+              " -l simulation.log +typdelays ");
+    EXPECT_EQ(THdlBuildFile::GetVerilogCommandLineOptions(kProject, nullptr, nullptr, "x", false),
+              "");
+}
+
+TEST(VerilogCommandLine, AddsDefinesAndPlusOptionsOfTheBuild) {
+    BareBuild bare;
+    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l simulation.log ");
+    bare.Build.SetVerilogOtherPlusOptions("+plus");
+    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l simulation.log  +plus");
+    bare.Build.SetVerilogUserDefines("+define+B");
+    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l simulation.log  +define+B +plus");
+}
+
+TEST(VerilogCommandLine, GofFlagHoldsForOneLine) {
+    BareBuild bare;
+    bare.Build.SetVerilogUserDefines("+define+B");
+    bare.Build.SetGOFBuildFileFlag(true);
+    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " ");
+    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l simulation.log  +define+B");
+}
+
+TEST(VerilogCommandLine, GofFlagWaitsForVerilogSettings) {
+    THdlBuildFile build;
+    build.SetGOFBuildFileFlag(true);
+    EXPECT_EQ(build.GetVerilogCommandLineOptions(), "");
+    const TProjectSimLanguageConfig verilog;
+    build.AddLanguageConfig(LANGUAGE_VERILOG, &verilog);
+    EXPECT_EQ(build.GetVerilogCommandLineOptions(), " +typdelays ");
+    EXPECT_EQ(build.GetVerilogCommandLineOptions(), " -l simulation.log +typdelays ");
+    delete build.GetProjectLanguageConfig(LANGUAGE_VERILOG);
+}
+
+TEST(VerilogCommandFile, ListsSourcesBehindTheOptions) {
+    BareBuild bare;
+    bare.Add(Below("src/top.v"));
+    bare.Add(Below("with blank.v"))->SetLibraryFlag(true);
+    bare.Add(Below("left out.v"))->SetExcludeFromBuild(true);
+    bare.Add(Below("../aside.v"));
+    bare.Build.SetVerilogUserDefines("+define+D");
+    EXPECT_EQ(bare.CommandFile(),
+              " -l simulation.log  +define+Dsrc/top.v\n"
+              "-v with blank.v\n"
+              "../aside.v\n");
+}
+
+TEST(VerilogCommandFile, WritesForwardSlashesForForeignDrives) {
+    BareBuild bare;
+    bare.Add("Q:\\other\\far.v");
+    bare.Build.SetGOFBuildFileFlag(true);
+    EXPECT_EQ(bare.CommandFile(), " Q:/other/far.v\n");
+}
+
+TEST(VerilogCommandFile, ListsSourcesWithoutVerilogSettings) {
+    THdlBuildFile build;
+    build.SetBuildFileName(ISFileName::NewISFileName(Below("build.xml").c_str()));
+    THdlSourceFile source(Below("a.v").c_str());
+    build.AddSourceFile(&source, false);
+    std::ostringstream text;
+    build.GenerateVerilogCommandFile(text);
+    EXPECT_EQ(text.str(), "a.v\n");
+}
+
+TEST(VerilogCommandFile, ListsTheGroupOfAnyLanguage) {
+    BareBuild bare;
+    bare.Add(Below("a.v"));
+    bare.Add(Below("b.vhd"));
+    std::ostringstream text;
+    bare.Build.AddSourceFilesToCommandFile(text, LANGUAGE_VHDL);
+    EXPECT_EQ(text.str(), "b.vhd\n");
+}
+
+TEST(BuildFileOptions, ResolveVariablesOfTheBuild) {
+    THdlBuildFile build;
+    EXPECT_EQ(build.GetCompileOptions(LANGUAGE_VHDL), "");
+    EXPECT_EQ(build.GetElaboratorOptions(LANGUAGE_VHDL), "");
+    EXPECT_EQ(build.GetRuntimeOptions(LANGUAGE_VHDL), "");
+    TProjectSimLanguageConfig vhdl;
+    vhdl.SetBuildOptions("b ${V}");
+    vhdl.SetLinkerOptions("l %V%");
+    vhdl.SetRuntimeOptions("r $(V)");
+    build.AddLanguageConfig(LANGUAGE_VHDL, &vhdl);
+    build.GetPseudoEnvironmentVariables()->emplace("V", "value");
+    EXPECT_EQ(build.GetCompileOptions(LANGUAGE_VHDL), "b value");
+    EXPECT_EQ(build.GetElaboratorOptions(LANGUAGE_VHDL), "l value");
+    EXPECT_EQ(build.GetRuntimeOptions(LANGUAGE_VHDL), "r value");
+    delete build.GetProjectLanguageConfig(LANGUAGE_VHDL);
+}
+
+TEST(AddRelativePath, AppendsTheDisplayFormWithForwardSlashes) {
+    const struct {
+        const char* Label;
+        std::string Path;
+        std::string Text;
+    } rows[] = {
+        {"below", Below("a/b.v"), "=a/b.v"},
+        {"with a blank", Below("a b.v"), "=\"a b.v\""},
+        {"foreign drive", "Q:\\x\\y.v", "=Q:/x/y.v"},
+        {"relative", "sub\\x.v", "=sub/x.v"},
+        {"empty", "", "="},
+    };
+    for (const auto& row : rows) {
+        std::string out = "=";
+        AddRelativePath(kProject.c_str(), row.Path.c_str(), &out);
+        EXPECT_EQ(out, row.Text) << row.Label;
+    }
+}
