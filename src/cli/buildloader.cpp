@@ -1,0 +1,78 @@
+#include "cli/buildloader.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
+#include "sibling/fileservices/isfilename.h"
+#include "sibling/fileservices/messagebox.h"
+
+namespace {
+
+/// Swallows what the library would tell a user at a screen: the commands report it themselves.
+class TQuietMessageBox : public IMessageBox {
+public:
+    TQuietMessageBox() : Former(Fileservices::SetMessageBox(this)) {}
+    ~TQuietMessageBox() override { Fileservices::SetMessageBox(Former); }
+    void ShowMessage(const char*, const char*, int) override {}
+
+private:
+    IMessageBox* Former;
+};
+
+std::string ErrorText(const TXMLReadError& error) {
+    if (error.Missing) return error.File + ": the file does not exist";
+    if (error.Line == 0) return error.File + ": " + error.Reason;
+    return error.File + ":" + std::to_string(error.Line) + ":" + std::to_string(error.Column) +
+           ": " + error.Reason;
+}
+
+}  // namespace
+
+int LoadBuild(const TToolArguments& arguments, const TToolStreams& streams, THdlBuildFile* build) {
+    const TQuietMessageBox quiet;
+    build->SetBuildFileName(ISFileName::NewISFileName(arguments.Build.c_str()));
+    const THdlBuildFileReadResults result = build->ReadFromFile();
+    TXMLReadError error = build->GetReadError();
+    if (!error.IsError()) return result == 0 ? kExitDone : kExitProblems;
+    error.File = arguments.Build;  // as the user typed it
+    ReportError(streams, ErrorText(error));
+    return kExitFile;
+}
+
+void ReportReadResult(const THdlBuildFile& build, const TToolStreams& streams) {
+    if (build.GetReadResult() != 0)
+        ReportError(streams, THdlBuildFile::GetErrorString(build.GetReadResult()));
+}
+
+std::vector<TListedSource> ListSources(const THdlBuildFile& build) {
+    std::vector<TListedSource> sources;
+    for (const THdlLanguage language : SelectableLanguages())
+        for (const IHdlSourceFile* file : *build.GetSourceFileGroup(language))
+            sources.push_back({language, file});
+    return sources;
+}
+
+std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build) {
+    std::vector<TListedSource> missing;
+    if (build.GetReadResult() == 0) return missing;
+    for (const TListedSource& source : ListSources(build))
+        if (!source.File->GetFileName()->Exists()) missing.push_back(source);
+    return missing;
+}
+
+const std::vector<THdlLanguage>& SelectableLanguages() {
+    static const std::vector<THdlLanguage> languages = {
+        LANGUAGE_VERILOG,   LANGUAGE_VHDL,        LANGUAGE_BLUESPECVERILOG, LANGUAGE_SYSTEMC,
+        LANGUAGE_CPLUSPLUS, LANGUAGE_RESERVED5,   LANGUAGE_SPECMAN,         LANGUAGE_TESTBUILDER,
+        LANGUAGE_RESERVED8, LANGUAGE_NONE};
+    return languages;
+}
+
+std::string PathText(const char* path, const TToolArguments& arguments) {
+    if (arguments.Absolute) return path;
+    std::string relative;
+    IFileName::CreateRelativeFileName(arguments.Directory.c_str(), path, &relative, false, false);
+    return relative;
+}
+
+std::string PathText(const ISFileName* file, const TToolArguments& arguments) {
+    return file ? PathText(file->Canonical(false), arguments) : std::string();
+}

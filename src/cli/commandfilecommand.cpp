@@ -1,0 +1,64 @@
+#include "cli/buildloader.h"
+#include "cli/commands.h"
+#include "cli/jsonoutput.h"
+#include "sibling/fileservices/filereplace.h"
+#include <sstream>
+
+namespace {
+
+/// Reads the build and sets the form of the Verilog texts; kExitFile when it cannot be read.
+int LoadVerilogBuild(const TToolArguments& arguments, const TToolStreams& streams,
+                     THdlBuildFile* build) {
+    const int status = LoadBuild(arguments, streams, build);
+    if (status == kExitFile) return status;
+    ReportReadResult(*build, streams);
+    if (!build->GetProjectLanguageConfig(LANGUAGE_VERILOG))
+        ReportWarning(streams, "the build has no Verilog settings: the option text is empty");
+    build->SetGOFBuildFileFlag(arguments.Gof);
+    return status;
+}
+
+int SaveCommandFile(const std::string& text, const TToolArguments& arguments,
+                    const TToolStreams& streams, int status) {
+    std::string reason;
+    if (ReplaceWholeFile(arguments.Output.c_str(), text, &reason)) return status;
+    ReportError(streams, arguments.Output + ": " + reason);
+    return kExitFile;
+}
+
+}  // namespace
+
+int RunOptions(const TToolArguments& arguments, const TToolStreams& streams) {
+    THdlBuildFile build;
+    const int status = LoadVerilogBuild(arguments, streams, &build);
+    if (status == kExitFile) return status;
+    const std::string options = build.GetVerilogCommandLineOptions();
+    if (!arguments.Json) {
+        streams.Out << options << "\n";
+        return status;
+    }
+    TJson result = MakeResult("hdlbuild-options", arguments);
+    result["options"] = options;
+    PrintJson(result, streams);
+    return status;
+}
+
+int RunCommandFile(const TToolArguments& arguments, const TToolStreams& streams) {
+    THdlBuildFile build;
+    const int status = LoadVerilogBuild(arguments, streams, &build);
+    if (status == kExitFile) return status;
+    std::ostringstream text;
+    build.GenerateVerilogCommandFile(text);
+    if (!arguments.Output.empty()) {
+        const int saved = SaveCommandFile(text.str(), arguments, streams, status);
+        if (saved == kExitFile || !arguments.Json) return saved;
+    } else if (!arguments.Json) {
+        streams.Out << text.str();
+        return status;
+    }
+    TJson result = MakeResult("hdlbuild-command-file", arguments);
+    result["output"] = arguments.Output.empty() ? TJson() : TJson(arguments.Output);
+    result["text"] = text.str();
+    PrintJson(result, streams);
+    return status;
+}

@@ -1,0 +1,24 @@
+#pragma once
+#include "cli/tool.h"
+#include <string>
+#include <vector>
+
+class ISFileName;
+
+/// One mention of a source in a build file.
+struct TSourcePlace {
+    std::string Language;  ///< of its group, as the file says it
+    std::string Path;      ///< canonical
+};
+
+/// A source that a build file names more than once; paths are equal ignoring case.
+struct TRepeatedSource {
+    std::vector<TSourcePlace> Places;  ///< at least two, in the order of the document
+};
+
+/// Reads the document's own list of sources: of a repeated name, the build keeps but one. Empty when
+/// the file cannot be read.
+std::vector<TRepeatedSource> FindRepeatedSources(const ISFileName* buildFile);
+
+/// The groups, and the other spellings, of a repeated source.
+std::string DescribePlaces(const TRepeatedSource& source, const TToolArguments& arguments);

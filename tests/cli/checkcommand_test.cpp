@@ -1,0 +1,119 @@
+#include "tests/cli/toolrun.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string VhdlGroup(const std::string& sources) {
+    return "<SourceFileGroup Language=\"VHDL\">\n" + sources + "</SourceFileGroup>\n";
+}
+
+}  // namespace
+
+TEST(CheckCommand, FindsNothingWrongWithAGoodBuild) {
+    const WorkingFolder folder;
+    folder.Write("a.vhd", "");
+    folder.Write("build.xml", BuildText(VhdlGroup(SourceText("a.vhd"))));
+    const TToolRun run = RunHdlbuild({"check", "build.xml"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Out, "build.xml: no problems\n");
+    EXPECT_EQ(run.Err, "");
+}
+
+TEST(CheckCommand, ReportsEverythingInOnePass) {
+    const WorkingFolder folder;
+    for (const char* name : {"a.vhd", "b.vhd", "c.vhd", "self.vhd"}) folder.Write(name, "");
+    folder.Write("build.xml",
+                 BuildText("<SourceFileGroup Language=\"Verilog\">\n" + SourceText("gone.v") +
+                           "</SourceFileGroup>\n" +
+                           VhdlGroup(SourceText("a.vhd", {"b.vhd"}) +
+                                     SourceText("b.vhd", {"c.vhd", "a.vhd"}) +
+                                     SourceText("c.vhd", {"a.vhd"}) +
+                                     SourceText("self.vhd", {"self.vhd"}) + SourceText("A.vhd") +
+                                     SourceText("lost/gone.vhd"))));
+    const TToolRun run = RunHdlbuild({"check", "build.xml"});
+    EXPECT_EQ(run.Status, kExitProblems);
+    EXPECT_EQ(run.Out,
+              "read result 9: Build File: Missing file(s) on load.\n"
+              "missing file: gone.v (Verilog)\n"
+              "missing file: lost/gone.vhd (VHDL)\n"
+              "dependency cycle of 3 files: a.vhd -> b.vhd -> a.vhd\n"
+              "  a.vhd\n"
+              "  b.vhd\n"
+              "  c.vhd\n"
+              "dependency cycle of 1 file: self.vhd -> self.vhd\n"
+              "  self.vhd\n"
+              "named 2 times: a.vhd (VHDL, VHDL as A.vhd)\n");
+    EXPECT_EQ(run.Err, "");
+}
+
+TEST(CheckCommand, ReportsASourceThatTwoGroupsName) {
+    const WorkingFolder folder;
+    folder.Write("a.vhd", "");
+    folder.Write("build.xml", BuildText("<SourceFileGroup Language=\"Verilog\">\n" +
+                                        SourceText("a.vhd") + "</SourceFileGroup>\n" +
+                                        VhdlGroup(SourceText("a.vhd"))));
+    const TToolRun run = RunHdlbuild({"check", "build.xml"});
+    EXPECT_EQ(run.Status, kExitProblems);
+    EXPECT_EQ(run.Out, "named 2 times: a.vhd (Verilog, VHDL)\n");
+}
+
+TEST(CheckCommand, ReportsASectionThatCannotBeRead) {
+    const WorkingFolder folder;
+    folder.Write("build.xml", BuildText("<ProjectLanguageConfigurationList>\n<LanguageSettings/>\n"
+                                        "</ProjectLanguageConfigurationList>\n"));
+    const TToolRun run = RunHdlbuild({"check", "build.xml"});
+    EXPECT_EQ(run.Status, kExitProblems);
+    EXPECT_EQ(run.Out, "read result 5: Build File: Error reading the Project Settings.\n");
+}
+
+TEST(CheckCommand, PrintsOneJsonObject) {
+    const WorkingFolder folder;
+    folder.Write("a.vhd", "");
+    folder.Write("b.vhd", "");
+    folder.Write("build.xml", BuildText(VhdlGroup(SourceText("a.vhd", {"b.vhd"}) +
+                                                  SourceText("b.vhd", {"a.vhd"}) +
+                                                  SourceText("a.vhd") + SourceText("gone.vhd"))));
+    const TToolRun run = RunHdlbuild({"check", "--json", "build.xml"});
+    EXPECT_EQ(run.Status, kExitProblems);
+    EXPECT_EQ(run.Out, R"({
+  "format": "hdlbuild-check",
+  "version": 1,
+  "build": "build.xml",
+  "clean": false,
+  "readResult": {
+    "number": 9,
+    "text": "Build File: Missing file(s) on load."
+  },
+  "missingFiles": [
+    {
+      "language": "VHDL",
+      "path": "gone.vhd"
+    }
+  ],
+  "cycles": [
+    {
+      "files": [
+        "a.vhd",
+        "b.vhd"
+      ],
+      "shortest": [
+        "a.vhd",
+        "b.vhd"
+      ]
+    }
+  ],
+  "repeatedSources": [
+    [
+      {
+        "language": "VHDL",
+        "path": "a.vhd"
+      },
+      {
+        "language": "VHDL",
+        "path": "a.vhd"
+      }
+    ]
+  ]
+}
+)");
+}

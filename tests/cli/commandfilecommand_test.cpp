@@ -1,0 +1,114 @@
+#include "tests/cli/toolrun.h"
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+const char* const kSettings =
+    "<GeneralConfiguration LogFileName=\"run.log\" BreakAtTimeZeroAfterCompile=\"false\"/>\n"
+    "<ProjectLanguageConfigurationList>\n"
+    "<LanguageSettings Language=\"Verilog\">\n"
+    "<SimTool>VCS</SimTool>\n"
+    "<IncludeDirectories><Directory>inc</Directory></IncludeDirectories>\n"
+    "<LibraryDirectories><Directory>my lib</Directory></LibraryDirectories>\n"
+    "<LibraryExtensions><Extension>.v</Extension><Extension>.vo</Extension></LibraryExtensions>\n"
+    "<DelayType>2</DelayType>\n"
+    "<RuntimeOptions>+go </RuntimeOptions>\n"
+    "</LanguageSettings>\n"
+    "</ProjectLanguageConfigurationList>\n";
+
+const char* const kOptions = " -l run.log -y \"my lib\" +incdir+inc+ +libext+.v+.vo +maxdelays +go ";
+
+void WriteBuild(const WorkingFolder& folder) {
+    folder.Write("a.v", "");
+    folder.Write("cells.v", "");
+    folder.Write("build.xml", BuildText(std::string(kSettings) +
+                                        "<SourceFileGroup Language=\"Verilog\">\n" +
+                                        SourceText("a.v") +
+                                        SourceText("cells.v", {}, "Library=\"true\"") +
+                                        "</SourceFileGroup>\n"));
+}
+
+}  // namespace
+
+TEST(OptionsCommand, PrintsTheVerilogOptionText) {
+    const WorkingFolder folder;
+    WriteBuild(folder);
+    const TToolRun run = RunHdlbuild({"options", "build.xml"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Out, std::string(kOptions) + "\n");
+    EXPECT_EQ(run.Err, "");
+}
+
+TEST(OptionsCommand, LeavesOutTheLogFileInTheGofForm) {
+    const WorkingFolder folder;
+    WriteBuild(folder);
+    EXPECT_EQ(RunHdlbuild({"options", "--gof", "build.xml"}).Out,
+              " -y \"my lib\" +incdir+inc+ +libext+.v+.vo +maxdelays +go \n");
+}
+
+TEST(OptionsCommand, PrintsOneJsonObject) {
+    const WorkingFolder folder;
+    WriteBuild(folder);
+    EXPECT_EQ(RunHdlbuild({"options", "--json", "--gof", "build.xml"}).Out,
+              "{\n"
+              "  \"format\": \"hdlbuild-options\",\n"
+              "  \"version\": 1,\n"
+              "  \"build\": \"build.xml\",\n"
+              "  \"options\": \" -y \\\"my lib\\\" +incdir+inc+ +libext+.v+.vo +maxdelays +go \"\n"
+              "}\n");
+}
+
+TEST(OptionsCommand, WarnsWithoutVerilogSettings) {
+    const WorkingFolder folder;
+    folder.Write("build.xml", BuildText(""));
+    const TToolRun run = RunHdlbuild({"options", "build.xml"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Out, "\n");
+    EXPECT_EQ(run.Err,
+              "hdlbuild: warning: the build has no Verilog settings: the option text is empty\n");
+}
+
+TEST(CommandFileCommand, PrintsTheBytesOfTheCommandFile) {
+    const WorkingFolder folder;
+    WriteBuild(folder);
+    const TToolRun run = RunHdlbuild({"command-file", "build.xml"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Out, std::string(kOptions) + "a.v\n-v cells.v\n");
+    EXPECT_EQ(run.Err, "");
+}
+
+TEST(CommandFileCommand, ReplacesAFileWhole) {
+    const WorkingFolder folder;
+    WriteBuild(folder);
+    folder.Write("run.f", std::string(5000, 'x'));
+    const TToolRun run = RunHdlbuild({"command-file", "-o", "run.f", "build.xml"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Out, "");
+    EXPECT_EQ(folder.Read("run.f"), std::string(kOptions) + "a.v\n-v cells.v\n");
+    EXPECT_EQ(folder.List(), "a.v\nbuild.xml\ncells.v\nrun.f\n");
+}
+
+TEST(CommandFileCommand, ReportsAFileThatCannotBeWritten) {
+    const WorkingFolder folder;
+    WriteBuild(folder);
+    const TToolRun run = RunHdlbuild({"command-file", "-o", "no such folder/run.f", "build.xml"});
+    EXPECT_EQ(run.Status, kExitFile);
+    EXPECT_EQ(run.Out, "");
+    // The reason is the system's own text.
+    EXPECT_THAT(run.Err, testing::MatchesRegex("hdlbuild: error: no such folder/run.f: .+\n"));
+    EXPECT_EQ(folder.List(), "a.v\nbuild.xml\ncells.v\n");
+}
+
+TEST(CommandFileCommand, PrintsOneJsonObject) {
+    const WorkingFolder folder;
+    folder.Write("build.xml", BuildText(""));
+    EXPECT_EQ(RunHdlbuild({"command-file", "--json", "build.xml"}).Out,
+              "{\n"
+              "  \"format\": \"hdlbuild-command-file\",\n"
+              "  \"version\": 1,\n"
+              "  \"build\": \"build.xml\",\n"
+              "  \"output\": null,\n"
+              "  \"text\": \"\"\n"
+              "}\n");
+}

@@ -1,0 +1,118 @@
+#include "tests/cli/toolrun.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+// top needs core and pkg, core needs pkg; listed the other way round.
+std::string MixedBuild() {
+    return BuildText("<SourceFileGroup Language=\"Verilog\">\n" + SourceText("v/b.v") +
+                     SourceText("v/a.v", {}, "Library=\"true\"") +
+                     "</SourceFileGroup>\n<SourceFileGroup Language=\"VHDL\">\n" +
+                     SourceText("top.vhd", {"core.vhd", "pkg.vhd"}) +
+                     SourceText("core.vhd", {"pkg.vhd"}, "PrecompiledLibrary=\"corelib\"") +
+                     SourceText("pkg.vhd", {}, "PrecompiledLibrary=\"pkglib\"") +
+                     "</SourceFileGroup>\n");
+}
+
+void WriteSources(const WorkingFolder& folder) {
+    for (const char* name : {"v/a.v", "v/b.v", "top.vhd", "core.vhd", "pkg.vhd"}) folder.Write(name, "");
+}
+
+}  // namespace
+
+TEST(OrderCommand, PrintsVhdlFilesBehindWhatTheyDependOn) {
+    const WorkingFolder folder;
+    WriteSources(folder);
+    folder.Write("build.xml", MixedBuild());
+    const TToolRun run = RunHdlbuild({"order", "build.xml"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Out, "pkg.vhd\ncore.vhd\ntop.vhd\n");
+    EXPECT_EQ(run.Err, "");
+}
+
+TEST(OrderCommand, PrintsOtherLanguagesInGroupOrder) {
+    const WorkingFolder folder;
+    WriteSources(folder);
+    folder.Write("build.xml", MixedBuild());
+    EXPECT_EQ(RunHdlbuild({"order", "--language", "verilog", "build.xml"}).Out, "v/b.v\nv/a.v\n");
+    EXPECT_EQ(RunHdlbuild({"order", "--language", "SystemC", "build.xml"}).Out, "");
+}
+
+TEST(OrderCommand, PrintsTheLibraryOfEachFile) {
+    const WorkingFolder folder;
+    WriteSources(folder);
+    folder.Write("build.xml", MixedBuild());
+    EXPECT_EQ(RunHdlbuild({"order", "--tsv", "build.xml"}).Out,
+              "pkglib\tpkg.vhd\ncorelib\tcore.vhd\nwork\ttop.vhd\n");
+}
+
+TEST(OrderCommand, PrintsAbsolutePathsOnRequest) {
+    const WorkingFolder folder;
+    WriteSources(folder);
+    folder.Write("build.xml", MixedBuild());
+    EXPECT_EQ(RunHdlbuild({"order", "--absolute", "build.xml"}).Out,
+              folder.Path("pkg.vhd") + "\n" + folder.Path("core.vhd") + "\n" +
+                  folder.Path("top.vhd") + "\n");
+}
+
+TEST(OrderCommand, PrintsPathsRelativeToTheCurrentDirectory) {
+    const WorkingFolder folder;
+    folder.Write("project/pkg.vhd", "");
+    folder.Write("project/build.xml",
+                 BuildText("<SourceFileGroup Language=\"VHDL\">\n" + SourceText("pkg.vhd") +
+                           "</SourceFileGroup>\n"));
+    EXPECT_EQ(RunHdlbuild({"order", "project/build.xml"}).Out, "project/pkg.vhd\n");
+}
+
+TEST(OrderCommand, PrintsOneJsonObject) {
+    const WorkingFolder folder;
+    folder.Write("a.vhd", "");
+    folder.Write("build.xml", BuildText("<SourceFileGroup Language=\"VHDL\">\n" +
+                                        SourceText("a.vhd") + "</SourceFileGroup>\n"));
+    EXPECT_EQ(RunHdlbuild({"order", "--json", "build.xml"}).Out,
+              "{\n"
+              "  \"format\": \"hdlbuild-order\",\n"
+              "  \"version\": 1,\n"
+              "  \"build\": \"build.xml\",\n"
+              "  \"language\": \"VHDL\",\n"
+              "  \"files\": [\n"
+              "    {\n"
+              "      \"library\": \"work\",\n"
+              "      \"path\": \"a.vhd\"\n"
+              "    }\n"
+              "  ]\n"
+              "}\n");
+}
+
+TEST(OrderCommand, PrintsTheOrderOfACycleAndReportsIt) {
+    const WorkingFolder folder;
+    folder.Write("x.vhd", "");
+    folder.Write("y.vhd", "");
+    folder.Write("build.xml",
+                 BuildText("<SourceFileGroup Language=\"VHDL\">\n" + SourceText("x.vhd", {"y.vhd"}) +
+                           SourceText("y.vhd", {"x.vhd"}) + "</SourceFileGroup>\n"));
+    const TToolRun run = RunHdlbuild({"order", "build.xml"});
+    EXPECT_EQ(run.Status, kExitProblems);
+    EXPECT_EQ(run.Out, "y.vhd\nx.vhd\n");
+    EXPECT_EQ(run.Err,
+              "hdlbuild: warning: the dependencies have 1 cycle; 'hdlbuild check' shows them\n");
+}
+
+TEST(OrderCommand, PrintsTheOrderOfABuildWithMissingFilesAndReportsIt) {
+    const WorkingFolder folder;
+    folder.Write("build.xml", BuildText("<SourceFileGroup Language=\"VHDL\">\n" +
+                                        SourceText("gone.vhd") + "</SourceFileGroup>\n"));
+    const TToolRun run = RunHdlbuild({"order", "build.xml"});
+    EXPECT_EQ(run.Status, kExitProblems);
+    EXPECT_EQ(run.Out, "gone.vhd\n");
+    EXPECT_EQ(run.Err, "hdlbuild: error: Build File: Missing file(s) on load.\n");
+}
+
+TEST(OrderCommand, RefusesAnUnknownLanguage) {
+    const WorkingFolder folder;
+    folder.Write("build.xml", BuildText(""));
+    const TToolRun run = RunHdlbuild({"order", "--language", "Pascal", "build.xml"});
+    EXPECT_EQ(run.Status, kExitUsage);
+    EXPECT_EQ(run.Out, "");
+    EXPECT_EQ(run.Err, "hdlbuild: error: unknown language 'Pascal'\n");
+}

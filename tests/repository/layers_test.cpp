@@ -1,0 +1,152 @@
+#include <gtest/gtest.h>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kSources = fs::path(HDLBUILDFILE_SOURCE_DIR) / "src";
+
+/// Which folders each folder may include, itself aside.
+const std::map<std::string, std::set<std::string>> kPermitted = {
+    {"sibling", {}},
+    {"filenames", {"sibling"}},
+    {"settings", {"sibling"}},
+    {"simtools", {"sibling"}},
+    {"translation", {"sibling"}},
+    {"projectfiles", {"sibling", "filenames", "settings", "simtools", "translation"}},
+    {"buildfile",
+     {"sibling", "filenames", "settings", "simtools", "translation", "projectfiles"}},
+    {"cli",
+     {"sibling", "filenames", "settings", "simtools", "translation", "projectfiles", "buildfile"}},
+};
+
+struct TSource {
+    std::string Name;  // from src/ on, with '/'
+    std::string Text;
+    std::vector<std::string> Includes;  // those in double quotes
+};
+
+std::string ReadText(const fs::path& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+const std::vector<TSource>& Sources() {
+    static const std::vector<TSource> sources = [] {
+        const std::regex include("#include \"([^\"]+)\"");
+        std::vector<TSource> found;
+        for (const auto& entry : fs::recursive_directory_iterator(kSources)) {
+            const std::string extension = entry.path().extension().string();
+            if (extension != ".h" && extension != ".cpp" && extension != ".inl") continue;
+            TSource& source = found.emplace_back();
+            source.Name = entry.path().lexically_relative(kSources).generic_string();
+            source.Text = ReadText(entry.path());
+            for (std::sregex_iterator at(source.Text.begin(), source.Text.end(), include), end;
+                 at != end; ++at)
+                source.Includes.push_back((*at)[1]);
+        }
+        return found;
+    }();
+    return sources;
+}
+
+const TSource* FindSource(const std::string& name) {
+    for (const TSource& source : Sources())
+        if (source.Name == name) return &source;
+    return nullptr;
+}
+
+std::string FolderOf(const std::string& name) { return name.substr(0, name.find('/')); }
+
+/// A header is public when it exports something, or says that it is for callers.
+bool IsPublic(const TSource& source) {
+    if (!source.Name.ends_with(".h") || FolderOf(source.Name) == "cli") return false;
+    if (source.Name == "hdlbuildfile.h" || source.Name == "sibling/api.h") return false;
+    for (const char* mark : {"HDLBUILDFILE_API", "HDLBUILDFILE_SHARED_TYPE", "// Public: "})
+        if (source.Text.find(mark) != std::string::npos) return true;
+    return false;
+}
+
+}  // namespace
+
+TEST(Layers, IncludeOnlyLowerFolders) {
+    ASSERT_GT(Sources().size(), 50u);
+    for (const TSource& source : Sources()) {
+        const std::string folder = FolderOf(source.Name);
+        if (folder == source.Name) continue;  // the umbrella header
+        ASSERT_TRUE(kPermitted.contains(folder)) << "unknown folder: " << source.Name;
+        for (const std::string& include : source.Includes) {
+            const std::string target = FolderOf(include);
+            EXPECT_TRUE(target == folder || kPermitted.at(folder).contains(target))
+                << source.Name << " includes " << include;
+        }
+    }
+}
+
+TEST(Layers, NameEveryIncludeFromTheIncludeRoot) {
+    for (const TSource& source : Sources())
+        for (const std::string& include : source.Includes)
+            EXPECT_TRUE(FindSource(include)) << source.Name << " includes " << include;
+}
+
+TEST(Layers, HaveNoIncludeCycle) {
+    // Takes away headers that include nothing left until none goes: what remains stands on a cycle.
+    std::map<std::string, std::set<std::string>> left;
+    for (const TSource& source : Sources())
+        if (!source.Name.ends_with(".inl"))
+            for (const std::string& include : source.Includes)
+                if (!include.ends_with(".inl")) left[source.Name].insert(include);
+    for (bool changed = true; changed;) {
+        changed = false;
+        for (auto entry = left.begin(); entry != left.end();) {
+            std::erase_if(entry->second,
+                          [&left](const std::string& name) { return !left.contains(name); });
+            if (entry->second.empty()) {
+                entry = left.erase(entry);
+                changed = true;
+            } else {
+                ++entry;
+            }
+        }
+    }
+    for (const auto& [name, includes] : left) ADD_FAILURE() << name << " stands on a cycle";
+}
+
+TEST(Layers, UmbrellaHeaderIncludesEveryPublicHeader) {
+    const TSource* umbrella = FindSource("hdlbuildfile.h");
+    ASSERT_TRUE(umbrella);
+    std::set<std::string> expected;
+    for (const TSource& source : Sources())
+        if (IsPublic(source)) expected.insert(source.Name);
+    EXPECT_EQ(std::set<std::string>(umbrella->Includes.begin(), umbrella->Includes.end()),
+              expected);
+}
+
+TEST(Layers, PublicHeadersNeedOnlyPublicHeaders) {
+    for (const TSource& source : Sources()) {
+        if (!IsPublic(source)) continue;
+        for (const std::string& include : source.Includes) {
+            const TSource* target = FindSource(include);
+            if (!target || include.ends_with(".inl") || include == "sibling/api.h") continue;
+            EXPECT_TRUE(IsPublic(*target)) << source.Name << " includes private " << include;
+        }
+    }
+}
+
+TEST(Layers, ToolUsesOnlyPublicHeaders) {
+    for (const TSource& source : Sources()) {
+        if (FolderOf(source.Name) != "cli") continue;
+        for (const std::string& include : source.Includes) {
+            const TSource* target = FindSource(include);
+            if (!target || FolderOf(include) == "cli") continue;
+            EXPECT_TRUE(IsPublic(*target)) << source.Name << " includes private " << include;
+        }
+    }
+}
