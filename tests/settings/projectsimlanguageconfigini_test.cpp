@@ -347,14 +347,16 @@ TEST(ProjectSimLanguageConfigIni, WritesDirectoriesAsPeopleKnowThem) {
         const ISFileName* ProjectFile;
         TTexts Expected;
     };
-    const TTexts stored = {"D:\\p\\a", "D:\\q\\", "H:\\home\\b", "./", "$IP/c"};
+    const TTexts stored = {"D:\\p\\a", "D:\\q\\", "H:\\home\\b", "./", "$IP/c", "D:\\p\\$IP"};
     const TRow rows[] = {
-        {"project", FileNamed("D:\\p\\x.hpj"), {"a", "D:\\q\\", "H:\\home\\b", "./", "$IP/c"}},
+        {"project",
+         FileNamed("D:\\p\\x.hpj"),
+         {"a", "D:\\q\\", "H:\\home\\b", "./", "$IP/c", "D:\\p\\$IP"}},
         {"none", nullptr, stored},
         {"blank", ISFileName::BlankFileName, stored},
         {"user's INI file",
          FileNamed(userFile.c_str()),
-         {"D:\\p\\a", "D:\\q\\", "b", "./", "$IP/c"}},
+         {"D:\\p\\a", "D:\\q\\", "b", "./", "$IP/c", "D:\\p\\$IP"}},
         {"system's INI file", GetSystemIniFile(), stored},
     };
     for (const TRow& row : rows) {

@@ -132,14 +132,21 @@ TEST(ProjectSimLanguageConfigXml, WritesDirectoriesRelativeToTheDocument) {
         std::vector<std::string> Expected;
     };
     const TRow rows[] = {
-        {"same directory", "D:\\p\\x.hpj", {"inc", ".", "../q", "C:\\c\\", "./", "%IP%"}},
-        {"deeper", "D:\\p\\build\\x.hbf", {"../inc", "../", "../../q", "C:\\c\\", "./", "%IP%"}},
-        {"no file", nullptr, {"D:\\p\\inc", "D:\\p\\", "D:\\q", "C:\\c\\", "./", "%IP%"}},
+        {"same directory",
+         "D:\\p\\x.hpj",
+         {"inc", ".", "../q", "C:\\c\\", "./", "%IP%", "D:\\p\\$IP"}},
+        {"deeper",
+         "D:\\p\\build\\x.hbf",
+         {"../inc", "../", "../../q", "C:\\c\\", "./", "%IP%", "D:\\p\\$IP"}},
+        {"no file",
+         nullptr,
+         {"D:\\p\\inc", "D:\\p\\", "D:\\q", "C:\\c\\", "./", "%IP%", "D:\\p\\$IP"}},
     };
     for (const TRow& row : rows) {
         TConfig settings;
         settings.SetTool(SIM_ZORVIK_VERILOG);
-        for (const char* directory : {"D:\\p\\inc", "D:\\p\\", "D:\\q", "C:\\c\\", "./", "%IP%"})
+        for (const char* directory :
+             {"D:\\p\\inc", "D:\\p\\", "D:\\q", "C:\\c\\", "./", "%IP%", "D:\\p\\$IP"})
             settings.AddIncludeDirectory(directory, false);
         EXPECT_EQ(Written(settings, row.Document),
                   TextElement("SimTool", GetSimulatorNameFromType(SIM_ZORVIK_VERILOG)) +
@@ -381,6 +388,8 @@ TEST(ProjectSimLanguageConfigXml, KeepsWhatItReadBeforeABreak) {
         {"directory without text",
          "START IncludeDirectories\nSTART Directory\nEND Directory\nEND IncludeDirectories\n",
          "false at TAIL", "include=\nlibrary=\nextensions="},
+        {"end of an item missing", "START Unknown\nTEXT x\nEND LanguageSettings\n", "false at TAIL",
+         "include=<old>\nlibrary=\nextensions="},
         {"end of a list missing",
          "START IncludeDirectories\n" + directory + "END LanguageSettings\n",
          "false at END LanguageSettings", "include=<old>\nlibrary=\nextensions="},

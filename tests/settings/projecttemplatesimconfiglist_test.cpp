@@ -48,6 +48,21 @@ TEST(ProjectTemplateSimConfigList, MakesTheTemplatesInOrderWithoutCurrent) {
     EXPECT_EQ(log.Take(), "");
 }
 
+TEST(ProjectTemplateSimConfigList, ResetsTheOptionsAgainForTheSimulatorsOfATemplate) {
+    RecordingLog log(1);
+    TList().ResetAllTemplateConfigurations();
+    std::map<std::string, int> counts;
+    std::istringstream lines(log.Take());
+    for (std::string line; std::getline(lines, line);) ++counts[line.substr(0, line.find('('))];
+    // Four templates: five languages each by their defaults, then two by the template.
+    const std::map<std::string, int> expected = {
+        {"[Default] --> TProjectSimLanguageConfig::SetTool", 28},
+        {"[Default] <-- TProjectSimLanguageConfig::SetTool", 28},
+        {"[Default] --> TProjectSimLanguageConfig::ResetDefaultSettingsOptions", 28},
+        {"[Default] <-- TProjectSimLanguageConfig::ResetDefaultSettingsOptions", 28}};
+    EXPECT_EQ(counts, expected);
+}
+
 TEST(ProjectTemplateSimConfigList, ResetsTheTemplatesThereAreAndKeepsOthers) {
     TList list;
     Fill(list, {"own", "ModelSim", "SimZorvik_Debug"});

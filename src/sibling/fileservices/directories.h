@@ -11,7 +11,8 @@ HDLBUILDFILE_API const char* GetOrvaneHomeDirectory();
 /// configuration folder elsewhere, each with "hdlbuildfile" below it. Reading never creates it.
 HDLBUILDFILE_API const char* GetTalveraAppDataDirectory();
 
-/// Null or empty restores the built-in directory.
+/// Null or empty restores the built-in directory. Setting drops the process's property cache, whose
+/// files may lie there.
 HDLBUILDFILE_API void SetOrvaneHomeDirectory(const char* directory);
 HDLBUILDFILE_API void SetTalveraAppDataDirectory(const char* directory);
 

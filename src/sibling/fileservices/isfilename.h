@@ -21,7 +21,11 @@ public:
 ///
 /// A stamp is a file's modification time and size. Per key, "last loaded" and "last compiled" are
 /// kept apart. Times pass as one word: nanoseconds since 1970 UTC where `unsigned long` has 64
-/// bits, seconds where it has 32; 0 is "no file" or "never". Null keys count as "".
+/// bits,/// seconds where it has 32; 0 is "no file" or "never". Null keys count as "".
+///
+/// As callers share a handle, the operations that change a name do nothing to it. The handle of the
+/// empty name records nothing and answers false, 0 and "". Pieces of names live as long as the
+/// process.
 class HDLBUILDFILE_API ISFileName : public virtual IFileName,
                                     public TEmbeddedObserverMgr<ASFileNameObserver> {
 public:

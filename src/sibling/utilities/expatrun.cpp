@@ -44,7 +44,6 @@ bool TExpatRun::Feed(std::string_view part, bool isLast) {
 }
 
 void TExpatRun::Refuse(std::string reason) {
-    if (Stopped) return;
     Reason = std::move(reason);
     FailurePlace = GetTokenBegin();
     Stop();

@@ -1,6 +1,6 @@
 #include "sibling/utilities/inifile.h"
 
-#include <algorithm>
+#include "sibling/utilities/iniline.h"
 #include <cstddef>
 #include <unordered_map>
 #define SI_IMPLEMENTATION
@@ -10,125 +10,9 @@
 
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view kBlanks = " \t";
-constexpr std::string_view kLineEnds = "\r\n";
-
-bool HasOuterBlank(std::string_view text) {
-    return !text.empty() && (kBlanks.find(text.front()) != std::string_view::npos ||
-                             kBlanks.find(text.back()) != std::string_view::npos);
-}
-
-bool IsQuoted(std::string_view text) {
-    return text.size() >= 2 && text.front() == '"' && text.back() == '"';
-}
-
-// A name that its line cannot hold as it is stands in double quotes there, with its awkward bytes
-// as %XX. A name that looks like such a form takes it too, so that no two names share one.
-bool LooksEncoded(std::string_view name) {
-    return IsQuoted(name) && (name.size() == 2 || name.find('%') != std::string_view::npos);
-}
-
-std::string Encoded(std::string_view name) {
-    static constexpr char kDigits[] = "0123456789ABCDEF";
-    std::string encoded = "\"";
-    for (const char c : name) {
-        if (std::string_view("\r\n\t =%\";#[").find(c) == std::string_view::npos) {
-            encoded += c;
-            continue;
-        }
-        encoded += '%';
-        encoded += kDigits[c >> 4];
-        encoded += kDigits[c & 15];
-    }
-    return encoded + '"';
-}
-
-int HexDigit(char c) {
-    if (c >= '0' && c <= '9') return c - '0';
-    return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
-}
-
-std::string Decoded(std::string_view stored) {
-    if (!LooksEncoded(stored)) return std::string(stored);
-    stored = stored.substr(1, stored.size() - 2);
-    std::string name;
-    for (std::size_t i = 0; i < stored.size(); ++i) {
-        const bool hasDigits = stored[i] == '%' && i + 2 < stored.size() &&
-                               HexDigit(stored[i + 1]) >= 0 && HexDigit(stored[i + 2]) >= 0;
-        if (!hasDigits) {
-            name += stored[i];
-            continue;
-        }
-        name += static_cast<char>(HexDigit(stored[i + 1]) * 16 + HexDigit(stored[i + 2]));
-        i += 2;
-    }
-    return name;
-}
-
-std::string StoredSection(std::string_view section) {
-    const bool fits =
-        section.find_first_of(kLineEnds) == std::string_view::npos && !LooksEncoded(section);
-    return fits ? std::string(section) : Encoded(section);
-}
-
-std::string StoredKey(std::string_view key) {
-    const bool fits = !key.empty() && key.find_first_of("\r\n=") == std::string_view::npos &&
-                      std::string_view(";#[").find(key.front()) == std::string_view::npos &&
-                      !HasOuterBlank(key) && !LooksEncoded(key);
-    return fits ? std::string(key) : Encoded(key);
-}
-
-std::string StoredValue(const std::string& value) {
-    return HasOuterBlank(value) || IsQuoted(value) ? '"' + value + '"' : value;
-}
-
-std::string_view WithoutByteOrderMark(std::string_view text) {
-    if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
-    return text;
-}
-
-std::string_view WithoutOuterBlanks(std::string_view text) {
-    const auto first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
-enum class TLineKind { Section, Key, Other };
-
-struct TLine {
-    std::string_view Text;  // without its line end
-    std::string_view End;
-    TLineKind Kind = TLineKind::Other;
-    std::string_view Name;  // of the section or key, as stored
-};
-
-void Classify(TLine* line) {
-    const auto text = WithoutOuterBlanks(line->Text);
-    if (text.empty() || text.front() == ';' || text.front() == '#') return;
-    const bool isSection = text.front() == '[';
-    const auto end = isSection ? text.rfind(']') : text.find('=');
-    if (end == std::string_view::npos || end == 0) return;
-    line->Kind = isSection ? TLineKind::Section : TLineKind::Key;
-    line->Name = isSection ? text.substr(1, end - 1) : WithoutOuterBlanks(text.substr(0, end));
-}
-
-/// Cuts the first line off `*text`.
-TLine TakeLine(std::string_view* text) {
-    TLine line;
-    const auto length = std::min(text->find_first_of(kLineEnds), text->size());
-    line.Text = text->substr(0, length);
-    text->remove_prefix(length);
-    const std::size_t endLength = text->starts_with("\r\n") ? 2 : text->empty() ? 0 : 1;
-    line.End = text->substr(0, endLength);
-    text->remove_prefix(endLength);
-    Classify(&line);
-    return line;
-}
-
-std::vector<TLine> LinesOf(std::string_view text) {
-    std::vector<TLine> lines;
-    while (!text.empty()) lines.push_back(TakeLine(&text));
+std::vector<TIniLine> LinesOf(std::string_view text) {
+    std::vector<TIniLine> lines;
+    while (!text.empty()) lines.push_back(TakeIniLine(&text));
     return lines;
 }
 
@@ -177,11 +61,11 @@ private:
         ChangesOfLines.resize(Lines.size());
         std::string_view section;
         for (std::size_t i = 0; i < Lines.size(); ++i) {
-            const TLine& line = Lines[i];
-            if (line.Kind == TLineKind::Other) continue;
-            if (line.Kind == TLineKind::Section) section = line.Name;
+            const TIniLine& line = Lines[i];
+            if (line.Kind == TIniLineKind::Other) continue;
+            if (line.Kind == TIniLineKind::Section) section = line.Name;
             LastLines[std::string(section)] = i;
-            if (line.Kind == TLineKind::Section) continue;
+            if (line.Kind == TIniLineKind::Section) continue;
             const auto change = byAddress.find(AddressOf(section, line.Name));
             if (change == byAddress.end()) continue;
             ChangesOfLines[i] = change->second;
@@ -208,15 +92,15 @@ private:
     }
 
     void AppendLine(std::size_t index) {
-        const TLine& line = Lines[index];
+        const TIniLine& line = Lines[index];
         const TIniChange* change = ChangesOfLines[index];
         if (change && !change->Value) return;
         if (!change || LinesOfChanges[change] != index) {
             Result.append(line.Text).append(line.End);
             return;
         }
-        const auto value = line.Text.find_first_not_of(kBlanks, line.Text.find('=') + 1);
-        Result.append(line.Text.substr(0, value)).append(StoredValue(*change->Value));
+        const auto value = line.Text.find_first_not_of(kIniBlanks, line.Text.find('=') + 1);
+        Result.append(line.Text.substr(0, value)).append(StoredIniValue(*change->Value));
         Result.append(line.End);
     }
 
@@ -229,7 +113,7 @@ private:
     void AppendNewKey(const TIniChange& change) {
         EndLine();
         Result.append(TAddressParts(change.Address).Key).append("=");
-        Result.append(StoredValue(*change.Value)).append(LineEnd);
+        Result.append(StoredIniValue(*change.Value)).append(LineEnd);
     }
 
     void AppendNewSections() {
@@ -242,11 +126,11 @@ private:
     }
 
     void EndLine() {
-        if (!Result.empty() && kLineEnds.find(Result.back()) == std::string_view::npos)
+        if (!Result.empty() && kIniLineEnds.find(Result.back()) == std::string_view::npos)
             Result += LineEnd;
     }
 
-    std::vector<TLine> Lines;
+    std::vector<TIniLine> Lines;
     std::string LineEnd;
     const std::vector<TIniChange>& Changes;
     std::unordered_map<std::string, std::size_t> LastLines;  // by section: its last one that counts
@@ -261,7 +145,7 @@ private:
 }  // namespace
 
 std::string IniAddress(std::string_view section, std::string_view key) {
-    return AddressOf(StoredSection(section), StoredKey(key));
+    return AddressOf(StoredIniSection(section), StoredIniKey(key));
 }
 
 std::string IniSectionOf(std::string_view address) {
@@ -269,7 +153,7 @@ std::string IniSectionOf(std::string_view address) {
 }
 
 std::string IniKeyOf(std::string_view address) {
-    return Decoded(TAddressParts(address).Key);
+    return NameFromIni(TAddressParts(address).Key);
 }
 
 std::string MergedIniText(std::string_view text, const std::vector<TIniChange>& changes) {
@@ -300,10 +184,10 @@ void TIniValues::Parse(std::string_view text) {
     std::string lines = "[" + Store->NumberOf("") + "]\n";
     text = WithoutByteOrderMark(text);
     while (!text.empty()) {
-        const TLine line = TakeLine(&text);
-        if (line.Kind == TLineKind::Section)
+        const TIniLine line = TakeIniLine(&text);
+        if (line.Kind == TIniLineKind::Section)
             lines.append("[").append(Store->NumberOf(line.Name)).append("]\n");
-        else if (line.Kind == TLineKind::Key)
+        else if (line.Kind == TIniLineKind::Key)
             lines.append(line.Text).append("\n");
     }
     Store->Values.LoadData(lines.data(), lines.size());
@@ -315,8 +199,7 @@ std::optional<std::string> TIniValues::Find(const std::string& address) const {
     if (number == Store->Numbers.end()) return {};
     const char* value = Store->Values.GetValue(number->second.c_str(), parts.Key.c_str());
     if (!value) return {};
-    const std::string_view text = value;
-    return std::string(IsQuoted(text) ? text.substr(1, text.size() - 2) : text);
+    return ValueFromIni(value);
 }
 
 void TIniValues::AppendAddresses(const std::string& section,

@@ -24,11 +24,10 @@ std::unordered_set<std::string>& GetUnreadFiles() {
 }
 
 std::string GetFileKey(const ISFileName* file) {
-    const std::string path = file->Canonical(false);
 #ifdef _WIN32
-    return FoldCase(path);
+    return FoldCase(file->Canonical(false));
 #else
-    return path;
+    return file->Canonical(false);
 #endif
 }
 

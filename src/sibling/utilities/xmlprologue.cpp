@@ -10,7 +10,7 @@ constexpr std::string_view kEntity = "<!ENTITY";
 class TPrologueReader {
 public:
     explicit TPrologueReader(const TXMLEncoding& encoding) : Run(encoding, this) {
-        const XML_Parser parser = Run.GetParser();
+        XML_Parser parser = Run.GetParser();
         XML_SetDefaultHandler(parser, OnDeclarationToken);
         XML_SetEndDoctypeDeclHandler(parser, OnDocumentTypeEnd);
         XML_SetStartElementHandler(parser, OnStartElement);

@@ -15,7 +15,7 @@ public:
           UnitSize(encoding.UnitSize),
           DroppedRoot(droppedRoot),
           Elements(*elements) {
-        const XML_Parser parser = Run.GetParser();
+        XML_Parser parser = Run.GetParser();
         XML_SetElementHandler(parser, OnStart, OnEnd);
         XML_SetCharacterDataHandler(parser, OnText);
         XML_SetStartCdataSectionHandler(parser, OnCdataSection);

@@ -111,9 +111,10 @@ private:
         if (Open.size() == RootLevels + kMaxXMLNesting)
             return Fail("elements are nested deeper than " + std::to_string(kMaxXMLNesting));
         HasElement = true;
+        const std::size_t size = Document.size();
         if (!Save(element, GetIndent())) return false;
         Open.push_back(&element);
-        AfterStart = Document.ends_with('>');
+        AfterStart = Document.size() > size && Document.ends_with('>');
         AfterText = false;
         return true;
     }
@@ -180,7 +181,7 @@ private:
             return place + DescribeForbidden(element.Text.Str());
         for (const auto& [name, value] : element.GetAttributes())
             if (HasForbiddenCharacter(value))
-                return "attribute \"" + name + "\" of " + place + DescribeForbidden(value);
+                return ("attribute \"" + name + "\" of ").append(place + DescribeForbidden(value));
         return place + " cannot be written";
     }
 

@@ -111,16 +111,18 @@ TEST(UtilFileName, TellsAndStripsParts) {
 }
 
 TEST(UtilFileName, KeepsTheTextsItGaveOut) {
-    const TUtilFileName name("C:\\p\\a.v", 1);
+    // Long enough to be stored outside the string objects.
+    const TUtilFileName name("C:\\a_folder_with_a_long_name\\a_file_with_a_long_name.v", 1);
     const char* const directory = name.GetParts(PART_DIRECTORY);
     const char* const extension = name.GetParts(PART_EXTENSION);
     const char* const canonical = name.Canonical();
     const TUtilFileName copy = name;
-    EXPECT_STREQ(name.CanonicalWithoutFinalSlash(), "C:\\p\\a.v");
-    EXPECT_STREQ(directory, "C:\\p\\");
+    EXPECT_EQ(name.GetParts(PART_DIRECTORY), directory);
+    EXPECT_EQ(name.Canonical(), canonical);
+    EXPECT_STREQ(directory, "C:\\a_folder_with_a_long_name\\");
     EXPECT_STREQ(extension, ".v");
-    EXPECT_STREQ(canonical, "C:\\p\\a.v");
-    EXPECT_STREQ(copy.GetParts(PART_NAME), "a");
+    EXPECT_STREQ(canonical, "C:\\a_folder_with_a_long_name\\a_file_with_a_long_name.v");
+    EXPECT_STREQ(copy.GetParts(PART_NAME), "a_file_with_a_long_name");
 }
 
 }  // namespace

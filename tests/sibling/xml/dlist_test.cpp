@@ -175,6 +175,7 @@ TEST(DListNodePool, GivesReleasedNodesToTheNextListThatAsks) {
 
 TEST(DListNodePool, KeepsManyListsApart) {
     std::vector<Item> items;
+    items.reserve(20000);
     for (int number = 0; number < 20000; ++number) items.emplace_back(number);
     DList<Item*> even, odd;
     for (Item& item : items) (item.Number % 2 ? odd : even).AddAtTail(&item);

@@ -8,7 +8,8 @@ namespace {
 
 std::string TextOf(const TAttributeList& list) {
     std::string text;
-    for (const auto& [name, value] : list.GetAttributes()) text += name + "=" + value + ";";
+    for (const auto& [name, value] : list.GetAttributes())
+        text.append(name).append("=").append(value).append(";");
     return text;
 }
 

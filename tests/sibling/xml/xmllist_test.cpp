@@ -113,27 +113,26 @@ TEST(XMLList, KeepsAttributesOnStartElementsOnly) {
 TEST(XMLList, FindsTheNextStartWithinItsBound) {
     struct Row {
         const char* Label;
+        const char *Name, *Enclosing, *Position;
         int Steps;
-        const char *Name, *Enclosing;
         bool Found;
-        const char* Position;
     };
     const char* const elements =
         "START p\nSTART tag n=1\nEND tag\nSTART tag n=2\nEND tag\nEND p\nSTART tag n=3\nEND tag\n";
     const Row rows[] = {
-        {"from the beginning", 0, "tag", "p", true, "START tag n=1"},
-        {"the current element counts", 1, "tag", "p", true, "START tag n=1"},
-        {"from an END", 2, "tag", "p", true, "START tag n=2"},
-        {"behind the bound", 4, "tag", "p", false, "END tag"},
-        {"at the bound", 5, "tag", "p", false, "END p"},
-        {"without a bound", 5, "tag", nullptr, true, "START tag n=3"},
-        {"with an empty bound", 4, "tag", "", true, "START tag n=3"},
-        {"with a bound that never closes", 4, "tag", "q", true, "START tag n=3"},
-        {"bound by a START only", 0, "tag", "tag", true, "START tag n=1"},
-        {"absent", 0, "absent", nullptr, false, "START p"},
-        {"other case", 0, "Tag", nullptr, false, "START p"},
-        {"null", 0, nullptr, nullptr, false, "START p"},
-        {"at the tail", 8, "tag", nullptr, false, "TAIL"},
+        {"from the beginning", "tag", "p", "START tag n=1", 0, true},
+        {"the current element counts", "tag", "p", "START tag n=1", 1, true},
+        {"from an END", "tag", "p", "START tag n=2", 2, true},
+        {"behind the bound", "tag", "p", "END tag", 4, false},
+        {"at the bound", "tag", "p", "END p", 5, false},
+        {"without a bound", "tag", nullptr, "START tag n=3", 5, true},
+        {"with an empty bound", "tag", "", "START tag n=3", 4, true},
+        {"with a bound that never closes", "tag", "q", "START tag n=3", 4, true},
+        {"bound by a START only", "tag", "tag", "START tag n=1", 0, true},
+        {"absent", "absent", nullptr, "START p", 0, false},
+        {"other case", "Tag", nullptr, "START p", 0, false},
+        {"null", nullptr, nullptr, "START p", 0, false},
+        {"at the tail", "tag", nullptr, "TAIL", 8, false},
     };
     TXMLList list;
     PushElements(&list, elements);

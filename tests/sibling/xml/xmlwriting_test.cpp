@@ -346,6 +346,17 @@ TEST(XMLWriting, WritesWhatAnOverridingListSaves) {
     EXPECT_EQ(DocumentOf(list), "<a>LOUD</a>\n");
 }
 
+TEST(XMLWriting, LeavesOutTheTagsThatAnOverridingListLeavesOut) {
+    class PlainList : public TXMLList {
+    public:
+        void SaveElement(TElement* element, std::ostream& stream, int indent) override {
+            if (element->Name != TMyString("b")) TXMLList::SaveElement(element, stream, indent);
+        }
+    } list;
+    PushElements(&list, "START a\nSTART b\nEND b\nEND a\n");
+    EXPECT_EQ(DocumentOf(list), "<a>\n</a>\n");
+}
+
 TEST(XMLWriting, TellsTheElementThatAListFailsToSave) {
     class FailingList : public TXMLList {
     public:
