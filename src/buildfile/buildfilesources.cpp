@@ -54,7 +54,9 @@ bool THdlBuildFile::AddSourceFile(IHdlSourceFile* source, bool atHead) {
 IHdlSourceFile* THdlBuildFile::CreateOrGetSourceFile(const char* fileName) {
     const ISFileName* name = ISFileName::NewISFileName(ResolveAgainstProject(fileName).c_str());
     IHdlSourceFile* source = Parts->SourceFileGroups.GetSourceFileOrDependency(name);
-    return source ? source : Parts->SourceFileOwner.MakeSourceFile(name);
+    if (!source) return Parts->SourceFileOwner.MakeSourceFile(name);
+    ReportNamesake(source->GetFileName(), name);
+    return source;
 }
 
 std::string THdlBuildFile::ResolveAgainstProject(const char* path) const {

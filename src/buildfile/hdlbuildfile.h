@@ -1,7 +1,7 @@
 #pragma once
 #include "buildfile/hdlbuildfilereadresults.h"
 #include "projectfiles/ibuildmanager.h"
-#include "projectfiles/iprojectcomponent.h"
+#include "sibling/designdatabase/iprojectcomponent.h"
 #include "sibling/fileservices/environment.h"
 #include "sibling/utilities/timebase.h"
 #include "sibling/utilities/xmllist.h"

@@ -1,30 +1,8 @@
 #include "cli/buildloader.h"
+#include "cli/filereports.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "sibling/fileservices/isfilename.h"
-#include "sibling/fileservices/messagebox.h"
-
-namespace {
-
-/// Swallows what the library would tell a user at a screen: the commands report it themselves.
-class TQuietMessageBox : public IMessageBox {
-public:
-    TQuietMessageBox() : Former(Fileservices::SetMessageBox(this)) {}
-    ~TQuietMessageBox() override { Fileservices::SetMessageBox(Former); }
-    void ShowMessage(const char*, const char*, int) override {}
-
-private:
-    IMessageBox* Former;
-};
-
-std::string ErrorText(const TXMLReadError& error) {
-    if (error.Missing) return error.File + ": the file does not exist";
-    if (error.Line == 0) return error.File + ": " + error.Reason;
-    return error.File + ":" + std::to_string(error.Line) + ":" + std::to_string(error.Column) +
-           ": " + error.Reason;
-}
-
-}  // namespace
 
 int LoadBuild(const TToolArguments& arguments, const TToolStreams& streams, THdlBuildFile* build) {
     const TQuietMessageBox quiet;
@@ -33,7 +11,7 @@ int LoadBuild(const TToolArguments& arguments, const TToolStreams& streams, THdl
     TXMLReadError error = build->GetReadError();
     if (!error.IsError()) return result == 0 ? kExitDone : kExitProblems;
     error.File = arguments.Build;  // as the user typed it
-    ReportError(streams, ErrorText(error));
+    ReportError(streams, ReadErrorText(error));
     return kExitFile;
 }
 
@@ -60,8 +38,8 @@ std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build) {
 
 const std::vector<THdlLanguage>& SelectableLanguages() {
     static const std::vector<THdlLanguage> languages = {
-        LANGUAGE_VERILOG,   LANGUAGE_VHDL,        LANGUAGE_BLUESPECVERILOG, LANGUAGE_SYSTEMC,
-        LANGUAGE_CPLUSPLUS, LANGUAGE_RESERVED5,   LANGUAGE_SPECMAN,         LANGUAGE_TESTBUILDER,
+        LANGUAGE_VERILOG,   LANGUAGE_VHDL,      LANGUAGE_BLUESPECVERILOG, LANGUAGE_SYSTEMC,
+        LANGUAGE_CPLUSPLUS, LANGUAGE_RESERVED5, LANGUAGE_SPECMAN,         LANGUAGE_TESTBUILDER,
         LANGUAGE_RESERVED8, LANGUAGE_NONE};
     return languages;
 }

@@ -6,8 +6,8 @@ class IHdlSourceFile;
 /// A set of sources of which each depends on each other, directly or not.
 struct TDependencyCycle {
     std::vector<const IHdlSourceFile*> Files;     ///< in the order in which they were met
-    std::vector<const IHdlSourceFile*> Shortest;  ///< a shortest cycle: each depends on the next, the
-                                                  ///< last on the first
+    std::vector<const IHdlSourceFile*> Shortest;  ///< a shortest cycle: each depends on the next,
+                                                  ///< the last on the first
 };
 
 /// Every strongly connected set of the dependency graph that can be reached from `roots`, a source

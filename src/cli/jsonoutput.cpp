@@ -1,7 +1,11 @@
 #include "cli/jsonoutput.h"
 
 TJson MakeResult(const char* format, const TToolArguments& arguments) {
-    return {{"format", format}, {"version", 1}, {"build", arguments.Build}};
+    return MakeResult(format, "build", arguments.Build);
+}
+
+TJson MakeResult(const char* format, const char* key, const std::string& file) {
+    return {{"format", format}, {"version", 1}, {key, file}};
 }
 
 void PrintJson(const TJson& result, const TToolStreams& streams) {

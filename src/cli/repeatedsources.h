@@ -16,8 +16,8 @@ struct TRepeatedSource {
     std::vector<TSourcePlace> Places;  ///< at least two, in the order of the document
 };
 
-/// Reads the document's own list of sources: of a repeated name, the build keeps but one. Empty when
-/// the file cannot be read.
+/// Reads the document's own list of sources: of a repeated name, the build keeps but one. Empty
+/// when the file cannot be read.
 std::vector<TRepeatedSource> FindRepeatedSources(const ISFileName* buildFile);
 
 /// The groups, and the other spellings, of a repeated source.

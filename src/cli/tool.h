@@ -5,7 +5,7 @@
 
 // The exit statuses of every command.
 inline constexpr int kExitDone = 0;
-inline constexpr int kExitProblems = 1;  // files missing, a cycle, a read result other than 0
+inline constexpr int kExitProblems = 1;  // files missing, a cycle, a section that cannot be read
 inline constexpr int kExitUsage = 2;
 inline constexpr int kExitFile = 3;  // a file cannot be read or written
 
@@ -26,6 +26,27 @@ struct TToolArguments {
     bool Absolute = false;
     bool Tsv = false;
     bool Gof = false;
+
+    std::string Project;
+    std::string Configuration;
+    std::string NewName;
+    std::string Key;
+    std::string SettingsLanguage;
+    std::vector<std::string> AddedEntries;
+    std::vector<std::string> RemovedEntries;
+    bool ClearEntries = false;
+    bool Debug = false;
+    bool DryRun = false;
+
+    std::string Server = "localhost";
+    std::string Simulator;
+    std::string SimulatorsFile;  ///< empty: the default file
+    std::string ExecutablePath;
+    std::string PliLibrary;
+
+    std::string Translator;
+    /// What stands behind the named arguments, also words that begin with '-'.
+    std::vector<std::string> Words;
 };
 
 /// Runs the tool with the arguments after the program's name, in UTF-8; returns the exit status.

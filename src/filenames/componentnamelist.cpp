@@ -4,6 +4,7 @@
 #include "sibling/utilities/keeper.h"
 #include "sibling/utilities/xmlstream.h"
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -38,33 +39,22 @@ bool TComponentNameList::AddComponentName(TTBIdentifier entity, TTBIdentifier ar
     KeepUntilExit(name);
     Names.push_back(name);
     NamesByHash.emplace(HashOf(entity, architecture, name->GetDestinationLibraryName()), name);
-    if (!IsOwnLanguage(entity, architecture)) HasForeignNames = true;
     return true;
 }
 
 bool TComponentNameList::IsNameInList(TTBIdentifier entity, TTBIdentifier architecture,
                                       const char* library) const {
     const std::string libraryName = library ? library : "";
-    const auto isEqual = [&](const TComponentName* name) {
-        return name->IsEqualTo(entity, architecture, libraryName);
-    };
-    // Identifiers of different languages can be equal with different hashes.
-    if (HasForeignNames || !IsOwnLanguage(entity, architecture))
-        return std::any_of(Names.begin(), Names.end(), isEqual);
     const auto [first, last] = NamesByHash.equal_range(HashOf(entity, architecture, libraryName));
-    return std::any_of(first, last, [&](const auto& entry) { return isEqual(entry.second); });
-}
-
-bool TComponentNameList::IsOwnLanguage(const TTBIdentifier& entity,
-                                       const TTBIdentifier& architecture) const {
-    return entity.GetLanguage() == Language && architecture.GetLanguage() == Language;
+    return std::any_of(first, last, [&](const auto& entry) {
+        return entry.second->IsEqualTo(entity, architecture, libraryName);
+    });
 }
 
 void TComponentNameList::Flush() {
     for (const TComponentName* name : Names) delete name;
     Names.clear();
     NamesByHash.clear();
-    HasForeignNames = false;
 }
 
 bool TComponentNameList::ReadFromFile(DListIterator<TElement*>& element) {

@@ -48,11 +48,8 @@ public:
     void WriteToFile(TXMLList* document) const;
 
 private:
-    bool IsOwnLanguage(const TTBIdentifier& entity, const TTBIdentifier& architecture) const;
-
     TNames Names;
     THdlLanguage Language;
     // Narrows the search to the names of one hash; the comparison decides.
     std::unordered_multimap<std::size_t, const TComponentName*> NamesByHash;
-    bool HasForeignNames = false;  // names with identifiers of other languages than the list's
 };

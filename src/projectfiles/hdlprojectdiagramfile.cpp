@@ -19,14 +19,6 @@ void THdlProjectDiagramFile::Accept(IBaseVisitor* visitor) const {
     AcceptVisitor(visitor, this);
 }
 
-bool THdlProjectDiagramFile::AddAssociatedFileAtTail(const ISFileName* name) {
-    return AssociatedFiles.AddAtTailAndSetOwner(name).second;
-}
-
-bool THdlProjectDiagramFile::AddAssociatedFileAtHead(const ISFileName* name) {
-    return AssociatedFiles.AddAtHeadAndSetOwner(name).second;
-}
-
 const THdlProjectFileList* THdlProjectDiagramFile::GetAssociatedFileList() const {
     return &AssociatedFiles;
 }

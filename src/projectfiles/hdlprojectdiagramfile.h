@@ -14,8 +14,6 @@ public:
     ~THdlProjectDiagramFile() override;
 
     void Accept(IBaseVisitor* visitor) const override;
-    bool AddAssociatedFileAtTail(const ISFileName* name) override;
-    bool AddAssociatedFileAtHead(const ISFileName* name) override;
     const THdlProjectFileList* GetAssociatedFileList() const override;
     THdlProjectFileList* GetAssociatedFileList() override;
 

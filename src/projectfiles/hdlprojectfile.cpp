@@ -71,12 +71,14 @@ bool THdlProjectFile::IsTemplateFile() const {
     return false;
 }
 
-bool THdlProjectFile::AddAssociatedFileAtTail(const ISFileName*) {
-    return false;
+bool THdlProjectFile::AddAssociatedFileAtTail(const ISFileName* name) {
+    THdlProjectFileList* associated = GetAssociatedFileList();
+    return associated && associated->AddAtTailAndSetOwner(name).second;
 }
 
-bool THdlProjectFile::AddAssociatedFileAtHead(const ISFileName*) {
-    return false;
+bool THdlProjectFile::AddAssociatedFileAtHead(const ISFileName* name) {
+    THdlProjectFileList* associated = GetAssociatedFileList();
+    return associated && associated->AddAtHeadAndSetOwner(name).second;
 }
 
 const THdlProjectFileList* THdlProjectFile::GetAssociatedFileList() const {

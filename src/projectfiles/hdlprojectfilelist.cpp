@@ -1,8 +1,8 @@
 #include "projectfiles/hdlprojectfilelist.h"
 #include "projectfiles/hdlprojectfile.h"
 #include "projectfiles/innermosthandle.h"
-#include "projectfiles/iprojectcomponent.h"
 #include "projectfiles/projectfileindex.h"
+#include "sibling/designdatabase/iprojectcomponent.h"
 #include "sibling/designdatabase/visitor.h"
 #include "sibling/logging/binarylog.h"
 #include "sibling/utilities/keeper.h"
@@ -47,6 +47,12 @@ constexpr TFolderRow kFolders[] = {
     {"Include Files", TList::LIST_TYPE_NONE},
     {"Test Vector Files", TList::LIST_TYPE_NONE},
 };
+
+/// The result of adding `refused` while `listed` has its name.
+TList::TAddResult Refused(const ISFileName* refused, THdlProjectFile* listed) {
+    ReportNamesake(listed, refused);
+    return {listed, false};
+}
 
 // Deletes `file`. A deletion that comes up meanwhile waits for its end: associated files may have
 // associated files in turn, to any depth.
@@ -124,7 +130,7 @@ bool THdlProjectFileList::IsProtected() const {
 }
 
 TList::TAddResult THdlProjectFileList::AddAtHeadAndSetOwner(const ISFileName* name) {
-    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
     auto* file = new THdlProjectFile(name, OwningProjectComponent, false);
     return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
 }
@@ -135,7 +141,7 @@ TList::TAddResult THdlProjectFileList::AddAtHeadAndSetOwner(THdlProjectFile* fil
 }
 
 TList::TAddResult THdlProjectFileList::AddAtTailAndSetOwner(const ISFileName* name) {
-    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
     auto* file = new THdlProjectFile(name, OwningProjectComponent, false);
     return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));
 }
@@ -150,7 +156,8 @@ TList::TAddResult THdlProjectFileList::InsertFileAndSetOwner(THdlProjectFile* fi
                                                              bool insertBefore) {
     if (!file) return {nullptr, false};
     file->SetOwningProjectComponent(OwningProjectComponent);
-    if (const auto listed = Find(file, namelessInFind); listed != end()) return {*listed, false};
+    if (const auto listed = Find(file, namelessInFind); listed != end())
+        return Refused(file, *listed);
     auto place = Find(relativeTo, namelessInInsert);
     if (place != end() && !insertBefore) ++place;
     return InsertAndNotify(place, file);
@@ -235,13 +242,15 @@ bool THdlProjectFileList::IsCopyOrMoveCompatibleType(TFileListType other) const 
 
 TList::TAddResult THdlProjectFileList::push_back_no_dup(THdlProjectFile* file) {
     if (!file) return {nullptr, false};
-    if (const auto listed = Find(file, namelessInFind); listed != end()) return {*listed, false};
+    if (const auto listed = Find(file, namelessInFind); listed != end())
+        return Refused(file, *listed);
     return InsertAndNotify(end(), file);
 }
 
 TList::TAddResult THdlProjectFileList::push_front_no_dup(THdlProjectFile* file) {
     if (!file) return {nullptr, false};
-    if (const auto listed = Find(file, namelessInFind); listed != end()) return {*listed, false};
+    if (const auto listed = Find(file, namelessInFind); listed != end())
+        return Refused(file, *listed);
     return InsertAndNotify(begin(), file);
 }
 

@@ -1,6 +1,6 @@
 #include "projectfiles/hdlprojectsourcefile.h"
-#include "projectfiles/iprojectcomponent.h"
 #include "settings/projectdiagramsimconfig.h"
+#include "sibling/designdatabase/iprojectcomponent.h"
 #include "sibling/designdatabase/visitor.h"
 #include "sibling/utilities/sourcefileextensions.h"
 
@@ -116,11 +116,6 @@ bool THdlProjectSourceFile::RemoveDependency(IHdlSourceFile* dependency) {
 
 bool THdlProjectSourceFile::RemoveDependency(const ISFileName* name) {
     return Dependencies.RemoveSourceFile(name);
-}
-
-bool THdlProjectSourceFile::RemoveDependency(THdlProjectSourceFile* dependency) {
-    IHdlSourceFile* source = dependency;
-    return RemoveDependency(source);
 }
 
 void THdlProjectSourceFile::FlushDependencies() {

@@ -52,10 +52,9 @@ public:
     bool AddDependency(IHdlSourceFile* dependency) override;
     IHdlSourceFile* GetDependency(const ISFileName* name) override;
     const IHdlSourceFile* GetDependency(const ISFileName* name) const override;
+    using IHdlSourceFile::RemoveDependency;
     bool RemoveDependency(IHdlSourceFile* dependency) override;
     bool RemoveDependency(const ISFileName* name) override;
-    /// The form for a source, as a project source is a name as well.
-    bool RemoveDependency(THdlProjectSourceFile* dependency);
     void FlushDependencies() override;
 
     /// Carried for its user; null at first.
@@ -69,3 +68,8 @@ private:
     std::string PrecompiledLibraryGroupName;
     hdb::IStreamScope* StreamScope = nullptr;
 };
+
+inline bool IHdlSourceFile::RemoveDependency(THdlProjectSourceFile* dependency) {
+    IHdlSourceFile* source = dependency;
+    return RemoveDependency(source);
+}

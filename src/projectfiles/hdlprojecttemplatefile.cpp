@@ -19,14 +19,6 @@ bool THdlProjectTemplateFile::IsTemplateFile() const {
     return true;
 }
 
-bool THdlProjectTemplateFile::AddAssociatedFileAtTail(const ISFileName* name) {
-    return AssociatedFiles.AddAtTailAndSetOwner(name).second;
-}
-
-bool THdlProjectTemplateFile::AddAssociatedFileAtHead(const ISFileName* name) {
-    return AssociatedFiles.AddAtHeadAndSetOwner(name).second;
-}
-
 const THdlProjectFileList* THdlProjectTemplateFile::GetAssociatedFileList() const {
     return &AssociatedFiles;
 }

@@ -15,8 +15,6 @@ public:
     void Accept(IBaseVisitor* visitor) const override;
     /// True.
     bool IsTemplateFile() const override;
-    bool AddAssociatedFileAtTail(const ISFileName* name) override;
-    bool AddAssociatedFileAtHead(const ISFileName* name) override;
     const THdlProjectFileList* GetAssociatedFileList() const override;
     THdlProjectFileList* GetAssociatedFileList() override;
 

@@ -30,14 +30,6 @@ void THdlProjectUserSourceFile::Accept(IBaseVisitor* visitor) const {
     AcceptVisitor(visitor, this);
 }
 
-bool THdlProjectUserSourceFile::AddAssociatedFileAtTail(const ISFileName* name) {
-    return AssociatedFiles.AddAtTailAndSetOwner(name).second;
-}
-
-bool THdlProjectUserSourceFile::AddAssociatedFileAtHead(const ISFileName* name) {
-    return AssociatedFiles.AddAtHeadAndSetOwner(name).second;
-}
-
 const THdlProjectFileList* THdlProjectUserSourceFile::GetAssociatedFileList() const {
     return &AssociatedFiles;
 }

@@ -12,14 +12,12 @@ public:
     ~THdlProjectUserSourceFile() override;
 
     void Accept(IBaseVisitor* visitor) const override;
-    bool AddAssociatedFileAtTail(const ISFileName* name) override;
-    bool AddAssociatedFileAtHead(const ISFileName* name) override;
     const THdlProjectFileList* GetAssociatedFileList() const override;
     THdlProjectFileList* GetAssociatedFileList() override;
 
 private:
     friend class THdlUserSourceFileList;
-    const unsigned long long
-        Serial;  // of this object, in the order of their making; copies get their own
+    // Tells this object from another one that comes to stand at its address.
+    const unsigned long long Serial;
     THdlSourceFileList AssociatedFiles;
 };

@@ -47,6 +47,7 @@ public:
     bool AddDependency(IHdlSourceFile* dependency) override;
     IHdlSourceFile* GetDependency(const ISFileName* name) override;
     const IHdlSourceFile* GetDependency(const ISFileName* name) const override;
+    using IHdlSourceFile::RemoveDependency;
     bool RemoveDependency(IHdlSourceFile* dependency) override;
     bool RemoveDependency(const ISFileName* name) override;
     void FlushDependencies() override;

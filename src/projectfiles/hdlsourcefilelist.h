@@ -20,6 +20,7 @@ public:
     TAddResult AddAtTailAndSetOwner(const ISFileName* name) override;
 
 protected:
+    // Between the public operations for its place in the virtual table.
     /// Whether files made by an add by name are library files.
     virtual bool SourceFileIsLibrary();
 

@@ -3,6 +3,7 @@
 #include "sibling/utilities/hdllanguage.h"
 
 class ISFileName;
+class THdlProjectSourceFile;
 class TIHdlSourceFileList;
 class TProjectSimLanguageConfig;
 
@@ -45,5 +46,7 @@ public:
     /// As TIHdlSourceFileList::RemoveSourceFile.
     virtual bool RemoveDependency(IHdlSourceFile* dependency) = 0;
     virtual bool RemoveDependency(const ISFileName* name) = 0;
+    /// The form for a source, as a project source is a name as well.
+    bool RemoveDependency(THdlProjectSourceFile* dependency);
     virtual void FlushDependencies() = 0;
 };

@@ -1,5 +1,6 @@
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "projectfiles/dependencyindex.h"
+#include "projectfiles/hdlprojectsourcefile.h"
 #include "projectfiles/hdlsourcefile.h"
 #include "projectfiles/sourcename.h"
 #include "sibling/utilities/keeper.h"
@@ -48,7 +49,10 @@ bool TIHdlSourceFileList::AddSourceFile(IHdlSourceFile* file, bool atHead) {
     if (!file) return false;
     TSourceName name;
     const bool isNamed = GetSourceName(file, &name);
-    if (isNamed && Find(name) != Entries.end()) return false;
+    if (const TPlace listed = isNamed ? Find(name) : Entries.end(); listed != Entries.end()) {
+        ReportNamesake((*listed)->GetFileName(), file->GetFileName());
+        return false;
+    }
     Link(atHead ? Entries.begin() : Entries.end(), file, isNamed ? &name : nullptr);
     return true;
 }
@@ -101,6 +105,11 @@ bool TIHdlSourceFileList::RemoveSourceFile(IHdlSourceFile* file) {
     else if (*place == file)
         Unlink(place, name);
     return true;
+}
+
+bool TIHdlSourceFileList::RemoveSourceFile(THdlProjectSourceFile* file) {
+    IHdlSourceFile* source = file;
+    return RemoveSourceFile(source);
 }
 
 bool TIHdlSourceFileList::RemoveSourceFile(const ISFileName* name) {

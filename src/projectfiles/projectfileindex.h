@@ -31,8 +31,8 @@ private:
     /// Entries of one name.
     struct TPlaces {
         TPlace First;
-        std::vector<TPlace>
-            Later;  // the last one in front, so that the next one is taken in no time
+        // From the last one to the second one: the next one to become first is at the end.
+        std::vector<TPlace> Later;
     };
     struct THashOf {
         std::size_t operator()(const TFileIdentity& identity) const { return identity.Hash; }

@@ -1,7 +1,7 @@
 #include "settings/inikeys.h"
-#include <algorithm>
 #include "settings/settingnumber.h"
 #include "sibling/utilities/propcache.h"
+#include <algorithm>
 
 namespace {
 

@@ -1,8 +1,8 @@
 #pragma once
+#include "sibling/utilities/mystring.h"
 #include <optional>
 #include <string>
 #include <vector>
-#include "sibling/utilities/mystring.h"
 
 class TPropCache;
 

@@ -1,8 +1,8 @@
 #include "settings/languageoptionconversion.h"
-#include <initializer_list>
-#include <string_view>
 #include "sibling/options/optionconversion.h"
 #include "sibling/utilities/fold.h"
+#include <initializer_list>
+#include <string_view>
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
+#include "settings/projectsimgeneralconfig.h"
+#include "settings/projectsimlanguageconfig.h"
 #include <cstddef>
 #include <map>
 #include <memory>
-#include "settings/projectsimgeneralconfig.h"
-#include "settings/projectsimlanguageconfig.h"
 
 /// A named settings configuration: the general settings and, per language, those of Verilog, VHDL,
 /// Bluespec Verilog, C++ and the test builder. Other languages are never stored in a file.

@@ -1,7 +1,7 @@
 // The option defaults of TProjectSimLanguageConfig.
-#include <algorithm>
 #include "settings/projectsettingsconfigurationsdata.h"
 #include "sibling/logging/binarylog.h"
+#include <algorithm>
 
 namespace {
 

@@ -1,5 +1,4 @@
 // The project-file form of TProjectSimLanguageConfig.
-#include <algorithm>
 #include "settings/languageoptionconversion.h"
 #include "settings/projectsettingsconfigurationsdata.h"
 #include "settings/settingnumber.h"
@@ -9,6 +8,7 @@
 #include "sibling/utilities/booltext.h"
 #include "sibling/utilities/fold.h"
 #include "sibling/utilities/xmlstream.h"
+#include <algorithm>
 
 namespace {
 

@@ -1,9 +1,9 @@
-#include <utility>
 #include "settings/projectsettings.h"
 #include "settings/storedlanguages.h"
 #include "sibling/fileservices/isfilename.h"
 #include "sibling/logging/binarylog.h"
 #include "sibling/utilities/xmlstream.h"
+#include <utility>
 
 namespace {
 

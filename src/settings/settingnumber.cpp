@@ -1,7 +1,7 @@
 #include "settings/settingnumber.h"
+#include "sibling/utilities/fold.h"
 #include <charconv>
 #include <limits>
-#include "sibling/utilities/fold.h"
 
 int LeadingNumber(std::string_view text) {
     text = TrimmedView(text);

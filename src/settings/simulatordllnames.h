@@ -1,6 +1,6 @@
 #pragma once
-#include <string>
 #include "sibling/utilities/simulatortype.h"
+#include <string>
 
 // The names of the DLLs that are built for one simulator: its prefix, `base` (null counts as
 // empty), a "d" for debugging, and ".dll".

@@ -1,6 +1,6 @@
 #pragma once
-#include <algorithm>
 #include "sibling/utilities/hdllanguage.h"
+#include <algorithm>
 
 /// The languages that every settings configuration holds and stores, in stored order.
 inline constexpr THdlLanguage kStoredLanguages[] = {LANGUAGE_VERILOG, LANGUAGE_VHDL,

@@ -13,8 +13,9 @@ public:
     TSimToolMap(const TSimToolMap&) = delete;
     TSimToolMap& operator=(const TSimToolMap&) = delete;
 
-    /// Takes ownership and maps the tool under its present language. A tool replaced there stays
-    /// valid as long as the map. A tool mapped already and null are ignored.
+    /// Takes ownership and maps the tool under its present language; an earlier language of a tool
+    /// added again keeps it, too. A tool replaced there stays valid as long as the map. Null is
+    /// ignored.
     void AddSimTool(TBaseSimTool* tool);
 
     /// Null when the language has none. The tool stays the map's.

@@ -39,11 +39,11 @@ const char* TSimToolSettings::GetPliLibrary() const {
 }
 
 void TSimToolSettings::SetLocalExecutablePath(const char* path) {
-    ExecutablePath = CanonicalPath(path);
+    TBaseSimTool::SetExecutablePath(path);
 }
 
 void TSimToolSettings::SetLocalPliLibrary(const char* library) {
-    PliLibrary = TextOf(library);
+    TBaseSimTool::SetPliLibrary(library);
 }
 
 void TSimToolSettings::SetRemoteExecutablePath(const char* path) {

@@ -1,8 +1,8 @@
 #pragma once
-#include <string>
-#include <vector>
 #include "sibling/logging/binarylog.h"
 #include "sibling/utilities/xmlstream.h"
+#include <string>
+#include <vector>
 
 class TV2VTranslationOption;
 

@@ -1,7 +1,7 @@
 #pragma once
+#include "translation/v2vtranslationoption.h"
 #include <cstddef>
 #include <vector>
-#include "translation/v2vtranslationoption.h"
 
 class ISFileName;
 

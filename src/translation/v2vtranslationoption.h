@@ -1,6 +1,6 @@
 #pragma once
-#include <string>
 #include "sibling/utilities/xmllist.h"
+#include <string>
 
 class TV2VTranslationOptionsList;
 

@@ -1,8 +1,8 @@
 #pragma once
+#include "sibling/utilities/xmllist.h"
 #include <cstddef>
 #include <string>
 #include <vector>
-#include "sibling/utilities/xmllist.h"
 
 class TProjectComponent;
 class TV2VTranslationOption;

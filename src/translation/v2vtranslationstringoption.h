@@ -1,7 +1,7 @@
 #pragma once
+#include "translation/v2vtranslationoption.h"
 #include <string>
 #include <vector>
-#include "translation/v2vtranslationoption.h"
 
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"  // as its base

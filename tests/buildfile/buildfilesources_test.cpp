@@ -2,6 +2,8 @@
 #include "projectfiles/hdlprojectsourcefile.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/buildfile/buildtexts.h"
+#include "tests/sibling/fileservices/hostform.h"
+#include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 
@@ -175,6 +177,24 @@ TEST(BuildFileSources, AreFoundInGroupsAndAmongTheirDependencies) {
     EXPECT_EQ(build.CreateOrGetSourceFile("sub/../A.VHD"), &a);
     EXPECT_EQ(build.CreateOrGetSourceFile("sub/dep.vhd"), &dependency);
     EXPECT_NE(build.CreateOrGetSourceFile("deep.vhd"), &deep);
+}
+
+TEST(BuildFileSources, TellOfAFileTakenForAnotherForItsLetterCase) {
+    const TemporaryFolder folder;
+    folder.Write("A.vhd", "");
+    folder.Write("a.vhd", "");
+    RecordingLog log(1);
+    THdlBuildFile build;
+    build.SetBuildFileName(
+        Handle(folder.Write("build.hbf",
+                            "<SourceFileGroup Language=\"VHDL\"><SourceFile>A.vhd</SourceFile>"
+                            "<SourceFile>A.vhd</SourceFile><SourceFile>a.vhd</SourceFile>"
+                            "</SourceFileGroup>\n")));
+    EXPECT_EQ(build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(build.GetSourceFileGroup(LANGUAGE_VHDL)->size(), 1u);
+    EXPECT_EQ(log.Take(), kOnWindows ? ""
+                                     : "[Default] File \"" + folder.Path("a.vhd") +
+                                           "\" is taken for \"" + folder.Path("A.vhd") + "\"\n");
 }
 
 TEST(BuildFileSources, AreNewOnEveryCallWhileTheyStandNowhere) {

@@ -156,8 +156,11 @@ TEST(ComponentNameList, AddsManyNamesInLinearTime) {
             added += names.AddComponentName(("unit" + number).c_str(), "rtl", "work");
             added += names.AddComponentName("unit", ("rtl" + number).c_str(), "work");
             added += names.AddComponentName("unit", "rtl", ("lib" + number).c_str());
+            added +=
+                names.AddComponentName(TTBIdentifier(("module" + number).c_str(), LANGUAGE_VERILOG),
+                                       TTBIdentifier("", LANGUAGE_VERILOG), "work");
         }
-    EXPECT_EQ(added, 300000);
+    EXPECT_EQ(added, 400000);
     names.Flush();
     // About a second; a search through the list for each name takes many minutes.
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::minutes(1));

@@ -283,3 +283,12 @@ TEST(HdbSFileNameList, KeepsTheSlotOrderOfTheList) {
     EXPECT_EQ(SlotOf(static_cast<void (TList::*)(const char*)>(&TList::AddAtHead)), 6);
     EXPECT_EQ(SlotOf(static_cast<int (TList::*)(const char*)>(&TList::AddAtHeadNoDup)), 7);
 }
+
+// Callers were built against objects with the parts in this order.
+TEST(HdbSFileNameList, IsAListFirstAndAnItemBehindIt) {
+    THdbSFileNameList files;
+    const void* const list = static_cast<DList<THdbSFileName*>*>(&files);
+    const void* const item = static_cast<hdb::IHDBBase*>(&files);
+    EXPECT_EQ(list, &files);
+    EXPECT_GT(item, list);
+}

@@ -41,12 +41,6 @@ const char* const kSection =
     "END ComponentList\n"
     "END TopLevelComponents\n";
 
-std::string FirstLines(const std::string& text, int count) {
-    std::size_t end = 0;
-    for (int i = 0; i < count; ++i) end = text.find('\n', end) + 1;
-    return text.substr(0, end);
-}
-
 std::string Forced(const std::string& lists) {
     return "START TopLevelComponents ForceTopLevelComponents=true\n" + lists +
            "END TopLevelComponents\n";

@@ -63,6 +63,7 @@ TEST(HdlProjectFileList, AnswersAsAnItemOfTheDesignDatabase) {
     EXPECT_EQ(list.GetLanguage(), 9);
     EXPECT_EQ(list.GetSourceParent(true), nullptr);
     EXPECT_FALSE(list.IsProtected());
+    EXPECT_EQ(list.dump(), TRope("Command-Line Source Files"));
 }
 
 TEST(HdlProjectFileList, IsEmptyAtFirst) {

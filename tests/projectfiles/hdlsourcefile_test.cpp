@@ -1,4 +1,5 @@
 #include "projectfiles/hdlsourcefile.h"
+#include "projectfiles/hdlprojectsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "projectfiles/languageconfigmap.h"
 #include "settings/projectsimlanguageconfig.h"
@@ -100,6 +101,21 @@ TEST(HdlSourceFile, RemovesAndFlushesDependencies) {
     EXPECT_EQ(NamesOf(*a->GetDependencyList()), "c.vhd ");
     a->FlushDependencies();
     EXPECT_EQ(NamesOf(*a->GetDependencyList()), "");
+}
+
+TEST(HdlSourceFile, RemovesAProjectSourceAsASourceNotAsAName) {
+    THdlSourceFile plain("/p/a.vhd");
+    THdlProjectSourceFile project(Handle("/p/b.vhd"), nullptr, false);
+    THdlProjectSourceFile otherObject(Handle("/p/B.vhd"), nullptr, false);
+    IHdlSourceFile* source = &plain;
+    plain.AddDependency(&project);
+    EXPECT_TRUE(plain.RemoveDependency(&otherObject));
+    EXPECT_EQ(NamesOf(*plain.GetDependencyList()), "b.vhd ");
+    EXPECT_TRUE(plain.RemoveDependency(&project));
+    EXPECT_FALSE(source->RemoveDependency(&project));
+    plain.AddDependency(&project);
+    EXPECT_TRUE(source->RemoveDependency(&project));
+    EXPECT_EQ(NamesOf(*plain.GetDependencyList()), "");
 }
 
 TEST(HdlSourceFile, CopiesEverythingIntoADependencyListOfItsOwn) {

@@ -1,6 +1,9 @@
 #include "projectfiles/ihdlsourcefilelist.h"
+#include "projectfiles/hdlprojectusersourcefile.h"
 #include "tests/projectfiles/sourcefakes.h"
+#include "tests/sibling/fileservices/hostform.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 
@@ -43,6 +46,21 @@ TEST_F(IHdlSourceFileList, RefusesNullAndANameListedInAnyLetterCase) {
     EXPECT_FALSE(List.AddSourceFile(Made.Make("/p/A.VHD"), false));
     EXPECT_FALSE(List.AddSourceFile(Made.Make("/p/x/../a.vhd"), true));
     EXPECT_EQ(NamesOf(List), "a.vhd b.vhd c.vhd ");
+}
+
+TEST_F(IHdlSourceFileList, TellsOfAFileRefusedForItsLetterCase) {
+    const TemporaryFolder folder;
+    THdlSourceFile* listed = Made.Make(folder.Write("D.vhd", ""));
+    THdlSourceFile* refused = Made.Make(folder.Write("d.vhd", ""));
+    RecordingLog log(1);
+    EXPECT_TRUE(List.AddSourceFile(listed, false));
+    EXPECT_FALSE(List.AddSourceFile(listed, false));
+    EXPECT_EQ(log.Take(), "");
+    EXPECT_FALSE(List.AddSourceFile(refused, false));
+    EXPECT_EQ(log.Take(), kOnWindows ? ""
+                                     : "[Default] File \"" + folder.Path("d.vhd") +
+                                           "\" is taken for \"" + folder.Path("D.vhd") + "\"\n");
+    EXPECT_EQ(NamesOf(List), "a.vhd b.vhd c.vhd D.vhd ");
 }
 
 TEST_F(IHdlSourceFileList, FindsByCanonicalNameIgnoringCase) {
@@ -93,6 +111,17 @@ TEST_F(IHdlSourceFileList, RemovingAnotherSourceOfAListedNameGivesTrueAndRemoves
     EXPECT_EQ(NamesOf(List), "a.vhd b.vhd c.vhd ");
     EXPECT_FALSE(List.RemoveSourceFile(Made.Make("/p/d.vhd")));
     EXPECT_FALSE(List.RemoveSourceFile(static_cast<IHdlSourceFile*>(nullptr)));
+}
+
+TEST_F(IHdlSourceFileList, RemovesAProjectSourceAsASourceNotAsAName) {
+    THdlProjectUserSourceFile user(Handle("/p/user.vhd"), nullptr, false);
+    THdlProjectSourceFile otherB(Handle("/p/B.vhd"), nullptr, false);
+    List.AddSourceFile(&user, false);
+    EXPECT_TRUE(List.RemoveSourceFile(&user));
+    EXPECT_FALSE(List.RemoveSourceFile(&user));
+    EXPECT_TRUE(List.RemoveSourceFile(&otherB));
+    EXPECT_FALSE(List.RemoveSourceFile(static_cast<THdlProjectSourceFile*>(nullptr)));
+    EXPECT_EQ(NamesOf(List), "a.vhd b.vhd c.vhd ");
 }
 
 TEST_F(IHdlSourceFileList, RemovesByName) {

@@ -2,7 +2,7 @@
 #include "projectfiles/hdbobjectobserver.h"
 #include "projectfiles/hdlprojectfile.h"
 #include "projectfiles/hdlprojectfilelist.h"
-#include "projectfiles/iprojectcomponent.h"
+#include "sibling/designdatabase/iprojectcomponent.h"
 #include <string>
 #include <utility>
 

@@ -1,7 +1,9 @@
 #include "projectfiles/projectfileindex.h"
 #include "projectfilefakes.h"
 #include "projectfiles/hdlusersourcefilelist.h"
+#include "tests/sibling/fileservices/hostform.h"
 #include "tests/support/recorders.h"
+#include "tests/support/temporaryfolder.h"
 #include <ctime>
 #include <gtest/gtest.h>
 #include <memory>
@@ -170,6 +172,43 @@ TEST_F(ProjectFileIndex, FindsAgainWhenTheLastFileWithoutHandleIsGone) {
     List.pop_front();
     EXPECT_EQ(Find("f3.v"), At(3));
     EXPECT_EQ(log.Take(), "");
+}
+
+TEST_F(ProjectFileIndex, TellsOfAFileRefusedForItsLetterCaseAsAWalkDoes) {
+    const struct {
+        const char* Label;
+        TList::TAddResult (*Add)(TList& list, const ISFileName* name, THdlProjectFile* file);
+    } rows[] = {
+        {"name at the head",
+         [](auto& list, auto* name, auto*) { return list.AddAtHeadAndSetOwner(name); }},
+        {"name at the tail",
+         [](auto& list, auto* name, auto*) { return list.AddAtTailAndSetOwner(name); }},
+        {"file at the head",
+         [](auto& list, auto*, auto* file) { return list.AddAtHeadAndSetOwner(file); }},
+        {"file at the tail",
+         [](auto& list, auto*, auto* file) { return list.AddAtTailAndSetOwner(file); }},
+        {"file inserted",
+         [](auto& list, auto*, auto* file) {
+             return list.InsertFileAndSetOwner(file, nullptr, true);
+         }},
+    };
+    const TemporaryFolder folder;
+    const ISFileName* const listed = Name(folder.Write("Fifo.v", ""));
+    THdlProjectFile refused(Name(folder.Write("fifo.v", "")), nullptr, false);
+    const std::string line = "[Default] File \"" + folder.Path("fifo.v") + "\" is taken for \"" +
+                             folder.Path("Fifo.v") + "\"\n";
+    TList walked(TList::LIST_TYPE_FILE_INPUT, nullptr);
+    RecordingLog log(1);
+    for (TList* list : {&List, &walked}) {
+        THdlProjectFile* const file = list->AddAtTailAndSetOwner(listed).first;
+        for (const auto& row : rows) {
+            const TList::TAddResult expected(file, false);
+            EXPECT_EQ(row.Add(*list, listed, file), expected) << row.Label;
+            EXPECT_EQ(log.Take(), "") << row.Label;
+            EXPECT_EQ(row.Add(*list, refused.GetFileName(), &refused), expected) << row.Label;
+            EXPECT_EQ(log.Take(), kOnWindows ? "" : line) << row.Label;
+        }
+    }
 }
 
 // Walks would take 5,000,000,000 steps for each loop.

@@ -206,3 +206,24 @@ TEST(LanguageOptionConversion, LeavesWhatItWroteAsItIs) {
                 EXPECT_EQ(Written(type, simulator, first), first) << language << "/" << simulator;
             }
 }
+
+TEST(LanguageOptionConversion, GivesEveryUnknownWordOnceInTheThreeTexts) {
+    const TLanguageOptionTexts texts = {"-Qb +Pb +maxdelays \"a b\"Wb -u Wc",
+                                        "-Ql -y lib +Pl +define+A Wl", "-Qr +Pr -i f Wr -s"};
+    for (const int language : {LANGUAGE_VERILOG, LANGUAGE_VHDL})
+        for (const int simulator : {1, 2, 3, 4, 5, 6, 11, 12, 13, 20, 21}) {
+            const auto type = static_cast<THdlLanguage>(language);
+            const TLanguageOptionTexts written = Written(type, simulator, texts);
+            const std::string all =
+                " " + written.Build + " " + written.Linker + " " + written.Runtime + " ";
+            std::string wrong;
+            for (const char* word :
+                 {"-Qb", "+Pb", "\"a b\"Wb", "Wc", "-Ql", "+Pl", "Wl", "-Qr", "+Pr", "Wr"}) {
+                const std::string wanted = " " + std::string(word) + " ";
+                const auto place = all.find(wanted);
+                if (place != std::string::npos && place == all.rfind(wanted)) continue;
+                wrong += wanted;
+            }
+            EXPECT_EQ(wrong, "") << language << "/" << simulator;
+        }
+}

@@ -296,6 +296,7 @@ TEST(ProjectSimLanguageConfigIni, WritesEveryDelayTypeAsAText) {
     for (int type = 0; type < 4; ++type) {
         const IniFiles ini;
         TConfig settings;
+        settings.SetTool(SIM_VCS);
         settings.SetDelayType(static_cast<TSimProjectDelayType>(type));
         settings.WriteToINI("S", LANGUAGE_VERILOG, true);
         EXPECT_EQ(GetSystemPropCache()->GetPrivatePropText("S", "DelayType", "absent"),

@@ -1,4 +1,5 @@
 #include "settings/uniquetextlist.h"
+#include <chrono>
 #include <gtest/gtest.h>
 
 namespace {
@@ -44,4 +45,15 @@ TEST(UniqueTextList, IsEmptyAfterClear) {
     EXPECT_TRUE(list.IsEmpty());
     EXPECT_TRUE(list.Add("5"));
     EXPECT_EQ(list.GetTexts(), (std::vector<std::string>{"5"}));
+}
+
+TEST(UniqueTextList, AddsManyTextsInLinearTime) {
+    constexpr int kMany = 300000;
+    TUniqueTextList list;
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < kMany; ++i) list.Add(std::to_string(i));
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(list.GetTexts().size(), static_cast<std::size_t>(kMany));
+    // Comparing each with all before it takes minutes.
+    EXPECT_LT(taken.count(), 10);
 }

@@ -45,12 +45,6 @@ std::string LocalTools(TBaseSimToolServerClientCourier& courier) {
     return TextOf(courier.GetSimToolList("localhost"));
 }
 
-std::string FirstLines(const std::string& text, int count) {
-    std::size_t end = 0;
-    for (int i = 0; i < count; ++i) end = text.find('\n', end) + 1;
-    return text.substr(0, end);
-}
-
 std::string Document(const std::string& content) {
     return "<!DOCTYPE HdlBuildFileList SYSTEM \"serverconfigurationfile.dtd\">\n" + content;
 }

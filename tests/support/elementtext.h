@@ -60,3 +60,10 @@ inline void PushElements(TXMLList* list, const std::string& text) {
                   kind == "START" ? TElement::START : TElement::END, nullptr);
     }
 }
+
+/// The first `count` lines of a text that has as many: a stream cut short.
+inline std::string FirstLines(const std::string& text, int count) {
+    std::size_t end = 0;
+    for (int i = 0; i < count; ++i) end = text.find('\n', end) + 1;
+    return text.substr(0, end);
+}

@@ -16,6 +16,8 @@ constexpr const char* kOtherDrive = "D:\\lib\\q.v";
 class Component : public TProjectComponent {
 public:
     explicit Component(const ISFileName* file) : File(file) {}
+    TProjectSimLanguageConfig* GetProjectLanguageConfig(THdlLanguage) override { return nullptr; }
+    TProjectSimGeneralConfig* GetGeneralConfiguration() const override { return nullptr; }
     const ISFileName* GetFileName() const override { return File; }
 
 private:

@@ -53,6 +53,10 @@ const std::string kAtEnd = std::string("END ") + kTag + "|";
 
 TEST_F(TranslationOptionsList, KeepsComponentAndTag) {
     class Component : public TProjectComponent {
+        TProjectSimLanguageConfig* GetProjectLanguageConfig(THdlLanguage) override {
+            return nullptr;
+        }
+        TProjectSimGeneralConfig* GetGeneralConfiguration() const override { return nullptr; }
         const ISFileName* GetFileName() const override { return nullptr; }
     } component;
     const TV2VTranslationOptionsList list(&component, "Vhdl2VerilogTranslationOptions");

@@ -2,6 +2,7 @@
 #include "sibling/fileservices/filenamequeries.h"
 #include "sibling/fileservices/ownfilename.h"
 #include "sibling/fileservices/timestamps.h"
+#include "sibling/logging/binarylog.h"
 #include "sibling/utilities/fold.h"
 #include <functional>
 #include <memory_resource>
@@ -223,6 +224,17 @@ TFileIdentity GetFileIdentity(const ISFileName* file) {
     if (const TSharedFileName* handle = SharedHandleOf(file)) return handle->GetIdentity();
     const char* const text = file ? file->Canonical(false) : "";
     return SharedHandleOf(ISFileName::NewISFileName(text))->GetIdentity();
+}
+
+void ReportNamesake(const ISFileName* listed, const ISFileName* file) {
+    // Where case makes no difference, two spellings are one file.
+    if (Host::kIgnoresCase || listed == file || !__BinaryLogDiagnosticGroupDefault.IsEnabled(1))
+        return;
+    const std::string kept(GetFileIdentity(listed).Canonical);
+    const std::string other(GetFileIdentity(file).Canonical);
+    if (kept == other || !LookAtFile(kept).Exists || !LookAtFile(other).Exists) return;
+    LogDiagnostic(TBinaryLogMessageTwoArgs("[Default] File \"%1%\" is taken for \"%2%\"",
+                                           other.c_str(), kept.c_str()));
 }
 
 bool MarkLoadedAndTestExists(const ISFileName* file, const char* key) {

@@ -21,7 +21,7 @@ public:
 ///
 /// A stamp is a file's modification time and size. Per key, "last loaded" and "last compiled" are
 /// kept apart. Times pass as one word: nanoseconds since 1970 UTC where `unsigned long` has 64
-/// bits,/// seconds where it has 32; 0 is "no file" or "never". Null keys count as "".
+/// bits, seconds where it has 32; 0 is "no file" or "never". Null keys count as "".
 ///
 /// As callers share a handle, the operations that change a name do nothing to it. The handle of the
 /// empty name records nothing and answers false, 0 and "". Pieces of names live as long as the
@@ -72,6 +72,11 @@ struct TFileIdentity {
 /// The identity of `file`, which lives as long as the handle; of the blank name for null and for a
 /// tracked name without handle.
 TFileIdentity GetFileIdentity(const ISFileName* file);
+
+/// To be called when `file` is taken for `listed`, whose identity it has: writes a diagnostic line
+/// when they are two files, known by letter case alone. The disk is only looked at when the
+/// spellings differ and diagnostics are enabled.
+void ReportNamesake(const ISFileName* listed, const ISFileName* file);
 
 /// Records `file` as loaded under `key` and tells whether it exists, with one look at the disk.
 bool MarkLoadedAndTestExists(const ISFileName* file, const char* key);

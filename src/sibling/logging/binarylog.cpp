@@ -2,13 +2,13 @@
 
 #include "sibling/fileservices/directories.h"
 #include "sibling/fileservices/filereplace.h"
+#ifdef _WIN32
+#include "sibling/fileservices/host_windows.h"
+#endif
 #include <cstdio>
 #include <deque>
 #include <string_view>
 #include <utility>
-#ifdef _WIN32
-#include <windows.h>
-#endif
 
 class TBinaryLogMessage {
 public:
@@ -33,11 +33,7 @@ public:
 
 std::FILE* OpenForAppending(const std::string& path) {
 #ifdef _WIN32
-    const int length = static_cast<int>(path.size());
-    std::wstring wide(path.size(), L'\0');
-    wide.resize(static_cast<std::size_t>(
-        MultiByteToWideChar(CP_UTF8, 0, path.data(), length, wide.data(), length)));
-    return _wfopen(wide.c_str(), L"ab");
+    return _wfopen(Host::NativePath(path).c_str(), L"ab");
 #else
     return std::fopen(path.c_str(), "ab");
 #endif

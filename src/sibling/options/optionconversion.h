@@ -26,10 +26,10 @@ struct TOptionTarget {
 /// own simulators and those of no known family get every word as typed.
 ///
 /// A quote that is not closed, an option without its operand and a list without a value are
-/// reported, and so is an option that the target has no counterpart for; the result is false when
-/// something was. The results are usable nevertheless: what cannot be parsed is passed on as typed,
-/// except for the empty list. Null text counts as empty, without sink nobody hears of errors; null
-/// results: false.
+/// reported, and so is an option that is left out because the target has no counterpart; the result
+/// is false when something was. The results are usable nevertheless: what cannot be parsed is
+/// passed on as typed, except for the empty list. Words meant for another target alone are left out
+/// unreported. Null text counts as empty, without sink nobody hears of errors; null results: false.
 bool ParseAndConvertOptions(const char* text, TOptionSourceKind source, int homeStage,
                             const TOptionTarget& target, IParseErrorSink* errors,
                             TConvertedOptionResults* results);

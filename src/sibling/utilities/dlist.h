@@ -1,6 +1,6 @@
 #pragma once
-#include <cstddef>
 #include "sibling/api.h"
+#include <cstddef>
 
 /// The process-wide pool behind the nodes of every DList. It outlives every list.
 class HDLBUILDFILE_API TDListNodePool {

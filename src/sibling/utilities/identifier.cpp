@@ -1,6 +1,7 @@
 #include "sibling/utilities/identifier.h"
 
 #include "sibling/utilities/fold.h"
+#include <functional>
 #include <string_view>
 
 namespace {
@@ -99,6 +100,12 @@ TTBIdentifier::TTBIdentifier(const char* text, THdlLanguage language)
 bool TTBIdentifier::operator==(const TTBIdentifier& other) const {
     if (Language != other.Language) return Content == other.Content;
     return Extended == other.Extended && Compared == other.Compared;
+}
+
+// Folded in every language: contents that VHDL holds for equal must not tell identifiers of other
+// languages apart, which compare with either of them.
+std::size_t TTBIdentifier::GetHash() const {
+    return std::hash<std::string>()(FoldVhdlBasic(Content));
 }
 
 TRope TTBIdentifier::GetEscapedName(THdlLanguage language, char /*reserved*/, bool, bool) const {

@@ -2,7 +2,6 @@
 #include "sibling/designdatabase/rope.h"
 #include "sibling/utilities/hdllanguage.h"
 #include <cstddef>
-#include <functional>
 #include <string>
 
 /// An HDL identifier, compared by the rule of its language.
@@ -19,8 +18,8 @@ public:
     TTBIdentifier(const char* text, THdlLanguage language);
 
     bool operator==(const TTBIdentifier& other) const;
-    /// Equal for equal identifiers of one language.
-    std::size_t GetHash() const { return std::hash<std::string>()(Compared); }
+    /// Equal for equal identifiers, also for those of different languages.
+    std::size_t GetHash() const;
 
     THdlLanguage GetLanguage() const { return Language; }
     bool IsEmpty() const { return Content.empty(); }

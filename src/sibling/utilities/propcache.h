@@ -22,9 +22,8 @@ public:
     TPropCache& operator=(const TPropCache&) = delete;
 
     /// Copies the value into `buffer` of `size` bytes, the ending zero included, cut at a whole
-    /// character when it is longer (logged with section and key). An absent key gives `missing`
-    /// (null:
-    /// "") and the result false. Size 0 writes nothing.
+    /// character when it is longer (a diagnostic line names section and key). An absent key gives
+    /// `missing`, null as "", and the result false. Size 0 writes nothing.
     bool GetPrivatePropString(const char* section, const char* key, const char* missing,
                               char* buffer, int size) const;
     /// The whole value, or `missing` for an absent key.

@@ -138,8 +138,9 @@ bool TXMLList::ReadFromText(const std::string& document, TXMLReadError* error) {
     Flush(1);
     std::vector<std::unique_ptr<TElement>> elements;
     TXMLReadError found;
-    const bool isRead =
-        ReadXMLDocument(document, GetDocumentTypeRoot(DocumentType), &elements, &found);
+    const std::string droppedRoot = RootHeld ? "" : GetDocumentTypeRoot(DocumentType);
+    const bool isRead = ReadXMLDocument(document, droppedRoot, &elements, &found,
+                                        RootHeld ? &DocumentType : nullptr);
     for (auto& element : elements) AddAtTail(element.release());
     if (error) *error = found;
     return isRead;

@@ -75,6 +75,12 @@ public:
     const std::string& GetDocumentType() const { return DocumentType; }
     void SetDocumentType(const char* text);
 
+    /// Whether the stream holds the root itself, as the document of several components needs, whose
+    /// root has attributes of its own: a read then drops no root and takes over the file's document
+    /// type line, empty when it has none, and a write adds no root.
+    bool HoldsRoot() const { return RootHeld; }
+    void SetHoldsRoot(bool held) { RootHeld = held; }
+
     /// The file last given to ReadFile, WriteFile or SetFileName, null before. The handle is
     /// shared.
     const ISFileName* GetFileName() const { return FileName; }
@@ -94,6 +100,7 @@ protected:
 
 private:
     std::string DocumentType;
+    bool RootHeld = false;
     const ISFileName* FileName = nullptr;
     TXMLReadError ReadError;
 };

@@ -35,11 +35,14 @@ private:
             reader.Prologue.DocumentTypeBegin = reader.Run.GetTokenBegin();
         else if (token == kEntity)
             reader.Run.Refuse("entity declarations are not accepted");
+        if (token == kXMLDocumentType || !reader.Prologue.DocumentType.empty())
+            reader.Prologue.DocumentType += token;
     }
 
     static void OnDocumentTypeEnd(void* userData) {
         TPrologueReader& reader = From(userData);
         reader.Prologue.DocumentTypeEnd = reader.Run.GetTokenBegin() + reader.Run.GetTokenLength();
+        reader.Prologue.DocumentType += '>';
         reader.Run.Stop();
     }
 

@@ -12,6 +12,7 @@ inline constexpr std::string_view kXMLDocumentType = "<!DOCTYPE";
 struct TXMLPrologue {
     std::size_t DocumentTypeBegin = 0;  ///< place of the document type declaration
     std::size_t DocumentTypeEnd = 0;    ///< behind it; 0 without a document type
+    std::string DocumentType;           ///< the declaration in UTF-8; empty without one
     std::string Reason;                 ///< why the prologue is malformed; empty when it is not
     std::size_t FailurePlace = 0;
 };

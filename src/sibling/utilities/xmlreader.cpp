@@ -144,13 +144,16 @@ std::string BlankDocumentType(std::string_view document, const TXMLEncoding& enc
 }  // namespace
 
 bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
-                     std::vector<std::unique_ptr<TElement>>* elements, TXMLReadError* error) {
+                     std::vector<std::unique_ptr<TElement>>* elements, TXMLReadError* error,
+                     std::string* documentType) {
     elements->clear();
+    if (documentType) documentType->clear();
     const TXMLEncoding encoding = DetectXMLEncoding(document);
     if (encoding.Refusal) return Fail(document, encoding, 0, encoding.Refusal, error);
     const TXMLPrologue prologue = ReadXMLPrologue(document, encoding);
     if (!prologue.Reason.empty())
         return Fail(document, encoding, prologue.FailurePlace, prologue.Reason, error);
+    if (documentType) *documentType = prologue.DocumentType;
     TDocumentReader reader(document, encoding, droppedRoot, elements);
     if (reader.Read(BlankDocumentType(document, encoding, prologue))) return true;
     const std::string reason = reader.GetReason();

@@ -88,6 +88,7 @@ private:
             return Fail("the document type is malformed: " + error.Reason);
         if (name.empty() || !none.empty()) return Fail("the document type names no root element");
         Document = type;
+        if (List.HoldsRoot()) return true;
         RootLevels = 1;
         Root = std::make_unique<TElement>(TElement::START, name, "");
         return OpenElement(*Root);

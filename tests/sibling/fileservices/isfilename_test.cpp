@@ -1,7 +1,9 @@
 #include "sibling/fileservices/isfilename.h"
+#include "sibling/fileservices/filestatus.h"
 #include "sibling/fileservices/pathtext.h"
 #include "sibling/utilities/fold.h"
 #include "tests/sibling/fileservices/hostform.h"
+#include "tests/support/recorders.h"
 #include "tests/support/slots.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
@@ -246,6 +248,39 @@ TEST(FileIdentity, LooksThroughWrappers) {
     own.Text = "/p/Wrapped.v";
     EXPECT_TRUE(GetFileIdentity(&own) == GetFileIdentity(handle));
     EXPECT_TRUE(handle->IsEquivalent(outer));
+}
+
+TEST(ReportNamesake, WritesALineForTwoFilesKnownByCaseAlone) {
+    const TemporaryFolder folder;
+    const ISFileName* const listed = Handle(folder.Write("Fifo.vhd", ""));
+    const ISFileName* const file = Handle(folder.Write("fifo.vhd", ""));
+    const WrappingName wrapper(file);
+    const std::string line = "[Default] File \"" + folder.Path("fifo.vhd") + "\" is taken for \"" +
+                             folder.Path("Fifo.vhd") + "\"\n";
+    RecordingLog log(1);
+    ReportNamesake(listed, file);
+    EXPECT_EQ(log.Take(), kOnWindows ? "" : line);
+    ReportNamesake(listed, &wrapper);
+    EXPECT_EQ(log.Take(), kOnWindows ? "" : line);
+    file->Remove();
+    ReportNamesake(listed, file);
+    ReportNamesake(file, listed);
+    EXPECT_EQ(log.Take(), "");
+}
+
+TEST(ReportNamesake, LooksAtTheDiskOnlyWhenItHasTo) {
+    const TemporaryFolder folder;
+    const ISFileName* const listed = Handle(folder.Write("Fifo.vhd", ""));
+    const ISFileName* const file = Handle(folder.Write("fifo.vhd", ""));
+    const WrappingName wrapper(listed);
+    const std::uint64_t before = CountOfFileLooks();
+    RecordingLog log(0);
+    ReportNamesake(listed, file);
+    __BinaryLogDiagnosticGroupDefault.SetLevel(1);
+    ReportNamesake(listed, listed);
+    ReportNamesake(listed, &wrapper);
+    EXPECT_EQ(log.Take(), "");
+    EXPECT_EQ(CountOfFileLooks() - before, 0u);
 }
 
 TEST(MarkLoadedAndTestExists, AsksACallersOwnClass) {

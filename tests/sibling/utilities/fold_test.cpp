@@ -22,7 +22,7 @@ TEST(Fold, ComparesAndHashesAlike) {
     };
     const Row rows[] = {
         {"empty", "", "", true},
-        {"letters", "/Work/FIFO.vhd", "/wORK/fifo.VHD", true},
+        {"letters", "/Proj/FIFO.vhd", "/pROJ/fifo.VHD", true},
         {"neighbours of the letters", "@[`{", "@[`{", true},
         {"at sign is no grave", "@", "`", false},
         {"bracket is no brace", "[", "{", false},
@@ -39,7 +39,7 @@ TEST(Fold, ComparesAndHashesAlike) {
 }
 
 TEST(Fold, HashIsThatOfTheFoldedText) {
-    for (const char* text : {"", "A", "/Work/Src/FIFO.VHD",
+    for (const char* text : {"", "A", "/Proj/Src/FIFO.VHD",
                              "gr\xC3\x96\xC3\x9F"
                              "e"})
         EXPECT_EQ(HashIgnoringCase(text), HashIgnoringCase(FoldCase(text))) << text;

@@ -73,6 +73,7 @@ TEST(Identifier, IsEqualByTheRuleOfItsLanguage) {
         const TTBIdentifier b(row.b, row.language);
         EXPECT_EQ(a == b, row.equal);
         EXPECT_EQ(b == a, row.equal);
+        EXPECT_TRUE(!row.equal || a.GetHash() == b.GetHash());
         EXPECT_TRUE(a == a);
     }
 }
@@ -83,6 +84,15 @@ TEST(Identifier, OfDifferentLanguagesComparesContents) {
     EXPECT_FALSE(vhdl == TTBIdentifier("Counter", LANGUAGE_VERILOG));
     EXPECT_TRUE(TTBIdentifier("\\a+b\\", LANGUAGE_VHDL) ==
                 TTBIdentifier("\\a+b ", LANGUAGE_VERILOG));
+}
+
+TEST(Identifier, HasOneHashWithAllThatEqualItInAnyLanguage) {
+    const TTBIdentifier vhdl("Counter", LANGUAGE_VHDL);
+    const TTBIdentifier verilog("Counter", LANGUAGE_VERILOG);
+    const TTBIdentifier lower("counter", LANGUAGE_VHDL);
+    EXPECT_EQ(vhdl.GetHash(), verilog.GetHash());
+    EXPECT_EQ(vhdl.GetHash(), lower.GetHash());
+    EXPECT_NE(vhdl.GetHash(), TTBIdentifier("counters", LANGUAGE_VHDL).GetHash());
 }
 
 TEST(Identifier, KnowsItsLanguageAndWhetherItIsEmpty) {

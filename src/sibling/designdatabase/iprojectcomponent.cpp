@@ -1,4 +1,4 @@
-#include "projectfiles/iprojectcomponent.h"
+#include "sibling/designdatabase/iprojectcomponent.h"
 #include "sibling/designdatabase/visitor.h"
 
 IProjectComponent::~IProjectComponent() = default;

@@ -1,4 +1,4 @@
-#include "projectfilefakes.h"
+#include "sibling/designdatabase/iprojectcomponent.h"
 #include "sibling/designdatabase/visitor.h"
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>

@@ -1,0 +1,38 @@
+#pragma once
+#include "cli/changereport.h"
+#include "cli/tool.h"
+#include "simtools/simtoolserverclientcourier.h"
+#include <string>
+#include <vector>
+
+/// The tools of the server of the arguments, in the simulators file of the arguments.
+class TServerAccess {
+public:
+    TServerAccess(const TToolArguments& arguments, const TToolStreams& streams);
+
+    /// Reads the tools, without showing messages. kExitUsage for a server whose file is not given,
+    /// kExitFile when the file cannot be read, kExitProblems when it holds more than a save would
+    /// keep; each with one line on Err. A missing file counts as one without tools, unless it is
+    /// named and `mustExist` is set.
+    int Read(bool mustExist);
+
+    const std::vector<TBaseSimTool>& GetTools();
+    TBaseSimToolServerClientCourier& GetCourier() { return Courier; }
+    /// As the user named it, or the whole path of the default file.
+    const std::string& GetFileText() const { return FileText; }
+
+    /// Saves what differs from what was read, and prints it, for the command called `verb`.
+    int Save(const char* verb);
+
+private:
+    bool ChooseFile();
+    TState GetState();
+    std::string WriteFile();
+
+    const TToolArguments& Arguments;
+    const TToolStreams& Streams;
+    const ISFileName* File = nullptr;
+    std::string FileText;
+    TBaseSimToolServerClientCourier Courier;
+    TState StateRead;
+};

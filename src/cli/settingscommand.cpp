@@ -1,0 +1,134 @@
+#include "cli/commands.h"
+#include "cli/projectaccess.h"
+#include "cli/settingstext.h"
+
+namespace {
+
+/// Why a configuration cannot be called `name`; "" when it can.
+std::string NameComplaint(const std::string& name, const TProjectSimSettings& settings) {
+    if (name.empty()) return "a configuration needs a name";
+    if (name == "Default") return "'Default' always means the first configuration";
+    return settings.Find(name.c_str()) ? "the project has a configuration '" + name + "' already"
+                                       : "";
+}
+
+/// A copy of the configuration or template that the arguments name; null, with one line on Err,
+/// when there is neither.
+TProjectSimConfig* CopySource(TProjectAccess& project, const TToolArguments& arguments,
+                              const TToolStreams& streams) {
+    const char* const name = arguments.Configuration.c_str();
+    if (const TProjectSimConfig* source = project.GetSettings().GetConfiguration(name))
+        return new TProjectSimConfig(*source);
+    TProjectTemplateSimConfigList templates;
+    ReadTemplates(&templates);
+    if (const TProjectSimConfig* source = templates.Find(name))
+        return new TProjectSimConfig(*source);
+    std::vector<std::string> known = NamesOf(project.GetSettings());
+    for (const std::string& templateName : NamesOf(templates)) known.push_back(templateName);
+    ReportError(streams, "unknown configuration '" + arguments.Configuration +
+                             "'; known, templates included: " + JoinNames(known));
+    return nullptr;
+}
+
+/// The configuration to show; null, with one line on Err, when there is none.
+const TProjectSimConfig* FindShown(TProjectAccess& project, const TToolArguments& arguments,
+                                   const TToolStreams& streams) {
+    if (!arguments.Configuration.empty()) return project.FindConfiguration();
+    if (const TProjectSimConfig* current = project.GetSettings().GetCurrentConfig()) return current;
+    const std::string known = JoinNames(NamesOf(project.GetSettings()));
+    ReportError(streams, known.empty()
+                             ? "the project has no configurations"
+                             : "the project has no current configuration; known: " + known);
+    return nullptr;
+}
+
+}  // namespace
+
+int RunSettingsList(const TToolArguments& arguments, const TToolStreams& streams) {
+    TProjectAccess project(arguments, streams);
+    if (const int status = project.Read(); status != kExitDone) return status;
+    const TProjectSimSettings& settings = project.GetSettings();
+    const std::vector<std::string> names = NamesOf(settings);
+    if (!arguments.Json) {
+        PrintNames(names, settings.GetCurrentConfigName(), streams.Out);
+        return kExitDone;
+    }
+    TJson result = MakeResult("hdlbuild-settings-list", "project", arguments.Project);
+    result["current"] =
+        settings.GetCurrentConfig() ? TJson(settings.GetCurrentConfigName()) : TJson();
+    result["configurations"] = names;
+    PrintJson(result, streams);
+    return kExitDone;
+}
+
+int RunSettingsShow(const TToolArguments& arguments, const TToolStreams& streams) {
+    TProjectAccess project(arguments, streams);
+    if (const int status = project.Read(); status != kExitDone) return status;
+    const TProjectSimConfig* configuration = FindShown(project, arguments, streams);
+    if (!configuration) return kExitUsage;
+    const bool isCurrent = configuration == project.GetSettings().GetCurrentConfig();
+    const std::vector<TSettingValue> values =
+        ListSettings(*configuration, arguments.Absolute ? "" : project.GetDirectory());
+    if (!arguments.Json) {
+        streams.Out << configuration->GetName() << (isCurrent ? " (current)\n" : "\n");
+        PrintSettings(values, streams.Out);
+        return kExitDone;
+    }
+    TJson result = MakeResult("hdlbuild-settings-show", "project", arguments.Project);
+    result["name"] = configuration->GetName();
+    result["current"] = isCurrent;
+    AddSettings(result, values);
+    PrintJson(result, streams);
+    return kExitDone;
+}
+
+int RunSettingsCurrent(const TToolArguments& arguments, const TToolStreams& streams) {
+    TProjectAccess project(arguments, streams);
+    if (const int status = project.Read(); status != kExitDone) return status;
+    const TProjectSimConfig* configuration = project.FindConfiguration();
+    if (!configuration) return kExitUsage;
+    project.GetSettings().SelectCurrentConfig(configuration);
+    return project.Save("current");
+}
+
+int RunSettingsCopy(const TToolArguments& arguments, const TToolStreams& streams) {
+    TProjectAccess project(arguments, streams);
+    if (const int status = project.Read(true); status != kExitDone) return status;
+    TProjectSimSettings& settings = project.GetSettings();
+    const std::string complaint = NameComplaint(arguments.NewName, settings);
+    if (!complaint.empty()) {
+        ReportError(streams, complaint);
+        return kExitUsage;
+    }
+    TProjectSimConfig* copy = CopySource(project, arguments, streams);
+    if (!copy) return kExitUsage;
+    copy->SetName(arguments.NewName.c_str());
+    copy->SetProjectFileName(project.GetFile());
+    const bool isFirst = settings.GetConfigurations().empty();
+    settings.AddConfiguration(copy);
+    if (isFirst) settings.SelectCurrentConfig(copy);
+    return project.Save("copy");
+}
+
+int RunSettingsRemove(const TToolArguments& arguments, const TToolStreams& streams) {
+    TProjectAccess project(arguments, streams);
+    if (const int status = project.Read(); status != kExitDone) return status;
+    const TProjectSimConfig* configuration = project.FindConfiguration();
+    if (!configuration) return kExitUsage;
+    const std::string name = configuration->GetName();
+    project.GetSettings().RemoveConfiguration(name.c_str());
+    return project.Save("remove");
+}
+
+int RunSettingsReset(const TToolArguments& arguments, const TToolStreams& streams) {
+    TProjectAccess project(arguments, streams);
+    if (const int status = project.Read(); status != kExitDone) return status;
+    TProjectSimConfig* configuration = project.FindConfiguration();
+    if (!configuration) return kExitUsage;
+    const std::string name = configuration->GetName();
+    configuration->Reset(arguments.Debug);
+    configuration->SetName(name.c_str());
+    // The fresh settings belong to no project file yet.
+    configuration->SetProjectFileName(project.GetFile());
+    return project.Save("reset");
+}

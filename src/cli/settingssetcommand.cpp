@@ -1,0 +1,99 @@
+#include "cli/commands.h"
+#include "cli/projectaccess.h"
+#include "cli/settingkeys.h"
+#include "cli/settingstext.h"
+
+namespace {
+
+/// Changes one setting of a configuration as the arguments say. Every step returns why it cannot be
+/// done; "" when it is done.
+class TSettingChange {
+public:
+    TSettingChange(TProjectSimConfig& configuration, const TToolArguments& arguments)
+        : Configuration(configuration), Arguments(arguments) {}
+
+    std::string Make() {
+        if (const TGeneralKey* key = FindGeneralKey(Arguments.Key)) {
+            if (!Arguments.SettingsLanguage.empty())
+                return Arguments.Key + " does not depend on a language";
+            return SetValue(*key, *Configuration.GetGeneralConfiguration(), LANGUAGE_NONE);
+        }
+        const TLanguageKey* key = FindLanguageKey(Arguments.Key);
+        if (!key) return "unknown setting '" + Arguments.Key + "'; known: " + KnownKeys();
+        const THdlLanguage language = GetHdlLanguageFromString(Arguments.SettingsLanguage.c_str());
+        TProjectSimLanguageConfig* settings = Configuration.GetProjectLanguageConfig(language);
+        if (!settings) return LanguageComplaint();
+        if (const TListKey* list = FindListKey(key->Name)) return ChangeList(*list, *settings);
+        return SetValue(*key, *settings, language);
+    }
+
+private:
+    std::string LanguageComplaint() const {
+        std::vector<std::string> known;
+        for (const THdlLanguage language : LanguagesOf(Configuration))
+            known.emplace_back(GetStringFromHdlLanguage(language));
+        const std::string& language = Arguments.SettingsLanguage;
+        return (language.empty() ? Arguments.Key + " depends on the language: give --language"
+                                 : "unknown language '" + language + "'") +
+               "; known: " + JoinNames(known);
+    }
+
+    bool ChangesEntries() const {
+        return Arguments.ClearEntries || !Arguments.AddedEntries.empty() ||
+               !Arguments.RemovedEntries.empty();
+    }
+
+    template <class TSettings>
+    std::string SetValue(const TSettingKey<TSettings>& key, TSettings& settings,
+                         THdlLanguage language) const {
+        if (ChangesEntries()) return Arguments.Key + " is no list: give one VALUE";
+        if (Arguments.Words.size() != 1) return Arguments.Key + " takes one VALUE";
+        const std::string& text = Arguments.Words.front();
+        const std::string complaint = ValueComplaint(key.Kind, text, language);
+        if (!complaint.empty()) return Arguments.Key + " '" + text + "': " + complaint;
+        key.Set(settings, text.c_str());
+        return "";
+    }
+
+    std::string ChangeList(const TListKey& list, TProjectSimLanguageConfig& settings) const {
+        if (!ChangesEntries() || !Arguments.Words.empty())
+            return Arguments.Key + " is a list: give --add, --remove or --clear";
+        if (Arguments.ClearEntries) (settings.*list.Clear)();
+        for (const std::string& entry : Arguments.RemovedEntries)
+            if (!RemoveEntry(list, settings, entry))
+                return "'" + entry + "' is not listed in " + Arguments.Key +
+                       "; listed: " + JoinNames((settings.*list.Get)());
+        for (const std::string& entry : Arguments.AddedEntries) {
+            if (entry.empty()) return "an entry of " + Arguments.Key + " is not empty";
+            list.Add(settings, entry.c_str());
+        }
+        return "";
+    }
+
+    // An entry with an environment reference is kept as it is written, but looked for as resolved.
+    static bool RemoveEntry(const TListKey& list, TProjectSimLanguageConfig& settings,
+                            const std::string& entry) {
+        if ((settings.*list.Remove)(entry.c_str())) return true;
+        std::vector<std::string> entries = (settings.*list.Get)();
+        if (std::erase(entries, entry) == 0) return false;
+        (settings.*list.Clear)();
+        for (const std::string& kept : entries) list.Restore(settings, kept.c_str());
+        return true;
+    }
+
+    TProjectSimConfig& Configuration;
+    const TToolArguments& Arguments;
+};
+
+}  // namespace
+
+int RunSettingsSet(const TToolArguments& arguments, const TToolStreams& streams) {
+    TProjectAccess project(arguments, streams);
+    if (const int status = project.Read(); status != kExitDone) return status;
+    TProjectSimConfig* configuration = project.FindConfiguration();
+    if (!configuration) return kExitUsage;
+    const std::string complaint = TSettingChange(*configuration, arguments).Make();
+    if (complaint.empty()) return project.Save("set");
+    ReportError(streams, complaint);
+    return kExitUsage;
+}

@@ -1,0 +1,64 @@
+#include "settings/projectfile.h"
+
+#include "settings/projectsimsettings.h"
+#include "sibling/fileservices/isfilename.h"
+#include "sibling/utilities/xmlsectionfile.h"
+
+namespace {
+
+class TProjectDocument : public TXMLSectionFile {
+public:
+    explicit TProjectDocument(TProjectSimSettings* settings)
+        : TXMLSectionFile("ProjectSettings", "SimulationProject", CHILD_OF_ROOT),
+          Settings(settings) {}
+
+    TProjectFileResult Read(const char* path) {
+        if (!ReadFile(path))
+            return GetReadError().Missing ? PROJECT_FILE_MISSING : PROJECT_FILE_UNREADABLE;
+        if (!HasParent()) return PROJECT_FILE_FOREIGN;
+        return GetSectionCount() > 1 ? PROJECT_FILE_REPEATED_SETTINGS : PROJECT_FILE_DONE;
+    }
+
+protected:
+    void FillSection() override { Settings->WriteToProjectFile(this); }
+
+private:
+    TProjectSimSettings* Settings;
+};
+
+}  // namespace
+
+TProjectFileResult TProjectFile::Read(TProjectSimSettings* settings) {
+    TProjectDocument document(settings);
+    ReadResult = document.Read(File->Canonical(false));
+    ReadError = document.GetReadError();
+    settings->SetProjectFileName(File);
+    if (ReadResult != PROJECT_FILE_DONE || document.GetSectionCount() == 0) return ReadResult;
+    DListIterator<TElement*> section = document.GetSection();
+    if (!settings->ReadFromFile(section, File)) ReadResult = PROJECT_FILE_INVALID_SETTINGS;
+    return ReadResult;
+}
+
+TProjectFileResult TProjectFile::Save(TProjectSimSettings* settings) {
+    if (ReadResult != PROJECT_FILE_DONE && ReadResult != PROJECT_FILE_MISSING) return ReadResult;
+    const char* const path = File->Canonical(false);
+    TProjectDocument document(settings);
+    const TProjectFileResult result = document.Read(path);
+    ReadError = document.GetReadError();
+    if (result != PROJECT_FILE_DONE && result != PROJECT_FILE_MISSING) return result;
+    return document.ReplaceSection(path) ? PROJECT_FILE_DONE : PROJECT_FILE_NOT_WRITTEN;
+}
+
+const char* TProjectFile::GetErrorString(TProjectFileResult result) {
+    static constexpr const char* kTexts[] = {
+        "",
+        "the file does not exist",
+        "the file cannot be read",
+        "the file is no project file: its root is not SimulationProject",
+        "the file holds the section ProjectSettings more than once",
+        "the section ProjectSettings cannot be read",
+        "the file cannot be written",
+    };
+    const auto number = static_cast<std::size_t>(result);
+    return number < std::size(kTexts) ? kTexts[number] : "unknown error";
+}
