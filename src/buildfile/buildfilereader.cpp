@@ -90,7 +90,7 @@ bool THdlBuildFile::ReadAttributes(DListIterator<TElement*>& element) {
     SetGenerationDestinationLibrary(start.GetAttribute("GenerationDestinationLibrary"));
     SetDestinationLibrary(start.GetAttribute("DestinationLibrary"));
     SetSnapshotName(start.GetAttribute("SnapshotName"));
-    if (const TMyString single = TrimmedAttribute(start, "SingleFileOnlyBuild"); !single.IsEmpty())
+    if (const char* single = start.GetAttribute("SingleFileOnlyBuild"); *single)
         SetSingleFileOnlyBuild(ConvertStringBoolToBoolean(single));
     ++element;
     return true;

@@ -106,7 +106,8 @@ void THdlBuildFile::WriteV2VOptions(TXMLList* document) {
 }
 
 void THdlBuildFile::WriteSourceFileGroups(TXMLList* document, THdlLanguage topLanguage) {
-    Parts->SourceFileGroups.WriteSourceFileGroups(document, BuildFileName, topLanguage, GeneralConfiguration);
+    Parts->SourceFileGroups.WriteSourceFileGroups(document, BuildFileName, topLanguage,
+                                                  GeneralConfiguration);
 }
 
 void THdlBuildFile::WritePseudoEnvironmentVariables(TXMLList* document) {

@@ -7,8 +7,7 @@
 
 namespace {
 
-constexpr const char* kDocumentType =
-    "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">";
+constexpr const char* kDocumentType = "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">";
 
 /// The reader of a section, by the name of its element.
 struct TSection {

@@ -29,9 +29,12 @@ void AddLogFile(const std::string& directory, const char* logFile, std::string* 
 
 const char* DelaySwitch(TSimProjectDelayType type) {
     switch (type) {
-        case DELAY_TYPE_MINIMUM: return " +mindelays";
-        case DELAY_TYPE_TYPICAL: return " +typdelays";
-        case DELAY_TYPE_MAXIMUM: return " +maxdelays";
+        case DELAY_TYPE_MINIMUM:
+            return " +mindelays";
+        case DELAY_TYPE_TYPICAL:
+            return " +typdelays";
+        case DELAY_TYPE_MAXIMUM:
+            return " +maxdelays";
     }
     return "";
 }
@@ -79,7 +82,8 @@ std::string THdlBuildFile::GetVerilogCommandLineOptions(const std::string& proje
     if (OrDefault(general).GetBreakAtTimeZeroAfterCompile()) options += " -s";
     if (!isGOFBuild)
         AddLogFile(projectDirectory, OrDefault(general).GetSimulationLogFileName(), &options);
-    for (const std::string& library : ResolveOrvaneEnvVariables(language->GetLibraryDirectories())) {
+    for (const std::string& library :
+         ResolveOrvaneEnvVariables(language->GetLibraryDirectories())) {
         options += " -y ";
         AddRelativePath(projectDirectory.c_str(), library.c_str(), &options);
     }

@@ -13,10 +13,11 @@ struct TFindings {
     THdlBuildFileReadResults ReadResult = {};
     std::vector<TListedSource> Missing;
     std::vector<TDependencyCycle> Cycles;
-    std::vector<TRepeatedSource> Repeated;
+    TDocumentFindings Document;
 
     bool IsClean() const {
-        return ReadResult == 0 && Missing.empty() && Cycles.empty() && Repeated.empty();
+        return ReadResult == 0 && Missing.empty() && Cycles.empty() && Document.HasBuild &&
+               Document.Repeated.empty();
     }
 };
 
@@ -27,7 +28,7 @@ TFindings CheckBuild(const THdlBuildFile& build) {
     std::vector<const IHdlSourceFile*> files;
     for (const TListedSource& source : ListSources(build)) files.push_back(source.File);
     findings.Cycles = FindDependencyCycles(files);
-    findings.Repeated = FindRepeatedSources(build.GetFileName());
+    findings.Document = CheckDocument(build.GetFileName());
     return findings;
 }
 
@@ -41,6 +42,8 @@ std::string CycleText(const TDependencyCycle& cycle, const TToolArguments& argum
 void PrintFindings(const TFindings& findings, const TToolArguments& arguments,
                    const TToolStreams& streams) {
     std::ostream& out = streams.Out;
+    if (!findings.Document.HasBuild)
+        out << "no HdlBuildFile element: the document describes no build\n";
     if (findings.ReadResult != 0)
         out << "read result " << findings.ReadResult << ": "
             << THdlBuildFile::GetErrorString(findings.ReadResult) << "\n";
@@ -54,7 +57,7 @@ void PrintFindings(const TFindings& findings, const TToolArguments& arguments,
         for (const IHdlSourceFile* file : cycle.Files)
             out << "  " << PathText(file->GetFileName(), arguments) << "\n";
     }
-    for (const TRepeatedSource& source : findings.Repeated)
+    for (const TRepeatedSource& source : findings.Document.Repeated)
         out << "named " << source.Places.size()
             << " times: " << PathText(source.Places.front().Path.c_str(), arguments) << " ("
             << DescribePlaces(source, arguments) << ")\n";
@@ -71,6 +74,7 @@ void PrintFindingsAsJson(const TFindings& findings, const TToolArguments& argume
     };
     TJson result = MakeResult("hdlbuild-check", arguments);
     result["clean"] = findings.IsClean();
+    result["hasBuild"] = findings.Document.HasBuild;
     result["readResult"] = {{"number", static_cast<int>(findings.ReadResult)},
                             {"text", THdlBuildFile::GetErrorString(findings.ReadResult)}};
     TJson& missing = result["missingFiles"] = TJson::array();
@@ -81,11 +85,11 @@ void PrintFindingsAsJson(const TFindings& findings, const TToolArguments& argume
     for (const TDependencyCycle& cycle : findings.Cycles)
         cycles.push_back({{"files", paths(cycle.Files)}, {"shortest", paths(cycle.Shortest)}});
     TJson& repeated = result["repeatedSources"] = TJson::array();
-    for (const TRepeatedSource& source : findings.Repeated) {
+    for (const TRepeatedSource& source : findings.Document.Repeated) {
         TJson places = TJson::array();
         for (const TSourcePlace& place : source.Places)
-            places.push_back({{"language", place.Language},
-                              {"path", PathText(place.Path.c_str(), arguments)}});
+            places.push_back(
+                {{"language", place.Language}, {"path", PathText(place.Path.c_str(), arguments)}});
         repeated.push_back(places);
     }
     PrintJson(result, streams);

@@ -2,6 +2,8 @@
 #include "cli/commands.h"
 #include "cli/jsonoutput.h"
 #include "sibling/fileservices/filereplace.h"
+#include "sibling/fileservices/isfilename.h"
+#include <cstring>
 #include <sstream>
 
 namespace {
@@ -16,6 +18,13 @@ int LoadVerilogBuild(const TToolArguments& arguments, const TToolStreams& stream
         ReportWarning(streams, "the build has no Verilog settings: the option text is empty");
     build->SetGOFBuildFileFlag(arguments.Gof);
     return status;
+}
+
+/// Whether both are one file, reached through links or not.
+bool IsSameFile(const std::string& one, const std::string& other) {
+    const ISFileName* file = ISFileName::NewISFileName(one.c_str());
+    return std::strcmp(file->CanonicalWithExpandedLinks(),
+                       ISFileName::NewISFileName(other.c_str())->CanonicalWithExpandedLinks()) == 0;
 }
 
 int SaveCommandFile(const std::string& text, const TToolArguments& arguments,
@@ -44,6 +53,10 @@ int RunOptions(const TToolArguments& arguments, const TToolStreams& streams) {
 }
 
 int RunCommandFile(const TToolArguments& arguments, const TToolStreams& streams) {
+    if (!arguments.Output.empty() && IsSameFile(arguments.Output, arguments.Build)) {
+        ReportError(streams, arguments.Output + ": the output would replace the build file");
+        return kExitUsage;
+    }
     THdlBuildFile build;
     const int status = LoadVerilogBuild(arguments, streams, &build);
     if (status == kExitFile) return status;

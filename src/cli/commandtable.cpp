@@ -80,7 +80,7 @@ std::vector<TCommand> ServersVerbs() {
         {"list",
          "List the tools of a server",
          RunServersList,
-         {{"SERVER", &T::Server, "The server; else localhost"}, file, kJson, kAbsolute}},
+         {{"SERVER", &T::Server, "The server; else localhost"}, file, kJson}},
         {"add",
          "Add a simulator to a server, or change its paths",
          RunServersAdd,

@@ -40,7 +40,9 @@ TGraph BuildGraph(const std::vector<const IHdlSourceFile*>& roots) {
 class TComponentFinder {
 public:
     explicit TComponentFinder(const TGraph& graph)
-        : Graph(graph), Order(graph.Files.size(), kNone), Low(graph.Files.size()),
+        : Graph(graph),
+          Order(graph.Files.size(), kNone),
+          Low(graph.Files.size()),
           OnStack(graph.Files.size()) {}
 
     /// The components that hold a cycle, each in ascending order of place.
@@ -103,8 +105,9 @@ private:
     TIndex Counter = 0;
 };
 
-/// Finds a shortest cycle of one strongly connected set: breadth first from each member in turn, which
-/// is then taken out with all that no longer lies on a cycle, so that a plain ring takes one search.
+/// Finds a shortest cycle of one strongly connected set: breadth first from each member in turn,
+/// which is then taken out with all that no longer lies on a cycle, so that a plain ring takes one
+/// search.
 class TShortestCycle {
 public:
     TShortestCycle(const TGraph& graph, const std::vector<TIndex>& members)
@@ -183,7 +186,8 @@ private:
             for (const TIndex to : Edges[place])
                 if (--Entering[to] == 0 && Alive[to]) Alive[to] = false, leaving.push_back(to);
             for (const TIndex from : Incoming[place])
-                if (--Outgoing[from] == 0 && Alive[from]) Alive[from] = false, leaving.push_back(from);
+                if (--Outgoing[from] == 0 && Alive[from])
+                    Alive[from] = false, leaving.push_back(from);
         }
     }
 
@@ -200,7 +204,8 @@ private:
 
 }  // namespace
 
-std::vector<TDependencyCycle> FindDependencyCycles(const std::vector<const IHdlSourceFile*>& roots) {
+std::vector<TDependencyCycle> FindDependencyCycles(
+    const std::vector<const IHdlSourceFile*>& roots) {
     const TGraph graph = BuildGraph(roots);
     std::vector<TDependencyCycle> cycles;
     for (const auto& members : TComponentFinder(graph).Find()) {

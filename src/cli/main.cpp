@@ -2,10 +2,12 @@
 #include <cstdlib>
 #include <iostream>
 #ifdef _WIN32
-#include <windows.h>
-#include <shellapi.h>
 #include <fcntl.h>
 #include <io.h>
+#include <windows.h>
+
+// It needs what windows.h declares.
+#include <shellapi.h>
 #else
 #include <unistd.h>
 #endif

@@ -25,6 +25,10 @@ int TProjectAccess::Read(bool mayBeMissing) {
     return isProblem ? kExitProblems : kExitFile;
 }
 
+std::string TProjectAccess::GetDirectory() const {
+    return File->GetPathOnly();
+}
+
 TProjectSimConfig* TProjectAccess::FindConfiguration() {
     const std::string& name = Arguments.Configuration;
     if (TProjectSimConfig* configuration = Settings.GetConfiguration(name.c_str()))

@@ -18,7 +18,7 @@ public:
     int Read(bool mayBeMissing = false);
     TProjectSimSettings& GetSettings() { return Settings; }
     /// Where the project file is, with the delimiter that ends it.
-    std::string GetDirectory() const { return File->GetPathOnly(); }
+    std::string GetDirectory() const;
     const ISFileName* GetFile() const { return File; }
 
     /// The configuration that the arguments name, "Default" being the first one. Null, with one

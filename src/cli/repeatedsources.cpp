@@ -48,13 +48,7 @@ std::vector<TSourcePlace> ListPlaces(const TXMLList& document, const char* direc
     return places;
 }
 
-}  // namespace
-
-std::vector<TRepeatedSource> FindRepeatedSources(const ISFileName* buildFile) {
-    TPlainDocument document;
-    document.SetDocumentType("<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">");
-    if (!document.ReadFile(buildFile->Canonical(false))) return {};
-    const std::vector<TSourcePlace> places = ListPlaces(document, buildFile->GetPathOnly());
+std::vector<TRepeatedSource> FindRepeated(const std::vector<TSourcePlace>& places) {
     std::unordered_map<std::string, std::size_t> seen;  // folded path to place in `sources`
     std::vector<TRepeatedSource> sources;
     for (const TSourcePlace& place : places) {
@@ -64,6 +58,17 @@ std::vector<TRepeatedSource> FindRepeatedSources(const ISFileName* buildFile) {
     }
     std::erase_if(sources, [](const TRepeatedSource& source) { return source.Places.size() < 2; });
     return sources;
+}
+
+}  // namespace
+
+TDocumentFindings CheckDocument(const ISFileName* buildFile) {
+    TPlainDocument document;
+    document.SetDocumentType("<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">");
+    if (!document.ReadFile(buildFile->Canonical(false))) return {};
+    DListIterator<TElement*> element(document);
+    const bool hasBuild = TXMLList::FindNext(element, "HdlBuildFile", nullptr);
+    return {hasBuild, FindRepeated(ListPlaces(document, buildFile->GetPathOnly()))};
 }
 
 std::string DescribePlaces(const TRepeatedSource& source, const TToolArguments& arguments) {

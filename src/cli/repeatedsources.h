@@ -16,9 +16,15 @@ struct TRepeatedSource {
     std::vector<TSourcePlace> Places;  ///< at least two, in the order of the document
 };
 
-/// Reads the document's own list of sources: of a repeated name, the build keeps but one. Empty
-/// when the file cannot be read.
-std::vector<TRepeatedSource> FindRepeatedSources(const ISFileName* buildFile);
+/// What the document of a build file shows, but not the build read from it.
+struct TDocumentFindings {
+    bool HasBuild = true;  ///< whether there is an "HdlBuildFile" element
+    /// Of a repeated name, the build keeps but one.
+    std::vector<TRepeatedSource> Repeated;
+};
+
+/// Reads the document once more. Without findings when the file cannot be read.
+TDocumentFindings CheckDocument(const ISFileName* buildFile);
 
 /// The groups, and the other spellings, of a repeated source.
 std::string DescribePlaces(const TRepeatedSource& source, const TToolArguments& arguments);

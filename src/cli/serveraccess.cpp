@@ -55,14 +55,12 @@ int TServerAccess::Read(bool mustExist) {
         ReportError(Streams, ReadErrorText(error));
         return kExitFile;
     }
-    const std::string foreign = FindForeign(document);
-    if (!foreign.empty()) {
-        ReportError(Streams, FileText + ": " + foreign + " is none of a simulators file");
-        return kExitProblems;
-    }
     Courier.ReadCurrentServerConfigFromFile(File, Arguments.Server.c_str());
     StateRead = GetState();
-    return kExitDone;
+    const std::string foreign = FindForeign(document);
+    if (foreign.empty()) return kExitDone;
+    ReportError(Streams, FileText + ": no simulators file can hold " + foreign);
+    return kExitProblems;
 }
 
 const std::vector<TBaseSimTool>& TServerAccess::GetTools() {

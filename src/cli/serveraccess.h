@@ -11,9 +11,9 @@ public:
     TServerAccess(const TToolArguments& arguments, const TToolStreams& streams);
 
     /// Reads the tools, without showing messages. kExitUsage for a server whose file is not given,
-    /// kExitFile when the file cannot be read, kExitProblems when it holds more than a save would
-    /// keep; each with one line on Err. A missing file counts as one without tools, unless it is
-    /// named and `mustExist` is set.
+    /// kExitFile when the file cannot be read, kExitProblems when a save would drop some of what it
+    /// holds, each with one line on Err; with kExitProblems all that is known has been read. A
+    /// missing file counts as one without tools, unless it is named and `mustExist` is set.
     int Read(bool mustExist);
 
     const std::vector<TBaseSimTool>& GetTools();

@@ -1,4 +1,3 @@
-#include "cli/buildloader.h"
 #include "cli/commands.h"
 #include "cli/serveraccess.h"
 #include "cli/simulatornames.h"
@@ -27,23 +26,22 @@ std::string OfferedNames(const std::vector<TBaseSimTool>& tools) {
     return names;
 }
 
-TJson ToolsAsJson(const std::vector<TBaseSimTool>& tools, const TToolArguments& arguments) {
+TJson ToolsAsJson(const std::vector<TBaseSimTool>& tools) {
     TJson list = TJson::array();
     for (const TBaseSimTool& tool : tools)
         list.push_back({{"simulator", GetSimulatorNameFromType(tool.GetSimulatorType())},
                         {"language", GetStringFromHdlLanguage(tool.GetLanguage())},
-                        {"path", PathText(tool.GetExecutablePath(), arguments)},
+                        {"path", tool.GetExecutablePath()},
                         {"pliLibrary", tool.GetPliLibrary()}});
     return list;
 }
 
-void PrintTools(const std::vector<TBaseSimTool>& tools, const TToolArguments& arguments,
-                std::ostream& out) {
+void PrintTools(const std::vector<TBaseSimTool>& tools, std::ostream& out) {
     std::vector<std::vector<std::string>> rows = {{"SIMULATOR", "LANGUAGE", "PATH", "PLI LIBRARY"}};
     for (const TBaseSimTool& tool : tools)
         rows.push_back({GetSimulatorNameFromType(tool.GetSimulatorType()),
-                        GetStringFromHdlLanguage(tool.GetLanguage()),
-                        PathText(tool.GetExecutablePath(), arguments), tool.GetPliLibrary()});
+                        GetStringFromHdlLanguage(tool.GetLanguage()), tool.GetExecutablePath(),
+                        tool.GetPliLibrary()});
     PrintTable(std::move(rows), out);
 }
 
@@ -51,16 +49,17 @@ void PrintTools(const std::vector<TBaseSimTool>& tools, const TToolArguments& ar
 
 int RunServersList(const TToolArguments& arguments, const TToolStreams& streams) {
     TServerAccess server(arguments, streams);
-    if (const int status = server.Read(true); status != kExitDone) return status;
+    const int status = server.Read(true);
+    if (status != kExitDone && status != kExitProblems) return status;
     if (!arguments.Json) {
-        PrintTools(server.GetTools(), arguments, streams.Out);
-        return kExitDone;
+        PrintTools(server.GetTools(), streams.Out);
+        return status;
     }
     TJson result = MakeResult("hdlbuild-servers-list", "file", server.GetFileText());
     result["server"] = arguments.Server;
-    result["tools"] = ToolsAsJson(server.GetTools(), arguments);
+    result["tools"] = ToolsAsJson(server.GetTools());
     PrintJson(result, streams);
-    return kExitDone;
+    return status;
 }
 
 int RunServersAdd(const TToolArguments& arguments, const TToolStreams& streams) {

@@ -16,7 +16,9 @@ namespace {
 // What the build holds is gathered as JSON first; the text is printed from it, so that both say the
 // same.
 
-std::string LanguageText(THdlLanguage language) { return GetStringFromHdlLanguage(language); }
+std::string LanguageText(THdlLanguage language) {
+    return GetStringFromHdlLanguage(language);
+}
 
 TJson LanguagesOf(const THdlBuildFile& build) {
     return {{"top", LanguageText(build.GetTopLanguage())},
@@ -92,8 +94,9 @@ TJson GroupsOf(const THdlBuildFile& build) {
     for (const THdlLanguage language : SelectableLanguages()) {
         const TIHdlSourceFileList& files = *build.GetSourceFileGroup(language);
         if (files.begin() == files.end()) continue;
-        const auto libraries = std::count_if(
-            files.begin(), files.end(), [](const IHdlSourceFile* file) { return file->IsLibrary(); });
+        const auto libraries =
+            std::count_if(files.begin(), files.end(),
+                          [](const IHdlSourceFile* file) { return file->IsLibrary(); });
         groups.push_back({{"language", LanguageText(language)},
                           {"files", std::distance(files.begin(), files.end())},
                           {"libraryFiles", libraries}});
@@ -142,9 +145,9 @@ void PrintLine(std::ostream& out, const std::string& label, const std::string& v
 
 void PrintOptions(std::ostream& out, const TJson& options) {
     static constexpr std::pair<const char*, const char*> kLines[] = {
-        {"includeDirectories", "  include"},      {"libraryDirectories", "  library dirs"},
-        {"libraryExtensions", "  extensions"},    {"buildOptions", "  build options"},
-        {"linkerOptions", "  linker options"},    {"runtimeOptions", "  runtime options"},
+        {"includeDirectories", "  include"},   {"libraryDirectories", "  library dirs"},
+        {"libraryExtensions", "  extensions"}, {"buildOptions", "  build options"},
+        {"linkerOptions", "  linker options"}, {"runtimeOptions", "  runtime options"},
     };
     for (const TJson& config : options) {
         PrintLine(out, "Settings " + Text(config["language"]),
@@ -158,10 +161,12 @@ void PrintContents(std::ostream& out, const TJson& contents) {
     PrintLine(out, "Build file", Text(contents["build"]));
     PrintLine(out, "Read result",
               Text(contents["readResult"]["number"]) + ", " + Text(contents["readResult"]["text"]));
-    PrintLine(out, "Languages", "top " + Text(languages["top"]) + ", HVL " + Text(languages["hvl"]) +
-                                    ", HDL " + Text(languages["hdl"]));
-    PrintLine(out, "Time base", Text(contents["timeBase"]["base"]) + ", shown in " +
-                                    Text(contents["timeBase"]["display"]));
+    PrintLine(out, "Languages",
+              "top " + Text(languages["top"]) + ", HVL " + Text(languages["hvl"]) + ", HDL " +
+                  Text(languages["hdl"]));
+    PrintLine(
+        out, "Time base",
+        Text(contents["timeBase"]["base"]) + ", shown in " + Text(contents["timeBase"]["display"]));
     PrintLine(out, "Library", Text(contents["libraries"]["destination"]));
     PrintLine(out, "Generated into", Text(contents["libraries"]["generation"]));
     PrintLine(out, "Snapshot", Text(contents["libraries"]["snapshot"]));

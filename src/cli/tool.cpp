@@ -6,11 +6,10 @@
 namespace {
 
 constexpr const char* kFooter =
-    "Exit status: 0 done; 1 the build or project has problems (files missing, a dependency cycle, "
-    "a\n"
-    "section that cannot be read); 2 wrong usage, unknown names; 3 a file cannot be read or "
-    "written.\n"
-    "Results go to standard output, everything else to standard error. NO_COLOR turns colours off.";
+    "Exit status: 0 done; 1 the build or project has problems (files missing, a dependency cycle,\n"
+    "a section that cannot be read); 2 wrong usage, unknown names; 3 a file cannot be read or\n"
+    "written. Results go to standard output, everything else to standard error. NO_COLOR turns\n"
+    "colours off.";
 
 struct TArgumentAdder {
     CLI::App& App;
@@ -64,6 +63,14 @@ std::pair<const TCommand*, const CLI::App*> FindGiven(const CLI::App& app,
     return {nullptr, nullptr};
 }
 
+/// `status`, when all results have reached Out.
+int Finish(int status, const TToolStreams& streams) {
+    streams.Out.flush();
+    if (streams.Out) return status;
+    ReportError(streams, "the results could not be written");
+    return kExitFile;
+}
+
 int Dispatch(const CLI::App& app, TToolArguments& arguments, const TToolStreams& streams) {
     const auto [command, sub] = FindGiven(app, Commands());
     if (!command) return kExitUsage;
@@ -87,6 +94,8 @@ int RunTool(const std::vector<std::string>& arguments, const TToolStreams& strea
     CLI::App app("Reads, checks and orders HDL build files, and keeps their settings.", "hdlbuild");
     app.set_version_flag("--version", "hdlbuild " HDLBUILDFILE_VERSION);
     app.require_subcommand(1);
+    // On Windows too, '/builds/a.xml' is a path.
+    app.allow_windows_style_options(false);
     app.footer(kFooter);
     for (const TCommand& command : Commands()) AddCommand(app, command, parsed);
     try {
@@ -94,11 +103,7 @@ int RunTool(const std::vector<std::string>& arguments, const TToolStreams& strea
         app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
     } catch (const CLI::ParseError& error) {
         const int status = app.exit(error, streams.Out, streams.Err);
-        return status == 0 ? kExitDone : kExitUsage;
+        return status == 0 ? Finish(kExitDone, streams) : kExitUsage;
     }
-    const int status = Dispatch(app, parsed, streams);
-    streams.Out.flush();
-    if (streams.Out) return status;
-    ReportError(streams, "the results could not be written");
-    return kExitFile;
+    return Finish(Dispatch(app, parsed, streams), streams);
 }

@@ -2,15 +2,14 @@
 #include "projectfiles/dependencyindex.h"
 #include "projectfiles/hdlprojectsourcefile.h"
 #include "projectfiles/hdlsourcefile.h"
-#include "projectfiles/sourcename.h"
+#include "projectfiles/sourcenametable.h"
 #include "sibling/utilities/keeper.h"
 #include <algorithm>
-#include <unordered_map>
 #include <vector>
 
 /// What a list knows of the names of its entries.
 struct TIHdlSourceFileList::TNames {
-    std::unordered_map<TSourceName, TPlace, TSourceNameHash> Places;
+    TSourceNameTable Places;
     // Sources that were assigned names after they were added may share one: the first one has it.
     bool AreShared = false;
     bool WasFilled = false;
@@ -128,7 +127,7 @@ void TIHdlSourceFileList::Flush() {
     if (!Names) return;
     for (TDependencyIndex* index : Names->Indexes) ReportAllAsRemoved(index);
     Entries.clear();
-    Names->Places.clear();
+    Names->Places.Clear();
     Names->AreShared = false;
     Names->ChangeCount = GetSourceNameChangeCount();
 }
@@ -141,8 +140,8 @@ TIHdlSourceFileList::TNames& TIHdlSourceFileList::MadeNames() const {
 TIHdlSourceFileList::TPlace TIHdlSourceFileList::Find(const TSourceName& name) const {
     if (!Names) return Entries.end();
     if (Names->ChangeCount != GetSourceNameChangeCount()) RebuildNames();
-    const auto found = Names->Places.find(name);
-    return found == Names->Places.end() ? Entries.end() : found->second;
+    const TPlace* found = Names->Places.Find(name);
+    return found ? *found : Entries.end();
 }
 
 // `name` is null for a source without one.
@@ -150,7 +149,7 @@ void TIHdlSourceFileList::Link(TPlace before, IHdlSourceFile* file, const TSourc
     TNames& names = MadeNames();
     const TPlace place = Entries.insert(before, file);
     names.WasFilled = true;
-    if (name && !names.Places.try_emplace(*name, place).second) {
+    if (name && !names.Places.Add(*name, place)) {
         names.AreShared = true;
         name = nullptr;
     }
@@ -160,7 +159,7 @@ void TIHdlSourceFileList::Link(TPlace before, IHdlSourceFile* file, const TSourc
 // For a list in which no two entries share a name.
 void TIHdlSourceFileList::Unlink(TPlace place, const TSourceName& name) {
     for (TDependencyIndex* index : Names->Indexes) index->Removed(this, *place, &name);
-    Names->Places.erase(name);
+    Names->Places.Remove(name);
     Entries.erase(place);
 }
 
@@ -172,12 +171,12 @@ void TIHdlSourceFileList::UnlinkEvery(const IHdlSourceFile* file) {
 }
 
 void TIHdlSourceFileList::RebuildNames() const {
-    Names->Places.clear();
+    Names->Places.Clear();
     Names->AreShared = false;
     Names->ChangeCount = GetSourceNameChangeCount();
     for (TPlace place = Entries.begin(); place != Entries.end(); ++place) {
         TSourceName name;
-        if (GetSourceName(*place, &name) && !Names->Places.try_emplace(name, place).second)
+        if (GetSourceName(*place, &name) && !Names->Places.Add(name, place))
             Names->AreShared = true;
     }
 }
@@ -199,7 +198,9 @@ void TIHdlSourceFileList::ReportAllAsAdded(TDependencyIndex* index) {
         for (IHdlSourceFile* file : Entries) index->Added(this, file, nullptr);
         return;
     }
-    for (const auto& [name, place] : Names->Places) index->Added(this, *place, &name);
+    Names->Places.ForEach([this, index](const TSourceName& name, TPlace place) {
+        index->Added(this, *place, &name);
+    });
 }
 
 void TIHdlSourceFileList::ReportAllAsRemoved(TDependencyIndex* index) {
@@ -207,7 +208,9 @@ void TIHdlSourceFileList::ReportAllAsRemoved(TDependencyIndex* index) {
         for (IHdlSourceFile* file : Entries) index->Removed(this, file, nullptr);
         return;
     }
-    for (const auto& [name, place] : Names->Places) index->Removed(this, *place, &name);
+    Names->Places.ForEach([this, index](const TSourceName& name, TPlace place) {
+        index->Removed(this, *place, &name);
+    });
 }
 
 bool TIHdlSourceFileList::WasFilled() const {

@@ -10,7 +10,9 @@ struct TSourceName {
     std::string_view Folded;
     std::size_t Hash;
     bool operator==(const TSourceName& other) const {
-        return Hash == other.Hash && Folded == other.Folded;
+        // Most equal names come from one handle, whose text need not be looked at then.
+        return Hash == other.Hash && Folded.size() == other.Folded.size() &&
+               (Folded.data() == other.Folded.data() || Folded == other.Folded);
     }
 };
 

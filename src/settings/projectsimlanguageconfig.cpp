@@ -149,6 +149,18 @@ bool TProjectSimLanguageConfig::RemoveLibraryExtension(const char* extension) {
     return LibraryExtensions.Remove(TMyString(extension).Str());
 }
 
+void TProjectSimLanguageConfig::ClearIncludeDirectory() {
+    IncludeDirectories.Clear();
+}
+
+void TProjectSimLanguageConfig::ClearLibraryDirectory() {
+    LibraryDirectories.Clear();
+}
+
+void TProjectSimLanguageConfig::ClearLibraryExtension() {
+    LibraryExtensions.Clear();
+}
+
 const std::vector<std::string>& TProjectSimLanguageConfig::GetIncludeDirectories() const {
     return IncludeDirectories.GetTexts();
 }

@@ -63,9 +63,9 @@ public:
     bool RemoveIncludeDirectoy(const char* directory);
     bool RemoveLibraryDirectory(const char* directory);
     bool RemoveLibraryExtension(const char* extension);
-    void ClearIncludeDirectory() { IncludeDirectories.Clear(); }
-    void ClearLibraryDirectory() { LibraryDirectories.Clear(); }
-    void ClearLibraryExtension() { LibraryExtensions.Clear(); }
+    void ClearIncludeDirectory();
+    void ClearLibraryDirectory();
+    void ClearLibraryExtension();
     const std::vector<std::string>& GetIncludeDirectories() const;
     const std::vector<std::string>& GetLibraryDirectories() const;
     const std::vector<std::string>& GetLibraryExtensions() const;
@@ -118,9 +118,11 @@ public:
     /// Pushes the content of a "LanguageSettings" element, without its START and END. Directories
     /// are written relative to the directory of the document's file. `buildFileForm` writes the
     /// options in the language of the simulator, and changes the stored options with every such
-    /// write: with `lineDebug` the linker options gain the line-debug option; for the simulators
-    /// that compile and elaborate in one step the build options gain the linker options.
-    /// `forceMode3` writes the elaboration options alone.
+    /// write: with `lineDebug` the linker options gain the line-debug option; where no C++ compiler
+    /// is named, those of the maker's 64-bit simulators gain the option for GCC, once; for the
+    /// simulators whose build options hold the linker options too, the former gain the latter. With
+    /// `forceMode3` the maker's own simulators get the linker options in the place of the build
+    /// options, and options stay in the step that they were typed for.
     void WriteToProjectFile(TXMLList* document, THdlLanguage language, bool buildFileForm,
                             bool lineDebug, bool forceMode3);
 

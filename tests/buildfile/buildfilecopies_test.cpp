@@ -92,6 +92,7 @@ TEST(BuildFileCopy, ReadsAgainstItsOwnDirectoryAlsoAfterTheOriginalIsGone) {
     TemporaryFolder folder;
     folder.Write("one/a.vhd", "");
     folder.Write("two/a.vhd", "");
+    folder.Write("two/b.vhd", "");
     auto original = std::make_unique<THdlBuildFile>();
     original->SetBuildFileName(Handle(folder.Path("one/build.hbf")));
     THdlBuildFile copy(*original);

@@ -25,9 +25,9 @@ public:
     /// The document between its root's tags, as XML.
     explicit ReadBuild(const std::string& content, bool withRoot = true) {
         const std::string root = "HdlBuildFileList";
-        Folder.Write("build.xml", "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n" +
-                                      (withRoot ? "<" + root + ">" + content + "</" + root + ">"
-                                                : content));
+        Folder.Write("build.xml",
+                     "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n" +
+                         (withRoot ? "<" + root + ">" + content + "</" + root + ">" : content));
         Build.SetBuildFileName(ISFileName::NewISFileName(Folder.Path("build.xml").c_str()));
     }
     ~ReadBuild() {
@@ -74,7 +74,8 @@ std::string OutputDiagramOf(THdlBuildFile& build) {
 TEST(BuildFileReader, ReadsEveryAttribute) {
     ReadBuild read(
         "<HdlBuildFile TopLevelLanguage='VHDL' QmvVersion='q' IdlVersion='i' HvlLanguage='Verilog' "
-        "HdlLanguage='SystemC' BaseTimeUnit=' fs ' DisplayTimeUnit='us' SugarEngineDll=' sub/s.dll ' "
+        "HdlLanguage='SystemC' BaseTimeUnit=' fs ' DisplayTimeUnit='us' SugarEngineDll=' sub/s.dll "
+        "' "
         "GenerationDestinationLibrary='gen' DestinationLibrary='dest' SnapshotName=' snap ' "
         "SingleFileOnlyBuild=' TRUE '/>");
     EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
@@ -113,6 +114,18 @@ TEST(BuildFileReader, TakesMissingAttributesAsEmpty) {
     EXPECT_TRUE(read.Build.IsSingleFileOnlyBuild());
 }
 
+TEST(BuildFileReader, TellsBlankAttributesFromMissingOnes) {
+    ReadBuild read(
+        "<HdlBuildFile BaseTimeUnit=' ' DisplayTimeUnit='hours' SugarEngineDll=' ' "
+        "SingleFileOnlyBuild=' '/>");
+    read.Build.SetSingleFileOnlyBuild(true);
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(read.Build.GetTimeBase()->GetBaseTimeUnit(), UNIT_PS);
+    EXPECT_EQ(read.Build.GetTimeBase()->GetDisplayTimeUnit(), UNIT_NS);
+    EXPECT_EQ(read.Build.GetSugarEngineDll(), nullptr);
+    EXPECT_FALSE(read.Build.IsSingleFileOnlyBuild());
+}
+
 TEST(BuildFileReader, KeepsAbsoluteSugarEngine) {
     ReadBuild read("<HdlBuildFile SugarEngineDll='Q:\\engines\\s.dll'/>");
     read.Build.ReadFromFile();
@@ -120,7 +133,7 @@ TEST(BuildFileReader, KeepsAbsoluteSugarEngine) {
 }
 
 TEST(BuildFileReader, LeavesDefaultsWithoutItsElement) {
-    ReadBuild read("<Other/>");
+    ReadBuild read("<Other/><hdlBuildFile TopLevelLanguage='VHDL' QmvVersion='1'/>");
     EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
     EXPECT_STREQ(read.Build.GetQMVVersion(), "x.x");
     EXPECT_EQ(read.Build.GetTopLanguage(), LANGUAGE_NONE);
@@ -128,7 +141,8 @@ TEST(BuildFileReader, LeavesDefaultsWithoutItsElement) {
 }
 
 TEST(BuildFileReader, ReadsADocumentWithoutRoot) {
-    ReadBuild read("<HdlBuildFile TopLevelLanguage='VHDL'><TopLevelComponents/></HdlBuildFile>", false);
+    ReadBuild read("<HdlBuildFile TopLevelLanguage='VHDL'><TopLevelComponents/></HdlBuildFile>",
+                   false);
     EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
     EXPECT_EQ(read.Build.GetTopLanguage(), LANGUAGE_VHDL);
 }
@@ -160,7 +174,7 @@ TEST(BuildFileReader, ReadsSectionsInAnyOrderAndNumber) {
 
 TEST(BuildFileReader, LeavesABuildWithoutFileAsItWas) {
     const TemporaryFolder folder;
-    const RecordingMessageBox messages;
+    RecordingMessageBox messages;
     THdlBuildFile build;
     build.SetTopLanguage(LANGUAGE_VHDL);
     build.SetBuildFileName(ISFileName::NewISFileName(folder.Path("gone.xml").c_str()));
@@ -168,6 +182,7 @@ TEST(BuildFileReader, LeavesABuildWithoutFileAsItWas) {
     EXPECT_EQ(build.GetTopLanguage(), LANGUAGE_VHDL);
     EXPECT_TRUE(build.GetReadError().IsError());
     EXPECT_TRUE(build.GetReadError().Missing);
+    EXPECT_EQ(messages.Take(), "");
     EXPECT_FALSE(build.IsOutdated());
     folder.Write("gone.xml", "<HdlBuildFile/>");
     EXPECT_TRUE(build.IsOutdated());
@@ -180,7 +195,8 @@ TEST(BuildFileReader, TakesNothingOfAMalformedFile) {
     EXPECT_EQ(read.Build.GetReadError().Line, 2);
     EXPECT_EQ(read.Build.GetReadError().Column, 67);
     EXPECT_EQ(read.Build.GetReadError().Reason, "mismatched tag");
-    EXPECT_NE(read.Messages.Take(), "");
+    EXPECT_EQ(read.Messages.Take(), "Cannot read file: \"" + read.Folder.Path("build.xml") +
+                                        "\", line 2, column 67: mismatched tag [0]\n");
 }
 
 TEST(BuildFileReader, KeepsADamagedFileBesideWhenSavingOverIt) {
@@ -202,8 +218,9 @@ TEST(BuildFileReader, ReadsNothingWithoutAName) {
 }
 
 TEST(BuildFileReader, ResetsTheResultOfTheReadBefore) {
-    ReadBuild read("<ProjectLanguageConfigurationList><LanguageSettings/>"
-                   "</ProjectLanguageConfigurationList>");
+    ReadBuild read(
+        "<ProjectLanguageConfigurationList><LanguageSettings/>"
+        "</ProjectLanguageConfigurationList>");
     EXPECT_EQ(read.Build.ReadFromFile(), READ_PROJECT_SETTINGS_FAILED);
     EXPECT_EQ(read.Build.GetReadResult(), READ_PROJECT_SETTINGS_FAILED);
     read.Folder.Write("build.xml", "<HdlBuildFile/>");
@@ -212,24 +229,26 @@ TEST(BuildFileReader, ResetsTheResultOfTheReadBefore) {
 }
 
 TEST(BuildFileReader, EndsAtLanguageSettingsWithoutLanguage) {
-    ReadBuild read("<BuildFileVariables><Variable Name='A' Value='1'/></BuildFileVariables>"
-                   "<ProjectLanguageConfigurationList>"
-                   "<LanguageSettings Language='Verilog'><SimTool>VCS</SimTool></LanguageSettings>"
-                   "<LanguageSettings Language=''/>"
-                   "</ProjectLanguageConfigurationList>"
-                   "<BuildFileVariables><Variable Name='B' Value='2'/></BuildFileVariables>");
+    ReadBuild read(
+        "<BuildFileVariables><Variable Name='A' Value='1'/></BuildFileVariables>"
+        "<ProjectLanguageConfigurationList>"
+        "<LanguageSettings Language='Verilog'><SimTool>VCS</SimTool></LanguageSettings>"
+        "<LanguageSettings Language=''/>"
+        "</ProjectLanguageConfigurationList>"
+        "<BuildFileVariables><Variable Name='B' Value='2'/></BuildFileVariables>");
     EXPECT_EQ(read.Build.ReadFromFile(), READ_PROJECT_SETTINGS_FAILED);
     EXPECT_EQ(VariablesOf(read.Build), "A=1\n");
     EXPECT_EQ(read.Build.GetProjectLanguageConfig(LANGUAGE_VERILOG)->GetTool(), SIM_VCS);
 }
 
 TEST(BuildFileReader, GoesOnBehindLanguageSettingsThatFail) {
-    ReadBuild read("<ProjectLanguageConfigurationList>"
-                   "<LanguageSettings Language='Verilog'><IncludeDirectories/>"
-                   "<BuildOptions>lost</BuildOptions></LanguageSettings>"
-                   "<LanguageSettings Language='VHDL'><BuildOptions>kept</BuildOptions>"
-                   "</LanguageSettings></ProjectLanguageConfigurationList>"
-                   "<BuildFileVariables><Variable Name='B' Value='2'/></BuildFileVariables>");
+    ReadBuild read(
+        "<ProjectLanguageConfigurationList>"
+        "<LanguageSettings Language='Verilog'><IncludeDirectories/>"
+        "<BuildOptions>lost</BuildOptions></LanguageSettings>"
+        "<LanguageSettings Language='VHDL'><BuildOptions>kept</BuildOptions>"
+        "</LanguageSettings></ProjectLanguageConfigurationList>"
+        "<BuildFileVariables><Variable Name='B' Value='2'/></BuildFileVariables>");
     EXPECT_EQ(read.Build.ReadFromFile(), READ_PROJECT_SETTINGS_FAILED);
     EXPECT_STREQ(read.Build.GetProjectLanguageConfig(LANGUAGE_VERILOG)->GetBuildOptions(), "");
     EXPECT_STREQ(read.Build.GetProjectLanguageConfig(LANGUAGE_VHDL)->GetBuildOptions(), "kept");
@@ -237,10 +256,11 @@ TEST(BuildFileReader, GoesOnBehindLanguageSettingsThatFail) {
 }
 
 TEST(BuildFileReader, ReadsIntoSettingsThatExist) {
-    ReadBuild read("<GeneralConfiguration LogFileName='new.log'/>"
-                   "<ProjectLanguageConfigurationList><LanguageSettings Language='VHDL'>"
-                   "<BuildOptions>new</BuildOptions></LanguageSettings>"
-                   "</ProjectLanguageConfigurationList>");
+    ReadBuild read(
+        "<GeneralConfiguration LogFileName='new.log'/>"
+        "<ProjectLanguageConfigurationList><LanguageSettings Language='VHDL'>"
+        "<BuildOptions>new</BuildOptions></LanguageSettings>"
+        "</ProjectLanguageConfigurationList>");
     auto* general = new TProjectSimGeneralConfig;
     read.Build.SetGeneralConfiguration(general);
     TProjectSimLanguageConfig vhdl;
@@ -257,13 +277,14 @@ TEST(BuildFileReader, ReadsIntoSettingsThatExist) {
 }
 
 TEST(BuildFileReader, ReadsBothTranslationSectionsIntoOneList) {
-    ReadBuild read("<Verilog2VhdlTranslationOptions><v2v-r Enabled='true'/>"
-                   "</Verilog2VhdlTranslationOptions>"
-                   "<Vhdl2VerilogTranslationOptions><v2v-s Enabled='true'/><v2v-flc Enabled='true'/>"
-                   "</Vhdl2VerilogTranslationOptions>"
-                   "<OutputDiagram>out.btim</OutputDiagram>"
-                   "<SourceFileGroup Language='VHDL'><SourceFile>a.vhd</SourceFile></SourceFileGroup>"
-                   "<BuildFileVariables><Variable Name='A' Value='1'/></BuildFileVariables>");
+    ReadBuild read(
+        "<Verilog2VhdlTranslationOptions><v2v-r Enabled='true'/>"
+        "</Verilog2VhdlTranslationOptions>"
+        "<Vhdl2VerilogTranslationOptions><v2v-s Enabled='true'/><v2v-flc Enabled='true'/>"
+        "</Vhdl2VerilogTranslationOptions>"
+        "<OutputDiagram>out.btim</OutputDiagram>"
+        "<SourceFileGroup Language='VHDL'><SourceFile>a.vhd</SourceFile></SourceFileGroup>"
+        "<BuildFileVariables><Variable Name='A' Value='1'/></BuildFileVariables>");
     read.Folder.Write("a.vhd", "");
     EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
     TXMLList document;
@@ -291,6 +312,24 @@ TEST(BuildFileReader, FillsTheOptionListForTheFirstSectionsDirection) {
     EXPECT_EQ(read.Build.GetV2VOptions()->size(), 29u);
 }
 
+TEST(BuildFileReader, ReadsOptionsIntoAListThatIsSet) {
+    ReadBuild read(
+        "<Vhdl2VerilogTranslationOptions><v2v-r Enabled='true'/>"
+        "</Vhdl2VerilogTranslationOptions>");
+    auto* options = new TV2VTranslationOptionsList(nullptr, "Verilog2VhdlTranslationOptions");
+    options->AddOptionNoDup("-r", "", "", false);
+    read.Build.SetV2VOptions(options);
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(read.Build.GetV2VOptions(), options);
+    TXMLList document;
+    read.Build.WriteV2VOptions(&document);
+    EXPECT_EQ(ElementsOf(document),
+              "START Verilog2VhdlTranslationOptions\n"
+              "START v2v-r Enabled=true\n"
+              "END v2v-r\n"
+              "END Verilog2VhdlTranslationOptions\n");
+}
+
 TEST(BuildFileReader, ReadsTheOutputDiagram) {
     const struct {
         const char* Label;
@@ -301,6 +340,9 @@ TEST(BuildFileReader, ReadsTheOutputDiagram) {
         {"relative with blanks around", "<OutputDiagram>\n  d.btim\n</OutputDiagram>", "d.btim"},
         {"absolute", "<OutputDiagram>Q:\\d.btim</OutputDiagram>", "Q:\\d.btim"},
         {"empty", "<OutputDiagram></OutputDiagram>", ""},
+        {"empty text", "<OutputDiagram><![CDATA[]]></OutputDiagram>", ""},
+        {"an element in the place of the text",
+         "<OutputDiagram><Path>d.btim</Path></OutputDiagram>", ""},
         {"blank", "<OutputDiagram>&#32;</OutputDiagram>", ""},
     };
     for (const auto& row : rows) {
@@ -311,17 +353,19 @@ TEST(BuildFileReader, ReadsTheOutputDiagram) {
 }
 
 TEST(BuildFileReader, KeepsTheFirstValueOfARepeatedVariable) {
-    ReadBuild read("<BuildFileVariables><Variable Name='A' Value='1'/><Variable Name='A' Value='2'/>"
-                   "<Variable Value='nameless'/><Variable Name='empty'/></BuildFileVariables>");
+    ReadBuild read(
+        "<BuildFileVariables><Variable Name='A' Value='1'/><Variable Name='A' Value='2'/>"
+        "<Variable Value='nameless'/><Variable Name='empty'/></BuildFileVariables>");
     EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
     EXPECT_EQ(VariablesOf(read.Build), "=nameless\nA=1\nempty=\n");
 }
 
 TEST(BuildFileReader, ReportsMissingFilesOnceEachAndGoesOn) {
-    ReadBuild read("<SourceFileGroup Language='VHDL'><SourceFile>gone.vhd</SourceFile>"
-                   "<SourceFile>here.vhd</SourceFile><SourceFile>GONE.vhd</SourceFile>"
-                   "</SourceFileGroup>"
-                   "<BuildFileVariables><Variable Name='A' Value='1'/></BuildFileVariables>");
+    ReadBuild read(
+        "<SourceFileGroup Language='VHDL'><SourceFile>gone.vhd</SourceFile>"
+        "<SourceFile>here.vhd</SourceFile><SourceFile>GONE.vhd</SourceFile>"
+        "</SourceFileGroup>"
+        "<BuildFileVariables><Variable Name='A' Value='1'/></BuildFileVariables>");
     read.Folder.Write("here.vhd", "");
     EXPECT_EQ(read.Build.ReadFromFile(), READ_FILES_MISSING);
     EXPECT_EQ(read.Messages.Take(),
@@ -332,78 +376,24 @@ TEST(BuildFileReader, ReportsMissingFilesOnceEachAndGoesOn) {
 }
 
 TEST(BuildFileReader, LaterFailureOverwritesMissingFiles) {
-    ReadBuild read("<SourceFileGroup Language='VHDL'><SourceFile>gone.vhd</SourceFile>"
-                   "</SourceFileGroup><ProjectLanguageConfigurationList><LanguageSettings/>"
-                   "</ProjectLanguageConfigurationList>");
+    ReadBuild read(
+        "<SourceFileGroup Language='VHDL'><SourceFile>gone.vhd</SourceFile>"
+        "</SourceFileGroup><ProjectLanguageConfigurationList><LanguageSettings/>"
+        "</ProjectLanguageConfigurationList>");
     EXPECT_EQ(read.Build.ReadFromFile(), READ_PROJECT_SETTINGS_FAILED);
 }
 
 TEST(BuildFileReader, RebuildsTheLibraryGroupsFromTheHdlGroup) {
-    ReadBuild read("<HdlBuildFile HdlLanguage='VHDL'/><SourceFileGroup Language='VHDL'>"
-                   "<SourceFile PrecompiledLibrary='b'>1.vhd</SourceFile>"
-                   "<SourceFile PrecompiledLibrary='a'>2.vhd</SourceFile>"
-                   "<SourceFile PrecompiledLibrary='b'>3.vhd</SourceFile></SourceFileGroup>"
-                   "<SourceFileGroup Language='Verilog'>"
-                   "<SourceFile PrecompiledLibrary='c'>4.v</SourceFile></SourceFileGroup>");
+    ReadBuild read(
+        "<HdlBuildFile HdlLanguage='VHDL'/><SourceFileGroup Language='VHDL'>"
+        "<SourceFile PrecompiledLibrary='b'>1.vhd</SourceFile>"
+        "<SourceFile PrecompiledLibrary='a'>2.vhd</SourceFile>"
+        "<SourceFile PrecompiledLibrary='b'>3.vhd</SourceFile></SourceFileGroup>"
+        "<SourceFileGroup Language='Verilog'>"
+        "<SourceFile PrecompiledLibrary='c'>4.v</SourceFile></SourceFileGroup>");
     for (const char* name : {"1.vhd", "2.vhd", "3.vhd", "4.v"}) read.Folder.Write(name, "");
     EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
     EXPECT_EQ(read.Build.GetPrecompiledLibraryGroups(), (std::vector<std::string>{"b", "a"}));
-}
-
-TEST(BuildFileReader, EachSectionReaderRefusesWhatIsNotItsOwn) {
-    const struct {
-        const char* Label;
-        bool (THdlBuildFile::*Read)(TPosition&);
-        const char* Elements;
-        bool Answer;
-        THdlBuildFileReadResults Result;
-        const char* Left;
-    } rows[] = {
-        {"components: other element", &THdlBuildFile::ReadTopLevelComponentNames, "START Other\n",
-         true, READ_COMPONENT_NAMES_FAILED, "START Other"},
-        {"components: at the tail", &THdlBuildFile::ReadTopLevelComponentNames, "", false,
-         READ_COMPONENT_NAMES_FAILED, "TAIL"},
-        {"components: cut off inside a component", &THdlBuildFile::ReadTopLevelComponentNames,
-         "START TopLevelComponents\nSTART ComponentList Language=VHDL\nSTART Component Library=l\n",
-         false, READ_NO_ERROR, "TAIL"},
-        {"simulators: cut off inside a tool", &THdlBuildFile::ReadExternalConfigurations,
-         "START ExternalSimulatorSettings\nSTART Tool Name=GCC\n", true, READ_NO_ERROR, "TAIL"},
-        {"general settings: at the tail", &THdlBuildFile::ReadGeneralSettings, "", false,
-         READ_GENERAL_SETTINGS_FAILED, "TAIL"},
-        {"general settings: whole", &THdlBuildFile::ReadGeneralSettings,
-         "START GeneralConfiguration\nEND GeneralConfiguration\n", true, READ_NO_ERROR,
-         "END GeneralConfiguration"},
-        {"language settings: cut off", &THdlBuildFile::ReadProjectSettings,
-         "START ProjectLanguageConfigurationList\nSTART LanguageSettings Language=VHDL\n", true,
-         READ_PROJECT_SETTINGS_FAILED, "TAIL"},
-        {"language settings: none", &THdlBuildFile::ReadProjectSettings,
-         "START ProjectLanguageConfigurationList\nEND ProjectLanguageConfigurationList\n", true,
-         READ_NO_ERROR, "END ProjectLanguageConfigurationList"},
-        {"sources: cut off", &THdlBuildFile::ReadSourceFileGroups,
-         "START SourceFileGroup Language=VHDL\n", false, READ_SOURCE_FILES_FAILED, "TAIL"},
-        {"sources: cut off inside a source", &THdlBuildFile::ReadSourceFileGroups,
-         "START SourceFileGroup Language=VHDL\nSTART SourceFile\n", false, READ_SOURCE_FILES_FAILED,
-         "TAIL"},
-        {"variables: other element", &THdlBuildFile::ReadPseudoEnvironmentVariables,
-         "START Other\n", false, READ_VARIABLES_FAILED, "START Other"},
-        {"variables: at the tail", &THdlBuildFile::ReadPseudoEnvironmentVariables, "", false,
-         READ_VARIABLES_FAILED, "TAIL"},
-        {"variables: whole", &THdlBuildFile::ReadPseudoEnvironmentVariables,
-         "START BuildFileVariables\nSTART Variable Name=A Value=1\nEND Variable\n"
-         "END BuildFileVariables\nSTART Next\n",
-         true, READ_NO_ERROR, "START Next"},
-        {"attributes: at the tail", &THdlBuildFile::ReadAttributes, "", true, READ_NO_ERROR, "TAIL"},
-    };
-    for (const auto& row : rows) {
-        const RecordingMessageBox messages;
-        TSimWrapHdlBuildFile build;
-        TXMLList list;
-        PushElements(&list, row.Elements);
-        TPosition element(list);
-        EXPECT_EQ((build.*row.Read)(element), row.Answer) << row.Label;
-        EXPECT_EQ(build.GetReadResult(), row.Result) << row.Label;
-        EXPECT_EQ(ElementAt(element), row.Left) << row.Label;
-    }
 }
 
 TEST(BuildFileReader, ReadsWhatItWrites) {
@@ -457,42 +447,4 @@ TEST(BuildFileReader, ReadsAtConstruction) {
     EXPECT_EQ(build.GetTopLanguage(), LANGUAGE_VHDL);
     EXPECT_EQ(build.GetReadResult(), READ_NO_ERROR);
     EXPECT_FALSE(build.IsOutdated());
-}
-
-TEST(BuildFileReadResults, HaveTheirTexts) {
-    const struct {
-        int Result;
-        const char* Text;
-    } rows[] = {
-        {0, "Build File: No error."},
-        {1, "Build File: Project Attributes failed to load."},
-        {2, "Build File: Component Names failed to load."},
-        {3, "Build File: External Configurations failed to load."},
-        {4, "Build File: Error reading General Settings."},
-        {5, "Build File: Error reading the Project Settings."},
-        {6, "Build File: Error reading V2V Options."},
-        {7, "Build File: One or more source files failed to load."},
-        {8, "Build File: Build Variables failed to load."},
-        {9, "Build File: Missing file(s) on load."},
-        {10, "Error not defined."},
-        {-1, "Error not defined."},
-    };
-    for (const auto& row : rows)
-        EXPECT_STREQ(THdlBuildFile::GetErrorString(static_cast<THdlBuildFileReadResults>(row.Result)),
-                     row.Text);
-}
-
-TEST(BuildFileReader, TellsDerivedClassesOfMissingFiles) {
-    class TDerived : public THdlBuildFile {
-    public:
-        using THdlBuildFile::SetFilesMissingOnRead;
-    };
-    RecordingMessageBox messages;
-    TDerived build;
-    build.SetFilesMissingOnRead(false);
-    EXPECT_EQ(build.GetReadResult(), READ_NO_ERROR);
-    EXPECT_EQ(messages.Take(), "Build File: Files Missing on load [0]\n");
-    build.SetFilesMissingOnRead(true);
-    EXPECT_EQ(build.GetReadResult(), READ_FILES_MISSING);
-    EXPECT_EQ(messages.Take(), "Build File: Files Missing on load [0]\n");
 }

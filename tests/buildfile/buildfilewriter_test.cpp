@@ -22,7 +22,9 @@ const std::string kProject = "C:\\project\\";
 const std::string kProject = "/project/";
 #endif
 
-std::string Below(const std::string& name) { return kProject + name; }
+std::string Below(const std::string& name) {
+    return kProject + name;
+}
 
 const ISFileName* NameOf(const std::string& path) {
     return ISFileName::NewISFileName(path.c_str());
@@ -43,7 +45,9 @@ void AddTool(THdlBuildFile* build, THdlLanguage language, TSimulatorType type) {
 }
 
 /// The "HdlBuildFile" line of a document.
-std::string FirstLine(const std::string& document) { return document.substr(0, document.find('\n')); }
+std::string FirstLine(const std::string& document) {
+    return document.substr(0, document.find('\n'));
+}
 
 const char* const kGeneralLine =
     "START GeneralConfiguration LogFileName=simulation.log AddTopLevelSignals=true "
@@ -85,6 +89,9 @@ TEST(BuildFileWriter, WritesEverySectionInItsOrder) {
     build.SetGenerationDestinationLibrary("gen");
     build.SetDestinationLibrary("dest");
     build.SetSnapshotName("snap");
+    // These two are not stored.
+    build.SetVerilogUserDefines("+define+A");
+    build.SetVerilogOtherPlusOptions("+plus");
     build.SetSingleFileOnlyBuild(true);
     build.SetForceTopLevelComponents(true);
     build.AddComponentName("top", "rtl", "work", LANGUAGE_VHDL);
@@ -319,29 +326,34 @@ TEST(BuildFileWriter, WritesAFileWithDocumentTypeAndRoot) {
     build.SetBuildFileName(NameOf(folder.Path("build.xml")));
     build.SetSnapshotName("a<b & \"c\"");
     EXPECT_TRUE(build.WriteToFile());
-    EXPECT_EQ(folder.Read("build.xml"),
-              "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n"
-              "<HdlBuildFileList>\n"
-              "  <HdlBuildFile TopLevelLanguage=\"None\" QmvVersion=\"x.x\" IdlVersion=\"x.x\" "
-              "HvlLanguage=\"None\" HdlLanguage=\"None\" BaseTimeUnit=\"ps\" DisplayTimeUnit=\"ns\" "
-              "GenerationDestinationLibrary=\"\" DestinationLibrary=\"\" "
-              "SnapshotName=\"a&lt;b &amp; &quot;c&quot;\">\n"
-              "    <TopLevelComponents/>\n"
-              "    <ProjectLanguageConfigurationList/>\n"
-              "  </HdlBuildFile>\n"
-              "</HdlBuildFileList>\n");
+    EXPECT_EQ(
+        folder.Read("build.xml"),
+        "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n"
+        "<HdlBuildFileList>\n"
+        "  <HdlBuildFile TopLevelLanguage=\"None\" QmvVersion=\"x.x\" IdlVersion=\"x.x\" "
+        "HvlLanguage=\"None\" HdlLanguage=\"None\" BaseTimeUnit=\"ps\" DisplayTimeUnit=\"ns\" "
+        "GenerationDestinationLibrary=\"\" DestinationLibrary=\"\" "
+        "SnapshotName=\"a&lt;b &amp; &quot;c&quot;\">\n"
+        "    <TopLevelComponents/>\n"
+        "    <ProjectLanguageConfigurationList/>\n"
+        "  </HdlBuildFile>\n"
+        "</HdlBuildFileList>\n");
     EXPECT_EQ(folder.List(), "build.xml\n");
 }
 
 TEST(BuildFileWriter, KeepsTheOldFileWhenASaveFails) {
     const TemporaryFolder folder;
-    const RecordingMessageBox messages;
+    RecordingMessageBox messages;
     RecordingLog log;
     folder.Write("build.xml", "old");
     THdlBuildFile build;
     build.SetBuildFileName(NameOf(folder.Path("build.xml")));
     build.SetSnapshotName("bell \x07");
     EXPECT_FALSE(build.WriteToFile());
+    EXPECT_EQ(messages.Take(),
+              "Cannot save file: \"" + folder.Path("build.xml") +
+                  "\": attribute \"SnapshotName\" of element \"HdlBuildFile\" holds the character "
+                  "U+0007, which no XML document can hold [0]\n");
     EXPECT_EQ(folder.Read("build.xml"), "old");
     EXPECT_EQ(folder.List(), "build.xml\n");
 }

@@ -408,8 +408,8 @@ TEST_F(BuildOnDisk, IsDirtyWhenASourceChanged) {
 /// A source that counts how often its name was asked for.
 class CountingSource : public THdlSourceFile {
 public:
-    using THdlSourceFile::THdlSourceFile;
     using THdlSourceFile::GetFileName;
+    using THdlSourceFile::THdlSourceFile;
     const ISFileName* GetFileName() const override {
         ++Asked;
         return THdlSourceFile::GetFileName();

@@ -16,7 +16,9 @@ const std::string kProject = "C:\\project\\";
 const std::string kProject = "/project/";
 #endif
 
-std::string Below(const std::string& name) { return kProject + name; }
+std::string Below(const std::string& name) {
+    return kProject + name;
+}
 
 /// The static option text for a configuration in kProject.
 std::string Options(const TProjectSimLanguageConfig& language,
@@ -87,9 +89,9 @@ TEST(VerilogCommandLine, WritesNologInLowerCase) {
         const char* Name;
         const char* Text;
     } rows[] = {
-        {"nolog", " -l nolog +typdelays "},     {"NoLog", " -l nolog +typdelays "},
-        {"NOLOG", " -l nolog +typdelays "},     {"nolog.txt", " -l nolog.txt +typdelays "},
-        {"", " -l  +typdelays "},               {"Run.LOG", " -l Run.LOG +typdelays "},
+        {"nolog", " -l nolog +typdelays "}, {"NoLog", " -l nolog +typdelays "},
+        {"NOLOG", " -l nolog +typdelays "}, {"nolog.txt", " -l nolog.txt +typdelays "},
+        {"", " -l  +typdelays "},           {"Run.LOG", " -l Run.LOG +typdelays "},
     };
     for (const auto& row : rows) {
         general.SetLogFileName(row.Name);
@@ -132,9 +134,9 @@ TEST(VerilogCommandLine, ResolvesEnvironmentVariablesButNotThoseOfTheBuild) {
 
 TEST(VerilogCommandLine, CountsMissingGeneralSettingsAsTheDefaultOnes) {
     const TProjectSimLanguageConfig language;
-    EXPECT_EQ(THdlBuildFile::GetVerilogCommandLineOptions(kProject, &language, nullptr, nullptr,
-                                                          false),
-              " -l simulation.log +typdelays ");
+    EXPECT_EQ(
+        THdlBuildFile::GetVerilogCommandLineOptions(kProject, &language, nullptr, nullptr, false),
+        " -l simulation.log +typdelays ");
     EXPECT_EQ(THdlBuildFile::GetVerilogCommandLineOptions(kProject, nullptr, nullptr, "x", false),
               "");
 }

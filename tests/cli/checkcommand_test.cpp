@@ -22,14 +22,14 @@ TEST(CheckCommand, FindsNothingWrongWithAGoodBuild) {
 TEST(CheckCommand, ReportsEverythingInOnePass) {
     const WorkingFolder folder;
     for (const char* name : {"a.vhd", "b.vhd", "c.vhd", "self.vhd"}) folder.Write(name, "");
-    folder.Write("build.xml",
-                 BuildText("<SourceFileGroup Language=\"Verilog\">\n" + SourceText("gone.v") +
-                           "</SourceFileGroup>\n" +
-                           VhdlGroup(SourceText("a.vhd", {"b.vhd"}) +
-                                     SourceText("b.vhd", {"c.vhd", "a.vhd"}) +
-                                     SourceText("c.vhd", {"a.vhd"}) +
-                                     SourceText("self.vhd", {"self.vhd"}) + SourceText("A.vhd") +
-                                     SourceText("lost/gone.vhd"))));
+    folder.Write(
+        "build.xml",
+        BuildText("<SourceFileGroup Language=\"Verilog\">\n" + SourceText("gone.v") +
+                  "</SourceFileGroup>\n" +
+                  VhdlGroup(SourceText("a.vhd", {"b.vhd"}) +
+                            SourceText("b.vhd", {"c.vhd", "a.vhd"}) +
+                            SourceText("c.vhd", {"a.vhd"}) + SourceText("self.vhd", {"self.vhd"}) +
+                            SourceText("A.vhd") + SourceText("lost/gone.vhd"))));
     const TToolRun run = RunHdlbuild({"check", "build.xml"});
     EXPECT_EQ(run.Status, kExitProblems);
     EXPECT_EQ(run.Out,
@@ -49,9 +49,9 @@ TEST(CheckCommand, ReportsEverythingInOnePass) {
 TEST(CheckCommand, ReportsASourceThatTwoGroupsName) {
     const WorkingFolder folder;
     folder.Write("a.vhd", "");
-    folder.Write("build.xml", BuildText("<SourceFileGroup Language=\"Verilog\">\n" +
-                                        SourceText("a.vhd") + "</SourceFileGroup>\n" +
-                                        VhdlGroup(SourceText("a.vhd"))));
+    folder.Write("build.xml",
+                 BuildText("<SourceFileGroup Language=\"Verilog\">\n" + SourceText("a.vhd") +
+                           "</SourceFileGroup>\n" + VhdlGroup(SourceText("a.vhd"))));
     const TToolRun run = RunHdlbuild({"check", "build.xml"});
     EXPECT_EQ(run.Status, kExitProblems);
     EXPECT_EQ(run.Out, "named 2 times: a.vhd (Verilog, VHDL)\n");
@@ -64,6 +64,15 @@ TEST(CheckCommand, ReportsASectionThatCannotBeRead) {
     const TToolRun run = RunHdlbuild({"check", "build.xml"});
     EXPECT_EQ(run.Status, kExitProblems);
     EXPECT_EQ(run.Out, "read result 5: Build File: Error reading the Project Settings.\n");
+}
+
+TEST(CheckCommand, ReportsADocumentWithoutBuild) {
+    const WorkingFolder folder;
+    folder.Write("other.xml", "<project><name>p</name></project>\n");
+    const TToolRun run = RunHdlbuild({"check", "other.xml"});
+    EXPECT_EQ(run.Status, kExitProblems);
+    EXPECT_EQ(run.Out, "no HdlBuildFile element: the document describes no build\n");
+    EXPECT_EQ(run.Err, "");
 }
 
 TEST(CheckCommand, PrintsOneJsonObject) {
@@ -80,6 +89,7 @@ TEST(CheckCommand, PrintsOneJsonObject) {
   "version": 1,
   "build": "build.xml",
   "clean": false,
+  "hasBuild": true,
   "readResult": {
     "number": 9,
     "text": "Build File: Missing file(s) on load."

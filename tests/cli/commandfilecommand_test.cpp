@@ -17,16 +17,16 @@ const char* const kSettings =
     "</LanguageSettings>\n"
     "</ProjectLanguageConfigurationList>\n";
 
-const char* const kOptions = " -l run.log -y \"my lib\" +incdir+inc+ +libext+.v+.vo +maxdelays +go ";
+const char* const kOptions =
+    " -l run.log -y \"my lib\" +incdir+inc+ +libext+.v+.vo +maxdelays +go ";
 
 void WriteBuild(const WorkingFolder& folder) {
     folder.Write("a.v", "");
     folder.Write("cells.v", "");
-    folder.Write("build.xml", BuildText(std::string(kSettings) +
-                                        "<SourceFileGroup Language=\"Verilog\">\n" +
-                                        SourceText("a.v") +
-                                        SourceText("cells.v", {}, "Library=\"true\"") +
-                                        "</SourceFileGroup>\n"));
+    folder.Write("build.xml",
+                 BuildText(std::string(kSettings) + "<SourceFileGroup Language=\"Verilog\">\n" +
+                           SourceText("a.v") + SourceText("cells.v", {}, "Library=\"true\"") +
+                           "</SourceFileGroup>\n"));
 }
 
 }  // namespace
@@ -87,6 +87,17 @@ TEST(CommandFileCommand, ReplacesAFileWhole) {
     EXPECT_EQ(run.Out, "");
     EXPECT_EQ(folder.Read("run.f"), std::string(kOptions) + "a.v\n-v cells.v\n");
     EXPECT_EQ(folder.List(), "a.v\nbuild.xml\ncells.v\nrun.f\n");
+}
+
+TEST(CommandFileCommand, RefusesToReplaceTheBuildFile) {
+    const WorkingFolder folder;
+    WriteBuild(folder);
+    const std::string before = folder.Read("build.xml");
+    const TToolRun run = RunHdlbuild({"command-file", "-o", "./build.xml", "build.xml"});
+    EXPECT_EQ(run.Status, kExitUsage);
+    EXPECT_EQ(run.Out, "");
+    EXPECT_EQ(run.Err, "hdlbuild: error: ./build.xml: the output would replace the build file\n");
+    EXPECT_EQ(folder.Read("build.xml"), before);
 }
 
 TEST(CommandFileCommand, ReportsAFileThatCannotBeWritten) {

@@ -78,7 +78,9 @@ TEST(DependencyCycles, WalksALongRingWithoutDeepRecursion) {
     for (int i = 0; i < kCount; ++i) {
         files.push_back(std::make_unique<THdlSourceFile>(("/r/" + std::to_string(i)).c_str()));
         roots.push_back(files.back().get());
-        if (i > 0) files[static_cast<std::size_t>(i)]->AddDependency(files[static_cast<std::size_t>(i - 1)].get());
+        if (i > 0)
+            files[static_cast<std::size_t>(i)]->AddDependency(
+                files[static_cast<std::size_t>(i - 1)].get());
     }
     EXPECT_EQ(FindDependencyCycles(roots).size(), 0u);
     files.front()->AddDependency(files.back().get());

@@ -15,7 +15,8 @@ std::string MixedBuild() {
 }
 
 void WriteSources(const WorkingFolder& folder) {
-    for (const char* name : {"v/a.v", "v/b.v", "top.vhd", "core.vhd", "pkg.vhd"}) folder.Write(name, "");
+    for (const char* name : {"v/a.v", "v/b.v", "top.vhd", "core.vhd", "pkg.vhd"})
+        folder.Write(name, "");
 }
 
 }  // namespace
@@ -58,9 +59,8 @@ TEST(OrderCommand, PrintsAbsolutePathsOnRequest) {
 TEST(OrderCommand, PrintsPathsRelativeToTheCurrentDirectory) {
     const WorkingFolder folder;
     folder.Write("project/pkg.vhd", "");
-    folder.Write("project/build.xml",
-                 BuildText("<SourceFileGroup Language=\"VHDL\">\n" + SourceText("pkg.vhd") +
-                           "</SourceFileGroup>\n"));
+    folder.Write("project/build.xml", BuildText("<SourceFileGroup Language=\"VHDL\">\n" +
+                                                SourceText("pkg.vhd") + "</SourceFileGroup>\n"));
     EXPECT_EQ(RunHdlbuild({"order", "project/build.xml"}).Out, "project/pkg.vhd\n");
 }
 
@@ -88,9 +88,9 @@ TEST(OrderCommand, PrintsTheOrderOfACycleAndReportsIt) {
     const WorkingFolder folder;
     folder.Write("x.vhd", "");
     folder.Write("y.vhd", "");
-    folder.Write("build.xml",
-                 BuildText("<SourceFileGroup Language=\"VHDL\">\n" + SourceText("x.vhd", {"y.vhd"}) +
-                           SourceText("y.vhd", {"x.vhd"}) + "</SourceFileGroup>\n"));
+    folder.Write("build.xml", BuildText("<SourceFileGroup Language=\"VHDL\">\n" +
+                                        SourceText("x.vhd", {"y.vhd"}) +
+                                        SourceText("y.vhd", {"x.vhd"}) + "</SourceFileGroup>\n"));
     const TToolRun run = RunHdlbuild({"order", "build.xml"});
     EXPECT_EQ(run.Status, kExitProblems);
     EXPECT_EQ(run.Out, "y.vhd\nx.vhd\n");

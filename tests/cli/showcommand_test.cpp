@@ -7,13 +7,16 @@ std::string FullBuild() {
     return "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n"
            "<HdlBuildFileList>\n"
            "<HdlBuildFile TopLevelLanguage=\"VHDL\" QmvVersion=\"1\" IdlVersion=\"2\" "
-           "HvlLanguage=\"Verilog\" HdlLanguage=\"VHDL\" BaseTimeUnit=\"fs\" DisplayTimeUnit=\"us\" "
-           "GenerationDestinationLibrary=\"gen\" DestinationLibrary=\"work\" SnapshotName=\"snap\">\n"
+           "HvlLanguage=\"Verilog\" HdlLanguage=\"VHDL\" BaseTimeUnit=\"fs\" "
+           "DisplayTimeUnit=\"us\" "
+           "GenerationDestinationLibrary=\"gen\" DestinationLibrary=\"work\" "
+           "SnapshotName=\"snap\">\n"
            "<TopLevelComponents ForceTopLevelComponents=\"true\">\n"
            "<ComponentList Language=\"VHDL\"><Component Library=\"work\" Architecture=\"rtl\">top"
            "</Component></ComponentList>\n"
            "</TopLevelComponents>\n"
-           "<ExternalSimulatorSettings><Tool Name=\"GCC\" Path=\"\" PliLibPath=\"pli.so\">C++</Tool>"
+           "<ExternalSimulatorSettings><Tool Name=\"GCC\" Path=\"\" "
+           "PliLibPath=\"pli.so\">C++</Tool>"
            "</ExternalSimulatorSettings>\n"
            "<ProjectLanguageConfigurationList><LanguageSettings Language=\"Verilog\">"
            "<SimTool>VCS</SimTool>"
@@ -141,7 +144,8 @@ TEST(ShowCommand, PrintsTheSameAsOneJsonObject) {
 
 TEST(ShowCommand, PrintsAnEmptyBuildBriefly) {
     const WorkingFolder folder;
-    folder.Write("build.xml", "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n<HdlBuildFileList/>\n");
+    folder.Write("build.xml",
+                 "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n<HdlBuildFileList/>\n");
     const TToolRun run = RunHdlbuild({"show", "build.xml"});
     EXPECT_EQ(run.Status, kExitDone);
     EXPECT_EQ(run.Out,

@@ -26,8 +26,10 @@ TToolRun Shell(const std::string& command) {
     return run;
 }
 
-std::string Analyse(const std::string& folder, const std::string& library, const std::string& path) {
-    return "ghdl -a --std=08 --workdir=" + folder + " -P" + folder + " --work=" + library + " " + path;
+std::string Analyse(const std::string& folder, const std::string& library,
+                    const std::string& path) {
+    return "ghdl -a --std=08 --workdir=" + folder + " -P" + folder + " --work=" + library + " " +
+           path;
 }
 
 }  // namespace
@@ -45,11 +47,12 @@ TEST(Program, PrintsTheExamplesOrder) {
 TEST(Program, PrintsTheExamplesCommandFile) {
     const TToolRun run = Shell(HDLBUILD_PROGRAM " command-file fifo.xml");
     EXPECT_EQ(run.Status, 0);
-    EXPECT_EQ(run.Out,
-              " -l simulation.log -y verilog/lib +incdir+verilog/include+ +libext+.v+.vo +typdelays "
-              "verilog/monitor_tb.v\n"
-              "verilog/bus_monitor.v\n"
-              "-v verilog/cells.v\n");
+    EXPECT_EQ(
+        run.Out,
+        " -l simulation.log -y verilog/lib +incdir+verilog/include+ +libext+.v+.vo +typdelays "
+        "verilog/monitor_tb.v\n"
+        "verilog/bus_monitor.v\n"
+        "-v verilog/cells.v\n");
 }
 
 TEST(Program, FindsNothingWrongWithTheExamples) {
@@ -63,8 +66,8 @@ TEST(Program, FindsNothingWrongWithTheExamples) {
 TEST(Simulators, GhdlAcceptsTheOrder) {
     if (!IsInstalled("ghdl")) GTEST_SKIP() << "ghdl is not installed";
     const TemporaryFolder work;
-    const TToolRun run = Shell("../../scripts/compile-with-ghdl " HDLBUILD_PROGRAM " fifo.xml fifo_tb " +
-                               work.Path());
+    const TToolRun run = Shell(
+        "../../scripts/compile-with-ghdl " HDLBUILD_PROGRAM " fifo.xml fifo_tb " + work.Path());
     EXPECT_EQ(run.Status, 0) << run.Out;
     EXPECT_NE(run.Out.find("fifo_tb passed"), std::string::npos) << run.Out;
 }
@@ -74,7 +77,8 @@ TEST(Simulators, GhdlRefusesTheListedOrder) {
     const TemporaryFolder work;
     const TToolRun run = Shell(Analyse(work.Path(), "work", "vhdl/fifo_tb.vhd"));
     EXPECT_NE(run.Status, 0);
-    EXPECT_NE(run.Out.find("cannot find resource library \"bus_lib\""), std::string::npos) << run.Out;
+    EXPECT_NE(run.Out.find("cannot find resource library \"bus_lib\""), std::string::npos)
+        << run.Out;
 }
 
 TEST(Simulators, IcarusAcceptsACommandFileWithoutLibraryDirectories) {
@@ -93,7 +97,8 @@ TEST(Simulators, VerilatorAcceptsOneWithLibraryDirectories) {
     const TemporaryFolder work;
     const TToolRun run = Shell(HDLBUILD_PROGRAM " command-file --gof -o " + work.Path("run.f") +
                                " fifo-verilator.xml && verilator --lint-only --timing "
-                               "--top-module monitor_tb -f " + work.Path("run.f"));
+                               "--top-module monitor_tb -f " +
+                               work.Path("run.f"));
     EXPECT_EQ(run.Status, 0) << run.Out;
     EXPECT_EQ(run.Out, "");
 }

@@ -1,3 +1,4 @@
+#include "cli/jsonoutput.h"
 #include "tests/cli/toolrun.h"
 #include <gtest/gtest.h>
 
@@ -12,24 +13,30 @@ TEST(Tool, HelpNamesEveryCommandAndExitStatus) {
     const TToolRun run = RunHdlbuild({"--help"});
     EXPECT_EQ(run.Status, kExitDone);
     EXPECT_EQ(run.Err, "");
-    EXPECT_EQ(run.Out,
-              "Reads, checks and orders HDL build files.\n"
-              "Usage: hdlbuild [OPTIONS] SUBCOMMAND\n"
-              "\n"
-              "Options:\n"
-              "  -h,--help                   Print this help message and exit\n"
-              "  --version                   Display program version information and exit\n"
-              "\n"
-              "Subcommands:\n"
-              "  show                        Show what the build holds\n"
-              "  check                       Report everything that is wrong with the build\n"
-              "  order                       Print the files to compile, one a line, in compile order\n"
-              "  options                     Print the Verilog option text\n"
-              "  command-file                Write the Verilog command file\n"
-              "\n"
-              "Exit status: 0 done; 1 the build has problems (files missing, a dependency cycle, a section that\n"
-              "cannot be read); 2 wrong usage; 3 a file cannot be read or written.\n"
-              "Results go to standard output, everything else to standard error. NO_COLOR turns colours off.\n");
+    EXPECT_EQ(run.Out, R"(Reads, checks and orders HDL build files, and keeps their settings.
+Usage: hdlbuild [OPTIONS] SUBCOMMAND
+
+Options:
+  -h,--help                   Print this help message and exit
+  --version                   Display program version information and exit
+
+Subcommands:
+  show                        Show what the build holds
+  check                       Report everything that is wrong with the build
+  order                       Print the files to compile, one a line, in compile order
+  options                     Print the Verilog option text
+  command-file                Write the Verilog command file
+  settings                    Show and change the settings in a project file
+  templates                   Show the template configurations
+  servers                     Show and change which simulators a server offers
+  simulators                  List the simulators that are known
+  translator                  Show and change the translator switches of a build
+
+Exit status: 0 done; 1 the build or project has problems (files missing, a dependency cycle,
+a section that cannot be read); 2 wrong usage, unknown names; 3 a file cannot be read or
+written. Results go to standard output, everything else to standard error. NO_COLOR turns
+colours off.
+)");
 }
 
 TEST(Tool, ReportsWrongUsageWithStatusTwo) {
@@ -67,7 +74,8 @@ TEST(Tool, ReportsAMissingBuildFileInOneLine) {
 
 TEST(Tool, ReportsAMalformedBuildFileWithItsPlace) {
     const WorkingFolder folder;
-    folder.Write("bad.xml", "<!DOCTYPE HdlBuildFileList SYSTEM \"x\">\n<HdlBuildFileList>\n  <A></B>\n");
+    folder.Write("bad.xml",
+                 "<!DOCTYPE HdlBuildFileList SYSTEM \"x\">\n<HdlBuildFileList>\n  <A></B>\n");
     for (const char* command : {"show", "check", "order", "options", "command-file"}) {
         const TToolRun run = RunHdlbuild({command, "--json", "bad.xml"});
         EXPECT_EQ(run.Status, kExitFile) << command;
@@ -88,6 +96,30 @@ TEST(Tool, ReportsResultsThatCannotBeWritten) {
     std::ostringstream out;
     std::ostringstream err;
     out.setstate(std::ios::badbit);
-    EXPECT_EQ(RunTool({"show", "build.xml"}, {out, err}), kExitFile);
-    EXPECT_EQ(err.str(), "hdlbuild: error: the results could not be written\n");
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"show", "build.xml"}, {"--help"}, {"--version"}}) {
+        err.str("");
+        EXPECT_EQ(RunTool(arguments, {out, err}), kExitFile) << arguments[0];
+        EXPECT_EQ(err.str(), "hdlbuild: error: the results could not be written\n") << arguments[0];
+    }
+}
+
+TEST(Tool, TakesACommandsNameAsABuildFile) {
+    const WorkingFolder folder;
+    folder.Write("check", BuildText(""));
+    const TToolRun run = RunHdlbuild({"check", "check"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Out, "check: no problems\n");
+    EXPECT_EQ(run.Err, "");
+}
+
+TEST(Tool, PrintsForeignBytesInJsonAsReplacementCharacters) {
+    std::ostringstream out;
+    std::ostringstream err;
+    PrintJson({{"path", "a\xff.v"}, {"next", "\"\\\n\x01"}}, {out, err});
+    EXPECT_EQ(out.str(),
+              "{\n"
+              "  \"path\": \"a\xEF\xBF\xBD.v\",\n"
+              "  \"next\": \"\\\"\\\\\\n\\u0001\"\n"
+              "}\n");
 }

@@ -25,7 +25,8 @@ class WorkingFolder : public TemporaryFolder {
 public:
     WorkingFolder() : Former(std::filesystem::current_path()) {
         const std::string path = Path();
-        std::filesystem::current_path(std::filesystem::path(std::u8string(path.begin(), path.end())));
+        std::filesystem::current_path(
+            std::filesystem::path(std::u8string(path.begin(), path.end())));
     }
     ~WorkingFolder() { std::filesystem::current_path(Former); }
 
@@ -42,7 +43,8 @@ inline std::string BuildText(const std::string& sections) {
            sections + "</HdlBuildFile>\n</HdlBuildFileList>\n";
 }
 
-inline std::string SourceText(const std::string& path, const std::vector<std::string>& dependencies = {},
+inline std::string SourceText(const std::string& path,
+                              const std::vector<std::string>& dependencies = {},
                               const std::string& attributes = "") {
     std::string text = "<SourceFile " + attributes + ">" + path;
     for (const std::string& dependency : dependencies)

@@ -103,6 +103,22 @@ TEST(HdlProjectSourceFile, TakesItsSettingsFromTheDiagramTemplateWithoutAnOwner)
               diagram->GetProjectLanguageConfig(LANGUAGE_VHDL));
     EXPECT_EQ(text.GetProjectLanguageConfig(), nullptr);
     EXPECT_EQ(verilog.GetGeneralProjectSettings(), diagram->GetGeneralConfiguration());
+    EXPECT_EQ(verilog.GetProjectLanguageConfig()->GetTool(), SIM_ZORVIK_CL);
+}
+
+TEST(HdlProjectSourceFile, FollowsTheDiagramTemplateThroughItsResets) {
+    TProjectDiagramSimConfig* diagram = HdlBuildFile::GetTemplateDiagramSimConfig();
+    THdlProjectSourceFile file(Name("a.v"), nullptr, false);
+    TProjectSimLanguageConfig given;
+    given.SetActiveSnapshotName("given");
+    file.SetProjectLanguageConfig(&given);
+    diagram->GetProjectLanguageConfig(LANGUAGE_VERILOG)->SetActiveSnapshotName("template");
+    diagram->GetGeneralConfiguration()->SetLogFileName("x.log");
+    EXPECT_STREQ(file.GetProjectLanguageConfig()->GetActiveSnapshotName().c_str(), "template");
+    EXPECT_STREQ(file.GetGeneralProjectSettings()->GetSimulationLogFileName(), "x.log");
+    diagram->ResetDiagramConfiguration();
+    EXPECT_STREQ(file.GetProjectLanguageConfig()->GetActiveSnapshotName().c_str(), "");
+    EXPECT_STREQ(file.GetGeneralProjectSettings()->GetSimulationLogFileName(), "simulation.log");
 }
 
 TEST(HdlProjectSourceFile, IgnoresASettingsPointerGivenToIt) {

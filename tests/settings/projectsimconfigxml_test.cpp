@@ -1,6 +1,7 @@
 #include "settings/projectsimconfig.h"
 #include "sibling/utilities/xmlstream.h"
 #include "tests/settings/configurationtext.h"
+#include "tests/settings/cutsettings.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
 #include <gtest/gtest.h>
@@ -259,4 +260,46 @@ TEST(ProjectSimConfigXml, KeepsWhatItReadBeforeABreak) {
             << row.Label;
         EXPECT_EQ(log.Take(), row.Log) << row.Label;
     }
+}
+
+TEST(ProjectSimConfigXml, HoldsWhatStandsBeforeACutAtAnyElement) {
+    const std::string vhdl =
+        "[1] project=D:\\p\\x.hpj vcd=null\n"
+        "tool=0 delay=1 toplevel vhdl93\n"
+        "include=\nlibrary=\nextensions=\n"
+        "output=<> additional=<> snapshot=<> destination=<work>\n"
+        "build=<> linker=<> runtime=<>\n";
+    const std::vector<TReadStep> steps = {
+        {"START ProjectSettingsConfiguration ConfigurationName=N", "name=old", "name=N"},
+        {"START GeneralConfiguration LogFileName=x.log",
+         "log=simulation.log\ntop show clear bench constants debugging size=0\n",
+         "log=x.log\ntop show dump break clear parse bench constants debugging size=0\n"},
+        {"END GeneralConfiguration"},
+        {"START LanguageSettings Language=VHDL", "size=0\n", "size=0\n" + vhdl},
+        {"START SimTool"},
+        {std::string("TEXT ") + GetSimulatorNameFromType(SIM_NC_VERILOG), "tool=0", "tool=20"},
+        {"END SimTool"},
+        {"START IncludeDirectories"},
+        {"START Directory"},
+        {"TEXT inc"},
+        {"END Directory"},
+        {"END IncludeDirectories", "include=", "include=<D:\\p\\inc>"},
+        // Only settings read to their end are checked against the language.
+        {"END LanguageSettings", "tool=20", "tool=4"},
+        {"START LanguageSettings Language=VHDL"},
+        {"START SimTool"},
+        {std::string("TEXT ") + GetSimulatorNameFromType(SIM_NC_VHDL), "tool=4", "tool=18"},
+        {"END SimTool"},
+        {"END LanguageSettings"},
+        {"END ProjectSettingsConfiguration", "false", "true"},
+    };
+    ExpectAfterEachCut(steps, std::string("false at TAIL\nname=old\n") + kGeneralDefaults,
+                       [](const std::string& elements) {
+                           RecordingLog log;
+                           TConfig configuration(nullptr);
+                           configuration.SetName("old");
+                           const std::string result = Read(configuration, elements);
+                           EXPECT_EQ(log.Take(), elements.empty() ? kInvalidElement : "");
+                           return result + "\n" + TextOf(configuration);
+                       });
 }

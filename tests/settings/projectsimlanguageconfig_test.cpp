@@ -312,6 +312,18 @@ TEST(ProjectSimLanguageConfig, RemovesATextAsItIsWithoutProjectFile) {
     }
 }
 
+TEST(ProjectSimLanguageConfig, RemovesAgainstTheDirectoryOfAnIniFileItself) {
+    const IniFiles ini;
+    SetIniFile("D:\\data\\user.ini");
+    TConfig settings;
+    settings.SetProjectFileName(GetIniFile());
+    settings.AddIncludeDirectory("inc", true);
+    settings.AddIncludeDirectory("D:\\data\\inc", false);
+    EXPECT_TRUE(settings.RemoveIncludeDirectoy("inc"));
+    EXPECT_FALSE(settings.RemoveIncludeDirectoy("inc"));
+    EXPECT_EQ(settings.GetIncludeDirectories(), TTexts{"H:\\home\\inc"});
+}
+
 TEST(ProjectSimLanguageConfig, ExtensionsAreComparedAndKeptAsTyped) {
     TConfig settings;
     settings.SetProjectFileName(FileNamed("D:\\p\\x.hpj"));

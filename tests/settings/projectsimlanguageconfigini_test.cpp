@@ -1,6 +1,8 @@
 #include "settings/projectsimlanguageconfig.h"
+#include "tests/settings/cutsettings.h"
 #include "tests/settings/settingstext.h"
 #include "tests/support/recorders.h"
+#include <ctime>
 #include <gtest/gtest.h>
 
 namespace {
@@ -373,4 +375,59 @@ TEST(ProjectSimLanguageConfigIni, WritesDirectoriesAsPeopleKnowThem) {
                 row.Label, ("LibraryDirectory" + std::to_string(i)).c_str(), "absent"));
         EXPECT_EQ(written, row.Expected) << row.Label;
     }
+}
+
+TEST(ProjectSimLanguageConfigIni, HoldsWhatStandsBeforeACutAtAnyLine) {
+    const IniFiles ini;
+    const std::vector<TReadStep> steps = {
+        {"[S]"},
+        {"SimTool=" + NameOf(SIM_NC_VERILOG), "tool=0", "tool=20"},
+        {"IncludeDirectory Count=2"},
+        {"IncludeDirectory0=inc", "include=", "include=<D:\\p\\inc>"},
+        {"IncludeDirectory1=${IP}/inc", "inc>", "inc><${IP}/inc>"},
+        {"LibraryDirectory Count=1"},
+        {"LibraryDirectory0=E:\\lib", "library=", "library=<E:\\lib\\>"},
+        {"LibraryExtension Count=1"},
+        {"LibraryExtension0=.v", "extensions=", "extensions=<.v>"},
+        {"UseVhdl93Defaults=false", " vhdl93"},
+        {"DelayType=max", "delay=1", "delay=2"},
+        {"PliDriven=true", "toplevel", "toplevel pli"},
+        {"ActiveSnapshotName=snap", "snapshot=<>", "snapshot=<snap>"},
+        {"DestinationLibraryName=gates", "<work>", "<gates>"},
+        {"AdditionalExtensions=.svp", "additional=<>", "additional=<.svp>"},
+        {"BuildOptions=-b 1", "build=<>", "build=<-b 1>"},
+        {"LinkerOptions=\" -l 2\"", "linker=<>", "linker=< -l 2>"},
+        {"RuntimeOptions=-r 3", "runtime=<>", "runtime=<-r 3>"},
+    };
+    std::string held = kLanguageDefaults;
+    held.replace(held.find("project=null"), 12, "project=D:\\p\\x.hpj");
+    ExpectAfterEachCut(steps, held, [&ini](const std::string& lines) {
+        ini.Give(lines);
+        TConfig settings;
+        settings.SetProjectFileName(FileNamed("D:\\p\\x.hpj"));
+        settings.ReadFromINI("S", LANGUAGE_VERILOG, true);
+        return TextOf(settings);
+    });
+}
+
+TEST(ProjectSimLanguageConfigIni, ReadsAndWritesLongListsInLinearTime) {
+    const IniFiles ini;
+    constexpr int kMany = 100000;
+    std::string text = "[S]\nLibraryExtension Count=" + std::to_string(kMany) + "\n";
+    for (int i = 0; i < kMany; ++i)
+        text += "LibraryExtension" + std::to_string(i) + "=." + std::to_string(i) + "\n";
+    ini.Give(text);
+    const std::clock_t begin = std::clock();
+    TConfig settings;
+    settings.SetTool(SIM_VCS);
+    settings.ReadFromINI("S", LANGUAGE_VERILOG, true);
+    settings.WriteToINI("T", LANGUAGE_VERILOG, true);
+    ini.Saved();
+    ResetSystemPropCache();
+    TConfig read;
+    read.ReadFromINI("T", LANGUAGE_VERILOG, true);
+    EXPECT_EQ(read.GetLibraryExtensions().size(), static_cast<std::size_t>(kMany));
+    EXPECT_EQ(read.GetLibraryExtensions().back(), ".99999");
+    // A step over all keys for each key takes minutes.
+    EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, 60.0);
 }

@@ -1,5 +1,6 @@
 #include "settings/projectsimlanguageconfig.h"
 #include "sibling/utilities/xmlstream.h"
+#include "tests/settings/cutsettings.h"
 #include "tests/settings/settingstext.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
@@ -403,4 +404,60 @@ TEST(ProjectSimLanguageConfigXml, KeepsWhatItReadBeforeABreak) {
                                                  std::string("vhdl93 pli\n") + row.Lists))
             << row.Label;
     }
+}
+
+TEST(ProjectSimLanguageConfigXml, HoldsWhatStandsBeforeACutAtAnyElement) {
+    const std::vector<TReadStep> steps = {
+        {"START LanguageSettings Language=Verilog", "false at TAIL\nproject=null",
+         "false at TAIL\nproject=D:\\p\\x.hpj"},
+        {"START SimTool"},
+        {"TEXT 20", "tool=0", "tool=20"},
+        {"END SimTool"},
+        {"START IncludeDirectories"},
+        {"START Directory"},
+        {"TEXT inc"},
+        {"END Directory"},
+        {"START Directory"},
+        {"TEXT ${IP}/inc"},
+        {"END Directory"},
+        // A list is taken whole or not at all; extensions join one by one.
+        {"END IncludeDirectories", "include=", "include=<D:\\p\\inc><${IP}/inc>"},
+        {"START LibraryDirectories"},
+        {"START Directory"},
+        {"TEXT E:\\lib"},
+        {"END Directory"},
+        {"END LibraryDirectories", "library=", "library=<E:\\lib\\>"},
+        {"START LibraryExtensions"},
+        {"START Extension"},
+        {"TEXT .v", "extensions=", "extensions=<.v>"},
+        {"END Extension"},
+        {"START Extension"},
+        {"TEXT .vo", "<.v>", "<.v><.vo>"},
+        {"END Extension"},
+        {"END LibraryExtensions"},
+        {"START UseVhdl93Defaults"},
+        {"TEXT false", " vhdl93"},
+        {"END UseVhdl93Defaults"},
+        {"START DelayType"},
+        {"TEXT 2", "delay=1", "delay=2"},
+        {"END DelayType"},
+        {"START DestinationLibraryName"},
+        {"TEXT gates", "<work>", "<gates>"},
+        {"END DestinationLibraryName"},
+        {"START BuildOptions"},
+        {"TEXT -b 1", "build=<>", "build=<-b 1>"},
+        {"END BuildOptions"},
+        {"START ForceTopLevel"},
+        {"TEXT true", "toplevel", "toplevel force"},
+        {"END ForceTopLevel"},
+        {"END LanguageSettings", "false", "true"},
+    };
+    ExpectAfterEachCut(steps, std::string("false at TAIL\n") + kLanguageDefaults,
+                       [](const std::string& elements) {
+                           RecordingLog log;
+                           TConfig settings;
+                           const std::string result = Read(settings, elements);
+                           EXPECT_EQ(log.Take(), elements.empty() ? kInvalidElement : "");
+                           return result + "\n" + TextOf(settings);
+                       });
 }

@@ -1,6 +1,7 @@
 #include "settings/projectsimsettings.h"
 #include "sibling/utilities/xmlstream.h"
 #include "tests/settings/configurationtext.h"
+#include "tests/settings/cutsettings.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
 #include <gtest/gtest.h>
@@ -280,4 +281,34 @@ TEST(ProjectSimSettings, KeptConfigurationsLearnTheNewProjectFile) {
                          ->GetProjectLanguageConfig(LANGUAGE_VHDL)
                          ->GetIncludeDirectories()),
               "<D:\\p>");
+}
+
+TEST(ProjectSimSettings, HoldsWhatStandsBeforeACutAtAnyElement) {
+    const std::vector<TReadStep> steps = {
+        {"START ProjectSettings CurrentConfiguration=b", "<a*><b>", "<a><b*>"},
+        // A configuration that is not whole is dropped, and the current one stays.
+        {"START ProjectSettingsConfiguration ConfigurationName=c", "<a><b*>", "<a*><b>"},
+        {"START GeneralConfiguration LogFileName=x.log"},
+        {"END GeneralConfiguration"},
+        {"START LanguageSettings Language=VHDL"},
+        {"START IncludeDirectories"},
+        {"START Directory"},
+        {"TEXT inc"},
+        {"END Directory"},
+        {"END IncludeDirectories"},
+        {"END LanguageSettings"},
+        {"END ProjectSettingsConfiguration", "<a*><b>", "<c>"},
+        {"START ProjectSettingsConfiguration ConfigurationName=b"},
+        {"START LanguageSettings Language=Verilog"},
+        {"END LanguageSettings"},
+        {"END ProjectSettingsConfiguration", "<c>", "<c><b*>"},
+        {"END ProjectSettings", "false", "true"},
+    };
+    ExpectAfterEachCut(steps, "false at TAIL\n<a*><b>", [](const std::string& elements) {
+        TSettings settings;
+        Fill(settings, {"a", "b"});
+        settings.SelectCurrentConfig("a");
+        const std::string result = Read(settings, elements);
+        return result + "\n" + NamesIn(settings);
+    });
 }

@@ -95,7 +95,7 @@ std::string PathWithoutParts(std::string_view path, unsigned int parts) {
 }
 
 std::string JoinPath(std::string_view directory, std::string_view name) {
-    const std::string absolute(name);
+    std::string absolute(name);
     if (directory.empty() || !IsRelativePath(absolute.c_str())) return absolute;
     std::string path(directory);
     if (!EndsWithDelimiter(path)) path += DelimiterOf(directory);

@@ -1,0 +1,57 @@
+#pragma once
+#include "cli/changereport.h"
+#include "cli/tool.h"
+#include "translation/v2vtranslationoptionslist.h"
+#include <memory>
+
+class THdlBuildFile;
+class TV2VTranslationOption;
+
+/// One of the two translators.
+struct TTranslator {
+    const char* Name;  ///< for the user
+    const char* Tag;   ///< of its section in a build file
+    void (*Populate)(TV2VTranslationOptionsList* options);
+};
+
+/// The switches of the translator of the arguments, as the build of the arguments has them.
+class TTranslatorAccess {
+public:
+    TTranslatorAccess(const TToolArguments& arguments, const TToolStreams& streams)
+        : Arguments(arguments), Streams(streams) {}
+
+    /// kExitUsage for an unknown translator, kExitFile for a build that cannot be read,
+    /// kExitProblems when its switches cannot; each with one line on Err.
+    int Read();
+
+    const TV2VTranslationOptionsList& GetOptions() const { return *Options; }
+    /// Whether the build has the switches of the other translator only: these are the defaults.
+    bool IsOthersBuild() const { return OthersBuild; }
+
+    /// The switch that the first word of the arguments names, of which the leading '-' may be left
+    /// out. Null, with one line on Err, when there is none.
+    TV2VTranslationOption* FindOption();
+    /// Whether a build that does not mention the switch has it enabled.
+    bool IsEnabledByDefault(const TV2VTranslationOption& option) const;
+
+    /// Saves what differs from what was read, and prints it, for the command called `verb`. Only
+    /// the translator's section of the build file changes.
+    int Save(const char* verb);
+
+private:
+    struct TOptionsDeleter {
+        void operator()(TV2VTranslationOptionsList* options) const;
+    };
+    using TOptions = std::unique_ptr<TV2VTranslationOptionsList, TOptionsDeleter>;
+
+    static TOptions MakeDefaults(const TTranslator& translator);
+    void TakeOptions(THdlBuildFile& build);
+    TState GetState() const;
+
+    const TToolArguments& Arguments;
+    const TToolStreams& Streams;
+    const TTranslator* Translator = nullptr;
+    TOptions Options;
+    TState StateRead;
+    bool OthersBuild = false;
+};

@@ -1,0 +1,266 @@
+#include "settings/projectfile.h"
+#include "settings/projectsimsettings.h"
+#include "tests/settings/configurationtext.h"
+#include "tests/support/elementtext.h"
+#include "tests/support/recorders.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+/// The stream of a project file, its root included.
+std::string StreamOf(const TemporaryFolder& folder, const char* name) {
+    TXMLList list;
+    TXMLReadError error;
+    if (!list.ReadFromText(folder.Read(name), &error)) return error.Reason;
+    return ElementsOf(list);
+}
+
+std::string ForeignSection(int number) {
+    const std::string text = std::to_string(number);
+    return "  <Foreign" + text + " Id=\"" + text + "\" Text=\"&lt;&amp;&quot;\">a &amp; " + text +
+           "<ProjectSettings Of=\"" + text + "\"/><e><![CDATA[]]></e></Foreign" + text + ">\n";
+}
+
+const std::string kSection =
+    "<ProjectSettings CurrentConfiguration=\"b\">\n"
+    "<ProjectSettingsConfiguration ConfigurationName=\"a\"/>\n"
+    "<ProjectSettingsConfiguration ConfigurationName=\"b\"/>\n"
+    "</ProjectSettings>\n";
+
+std::string Project(const std::string& content) {
+    return "<SimulationProject>\n" + content + "</SimulationProject>\n";
+}
+
+/// Line by line without the lines that both have at the same place.
+std::string DifferencesOf(const std::string& before, const std::string& after) {
+    std::istringstream former(before);
+    std::istringstream latter(after);
+    std::string differences;
+    for (std::string one, other; std::getline(former, one) && std::getline(latter, other);)
+        if (one != other) differences += one + "\n" + other + "\n";
+    return differences;
+}
+
+/// Reads the file and saves it with a different log file in its first configuration.
+TProjectFileResult ReadAndChange(const std::string& path) {
+    TProjectFile file(FileNamed(path.c_str()));
+    TProjectSimSettings settings;
+    const TProjectFileResult result = file.Read(&settings);
+    if (result != PROJECT_FILE_DONE) return result;
+    settings.GetConfigurations()[0]->GetGeneralConfiguration()->SetLogFileName("other.log");
+    return file.Save(&settings);
+}
+
+}  // namespace
+
+TEST(ProjectFile, ChangesOneSettingAmongForeignElements) {
+    const TemporaryFolder folder;
+    std::string foreign[2];
+    for (int i = 0; i < 200; ++i) foreign[i % 2] += ForeignSection(i);
+    const std::string path =
+        folder.Write("p.hpj",
+                     "<!DOCTYPE SimulationProject SYSTEM \"project.dtd\">\n"
+                     "<SimulationProject Version=\"7\">\n" +
+                         foreign[0] + kSection + foreign[1] + "</SimulationProject>\n");
+    // An empty include list is read as the project's directory: the second save changes nothing.
+    for (int i = 0; i < 2; ++i) {
+        TProjectFile file(FileNamed(path.c_str()));
+        TProjectSimSettings settings;
+        ASSERT_EQ(file.Read(&settings), PROJECT_FILE_DONE);
+        ASSERT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+    }
+    const std::string bytes = folder.Read("p.hpj");
+    const std::string stream = StreamOf(folder, "p.hpj");
+    ASSERT_EQ(ReadAndChange(path), PROJECT_FILE_DONE);
+    EXPECT_EQ(DifferencesOf(stream, StreamOf(folder, "p.hpj")),
+              "START GeneralConfiguration LogFileName=simulation.log AddTopLevelSignals=true "
+              "ShowWatchSignals=true DumpWatchSignals=false BreakAtTimeZeroAfterCompile=false "
+              "ClearLogFileBeforeCompile=true AutoParseProject=false "
+              "GenerateTestBenchOnBuildProject=true DisablePeriodicWaveformUpdate=false "
+              "CompileVerilogFiles=false CompileVHDLFiles=false CompileCppFiles=false "
+              "MakeConstantsWatchable=true MakeArrayElementsWatchable=false "
+              "WatchableArrayElementSize=0 EnableSimulatorDebugging=true\n"
+              "START GeneralConfiguration LogFileName=other.log AddTopLevelSignals=true "
+              "ShowWatchSignals=true DumpWatchSignals=false BreakAtTimeZeroAfterCompile=false "
+              "ClearLogFileBeforeCompile=true AutoParseProject=false "
+              "GenerateTestBenchOnBuildProject=true DisablePeriodicWaveformUpdate=false "
+              "CompileVerilogFiles=false CompileVHDLFiles=false CompileCppFiles=false "
+              "MakeConstantsWatchable=true MakeArrayElementsWatchable=false "
+              "WatchableArrayElementSize=0 EnableSimulatorDebugging=true\n");
+    EXPECT_EQ(bytes.substr(0, bytes.find("  <Foreign0 ")),
+              "<!DOCTYPE SimulationProject SYSTEM \"project.dtd\">\n"
+              "<SimulationProject Version=\"7\">\n");
+}
+
+TEST(ProjectFile, KeepsEveryForeignElementInItsPlace) {
+    const TemporaryFolder folder;
+    std::string before;
+    std::string after;
+    for (int i = 0; i < 100; ++i) before += ForeignSection(i);
+    for (int i = 100; i < 200; ++i) after += ForeignSection(i);
+    const std::string path = folder.Write("p.hpj", Project(before + kSection + after));
+    folder.Write("before.xml", Project(before));
+    folder.Write("after.xml", Project(after));
+    ASSERT_EQ(ReadAndChange(path), PROJECT_FILE_DONE);
+    const std::string root = "START SimulationProject\n";
+    const std::string rootEnd = "END SimulationProject\n";
+    const std::string first = StreamOf(folder, "before.xml");
+    const std::string last = StreamOf(folder, "after.xml");
+    const std::string stream = StreamOf(folder, "p.hpj");
+    const std::size_t begin = first.size() - rootEnd.size();
+    const std::size_t end = stream.size() - (last.size() - root.size());
+    EXPECT_EQ(stream.substr(0, begin), first.substr(0, begin));
+    EXPECT_EQ(stream.substr(begin, 47), "START ProjectSettings CurrentConfiguration=b\nST");
+    EXPECT_EQ(stream.substr(end - 20, 20), "END ProjectSettings\n");
+    EXPECT_EQ(stream.substr(end), last.substr(root.size()));
+}
+
+TEST(ProjectFile, ReadsTheSettings) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("p.hpj", Project("<x/>" + kSection + "<y/>"));
+    const ISFileName* name = FileNamed(path.c_str());
+    TProjectSimSettings settings;
+    settings.AddConfiguration(NewConfiguration("former"));
+    EXPECT_EQ(TProjectFile(name).Read(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(NamesIn(settings), "<a><b*>");
+    EXPECT_EQ(settings.GetProjectFileName(), name);
+}
+
+TEST(ProjectFile, GivesAFileWithoutSettingsASection) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("p.hpj", Project("<x>1</x>\n"));
+    const ISFileName* name = FileNamed(path.c_str());
+    TProjectFile file(name);
+    TProjectSimSettings settings;
+    settings.AddConfiguration(NewConfiguration("former"));
+    EXPECT_EQ(file.Read(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(NamesIn(settings), "<former>");
+    EXPECT_EQ(settings.GetProjectFileName(), name);
+    settings.Clear();
+    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(folder.Read("p.hpj"),
+              "<SimulationProject>\n"
+              "  <x>1</x>\n"
+              "  <ProjectSettings CurrentConfiguration=\"p\"/>\n"
+              "</SimulationProject>\n");
+}
+
+TEST(ProjectFile, MakesAMissingFile) {
+    const TemporaryFolder folder;
+    const ISFileName* name = FileNamed(folder.Path("new.hpj").c_str());
+    TProjectFile file(name);
+    TProjectSimSettings settings;
+    EXPECT_EQ(file.Read(&settings), PROJECT_FILE_MISSING);
+    EXPECT_TRUE(file.GetReadError().Missing);
+    EXPECT_EQ(settings.GetProjectFileName(), name);
+    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(folder.Read("new.hpj"),
+              "<SimulationProject>\n"
+              "  <ProjectSettings CurrentConfiguration=\"new\"/>\n"
+              "</SimulationProject>\n");
+    EXPECT_EQ(folder.List(), "new.hpj\n");
+}
+
+TEST(ProjectFile, KeepsWhatOthersSavedSinceTheRead) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("p.hpj", Project(kSection));
+    TProjectFile file(FileNamed(path.c_str()));
+    TProjectSimSettings settings;
+    ASSERT_EQ(file.Read(&settings), PROJECT_FILE_DONE);
+    settings.Clear();
+    folder.Write("p.hpj", Project("<Later/>" + kSection));
+    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(folder.Read("p.hpj"),
+              "<SimulationProject>\n"
+              "  <Later/>\n"
+              "  <ProjectSettings CurrentConfiguration=\"p\"/>\n"
+              "</SimulationProject>\n");
+}
+
+TEST(ProjectFile, SavesNothingAfterAReadThatFailed) {
+    RecordingMessageBox box;
+    RecordingLog log;
+    const struct {
+        const char* Label;
+        std::string Document;
+        TProjectFileResult Result;
+        const char* Names;  // of the configurations, after one called "former" was there
+    } rows[] = {
+        {"empty", "", PROJECT_FILE_UNREADABLE, "<former*>"},
+        {"cut short", "<SimulationProject>" + kSection, PROJECT_FILE_UNREADABLE, "<former*>"},
+        {"another root", "<Other>" + kSection + "</Other>", PROJECT_FILE_FOREIGN, "<former*>"},
+        {"the section as root", kSection, PROJECT_FILE_FOREIGN, "<former*>"},
+        {"no root", "<!DOCTYPE SimulationProject>", PROJECT_FILE_FOREIGN, "<former*>"},
+        {"twice", Project(kSection + kSection), PROJECT_FILE_REPEATED_SETTINGS, "<former*>"},
+        {"language without a name",
+         Project("<ProjectSettings>"
+                 "<ProjectSettingsConfiguration ConfigurationName=\"a\"/>"
+                 "<ProjectSettingsConfiguration ConfigurationName=\"b\"><LanguageSettings/>"
+                 "</ProjectSettingsConfiguration></ProjectSettings>"),
+         PROJECT_FILE_INVALID_SETTINGS, "<a>"},
+        {"empty list",
+         Project("<ProjectSettings><ProjectSettingsConfiguration>"
+                 "<LanguageSettings Language=\"VHDL\"><IncludeDirectories/></LanguageSettings>"
+                 "</ProjectSettingsConfiguration></ProjectSettings>"),
+         PROJECT_FILE_INVALID_SETTINGS, "<former*>"},
+    };
+    for (const auto& row : rows) {
+        const TemporaryFolder folder;
+        const std::string path = folder.Write("p.hpj", row.Document);
+        TProjectFile file(FileNamed(path.c_str()));
+        TProjectSimSettings settings;
+        settings.AddConfiguration(NewConfiguration("former"));
+        settings.SelectCurrentConfig("former");
+        EXPECT_EQ(file.Read(&settings), row.Result) << row.Label;
+        EXPECT_EQ(NamesIn(settings), row.Names) << row.Label;
+        EXPECT_EQ(file.Save(&settings), row.Result) << row.Label;
+        EXPECT_EQ(folder.Read("p.hpj"), row.Document) << row.Label;
+        EXPECT_EQ(folder.List(), "p.hpj\n") << row.Label;
+    }
+}
+
+TEST(ProjectFile, SavesNothingOverAFileThatBecameMalformed) {
+    RecordingMessageBox box;
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("p.hpj", Project(kSection));
+    TProjectFile file(FileNamed(path.c_str()));
+    TProjectSimSettings settings;
+    ASSERT_EQ(file.Read(&settings), PROJECT_FILE_DONE);
+    folder.Write("p.hpj", "<SimulationProject>");
+    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_UNREADABLE);
+    EXPECT_EQ(file.GetReadError().Line, 1);
+    EXPECT_EQ(folder.Read("p.hpj"), "<SimulationProject>");
+}
+
+TEST(ProjectFile, TellsWhenItCannotBeWritten) {
+    RecordingMessageBox box;
+    const TemporaryFolder folder;
+    const std::string path = folder.Path("no such folder/p.hpj");
+    TProjectFile file(FileNamed(path.c_str()));
+    TProjectSimSettings settings;
+    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_NOT_WRITTEN);
+    EXPECT_NE(box.Take(), "");
+    EXPECT_EQ(folder.List(), "");
+}
+
+TEST(ProjectFile, HasATextForEveryResult) {
+    const struct {
+        int Result;
+        const char* Text;
+    } rows[] = {
+        {PROJECT_FILE_DONE, ""},
+        {PROJECT_FILE_MISSING, "the file does not exist"},
+        {PROJECT_FILE_UNREADABLE, "the file cannot be read"},
+        {PROJECT_FILE_FOREIGN, "the file is no project file: its root is not SimulationProject"},
+        {PROJECT_FILE_REPEATED_SETTINGS,
+         "the file holds the section ProjectSettings more than once"},
+        {PROJECT_FILE_INVALID_SETTINGS, "the section ProjectSettings cannot be read"},
+        {PROJECT_FILE_NOT_WRITTEN, "the file cannot be written"},
+        {7, "unknown error"},
+        {-1, "unknown error"},
+    };
+    for (const auto& row : rows)
+        EXPECT_STREQ(TProjectFile::GetErrorString(static_cast<TProjectFileResult>(row.Result)),
+                     row.Text)
+            << row.Result;
+}
