@@ -3,6 +3,7 @@
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -34,8 +35,8 @@ public:
 
 TEST(Visitor, CallsTheTypedHandlerWithTheItemItself) {
     RecordingVisitor visitor;
-    const NamedItem item("fifo");
-    item.Accept(&visitor);
+    NamedItem item("fifo");
+    std::as_const(item).Accept(&visitor);
     EXPECT_EQ(visitor.Visits, "fifo\n");
     EXPECT_EQ(item.Name, "edited");
 }

@@ -1,0 +1,233 @@
+#include "tests/cli/projecttext.h"
+#include "tests/cli/toolrun.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Runs "settings p.hpj set Release" with the arguments; the status, if it is not 0, and both
+/// streams.
+std::string Set(std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"settings", "p.hpj", "set", "Release"});
+    const TToolRun run = RunHdlbuild(arguments);
+    return (run.Status ? std::to_string(run.Status) + "\n" : "") + run.Out + run.Err;
+}
+
+std::string Saved(const std::string& change) {
+    return "Release: " + change + "\np.hpj: saved\n";
+}
+
+std::string Error(const std::string& message) {
+    return "2\nhdlbuild: error: " + message + "\n";
+}
+
+}  // namespace
+
+TEST(SettingsSetCommand, SetsEveryGeneralSetting) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj", ProjectText());
+    const struct {
+        const char* Key;
+        const char* Value;
+        const char* Change;
+    } rows[] = {
+        {"LogFileName", "run 1.log", "\"simulation.log\" -> \"run 1.log\""},
+        {"AddTopLevelSignals", "false", "true -> false"},
+        {"ShowWatchSignals", "no", "true -> false"},
+        {"DumpWatchSignals", "true", "false -> true"},
+        {"BreakAtTimeZeroAfterCompile", "yes", "false -> true"},
+        {"ClearLogFileBeforeCompile", "0", "true -> false"},
+        {"AutoParseProject", "on", "false -> true"},
+        {"GenerateTestBenchOnBuildProject", "off", "true -> false"},
+        {"DisablePeriodicWaveformUpdate", "1", "false -> true"},
+        {"CompileVerilogFiles", "true", "false -> true"},
+        {"CompileVHDLFiles", "true", "false -> true"},
+        {"CompileCppFiles", "true", "false -> true"},
+        {"MakeConstantsWatchable", "false", "true -> false"},
+        {"MakeArrayElementsWatchable", "true", "false -> true"},
+        {"WatchableArrayElementSize", "64", "0 -> 64"},
+        {"EnableSimulatorDebugging", "false", "true -> false"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(Set({row.Key, row.Value}), Saved(std::string(row.Key) + ": " + row.Change));
+        EXPECT_EQ(Set({row.Key, row.Value}), "p.hpj: nothing to change\n") << row.Key;
+    }
+    const std::string text = folder.Read("p.hpj");
+    const std::size_t begin = text.find("<GeneralConfiguration");
+    EXPECT_EQ(text.substr(begin, text.find('\n', begin) - begin),
+              "<GeneralConfiguration LogFileName=\"run 1.log\" AddTopLevelSignals=\"false\" "
+              "ShowWatchSignals=\"false\" DumpWatchSignals=\"true\" "
+              "BreakAtTimeZeroAfterCompile=\"true\" ClearLogFileBeforeCompile=\"false\" "
+              "AutoParseProject=\"true\" GenerateTestBenchOnBuildProject=\"false\" "
+              "DisablePeriodicWaveformUpdate=\"true\" CompileVerilogFiles=\"true\" "
+              "CompileVHDLFiles=\"true\" CompileCppFiles=\"true\" MakeConstantsWatchable=\"false\" "
+              "MakeArrayElementsWatchable=\"true\" WatchableArrayElementSize=\"64\" "
+              "EnableSimulatorDebugging=\"false\"/>");
+}
+
+TEST(SettingsSetCommand, SetsEverySettingOfALanguage) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj", ProjectText());
+    const struct {
+        const char* Key;
+        std::vector<std::string> Values;
+        const char* Change;
+    } rows[] = {
+        {"SimTool", {"VCSi"}, "SimTool: \"VCS\" -> \"VCSi\""},
+        {"IncludeDirectories",
+         {"--add", "a b", "--add=../up"},
+         "IncludeDirectories: [\"inc\",\"${IP}/inc\"] -> "
+         "[\"inc\",\"${IP}/inc\",\"a b\",\"../up\"]"},
+        {"LibraryDirectories", {"--add", "lib"}, "LibraryDirectories: [] -> [\"lib\"]"},
+        {"LibraryExtensions", {"--add", ".sv"}, "LibraryExtensions: [\".v\"] -> [\".v\",\".sv\"]"},
+        {"UseVhdl93Defaults", {"false"}, "UseVhdl93Defaults: true -> false"},
+        {"DelayType", {"0"}, "DelayType: \"max\" -> \"min\""},
+        {"PliDriven", {"true"}, "PliDriven: false -> true"},
+        {"ActiveSnapshotName", {"snap"}, "ActiveSnapshotName: \"\" -> \"snap\""},
+        {"DestinationLibraryName", {""}, "DestinationLibraryName: \"work\" -> \"\""},
+        {"AdditionalExtensions", {".svp"}, "AdditionalExtensions: \"\" -> \".svp\""},
+        {"BuildOptions",
+         {"-O2 +define+A=\"b\""},
+         "BuildOptions: \"\" -> \"-O2 +define+A=\\\"b\\\"\""},
+        {"LinkerOptions", {"--gc"}, "LinkerOptions: \" -l 2\" -> \"--gc\""},
+        {"RuntimeOptions", {"+go"}, "RuntimeOptions: \"\" -> \"+go\""},
+        {"OutputFileName", {"a.out"}, "OutputFileName: \"\" -> \"a.out\""},
+        {"RunOutputFileExecutable", {"true"}, "RunOutputFileExecutable: false -> true"},
+        {"ForceTopLevel", {"true"}, "ForceTopLevel: false -> true"},
+        {"CompilerOptions", {"-g"}, "BuildOptions: \"-O2 +define+A=\\\"b\\\"\" -> \"-g\""},
+        {"SimulatorOptions", {"-v"}, "BuildOptions: \"-g\" -> \"-v\""},
+    };
+    for (const auto& row : rows) {
+        std::vector<std::string> arguments = {row.Key, "--language", "verilog"};
+        arguments.insert(arguments.end(), row.Values.begin(), row.Values.end());
+        EXPECT_EQ(Set(arguments), Saved(std::string("Verilog ") + row.Change));
+        EXPECT_EQ(Set(arguments), "p.hpj: nothing to change\n") << row.Key;
+    }
+    const std::string text = folder.Read("p.hpj");
+    const std::size_t begin = text.find("      <LanguageSettings Language=\"Verilog\">");
+    EXPECT_EQ(text.substr(begin, text.find("      <LanguageSettings Language=\"VHDL\">") - begin),
+              "      <LanguageSettings Language=\"Verilog\">\n"
+              "        <SimTool>VCSi</SimTool>\n"
+              "        <IncludeDirectories>\n"
+              "          <Directory>inc</Directory>\n"
+              "          <Directory>${IP}/inc</Directory>\n"
+              "          <Directory>a b</Directory>\n"
+              "          <Directory>../up</Directory>\n"
+              "        </IncludeDirectories>\n"
+              "        <LibraryDirectories>\n"
+              "          <Directory>lib</Directory>\n"
+              "        </LibraryDirectories>\n"
+              "        <LibraryExtensions>\n"
+              "          <Extension>.v</Extension>\n"
+              "          <Extension>.sv</Extension>\n"
+              "        </LibraryExtensions>\n"
+              "        <UseVhdl93Defaults>false</UseVhdl93Defaults>\n"
+              "        <DelayType>0</DelayType>\n"
+              "        <PliDriven>true</PliDriven>\n"
+              "        <ActiveSnapshotName>snap</ActiveSnapshotName>\n"
+              "        <DestinationLibraryName><![CDATA[]]></DestinationLibraryName>\n"
+              "        <AdditionalExtensions>.svp</AdditionalExtensions>\n"
+              "        <BuildOptions>-v</BuildOptions>\n"
+              "        <LinkerOptions>--gc</LinkerOptions>\n"
+              "        <RuntimeOptions>+go</RuntimeOptions>\n"
+              "        <OutputFileName>a.out</OutputFileName>\n"
+              "        <RunOutputFileExecutable>true</RunOutputFileExecutable>\n"
+              "        <ForceTopLevel>true</ForceTopLevel>\n"
+              "      </LanguageSettings>\n");
+}
+
+TEST(SettingsSetCommand, TakesASimulatorsNumberAndADelaysWord) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj", ProjectText());
+    EXPECT_EQ(Set({"SimTool", "20", "--language", "Verilog"}),
+              Saved("Verilog SimTool: \"VCS\" -> \"NCSim Verilog\""));
+    EXPECT_EQ(Set({"DelayType", "typical", "--language", "Verilog"}),
+              Saved("Verilog DelayType: \"max\" -> \"typical\""));
+}
+
+TEST(SettingsSetCommand, RemovesEntriesOfLists) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj", ProjectText());
+    EXPECT_EQ(Set({"IncludeDirectories", "--language", "Verilog", "--remove", "inc", "--dry-run"}),
+              "Release: Verilog IncludeDirectories: [\"inc\",\"${IP}/inc\"] -> [\"${IP}/inc\"]\n"
+              "p.hpj: not saved (dry run)\n");
+    EXPECT_EQ(Set({"IncludeDirectories", "--language", "Verilog", "--remove", "${IP}/inc"}),
+              Saved("Verilog IncludeDirectories: [\"inc\",\"${IP}/inc\"] -> [\"inc\"]"));
+    EXPECT_EQ(
+        Set({"IncludeDirectories", "--language", "Verilog", "--clear", "--add", "b", "--add", "a"}),
+        Saved("Verilog IncludeDirectories: [\"inc\"] -> [\"b\",\"a\"]"));
+    EXPECT_EQ(Set({"LibraryExtensions", "--language", "Verilog", "--remove", ".v", "--add", ".v"}),
+              "p.hpj: nothing to change\n");
+    EXPECT_EQ(Set({"LibraryExtensions", "--language", "Verilog", "--remove", ".vo"}),
+              Error("'.vo' is not listed in LibraryExtensions; listed: .v"));
+}
+
+TEST(SettingsSetCommand, RefusesWhatASettingDoesNotTake) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj", ProjectText());
+    const std::string keys =
+        "LogFileName, AddTopLevelSignals, ShowWatchSignals, DumpWatchSignals, "
+        "BreakAtTimeZeroAfterCompile, ClearLogFileBeforeCompile, AutoParseProject, "
+        "GenerateTestBenchOnBuildProject, DisablePeriodicWaveformUpdate, CompileVerilogFiles, "
+        "CompileVHDLFiles, CompileCppFiles, MakeConstantsWatchable, MakeArrayElementsWatchable, "
+        "WatchableArrayElementSize, EnableSimulatorDebugging, SimTool, IncludeDirectories, "
+        "LibraryDirectories, LibraryExtensions, UseVhdl93Defaults, DelayType, PliDriven, "
+        "ActiveSnapshotName, DestinationLibraryName, AdditionalExtensions, BuildOptions, "
+        "LinkerOptions, RuntimeOptions, OutputFileName, RunOutputFileExecutable, ForceTopLevel";
+    const std::string languages = "; known: Verilog, VHDL, Bluespec, C++, TestBuilder";
+    const struct {
+        std::vector<std::string> Arguments;
+        std::string Message;
+    } rows[] = {
+        {{"logfilename", "a"}, "unknown setting 'logfilename'; known: " + keys},
+        {{"LogFileName"}, "LogFileName takes one VALUE"},
+        {{"LogFileName", "a", "b"}, "LogFileName takes one VALUE"},
+        {{"LogFileName", ""}, "LogFileName '': a text that is not empty is wanted"},
+        {{"LogFileName", "a", "--language", "VHDL"}, "LogFileName does not depend on a language"},
+        {{"LogFileName", "--clear"}, "LogFileName is no list: give one VALUE"},
+        {{"AutoParseProject", "maybe"}, "AutoParseProject 'maybe': true or false is wanted"},
+        {{"WatchableArrayElementSize", "-1"},
+         "WatchableArrayElementSize '-1': a number from 0 on is wanted"},
+        {{"WatchableArrayElementSize", "9999999999"},
+         "WatchableArrayElementSize '9999999999': a number from 0 on is wanted"},
+        {{"WatchableArrayElementSize", "1x"},
+         "WatchableArrayElementSize '1x': a number from 0 on is wanted"},
+        {{"BuildOptions", "a"},
+         "BuildOptions depends on the language: give --language" + languages},
+        {{"BuildOptions", "a", "--language", "Ada"}, "unknown language 'Ada'" + languages},
+        {{"BuildOptions", "a", "--language", "SystemC"}, "unknown language 'SystemC'" + languages},
+        {{"DelayType", "3", "--language", "VHDL"}, "DelayType '3': min, typical or max is wanted"},
+        {{"SimTool", "GCC", "--language", "Bluespec"},
+         "SimTool 'GCC': no simulator of this language; known: Bluespec"},
+        {{"SimTool", "None", "--language", "C++"},
+         "SimTool 'None': no simulator of this language; known: Microsoft C++, GCC"},
+        {{"LibraryExtensions", ".v", "--language", "VHDL"},
+         "LibraryExtensions is a list: give --add, --remove or --clear"},
+        {{"LibraryExtensions", "--language", "VHDL"},
+         "LibraryExtensions is a list: give --add, --remove or --clear"},
+        {{"LibraryExtensions", "--add=", "--language", "VHDL"},
+         "an entry of LibraryExtensions is not empty"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(Set(row.Arguments), Error(row.Message));
+    EXPECT_EQ(folder.Read("p.hpj"), ProjectText());
+}
+
+TEST(SettingsSetCommand, PrintsItsChangeAsJson) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj", ProjectText());
+    EXPECT_EQ(Set({"LibraryExtensions", "--language", "VHDL", "--add", ".v", "--json"}),
+              "{\n"
+              "  \"format\": \"hdlbuild-settings-set\",\n"
+              "  \"version\": 1,\n"
+              "  \"project\": \"p.hpj\",\n"
+              "  \"changes\": [\n"
+              "    {\n"
+              "      \"what\": \"Release: VHDL LibraryExtensions\",\n"
+              "      \"before\": [],\n"
+              "      \"after\": [\n"
+              "        \".v\"\n"
+              "      ]\n"
+              "    }\n"
+              "  ],\n"
+              "  \"saved\": true\n"
+              "}\n");
+}

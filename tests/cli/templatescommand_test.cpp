@@ -1,0 +1,111 @@
+#include "sibling/fileservices/directories.h"
+#include "sibling/utilities/propcache.h"
+#include "tests/cli/projecttext.h"
+#include "tests/cli/toolrun.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A user's INI file with the given text, and none of the system.
+class UserIniFile {
+public:
+    explicit UserIniFile(const std::string& text) {
+        SetIniFile(Folder.Write("user.ini", text).c_str());
+        SetSystemIniFile(Folder.Path("system.ini").c_str());
+    }
+    ~UserIniFile() {
+        SetIniFile(nullptr);
+        SetSystemIniFile(nullptr);
+    }
+    std::string Read() const {
+        GetSystemPropCache()->Flush();
+        return Folder.Read("user.ini");
+    }
+
+private:
+    TemporaryFolder Folder;
+};
+
+constexpr const char* kIniText =
+    "[SelectedTemplateConfigurationName]\n"
+    "SelectedConfigurationName=Nightly\n"
+    "[TemplateConfigurationNameList]\n"
+    "ConfigurationName1=Fast\n"
+    "ConfigurationName2=Nightly\n"
+    "[Nightly_GeneralConfiguration]\n"
+    "LogFileName=nightly.log\n"
+    "[NightlyVerilogSettingsConfiguration]\n"
+    "SimTool=VCS\n"
+    "VCS_BuildOptions=+define+NIGHT\n";
+
+}  // namespace
+
+TEST(TemplatesCommand, ListsTheBuiltInTemplates) {
+    const UserIniFile ini("");
+    const TToolRun run = RunHdlbuild({"templates", "list"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Out, "  SimZorvik_Release\n  SimZorvik_Debug\n  NCSim\n  ModelSim\n");
+    EXPECT_EQ(run.Err, "");
+    EXPECT_EQ(RunHdlbuild({"templates", "list", "--json"}).Out,
+              "{\n"
+              "  \"format\": \"hdlbuild-templates-list\",\n"
+              "  \"version\": 1,\n"
+              "  \"starting\": null,\n"
+              "  \"templates\": [\n"
+              "    \"SimZorvik_Release\",\n"
+              "    \"SimZorvik_Debug\",\n"
+              "    \"NCSim\",\n"
+              "    \"ModelSim\"\n"
+              "  ]\n"
+              "}\n");
+}
+
+TEST(TemplatesCommand, ListsTheTemplatesOfTheIniFile) {
+    const UserIniFile ini(kIniText);
+    EXPECT_EQ(RunHdlbuild({"templates", "list"}).Out, "  Fast\n* Nightly\n");
+    EXPECT_EQ(ini.Read(), kIniText);
+}
+
+TEST(TemplatesCommand, ShowsATemplate) {
+    const UserIniFile ini("");
+    const TToolRun run = RunHdlbuild({"templates", "show", "SimZorvik_Debug"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Err, "");
+    EXPECT_EQ(run.Out,
+              std::string("SimZorvik_Debug\n") + kGeneralText +
+                  TextOf({"Verilog", "SimZorvik Verilog", "./", "lib/verilog, lib", ".v, .vo",
+                          "typical", "+define+_DEBUG"}) +
+                  TextOf({"VHDL", "SimZorvik VHDL", "./", "", "", "typical", "+define+_DEBUG"}) +
+                  TextOf({"Bluespec", "Bluespec", "./"}) +
+                  TextOf({"C++", "Microsoft C++", "", "", "", "typical",
+                          "/Zi /MDd /W3 /GR /GX /Od /GZ /D _DEBUG /c",
+                          " /dll /debug /machine:I386 /PDB:NONE kernel32.lib"}) +
+                  TextOf({"TestBuilder", "Microsoft C++", ""}));
+}
+
+TEST(TemplatesCommand, ShowsATemplateOfTheIniFile) {
+    const UserIniFile ini(kIniText);
+    const std::string text = RunHdlbuild({"templates", "show", "Nightly"}).Out;
+    EXPECT_EQ(text.substr(0, text.find("  AddTopLevelSignals")),
+              "Nightly\n  LogFileName                       nightly.log\n");
+    const std::size_t begin = text.find("Verilog\n");
+    EXPECT_EQ(text.substr(begin, text.find("VHDL\n") - begin),
+              TextOf({"Verilog", "VCS", "./", "lib/verilog, lib", ".v, .vo", "typical",
+                      "+define+NIGHT"}));
+    const std::string json = RunHdlbuild({"templates", "show", "Nightly", "--json"}).Out;
+    EXPECT_EQ(json.substr(0, json.find("    \"AddTopLevelSignals\"")),
+              "{\n"
+              "  \"format\": \"hdlbuild-templates-show\",\n"
+              "  \"version\": 1,\n"
+              "  \"name\": \"Nightly\",\n"
+              "  \"general\": {\n"
+              "    \"LogFileName\": \"nightly.log\",\n");
+}
+
+TEST(TemplatesCommand, RefusesAnUnknownName) {
+    const UserIniFile ini(kIniText);
+    const TToolRun run = RunHdlbuild({"templates", "show", "NCSim"});
+    EXPECT_EQ(run.Status, kExitUsage);
+    EXPECT_EQ(run.Out, "");
+    EXPECT_EQ(run.Err, "hdlbuild: error: unknown template 'NCSim'; known: Fast, Nightly\n");
+}
