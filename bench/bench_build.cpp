@@ -22,7 +22,8 @@ std::string BuildFolder(long files) {
 const ISFileName* FindBuild(benchmark::State& state) {
     static TQuietMessageBox& quiet = *new TQuietMessageBox;
     Fileservices::SetMessageBox(&quiet);
-    const auto* name = ISFileName::NewISFileName((BuildFolder(state.range(0)) + "/build.xml").c_str());
+    const auto* name =
+        ISFileName::NewISFileName((BuildFolder(state.range(0)) + "/build.xml").c_str());
     if (name->Exists()) return name;
     state.SkipWithError("no build: run scripts/bench");
     return nullptr;
@@ -109,13 +110,29 @@ static void OrderDiamond(benchmark::State& state) {
     for (auto _ : state) build.OrderFilesForCompile(LANGUAGE_VHDL);
 }
 
-BENCHMARK(Read)->Arg(1000)->Arg(10000)->Arg(100000)->Complexity(benchmark::oN)->Unit(
-    benchmark::kMillisecond);
-BENCHMARK(Order)->Arg(1000)->Arg(10000)->Arg(100000)->Complexity(benchmark::oN)->Unit(
-    benchmark::kMillisecond);
-BENCHMARK(Write)->Arg(1000)->Arg(10000)->Arg(100000)->Complexity(benchmark::oN)->Unit(
-    benchmark::kMillisecond);
-BENCHMARK(CommandFile)->Arg(1000)->Arg(10000)->Arg(100000)->Complexity(benchmark::oN)->Unit(
-    benchmark::kMillisecond);
+BENCHMARK(Read)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->Complexity(benchmark::oN)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(Order)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->Complexity(benchmark::oN)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(Write)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->Complexity(benchmark::oN)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(CommandFile)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(100000)
+    ->Complexity(benchmark::oN)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(OrderChain)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(OrderDiamond)->Arg(40)->Unit(benchmark::kMillisecond);

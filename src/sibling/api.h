@@ -1,7 +1,7 @@
 #pragma once
 
-/// Marks what the library exports. HDLBUILDFILE_BUILDING is set while the library itself is compiled,
-/// HDLBUILDFILE_STATIC where it is linked statically.
+/// Marks what the library exports. HDLBUILDFILE_BUILDING is set while the library itself is
+/// compiled, HDLBUILDFILE_STATIC where it is linked statically.
 #if defined(HDLBUILDFILE_STATIC)
 #define HDLBUILDFILE_API
 #elif defined(_WIN32)

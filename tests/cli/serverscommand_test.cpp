@@ -80,8 +80,9 @@ TEST(ServersCommand, AddsSimulatorsToAServer) {
                        "D:\\sim\\vsim.exe", "--dry-run"}),
               "build1: ModelSim VHDL: none -> {\"path\":\"D:\\\\sim\\\\vsim.exe\","
               "\"pliLibrary\":\"\"}\na.cfg: not saved (dry run)\n");
-    EXPECT_EQ(folder.Read("a.cfg"), FileText(ToolText("GCC", "C++", "", "p &amp; q") +
-                                             ToolText("GCC", "TestBuilder", "", "p &amp; q")));
+    // The last record of a new simulator is read first.
+    EXPECT_EQ(folder.Read("a.cfg"), FileText(ToolText("GCC", "TestBuilder", "", "p &amp; q") +
+                                             ToolText("GCC", "C++", "", "p &amp; q")));
     EXPECT_EQ(folder.List(), "a.cfg\n");
 }
 

@@ -204,7 +204,11 @@ TEST(SettingsCommand, ResetsAConfiguration) {
               "\" /dll /debug /machine:I386 /PDB:NONE kernel32.lib\"\n"
               "p.hpj: saved\n");
     EXPECT_EQ(Settings({"list"}), "* Release\n  Debug\n");
-    EXPECT_EQ(Settings({"reset", "Debug"}), "p.hpj: nothing to change\n");
+    // Empty include lists are not stored, and read as the project's directory.
+    EXPECT_EQ(Settings({"reset", "Debug"}),
+              "Debug: C++ IncludeDirectories: [\".\"] -> []\n"
+              "Debug: TestBuilder IncludeDirectories: [\".\"] -> []\n"
+              "p.hpj: saved\n");
 }
 
 TEST(SettingsCommand, ChangesNothingInADryRun) {

@@ -39,6 +39,28 @@ colours off.
 )");
 }
 
+TEST(Tool, HelpOfServersTellsWhoseToolsAFileHolds) {
+    const TToolRun run = RunHdlbuild({"servers", "--help"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Err, "");
+    EXPECT_EQ(run.Out, R"(Show and change which simulators a server offers
+Usage: hdlbuild servers [OPTIONS] SUBCOMMAND
+
+Options:
+  -h,--help                   Print this help message and exit
+
+Subcommands:
+  list                        List the tools of a server
+  add                         Add a simulator to a server, or change its paths
+  remove                      Remove a simulator from a server
+  default-file                Print the path of localhost's file
+
+A simulators file holds the tools of one server and does not name it: SERVER does. The default
+file, simulators.cfg in the application-data directory, is localhost's; every other server has
+a file of its own, which --file names. localhost always offers SimZorvik CL.
+)");
+}
+
 TEST(Tool, ReportsWrongUsageWithStatusTwo) {
     const struct {
         const char* Label;
@@ -50,6 +72,15 @@ TEST(Tool, ReportsWrongUsageWithStatusTwo) {
          {"sort", "a.xml"},
          "A subcommand is required\nRun with --help for more information.\n"},
         {"no build file", {"show"}, "BUILD is required\nRun with --help for more information.\n"},
+        {"no verb",
+         {"settings", "a.hpj"},
+         "A subcommand is required\nRun with --help for more information.\n"},
+        {"no project file: the verb is taken for it",
+         {"settings", "list"},
+         "A subcommand is required\nRun with --help for more information.\n"},
+        {"two verbs",
+         {"templates", "list", "list"},
+         "The following argument was not expected: list\nRun with --help for more information.\n"},
         {"unknown option",
          {"show", "a.xml", "--tsv"},
          "The following argument was not expected: --tsv\nRun with --help for more information.\n"},

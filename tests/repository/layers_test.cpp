@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <map>
 #include <regex>
 #include <set>
@@ -21,8 +21,7 @@ const std::map<std::string, std::set<std::string>> kPermitted = {
     {"simtools", {"sibling"}},
     {"translation", {"sibling"}},
     {"projectfiles", {"sibling", "filenames", "settings", "simtools", "translation"}},
-    {"buildfile",
-     {"sibling", "filenames", "settings", "simtools", "translation", "projectfiles"}},
+    {"buildfile", {"sibling", "filenames", "settings", "simtools", "translation", "projectfiles"}},
     {"cli",
      {"sibling", "filenames", "settings", "simtools", "translation", "projectfiles", "buildfile"}},
 };
@@ -63,7 +62,9 @@ const TSource* FindSource(const std::string& name) {
     return nullptr;
 }
 
-std::string FolderOf(const std::string& name) { return name.substr(0, name.find('/')); }
+std::string FolderOf(const std::string& name) {
+    return name.substr(0, name.find('/'));
+}
 
 /// A header is public when it exports something, or says that it is for callers.
 bool IsPublic(const TSource& source) {

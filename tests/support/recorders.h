@@ -9,7 +9,8 @@
 class RecordingLog : public IBinaryLogSink {
 public:
     /// `diagnosticLevel` holds for the recorder's lifetime.
-    explicit RecordingLog(int diagnosticLevel = 0) : Former(TBinaryLogFile::GetInstance()->SetSink(this)) {
+    explicit RecordingLog(int diagnosticLevel = 0)
+        : Former(TBinaryLogFile::GetInstance()->SetSink(this)) {
         __BinaryLogDiagnosticGroupDefault.SetLevel(diagnosticLevel);
     }
     ~RecordingLog() override {
