@@ -1,4 +1,5 @@
 #include "buildfile/buildfileparts.h"
+#include "projectfiles/ihdlsourcefile.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "sibling/utilities/keeper.h"
@@ -26,6 +27,21 @@ void TBuildFileParts::Leave(IBuildManager* build) {
     Builds.erase(build);
     if (SourceFileOwner.GetBuildManager() != build) return;
     SourceFileOwner.SetBuildManager(Builds.empty() ? nullptr : *Builds.begin());
+}
+
+void TBuildFileParts::StoreCopy(THdlLanguage language, const TProjectSimLanguageConfig& config) {
+    LanguageConfigs.Store(language, new TProjectSimLanguageConfig(config, 1));
+}
+
+void TBuildFileParts::StoreCopyFor(IHdlSourceFile* source) {
+    const TProjectSimLanguageConfig* config = source->GetProjectLanguageConfig();
+    if (!config) return;
+    const THdlLanguage language = source->GetLanguage();
+    const bool isOurs = config == LanguageConfigs.Find(language);
+    StoreCopy(language, *config);
+    // Plain sources follow by themselves, those of other classes may hold what was just deleted.
+    if (isOurs) source->SetProjectLanguageConfig(LanguageConfigs.Find(language));
+    SourceFileOwner.RecordLanguageConfig(source, LanguageConfigs.FindSlot(language));
 }
 
 void TBuildFileParts::Clear() {

@@ -7,6 +7,7 @@
 #include <unordered_set>
 
 class IBuildManager;
+class IHdlSourceFile;
 class TProjectSimGeneralConfig;
 class TProjectSimLanguageConfig;
 
@@ -22,6 +23,11 @@ struct TBuildFileParts {
     void Join(IBuildManager* build) { Builds.insert(build); }
     /// It does so no longer; another sharer then serves the source file owner in its place.
     void Leave(IBuildManager* build);
+    /// Puts a copy of `config` in the place of the language's configuration, which is deleted; it
+    /// may be `config` itself.
+    void StoreCopy(THdlLanguage language, const TProjectSimLanguageConfig& config);
+    /// The same with the configuration of `source`, if it has one, which is recorded.
+    void StoreCopyFor(IHdlSourceFile* source);
     /// Empties everything. Sources made and configurations stay valid.
     void Clear();
     /// Deletes the language configurations and the general configurations noted.

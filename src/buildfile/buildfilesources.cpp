@@ -8,19 +8,11 @@
 
 void THdlBuildFile::AddLanguageConfig(THdlLanguage language,
                                       const TProjectSimLanguageConfig* configuration) {
-    if (!configuration) return;
-    Parts->LanguageConfigs.Store(language, new TProjectSimLanguageConfig(*configuration, 1));
+    if (configuration) Parts->StoreCopy(language, *configuration);
 }
 
 void THdlBuildFile::AddLanguageConfigForSourceFile(IHdlSourceFile* source) {
-    TProjectSimLanguageConfig* config = source ? source->GetProjectLanguageConfig() : nullptr;
-    if (!config) return;
-    const THdlLanguage language = source->GetLanguage();
-    const bool isBuildsOwn = config == Parts->LanguageConfigs.Find(language);
-    AddLanguageConfig(language, config);
-    // Plain sources follow by themselves, those of other classes may hold what was just deleted.
-    if (isBuildsOwn) source->SetProjectLanguageConfig(Parts->LanguageConfigs.Find(language));
-    Parts->SourceFileOwner.RecordLanguageConfig(source, Parts->LanguageConfigs.FindSlot(language));
+    if (source) Parts->StoreCopyFor(source);
 }
 
 TProjectSimLanguageConfig* THdlBuildFile::GetProjectLanguageConfig(THdlLanguage language) {

@@ -245,14 +245,36 @@ TEST(BuildFileParts, DeleteNoConfigurationOtherwise) {
 
 TEST(BuildFileParts, RecordTheConfigurationsThatCameWithSources) {
     TBuildFileParts parts(nullptr);
-    THdlSourceFile source("/p/a.vhd");
-    parts.LanguageConfigs.Store(LANGUAGE_VHDL, new TProjectSimLanguageConfig);
-    parts.SourceFileOwner.RecordLanguageConfig(&source,
-                                               parts.LanguageConfigs.FindSlot(LANGUAGE_VHDL));
-    EXPECT_EQ(parts.SourceFileOwner.GetRecordedLanguageConfig(&source),
+    TProjectSimLanguageConfig config;
+    THdlSourceFile with("/p/a.vhd");
+    THdlSourceFile without("/p/b.vhd");
+    with.SetProjectLanguageConfig(&config);
+    parts.StoreCopyFor(&with);
+    parts.StoreCopyFor(&without);
+    const TProjectSimLanguageConfig* stored = parts.LanguageConfigs.Find(LANGUAGE_VHDL);
+    ASSERT_NE(stored, nullptr);
+    EXPECT_EQ(parts.SourceFileOwner.GetRecordedLanguageConfig(&with), stored);
+    EXPECT_EQ(parts.SourceFileOwner.GetRecordedLanguageConfig(&without), nullptr);
+    parts.StoreCopy(LANGUAGE_VHDL, config);
+    EXPECT_EQ(parts.SourceFileOwner.GetRecordedLanguageConfig(&with),
               parts.LanguageConfigs.Find(LANGUAGE_VHDL));
     parts.Clear();
-    EXPECT_EQ(parts.SourceFileOwner.GetRecordedLanguageConfig(&source), nullptr);
+    EXPECT_EQ(parts.SourceFileOwner.GetRecordedLanguageConfig(&with), nullptr);
+}
+
+TEST(BuildFileParts, AreServedByASharerThatIsStillThere) {
+    FakeBuild first("/p");
+    FakeBuild second("/p");
+    FakeBuild third("/p");
+    TBuildFileParts parts(&first);
+    parts.Join(&second);
+    parts.Join(&third);
+    parts.Leave(&third);
+    EXPECT_EQ(parts.SourceFileOwner.GetBuildManager(), &first);
+    parts.Leave(&first);
+    EXPECT_EQ(parts.SourceFileOwner.GetBuildManager(), &second);
+    parts.Leave(&second);
+    EXPECT_EQ(parts.SourceFileOwner.GetBuildManager(), nullptr);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
+#include "tests/cli/userinifile.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -170,6 +171,7 @@ TEST(SettingsCommand, ChangesTheListOfConfigurations) {
 
 TEST(SettingsCommand, CopiesATemplateIntoANewProject) {
     const WorkingFolder folder;
+    const UserIniFile ini("");
     EXPECT_EQ(Settings({"copy", "NCSim", "Simulate"}),
               "current configuration: none -> \"Simulate\"\n"
               "configurations: [] -> [\"Simulate\"]\n"
@@ -246,6 +248,7 @@ TEST(SettingsCommand, ChangesNothingInADryRun) {
 
 TEST(SettingsCommand, RefusesNamesThatAreUnknownOrTaken) {
     const WorkingFolder folder;
+    const UserIniFile ini("");
     folder.Write("p.hpj", ProjectText());
     const std::string unknown =
         "2\nhdlbuild: error: unknown configuration 'x'; known: Release, Debug\n";
@@ -331,6 +334,7 @@ TEST(SettingsCommand, ReportsAMissingProject) {
 
 TEST(SettingsCommand, ReportsAProjectThatCannotBeWritten) {
     const WorkingFolder folder;
+    const UserIniFile ini("");
     const TToolRun run =
         RunHdlbuild({"settings", "no such folder/p.hpj", "copy", "NCSim", "Release"});
     EXPECT_EQ(run.Status, kExitFile);

@@ -231,3 +231,16 @@ TEST(SettingsSetCommand, PrintsItsChangeAsJson) {
               "  \"saved\": true\n"
               "}\n");
 }
+
+TEST(SettingsSetCommand, TakesDirectoriesRelativeToTheProject) {
+    const WorkingFolder folder;
+    folder.Write("sub/p.hpj", ProjectText());
+    const TToolRun run =
+        RunHdlbuild({"settings", "sub/p.hpj", "set", "Release", "LibraryDirectories", "--language",
+                     "Verilog", "--add", "lib", "--add", "../up"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Err, "");
+    EXPECT_EQ(run.Out,
+              "Release: Verilog LibraryDirectories: [] -> [\"lib\",\"../up\"]\n"
+              "sub/p.hpj: saved\n");
+}

@@ -1,30 +1,9 @@
-#include "sibling/fileservices/directories.h"
-#include "sibling/utilities/propcache.h"
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
+#include "tests/cli/userinifile.h"
 #include <gtest/gtest.h>
 
 namespace {
-
-/// A user's INI file with the given text, and none of the system.
-class UserIniFile {
-public:
-    explicit UserIniFile(const std::string& text) {
-        SetIniFile(Folder.Write("user.ini", text).c_str());
-        SetSystemIniFile(Folder.Path("system.ini").c_str());
-    }
-    ~UserIniFile() {
-        SetIniFile(nullptr);
-        SetSystemIniFile(nullptr);
-    }
-    std::string Read() const {
-        GetSystemPropCache()->Flush();
-        return Folder.Read("user.ini");
-    }
-
-private:
-    TemporaryFolder Folder;
-};
 
 constexpr const char* kIniText =
     "[SelectedTemplateConfigurationName]\n"

@@ -1,0 +1,29 @@
+#pragma once
+#include "sibling/fileservices/directories.h"
+#include "sibling/utilities/propcache.h"
+#include "tests/support/temporaryfolder.h"
+#include <string>
+
+/// A user's INI file with the given text, and none of the system.
+class UserIniFile {
+public:
+    explicit UserIniFile(const std::string& text) {
+        SetIniFile(Folder.Write("user.ini", text).c_str());
+        SetSystemIniFile(Folder.Path("system.ini").c_str());
+    }
+    ~UserIniFile() {
+        SetIniFile(nullptr);
+        SetSystemIniFile(nullptr);
+    }
+    UserIniFile(const UserIniFile&) = delete;
+    UserIniFile& operator=(const UserIniFile&) = delete;
+
+    /// What it holds by now.
+    std::string Read() const {
+        GetSystemPropCache()->Flush();
+        return Folder.Read("user.ini");
+    }
+
+private:
+    TemporaryFolder Folder;
+};
