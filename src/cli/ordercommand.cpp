@@ -9,7 +9,7 @@ namespace {
 
 /// The library that a source is compiled into.
 std::string LibraryOf(const IHdlSourceFile* file, const THdlBuildFile& build) {
-    const std::string library = file->GetPrecompiledLibraryGroupName();
+    std::string library = file->GetPrecompiledLibraryGroupName();
     if (!library.empty()) return library;
     const std::string destination = build.GetDestinationLibrary();
     return destination.empty() ? "work" : destination;

@@ -32,8 +32,6 @@ bool TComponentNameList::AddComponentName(const char* entity, const char* archit
                             library);
 }
 
-// The signature is part of the interface.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
 bool TComponentNameList::AddComponentName(TTBIdentifier entity, TTBIdentifier architecture,
                                           const char* library) {
     if (IsNameInList(entity, architecture, library)) return false;

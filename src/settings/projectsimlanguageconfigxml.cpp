@@ -71,6 +71,7 @@ void WriteDirectories(TXMLList* document, const char* listName,
                       const std::vector<std::string>& directories) {
     const std::string base = DirectoryOf(*document);
     std::vector<std::string> written;
+    written.reserve(directories.size());
     for (const std::string& directory : directories)
         written.push_back(WrittenDirectory(directory, base));
     WriteTexts(document, listName, "Directory", written);
