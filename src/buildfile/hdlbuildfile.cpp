@@ -4,6 +4,7 @@
 #include "sibling/fileservices/isfilename.h"
 #include "sibling/utilities/keeper.h"
 #include "sibling/utilities/mystring.h"
+#include <algorithm>
 
 namespace {
 
@@ -137,8 +138,15 @@ void THdlBuildFile::LetGoOfParts() {
 
 // One that the reader made is noted in the parts; one that a caller handed in may be in use there.
 void THdlBuildFile::KeepOwnGeneralConfiguration() {
-    if (OwnsConfigurations && !Parts->GeneralConfigs.count(GeneralConfiguration))
-        KeepUntilExit(GeneralConfiguration);
+    if (OwnsConfigurations && !IsGeneralConfigurationNoted()) KeepUntilExit(GeneralConfiguration);
+}
+
+// Former parts delete what they noted: a caller may have set it again after a Reload.
+bool THdlBuildFile::IsGeneralConfigurationNoted() const {
+    if (Parts->GeneralConfigs.count(GeneralConfiguration)) return true;
+    return std::any_of(FormerParts.begin(), FormerParts.end(), [this](const auto& parts) {
+        return parts->GeneralConfigs.count(GeneralConfiguration) > 0;
+    });
 }
 
 void THdlBuildFile::OwnConfigurations() {
@@ -147,7 +155,8 @@ void THdlBuildFile::OwnConfigurations() {
 }
 
 void THdlBuildFile::DeleteConfigurations() {
-    if (GeneralConfiguration) Parts->GeneralConfigs.insert(GeneralConfiguration);
+    if (GeneralConfiguration && !IsGeneralConfigurationNoted())
+        Parts->GeneralConfigs.insert(GeneralConfiguration);
     GeneralConfiguration = nullptr;
     if (Parts.use_count() == 1) Parts->DeleteConfigs();
 }

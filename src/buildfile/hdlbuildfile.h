@@ -232,6 +232,7 @@ private:
     void TakeParts(const std::shared_ptr<TBuildFileParts>& parts);
     void LetGoOfParts();
     void KeepOwnGeneralConfiguration();
+    bool IsGeneralConfigurationNoted() const;
 
     std::shared_ptr<TBuildFileParts> Parts;
     // What Initialize and assignment let go of; never read again.

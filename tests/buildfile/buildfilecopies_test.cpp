@@ -198,6 +198,18 @@ TEST(BuildFileConfigurations, ThatASimWrapBuildLetsGoOfStayReadable) {
     EXPECT_STREQ(language->GetBuildOptions(), "");
 }
 
+// A second deletion ends the program under the address sanitizer.
+TEST(BuildFileConfigurations, SetAgainAfterAReloadIsDeletedOnce) {
+    TemporaryFolder folder;
+    const std::string path = folder.Write(
+        "build.hbf", "<HdlBuildFile><GeneralConfiguration LogFileName='a.log'/></HdlBuildFile>\n");
+    TSimWrapHdlBuildFile build(Handle(path));
+    TProjectSimGeneralConfig* general = build.GetGeneralConfiguration();
+    build.Reload();
+    build.SetGeneralConfiguration(general);
+    EXPECT_STREQ(build.GetGeneralConfiguration()->GetSimulationLogFileName(), "a.log");
+}
+
 TEST(BuildFileConfigurations, SetByACallerAreTheCallersAgainOnceLetGoOf) {
     std::string grave;
     {
