@@ -7,12 +7,9 @@
 namespace {
 
 template <class TConfig>
-void DeleteAll(std::unordered_set<TConfig*>& configs) {
-    for (TConfig* config : configs) {
-        ForgetKept(config);
-        delete config;
-    }
-    configs.clear();
+void Delete(TConfig* config) {
+    ForgetKept(config);
+    delete config;
 }
 
 }  // namespace
@@ -45,8 +42,7 @@ void TBuildFileParts::StoreCopyFor(IHdlSourceFile* source) {
 }
 
 void TBuildFileParts::Clear() {
-    for (const auto& [language, slot] : LanguageConfigs.GetSlots())
-        FormerConfigs.insert(slot->Config);
+    for (const auto& [language, slot] : LanguageConfigs.GetSlots()) FormerSlots.push_back(slot);
     LanguageConfigs.Clear();
     SimTools.Clear();
     SourceFileGroups.Flush();
@@ -57,6 +53,11 @@ void TBuildFileParts::Clear() {
 
 void TBuildFileParts::DeleteConfigs() {
     LanguageConfigs.DeleteAll();
-    DeleteAll(FormerConfigs);
-    DeleteAll(GeneralConfigs);
+    for (const auto& slot : FormerSlots) {
+        Delete(slot->Config);
+        slot->Config = nullptr;
+    }
+    FormerSlots.clear();
+    for (TProjectSimGeneralConfig* config : GeneralConfigs) Delete(config);
+    GeneralConfigs.clear();
 }

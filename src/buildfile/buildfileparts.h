@@ -4,7 +4,9 @@
 #include "projectfiles/sourcefilegroups.h"
 #include "projectfiles/sourcefileowner.h"
 #include "simtools/simtoolmap.h"
+#include <memory>
 #include <unordered_set>
+#include <vector>
 
 class IBuildManager;
 class IHdlSourceFile;
@@ -48,7 +50,7 @@ struct TBuildFileParts {
     std::unordered_set<TProjectSimGeneralConfig*> GeneralConfigs;
 
 private:
-    // Emptied out of LanguageConfigs, for DeleteConfigs.
-    std::unordered_set<TProjectSimLanguageConfig*> FormerConfigs;
+    // Emptied out of LanguageConfigs, for DeleteConfigs. Sources outside may still hold them.
+    std::vector<std::shared_ptr<TLanguageConfigSlot>> FormerSlots;
     std::unordered_set<IBuildManager*> Builds;
 };

@@ -113,8 +113,9 @@ public:
     const TBaseSimTool* GetSimTool(THdlLanguage language) const;
     std::vector<THdlLanguage> GetSimToolLanguages() const;
 
-    /// Stores a copy. A configuration that the language had is deleted; sources that took it from
-    /// this build follow to the copy.
+    /// Stores a copy. A configuration that the language had is deleted: a THdlSourceFile that took
+    /// it from this build follows to the copy, and so does the source being added. Sources of other
+    /// classes must ask the build instead of keeping the pointer.
     void AddLanguageConfig(THdlLanguage language, const TProjectSimLanguageConfig* configuration);
     /// The same with the configuration and language of `source`, recorded for it.
     void AddLanguageConfigForSourceFile(IHdlSourceFile* source);

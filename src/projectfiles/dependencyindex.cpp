@@ -12,6 +12,7 @@ bool TDependencyIndex::Find(const ISFileName* name, IHdlSourceFile** found) {
     TSourceName key;
     if (!GetSourceName(name, &key)) return true;
     if (!IsCurrent()) Build();
+    if (EntriesWithoutList > 0) return false;
     const auto uses = Uses.find(key);
     if (uses == Uses.end()) return true;
     *found = uses->second.First;
@@ -60,15 +61,18 @@ void TDependencyIndex::Drop() {
     Group->StopReportingTo(this);
     for (const auto& [list, watch] : Lists) list->StopReportingTo(this);
     IsBuilt = false;
+    EntriesWithoutList = 0;
     Lists.clear();
     Entries.clear();
     Uses.clear();
 }
 
 void TDependencyIndex::EntryAdded(IHdlSourceFile* source) {
-    const auto [entry, isNew] = Entries.try_emplace(source, TEntry{nullptr, 0});
+    const auto [entry, isNew] = Entries.try_emplace(source, TEntry{nullptr, 0, false});
     if (isNew) {
         entry->second.Dependencies = source->GetDependencyList();
+        entry->second.HasList = entry->second.Dependencies != nullptr;
+        if (!entry->second.HasList) ++EntriesWithoutList;
         Watch(entry->second.Dependencies, source);
     }
     ++entry->second.Count;
@@ -78,6 +82,7 @@ void TDependencyIndex::EntryAdded(IHdlSourceFile* source) {
 void TDependencyIndex::EntryRemoved(IHdlSourceFile* source) {
     const auto entry = Entries.find(source);
     if (entry == Entries.end() || --entry->second.Count > 0) return;
+    if (!entry->second.HasList) --EntriesWithoutList;
     Unwatch(entry->second.Dependencies);
     Entries.erase(entry);
 }

@@ -18,8 +18,9 @@ public:
     TDependencyIndex(const TDependencyIndex&) = delete;
     TDependencyIndex& operator=(const TDependencyIndex&) = delete;
 
-    /// Sets `*found` to the dependency of that name, null when there is none. False when different
-    /// sources share the name: then the order of the group decides which is meant.
+    /// Sets `*found` to the dependency of that name, null when there is none. False when the group
+    /// must be asked instead: different sources share the name, so that its order decides, or an
+    /// entry gives no list of its dependencies and has to be asked itself.
     bool Find(const ISFileName* name, IHdlSourceFile** found);
 
     bool IsGroup(const TIHdlSourceFileList* list) const { return list == Group; }
@@ -39,6 +40,7 @@ private:
     struct TEntry {
         TIHdlSourceFileList* Dependencies;
         std::size_t Count;  // sources without a name may stand in the group more than once
+        bool HasList;
     };
     struct TWatch {
         IHdlSourceFile* Entry;
@@ -58,6 +60,7 @@ private:
     TIHdlSourceFileList* Group;
     bool IsBuilt = false;
     unsigned long long HandleChangeCount = 0;
+    std::size_t EntriesWithoutList = 0;
     std::unordered_map<IHdlSourceFile*, TEntry> Entries;
     std::unordered_map<TIHdlSourceFileList*, TWatch> Lists;
     std::unordered_map<TSourceName, TUses, TSourceNameHash> Uses;

@@ -1,6 +1,7 @@
 #include "projectfiles/sourcefileowner.h"
 #include "projectfiles/ibuildmanager.h"
 #include "projectfiles/languageconfigmap.h"
+#include "sibling/fileservices/isfilename.h"
 #include <utility>
 
 /// A source that takes itself out of its owner's list when somebody else deletes it.
@@ -22,11 +23,16 @@ TSourceFileOwner::~TSourceFileOwner() {
 }
 
 IHdlSourceFile* TSourceFileOwner::MakeSourceFile(const ISFileName* name) {
+    if (name && !IsReading) name->UpdateTimeFileLastLoaded(kDefaultTimeStampKey);
     return new TMadeSourceFile(name, &Made);
 }
 
 IHdlSourceFile* TSourceFileOwner::GetOrMakeSourceFile(const char* name) {
-    return Build ? Build->CreateOrGetSourceFile(name) : nullptr;
+    if (!Build) return nullptr;
+    IsReading = true;
+    IHdlSourceFile* source = Build->CreateOrGetSourceFile(name);
+    IsReading = false;
+    return source;
 }
 
 IHdlSourceFile* TSourceFileOwner::GetOrMakeSourceFile(const char* name, THdlLanguage language) {

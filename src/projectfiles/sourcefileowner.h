@@ -21,7 +21,8 @@ public:
     void SetBuildManager(IBuildManager* build) { Build = build; }
 
     /// A new source, which stays the owner's; a caller that deletes it takes it off the owner's
-    /// hands.
+    /// hands. Its file is marked as loaded, except during GetOrMakeSourceFile: a read marks the
+    /// files that it lists, and the disk is not asked for those that only others depend on.
     IHdlSourceFile* MakeSourceFile(const ISFileName* name);
 
     /// The one source of the build that has this name, made when there is none. Null without a
@@ -44,5 +45,6 @@ private:
 
     std::list<TMadeSourceFile*> Made;
     IBuildManager* Build;
+    bool IsReading = false;
     std::unordered_map<const IHdlSourceFile*, std::shared_ptr<const TLanguageConfigSlot>> Records;
 };

@@ -88,7 +88,8 @@ TEST(CompileOrder, StaysAsItIsForOtherLanguages) {
     Graph graph("a b", "a:b");
     graph.Order();
     graph.Build.AddSourceFile(graph.File("c"), false);
-    graph.Build.OrderFilesForCompile(LANGUAGE_VERILOG);
+    for (int i = LANGUAGE_VERILOG; i <= LANGUAGE_NONE; ++i)
+        if (i != LANGUAGE_VHDL) graph.Build.OrderFilesForCompile(static_cast<THdlLanguage>(i));
     EXPECT_EQ(graph.Listed(), "b a ");
 }
 
@@ -122,6 +123,14 @@ TEST(CompileOrder, VisitsABareNamesOwnDependenciesFirst) {
     EXPECT_EQ(graph.Order(), "own base pkg top ");
 }
 
+TEST(CompileOrder, ListsTheFirstOfTwoObjectsOfANameOutsideTheGroup) {
+    Graph graph("a b", "a:x");
+    THdlSourceFile* other = graph.Made.Make("/p/X.vhd");
+    graph.File("b")->AddDependency(other);
+    other->AddDependency(graph.File("y"));
+    EXPECT_EQ(graph.Order(), "x a y b ");
+}
+
 TEST(CompileOrder, EndsForACycleThroughABareName) {
     Graph graph("a b", "b:a");
     graph.File("a")->AddDependency(graph.Made.Make("/p/b.vhd"));
@@ -149,7 +158,7 @@ TEST(CompileOrder, TakesAMissingDependencyListForAnEmptyOneAndListsNamelessSourc
 TEST(CompileOrder, ReachesTheEndOfALongChain) {
     THdlBuildFile build;
     Sources made;
-    constexpr int kLength = 100000;
+    constexpr int kLength = 1000000;
     THdlSourceFile* above = made.Make("/p/f0.vhd");
     build.AddSourceFile(above, false);
     for (int i = 1; i < kLength; ++i) {

@@ -147,16 +147,29 @@ TEST(BuildFileConfigurations, AreDeletedOnceByTheLastOfSeveralSimWrapBuilds) {
     THdlSourceFile source("/p/a.vhd");
     source.SetProjectLanguageConfig(first->GetProjectLanguageConfig(LANGUAGE_VHDL));
     auto second = std::make_unique<TSimWrapHdlBuildFile>(*first);
-    TSimWrapHdlBuildFile third;
-    third = *second;
+    auto third = std::make_unique<TSimWrapHdlBuildFile>();
+    *third = *second;
     first.reset();
     EXPECT_EQ(grave, "");
     EXPECT_STREQ(second->GetProjectLanguageConfig(LANGUAGE_VHDL)->GetBuildOptions(), "-93");
     second.reset();
     EXPECT_EQ(grave, "");
     EXPECT_NE(source.GetProjectLanguageConfig(), nullptr);
-    third.Initialize();
+    third->Initialize();
     EXPECT_EQ(grave, "");
+    third.reset();
+    EXPECT_EQ(grave, "general ");
+    EXPECT_EQ(source.GetProjectLanguageConfig(), nullptr);
+}
+
+TEST(BuildFileConfigurations, ThatWereClearedLeaveNoSourceBehindThem) {
+    auto build = MakeBuild<TSimWrapHdlBuildFile>();
+    THdlSourceFile source("/p/a.vhd");
+    source.SetProjectLanguageConfig(build->GetProjectLanguageConfig(LANGUAGE_VHDL));
+    build->ClearAll();
+    EXPECT_STREQ(source.GetProjectLanguageConfig()->GetBuildOptions(), "-93");
+    build.reset();
+    EXPECT_EQ(source.GetProjectLanguageConfig(), nullptr);
 }
 
 TEST(BuildFileConfigurations, OfAPlainCopyLiveAsLongAsTheCopy) {

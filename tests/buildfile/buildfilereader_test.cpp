@@ -3,7 +3,7 @@
 #include "buildfile/simwraphdlbuildfile.h"
 #include "filenames/componentname.h"
 #include "filenames/componentnamelist.h"
-#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/hdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
@@ -381,6 +381,50 @@ TEST(BuildFileReader, LaterFailureOverwritesMissingFiles) {
         "</SourceFileGroup><ProjectLanguageConfigurationList><LanguageSettings/>"
         "</ProjectLanguageConfigurationList>");
     EXPECT_EQ(read.Build.ReadFromFile(), READ_PROJECT_SETTINGS_FAILED);
+}
+
+TEST(BuildFileReader, KeepsTheResultOfMissingFilesWhenLaterGroupsAreWhole) {
+    ReadBuild read(
+        "<SourceFileGroup Language='VHDL'><SourceFile>gone.vhd</SourceFile></SourceFileGroup>"
+        "<BuildFileVariables/>"
+        "<SourceFileGroup Language='Verilog'><SourceFile>here.v</SourceFile></SourceFileGroup>");
+    read.Folder.Write("here.v", "");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_FILES_MISSING);
+    EXPECT_EQ(PathsOf(read.Build.GetSourceFileGroup(LANGUAGE_VERILOG), read.Folder), "here.v\n");
+    EXPECT_FALSE(read.Build.GetFilesMissing()) << "told of the last groups read";
+}
+
+TEST(BuildFileReader, OrdersFilesThatAreListedBehindThoseThatNeedThem) {
+    ReadBuild read(
+        "<SourceFileGroup Language='VHDL'>"
+        "<SourceFile>top.vhd<Dependency>pkg.vhd</Dependency></SourceFile>"
+        "<SourceFile>pkg.vhd<Dependency>base.vhd</Dependency></SourceFile>"
+        "<SourceFile>base.vhd</SourceFile></SourceFileGroup>");
+    for (const char* name : {"top.vhd", "pkg.vhd", "base.vhd"}) read.Folder.Write(name, "");
+    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
+    read.Build.OrderFilesForCompile(LANGUAGE_VHDL);
+    EXPECT_EQ(PathsOf(read.Build.GetFilesToCompile(LANGUAGE_VHDL), read.Folder),
+              "base.vhd\npkg.vhd\ntop.vhd\n");
+    const ISFileName* pkg = ISFileName::NewISFileName(read.Folder.Path("pkg.vhd").c_str());
+    const TIHdlSourceFileList* group = read.Build.GetSourceFileGroup(LANGUAGE_VHDL);
+    EXPECT_EQ((*group->begin())->GetDependency(pkg), group->GetSourceFile(pkg));
+}
+
+TEST(BuildFileReader, RebuildsTheLibraryGroupsAlsoWithoutAFile) {
+    const TemporaryFolder folder;
+    THdlSourceFile vhdl(folder.Path("a.vhd").c_str());
+    THdlSourceFile verilog(folder.Path("b.v").c_str());
+    vhdl.SetPrecompiledLibraryGroupName("one");
+    verilog.SetPrecompiledLibraryGroupName("two");
+    THdlBuildFile build;
+    build.SetHdlLanguage(LANGUAGE_VHDL);
+    build.AddSourceFile(&verilog, false);
+    build.AddSourceFile(&vhdl, false);
+    EXPECT_EQ(build.GetPrecompiledLibraryGroups(), (std::vector<std::string>{"two", "one"}));
+    build.SetBuildFileName(ISFileName::NewISFileName(folder.Path("gone.xml").c_str()));
+    EXPECT_EQ(build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(build.GetPrecompiledLibraryGroups(), std::vector<std::string>{"one"});
+    EXPECT_EQ(PathsOf(build.GetSourceFileGroup(LANGUAGE_VERILOG), folder), "b.v\n");
 }
 
 TEST(BuildFileReader, RebuildsTheLibraryGroupsFromTheHdlGroup) {

@@ -2,6 +2,7 @@
 #include "buildfile/hdlbuildfilexmllist.h"
 #include "buildfile/simwraphdlbuildfile.h"
 #include "projectfiles/hdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "sibling/fileservices/isfilename.h"
@@ -309,6 +310,47 @@ TEST(BuildFileWriter, WritesTheGroupOfAForcedTestBuilder) {
               "END SourceFile\n"
               "END SourceFileGroup\n"
               "END HdlBuildFile\n");
+}
+
+/// The document's part from the groups on.
+std::string GroupsOf(THdlBuildFile& build) {
+    const std::string document = DocumentOf(build);
+    const auto begin = document.find("START SourceFileGroup");
+    return begin == std::string::npos ? "" : document.substr(begin);
+}
+
+TEST(BuildFileWriter, WritesAnEmptyGroupThatWasFilledOrReadButNoneOnlyLookedAt) {
+    THdlBuildFile build;
+    build.SetTopLanguage(LANGUAGE_VHDL);
+    const char* const empty =
+        "START SourceFileGroup Language=VHDL\nEND SourceFileGroup\nEND HdlBuildFile\n";
+    TIHdlSourceFileList* group = build.GetSourceFileGroup(LANGUAGE_VHDL);
+    EXPECT_EQ(GroupsOf(build), "");
+    THdlSourceFile source(Below("a.vhd").c_str());
+    group->AddSourceFile(&source, false);
+    group->RemoveSourceFile(&source);
+    EXPECT_EQ(GroupsOf(build), empty);
+
+    THdlBuildFile read;
+    read.SetTopLanguage(LANGUAGE_VHDL);
+    TXMLList elements;
+    PushElements(&elements, "START SourceFileGroup Language=VHDL\nEND SourceFileGroup\n");
+    DListIterator<TElement*> element(elements);
+    EXPECT_TRUE(read.ReadSourceFileGroups(element));
+    EXPECT_EQ(GroupsOf(read), empty);
+}
+
+TEST(BuildFileWriter, WritesExcludedSourcesLikeTheOthers) {
+    THdlBuildFile build;
+    build.SetBuildFileName(NameOf(Below("build.xml")));
+    build.SetTopLanguage(LANGUAGE_VHDL);
+    THdlSourceFile source(Below("a.vhd").c_str());
+    source.SetExcludeFromBuild(true);
+    build.AddSourceFile(&source, false);
+    EXPECT_EQ(GroupsOf(build),
+              "START SourceFileGroup Language=VHDL\n"
+              "START SourceFile Library=false PrecompiledLibrary=\nTEXT a.vhd\nEND SourceFile\n"
+              "END SourceFileGroup\nEND HdlBuildFile\n");
 }
 
 TEST(BuildFileWriter, WritesAbsolutePathsWithoutABuildFileName) {

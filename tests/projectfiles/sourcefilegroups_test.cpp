@@ -160,6 +160,41 @@ TEST_F(SourceFileGroupsFind, DependenciesOfSourcesWithoutAName) {
     EXPECT_EQ(Groups.GetSourceFileOrDependency(name), nullptr);
 }
 
+/// A source of a caller's own class that keeps its dependency elsewhere than in a list.
+class SourceWithoutList : public THdlSourceFile {
+public:
+    SourceWithoutList(const char* name, IHdlSourceFile* dependency)
+        : THdlSourceFile(name), Dependency(dependency) {}
+    TIHdlSourceFileList* GetDependencyList() override { return nullptr; }
+    const TIHdlSourceFileList* GetDependencyList() const override { return nullptr; }
+    IHdlSourceFile* GetDependency(const ISFileName* name) override {
+        return name == Dependency->GetFileName() ? Dependency : nullptr;
+    }
+    const IHdlSourceFile* GetDependency(const ISFileName* name) const override {
+        return name == Dependency->GetFileName() ? Dependency : nullptr;
+    }
+
+private:
+    IHdlSourceFile* Dependency;
+};
+
+TEST_F(SourceFileGroupsFind, DependenciesOfSourcesThatGiveNoList) {
+    const ISFileName* name = Handle("/p/kept.vhd");
+    THdlSourceFile* kept = Made.Make("/p/kept.vhd");
+    EXPECT_EQ(Groups.GetSourceFileOrDependency(name), nullptr);
+    SourceWithoutList user("/p/user.vhd", kept);
+    Groups.AddSourceFile(&user, false);
+    EXPECT_EQ(Groups.GetSourceFileOrDependency(name), kept);
+    EXPECT_EQ(Groups.GetSourceFileOrDependency(Handle("/p/r.vhd")), R);
+    THdlSourceFile* listed = Made.Make("/p/kept.vhd");
+    P->AddDependency(listed);
+    EXPECT_EQ(Groups.GetSourceFileOrDependency(name), listed) << "of the entry before";
+    P->RemoveDependency(listed);
+    Groups.GetOrCreateGroup(LANGUAGE_VHDL)->RemoveSourceFile(&user);
+    EXPECT_EQ(Groups.GetSourceFileOrDependency(name), nullptr);
+    EXPECT_EQ(Groups.GetSourceFileOrDependency(Handle("/p/r.vhd")), R);
+}
+
 TEST_F(SourceFileGroupsFind, DependenciesOfSourcesInTwoGroups) {
     TSourceFileGroups others(nullptr);
     others.AddSourceFile(P, false);

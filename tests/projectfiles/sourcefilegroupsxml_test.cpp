@@ -106,6 +106,20 @@ TEST_F(SourceFileGroupsFiles, TakeTheBooleanTextsOfTheLibraryFlag) {
     }
 }
 
+TEST_F(SourceFileGroupsFiles, TakeTheBooleanTextWithoutTheBlanksAroundIt) {
+    TXMLList xml;
+    TAttributeList group;
+    group.Psh("Language", "VHDL");
+    TAttributeList source;
+    source.Psh("Library", " true\t");
+    xml.Psh("SourceFileGroup", &group, TElement::START, nullptr);
+    xml.Psh("SourceFile", &source, TElement::START, nullptr);
+    xml.Psh("", nullptr, TElement::TEXT, "a.vhd");
+    DListIterator<TElement*> position(xml);
+    EXPECT_TRUE(Build.Groups.ReadSourceFileGroups(position));
+    EXPECT_EQ(GroupsOf(Build.Groups), "VHDL: a.vhd!\n");
+}
+
 TEST_F(SourceFileGroupsFiles, ThatAreMissingAreToldOnceAndKept) {
     EXPECT_EQ(Read("START SourceFileGroup Language=VHDL\n"
                    "START SourceFile\nTEXT x.vhd\nSTART Dependency\nTEXT y.vhd\nEND Dependency\n"
@@ -222,6 +236,16 @@ TEST_F(SourceFileGroupsFiles, OfBrokenStreamsKeepWhatWasReadBefore) {
         {"an unknown child ends all levels",
          start + a + "START Other\nEND Other\nEND SourceFile\n" + b, "true, at START Other",
          "VHDL: a.vhd\n"},
+        {"a blank text between groups", start + b + "END SourceFileGroup\nTEXT  \n" + start + a,
+         "true, at TEXT  ", "VHDL: b.vhd\n"},
+        {"a blank text between sources", start + b + "TEXT  \n" + a, "true, at TEXT  ",
+         "VHDL: b.vhd\n"},
+        {"a blank text between dependencies",
+         start + a +
+             "START Dependency\nTEXT b.vhd\nEND Dependency\nTEXT  \nSTART Dependency\n"
+             "TEXT t.v\nEND Dependency\nEND SourceFile\n" +
+             b,
+         "true, at TEXT  ", "VHDL: a.vhd(b.vhd )\n"},
         {"names in another case", "START sourcefilegroup Language=VHDL\n" + b,
          "true, at START sourcefilegroup Language=VHDL", ""},
         {"no END of the group",

@@ -2,6 +2,7 @@
 #include "projectfiles/languageconfigmap.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/projectfiles/sourcefakes.h"
+#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -39,6 +40,23 @@ TEST(SourceFileOwner, FindsThroughItsBuildAndGivesTheConfigurationOfALanguage) {
     EXPECT_EQ(build.Owner.GetOrMakeSourceFile("a.vhd", LANGUAGE_VERILOG), bare);
     EXPECT_EQ(bare->GetProjectLanguageConfig(), &config)
         << "a language without one takes nothing away";
+}
+
+TEST(SourceFileOwner, MarksWhatItMakesAsLoadedUnlessForARead) {
+    const TemporaryFolder folder;
+    folder.Write("made.vhd", "1");
+    folder.Write("read.vhd", "1");
+    FakeBuild build(folder.Path());
+    const ISFileName* made =
+        build.Owner.MakeSourceFile(Handle(folder.Path("made.vhd")))->GetFileName();
+    const ISFileName* read = build.Owner.GetOrMakeSourceFile("read.vhd")->GetFileName();
+    // Without a record the answer is the one that is handed in.
+    EXPECT_FALSE(made->IsFileModifiedSinceLastLoaded(kDefaultTimeStampKey, true));
+    EXPECT_TRUE(read->IsFileModifiedSinceLastLoaded(kDefaultTimeStampKey, true));
+    EXPECT_FALSE(read->IsFileModifiedSinceLastLoaded(kDefaultTimeStampKey, false));
+    folder.Write("made.vhd", "longer");
+    EXPECT_TRUE(made->IsFileModifiedSinceLastLoaded(kDefaultTimeStampKey, false));
+    EXPECT_EQ(NameOf(build.Owner.MakeSourceFile(nullptr)), "<nameless>");
 }
 
 TEST(SourceFileOwner, FindsNothingWithoutABuild) {

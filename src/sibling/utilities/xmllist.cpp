@@ -10,6 +10,7 @@
 #include "sibling/utilities/xmlprint.h"
 #include "sibling/utilities/xmlprologue.h"
 #include "sibling/utilities/xmlreader.h"
+#include "sibling/utilities/xmltext.h"
 #include "sibling/utilities/xmlwriter.h"
 
 namespace {
@@ -129,16 +130,18 @@ bool TXMLList::ReadFile(const char* path, const char*) {
     const bool isRead = ReadBytes(file, &bytes, &ReadError) && ReadFromText(bytes, &ReadError);
     ReadError.File = file;
     NoteRead(FileName, isRead || ReadError.Missing);
-    if (isRead) return InterpretElements();
-    HandleMissingOrInvalidFile(file);
-    return false;
+    if (isRead)
+        (void)InterpretElements();
+    else
+        HandleMissingOrInvalidFile(file);
+    return isRead;
 }
 
 bool TXMLList::ReadFromText(const std::string& document, TXMLReadError* error) {
     Flush(1);
     std::vector<std::unique_ptr<TElement>> elements;
     TXMLReadError found;
-    const std::string droppedRoot = RootHeld ? "" : GetDocumentTypeRoot(DocumentType);
+    const std::string droppedRoot = RootHeld ? "" : GetDocumentTypeRoot(ToUtf8(DocumentType));
     const bool isRead = ReadXMLDocument(document, droppedRoot, &elements, &found,
                                         RootHeld ? &DocumentType : nullptr);
     for (auto& element : elements) AddAtTail(element.release());

@@ -46,10 +46,10 @@ public:
     static bool FindNext(DListIterator<TElement*>& position, const char* name,
                          const char* enclosing);
 
-    /// Replaces the elements by those of the file, all or nothing, then calls InterpretElements. A
-    /// null path counts as empty: a missing file. On failure the list is empty,
-    /// HandleMissingOrInvalidFile has been called once, GetReadError() tells why, and the result is
-    /// false. The second argument is spare.
+    /// Replaces the elements by those of the file, all or nothing, then calls InterpretElements;
+    /// true whatever that answers. A null path counts as empty: a missing file. On failure the list
+    /// is empty, HandleMissingOrInvalidFile has been called once, GetReadError() tells why, and the
+    /// result is false. The second argument is spare.
     bool ReadFile(const char* path, const char* = nullptr);
 
     /// Empties the list, calls FillElements, and replaces the file whole, through links and keeping
@@ -92,7 +92,7 @@ public:
 protected:
     /// Pushes the whole document; called by WriteFile on the empty list.
     virtual void FillElements();
-    /// Walks what ReadFile parsed. Its result is ReadFile's.
+    /// Walks what ReadFile parsed. The result says whether it made sense; ReadFile passes it over.
     virtual bool InterpretElements();
     /// Silent for a missing file; for an unreadable or malformed one shows a message box, style 0,
     /// with the path in double quotes, line, column and reason, and logs it.

@@ -1,5 +1,6 @@
 #include "sibling/utilities/xmlname.h"
 
+#include <algorithm>
 #include <map>
 
 #include "sibling/utilities/expatrun.h"
@@ -47,8 +48,8 @@ std::string ToXMLName(std::string_view name) {
 }
 
 bool IsXMLName(std::string_view name) {
-    if (name.empty() || !IsAsciiNameStart(name[0])) return ToXMLName(name) == name;
-    for (const char c : name)
-        if (!IsAsciiNameCharacter(c)) return ToXMLName(name) == name;
-    return true;
+    // Most names are ASCII, and every element asks.
+    const bool isAsciiName = !name.empty() && IsAsciiNameStart(name[0]) &&
+                             std::all_of(name.begin(), name.end(), IsAsciiNameCharacter);
+    return isAsciiName || ToXMLName(name) == ToUtf8(name);
 }

@@ -20,6 +20,10 @@ void ReportNoName() {
     site.Report();
 }
 
+bool CanBePrinted(std::string_view name) {
+    return IsXMLName(name) && IsUtf8(name);
+}
+
 // Prints one element straight into a stream's buffer.
 class TElementPrinter {
 public:
@@ -44,7 +48,7 @@ private:
     }
 
     void AppendName(std::string_view name) {
-        if (IsXMLName(name))
+        if (CanBePrinted(name))
             Append(name);
         else
             Append(ToXMLName(name));
@@ -105,9 +109,13 @@ private:
     const TAttributes& GetDistinctAttributes() {
         const TAttributes& given = Element.GetAttributes();
         const auto isName = [](const auto& attribute) { return IsXMLName(attribute.first); };
-        const bool areNames = std::all_of(given.begin(), given.end(), isName);
-        if (!areNames) ReportNoName();
-        if (areNames && given.size() <= kFewAttributes && !HasRepeatedName(given)) return given;
+        const auto isPrintable = [](const auto& attribute) {
+            return CanBePrinted(attribute.first);
+        };
+        if (!std::all_of(given.begin(), given.end(), isName)) ReportNoName();
+        if (given.size() <= kFewAttributes && !HasRepeatedName(given) &&
+            std::all_of(given.begin(), given.end(), isPrintable))
+            return given;
         std::unordered_map<std::string, std::size_t> places;
         for (const auto& [name, value] : given) {
             std::string written = ToXMLName(name);

@@ -80,6 +80,7 @@ private:
 
     bool WriteProlog() {
         if (List.GetDocumentType().empty()) return true;
+        HasForeignBytes = !IsUtf8(List.GetDocumentType());
         const std::string type = ToUtf8(List.GetDocumentType());
         const std::string name = GetDocumentTypeRoot(type);
         std::vector<std::unique_ptr<TElement>> none;

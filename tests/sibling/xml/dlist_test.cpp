@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -103,11 +104,12 @@ TEST(DList, RemovesTheFirstEntryOnly) {
 
 TEST(DList, NotifiesAfterLinkingAndAfterUnlinking) {
     std::string log;
-    Item one(1), two(2);
+    Item one(1), two(2), three(3);
     NotedList list(&log);
     list.AddAtTail(&two);
     list.AddAtHead(&one);
     list.AddAtTailNoDup(&one);
+    list.AddAtTailNoDup(&three);
     list.Remove(&one);
     list.Remove(&one);
     list.AddAtHeadNoDup(&one);
@@ -115,10 +117,12 @@ TEST(DList, NotifiesAfterLinkingAndAfterUnlinking) {
     EXPECT_EQ(log,
               "added 2: 2 \n"
               "added 1: 1 2 \n"
-              "removed 1: 2 \n"
-              "added 1: 1 2 \n"
-              "removed 1: 2 \n"
-              "removed 2: \n");
+              "added 3: 1 2 3 \n"
+              "removed 1: 2 3 \n"
+              "added 1: 1 2 3 \n"
+              "removed 1: 2 3 \n"
+              "removed 2: 3 \n"
+              "removed 3: \n");
 }
 
 TEST(DList, NotifiesBeforeItDeletes) {
@@ -145,6 +149,19 @@ TEST(DList, NeitherDeletesNorNotifiesWhenItDies) {
         log.clear();
     }
     EXPECT_EQ(log, "");
+}
+
+TEST(DList, MayOutliveWhateverIsDestroyedAtTheProgramsEnd) {
+    const auto endWithLists = [] {
+        static DList<Item*> emptied;
+        static DList<Item*> filled;
+        static Item one(1);
+        emptied.AddAtTail(&one);
+        emptied.Flush(0);
+        filled.AddAtTail(&one);
+        std::exit(7);
+    };
+    EXPECT_EXIT(endWithLists(), testing::ExitedWithCode(7), "");
 }
 
 TEST(DList, IteratesFromItsFirstElementToTheTailAndStaysThere) {

@@ -105,6 +105,27 @@ TEST(XMLReading, DropsTheRootOfTheListsDocumentType) {
         kListType);
 }
 
+TEST(XMLReading, KnowsTheRootFromEveryFormOfADocumentType) {
+    const char* const types[] = {"<!DOCTYPE List>",
+                                 "<!DOCTYPE\nList SYSTEM \"list.dtd\">",
+                                 "<!DOCTYPE\tList\tSYSTEM 'list.dtd'>",
+                                 "<!DOCTYPE List[]>",
+                                 "<!DOCTYPE List [<!ELEMENT List ANY>]>",
+                                 "<!DOCTYPE List PUBLIC \"-//x//y\" \"list.dtd\">"};
+    for (const char* type : types) {
+        EXPECT_EQ(StreamOf("<List><a/></List>", type), "START a\nEND a\n") << type;
+        EXPECT_EQ(StreamOf(std::string(type) + "\n<List><a/></List>", type), "START a\nEND a\n")
+            << type;
+    }
+}
+
+TEST(XMLReading, KnowsTheRootFromADocumentTypeInWindows1252) {
+    const char* const type = "<!DOCTYPE Gr\xF6\xDF\x65 SYSTEM \"g.dtd\">";
+    EXPECT_EQ(StreamOf("<Gr\xC3\xB6\xC3\x9F\x65><a/></Gr\xC3\xB6\xC3\x9F\x65>", type),
+              "START a\nEND a\n");
+    EXPECT_EQ(StreamOf("<Gr\xF6\xDF\x65><a/></Gr\xF6\xDF\x65>", type), "START a\nEND a\n");
+}
+
 TEST(XMLReading, DropsNoRootWithoutADocumentTypeOfTheList) {
     EXPECT_EQ(StreamOf("<!DOCTYPE List SYSTEM 'list.dtd'><List><a/></List>"),
               "START List\nSTART a\nEND a\nEND List\n");
