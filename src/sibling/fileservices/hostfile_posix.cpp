@@ -11,8 +11,11 @@
 
 namespace {
 
+// Stands beside the numbers of the system calls, which are positive.
+constexpr int kNotRegular = -1;
+
 bool Fail(std::string* reason, int error) {
-    if (reason) *reason = std::strerror(error);
+    if (reason) *reason = error == kNotRegular ? "not a regular file" : std::strerror(error);
     return false;
 }
 
@@ -138,7 +141,7 @@ bool MayReplace(const std::string& path, struct stat* status, bool* exists) {
     }
     if (!S_ISREG(status->st_mode)) {
         // A device or pipe would be gone afterwards.
-        errno = EINVAL;
+        errno = kNotRegular;
         return false;
     }
     // Renaming would silently overwrite a write-protected file.
@@ -172,7 +175,7 @@ TFileReadResult ReadBytes(const std::string& path, std::string* bytes, std::stri
         return error == ENOENT || error == ENOTDIR ? FILE_READ_MISSING : FILE_READ_FAILED;
     }
     if (!S_ISREG(status.st_mode)) {
-        Fail(reason, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+        Fail(reason, S_ISDIR(status.st_mode) ? EISDIR : kNotRegular);
         return FILE_READ_FAILED;
     }
     if (ReadAll(descriptor.Get(), static_cast<std::size_t>(status.st_size), bytes))

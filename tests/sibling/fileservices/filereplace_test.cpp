@@ -195,9 +195,10 @@ TEST(FileReplace, NeverReplacesADeviceOrPipe) {
     std::string reason;
     std::string bytes;
     EXPECT_FALSE(ReplaceWholeFile(folder.Path("pipe").c_str(), "new", &reason));
-    EXPECT_EQ(reason, "Invalid argument");
+    EXPECT_EQ(reason, "not a regular file");
     EXPECT_TRUE(std::filesystem::is_fifo(folder.Path("pipe")));
     EXPECT_EQ(ReadWholeFile(folder.Path("pipe").c_str(), &bytes, &reason), FILE_READ_FAILED);
+    EXPECT_EQ(reason, "not a regular file");
     EXPECT_EQ(ReadWholeFile("/dev/zero", &bytes, &reason), FILE_READ_FAILED);
     EXPECT_FALSE(ReplaceWholeFile("C:\\a.txt", "new", &reason));
     EXPECT_EQ(folder.List(), "pipe\n");
