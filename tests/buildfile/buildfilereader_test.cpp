@@ -7,6 +7,7 @@
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
+#include "sibling/fileservices/filereplace.h"
 #include "sibling/fileservices/isfilename.h"
 #include "simtools/basesimtool.h"
 #include "tests/support/elementtext.h"
@@ -482,6 +483,34 @@ TEST(BuildFileReader, ReadsWhatItWrites) {
           "Library=\"true\" PrecompiledLibrary=\"l &lt; m\">a.vhd<Dependency>pkg/p &amp; q.vhd<",
           "<Dependency>../up.vhd</Dependency>", "Value=\"&quot;1&quot;\""})
         EXPECT_NE(first.find(part), std::string::npos) << part;
+}
+
+// The folders are the library's own to make: other programs may not know paths of this length.
+TEST(BuildFileReader, ReadsAndSavesBesideFilesOfAnyNameAndLength) {
+    const TemporaryFolder folder;
+    RecordingMessageBox messages;
+    std::string directory = folder.Path();
+    for (int i = 0; i < 12; ++i) directory += "/a folder of some length " + std::to_string(i);
+    const std::string source = directory + "/rtl/gr\xC3\xB6\xC3\x9F\x65.vhd";
+    const std::string path = directory + "/build.xml";
+    ASSERT_GT(path.size(), 300u);
+    ASSERT_TRUE(MakeDirectoryOf(source.c_str()));
+    ASSERT_TRUE(ReplaceWholeFile(source.c_str(), "", nullptr));
+    const std::string document =
+        "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n"
+        "<HdlBuildFileList><HdlBuildFile TopLevelLanguage='VHDL' HdlLanguage='VHDL'/>"
+        "<SourceFileGroup Language='VHDL'><SourceFile>rtl\\gr\xC3\xB6\xC3\x9F\x65.vhd</SourceFile>"
+        "</SourceFileGroup></HdlBuildFileList>\n";
+    ASSERT_TRUE(ReplaceWholeFile(path.c_str(), document, nullptr));
+    THdlBuildFile build(ISFileName::NewISFileName(path.c_str()));
+    EXPECT_EQ(build.GetReadError().Reason, "");
+    EXPECT_EQ(build.GetReadResult(), READ_NO_ERROR);
+    EXPECT_TRUE(build.WriteToFile());
+    EXPECT_EQ(messages.Take(), "");
+    std::string saved;
+    ASSERT_EQ(ReadWholeFile(path.c_str(), &saved, nullptr), FILE_READ_DONE);
+    EXPECT_NE(saved.find(">rtl/gr\xC3\xB6\xC3\x9F\x65.vhd</SourceFile>"), std::string::npos)
+        << saved;
 }
 
 TEST(BuildFileReader, ReadsAtConstruction) {
