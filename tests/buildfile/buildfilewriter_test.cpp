@@ -7,6 +7,7 @@
 #include "settings/projectsimlanguageconfig.h"
 #include "sibling/fileservices/isfilename.h"
 #include "simtools/basesimtool.h"
+#include "tests/buildfile/projectfolder.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
@@ -16,16 +17,6 @@
 #include <memory>
 
 namespace {
-
-#ifdef _WIN32
-const std::string kProject = "C:\\project\\";
-#else
-const std::string kProject = "/project/";
-#endif
-
-std::string Below(const std::string& name) {
-    return kProject + name;
-}
 
 const ISFileName* NameOf(const std::string& path) {
     return ISFileName::NewISFileName(path.c_str());

@@ -3,22 +3,13 @@
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "sibling/fileservices/isfilename.h"
+#include "tests/buildfile/projectfolder.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 #include <memory>
 #include <sstream>
 
 namespace {
-
-#ifdef _WIN32
-const std::string kProject = "C:\\project\\";
-#else
-const std::string kProject = "/project/";
-#endif
-
-std::string Below(const std::string& name) {
-    return kProject + name;
-}
 
 /// The static option text for a configuration in kProject.
 std::string Options(const TProjectSimLanguageConfig& language,
