@@ -66,6 +66,7 @@ std::string ResolvedOptions(const TProjectSimLanguageConfig* config,
 }  // namespace
 
 void AddRelativePath(const char* directory, const char* path, std::string* out) {
+    if (!out) return;
     std::string display;
     IFileName::CreateNiceFileNameForUI(directory, path, &display);
     std::replace(display.begin(), display.end(), '\\', '/');

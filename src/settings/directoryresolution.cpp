@@ -44,7 +44,7 @@ std::string ResolveDirectoryAgainst(const char* directory, const char* base) {
                                kSource, kResolveDirectory);
         site.Report();
         // Never against the working directory, which has nothing to do with the project.
-        return directory ? directory : "";
+        if (!directory || IsRelativePath(directory)) return directory ? directory : "";
     }
     if (IsRelativePath(directory)) return ResolveRelative(directory, base);
     std::string absolute = directory;

@@ -47,7 +47,7 @@ bool TIniKeys::ReadBool(const char* key, bool missing) const {
     return Cache->GetPrivatePropBool(Section.c_str(), (Prefix + key).c_str(), missing);
 }
 
-std::optional<std::vector<std::string>> TIniKeys::ReadTexts(const char* key) const {
+std::optional<std::vector<std::string>> TIniKeys::ReadStringsFromINI(const char* key) const {
     const std::string name = key;
     const int count = LeadingNumber(ReadText((name + " Count").c_str()).value_or("-1"));
     if (count < 0) return std::nullopt;
@@ -68,7 +68,7 @@ void TIniKeys::WriteBool(const char* key, bool value) const {
     Cache->WritePrivatePropBool(Section.c_str(), (Prefix + key).c_str(), value);
 }
 
-void TIniKeys::WriteTexts(const char* key, const std::vector<std::string>& texts) const {
+void TIniKeys::WriteStringsToINI(const char* key, const std::vector<std::string>& texts) const {
     if (texts.empty()) return;
     const std::string name = key;
     WriteText((name + " Count").c_str(), std::to_string(texts.size()).c_str());

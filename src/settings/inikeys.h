@@ -20,12 +20,12 @@ public:
     bool ReadBool(const char* key, bool missing) const;
     /// The list under `key`: its count under `key` + " Count", entry i from 0 under `key` + i.
     /// Nothing when the count is absent or negative; entries without a key are left out.
-    std::optional<std::vector<std::string>> ReadTexts(const char* key) const;
+    std::optional<std::vector<std::string>> ReadStringsFromINI(const char* key) const;
 
     void WriteText(const char* key, const char* value) const;
     void WriteBool(const char* key, bool value) const;
     /// Nothing for an empty list.
-    void WriteTexts(const char* key, const std::vector<std::string>& texts) const;
+    void WriteStringsToINI(const char* key, const std::vector<std::string>& texts) const;
 
 private:
     TPropCache* Cache;

@@ -51,13 +51,20 @@ TLanguageOptionTexts AssembleSteps(const TConvertedOptionResults& build,
             AssembleStage(runtime, options::STAGE_SIMULATE)};
 }
 
-// Every write of a build file appends the linker options to the build options that it stores. The
-// copies are cut off, so that a word typed as a linker option stays one.
+// Every write of a build file appends the linker options to the build options that it stores, after
+// it has lengthened them for line debugging. The copies, the latest last, are cut off, so that a
+// word typed as a linker option stays one.
 std::string WithoutLinkerCopies(const std::string& build, const std::string& linker) {
-    if (TrimmedView(linker).empty()) return build;
-    const std::string copy = " " + linker;
     std::string_view rest = build;
-    while (rest.ends_with(copy)) rest.remove_suffix(copy.size());
+    std::string copy = " " + linker;
+    while (!TrimmedView(copy).empty()) {
+        if (rest.ends_with(copy))
+            rest.remove_suffix(copy.size());
+        else if (copy.ends_with(kLineDebugOption))
+            copy.resize(copy.size() - kLineDebugOption.size());
+        else
+            break;
+    }
     return std::string(rest);
 }
 

@@ -2,6 +2,7 @@
 #include "sibling/utilities/hdllanguage.h"
 #include "sibling/utilities/simulatortype.h"
 #include <string>
+#include <string_view>
 
 /// The option texts of the three steps of a simulator run.
 struct TLanguageOptionTexts {
@@ -10,6 +11,9 @@ struct TLanguageOptionTexts {
     std::string Runtime;  ///< simulation run
     bool operator==(const TLanguageOptionTexts&) const = default;
 };
+
+/// What the writer of a build file adds to the linker options for line debugging, with each write.
+inline constexpr std::string_view kLineDebugOption = " --simz_options +linedebug";
 
 /// Whether options are converted for this pair at all; the texts of every other pair are copied.
 bool IsOptionConversionSupported(THdlLanguage language, TSimulatorType simulator);

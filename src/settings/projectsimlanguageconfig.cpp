@@ -113,9 +113,9 @@ void TProjectSimLanguageConfig::InitializeDefaultIncludeDirectory(bool current) 
 bool TProjectSimLanguageConfig::AddDirectory(TUniqueTextList& list, const char* directory,
                                              bool resolve) const {
     if (HasOrvaneEnvVariable(directory) || !resolve || !ProjectFile)
-        return directory && list.Add(directory);
+        return directory && list.AddStringToVector(directory);
     std::string resolved = ResolveDirectoryAgainst(directory, BaseDirectoryOf(ProjectFile).c_str());
-    return directory && list.Add(std::move(resolved));
+    return directory && list.AddStringToVector(std::move(resolved));
 }
 
 bool TProjectSimLanguageConfig::AddIncludeDirectory(const char* directory, bool resolve) {
@@ -127,14 +127,14 @@ bool TProjectSimLanguageConfig::AddLibraryDirectory(const char* directory, bool 
 }
 
 bool TProjectSimLanguageConfig::AddLibraryExtension(const char* extension) {
-    return LibraryExtensions.Add(TMyString(extension).Str());
+    return LibraryExtensions.AddStringToVector(TMyString(extension).Str());
 }
 
 bool TProjectSimLanguageConfig::RemoveDirectory(TUniqueTextList& list,
                                                 const char* directory) const {
-    if (!ProjectFile) return list.Remove(TMyString(directory).Str());
+    if (!ProjectFile) return list.RemoveStringFromVector(TMyString(directory).Str());
     const std::string resolved = ResolveDirectoryAgainst(directory, ProjectFile->GetPathOnly());
-    return directory && list.Remove(resolved);
+    return directory && list.RemoveStringFromVector(resolved);
 }
 
 bool TProjectSimLanguageConfig::RemoveIncludeDirectoy(const char* directory) {
@@ -146,7 +146,7 @@ bool TProjectSimLanguageConfig::RemoveLibraryDirectory(const char* directory) {
 }
 
 bool TProjectSimLanguageConfig::RemoveLibraryExtension(const char* extension) {
-    return LibraryExtensions.Remove(TMyString(extension).Str());
+    return LibraryExtensions.RemoveStringFromVector(TMyString(extension).Str());
 }
 
 void TProjectSimLanguageConfig::ClearIncludeDirectory() {

@@ -23,10 +23,12 @@ std::string WrittenBaseOf(const ISFileName* projectFile) {
     return isIniFile ? GetOrvaneHomeDirectory() : projectFile->GetPathOnly();
 }
 
-/// The directories as people know them, from `projectFile` on; as they are without one.
-std::vector<std::string> NiceDirectories(const std::vector<std::string>& directories,
-                                         const ISFileName* projectFile) {
-    if (!projectFile || !*projectFile->Canonical(false)) return directories;
+/// Writes the directories as people know them, from `projectFile` on; as they are without one.
+void WriteRelativePathToINI(const TIniKeys& keys, const char* key,
+                            const std::vector<std::string>& directories,
+                            const ISFileName* projectFile) {
+    if (!projectFile || !*projectFile->Canonical(false))
+        return keys.WriteStringsToINI(key, directories);
     const std::string base = WrittenBaseOf(projectFile);
     std::vector<std::string> nice;
     for (const std::string& directory : directories) {
@@ -35,7 +37,7 @@ std::vector<std::string> NiceDirectories(const std::vector<std::string>& directo
         if (!HasOrvaneEnvVariable(directory.c_str()) && !IsRelativePath(directory.c_str()))
             IFileName::CreateNiceFileNameForUI(base.c_str(), directory.c_str(), &nice.back());
     }
-    return nice;
+    keys.WriteStringsToINI(key, nice);
 }
 
 }  // namespace
@@ -72,7 +74,7 @@ void TProjectSimLanguageConfig::ReadVerilogKeys(const TIniKeys& keys, bool resol
 
 void TProjectSimLanguageConfig::ReadDirectoryKeys(const TIniKeys& keys, const char* key,
                                                   TUniqueTextList& list, bool resolve) const {
-    const auto texts = keys.ReadTexts(key);
+    const auto texts = keys.ReadStringsFromINI(key);
     if (!texts) return;
     list.Clear();
     for (const std::string& text : *texts) AddDirectory(list, text.c_str(), resolve);
@@ -88,7 +90,7 @@ void TProjectSimLanguageConfig::WriteToINI(const char* section, THdlLanguage lan
     const TIniKeys keys = KeysOf(section, Tool, bareKeys);
     if (language == LANGUAGE_VERILOG) {
         WriteDirectoryKeys(keys);
-        keys.WriteTexts("LibraryExtension", GetLibraryExtensions());
+        keys.WriteStringsToINI("LibraryExtension", GetLibraryExtensions());
         keys.WriteBool("UseVhdl93Defaults", Vhdl93DefaultSettingsEnabled);
         keys.WriteText("DelayType", GetDelayTypeFromEnum(DelayType));
         keys.WriteBool("PliDriven", PliDriven);
@@ -107,6 +109,6 @@ void TProjectSimLanguageConfig::WriteToINI(const char* section, THdlLanguage lan
 }
 
 void TProjectSimLanguageConfig::WriteDirectoryKeys(const TIniKeys& keys) const {
-    keys.WriteTexts("IncludeDirectory", NiceDirectories(GetIncludeDirectories(), ProjectFile));
-    keys.WriteTexts("LibraryDirectory", NiceDirectories(GetLibraryDirectories(), ProjectFile));
+    WriteRelativePathToINI(keys, "IncludeDirectory", GetIncludeDirectories(), ProjectFile);
+    WriteRelativePathToINI(keys, "LibraryDirectory", GetLibraryDirectories(), ProjectFile);
 }

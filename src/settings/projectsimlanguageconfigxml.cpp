@@ -4,6 +4,7 @@
 #include "settings/settingnumber.h"
 #include "sibling/fileservices/environment.h"
 #include "sibling/fileservices/isfilename.h"
+#include "sibling/fileservices/pathtext.h"
 #include "sibling/logging/binarylog.h"
 #include "sibling/utilities/booltext.h"
 #include "sibling/utilities/fold.h"
@@ -56,7 +57,8 @@ std::string WrittenDirectory(const std::string& directory, const std::string& ba
     if (base.empty() || HasOrvaneEnvVariable(directory.c_str())) return directory;
     std::string relative;
     IFileName::CreateRelativeFileName(base.c_str(), directory.c_str(), &relative, false, false);
-    return relative;
+    // On another drive nothing is gained, and the list knows the directory by its own spelling.
+    return IsRelativePath(relative.c_str()) ? relative : directory;
 }
 
 void WriteTexts(TXMLList* document, const char* listName, const char* entryName,
@@ -140,8 +142,7 @@ void TProjectSimLanguageConfig::WriteToProjectFile(TXMLList* document, THdlLangu
 // What a build file asks of the simulator beyond the user's options.
 void TProjectSimLanguageConfig::AddBuildFileOptions(THdlLanguage language, bool lineDebug,
                                                     bool forceMode3) {
-    if (lineDebug && IsOptionConversionSupported(language, Tool))
-        LinkerOptions += " --simz_options +linedebug";
+    if (lineDebug && IsOptionConversionSupported(language, Tool)) LinkerOptions += kLineDebugOption;
     const bool is64Bit = Tool == SIM_ZORVIK_VERILOG_64 || Tool == SIM_ZORVIK_VHDL_64;
     // The 64-bit simulators find no other compiler unless the user names one.
     if (is64Bit && !IsCppCompilerNamed() && !NamesGccSwitch(LinkerOptions) &&

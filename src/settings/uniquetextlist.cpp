@@ -7,7 +7,7 @@ constexpr std::size_t kIndexedFrom = 32;
 
 }  // namespace
 
-bool TUniqueTextList::Add(std::string text) {
+bool TUniqueTextList::AddStringToVector(std::string text) {
     if (Index.empty() && Texts.size() >= kIndexedFrom) Index.insert(Texts.begin(), Texts.end());
     const bool isNew = Index.empty() ? std::find(Texts.begin(), Texts.end(), text) == Texts.end()
                                      : Index.insert(text).second;
@@ -15,7 +15,7 @@ bool TUniqueTextList::Add(std::string text) {
     return isNew;
 }
 
-bool TUniqueTextList::Remove(std::string_view text) {
+bool TUniqueTextList::RemoveStringFromVector(std::string_view text) {
     const auto found = std::find(Texts.begin(), Texts.end(), text);
     if (found == Texts.end()) return false;
     Index.erase(*found);

@@ -9,9 +9,9 @@
 class TUniqueTextList {
 public:
     /// Appends `text`; false, with the list unchanged, when it is listed.
-    bool Add(std::string text);
+    bool AddStringToVector(std::string text);
     /// Erases `text`, later entries move up; false when it is not listed.
-    bool Remove(std::string_view text);
+    bool RemoveStringFromVector(std::string_view text);
     void Clear();
 
     bool IsEmpty() const { return Texts.empty(); }

@@ -5,6 +5,7 @@
 #include "sibling/fileservices/isfilename.h"
 #include "tests/buildfile/projectfolder.h"
 #include "tests/support/temporaryfolder.h"
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
 #include <sstream>
@@ -116,6 +117,13 @@ TEST(VerilogCommandLine, ResolvesEnvironmentVariablesButNotThoseOfTheBuild) {
     verilog->AddIncludeDirectory("$(HDLBUILDFILE_TEST_DIR)", false);
     verilog->AddLibraryExtension("${HDLBUILDFILE_TEST_DIR}");
     verilog->SetRuntimeOptions("+dir+${BUILD_ONLY}");
+    bare.General.SetLogFileName("${HDLBUILDFILE_TEST_DIR}");
+    bare.Build.SetVerilogUserDefines("+define+D=${HDLBUILDFILE_TEST_DIR}");
+    bare.Build.SetVerilogOtherPlusOptions("+p+%HDLBUILDFILE_TEST_DIR%");
+    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(),
+              " -l ${HDLBUILDFILE_TEST_DIR} -y \"from env/lib\" +incdir+\"from env\"+"
+              " +libext+${HDLBUILDFILE_TEST_DIR} +dir+${BUILD_ONLY}"
+              " +define+D=${HDLBUILDFILE_TEST_DIR} +p+%HDLBUILDFILE_TEST_DIR%");
     bare.Build.SetGOFBuildFileFlag(true);
     EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(),
               " -y \"from env/lib\" +incdir+\"from env\"+ +libext+${HDLBUILDFILE_TEST_DIR}"
@@ -190,6 +198,26 @@ TEST(VerilogCommandFile, ListsSourcesWithoutVerilogSettings) {
     EXPECT_EQ(text.str(), "a.v\n");
 }
 
+TEST(VerilogCommandFile, NamesWholePathsWithoutABuildFile) {
+    BareBuild bare;
+    bare.Add(Below("a.v"));
+    bare.Build.SetGOFBuildFileFlag(true);
+    bare.Build.SetBuildFileName(nullptr);
+    std::string path = Below("a.v");
+    std::replace(path.begin(), path.end(), '\\', '/');
+    EXPECT_EQ(bare.CommandFile(), " " + path + "\n");
+}
+
+TEST(VerilogCommandFile, LeavesOutSourcesWithoutAName) {
+    BareBuild bare;
+    THdlSourceFile nameless(static_cast<const ISFileName*>(nullptr));
+    bare.Build.AddSourceFile(&nameless, false);
+    bare.Add(Below("a.txt"));
+    std::ostringstream text;
+    bare.Build.AddSourceFilesToCommandFile(text, LANGUAGE_NONE);
+    EXPECT_EQ(text.str(), "a.txt\n");
+}
+
 TEST(VerilogCommandFile, ListsTheGroupOfAnyLanguage) {
     BareBuild bare;
     bare.Add(Below("a.v"));
@@ -222,15 +250,14 @@ TEST(AddRelativePath, AppendsTheDisplayFormWithForwardSlashes) {
         std::string Path;
         std::string Text;
     } rows[] = {
-        {"below", Below("a/b.v"), "=a/b.v"},
-        {"with a blank", Below("a b.v"), "=\"a b.v\""},
-        {"foreign drive", "Q:\\x\\y.v", "=Q:/x/y.v"},
-        {"relative", "sub\\x.v", "=sub/x.v"},
-        {"empty", "", "="},
+        {"below", Below("a/b.v"), "=a/b.v"},        {"with a blank", Below("a b.v"), "=\"a b.v\""},
+        {"with a tab", Below("a\tb.v"), "=a\tb.v"}, {"foreign drive", "Q:\\x\\y.v", "=Q:/x/y.v"},
+        {"relative", "sub\\x.v", "=sub/x.v"},       {"empty", "", "="},
     };
     for (const auto& row : rows) {
         std::string out = "=";
         AddRelativePath(kProject.c_str(), row.Path.c_str(), &out);
         EXPECT_EQ(out, row.Text) << row.Label;
     }
+    AddRelativePath(kProject.c_str(), "x", nullptr);
 }

@@ -422,3 +422,16 @@ TEST(ProjectSimGeneralConfig, FixesFourSettingsWhenReadForDiagrams) {
     EXPECT_EQ(TextOf(general),
               "log=my log.txt\nshow dump clear bench constants debugging size=0\n");
 }
+
+TEST(ProjectSimGeneralConfigIni, TakesNoSectionForTheOneWithoutAName) {
+    const IniFiles ini;
+    TConfig general;
+    general.SetLogFileName("a.log");
+    general.WriteToINI(nullptr, false);
+    TConfig read;
+    read.ReadFromINI("", false);
+    EXPECT_STREQ(read.GetSimulationLogFileName(), "a.log");
+    TConfig again;
+    again.ReadFromINI(nullptr, false);
+    EXPECT_STREQ(again.GetSimulationLogFileName(), "a.log");
+}

@@ -362,7 +362,9 @@ TEST(ProjectSimLanguageConfig, ABlankProjectFileIsACheckAndResolvesNothing) {
     EXPECT_EQ(log.Take(), "");
     EXPECT_TRUE(settings.AddIncludeDirectory("inc", true));
     EXPECT_EQ(log.Take(), kDirectoryCheck);
-    EXPECT_EQ(settings.GetIncludeDirectories(), TTexts{"inc"});
+    EXPECT_TRUE(settings.AddIncludeDirectory("C:\\c", true));
+    EXPECT_EQ(log.Take(), kDirectoryCheck);
+    EXPECT_EQ(settings.GetIncludeDirectories(), (TTexts{"inc", "C:\\c\\"}));
 }
 
 TEST(ProjectSimLanguageConfig, ResolvesAgainstAFileOrADirectory) {
@@ -379,6 +381,8 @@ TEST(ProjectSimLanguageConfig, ResolvesAgainstAFileOrADirectory) {
     EXPECT_EQ(ResolveDirectoryAgainst("a", nullptr), "a");
     EXPECT_EQ(ResolveDirectoryAgainst(nullptr, "D:\\p\\"), "");
     EXPECT_EQ(log.Take(), std::string(kDirectoryCheck) + kDirectoryCheck + kDirectoryCheck);
+    EXPECT_EQ(ResolveDirectoryAgainst("/a/b", ""), "/a/b\\");
+    EXPECT_EQ(log.Take(), kDirectoryCheck);
 }
 
 TEST(ProjectSimLanguageConfig, ANewProjectFileResolvesBothLists) {

@@ -240,6 +240,24 @@ TEST(ProjectSimLanguageConfigBuildFile, ElaboratesOnlyWhenModeThreeIsForced) {
     }
 }
 
+TEST(ProjectSimLanguageConfigBuildFile, ElaboratesOnlyAlsoWhereOptionsAreNotConverted) {
+    const CppCompiler compiler("cl");
+    const TTexts texts = {"-c", "-e", "-r"};
+    ExpectExample({"C++ settings", 1, LANGUAGE_CPLUSPLUS, "F", texts, {"-e", "-e", "-r"}, texts});
+}
+
+TEST(ProjectSimLanguageConfigBuildFile, ElaboratesOnlyWithLineDebugging) {
+    const CppCompiler compiler("cl");
+    for (const int simulator : {1, 2, 3, 4, 5, 6})
+        ExpectExample({"line debug",
+                       simulator,
+                       LANGUAGE_VERILOG,
+                       "DF",
+                       {"-c", "-e", "-r"},
+                       {"-e --simz_options +linedebug", "-e --simz_options +linedebug", "-r"},
+                       {"-c", "-e --simz_options +linedebug", "-r"}});
+}
+
 TEST(ProjectSimLanguageConfigBuildFile, ForcingModeThreeKeepsTheMergeOfOtherSimulators) {
     const CppCompiler none("");
     for (const int simulator : {11, 12, 13}) {
@@ -271,6 +289,18 @@ TEST(ProjectSimLanguageConfigBuildFile, EachWriteMergesTheLinkerOptionsOnceMore)
     const std::string first = WrittenOptions(settings, LANGUAGE_VERILOG, "");
     EXPECT_EQ(WrittenOptions(settings, LANGUAGE_VERILOG, ""), first);
     EXPECT_EQ(StoredOptions(settings), "<+define+A +maxdelays -lint -t ns -t ns><-t ns><>");
+}
+
+TEST(ProjectSimLanguageConfigBuildFile, RepeatedWritesGiveTheSameTextsAlsoWithLineDebugging) {
+    for (const char* linker : {"-t ns", ""}) {
+        TConfig settings;
+        settings.SetTool(SIM_MODELSIM_VERILOG);
+        SetOptions(settings, {"-lint", linker});
+        const std::string first = WrittenOptions(settings, LANGUAGE_VERILOG, "D");
+        EXPECT_EQ(first, std::string("<-lint><") + linker + "><>");
+        for (const char* flags : {"D", "", "D", "", "", "D", "D"})
+            EXPECT_EQ(WrittenOptions(settings, LANGUAGE_VERILOG, flags), first) << linker;
+    }
 }
 
 TEST(ProjectSimLanguageConfigBuildFile, NamesGccForThe64BitSimulatorsOnly) {

@@ -431,3 +431,16 @@ TEST(ProjectSimLanguageConfigIni, ReadsAndWritesLongListsInLinearTime) {
     // A step over all keys for each key takes minutes.
     EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, 60.0);
 }
+
+TEST(ProjectSimLanguageConfigIni, TakesNoSectionForTheOneWithoutAName) {
+    const IniFiles ini;
+    TConfig settings;
+    settings.SetTool(SIM_VCS);
+    settings.SetRuntimeOptions("-r");
+    settings.WriteToINI(nullptr, LANGUAGE_VERILOG, true);
+    for (const char* section : {static_cast<const char*>(nullptr), ""}) {
+        TConfig read;
+        read.ReadFromINI(section, LANGUAGE_VERILOG, true);
+        EXPECT_STREQ(read.GetRuntimeOptions(), "-r");
+    }
+}

@@ -135,19 +135,21 @@ TEST(ProjectSimLanguageConfigXml, WritesDirectoriesRelativeToTheDocument) {
     const TRow rows[] = {
         {"same directory",
          "D:\\p\\x.hpj",
-         {"inc", ".", "../q", "C:\\c\\", "./", "%IP%", "D:\\p\\$IP"}},
+         {"inc", ".", "../q", "C:\\c\\", "C:/a/", "C:/b/../c\\", "./", "%IP%", "D:\\p\\$IP"}},
         {"deeper",
          "D:\\p\\build\\x.hbf",
-         {"../inc", "../", "../../q", "C:\\c\\", "./", "%IP%", "D:\\p\\$IP"}},
+         {"../inc", "../", "../../q", "C:\\c\\", "C:/a/", "C:/b/../c\\", "./", "%IP%",
+          "D:\\p\\$IP"}},
         {"no file",
          nullptr,
-         {"D:\\p\\inc", "D:\\p\\", "D:\\q", "C:\\c\\", "./", "%IP%", "D:\\p\\$IP"}},
+         {"D:\\p\\inc", "D:\\p\\", "D:\\q", "C:\\c\\", "C:/a/", "C:/b/../c\\", "./", "%IP%",
+          "D:\\p\\$IP"}},
     };
     for (const TRow& row : rows) {
         TConfig settings;
         settings.SetTool(SIM_ZORVIK_VERILOG);
-        for (const char* directory :
-             {"D:\\p\\inc", "D:\\p\\", "D:\\q", "C:\\c\\", "./", "%IP%", "D:\\p\\$IP"})
+        for (const char* directory : {"D:\\p\\inc", "D:\\p\\", "D:\\q", "C:\\c\\", "C:/a/",
+                                      "C:/b/../c\\", "./", "%IP%", "D:\\p\\$IP"})
             settings.AddIncludeDirectory(directory, false);
         EXPECT_EQ(Written(settings, row.Document),
                   TextElement("SimTool", GetSimulatorNameFromType(SIM_ZORVIK_VERILOG)) +

@@ -100,6 +100,18 @@ TEST(TranslationFileOption, DoesNotAddNamesThatAreBlank) {
     EXPECT_EQ(ElementsOf(&option), "START v2v-l Enabled=true\nEND v2v-l\n");
 }
 
+TEST(TranslationFileOption, KeepsTheResultsOfTheTwoListTextsApart) {
+    TV2VTranslationFileOption first("-p", "", "", true);
+    TV2VTranslationFileOption second("-l", "", "", true);
+    first.AddFileNoDup(kPackage);
+    second.AddFileNoDup(kOtherDrive);
+    const char* display = first.GetListDisplayString();
+    EXPECT_STREQ(second.GetListString(), kOtherDrive);
+    EXPECT_STREQ(display, kPackage);
+    EXPECT_STREQ(second.GetListDisplayString(), kOtherDrive);
+    EXPECT_STREQ(display, kOtherDrive);
+}
+
 TEST(TranslationFileOption, ShowsAndWritesCanonicalNamesWithoutAList) {
     TV2VTranslationFileOption option("-p", "", "", true);
     for (const char* name : {kPackage, kSpaced, kOtherDrive}) option.AddFileNoDup(name);

@@ -49,16 +49,16 @@ std::string Option(const std::string& dash, const std::string& children = {}) {
 const std::string kEnd = std::string("END ") + kTag + "\n";
 const std::string kAtEnd = std::string("END ") + kTag + "|";
 
+class Component : public TProjectComponent {
+    TProjectSimLanguageConfig* GetProjectLanguageConfig(THdlLanguage) override { return nullptr; }
+    TProjectSimGeneralConfig* GetGeneralConfiguration() const override { return nullptr; }
+    const ISFileName* GetFileName() const override { return nullptr; }
+};
+
 }  // namespace
 
 TEST_F(TranslationOptionsList, KeepsComponentAndTag) {
-    class Component : public TProjectComponent {
-        TProjectSimLanguageConfig* GetProjectLanguageConfig(THdlLanguage) override {
-            return nullptr;
-        }
-        TProjectSimGeneralConfig* GetGeneralConfiguration() const override { return nullptr; }
-        const ISFileName* GetFileName() const override { return nullptr; }
-    } component;
+    Component component;
     const TV2VTranslationOptionsList list(&component, "Vhdl2VerilogTranslationOptions");
     EXPECT_EQ(list.GetComponent(), &component);
     EXPECT_STREQ(list.GetTag(), "Vhdl2VerilogTranslationOptions");
@@ -322,6 +322,16 @@ TEST_F(TranslationOptionsList, SharesItsOptionsWithCopies) {
     assigned = *&assigned;
     EXPECT_EQ(assigned.size(), 4U);
     EXPECT_EQ(dropped->GetCommandLineOption(), "-s ");
+}
+
+TEST(TranslationOptionsListCopies, HaveTheComponent) {
+    Component component;
+    const TV2VTranslationOptionsList list(&component, kTag);
+    const TV2VTranslationOptionsList copy(list);
+    TV2VTranslationOptionsList assigned(nullptr, "Other");
+    assigned = list;
+    EXPECT_EQ(copy.GetComponent(), &component);
+    EXPECT_EQ(assigned.GetComponent(), &component);
 }
 
 TEST(TranslationOptionsListLifetime, LeavesItsOptionsToWhomeverKnowsThem) {
