@@ -9,6 +9,8 @@ constexpr const char* kSource = "hdbsfilename";
 constexpr const char* kHasHandle = "FileName";
 constexpr const char* kRefused = "false";
 
+unsigned long long handleChangeCount = 0;
+
 // What answers for a tracked name: its handle, or the blank name where there is none.
 const ISFileName& HandleOrBlank(const ISFileName* handle) {
     return handle ? *handle : *ISFileName::BlankFileName;
@@ -32,7 +34,13 @@ THdbSFileName::THdbSFileName(const ISFileName* handle) : FileName(handle) {}
 
 THdbSFileName::THdbSFileName(const THdbSFileName& other) = default;
 
-THdbSFileName& THdbSFileName::operator=(const THdbSFileName& other) = default;
+THdbSFileName& THdbSFileName::operator=(const THdbSFileName& other) {
+    if (FileName != other.FileName) ++handleChangeCount;
+    ISFileName::operator=(other);
+    hdb::IHDBBase::operator=(other);
+    FileName = other.FileName;
+    return *this;
+}
 
 THdbSFileName::~THdbSFileName() = default;
 
@@ -284,4 +292,8 @@ const hdb::IHDBBase* THdbSFileName::GetSourceParent(bool) const {
 
 bool THdbSFileName::IsProtected() const {
     return false;
+}
+
+unsigned long long THdbSFileName::GetHandleChangeCount() {
+    return handleChangeCount;
 }

@@ -84,6 +84,10 @@ public:
     const hdb::IHDBBase* GetSourceParent(bool spare) const override;
     bool IsProtected() const override;
 
+    /// How often an assignment made a tracked name of this process wrap another handle. An index of
+    /// names that was built at another count is stale.
+    static unsigned long long GetHandleChangeCount();
+
 private:
     const ISFileName* FileName;
 };

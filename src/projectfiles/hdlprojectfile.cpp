@@ -27,8 +27,6 @@ const ISFileName* HandleToWrap(const ISFileName* file) {
     return file ? GetInnermostHandle(file) : ISFileName::NewISFileName("");
 }
 
-unsigned long long handleChangeCount = 0;
-
 }  // namespace
 
 THdlProjectFile::THdlProjectFile(const ISFileName* file, IProjectComponent* owner,
@@ -44,7 +42,6 @@ THdlProjectFile::THdlProjectFile(const THdlProjectFile& other)
       ProjectFileType(other.ProjectFileType) {}
 
 THdlProjectFile& THdlProjectFile::operator=(const THdlProjectFile& other) {
-    if (GetFileName() != other.GetFileName()) ++handleChangeCount;
     THdbSFileName::operator=(other);
     OwningProjectComponent = other.OwningProjectComponent;
     ProjectFileType = other.ProjectFileType;
@@ -97,10 +94,6 @@ void THdlProjectFile::SetOwningProjectComponent(IProjectComponent* owner) {
 
 const char* THdlProjectFile::GetHashKey() const {
     return Canonical(false);
-}
-
-unsigned long long THdlProjectFile::GetHandleChangeCount() {
-    return handleChangeCount;
 }
 
 bool THdlProjectFile::LetGo() {

@@ -60,10 +60,6 @@ public:
     /// The canonical path, the key under which lists index the file; "" without a handle.
     const char* GetHashKey() const;
 
-    /// How often a project file of this process was made to wrap another handle. An index of names
-    /// that was built at another count is stale.
-    static unsigned long long GetHandleChangeCount();
-
 private:
     friend class THdlProjectFileList;
     /// One more list entry holds the file.

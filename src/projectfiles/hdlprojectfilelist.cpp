@@ -48,12 +48,6 @@ constexpr TFolderRow kFolders[] = {
     {"Test Vector Files", TList::LIST_TYPE_NONE},
 };
 
-/// The result of adding `refused` while `listed` has its name.
-TList::TAddResult Refused(const ISFileName* refused, THdlProjectFile* listed) {
-    ReportNamesake(listed, refused);
-    return {listed, false};
-}
-
 // Deletes `file`. A deletion that comes up meanwhile waits for its end: associated files may have
 // associated files in turn, to any depth.
 void DeleteFile(THdlProjectFile* file) {
@@ -259,6 +253,11 @@ THdlProjectFile* THdlProjectFileList::FindWithoutWalk(const ISFileName* name) co
     if (!handle || !Index->Prepare(*this)) return nullptr;
     const auto place = Index->Find(*this, GetFileIdentity(handle));
     return place == end() ? nullptr : *place;
+}
+
+TList::TAddResult THdlProjectFileList::Refused(const ISFileName* refused, THdlProjectFile* listed) {
+    ReportNamesake(listed, refused);
+    return {listed, false};
 }
 
 TList::TAddResult THdlProjectFileList::DeleteUnlessAdded(THdlProjectFile* made, TAddResult result) {

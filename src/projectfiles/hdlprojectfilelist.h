@@ -192,6 +192,9 @@ protected:
     /// The listed file of that name when it is found without a walk, so that an add by name need
     /// not make a file just to delete it; null says nothing.
     THdlProjectFile* FindWithoutWalk(const ISFileName* name) const;
+    /// The result of adding `refused` while `listed` has its name. Tells of two files that only
+    /// their letter case keeps apart.
+    static TAddResult Refused(const ISFileName* refused, THdlProjectFile* listed);
     /// Ends an add by name: deletes the file made for it unless it was added.
     static TAddResult DeleteUnlessAdded(THdlProjectFile* made, TAddResult result);
     /// The listed file with that address, which is all that is looked at: what was there may be

@@ -1,4 +1,5 @@
 #include "projectfiles/hdlprojectsourcefile.h"
+#include "projectfiles/sourcename.h"
 #include "settings/projectdiagramsimconfig.h"
 #include "sibling/designdatabase/iprojectcomponent.h"
 #include "sibling/designdatabase/visitor.h"
@@ -96,9 +97,10 @@ const TIHdlSourceFileList* THdlProjectSourceFile::GetDependencyList() const {
 }
 
 bool THdlProjectSourceFile::AddDependency(IHdlSourceFile* dependency) {
-    const ISFileName* name = dependency ? dependency->GetFileName() : nullptr;
-    if (!name) return false;
-    if (GetFileName() && GetFileIdentity(name) == GetFileIdentity(GetFileName())) return false;
+    TSourceName name;
+    TSourceName own;
+    if (!dependency || !GetSourceName(dependency, &name)) return false;
+    if (GetSourceName(GetFileName(), &own) && name == own) return false;
     return Dependencies.AddSourceFile(dependency, false);
 }
 

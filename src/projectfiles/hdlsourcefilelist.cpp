@@ -19,14 +19,14 @@ void THdlSourceFileList::Accept(IBaseVisitor* visitor) const {
 }
 
 THdlProjectFileList::TAddResult THdlSourceFileList::AddAtHeadAndSetOwner(const ISFileName* name) {
-    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
     auto* file =
         new THdlProjectSourceFile(name, GetOwningProjectComponent(), SourceFileIsLibrary());
     return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
 }
 
 THdlProjectFileList::TAddResult THdlSourceFileList::AddAtTailAndSetOwner(const ISFileName* name) {
-    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
     auto* file =
         new THdlProjectSourceFile(name, GetOwningProjectComponent(), SourceFileIsLibrary());
     return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));

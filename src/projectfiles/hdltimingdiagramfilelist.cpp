@@ -19,14 +19,14 @@ void THdlTimingDiagramFileList::Accept(IBaseVisitor* visitor) const {
 
 THdlProjectFileList::TAddResult THdlTimingDiagramFileList::AddAtHeadAndSetOwner(
     const ISFileName* name) {
-    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
     auto* file = new THdlProjectDiagramFile(name, GetOwningProjectComponent());
     return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
 }
 
 THdlProjectFileList::TAddResult THdlTimingDiagramFileList::AddAtTailAndSetOwner(
     const ISFileName* name) {
-    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
     auto* file = new THdlProjectDiagramFile(name, GetOwningProjectComponent());
     return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));
 }

@@ -25,14 +25,14 @@ void THdlUserSourceFileList::Accept(IBaseVisitor* visitor) const {
 
 THdlProjectFileList::TAddResult THdlUserSourceFileList::AddAtHeadAndSetOwner(
     const ISFileName* name) {
-    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
     auto* file = new THdlProjectUserSourceFile(name, GetOwningProjectComponent(), false);
     return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
 }
 
 THdlProjectFileList::TAddResult THdlUserSourceFileList::AddAtTailAndSetOwner(
     const ISFileName* name) {
-    if (THdlProjectFile* listed = FindWithoutWalk(name)) return {listed, false};
+    if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
     auto* file = new THdlProjectUserSourceFile(name, GetOwningProjectComponent(), false);
     return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));
 }

@@ -44,9 +44,14 @@ const TFileRow kFileRows[] = {
     {"CanonicalWithoutFinalSlash()",
      [](IFileName& f) { return TextOf(f.CanonicalWithoutFinalSlash()); }, "without slash", "", ""},
     {"ShortName(true)", [](IFileName& f) { return TextOf(f.ShortName(true)); }, "short", "", ""},
+    {"ShortName(false)", [](IFileName& f) { return TextOf(f.ShortName(false)); }, "short", "", ""},
     {"OsFriendlyCanonical(true)", [](IFileName& f) { return f.OsFriendlyCanonical(true).Str(); },
      "friendly", "", ""},
+    {"OsFriendlyCanonical(false)", [](IFileName& f) { return f.OsFriendlyCanonical(false).Str(); },
+     "friendly", "", ""},
     {"Squeezed(30, true)", [](IFileName& f) { return TextOf(f.Squeezed(30, true)); }, "squeezed",
+     "", ""},
+    {"Squeezed(30, false)", [](IFileName& f) { return TextOf(f.Squeezed(30, false)); }, "squeezed",
      "", ""},
     {"GetParts(24)", [](IFileName& f) { return TextOf(f.GetParts(24)); }, "parts", "", ""},
     {"HasParts(16)", [](IFileName& f) { return TextOf(f.HasParts(16)); }, "true", "false", ""},
@@ -61,6 +66,9 @@ const TFileRow kFileRows[] = {
     {"GetDisplayFileName(40, true)",
      [](IFileName& f) { return TextOf(f.GetDisplayFileName(40, true)); }, "display", "",
      "hdbsfilename(107): Check failed: \"FileName\"\n"},
+    {"GetDisplayFileName(40, false)",
+     [](IFileName& f) { return TextOf(f.GetDisplayFileName(40, false)); }, "display", "",
+     "hdbsfilename(107): Check failed: \"FileName\"\n"},
     {"GetFileNameRelativeTo(C:/)",
      [](IFileName& f) {
          TMyString out = "old";
@@ -72,6 +80,12 @@ const TFileRow kFileRows[] = {
      [](IFileName& f) {
          const ISFileName* base = ISFileName::NewISFileName("C:/design/top.vhd");
          return f.GetRelativeFileNameString(base, true, false);
+     },
+     "relative", "", "hdbsfilename(119): Check failed: \"FileName\"\n"},
+    {"GetRelativeFileNameString(C:\\design\\top.vhd, false, true)",
+     [](IFileName& f) {
+         const ISFileName* base = ISFileName::NewISFileName("C:/design/top.vhd");
+         return f.GetRelativeFileNameString(base, false, true);
      },
      "relative", "", "hdbsfilename(119): Check failed: \"FileName\"\n"},
     {"IsVirtualFile()", [](IFileName& f) { return TextOf(f.IsVirtualFile()); }, "true", "false",
@@ -132,8 +146,14 @@ const TSharedRow kSharedRows[] = {
     {"IsFileModifiedSinceLastLoaded(key, false)",
      [](const ISFileName& f) { return TextOf(f.IsFileModifiedSinceLastLoaded("key", false)); },
      "true", "false", 62},
+    {"IsFileModifiedSinceLastLoaded(key, true)",
+     [](const ISFileName& f) { return TextOf(f.IsFileModifiedSinceLastLoaded("key", true)); },
+     "true", "false", 62},
     {"IsFileModifiedSinceLastCompiled(key, false)",
      [](const ISFileName& f) { return TextOf(f.IsFileModifiedSinceLastCompiled("key", false)); },
+     "true", "false", 68},
+    {"IsFileModifiedSinceLastCompiled(key, true)",
+     [](const ISFileName& f) { return TextOf(f.IsFileModifiedSinceLastCompiled("key", true)); },
      "true", "false", 68},
     {"GetFileModificationTime(true)",
      [](const ISFileName& f) {

@@ -251,6 +251,37 @@ TEST(HdlProjectFileList, RemovesByNameAndTellsTheOwner) {
     delete kept;
 }
 
+TEST(HdlProjectFileList, TellsTheOwnerOnceTheFileIsDeleted) {
+    std::string record;
+    class Owner : public FakeComponent {
+    public:
+        explicit Owner(std::string* record) : Record(record) {}
+        void SetProjectModified(bool) override { *Record += "told "; }
+
+    private:
+        std::string* Record;
+    } owner(&record);
+    TList list(kFolder, &owner);
+    list.AddAtTailAndSetOwner(new MortalFile("a.v", record));
+    record.clear();
+    EXPECT_TRUE(list.Remove(Name("a.v"), true));
+    EXPECT_EQ(record, "a.v told ");
+}
+
+TEST(HdlProjectFileList, HasItsBasesInOrder) {
+    TList list(kFolder, nullptr);
+    const auto offset = [&list](const void* base) {
+        return static_cast<const char*>(base) - reinterpret_cast<const char*>(&list);
+    };
+    const std::list<THdlProjectFile*>& files = list;
+    const hdb::IHDBBase* item = &list;
+    const AEmbeddedObserverMgr* observers = &list;
+    // The first base with virtual operations goes to the front, as everywhere in this ABI.
+    EXPECT_EQ(offset(item), 0);
+    EXPECT_LT(offset(item), offset(&files));
+    EXPECT_LT(offset(&files), offset(observers));
+}
+
 TEST(HdlProjectFileList, RemovesNothingThatIsNotListed) {
     FakeComponent owner;
     TList list(kFolder, &owner);

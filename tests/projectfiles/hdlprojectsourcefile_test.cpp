@@ -1,5 +1,6 @@
 #include "projectfiles/hdlprojectsourcefile.h"
 #include "projectfilefakes.h"
+#include "projectfiles/hdlsourcefile.h"
 #include "settings/projectdiagramsimconfig.h"
 #include "tests/support/recorders.h"
 #include "tests/support/slots.h"
@@ -135,6 +136,10 @@ TEST(HdlProjectSourceFile, RefusesDependenciesOnItselfAndRepeatedOnes) {
     THdlProjectSourceFile package(Name("pkg.vhd"), nullptr, false);
     THdlProjectSourceFile again(Name("PKG.vhd"), nullptr, false);
     THdlProjectSourceFile handleless(&HandlelessName(), nullptr, false);
+    THdlSourceFile named(&HandlelessName());
+    THdlSourceFile nameless(static_cast<const ISFileName*>(nullptr));
+    EXPECT_FALSE(file.AddDependency(&named));
+    EXPECT_FALSE(file.AddDependency(&nameless));
     EXPECT_FALSE(file.AddDependency(nullptr));
     EXPECT_FALSE(file.AddDependency(&file));
     EXPECT_FALSE(file.AddDependency(&itself));

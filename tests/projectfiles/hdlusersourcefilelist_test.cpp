@@ -61,6 +61,14 @@ TEST_P(HdlUserSourceFileList, LosesItsScopeToANameThatIsNone) {
     EXPECT_EQ(AssociatedFilesOf(A), "");
 }
 
+TEST_P(HdlUserSourceFileList, ReportsFilesWithoutANameOnTheWayToItsScope) {
+    List.AddAtHeadAndSetOwner(static_cast<THdlProjectFile*>(
+        new THdlProjectSourceFile(&HandlelessName(), nullptr, false)));
+    Log.Take();
+    EXPECT_TRUE(List.SetAssociatedFileScope(Name("b.v")));
+    EXPECT_EQ(Log.Take(), "hdlprojectfile(53): Check failed: \"currentFileName\"\n");
+}
+
 TEST_P(HdlUserSourceFileList, LosesItsScopeWithTheFile) {
     EXPECT_TRUE(List.SetAssociatedFileScope(Name("a.v")));
     EXPECT_TRUE(List.Remove(Name("a.v"), true));

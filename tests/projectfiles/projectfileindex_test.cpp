@@ -52,6 +52,14 @@ TEST_F(ProjectFileIndex, FollowsAnAssignmentToAListedFile) {
     EXPECT_EQ(Find("x.v"), At(3));
 }
 
+TEST_F(ProjectFileIndex, FollowsAnAssignmentToAListedFileAsATrackedName) {
+    EXPECT_EQ(Find("f3.v"), At(3));
+    static_cast<THdbSFileName&>(*At(3)) = THdbSFileName(Name("x.v"));
+    EXPECT_EQ(Find("f3.v"), nullptr);
+    EXPECT_EQ(Find("x.v"), At(3));
+    EXPECT_FALSE(List.AddAtTailAndSetOwner(Name("x.v")).second);
+}
+
 TEST_F(ProjectFileIndex, GivesTheFirstOfTwoFilesThatCameToShareAName) {
     EXPECT_EQ(Find("f9.v"), At(9));
     *At(20) = THdlProjectFile(Name("f9.v"), nullptr, false);

@@ -5,7 +5,10 @@
 #include "projectfiles/hdltimingdiagramtemplatefilelist.h"
 #include "projectfiles/hdlusersourcefilelist.h"
 #include "projectfiles/hdlutilitiessourcefilelist.h"
+#include "tests/sibling/fileservices/hostform.h"
+#include "tests/support/recorders.h"
 #include "tests/support/slots.h"
+#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 #include <memory>
 #include <typeinfo>
@@ -82,6 +85,38 @@ TEST(ProjectFolders, RefuseAListedName) {
         EXPECT_EQ(list->AddAtTailAndSetOwner(Name("a.V")), TResult(listed, false));
         EXPECT_EQ(list->AddAtHeadAndSetOwner(Name("A.V")), TResult(listed, false));
         EXPECT_EQ(list->size(), static_cast<std::size_t>(kManyFiles) + 1);
+    }
+}
+
+TEST(ProjectFolders, TellOfAFileRefusedForItsLetterCase) {
+    const TemporaryFolder files;
+    const ISFileName* const listed = Name(files.Write("Fifo.v", ""));
+    const ISFileName* const refused = Name(files.Write("fifo.v", ""));
+    const std::string line = kOnWindows ? ""
+                                        : "[Default] File \"" + files.Path("fifo.v") +
+                                              "\" is taken for \"" + files.Path("Fifo.v") + "\"\n";
+    for (const TFolder& folder : kFolders) {
+        SCOPED_TRACE(folder.Label);
+        const TListPointer list = folder.Make(nullptr);
+        AddManyFiles(*list);
+        list->AddAtTailAndSetOwner(listed);
+        RecordingLog log(1);
+        list->AddAtTailAndSetOwner(refused);
+        EXPECT_EQ(log.Take(), line);
+        list->AddAtHeadAndSetOwner(refused);
+        EXPECT_EQ(log.Take(), line);
+    }
+}
+
+TEST(ProjectFolders, TakeAFileThatMayNotBeChangedForItsName) {
+    for (const TFolder& folder : kFolders) {
+        SCOPED_TRACE(folder.Label);
+        const TListPointer list = folder.Make(nullptr);
+        const THdlProjectFile file(Name("a.v"), nullptr, false);
+        const TResult added = list->AddAtTailAndSetOwner(&file);
+        EXPECT_TRUE(added.second);
+        EXPECT_NE(added.first, &file);
+        EXPECT_EQ(typeid(*added.first), folder.FileClass);
     }
 }
 

@@ -35,10 +35,12 @@ std::size_t LengthOfDrive(std::string_view path) {
 /// "\\?\C:\a" and "\\?\UNC\host\a" are "C:\a" and "\\host\a": the prefix only lifts a limit.
 std::string_view WithoutLengthPrefix(std::string_view path, std::string* storage) {
     if (path.substr(0, 4) != "\\\\?\\") return path;
-    const std::string_view rest = path.substr(4);
-    if (BeginsWithDrive(rest)) return rest;
-    if (rest.substr(0, 4) != "UNC\\") return path;
-    *storage = "\\\\" + std::string(rest.substr(4));
+    std::string_view rest = path.substr(2);
+    // The host of a prefix may be a prefix again.
+    while (rest.starts_with("?\\UNC\\")) rest.remove_prefix(6);
+    if (rest.starts_with("?\\") && BeginsWithDrive(rest.substr(2))) return rest.substr(2);
+    if (rest.size() == path.size() - 2) return path;
+    *storage = "\\\\" + std::string(rest);
     return *storage;
 }
 
@@ -87,6 +89,25 @@ private:
     char Delimiter = Host::kDelimiter;
 };
 
+/// The canonical form of a path without length prefix.
+std::string Resolve(std::string_view path) {
+    const std::string_view drive = path.substr(0, LengthOfDrive(path));
+    const std::string_view rest = path.substr(drive.size());
+    const bool isRooted = rest.empty() ? !drive.empty() : IsPathDelimiter(rest[0]);
+    TCanonicalText text;
+    if (isRooted) {
+        text.Begin(drive, path.size());
+    } else {
+        const std::string directory = Host::WorkingDirectory(drive);
+        const std::size_t lengthOfDrive = LengthOfDrive(directory);
+        text.Begin(std::string_view(directory).substr(0, lengthOfDrive),
+                   directory.size() + path.size());
+        text.AppendParts(std::string_view(directory).substr(lengthOfDrive));
+    }
+    text.AppendParts(rest);
+    return text.Finish(IsPathDelimiter(path.back()));
+}
+
 }  // namespace
 
 bool IsPathDelimiter(char c) {
@@ -114,22 +135,10 @@ TMyString& GetStringQuotedIfNecessary(TMyString& text) {
 std::string CanonicalPath(std::string_view given) {
     if (given.empty()) return {};
     std::string storage;
-    const std::string_view path = WithoutLengthPrefix(given, &storage);
-    const std::string_view drive = path.substr(0, LengthOfDrive(path));
-    const std::string_view rest = path.substr(drive.size());
-    const bool isRooted = rest.empty() ? !drive.empty() : IsPathDelimiter(rest[0]);
-    TCanonicalText text;
-    if (isRooted) {
-        text.Begin(drive, path.size());
-    } else {
-        const std::string directory = Host::WorkingDirectory(drive);
-        const std::size_t lengthOfDrive = LengthOfDrive(directory);
-        text.Begin(std::string_view(directory).substr(0, lengthOfDrive),
-                   directory.size() + path.size());
-        text.AppendParts(std::string_view(directory).substr(lengthOfDrive));
-    }
-    text.AppendParts(rest);
-    return text.Finish(IsPathDelimiter(path.back()));
+    std::string path = Resolve(WithoutLengthPrefix(given, &storage));
+    // Without its ".." the path may begin with such a prefix.
+    const std::string_view bare = WithoutLengthPrefix(path, &storage);
+    return bare.size() == path.size() ? path : Resolve(bare);
 }
 
 std::string PathParts(std::string_view path, unsigned int parts) {

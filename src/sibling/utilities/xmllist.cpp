@@ -24,11 +24,12 @@ std::unordered_set<std::string>& GetUnreadFiles() {
     return *files;
 }
 
+// A save goes through links.
 std::string GetFileKey(const ISFileName* file) {
 #ifdef _WIN32
-    return FoldCase(file->Canonical(false));
+    return FoldCase(file->CanonicalWithExpandedLinks());
 #else
-    return file->Canonical(false);
+    return file->CanonicalWithExpandedLinks();
 #endif
 }
 
@@ -122,43 +123,46 @@ bool TXMLList::FindNext(DListIterator<TElement*>& position, const char* name,
 }
 
 bool TXMLList::ReadFile(const char* path, const char*) {
-    SetFileName(path);
+    // The path may be a text of this list or of its last error.
+    const std::string file = path ? path : "";
+    SetFileName(file.c_str());
     Flush(1);
-    const char* const file = path ? path : "";
     ReadError = {};
     std::string bytes;
-    const bool isRead = ReadBytes(file, &bytes, &ReadError) && ReadFromText(bytes, &ReadError);
+    const bool isRead =
+        ReadBytes(file.c_str(), &bytes, &ReadError) && ReadFromText(bytes, &ReadError);
     ReadError.File = file;
     NoteRead(FileName, isRead || ReadError.Missing);
     if (isRead)
         (void)InterpretElements();
     else
-        HandleMissingOrInvalidFile(file);
+        HandleMissingOrInvalidFile(file.c_str());
     return isRead;
 }
 
 bool TXMLList::ReadFromText(const std::string& document, TXMLReadError* error) {
-    Flush(1);
     std::vector<std::unique_ptr<TElement>> elements;
     TXMLReadError found;
     const std::string droppedRoot = RootHeld ? "" : GetDocumentTypeRoot(ToUtf8(DocumentType));
     const bool isRead = ReadXMLDocument(document, droppedRoot, &elements, &found,
                                         RootHeld ? &DocumentType : nullptr);
+    // The document may have been a text of this list.
+    Flush(1);
     for (auto& element : elements) AddAtTail(element.release());
     if (error) *error = found;
     return isRead;
 }
 
 bool TXMLList::WriteFile(const char* path) {
-    SetFileName(path);
+    const std::string file = path ? path : "";
+    SetFileName(file.c_str());
     Flush(1);
     FillElements();
-    const char* const file = path ? path : "";
     std::string document;
     std::string reason;
-    if (WriteToText(&document, &reason) && ReplaceFile(FileName, file, document, &reason))
+    if (WriteToText(&document, &reason) && ReplaceFile(FileName, file.c_str(), document, &reason))
         return true;
-    TellSaveFailure(file, reason);
+    TellSaveFailure(file.c_str(), reason);
     return false;
 }
 

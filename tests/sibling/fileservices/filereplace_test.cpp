@@ -100,6 +100,7 @@ TEST(FileReplace, TellsMissingFromUnreadableFiles) {
         {"empty", "", FILE_READ_MISSING, "No such file or directory"},
         {"missing", folder.Path("b.txt"), FILE_READ_MISSING, "No such file or directory"},
         {"no folder", folder.Path("none/b.txt"), FILE_READ_MISSING, "No such file or directory"},
+        {"a file for a folder", folder.Path("a.txt/b.txt"), FILE_READ_MISSING, "Not a directory"},
         {"a folder", folder.Path(), FILE_READ_FAILED, "Is a directory"},
     };
     for (const auto& row : rows) {

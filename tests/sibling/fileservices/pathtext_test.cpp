@@ -50,6 +50,8 @@ TEST(CanonicalPath, ResolvesAbsolutePathsWithoutTheDisk) {
         {"dot-dot at a host", "\\\\host\\share\\..\\..\\..\\a.v", "\\\\host\\a.v"},
         {"three backslashes", "\\\\\\a.v", HostForm("/a.v")},
         {"length prefix", "\\\\?\\C:\\a\\..\\b.v", "C:\\b.v"},
+        {"length prefix that appears behind dot-dot", "\\\\?\\a\\..\\C:\\b", "C:\\b"},
+        {"length prefix as a host", "\\\\?\\UNC\\?\\UNC\\?\\C:\\b", "C:\\b"},
         {"length prefix and host", "\\\\?\\UNC\\host\\share\\b.v", "\\\\host\\share\\b.v"},
         {"two slashes", "//host/a.v", kOnWindows ? "\\\\host\\a.v" : "/host/a.v"},
     };

@@ -46,6 +46,8 @@ TEST(XMLEncoding, ReadsEveryAcceptedEncoding) {
         {"UTF-8 with a mark, declared", kUtf8Mark + Declared("UTF-8") + utf8},
         {"undeclared and not UTF-8", single},
         {"declared without an encoding, not UTF-8", "<?xml version='1.0'?>" + single},
+        {"another encoding behind the declaration",
+         "<?xml version='1.0'?><!-- encoding='UTF-8' -->" + single},
         {"ISO-8859-1", Declared("ISO-8859-1") + single},
         {"ISO-8859-1 in small letters", Declared("iso-8859-1") + single},
         {"Latin-1", Declared("latin1") + single},

@@ -259,6 +259,28 @@ TEST(XMLList, ForgetsTheErrorOfAnEarlierRead) {
     EXPECT_FALSE(list.GetReadError().Missing);
 }
 
+TEST(XMLList, TakesPathsAndDocumentsThatStandInItself) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.xml", "<a");
+    RecordingMessageBox box;
+    RecordingLog log;
+    TXMLList list;
+    ASSERT_FALSE(list.ReadFile(path.c_str()));
+    folder.Write("a.xml", "<a File='" + path + "' Document='&lt;a-document-of-some-length/&gt;'/>");
+    EXPECT_TRUE(list.ReadFile(list.GetReadError().File.c_str()));
+    const auto text = [&list](const char* name) {
+        return DListIterator<TElement*>(list).Current()->GetAttribute(name);
+    };
+    EXPECT_TRUE(list.ReadFile(text("File")));
+    EXPECT_TRUE(list.ReadFromText(text("Document"), nullptr));
+    EXPECT_EQ(ElementsOf(list), "START a-document-of-some-length\nEND a-document-of-some-length\n");
+    ASSERT_TRUE(list.ReadFile(path.c_str()));
+    // Nothing is filled in, so nothing can be written: the message must name the file all the same.
+    box.Take();
+    EXPECT_FALSE(list.WriteFile(text("File")));
+    EXPECT_EQ(box.Take(), Message("Cannot save file", path, ": the document has no root element"));
+}
+
 TEST(XMLList, WritesWhatItsFillOperationPushes) {
     const TemporaryFolder folder;
     HookedList list;
@@ -417,6 +439,18 @@ TEST(XMLList, SavesThroughALink) {
     EXPECT_TRUE(WriteHooked(link));
     EXPECT_TRUE(std::filesystem::is_symlink(link));
     EXPECT_EQ(folder.Read("real/a.xml"), kHookedDocument);
+}
+
+TEST(XMLList, KnowsAnUnreadFileThroughALink) {
+    for (const char* written : {"real.xml", "link.xml"}) {
+        const TemporaryFolder folder;
+        folder.Write("real.xml", "damaged");
+        std::filesystem::create_symlink("real.xml", folder.Path("link.xml"));
+        ASSERT_FALSE(ReadQuietly(folder.Path(written[0] == 'r' ? "link.xml" : "real.xml")));
+        EXPECT_TRUE(WriteHooked(folder.Path(written)));
+        EXPECT_EQ(folder.Read(std::string(written) + ".bak"), "damaged");
+        EXPECT_EQ(folder.Read("real.xml"), kHookedDocument);
+    }
 }
 
 TEST(XMLList, KeepsThePermissionsOfTheFile) {
