@@ -1,5 +1,5 @@
-// Gives the linker every operation of the exported classes. Those that the compiler writes itself, and
-// those defined inside their classes, are otherwise compiled only where they are called and not
+// Gives the linker every operation of the exported classes. Those that the compiler writes itself,
+// and those defined inside their classes, are otherwise compiled only where they are called and not
 // inlined: what the library exports would depend on the optimiser.
 
 #include "hdlbuildfile.h"
@@ -15,14 +15,10 @@ template <class T>
 struct TUseOf : T {
     static constexpr bool kIsAbstract = std::is_abstract_v<T>;
 
-    TUseOf()
-        requires(kIsAbstract || std::is_default_constructible_v<T>)
-    {}
-    TUseOf(const TUseOf& other)
-        requires(kIsAbstract || std::is_copy_constructible_v<T>)
+    TUseOf() requires(kIsAbstract || std::is_default_constructible_v<T>) {}
+    TUseOf(const TUseOf& other) requires(kIsAbstract || std::is_copy_constructible_v<T>)
         : T(other) {}
-    TUseOf(TUseOf&& other)
-        requires(kIsAbstract || std::is_move_constructible_v<T>)
+    TUseOf(TUseOf&& other) requires(kIsAbstract || std::is_move_constructible_v<T>)
         : T(std::move(other)) {}
     ~TUseOf() {}
 

@@ -39,8 +39,8 @@ __attribute__((constructor)) static void HdlBuildFileRequireSharedHeap() {
 }
 #else
 // Hidden, so that no other module's object satisfies the reference.
-extern "C" __attribute__((visibility("hidden"))) const char
-    hdlbuildfile_module_links_the_shared_heap;
+extern "C" __attribute__((visibility("hidden")))
+const char hdlbuildfile_module_links_the_shared_heap;
 __attribute__((used, retain)) static const char* const kHdlBuildFileRequiresSharedHeap =
     &hdlbuildfile_module_links_the_shared_heap;
 #endif

@@ -56,8 +56,8 @@ void* OrEnd(void* memory) {
 
 }  // namespace
 
-// What sibling/api.h refers to. Hidden, because each module needs this object of its own; a DLL keeps
-// to itself what it does not export.
+// What sibling/api.h refers to. Hidden, because each module needs this object of its own; a DLL
+// keeps to itself what it does not export.
 #ifndef _WIN32
 #pragma GCC visibility push(hidden)
 #endif
