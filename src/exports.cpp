@@ -114,3 +114,5 @@ template struct TUseOf<hdb::IAccept>;
 template struct TUseOf<hdb::IHDBBase>;
 
 }  // namespace
+
+#endif
