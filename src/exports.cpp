@@ -1,6 +1,8 @@
 // Gives the linker every operation of the exported classes. Those that the compiler writes itself,
 // and those defined inside their classes, are otherwise compiled only where they are called and not
-// inlined: what the library exports would depend on the optimiser.
+// inlined: what the library exports would depend on the optimiser. Clang cannot be told to keep
+// them.
+#ifndef __clang__
 
 #include "hdlbuildfile.h"
 #include <new>
