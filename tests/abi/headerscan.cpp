@@ -27,7 +27,7 @@ bool IsOneOf(char c, const char* set) {
     return std::string(set).find(c) != std::string::npos;
 }
 
-/// Where the bracket at `open` closes. Templates' brackets count as such: headers do not compare.
+/// Where the bracket at `open` closes; the text's end when it does not.
 std::size_t FindClosing(const std::string& text, std::size_t open) {
     int depth = 0;
     for (std::size_t at = open; at < text.size(); ++at) {
@@ -42,7 +42,7 @@ std::string Trimmed(const std::string& text) {
     return std::regex_replace(text, blanks, "");
 }
 
-/// Parameters between the brackets of a list, at its outermost level.
+/// The parameters in the text of a list. Angles are brackets: declarations hardly compare.
 int CountParameters(const std::string& list) {
     if (Trimmed(list).empty()) return 0;
     int depth = 0;
@@ -55,7 +55,7 @@ int CountParameters(const std::string& list) {
     return commas + 1;
 }
 
-/// The end of the member that begins at `at`: behind its semicolon or its body. A list of
+/// The end of the member that begins at `begin`: behind its semicolon or its body. A list of
 /// initializers may hold braces of its own, in front of a comma or of the body.
 std::ptrdiff_t FindMemberEnd(const std::string& body, std::ptrdiff_t begin) {
     auto at = static_cast<std::size_t>(begin);
