@@ -11,13 +11,13 @@ target_compile_options(hdlbuildfile_warnings INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict;-Wno-stringop-overflow;-Wno-array-bounds>
     $<$<BOOL:${HDLBUILDFILE_WERROR}>:-Werror>)
 
-# What the folders compile with: the include root, C++20 and hidden symbols.
+# What the folders compile with: the include root and C++20.
 add_library(hdlbuildfile_folder INTERFACE)
 target_include_directories(hdlbuildfile_folder INTERFACE
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/src>)
 target_compile_features(hdlbuildfile_folder INTERFACE cxx_std_20)
 target_compile_definitions(hdlbuildfile_folder INTERFACE
-    $<IF:$<BOOL:${BUILD_SHARED_LIBS}>,HDLBUILDFILE_BUILDING,HDLBUILDFILE_STATIC>)
+    HDLBUILDFILE_BUILDING $<$<NOT:$<BOOL:${BUILD_SHARED_LIBS}>>:HDLBUILDFILE_STATIC>)
 
 # hdlbuildfile_add_folder(<name> SOURCES <file>... LINKS <lower folder>...)
 # adds the object library hdlbuildfile_<name>; its links are the folder's permitted includes.
@@ -30,7 +30,6 @@ function(hdlbuildfile_add_folder name)
     set_target_properties(hdlbuildfile_${name} PROPERTIES
         CXX_EXTENSIONS OFF
         CXX_VISIBILITY_PRESET hidden
-        VISIBILITY_INLINES_HIDDEN ON
         POSITION_INDEPENDENT_CODE ON)
 endfunction()
 
@@ -39,6 +38,7 @@ endfunction()
 # pass between them are allocated in one and freed in another.
 function(hdlbuildfile_share_heap library)
     if(NOT TARGET hdlbuildfile_allocator)
+        target_compile_definitions(${library} PUBLIC HDLBUILDFILE_PLAIN_HEAP)
         return()
     endif()
     target_link_libraries(${library} PUBLIC TBB::tbbmalloc)

@@ -56,6 +56,19 @@ void* OrEnd(void* memory) {
 
 }  // namespace
 
+// What sibling/api.h refers to. Hidden, because each module needs this object of its own; a DLL
+// keeps to itself what it does not export.
+#ifndef _WIN32
+#pragma GCC visibility push(hidden)
+#endif
+extern "C" {
+extern const char hdlbuildfile_module_links_the_shared_heap;
+const char hdlbuildfile_module_links_the_shared_heap = 1;
+}
+#ifndef _WIN32
+#pragma GCC visibility pop
+#endif
+
 void* operator new(std::size_t size) {
     return OrEnd(Allocate(size));
 }
