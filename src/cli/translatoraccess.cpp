@@ -99,7 +99,12 @@ int TTranslatorAccess::Save(const char* verb) {
     const char* const path = ISFileName::NewISFileName(Arguments.Build.c_str())->Canonical(false);
     const TQuietMessageBox quiet;
     TOptionsDocument document(*Translator, *Options);
-    document.ReadFile(path);
+    if (!document.ReadFile(path)) {
+        TXMLReadError error = document.GetReadError();
+        error.File = Arguments.Build;  // as the user typed it
+        ReportError(Streams, ReadErrorText(error));
+        return kExitFile;
+    }
     if (OthersBuild || document.GetSectionCount() > 1) {
         ReportError(
             Streams,

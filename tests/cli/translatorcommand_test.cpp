@@ -1,4 +1,5 @@
 #include "tests/cli/toolrun.h"
+#include "tests/support/elementtext.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -226,6 +227,29 @@ TEST(TranslatorCommand, ChangesNoBuildThatItCannotRead) {
         EXPECT_EQ(folder.Read("b.xml"), row.Document) << row.Label;
         EXPECT_EQ(folder.List(), "b.xml\n") << row.Label;
     }
+}
+
+TEST(TranslatorCommand, KeepsABuildThatIsNestedAsDeepAsOneMayBe) {
+    const WorkingFolder folder;
+    std::string starts, ends;
+    for (int i = 0; i < 511; ++i) {
+        starts += "<n>";
+        ends += "</n>";
+    }
+    const std::string begin = "<HdlBuildFileList><HdlBuildFile>" + starts + "text" + ends;
+    folder.Write("b.xml", begin + "</HdlBuildFile></HdlBuildFileList>");
+    EXPECT_EQ(Translator({"v2vhdl", "enable", "-r"}), "-r: \"off\" -> \"on\"\nb.xml: saved\n");
+    TXMLList saved;
+    TXMLList expected;
+    saved.SetHoldsRoot(true);
+    expected.SetHoldsRoot(true);
+    ASSERT_TRUE(saved.ReadFromText(folder.Read("b.xml"), nullptr));
+    ASSERT_TRUE(expected.ReadFromText(begin + "<Verilog2VhdlTranslationOptions>"
+                                              "<v2v-r Enabled=\"true\"/><v2v-ncc Enabled=\"true\"/>"
+                                              "</Verilog2VhdlTranslationOptions>"
+                                              "</HdlBuildFile></HdlBuildFileList>",
+                                      nullptr));
+    EXPECT_EQ(ElementsOf(saved), ElementsOf(expected));
 }
 
 TEST(TranslatorCommand, DoesNotMindMissingSources) {

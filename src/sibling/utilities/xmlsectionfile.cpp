@@ -10,8 +10,8 @@ TXMLSectionFile::TXMLSectionFile(const char* section, const char* parent, TPlace
 TXMLSectionFile::~TXMLSectionFile() = default;
 
 bool TXMLSectionFile::ReplaceSection(const char* path) {
-    const bool isNew = IsEmpty();
-    if (!isNew && Section.Count == 0 && Parent.Count == 0) return false;
+    const bool hasPlace = IsEmpty() ? MayBeNew() : Section.Count > 0 || Parent.Count > 0;
+    if (!hasPlace) return false;
     KeepElements();
     const bool isWritten = WriteFile(path);
     Kept.clear();
@@ -31,7 +31,13 @@ void TXMLSectionFile::FillElements() {
     PushKept(isThere ? Section.End + 1 : Parent.End, Kept.size());
 }
 
+// What could not be read, and what holds no elements, may not be taken for a file to be made.
+bool TXMLSectionFile::MayBeNew() const {
+    return GetReadError().IsError() ? GetReadError().Missing : !WasRead;
+}
+
 bool TXMLSectionFile::InterpretElements() {
+    WasRead = true;
     Locate();
     return true;
 }

@@ -28,8 +28,9 @@ public:
     DListIterator<TElement*> GetSection() const { return Section.Start; }
 
     /// Writes the elements last read to the file, with those of FillSection in the place of the
-    /// first section; without elements, a new document whose root is the parent. False when
-    /// WriteFile fails, and when there is neither section nor parent, which changes nothing.
+    /// first section; after a read that found no file, and before any, a new document whose root is
+    /// the parent. False when WriteFile fails; false, with nothing changed, when there is neither
+    /// section nor parent and after a read that failed in another way.
     bool ReplaceSection(const char* path);
 
 protected:
@@ -54,6 +55,7 @@ private:
     static void MeetStart(TPlace& place, const DListIterator<TElement*>& element, std::size_t depth,
                           std::size_t number);
     static void MeetEnd(TPlace& place, std::size_t depth, std::size_t number);
+    bool MayBeNew() const;
     void Locate();
     void KeepElements();
     void PushKept(std::size_t begin, std::size_t end);
@@ -61,5 +63,6 @@ private:
     TPlacement Placement;
     TPlace Section;
     TPlace Parent;
+    bool WasRead = false;
     std::vector<std::unique_ptr<TElement>> Kept;  // what is written around the section
 };
