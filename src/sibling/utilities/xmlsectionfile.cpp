@@ -1,6 +1,27 @@
 #include "sibling/utilities/xmlsectionfile.h"
 
 #include "sibling/utilities/xmlstream.h"
+#include "sibling/utilities/xmltext.h"
+
+namespace {
+
+// With its length, so that no text can stand for several. Files hold UTF-8.
+void AppendText(const std::string& text, std::string* all) {
+    const std::string written = ToUtf8(text);
+    all->append(std::to_string(written.size())).append(1, ' ').append(written);
+}
+
+void AppendElement(const TElement& element, std::string* all) {
+    *all += std::to_string(element.ElemType) + " ";
+    AppendText(element.ElemType == TElement::TEXT ? element.Text.Str() : element.Name.Str(), all);
+    for (const auto& [name, value] : element.GetAttributes()) {
+        AppendText(name, all);
+        AppendText(value, all);
+    }
+    *all += '\n';
+}
+
+}  // namespace
 
 TXMLSectionFile::TXMLSectionFile(const char* section, const char* parent, TPlacement placement)
     : Placement(placement), Section{section}, Parent{parent} {
@@ -8,6 +29,15 @@ TXMLSectionFile::TXMLSectionFile(const char* section, const char* parent, TPlace
 }
 
 TXMLSectionFile::~TXMLSectionFile() = default;
+
+std::string TXMLSectionFile::GetSectionText() const {
+    std::string text;
+    if (Section.Count == 0) return text;
+    TElementIterator element = Section.Start;
+    for (std::size_t i = Section.Begin; i <= Section.End; ++i, ++element)
+        AppendElement(*element.Current(), &text);
+    return text;
+}
 
 bool TXMLSectionFile::ReplaceSection(const char* path) {
     const bool hasPlace = IsEmpty() ? MayBeNew() : Section.Count > 0 || Parent.Count > 0;

@@ -2,6 +2,7 @@
 #include "sibling/utilities/xmllist.h"
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <vector>
 
 /// A file that several components share, of which one section is read and replaced.
@@ -26,6 +27,11 @@ public:
     bool HasParent() const { return Parent.Count > 0; }
     /// At the first section's START, or at the tail.
     DListIterator<TElement*> GetSection() const { return Section.Start; }
+
+    /// What tells the first section from every other: equal for equal elements, attributes and
+    /// texts in their order only, also between what was read and what ReplaceSection wrote. ""
+    /// without the section.
+    std::string GetSectionText() const;
 
     /// Writes the elements last read to the file, with those of FillSection in the place of the
     /// first section; after a read that found no file, and before any, a new document whose root is
