@@ -2,6 +2,7 @@
 #include "cli/filereports.h"
 #include "cli/settingstext.h"
 #include "sibling/fileservices/isfilename.h"
+#include "sibling/utilities/propcache.h"
 
 TProjectAccess::TProjectAccess(const TToolArguments& arguments, const TToolStreams& streams)
     : Arguments(arguments),
@@ -75,7 +76,11 @@ std::vector<std::string> NamesOf(const TProjectSimConfigList& configurations) {
     return names;
 }
 
-void ReadTemplates(TProjectTemplateSimConfigList* templates) {
+int ReadTemplates(TProjectTemplateSimConfigList* templates, const TToolStreams& streams) {
     templates->ResetAllTemplateConfigurations();
     templates->ReadFromINI();
+    const TIniReadError& error = GetSystemPropCache()->GetReadError();
+    if (error.Reason.empty()) return kExitDone;
+    ReportError(streams, error.File + ": " + error.Reason);
+    return kExitFile;
 }
