@@ -59,7 +59,7 @@ int TServerAccess::Read(bool mustExist) {
     StateRead = GetState();
     const std::string foreign = FindForeign(document);
     if (foreign.empty()) return kExitDone;
-    ReportError(Streams, FileText + ": no simulators file can hold " + foreign);
+    ReportError(Streams, FileText + ": a save would lose " + foreign);
     return kExitProblems;
 }
 

@@ -192,15 +192,15 @@ TEST(ServersCommand, ChangesNoFileThatItWouldNotKeepWhole) {
         {"cut short", "<HdlBuildFileList>", 3,
          "1:19: the document ends inside element \"HdlBuildFileList\""},
         {"a build file", "<HdlBuildFileList><HdlBuildFile/></HdlBuildFileList>", 1,
-         " no simulators file can hold the unknown element HdlBuildFile"},
+         " a save would lose the unknown element HdlBuildFile"},
         {"unknown simulator", FileText(ToolText("New", "VHDL") + ToolText("VCS", "Verilog")), 1,
-         " no simulators file can hold the unknown simulator 'New'"},
+         " a save would lose the unknown simulator 'New'"},
         {"no simulator", FileText("    <Tool>VHDL</Tool>\n"), 1,
-         " no simulators file can hold the unknown simulator ''"},
+         " a save would lose the unknown simulator ''"},
         {"other element", FileText(ToolText("VCS", "Verilog") + "    <Other/>\n"), 1,
-         " no simulators file can hold the unknown element Other"},
+         " a save would lose the unknown element Other"},
         {"element in a tool", FileText("    <Tool Name=\"VCS\">VHDL<Tool/></Tool>\n"), 1,
-         " no simulators file can hold the unknown element Tool"},
+         " a save would lose the unknown element Tool"},
     };
     for (const auto& row : rows) {
         folder.Write("a.cfg", row.Document);
@@ -222,7 +222,7 @@ TEST(ServersCommand, ListsWhatItKnowsOfAFile) {
               "SIMULATOR  LANGUAGE  PATH  PLI LIBRARY\n"
               "VCS        Verilog   -     -\n");
     EXPECT_EQ(run.Err,
-              "hdlbuild: error: a.cfg: no simulators file can hold the unknown simulator 'New'\n");
+              "hdlbuild: error: a.cfg: a save would lose the unknown simulator 'New'\n");
 }
 
 TEST(ServersCommand, ReportsAMissingFile) {
