@@ -5,7 +5,6 @@
 #include "sibling/fileservices/isfilename.h"
 #include "sibling/utilities/propcache.h"
 #include "sibling/utilities/xmlsectionfile.h"
-#include <algorithm>
 #include <map>
 
 namespace {
@@ -19,13 +18,19 @@ protected:
     void FillSection() override {}
 };
 
-/// The name at a place of the list; with its number among those that are equal, if there are any.
-std::string TellApart(const std::vector<std::string>& names, std::size_t place) {
-    const auto here = names.begin() + static_cast<std::ptrdiff_t>(place);
-    const auto count = std::count(names.begin(), names.end(), *here);
-    if (count == 1) return *here;
-    return *here + " (" + std::to_string(std::count(names.begin(), here, *here) + 1) + " of " +
-           std::to_string(count) + ")";
+/// The names; those that are equal with their numbers.
+std::vector<std::string> TellApart(const std::vector<std::string>& names) {
+    std::map<std::string, int> counts;
+    for (const std::string& name : names) ++counts[name];
+    std::map<std::string, int> met;
+    std::vector<std::string> labels;
+    for (const std::string& name : names) {
+        const std::string number = std::to_string(++met[name]);
+        const int count = counts[name];
+        labels.push_back(count == 1 ? name
+                                    : name + " (" + number + " of " + std::to_string(count) + ")");
+    }
+    return labels;
 }
 
 using TValues = std::map<std::string, TJson>;
@@ -129,14 +134,14 @@ TState TProjectAccess::StateOfSaved() {
 TState TProjectAccess::StateOf(const TProjectSimSettings& settings) const {
     const TProjectSimConfig* current = settings.GetCurrentConfig();
     const std::vector<std::string> names = NamesOf(settings);
+    const std::vector<std::string> labels = TellApart(names);
     TState state = {{"current configuration", current ? TJson(current->GetName()) : TJson()},
                     {"configurations", names}};
     for (std::size_t i = 0; i < names.size(); ++i)
         for (TSettingValue& setting :
              ListSettings(*settings.GetConfigurations()[i], GetDirectory())) {
             const std::string language = setting.Language.empty() ? "" : setting.Language + " ";
-            state.emplace_back(TellApart(names, i) + ": " + language + setting.Key,
-                               std::move(setting.Value));
+            state.emplace_back(labels[i] + ": " + language + setting.Key, std::move(setting.Value));
         }
     return state;
 }

@@ -14,8 +14,11 @@ public:
     explicit TServersWalk(const TXMLList& document) : Element(document) {}
 
     std::string Find() {
-        if (Element.NotAtTail() && HasOnly({}, Name()))
-            Name() == kRoot ? WalkChildren(&TServersWalk::WalkSection) : WalkSection();
+        if (!Element.NotAtTail()) return "";
+        if (Name() != kRoot)
+            WalkSection();
+        else if (HasOnly({}, kRoot))
+            WalkChildren(&TServersWalk::WalkSection);
         return Loss;
     }
 

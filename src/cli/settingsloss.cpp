@@ -1,6 +1,5 @@
 #include "cli/settingsloss.h"
 #include "cli/settingkeys.h"
-#include "cli/simulatornames.h"
 #include "settings/storedlanguages.h"
 #include "sibling/utilities/booltext.h"
 #include <algorithm>
@@ -75,6 +74,12 @@ private:
     bool LoseElement(const std::string& place) {
         return Lose("the unknown element " + Element.Current()->Name.Str() + " in " + place);
     }
+    bool LoseAttribute(const std::string& name, const std::string& place) {
+        return Lose("the unknown attribute " + name + " of " + place);
+    }
+    bool LoseValue(const std::string& name, const std::string& value, const std::string& place) {
+        return Lose(name + " '" + value + "' " + place);
+    }
 
     bool Is(const char* name) const { return Element.Current()->Name == name; }
     bool IsText() const { return Element.Current()->ElemType == TElement::TEXT; }
@@ -85,7 +90,7 @@ private:
     bool HasOnly(const std::vector<std::string>& names, const std::string& place) {
         for (const auto& attribute : Element.Current()->GetAttributes())
             if (std::find(names.begin(), names.end(), attribute.first) == names.end())
-                return Lose("the unknown attribute " + attribute.first + " of " + place);
+                return LoseAttribute(attribute.first, place);
         return true;
     }
 
@@ -116,9 +121,9 @@ private:
         const std::string place = "GeneralConfiguration in " + configuration;
         for (const auto& [name, value] : Element.Current()->GetAttributes()) {
             const TGeneralKey* key = FindGeneralKey(name);
-            if (!key) return Lose("the unknown attribute " + name + " of " + place);
+            if (!key) return LoseAttribute(name, place);
             if (!IsKept(key->Kind, value, LANGUAGE_NONE))
-                return Lose(name + " '" + value + "' in " + configuration);
+                return LoseValue(name, value, "in " + configuration);
         }
         return WalkChildren(place, [&] { return LoseElement(place); });
     }
@@ -155,8 +160,7 @@ private:
         ++Element;
         if (IsText()) {
             const std::string text = Element.Current()->Text.Str();
-            if (!IsKept(key.Kind, text, Language))
-                return Lose(element + " '" + text + "' of " + Place);
+            if (!IsKept(key.Kind, text, Language)) return LoseValue(element, text, "of " + Place);
             ++Element;
         }
         if (!IsEnd()) return LoseElement(element + " of " + Place);

@@ -85,7 +85,10 @@ bool TTranslatorSection::ChangeElement(TIterator& element, const TChangedSwitch&
         // Arguments may be relative to something that only the file's writer knew.
         const TElement* const start = element.Current();
         PassElement(element, [this, start](const TElement& kept) {
-            &kept == start ? PushEnabled(kept, &Changed) : PushCopy(kept, &Changed);
+            if (&kept == start)
+                PushEnabled(kept, &Changed);
+            else
+                PushCopy(kept, &Changed);
         });
         return true;
     }

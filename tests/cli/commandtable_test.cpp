@@ -1,5 +1,6 @@
 #include "cli/commandtable.h"
 #include "cli/jsonoutput.h"
+#include "tests/cli/appdatadirectory.h"
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
 #include "tests/cli/userinifile.h"
@@ -65,6 +66,7 @@ public:
 private:
     WorkingFolder Folder;
     UserIniFile Ini{""};
+    AppDataDirectory AppData;
 };
 
 /// Calls `visit` for each command that can be run, with its words: those with verbs only through

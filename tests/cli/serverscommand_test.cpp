@@ -1,5 +1,5 @@
 #include "cli/serveraccess.h"
-#include "sibling/fileservices/directories.h"
+#include "tests/cli/appdatadirectory.h"
 #include "tests/cli/toolrun.h"
 #include <gtest/gtest.h>
 
@@ -27,18 +27,12 @@ std::string ToolText(const std::string& name, const std::string& language,
            language + "</Tool>\n";
 }
 
-/// The process asks for the default file once: all tests share this one.
 class DefaultServersFile : public testing::Test {
 protected:
-    DefaultServersFile() {
-        static const TemporaryFolder folder;
-        SetTalveraAppDataDirectory((folder.Path("data") + "/").c_str());
-        Path = folder.Path("data/simulators.cfg");
-        std::filesystem::remove(Path);
-    }
-    ~DefaultServersFile() override { SetTalveraAppDataDirectory(nullptr); }
+    DefaultServersFile() { std::filesystem::remove(Path); }
 
-    std::string Path;
+    const AppDataDirectory Directory;
+    const std::string Path = AppDataDirectory::Path("simulators.cfg");
 };
 
 }  // namespace
