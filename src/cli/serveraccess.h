@@ -23,8 +23,8 @@ public:
     const std::string& GetFileText() const { return FileText; }
 
     /// Saves what differs from what was read, and prints it, for the command called `verb`. A file
-    /// that has changed since stays as it is: one line on Err, and kExitFile. (Who saves in the
-    /// instant between that look and the replacement is not noticed.)
+    /// that has changed since stays as it is: one line on Err, and kExitFile. (Who saves after
+    /// that look, while the new file is written, is not noticed.)
     int Save(const char* verb);
 
 private:

@@ -39,8 +39,8 @@ public:
 
     /// Saves what differs from what was read, and prints it, for the command called `verb`. Only
     /// the elements of the switches that changed are replaced in the build file. When its section
-    /// has changed since the read, it stays: one line on Err, and kExitFile. (Who saves in the
-    /// instant between that look and the replacement is not noticed.)
+    /// has changed since the read, it stays: one line on Err, and kExitFile. (Who saves after that
+    /// look, while the new file is written, is not noticed.)
     int Save(const char* verb);
 
 private:

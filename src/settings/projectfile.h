@@ -33,10 +33,10 @@ public:
     /// Replaces the settings in the file as it is on disk by now, so that a save keeps what other
     /// components saved meanwhile. A missing file is made. Settings that are no longer those of the
     /// last Read or Save, a file made and a file deleted since included, are not replaced:
-    /// PROJECT_FILE_CHANGED. (Who saves in the instant between this comparison and the replacement
-    /// is not noticed.) Without a Read there is nothing to compare. After a read that failed
-    /// nothing is saved, as `settings` may lack configurations: the result of that read is
-    /// repeated. On failure the file stays as it was.
+    /// PROJECT_FILE_CHANGED. (Who saves after this comparison, while the new file is written, is
+    /// not noticed.) Without a Read there is nothing to compare. After a read that failed nothing
+    /// is saved, as `settings` may lack configurations: the result of that read is repeated. On
+    /// failure the file stays as it was.
     TProjectFileResult Save(TProjectSimSettings* settings);
 
     /// Of the last Read or Save.
