@@ -66,8 +66,9 @@ std::vector<TCommand> SettingsVerbs() {
           kDryRun},
          {},
          "VALUE may begin with '-'; write --add=ENTRY for an entry that does. A list is emptied\n"
-         "first, then entries are removed, then added. Directories are relative to the project.",
-         true},
+         "first, then entries are removed, then added. Directories are relative to the project.\n"
+         "What stands behind '--' is no option, whatever it looks like.",
+         "[VALUE]"},
     };
 }
 
@@ -110,15 +111,16 @@ std::vector<TCommand> TranslatorVerbs() {
          RunTranslatorEnable,
          {kJson, kDryRun},
          {},
-         "ARGS replace the arguments that the switch has.",
-         true},
+         "ARGS replace the arguments that the switch has. What stands behind '--' is no option,\n"
+         "whatever it looks like.",
+         "SWITCH [ARGS...]"},
         {"disable",
          "Disable a switch: disable SWITCH",
          RunTranslatorDisable,
          {kJson, kDryRun},
          {},
          "A switch that is enabled by default stays enabled.",
-         true},
+         "SWITCH"},
         {"command-line", "Print the translator's command line", RunTranslatorCommandLine, {kJson}},
     };
 }

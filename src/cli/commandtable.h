@@ -26,7 +26,7 @@ struct TCommand {
     /// They read the command's arguments as well.
     std::vector<TCommand> Verbs = {};
     const char* Footer = "";  ///< ends the help text
-    bool TakesWords = false;  ///< whether words may follow the arguments
+    const char* Words = "";   ///< which words may follow the arguments; empty: none
 };
 
 /// Every command, in the order of the help text.

@@ -1,7 +1,50 @@
 #include "cli/projectaccess.h"
 #include "cli/filereports.h"
+#include "cli/settingsloss.h"
 #include "cli/settingstext.h"
 #include "sibling/fileservices/isfilename.h"
+#include "sibling/utilities/propcache.h"
+#include "sibling/utilities/xmlsectionfile.h"
+#include <map>
+
+namespace {
+
+/// The section of the settings, to be looked at only.
+class TSettingsSection : public TXMLSectionFile {
+public:
+    TSettingsSection() : TXMLSectionFile("ProjectSettings", "SimulationProject", CHILD_OF_ROOT) {}
+
+protected:
+    void FillSection() override {}
+};
+
+/// The names; those that are equal with their numbers.
+std::vector<std::string> TellApart(const std::vector<std::string>& names) {
+    std::map<std::string, int> counts;
+    for (const std::string& name : names) ++counts[name];
+    std::map<std::string, int> met;
+    std::vector<std::string> labels;
+    for (const std::string& name : names) {
+        const std::string number = std::to_string(++met[name]);
+        const int count = counts[name];
+        labels.push_back(count == 1 ? name
+                                    : name + " (" + number + " of " + std::to_string(count) + ")");
+    }
+    return labels;
+}
+
+using TValues = std::map<std::string, TJson>;
+
+TValues ValuesOf(const TState& state) {
+    return {state.begin(), state.end()};
+}
+
+TJson Find(const TValues& values, const std::string& name) {
+    const auto value = values.find(name);
+    return value == values.end() ? TJson() : value->second;
+}
+
+}  // namespace
 
 TProjectAccess::TProjectAccess(const TToolArguments& arguments, const TToolStreams& streams)
     : Arguments(arguments),
@@ -12,9 +55,15 @@ TProjectAccess::TProjectAccess(const TToolArguments& arguments, const TToolStrea
 int TProjectAccess::Read(bool mayBeMissing) {
     const TQuietMessageBox quiet;
     const TProjectFileResult result = Project.Read(&Settings);
-    StateRead = GetState();
-    if (result == PROJECT_FILE_DONE || (result == PROJECT_FILE_MISSING && mayBeMissing))
+    StateRead = StateOf(Settings);
+    SavedUnchanged = StateOfSaved();
+    if (result == PROJECT_FILE_DONE || (result == PROJECT_FILE_MISSING && mayBeMissing)) {
+        // Later than the settings: should others save in between, they are not saved over.
+        TSettingsSection section;
+        section.ReadFile(File->Canonical(false));
+        Loss = FindSettingsLoss(section.GetSection());
         return kExitDone;
+    }
     TXMLReadError error = Project.GetReadError();
     error.File = Arguments.Project;  // as the user typed it
     ReportError(Streams, result == PROJECT_FILE_UNREADABLE
@@ -41,9 +90,13 @@ TProjectSimConfig* TProjectAccess::FindConfiguration() {
 }
 
 int TProjectAccess::Save(const char* verb) {
+    if (!Loss.empty()) {
+        ReportError(Streams, Arguments.Project + ": a save would lose " + Loss);
+        return kExitProblems;
+    }
     const TFileChange change{MakeResult(("hdlbuild-settings-" + std::string(verb)).c_str(),
                                         "project", Arguments.Project),
-                             Arguments.Project, StateRead, GetState()};
+                             Arguments.Project, StateRead, StateChanged()};
     return SaveChange(change, Arguments, Streams, [this] { return WriteFile(); });
 }
 
@@ -54,16 +107,41 @@ std::string TProjectAccess::WriteFile() {
     return TProjectFile::GetErrorString(result);
 }
 
-TState TProjectAccess::GetState() const {
-    const TProjectSimConfig* current = Settings.GetCurrentConfig();
+// A save alone may make a reader find something else, as in the include lists of languages that the
+// file did not mention. What the command did not touch is no change of its own.
+TState TProjectAccess::StateChanged() {
+    const TValues read = ValuesOf(StateRead);
+    const TValues savedUnchanged = ValuesOf(SavedUnchanged);
+    const TValues held = ValuesOf(StateOf(Settings));
+    TState state = StateOfSaved();
+    for (auto& [name, value] : state)
+        if (Find(held, name) == Find(read, name) && value == Find(savedUnchanged, name))
+            value = Find(read, name);
+    return state;
+}
+
+// An empty include list and an unknown current configuration read as something else.
+TState TProjectAccess::StateOfSaved() {
+    TXMLList document;
+    document.SetFileName(File->Canonical(false));
+    Settings.WriteToProjectFile(&document);
+    DListIterator<TElement*> element(document);
+    TProjectSimSettings saved;
+    saved.ReadFromFile(element, File);
+    return StateOf(saved);
+}
+
+TState TProjectAccess::StateOf(const TProjectSimSettings& settings) const {
+    const TProjectSimConfig* current = settings.GetCurrentConfig();
+    const std::vector<std::string> names = NamesOf(settings);
+    const std::vector<std::string> labels = TellApart(names);
     TState state = {{"current configuration", current ? TJson(current->GetName()) : TJson()},
-                    {"configurations", NamesOf(Settings)}};
-    for (const TProjectSimConfig* configuration : Settings.GetConfigurations())
-        for (TSettingValue& setting : ListSettings(*configuration, GetDirectory())) {
+                    {"configurations", names}};
+    for (std::size_t i = 0; i < names.size(); ++i)
+        for (TSettingValue& setting :
+             ListSettings(*settings.GetConfigurations()[i], GetDirectory())) {
             const std::string language = setting.Language.empty() ? "" : setting.Language + " ";
-            state.emplace_back(
-                std::string(configuration->GetName()) + ": " + language + setting.Key,
-                std::move(setting.Value));
+            state.emplace_back(labels[i] + ": " + language + setting.Key, std::move(setting.Value));
         }
     return state;
 }
@@ -75,7 +153,11 @@ std::vector<std::string> NamesOf(const TProjectSimConfigList& configurations) {
     return names;
 }
 
-void ReadTemplates(TProjectTemplateSimConfigList* templates) {
+int ReadTemplates(TProjectTemplateSimConfigList* templates, const TToolStreams& streams) {
     templates->ResetAllTemplateConfigurations();
     templates->ReadFromINI();
+    const TIniReadError& error = GetSystemPropCache()->GetReadError();
+    if (error.Reason.empty()) return kExitDone;
+    ReportError(streams, error.File + ": " + error.Reason);
+    return kExitFile;
 }

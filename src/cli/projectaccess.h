@@ -25,11 +25,15 @@ public:
     /// line on Err, when there is none.
     TProjectSimConfig* FindConfiguration();
 
-    /// Saves what differs from what was read, and prints it, for the command called `verb`.
+    /// Saves what differs from what was read, as it will read back, and prints it, for the command
+    /// called `verb`. kExitProblems, with one line on Err and nothing changed, when the file holds
+    /// what settings cannot hold.
     int Save(const char* verb);
 
 private:
-    TState GetState() const;
+    TState StateOf(const TProjectSimSettings& settings) const;
+    TState StateOfSaved();
+    TState StateChanged();
     std::string WriteFile();
 
     const TToolArguments& Arguments;
@@ -38,11 +42,13 @@ private:
     TProjectFile Project;
     TProjectSimSettings Settings;
     TState StateRead;
+    TState SavedUnchanged;  // as what was read would read back, were it saved
+    std::string Loss;       // what in the file a save would lose
 };
 
 /// The names in list order.
 std::vector<std::string> NamesOf(const TProjectSimConfigList& configurations);
 
 /// The templates as the environment starts with them: the built-in ones, or those of the INI files
-/// when these name any.
-void ReadTemplates(TProjectTemplateSimConfigList* templates);
+/// when these name any. kExitFile, with one line on Err, when an INI file cannot be read.
+int ReadTemplates(TProjectTemplateSimConfigList* templates, const TToolStreams& streams);

@@ -1,28 +1,25 @@
 #include "cli/serveraccess.h"
 #include "cli/filereports.h"
+#include "cli/serversloss.h"
 #include "sibling/fileservices/filereplace.h"
 #include "sibling/fileservices/isfilename.h"
 #include "simtools/serverconfigurationfilexmllist.h"
+#include <algorithm>
+#include <map>
 
 namespace {
 
-/// What in the elements of a simulators file no courier keeps; "" for a file that it keeps whole.
-std::string FindForeign(const TXMLList& document) {
-    int depth = 0;
-    for (DListIterator<TElement*> element(document); element.NotAtTail(); ++element) {
-        const TElement& current = *element.Current();
-        if (current.ElemType == TElement::END) --depth;
-        if (current.ElemType != TElement::START) continue;
-        const std::string name = current.Name.Str();
-        const char* const expected = depth == 0 ? "ExternalSimulatorSettings" : "Tool";
-        if (name != expected || depth > 1) return "the unknown element " + name;
-        const char* const simulator = current.GetAttribute("Name");
-        const auto type = static_cast<std::size_t>(GetSimulatorTypeFromName(simulator));
-        if (depth == 1 && GetSimulatorTable()[type].Languages.empty())
-            return "the unknown simulator '" + std::string(simulator) + "'";
-        ++depth;
-    }
-    return "";
+/// Nothing when the file cannot be read.
+std::optional<std::string> BytesOf(const ISFileName* file) {
+    std::string bytes;
+    if (ReadWholeFile(file->Canonical(false), &bytes, nullptr) != FILE_READ_DONE) return {};
+    return bytes;
+}
+
+/// The text before the colon when a change of a record is reported.
+std::string RecordName(const std::string& server, TSimulatorType type, THdlLanguage language) {
+    return server + ": " + GetSimulatorNameFromType(type) + " " +
+           GetStringFromHdlLanguage(language);
 }
 
 }  // namespace
@@ -47,7 +44,9 @@ bool TServerAccess::ChooseFile() {
 int TServerAccess::Read(bool mustExist) {
     if (!ChooseFile()) return kExitUsage;
     const TQuietMessageBox quiet;
-    TServerConfigurationFileXMLList document(nullptr);
+    BytesRead = BytesOf(File);
+    TXMLList document;
+    document.SetHoldsRoot(true);
     const bool isRead = document.ReadFile(File->Canonical(false));
     TXMLReadError error = document.GetReadError();
     if (!isRead && (!error.Missing || (mustExist && !Arguments.SimulatorsFile.empty()))) {
@@ -56,11 +55,31 @@ int TServerAccess::Read(bool mustExist) {
         return kExitFile;
     }
     Courier.ReadCurrentServerConfigFromFile(File, Arguments.Server.c_str());
+    const std::string loss = FindServersLoss(document);
+    if (loss.empty()) GiveLanguagesLeft();
     StateRead = GetState();
-    const std::string foreign = FindForeign(document);
-    if (foreign.empty()) return kExitDone;
-    ReportError(Streams, FileText + ": no simulators file can hold " + foreign);
+    if (loss.empty()) return kExitDone;
+    ReportError(Streams, FileText + ": a save would lose " + loss);
     return kExitProblems;
+}
+
+// Of a simulator that the file lists for some of its languages, the reader adds the other records,
+// with languages in the order of the table: they may be those that the file has.
+void TServerAccess::GiveLanguagesLeft() {
+    auto* tools = Courier.GetSimToolList(TRope(Arguments.Server));
+    if (!tools) return;
+    const auto count = [tools](TSimulatorType type, THdlLanguage language) {
+        return std::count_if(tools->begin(), tools->end(), [=](const TBaseSimTool& tool) {
+            return tool.GetSimulatorType() == type && tool.GetLanguage() == language;
+        });
+    };
+    for (TBaseSimTool& tool : *tools) {
+        const TSimulatorType type = tool.GetSimulatorType();
+        if (count(type, tool.GetLanguage()) == 1) continue;
+        for (const THdlLanguage language :
+             GetSimulatorTable()[static_cast<std::size_t>(type)].Languages)
+            if (count(type, language) == 0) tool.SetLanguage(language);
+    }
 }
 
 const std::vector<TBaseSimTool>& TServerAccess::GetTools() {
@@ -69,16 +88,19 @@ const std::vector<TBaseSimTool>& TServerAccess::GetTools() {
     return tools ? *tools : kNone;
 }
 
-// Every simulator has a value, so that those added and removed are reported.
+// Every record that there can be has a value, so that those added and removed are reported.
 TState TServerAccess::GetState() {
+    std::map<std::string, TJson> values;
+    for (const TBaseSimTool& tool : GetTools())
+        values[RecordName(Arguments.Server, tool.GetSimulatorType(), tool.GetLanguage())] = {
+            {"path", tool.GetExecutablePath()}, {"pliLibrary", tool.GetPliLibrary()}};
     TState state;
-    for (const TSimulatorRecord& simulator : GetSimulatorTable()) {
-        TJson value;
-        for (const TBaseSimTool& tool : GetTools())
-            if (tool.GetSimulatorType() == simulator.Type && value.is_null())
-                value = {{"path", tool.GetExecutablePath()}, {"pliLibrary", tool.GetPliLibrary()}};
-        state.emplace_back(Arguments.Server + ": " + simulator.Name, value);
-    }
+    for (const TSimulatorRecord& simulator : GetSimulatorTable())
+        for (int language = LANGUAGE_VERILOG; language < LANGUAGE_NONE; ++language) {
+            const std::string name =
+                RecordName(Arguments.Server, simulator.Type, static_cast<THdlLanguage>(language));
+            state.emplace_back(name, values[name]);
+        }
     return state;
 }
 
@@ -92,6 +114,7 @@ int TServerAccess::Save(const char* verb) {
 std::string TServerAccess::WriteFile() {
     const TQuietMessageBox quiet;
     const char* const path = File->Canonical(false);
+    if (BytesOf(File) != BytesRead) return "the file has changed since it was read";
     // The application-data directory need not exist yet; a failure shows when the file is written.
     MakeDirectoryOf(path);
     // A server without tools is unknown to the courier, which then leaves the file alone.

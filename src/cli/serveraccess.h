@@ -2,6 +2,7 @@
 #include "cli/changereport.h"
 #include "cli/tool.h"
 #include "simtools/simtoolserverclientcourier.h"
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,11 +22,14 @@ public:
     /// As the user named it, or the whole path of the default file.
     const std::string& GetFileText() const { return FileText; }
 
-    /// Saves what differs from what was read, and prints it, for the command called `verb`.
+    /// Saves what differs from what was read, and prints it, for the command called `verb`. A file
+    /// that has changed since stays as it is: one line on Err, and kExitFile. (Who saves after
+    /// that look, while the new file is written, is not noticed.)
     int Save(const char* verb);
 
 private:
     bool ChooseFile();
+    void GiveLanguagesLeft();
     TState GetState();
     std::string WriteFile();
 
@@ -34,5 +38,6 @@ private:
     const ISFileName* File = nullptr;
     std::string FileText;
     TBaseSimToolServerClientCourier Courier;
+    std::optional<std::string> BytesRead;  // nothing without a file
     TState StateRead;
 };

@@ -75,13 +75,13 @@ bool AddExtension(L& settings, const char* entry) {
 
 const TListKey kListKeys[] = {
     {"IncludeDirectories", true, &L::GetIncludeDirectories,
-     AddDirectory<&L::AddIncludeDirectory, true>, &L::RemoveIncludeDirectoy,
-     &L::ClearIncludeDirectory, AddDirectory<&L::AddIncludeDirectory, false>},
+     AddDirectory<&L::AddIncludeDirectory, true>, &L::ClearIncludeDirectory,
+     AddDirectory<&L::AddIncludeDirectory, false>},
     {"LibraryDirectories", true, &L::GetLibraryDirectories,
-     AddDirectory<&L::AddLibraryDirectory, true>, &L::RemoveLibraryDirectory,
-     &L::ClearLibraryDirectory, AddDirectory<&L::AddLibraryDirectory, false>},
-    {"LibraryExtensions", false, &L::GetLibraryExtensions, AddExtension, &L::RemoveLibraryExtension,
-     &L::ClearLibraryExtension, AddExtension},
+     AddDirectory<&L::AddLibraryDirectory, true>, &L::ClearLibraryDirectory,
+     AddDirectory<&L::AddLibraryDirectory, false>},
+    {"LibraryExtensions", false, &L::GetLibraryExtensions, AddExtension, &L::ClearLibraryExtension,
+     AddExtension},
 };
 
 template <class TKeys>

@@ -33,7 +33,6 @@ struct TListKey {
     const std::vector<std::string>& (TProjectSimLanguageConfig::*Get)() const;
     /// A relative directory is taken against the project file. False when it is listed already.
     bool (*Add)(TProjectSimLanguageConfig& settings, const char* entry);
-    bool (TProjectSimLanguageConfig::*Remove)(const char* entry);
     void (TProjectSimLanguageConfig::*Clear)();
     /// Adds the entry as it stands.
     bool (*Restore)(TProjectSimLanguageConfig& settings, const char* entry);

@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 #include "cli/projectaccess.h"
 #include "cli/settingstext.h"
+#include <memory>
 
 namespace {
 
@@ -12,22 +13,27 @@ std::string NameComplaint(const std::string& name, const TProjectSimSettings& se
                                        : "";
 }
 
-/// A copy of the configuration or template that the arguments name; null, with one line on Err,
-/// when there is neither.
-TProjectSimConfig* CopySource(TProjectAccess& project, const TToolArguments& arguments,
-                              const TToolStreams& streams) {
+/// Sets `*copy` to a copy of the configuration or template that the arguments name. kExitUsage when
+/// there is neither, kExitFile when the templates cannot be read, each with one line on Err.
+int CopySource(TProjectAccess& project, const TToolArguments& arguments,
+               const TToolStreams& streams, std::unique_ptr<TProjectSimConfig>* copy) {
     const char* const name = arguments.Configuration.c_str();
-    if (const TProjectSimConfig* source = project.GetSettings().GetConfiguration(name))
-        return new TProjectSimConfig(*source);
+    const TProjectSimConfig* source = project.GetSettings().GetConfiguration(name);
     TProjectTemplateSimConfigList templates;
-    ReadTemplates(&templates);
-    if (const TProjectSimConfig* source = templates.Find(name))
-        return new TProjectSimConfig(*source);
+    if (!source) {
+        if (const int status = ReadTemplates(&templates, streams); status != kExitDone)
+            return status;
+        source = templates.Find(name);
+    }
+    if (source) {
+        *copy = std::make_unique<TProjectSimConfig>(*source);
+        return kExitDone;
+    }
     std::vector<std::string> known = NamesOf(project.GetSettings());
     for (const std::string& templateName : NamesOf(templates)) known.push_back(templateName);
     ReportError(streams, "unknown configuration '" + arguments.Configuration +
                              "'; known, templates included: " + JoinNames(known));
-    return nullptr;
+    return kExitUsage;
 }
 
 /// The configuration to show; null, with one line on Err, when there is none.
@@ -100,13 +106,14 @@ int RunSettingsCopy(const TToolArguments& arguments, const TToolStreams& streams
         ReportError(streams, complaint);
         return kExitUsage;
     }
-    TProjectSimConfig* copy = CopySource(project, arguments, streams);
-    if (!copy) return kExitUsage;
+    std::unique_ptr<TProjectSimConfig> copy;
+    if (const int status = CopySource(project, arguments, streams, &copy); status != kExitDone)
+        return status;
     copy->SetName(arguments.NewName.c_str());
     copy->SetProjectFileName(project.GetFile());
     const bool isFirst = settings.GetConfigurations().empty();
-    settings.AddConfiguration(copy);
-    if (isFirst) settings.SelectCurrentConfig(copy);
+    settings.AddConfiguration(copy.release());
+    if (isFirst) settings.SelectCurrentConfig(arguments.NewName.c_str());
     return project.Save("copy");
 }
 

@@ -2,6 +2,9 @@
 #include "cli/projectaccess.h"
 #include "cli/settingkeys.h"
 #include "cli/settingstext.h"
+#include "sibling/fileservices/environment.h"
+#include "sibling/fileservices/utilfilename.h"
+#include <algorithm>
 
 namespace {
 
@@ -9,8 +12,10 @@ namespace {
 /// done; "" when it is done.
 class TSettingChange {
 public:
-    TSettingChange(TProjectSimConfig& configuration, const TToolArguments& arguments)
-        : Configuration(configuration), Arguments(arguments) {}
+    /// Directories are relative to `directory`.
+    TSettingChange(TProjectSimConfig& configuration, const TToolArguments& arguments,
+                   std::string directory)
+        : Configuration(configuration), Arguments(arguments), Directory(std::move(directory)) {}
 
     std::string Make() {
         if (const TGeneralKey* key = FindGeneralKey(Arguments.Key)) {
@@ -62,27 +67,50 @@ private:
         for (const std::string& entry : Arguments.RemovedEntries)
             if (!RemoveEntry(list, settings, entry))
                 return "'" + entry + "' is not listed in " + Arguments.Key +
-                       "; listed: " + JoinNames((settings.*list.Get)());
+                       "; listed: " + JoinNames(ListEntries(list, settings, Directory));
         for (const std::string& entry : Arguments.AddedEntries) {
             if (entry.empty()) return "an entry of " + Arguments.Key + " is not empty";
-            list.Add(settings, entry.c_str());
+            if (!IsListed(list, settings, entry)) list.Add(settings, entry.c_str());
         }
         return "";
     }
 
-    // An entry with an environment reference is kept as it is written, but looked for as resolved.
-    static bool RemoveEntry(const TListKey& list, TProjectSimLanguageConfig& settings,
-                            const std::string& entry) {
-        if ((settings.*list.Remove)(entry.c_str())) return true;
-        std::vector<std::string> entries = (settings.*list.Get)();
-        if (std::erase(entries, entry) == 0) return false;
+    /// What an entry stands for, however it is written: directories are listed with and without
+    /// final delimiter, and relative or absolute.
+    std::string MeaningOf(const TListKey& list, const std::string& entry) const {
+        if (!list.HoldsDirectories) return entry;
+        std::string text = entry;
+        if (!HasOrvaneEnvVariable(entry.c_str())) {
+            TUtilFileName path(Directory.c_str());
+            path.PushDirectory(entry.c_str());
+            text = path.Canonical();
+        }
+        while (!text.empty() && (text.back() == '/' || text.back() == '\\')) text.pop_back();
+        return text;
+    }
+
+    bool IsListed(const TListKey& list, const TProjectSimLanguageConfig& settings,
+                  const std::string& entry) const {
+        const std::vector<std::string>& entries = (settings.*list.Get)();
+        return std::any_of(entries.begin(), entries.end(), [&](const std::string& listed) {
+            return MeaningOf(list, listed) == MeaningOf(list, entry);
+        });
+    }
+
+    bool RemoveEntry(const TListKey& list, TProjectSimLanguageConfig& settings,
+                     const std::string& entry) const {
+        if (!IsListed(list, settings, entry)) return false;
+        const std::vector<std::string> entries = (settings.*list.Get)();
         (settings.*list.Clear)();
-        for (const std::string& kept : entries) list.Restore(settings, kept.c_str());
+        for (const std::string& kept : entries)
+            if (MeaningOf(list, kept) != MeaningOf(list, entry))
+                list.Restore(settings, kept.c_str());
         return true;
     }
 
     TProjectSimConfig& Configuration;
     const TToolArguments& Arguments;
+    std::string Directory;
 };
 
 }  // namespace
@@ -92,7 +120,8 @@ int RunSettingsSet(const TToolArguments& arguments, const TToolStreams& streams)
     if (const int status = project.Read(); status != kExitDone) return status;
     TProjectSimConfig* configuration = project.FindConfiguration();
     if (!configuration) return kExitUsage;
-    const std::string complaint = TSettingChange(*configuration, arguments).Make();
+    const std::string complaint =
+        TSettingChange(*configuration, arguments, project.GetDirectory()).Make();
     if (complaint.empty()) return project.Save("set");
     ReportError(streams, complaint);
     return kExitUsage;

@@ -1,5 +1,4 @@
 #include "cli/settingstext.h"
-#include "cli/settingkeys.h"
 #include "sibling/fileservices/environment.h"
 #include "sibling/fileservices/ifilename.h"
 
@@ -17,11 +16,7 @@ std::string WrittenDirectory(const std::string& directory, const std::string& ba
 TJson ValueOf(const TLanguageKey& key, const TProjectSimLanguageConfig& settings,
               const std::string& baseDirectory) {
     const TListKey* list = FindListKey(key.Name);
-    if (!list || !list->HoldsDirectories) return key.Get(settings);
-    TJson directories = TJson::array();
-    for (const std::string& directory : (settings.*list->Get)())
-        directories.push_back(WrittenDirectory(directory, baseDirectory));
-    return directories;
+    return list ? TJson(ListEntries(*list, settings, baseDirectory)) : key.Get(settings);
 }
 
 std::string Text(const TJson& value) {
@@ -43,6 +38,15 @@ std::vector<TSettingValue> ListSettings(const TProjectSimConfig& configuration,
                 {GetStringFromHdlLanguage(language), key.Name,
                  ValueOf(key, *configuration.GetProjectLanguageConfig(language), baseDirectory)});
     return values;
+}
+
+std::vector<std::string> ListEntries(const TListKey& list,
+                                     const TProjectSimLanguageConfig& settings,
+                                     const std::string& baseDirectory) {
+    std::vector<std::string> entries = (settings.*list.Get)();
+    if (list.HoldsDirectories)
+        for (std::string& entry : entries) entry = WrittenDirectory(entry, baseDirectory);
+    return entries;
 }
 
 std::vector<THdlLanguage> LanguagesOf(const TProjectSimConfig& configuration) {

@@ -1,5 +1,6 @@
 #pragma once
 #include "cli/jsonoutput.h"
+#include "cli/settingkeys.h"
 #include "settings/projectsimconfig.h"
 #include <string>
 #include <vector>
@@ -15,6 +16,11 @@ struct TSettingValue {
 /// as the settings hold them when it is empty.
 std::vector<TSettingValue> ListSettings(const TProjectSimConfig& configuration,
                                         const std::string& baseDirectory);
+
+/// The entries of a list in the form of the above.
+std::vector<std::string> ListEntries(const TListKey& list,
+                                     const TProjectSimLanguageConfig& settings,
+                                     const std::string& baseDirectory);
 
 /// The languages that the configuration has settings for.
 std::vector<THdlLanguage> LanguagesOf(const TProjectSimConfig& configuration);

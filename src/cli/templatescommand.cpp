@@ -12,7 +12,7 @@ TJson MakeTemplatesResult(const char* format) {
 
 int RunTemplatesList(const TToolArguments& arguments, const TToolStreams& streams) {
     TProjectTemplateSimConfigList templates;
-    ReadTemplates(&templates);
+    if (const int status = ReadTemplates(&templates, streams); status != kExitDone) return status;
     const std::string starting = templates.GetStartingConfigOrCurrentConfigName();
     if (!arguments.Json) {
         PrintNames(NamesOf(templates), starting, streams.Out);
@@ -27,7 +27,7 @@ int RunTemplatesList(const TToolArguments& arguments, const TToolStreams& stream
 
 int RunTemplatesShow(const TToolArguments& arguments, const TToolStreams& streams) {
     TProjectTemplateSimConfigList templates;
-    ReadTemplates(&templates);
+    if (const int status = ReadTemplates(&templates, streams); status != kExitDone) return status;
     const TProjectSimConfig* shown = templates.Find(arguments.Configuration.c_str());
     if (!shown) {
         ReportError(streams, "unknown template '" + arguments.Configuration +

@@ -2,6 +2,8 @@
 #include "cli/commandtable.h"
 #include "sibling/fileservices/isfilename.h"
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -30,15 +32,42 @@ struct TArgumentAdder {
     }
 };
 
-void AddCommand(CLI::App& app, const TCommand& command, TToolArguments& arguments) {
+/// Begins the usage line with what stands in front of a command, and ends it with its words.
+class TUsageFormatter : public CLI::Formatter {
+public:
+    TUsageFormatter(std::string front, std::string words)
+        : Front(std::move(front)), Words(std::move(words)) {}
+
+    std::string make_usage(const CLI::App* app, std::string) const override {
+        std::string usage = CLI::Formatter::make_usage(app, Front);
+        if (!Words.empty()) usage.insert(usage.find_last_not_of('\n') + 1, " " + Words);
+        return usage;
+    }
+
+private:
+    std::string Front;
+    std::string Words;
+};
+
+/// `front`: the words of a command line up to this command.
+void AddCommand(CLI::App& app, const TCommand& command, const std::string& front,
+                TToolArguments& arguments) {
     CLI::App* sub = app.add_subcommand(command.Name, command.Description);
     sub->footer(command.Footer);
-    sub->allow_extras(command.TakesWords);
+    std::string line = front + " " + command.Name;
+    sub->formatter(std::make_shared<TUsageFormatter>(line, command.Words));
+    if (*command.Words) {
+        sub->allow_extras();
+        // A word may begin with "-h".
+        sub->set_help_flag("--help", "Print this help message and exit");
+    }
     // Never more than one verb: a configuration may bear the name of another.
     if (!command.Verbs.empty()) sub->require_subcommand(command.Run ? 0 : 1, 1);
-    for (const TArgument& argument : command.Arguments)
+    for (const TArgument& argument : command.Arguments) {
         std::visit(TArgumentAdder{*sub, argument, arguments}, argument.Member);
-    for (const TCommand& verb : command.Verbs) AddCommand(*sub, verb, arguments);
+        if (argument.Name[0] != '-') line += std::string(" ") + argument.Name;
+    }
+    for (const TCommand& verb : command.Verbs) AddCommand(*sub, verb, line, arguments);
 }
 
 void ReportLabelled(const TToolStreams& streams, const char* label, const char* color,
@@ -71,12 +100,62 @@ int Finish(int status, const TToolStreams& streams) {
     return kExitFile;
 }
 
-int Dispatch(const CLI::App& app, TToolArguments& arguments, const TToolStreams& streams) {
-    const auto [command, sub] = FindGiven(app, Commands());
-    if (!command) return kExitUsage;
-    arguments.Words = sub->remaining();
-    return command->Run(arguments, streams);
-}
+constexpr const char* kWordsMark = "--";
+
+/// One parse of a command line.
+class TCommandLine {
+public:
+    TCommandLine() {
+        Arguments.Directory = ISFileName::NewISFileName(".")->Canonical(false);
+        App.set_version_flag("--version", "hdlbuild " HDLBUILDFILE_VERSION);
+        App.require_subcommand(1);
+        // On Windows too, '/builds/a.xml' is a path.
+        App.allow_windows_style_options(false);
+        App.footer(kFooter);
+        for (const TCommand& command : Commands()) AddCommand(App, command, "hdlbuild", Arguments);
+    }
+
+    /// Throws CLI::ParseError.
+    void Parse(const std::vector<std::string>& arguments) {
+        // CLI11 takes the arguments from the back.
+        App.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        const auto [command, sub] = FindGiven(App, Commands());
+        Command = command;
+        if (!sub) return;
+        Arguments.Words = sub->remaining();
+        const auto mark = std::find(Arguments.Words.begin(), Arguments.Words.end(), kWordsMark);
+        if (mark != Arguments.Words.end()) Arguments.Words.erase(mark);
+    }
+
+    /// Parse, for a command that takes words: all that stands behind the first "--" are words.
+    /// False when the arguments in front of it are not those of such a command.
+    bool ParseWithWords(const std::vector<std::string>& arguments) {
+        const auto mark = std::find(arguments.begin(), arguments.end(), kWordsMark);
+        if (mark == arguments.end()) return false;
+        try {
+            Parse({arguments.begin(), mark});
+        } catch (const CLI::ParseError&) {
+            return false;  // what is missing may stand behind the mark
+        }
+        if (!Command || !*Command->Words) return false;
+        Arguments.Words.insert(Arguments.Words.end(), mark + 1, arguments.end());
+        return true;
+    }
+
+    int Run(const TToolStreams& streams) const {
+        return Finish(Command ? Command->Run(Arguments, streams) : kExitUsage, streams);
+    }
+
+    int Report(const CLI::ParseError& error, const TToolStreams& streams) const {
+        const int status = App.exit(error, streams.Out, streams.Err);
+        return status == 0 ? Finish(kExitDone, streams) : kExitUsage;
+    }
+
+private:
+    TToolArguments Arguments;
+    CLI::App App{"Reads, checks and orders HDL build files, and keeps their settings.", "hdlbuild"};
+    const TCommand* Command = nullptr;
+};
 
 }  // namespace
 
@@ -89,21 +168,13 @@ void ReportWarning(const TToolStreams& streams, const std::string& message) {
 }
 
 int RunTool(const std::vector<std::string>& arguments, const TToolStreams& streams) {
-    TToolArguments parsed;
-    parsed.Directory = ISFileName::NewISFileName(".")->Canonical(false);
-    CLI::App app("Reads, checks and orders HDL build files, and keeps their settings.", "hdlbuild");
-    app.set_version_flag("--version", "hdlbuild " HDLBUILDFILE_VERSION);
-    app.require_subcommand(1);
-    // On Windows too, '/builds/a.xml' is a path.
-    app.allow_windows_style_options(false);
-    app.footer(kFooter);
-    for (const TCommand& command : Commands()) AddCommand(app, command, parsed);
+    TCommandLine withWords;
+    if (withWords.ParseWithWords(arguments)) return withWords.Run(streams);
+    TCommandLine line;
     try {
-        // CLI11 takes the arguments from the back.
-        app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        line.Parse(arguments);
     } catch (const CLI::ParseError& error) {
-        const int status = app.exit(error, streams.Out, streams.Err);
-        return status == 0 ? Finish(kExitDone, streams) : kExitUsage;
+        return line.Report(error, streams);
     }
-    return Finish(Dispatch(app, parsed, streams), streams);
+    return line.Run(streams);
 }

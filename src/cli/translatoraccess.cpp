@@ -2,7 +2,6 @@
 #include "cli/buildloader.h"
 #include "cli/filereports.h"
 #include "sibling/fileservices/isfilename.h"
-#include "sibling/utilities/xmlsectionfile.h"
 #include "translation/v2vtranslationoption.h"
 
 namespace {
@@ -14,19 +13,15 @@ constexpr TTranslator kTranslators[] = {
      TV2VTranslationOptionsList::PopulateWithDefaultVhdl2VerilogOptions},
 };
 
-/// The section of one translator in a build file.
-class TOptionsDocument : public TXMLSectionFile {
-public:
-    // Readers of build files take a section at every depth.
-    TOptionsDocument(const TTranslator& translator, const TV2VTranslationOptionsList& options)
-        : TXMLSectionFile(translator.Tag, "HdlBuildFile", ANYWHERE), Options(options) {}
-
-protected:
-    void FillSection() override { Options.WriteToFile(this); }
-
-private:
-    const TV2VTranslationOptionsList& Options;
-};
+/// Whether the document holds a section of another translator, too.
+bool HoldsOthers(const TXMLList& document, const char* tag) {
+    for (DListIterator<TElement*> element(document); element.NotAtTail(); ++element)
+        for (const TTranslator& other : kTranslators)
+            if (element.Current()->ElemType == TElement::START &&
+                element.Current()->Name == other.Tag && std::string(other.Tag) != tag)
+                return true;
+    return false;
+}
 
 }  // namespace
 
@@ -49,15 +44,26 @@ int TTranslatorAccess::Read() {
                     "unknown translator '" + Arguments.Translator + "'; known: v2vhdl, vhdl2v");
         return kExitUsage;
     }
+    ReadSection();
     THdlBuildFile build;
     if (LoadBuild(Arguments, Streams, &build) == kExitFile) return kExitFile;
     TakeOptions(build);
     StateRead = GetState();
+    for (TV2VTranslationOption* option : *Options) ArgumentsRead.push_back(ArgumentsOf(*option));
     const THdlBuildFileReadResults result = build.GetReadResult();
     // Sources that are missing do not matter to the switches.
     if (result == READ_NO_ERROR || result == READ_FILES_MISSING) return kExitDone;
     ReportReadResult(build, Streams);
     return kExitProblems;
+}
+
+// Earlier than the build: should others save in between, they are not saved over. Why a file cannot
+// be read, the build tells.
+void TTranslatorAccess::ReadSection() {
+    const TQuietMessageBox quiet;
+    TTranslatorSection section(Translator->Tag);
+    section.ReadFile(ISFileName::NewISFileName(Arguments.Build.c_str())->Canonical(false));
+    SectionRead = section.GetSectionText();
 }
 
 // The build never deletes its list.
@@ -71,9 +77,8 @@ void TTranslatorAccess::TakeOptions(THdlBuildFile& build) {
 TState TTranslatorAccess::GetState() const {
     TState state;
     for (TV2VTranslationOption* option : *Options) {
-        const std::string arguments = option->GetListDisplayString();
-        const std::string text = arguments.empty() ? "on" : "on: " + arguments;
-        state.emplace_back(option->GetDashOption(), option->IsEnabled() ? text : "off");
+        const TJson on = option->HasStringOption() ? TJson(ArgumentsOf(*option)) : TJson("on");
+        state.emplace_back(option->GetDashOption(), option->IsEnabled() ? on : TJson("off"));
     }
     return state;
 }
@@ -95,24 +100,47 @@ bool TTranslatorAccess::IsEnabledByDefault(const TV2VTranslationOption& option) 
     return MakeDefaults(*Translator)->IsOptionEnabled(option.GetDashOption());
 }
 
+std::vector<TChangedSwitch> TTranslatorAccess::FindChanges() const {
+    const TState state = GetState();
+    std::vector<TChangedSwitch> changes;
+    for (std::size_t i = 0; i < state.size(); ++i) {
+        TV2VTranslationOption* option = Options->begin()[static_cast<std::ptrdiff_t>(i)];
+        if (state[i] != StateRead[i])
+            changes.push_back({option, ArgumentsOf(*option) != ArgumentsRead[i]});
+    }
+    return changes;
+}
+
+// Why the section in the file, as it is by now, cannot take changes; "" when it can.
+std::string TTranslatorAccess::FindProblem(const TTranslatorSection& section) const {
+    constexpr const char* kOfOne = "a build keeps the switches of one translator, and this one ";
+    if (OthersBuild) return std::string(kOfOne) + "those of the other";
+    if (HoldsOthers(section, Translator->Tag)) return std::string(kOfOne) + "holds those of both";
+    return section.GetSectionCount() > 1 ? "the file holds the switches more than once" : "";
+}
+
 int TTranslatorAccess::Save(const char* verb) {
     const char* const path = ISFileName::NewISFileName(Arguments.Build.c_str())->Canonical(false);
     const TQuietMessageBox quiet;
-    TOptionsDocument document(*Translator, *Options);
-    document.ReadFile(path);
-    if (OthersBuild || document.GetSectionCount() > 1) {
-        ReportError(
-            Streams,
-            Arguments.Build + (OthersBuild ? ": a build keeps the switches of one translator, and "
-                                             "this one those of the other"
-                                           : ": the file holds the switches more than once"));
+    TTranslatorSection section(Translator->Tag);
+    if (!section.ReadFile(path)) {
+        TXMLReadError error = section.GetReadError();
+        error.File = Arguments.Build;  // as the user typed it
+        ReportError(Streams, ReadErrorText(error));
+        return kExitFile;
+    }
+    if (const std::string problem = FindProblem(section); !problem.empty()) {
+        ReportError(Streams, Arguments.Build + ": " + problem);
         return kExitProblems;
     }
     TJson result = MakeResult(("hdlbuild-translator-" + std::string(verb)).c_str(), Arguments);
     result["translator"] = Translator->Name;
     const TFileChange change{std::move(result), Arguments.Build, StateRead, GetState()};
     return SaveChange(change, Arguments, Streams, [&]() -> std::string {
-        if (document.ReplaceSection(path)) return "";
+        if (section.GetSectionText() != SectionRead)
+            return "the switches in the file have changed since they were read";
+        section.Change(FindChanges());
+        if (section.ReplaceSection(path)) return "";
         return quiet.GetText().empty() ? "the file holds no build" : quiet.GetText();
     });
 }

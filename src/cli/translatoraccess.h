@@ -1,8 +1,11 @@
 #pragma once
 #include "cli/changereport.h"
 #include "cli/tool.h"
+#include "cli/translatorsection.h"
 #include "translation/v2vtranslationoptionslist.h"
 #include <memory>
+#include <string>
+#include <vector>
 
 class THdlBuildFile;
 class TV2VTranslationOption;
@@ -35,7 +38,9 @@ public:
     bool IsEnabledByDefault(const TV2VTranslationOption& option) const;
 
     /// Saves what differs from what was read, and prints it, for the command called `verb`. Only
-    /// the translator's section of the build file changes.
+    /// the elements of the switches that changed are replaced in the build file. When its section
+    /// has changed since the read, it stays: one line on Err, and kExitFile. (Who saves after that
+    /// look, while the new file is written, is not noticed.)
     int Save(const char* verb);
 
 private:
@@ -45,13 +50,18 @@ private:
     using TOptions = std::unique_ptr<TV2VTranslationOptionsList, TOptionsDeleter>;
 
     static TOptions MakeDefaults(const TTranslator& translator);
+    void ReadSection();
     void TakeOptions(THdlBuildFile& build);
     TState GetState() const;
+    std::vector<TChangedSwitch> FindChanges() const;
+    std::string FindProblem(const TTranslatorSection& section) const;
 
     const TToolArguments& Arguments;
     const TToolStreams& Streams;
     const TTranslator* Translator = nullptr;
     TOptions Options;
+    std::string SectionRead;  // as TXMLSectionFile tells sections apart
     TState StateRead;
+    std::vector<std::vector<std::string>> ArgumentsRead;  // of the switches, in list order
     bool OthersBuild = false;
 };

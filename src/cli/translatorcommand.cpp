@@ -18,9 +18,9 @@ std::string SetArguments(TV2VTranslationOption& option, const std::vector<std::s
     if (!option.HasStringOption())
         return words.size() > 1 ? "the switch '" + name + "' takes no arguments" : "";
     if (words.size() < 2)
-        return *option.GetListDisplayString()
-                   ? ""
-                   : "the switch '" + name + "' needs arguments: " + option.GetOptionString();
+        return ArgumentsOf(option).empty()
+                   ? "the switch '" + name + "' needs arguments: " + option.GetOptionString()
+                   : "";
     if (auto* files = dynamic_cast<TV2VTranslationFileOption*>(&option))
         ReplaceEntries(*files, words);
     if (auto* strings = dynamic_cast<TV2VTranslationStringOption*>(&option))
@@ -42,7 +42,7 @@ TJson OptionAsJson(TV2VTranslationOption& option) {
             {"help", option.GetDescription()},
             {"enabled", option.IsEnabled()},
             {"takesArguments", option.HasStringOption()},
-            {"arguments", option.GetListDisplayString()}};
+            {"arguments", ArgumentsOf(option)}};
 }
 
 TJson MakeTranslatorResult(const char* format, const TToolArguments& arguments) {
@@ -95,10 +95,11 @@ int RunTranslatorDisable(const TToolArguments& arguments, const TToolStreams& st
         ReportError(streams, "disable takes one SWITCH");
         return kExitUsage;
     }
-    // Files hold enabled switches only, so a reader would turn it on again.
-    if (translator.IsEnabledByDefault(*option)) {
-        ReportError(streams, "the switch '" + std::string(option->GetDashOption()) +
-                                 "' is enabled by default, which a build file cannot change");
+    // The library writes enabled switches only, so its next reader would turn it on again.
+    if (option->IsEnabled() && translator.IsEnabledByDefault(*option)) {
+        ReportError(streams,
+                    "the switch '" + std::string(option->GetDashOption()) +
+                        "' is enabled by default, and a build that is saved would enable it again");
         return kExitProblems;
     }
     option->SetEnabled(false);

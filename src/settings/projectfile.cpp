@@ -12,6 +12,9 @@ public:
         : TXMLSectionFile("ProjectSettings", "SimulationProject", CHILD_OF_ROOT),
           Settings(settings) {}
 
+    /// Which file and settings these are, for a comparison with those on disk at another time.
+    std::string GetState() const { return IsEmpty() ? "" : "file " + GetSectionText(); }
+
     TProjectFileResult Read(const char* path) {
         if (!ReadFile(path))
             return GetReadError().Missing ? PROJECT_FILE_MISSING : PROJECT_FILE_UNREADABLE;
@@ -32,6 +35,7 @@ TProjectFileResult TProjectFile::Read(TProjectSimSettings* settings) {
     TProjectDocument document(settings);
     ReadResult = document.Read(File->Canonical(false));
     ReadError = document.GetReadError();
+    StateRead = document.GetState();
     settings->SetProjectFileName(File);
     if (ReadResult != PROJECT_FILE_DONE || document.GetSectionCount() == 0) return ReadResult;
     DListIterator<TElement*> section = document.GetSection();
@@ -46,7 +50,10 @@ TProjectFileResult TProjectFile::Save(TProjectSimSettings* settings) {
     const TProjectFileResult result = document.Read(path);
     ReadError = document.GetReadError();
     if (result != PROJECT_FILE_DONE && result != PROJECT_FILE_MISSING) return result;
-    return document.ReplaceSection(path) ? PROJECT_FILE_DONE : PROJECT_FILE_NOT_WRITTEN;
+    if (StateRead && *StateRead != document.GetState()) return PROJECT_FILE_CHANGED;
+    if (!document.ReplaceSection(path)) return PROJECT_FILE_NOT_WRITTEN;
+    StateRead = document.GetState();
+    return PROJECT_FILE_DONE;
 }
 
 const char* TProjectFile::GetErrorString(TProjectFileResult result) {
@@ -58,6 +65,7 @@ const char* TProjectFile::GetErrorString(TProjectFileResult result) {
         "the file holds the section ProjectSettings more than once",
         "the section ProjectSettings cannot be read",
         "the file cannot be written",
+        "the settings in the file have changed since they were read",
     };
     const auto number = static_cast<std::size_t>(result);
     return number < std::size(kTexts) ? kTexts[number] : "unknown error";

@@ -1,5 +1,7 @@
 #pragma once
 #include "sibling/utilities/xmllist.h"
+#include <optional>
+#include <string>
 
 class TProjectSimSettings;
 
@@ -10,7 +12,8 @@ enum TProjectFileResult : int {
     PROJECT_FILE_FOREIGN = 3,
     PROJECT_FILE_REPEATED_SETTINGS = 4,
     PROJECT_FILE_INVALID_SETTINGS = 5,
-    PROJECT_FILE_NOT_WRITTEN = 6
+    PROJECT_FILE_NOT_WRITTEN = 6,
+    PROJECT_FILE_CHANGED = 7  ///< the settings in the file are no longer those that were read
 };
 
 /// A project file (".hpj") on disk: the settings, in the element "ProjectSettings" directly below
@@ -28,9 +31,12 @@ public:
     TProjectFileResult Read(TProjectSimSettings* settings);
 
     /// Replaces the settings in the file as it is on disk by now, so that a save keeps what other
-    /// components saved meanwhile. A missing file is made. After a
-    /// read that failed nothing is saved, as `settings` may lack configurations: the result of that
-    /// read is repeated. On failure the file stays as it was.
+    /// components saved meanwhile. A missing file is made. Settings that are no longer those of the
+    /// last Read or Save, a file made and a file deleted since included, are not replaced:
+    /// PROJECT_FILE_CHANGED. (Who saves after this comparison, while the new file is written, is
+    /// not noticed.) Without a Read there is nothing to compare. After a read that failed nothing
+    /// is saved, as `settings` may lack configurations: the result of that read is repeated. On
+    /// failure the file stays as it was.
     TProjectFileResult Save(TProjectSimSettings* settings);
 
     /// Of the last Read or Save.
@@ -42,4 +48,5 @@ private:
     const ISFileName* File;
     TProjectFileResult ReadResult = PROJECT_FILE_DONE;
     TXMLReadError ReadError;
+    std::optional<std::string> StateRead;  // of the file, as of the last Read or Save
 };

@@ -1,4 +1,5 @@
-#include "sibling/fileservices/directories.h"
+#include "cli/serveraccess.h"
+#include "tests/cli/appdatadirectory.h"
 #include "tests/cli/toolrun.h"
 #include <gtest/gtest.h>
 
@@ -26,18 +27,12 @@ std::string ToolText(const std::string& name, const std::string& language,
            language + "</Tool>\n";
 }
 
-/// The process asks for the default file once: all tests share this one.
 class DefaultServersFile : public testing::Test {
 protected:
-    DefaultServersFile() {
-        static const TemporaryFolder folder;
-        SetTalveraAppDataDirectory((folder.Path("data") + "/").c_str());
-        Path = folder.Path("data/simulators.cfg");
-        std::filesystem::remove(Path);
-    }
-    ~DefaultServersFile() override { SetTalveraAppDataDirectory(nullptr); }
+    DefaultServersFile() { std::filesystem::remove(Path); }
 
-    std::string Path;
+    const AppDataDirectory Directory;
+    const std::string Path = AppDataDirectory::Path("simulators.cfg");
 };
 
 }  // namespace
@@ -48,9 +43,9 @@ TEST_F(DefaultServersFile, IsThatOfLocalhost) {
               "SIMULATOR     LANGUAGE  PATH  PLI LIBRARY\n"
               "SimZorvik CL  Verilog   -     -\n");
     EXPECT_FALSE(std::filesystem::exists(Path));
-    EXPECT_EQ(
-        Servers({"add", "localhost", "VCS", "--pli", "a.so"}),
-        "localhost: VCS: none -> {\"path\":\"\",\"pliLibrary\":\"a.so\"}\n" + Path + ": saved\n");
+    EXPECT_EQ(Servers({"add", "localhost", "VCS", "--pli", "a.so"}),
+              "localhost: VCS Verilog: none -> {\"path\":\"\",\"pliLibrary\":\"a.so\"}\n" + Path +
+                  ": saved\n");
     EXPECT_EQ(Servers({"list"}),
               "SIMULATOR     LANGUAGE  PATH  PLI LIBRARY\n"
               "SimZorvik CL  Verilog   -     -\n"
@@ -71,19 +66,88 @@ TEST_F(DefaultServersFile, PrintsAsJson) {
 TEST(ServersCommand, AddsSimulatorsToAServer) {
     const WorkingFolder folder;
     EXPECT_EQ(Servers({"add", "build1", "GCC", "--file", "a.cfg"}),
-              "build1: GCC: none -> {\"path\":\"\",\"pliLibrary\":\"\"}\na.cfg: saved\n");
+              "build1: GCC C++: none -> {\"path\":\"\",\"pliLibrary\":\"\"}\n"
+              "build1: GCC TestBuilder: none -> {\"path\":\"\",\"pliLibrary\":\"\"}\n"
+              "a.cfg: saved\n");
     EXPECT_EQ(Servers({"add", "build1", "GCC", "--file", "a.cfg"}), "a.cfg: nothing to change\n");
     EXPECT_EQ(Servers({"add", "build1", "27", "--file", "a.cfg", "--pli", "p & q"}),
-              "build1: GCC: {\"path\":\"\",\"pliLibrary\":\"\"} -> "
+              "build1: GCC C++: {\"path\":\"\",\"pliLibrary\":\"\"} -> "
+              "{\"path\":\"\",\"pliLibrary\":\"p & q\"}\n"
+              "build1: GCC TestBuilder: {\"path\":\"\",\"pliLibrary\":\"\"} -> "
               "{\"path\":\"\",\"pliLibrary\":\"p & q\"}\na.cfg: saved\n");
     EXPECT_EQ(Servers({"add", "build1", "ModelSim VHDL", "--file", "a.cfg", "--path",
                        "D:\\sim\\vsim.exe", "--dry-run"}),
-              "build1: ModelSim VHDL: none -> {\"path\":\"D:\\\\sim\\\\vsim.exe\","
+              "build1: ModelSim VHDL VHDL: none -> {\"path\":\"D:\\\\sim\\\\vsim.exe\","
               "\"pliLibrary\":\"\"}\na.cfg: not saved (dry run)\n");
     // The last record of a new simulator is read first.
     EXPECT_EQ(folder.Read("a.cfg"), FileText(ToolText("GCC", "TestBuilder", "", "p &amp; q") +
                                              ToolText("GCC", "C++", "", "p &amp; q")));
     EXPECT_EQ(folder.List(), "a.cfg\n");
+}
+
+TEST(ServersCommand, ChangesEveryRecordOfASimulator) {
+    const WorkingFolder folder;
+    folder.Write("a.cfg", FileText(ToolText("GCC", "C++") +
+                                   ToolText("GCC", "TestBuilder", "D:\\gcc.exe", "p")));
+    EXPECT_EQ(Servers({"add", "far", "GCC", "--file", "a.cfg", "--path", "D:\\gcc.exe"}),
+              "far: GCC C++: {\"path\":\"\",\"pliLibrary\":\"\"} -> "
+              "{\"path\":\"D:\\\\gcc.exe\",\"pliLibrary\":\"\"}\na.cfg: saved\n");
+    const TToolRun run = RunHdlbuild({"servers", "list", "far", "--file", "a.cfg"});
+    EXPECT_EQ(run.Out,
+              "SIMULATOR  LANGUAGE     PATH        PLI LIBRARY\n"
+              "GCC        C++          D:\\gcc.exe  -\n"
+              "GCC        TestBuilder  D:\\gcc.exe  p\n");
+}
+
+TEST(ServersCommand, KeepsALanguageThatASimulatorDoesNotRun) {
+    const WorkingFolder folder;
+    folder.Write("a.cfg", FileText(ToolText("VCS", "VHDL")));
+    EXPECT_EQ(Servers({"add", "far", "VCS", "--file", "a.cfg", "--pli", "p"}),
+              "far: VCS VHDL: {\"path\":\"\",\"pliLibrary\":\"\"} -> "
+              "{\"path\":\"\",\"pliLibrary\":\"p\"}\na.cfg: saved\n");
+    EXPECT_EQ(folder.Read("a.cfg"), FileText(ToolText("VCS", "VHDL", "", "p")));
+    EXPECT_EQ(Servers({"remove", "far", "VCS", "--file", "a.cfg"}),
+              "far: VCS VHDL: {\"path\":\"\",\"pliLibrary\":\"p\"} -> none\na.cfg: saved\n");
+}
+
+TEST(ServersCommand, OffersASimulatorForTheLanguagesThatTheFileLacks) {
+    const WorkingFolder folder;
+    for (const char* language : {"C++", "TestBuilder"}) {
+        folder.Write("a.cfg", FileText(ToolText("GCC", language, "D:\\gcc.exe")));
+        Servers({"add", "far", "VCS", "--file", "a.cfg"});
+        const std::string other = language == std::string("C++") ? "TestBuilder" : "C++";
+        EXPECT_EQ(folder.Read("a.cfg"),
+                  FileText(ToolText("GCC", other) + ToolText("GCC", language, "D:\\gcc.exe") +
+                           ToolText("VCS", "Verilog")))
+            << language;
+        EXPECT_EQ(Servers({"add", "far", "VCS", "--file", "a.cfg"}), "a.cfg: nothing to change\n");
+    }
+}
+
+TEST(ServersCommand, ChangesNoFileThatChangedMeanwhile) {
+    const std::string files[] = {"", FileText(ToolText("VCS", "Verilog")),
+                                 FileText(ToolText("Scirocco", "VHDL"))};
+    for (const std::string& before : files)
+        for (const std::string& after : files) {
+            if (before == after || after.empty()) continue;
+            const WorkingFolder folder;
+            if (!before.empty()) folder.Write("a.cfg", before);
+            TToolArguments arguments;
+            arguments.Server = "far";
+            arguments.SimulatorsFile = "a.cfg";
+            std::ostringstream out;
+            std::ostringstream err;
+            const TToolStreams streams{out, err};
+            TServerAccess server(arguments, streams);
+            ASSERT_EQ(server.Read(false), kExitDone);
+            server.GetCourier().CreateOrGetSimTool("far", SIM_GCC);
+            folder.Write("a.cfg", after);
+            EXPECT_EQ(server.Save("add"), kExitFile);
+            EXPECT_EQ(out.str(), "");
+            EXPECT_EQ(err.str(),
+                      "hdlbuild: error: a.cfg: the file has changed since it was read\n");
+            EXPECT_EQ(folder.Read("a.cfg"), after);
+        }
 }
 
 TEST(ServersCommand, StoresAnExecutablesWholePath) {
@@ -134,7 +198,7 @@ TEST(ServersCommand, RemovesSimulatorsFromAServer) {
               "  \"server\": \"build1\",\n"
               "  \"changes\": [\n"
               "    {\n"
-              "      \"what\": \"build1: VCS\",\n"
+              "      \"what\": \"build1: VCS Verilog\",\n"
               "      \"before\": {\n"
               "        \"path\": \"\",\n"
               "        \"pliLibrary\": \"\"\n"
@@ -148,7 +212,7 @@ TEST(ServersCommand, RemovesSimulatorsFromAServer) {
     EXPECT_EQ(Servers({"remove", "build1", "VCS", "--file", "a.cfg"}),
               "2\nhdlbuild: error: build1 does not offer 'VCS'; it offers: Scirocco\n");
     EXPECT_EQ(Servers({"remove", "build1", "Scirocco", "--file", "a.cfg"}),
-              "build1: Scirocco: {\"path\":\"\",\"pliLibrary\":\"\"} -> none\na.cfg: saved\n");
+              "build1: Scirocco VHDL: {\"path\":\"\",\"pliLibrary\":\"\"} -> none\na.cfg: saved\n");
     EXPECT_EQ(folder.Read("a.cfg"),
               "<!DOCTYPE HdlBuildFileList SYSTEM \"serverconfigurationfile.dtd\">\n"
               "<HdlBuildFileList/>\n");
@@ -160,7 +224,7 @@ TEST(ServersCommand, LeavesLocalhostItsFirstSimulator) {
     const WorkingFolder folder;
     folder.Write("a.cfg", FileText(ToolText("SimZorvik CL", "Verilog", "", "pli")));
     EXPECT_EQ(Servers({"remove", "localhost", "SimZorvik CL", "--file", "a.cfg"}),
-              "localhost: SimZorvik CL: {\"path\":\"\",\"pliLibrary\":\"pli\"} -> "
+              "localhost: SimZorvik CL Verilog: {\"path\":\"\",\"pliLibrary\":\"pli\"} -> "
               "{\"path\":\"\",\"pliLibrary\":\"\"}\na.cfg: saved\n");
     EXPECT_EQ(folder.Read("a.cfg"), FileText(ToolText("SimZorvik CL", "Verilog")));
 }
@@ -192,15 +256,45 @@ TEST(ServersCommand, ChangesNoFileThatItWouldNotKeepWhole) {
         {"cut short", "<HdlBuildFileList>", 3,
          "1:19: the document ends inside element \"HdlBuildFileList\""},
         {"a build file", "<HdlBuildFileList><HdlBuildFile/></HdlBuildFileList>", 1,
-         " no simulators file can hold the unknown element HdlBuildFile"},
+         " a save would lose the unknown element HdlBuildFile"},
         {"unknown simulator", FileText(ToolText("New", "VHDL") + ToolText("VCS", "Verilog")), 1,
-         " no simulators file can hold the unknown simulator 'New'"},
+         " a save would lose the unknown simulator 'New'"},
         {"no simulator", FileText("    <Tool>VHDL</Tool>\n"), 1,
-         " no simulators file can hold the unknown simulator ''"},
+         " a save would lose the unknown simulator ''"},
         {"other element", FileText(ToolText("VCS", "Verilog") + "    <Other/>\n"), 1,
-         " no simulators file can hold the unknown element Other"},
+         " a save would lose the unknown element Other"},
+        {"text instead of a tool", FileText("    text\n" + ToolText("VCS", "Verilog")), 1,
+         " a save would lose a text in ExternalSimulatorSettings"},
+        {"text behind a tool", FileText(ToolText("VCS", "Verilog") + "    text\n"), 1,
+         " a save would lose a text in ExternalSimulatorSettings"},
+        {"text beside the section", "<HdlBuildFileList>text</HdlBuildFileList>", 1,
+         " a save would lose a text in HdlBuildFileList"},
+        {"second section",
+         "<HdlBuildFileList><ExternalSimulatorSettings/><ExternalSimulatorSettings/>"
+         "</HdlBuildFileList>",
+         1, " a save would lose the second ExternalSimulatorSettings"},
+        {"a tool twice", FileText(ToolText("VCS", "Verilog") + ToolText("VCS", "Verilog")), 1,
+         " a save would lose the second VCS for Verilog"},
+        {"a language twice", FileText(ToolText("GCC", "C++") + ToolText("GCC", "c++")), 1,
+         " a save would lose the second GCC for C++"},
+        {"more than its languages", FileText(ToolText("VCS", "Verilog") + ToolText("VCS", "VHDL")),
+         1, " a save would lose the second VCS"},
+        {"unknown language", FileText(ToolText("VCS", "Ada")), 1,
+         " a save would lose the language 'Ada' of VCS"},
+        {"no language", FileText("    <Tool Name=\"VCS\"/>\n"), 1,
+         " a save would lose the language '' of VCS"},
+        {"attribute of a tool", FileText("    <Tool Name=\"VCS\" New=\"1\">Verilog</Tool>\n"), 1,
+         " a save would lose the unknown attribute New of VCS"},
+        {"attribute of the section",
+         "<HdlBuildFileList><ExternalSimulatorSettings New=\"1\"/></HdlBuildFileList>", 1,
+         " a save would lose the unknown attribute New of ExternalSimulatorSettings"},
+        {"attribute of the root", "<HdlBuildFileList New=\"1\"/>", 1,
+         " a save would lose the unknown attribute New of HdlBuildFileList"},
+        {"text behind the element in a tool",
+         FileText("    <Tool Name=\"VCS\">Verilog<Tool/>x</Tool>\n"), 1,
+         " a save would lose the unknown element Tool"},
         {"element in a tool", FileText("    <Tool Name=\"VCS\">VHDL<Tool/></Tool>\n"), 1,
-         " no simulators file can hold the unknown element Tool"},
+         " a save would lose the unknown element Tool"},
     };
     for (const auto& row : rows) {
         folder.Write("a.cfg", row.Document);
@@ -221,8 +315,7 @@ TEST(ServersCommand, ListsWhatItKnowsOfAFile) {
     EXPECT_EQ(run.Out,
               "SIMULATOR  LANGUAGE  PATH  PLI LIBRARY\n"
               "VCS        Verilog   -     -\n");
-    EXPECT_EQ(run.Err,
-              "hdlbuild: error: a.cfg: no simulators file can hold the unknown simulator 'New'\n");
+    EXPECT_EQ(run.Err, "hdlbuild: error: a.cfg: a save would lose the unknown simulator 'New'\n");
 }
 
 TEST(ServersCommand, ReportsAMissingFile) {

@@ -1,3 +1,4 @@
+#include "cli/projectaccess.h"
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
 #include "tests/cli/userinifile.h"
@@ -207,10 +208,68 @@ TEST(SettingsCommand, ResetsAConfiguration) {
               "p.hpj: saved\n");
     EXPECT_EQ(Settings({"list"}), "* Release\n  Debug\n");
     // Empty include lists are not stored, and read as the project's directory.
-    EXPECT_EQ(Settings({"reset", "Debug"}),
-              "Debug: C++ IncludeDirectories: [\".\"] -> []\n"
-              "Debug: TestBuilder IncludeDirectories: [\".\"] -> []\n"
+    EXPECT_EQ(Settings({"reset", "Release", "--debug"}), "p.hpj: nothing to change\n");
+    EXPECT_EQ(Settings({"reset", "Debug"}), "p.hpj: nothing to change\n");
+}
+
+// Without a current configuration, a file names the one that is called as itself.
+TEST(SettingsCommand, ReportsTheCurrentConfigurationThatAReaderFinds) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj", ProjectText());
+    Settings({"copy", "Debug", "p"});
+    EXPECT_EQ(Settings({"remove", "Release"}),
+              "current configuration: \"Release\" -> \"p\"\n"
+              "configurations: [\"Release\",\"Debug\",\"p\"] -> [\"Debug\",\"p\"]\n"
               "p.hpj: saved\n");
+    EXPECT_EQ(Settings({"list"}), "  Debug\n* p\n");
+}
+
+TEST(SettingsCommand, TellsConfigurationsOfOneNameApart) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj",
+                 "<SimulationProject><ProjectSettings>"
+                 "<ProjectSettingsConfiguration ConfigurationName=\"a\"/>"
+                 "<ProjectSettingsConfiguration ConfigurationName=\"b\"/>"
+                 "<ProjectSettingsConfiguration ConfigurationName=\"a\">"
+                 "<GeneralConfiguration LogFileName=\"2.log\"/></ProjectSettingsConfiguration>"
+                 "</ProjectSettings></SimulationProject>");
+    EXPECT_EQ(Settings({"current", "b"}), "current configuration: none -> \"b\"\np.hpj: saved\n");
+    EXPECT_EQ(Settings({"set", "a", "LogFileName", "1.log"}),
+              "a (1 of 2): LogFileName: \"simulation.log\" -> \"1.log\"\np.hpj: saved\n");
+    EXPECT_EQ(Settings({"remove", "a"}),
+              "configurations: [\"a\",\"b\",\"a\"] -> [\"b\",\"a\"]\np.hpj: saved\n");
+    EXPECT_EQ(Settings({"set", "a", "LogFileName", "3.log"}),
+              "a: LogFileName: \"2.log\" -> \"3.log\"\np.hpj: saved\n");
+}
+
+TEST(SettingsCommand, ChangesNoSettingsThatChangedMeanwhile) {
+    const struct {
+        const char* Label;
+        std::string Before, After;
+    } rows[] = {
+        {"settings changed", ProjectText(), "<SimulationProject/>"},
+        {"file made", "", ProjectText()},
+    };
+    for (const auto& row : rows) {
+        const WorkingFolder folder;
+        if (!row.Before.empty()) folder.Write("p.hpj", row.Before);
+        TToolArguments arguments;
+        arguments.Project = "p.hpj";
+        std::ostringstream out;
+        std::ostringstream err;
+        const TToolStreams streams{out, err};
+        TProjectAccess project(arguments, streams);
+        ASSERT_EQ(project.Read(true), kExitDone) << row.Label;
+        project.GetSettings().AddConfiguration(new TProjectSimConfig(false));
+        folder.Write("p.hpj", row.After);
+        EXPECT_EQ(project.Save("copy"), kExitFile) << row.Label;
+        EXPECT_EQ(out.str(), "") << row.Label;
+        EXPECT_EQ(err.str(),
+                  "hdlbuild: error: p.hpj: the settings in the file have changed since they were "
+                  "read\n")
+            << row.Label;
+        EXPECT_EQ(folder.Read("p.hpj"), row.After) << row.Label;
+    }
 }
 
 TEST(SettingsCommand, ChangesNothingInADryRun) {

@@ -161,6 +161,69 @@ TEST(SettingsSetCommand, RemovesEntriesOfLists) {
               Error("'.vo' is not listed in LibraryExtensions; listed: .v"));
 }
 
+// An empty include list is not stored, and reads as the project's directory.
+TEST(SettingsSetCommand, ReportsAListAsItReadsBack) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj", ProjectText());
+    const std::vector<std::string> clear = {"IncludeDirectories", "--language", "Verilog",
+                                            "--clear"};
+    EXPECT_EQ(Set(clear), Saved("Verilog IncludeDirectories: [\"inc\",\"${IP}/inc\"] -> [\".\"]"));
+    EXPECT_EQ(Set(clear), "p.hpj: nothing to change\n");
+    EXPECT_EQ(Set({"LibraryExtensions", "--language", "Verilog", "--clear"}),
+              Saved("Verilog LibraryExtensions: [\".v\"] -> []"));
+}
+
+TEST(SettingsSetCommand, KnowsADirectoryInEveryForm) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj",
+                 "<SimulationProject><ProjectSettings>"
+                 "<ProjectSettingsConfiguration ConfigurationName=\"Release\">"
+                 "<LanguageSettings Language=\"Verilog\">"
+                 "<LibraryDirectories><Directory>.</Directory><Directory>lib</Directory>"
+                 "<Directory>" +
+                     folder.Path("abs") +
+                     "/</Directory>"
+                     "<Directory>${IP}/lib/</Directory><Directory>../up</Directory>"
+                     "</LibraryDirectories></LanguageSettings>"
+                     "</ProjectSettingsConfiguration>"
+                     "</ProjectSettings></SimulationProject>");
+    // An absolute directory loses its final delimiter once it was written relative.
+    const std::string listed = "[\".\",\"lib\",\"abs/\",\"${IP}/lib/\",\"../up\"]";
+    const auto change = [](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(),
+                         {"LibraryDirectories", "--language", "Verilog", "--dry-run"});
+        return Set(arguments);
+    };
+    const auto changed = [&listed](const std::string& after) {
+        return "Release: Verilog LibraryDirectories: " + listed + " -> " + after +
+               "\np.hpj: not saved (dry run)\n";
+    };
+    const struct {
+        std::vector<std::string> Forms;
+        const char* After;
+    } rows[] = {
+        {{".", "./", "lib/..", folder.Path(), folder.Path() + "/"},
+         "[\"lib\",\"abs\",\"${IP}/lib/\",\"../up\"]"},
+        {{"lib", "lib/", "./lib", "lib/.", "a/../lib", folder.Path("lib"),
+          folder.Path("lib") + "/"},
+         "[\".\",\"abs\",\"${IP}/lib/\",\"../up\"]"},
+        {{"abs", "abs/", folder.Path("abs"), folder.Path("abs") + "/"},
+         "[\".\",\"lib\",\"${IP}/lib/\",\"../up\"]"},
+        {{"${IP}/lib/", "${IP}/lib"}, "[\".\",\"lib\",\"abs\",\"../up\"]"},
+        {{"../up", "../up/", "./../up"}, "[\".\",\"lib\",\"abs\",\"${IP}/lib/\"]"},
+    };
+    for (const auto& row : rows)
+        for (const std::string& form : row.Forms) {
+            EXPECT_EQ(change({"--add", form}), "p.hpj: nothing to change\n") << form;
+            EXPECT_EQ(change({"--remove", form}), changed(row.After)) << form;
+        }
+    EXPECT_EQ(change({"--add", "new", "--add", "./new/"}),
+              changed("[\".\",\"lib\",\"abs\",\"${IP}/lib/\",\"../up\",\"new\"]"));
+    EXPECT_EQ(change({"--remove", "Lib"}),
+              Error("'Lib' is not listed in LibraryDirectories; listed: ., lib, abs/, ${IP}/lib/, "
+                    "../up"));
+}
+
 TEST(SettingsSetCommand, RefusesWhatASettingDoesNotTake) {
     const WorkingFolder folder;
     folder.Write("p.hpj", ProjectText());

@@ -1,6 +1,7 @@
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
 #include "tests/cli/userinifile.h"
+#include "tests/support/recorders.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -79,6 +80,37 @@ TEST(TemplatesCommand, ShowsATemplateOfTheIniFile) {
               "  \"name\": \"Nightly\",\n"
               "  \"general\": {\n"
               "    \"LogFileName\": \"nightly.log\",\n");
+}
+
+TEST(TemplatesCommand, ReportsAnIniFileThatItCannotRead) {
+    const RecordingLog log;
+    const WorkingFolder folder;
+    const std::string file = folder.Write("a.ini", std::string("[\0A\0]\0", 6));
+    const std::string message = "hdlbuild: error: " + file + ": it is not a text file\n";
+    for (const auto& setFile : {SetIniFile, SetSystemIniFile}) {
+        const UserIniFile ini("");
+        setFile(file.c_str());
+        for (const std::vector<std::string>& arguments :
+             {std::vector<std::string>{"templates", "list"},
+              {"templates", "list", "--json"},
+              {"templates", "show", "NCSim"},
+              {"settings", "p.hpj", "copy", "NCSim", "a"}}) {
+            const TToolRun run = RunHdlbuild(arguments);
+            EXPECT_EQ(run.Status, kExitFile) << arguments[1];
+            EXPECT_EQ(run.Out, "") << arguments[1];
+            EXPECT_EQ(run.Err, message) << arguments[1];
+        }
+    }
+    EXPECT_EQ(folder.List(), "a.ini\n");
+}
+
+TEST(TemplatesCommand, CopiesAConfigurationWithoutTheIniFile) {
+    const RecordingLog log;
+    const WorkingFolder folder;
+    const UserIniFile ini("");
+    SetIniFile(folder.Path().c_str());
+    folder.Write("p.hpj", ProjectText());
+    EXPECT_EQ(RunHdlbuild({"settings", "p.hpj", "copy", "Release", "a"}).Status, kExitDone);
 }
 
 TEST(TemplatesCommand, RefusesAnUnknownName) {

@@ -1,4 +1,5 @@
 #include "cli/jsonoutput.h"
+#include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
 #include <gtest/gtest.h>
 
@@ -59,6 +60,81 @@ A simulators file holds the tools of one server and does not name it: SERVER doe
 file, simulators.cfg in the application-data directory, is localhost's; every other server has
 a file of its own, which --file names. localhost always offers SimZorvik CL.
 )");
+}
+
+TEST(Tool, HelpOfAVerbShowsWhatStandsInFrontOfIt) {
+    const struct {
+        std::vector<std::string> Arguments;
+        const char* Usage;
+    } rows[] = {
+        {{"show", "--help"}, "hdlbuild show [OPTIONS] BUILD"},
+        {{"settings", "--help"}, "hdlbuild settings [OPTIONS] PROJECT SUBCOMMAND"},
+        {{"settings", "p", "list", "-h"}, "hdlbuild settings PROJECT list [OPTIONS]"},
+        {{"settings", "p", "set", "--help"},
+         "hdlbuild settings PROJECT set [OPTIONS] NAME KEY [VALUE]"},
+        {{"templates", "show", "-h"}, "hdlbuild templates show [OPTIONS] NAME"},
+        {{"translator", "--help"}, "hdlbuild translator [OPTIONS] BUILD TRANSLATOR [SUBCOMMAND]"},
+        {{"translator", "b", "v2vhdl", "enable", "--help"},
+         "hdlbuild translator BUILD TRANSLATOR enable [OPTIONS] SWITCH [ARGS...]"},
+        {{"translator", "b", "v2vhdl", "disable", "--help"},
+         "hdlbuild translator BUILD TRANSLATOR disable [OPTIONS] SWITCH"},
+    };
+    for (const auto& row : rows) {
+        const TToolRun run = RunHdlbuild(row.Arguments);
+        EXPECT_EQ(run.Status, kExitDone) << row.Usage;
+        const std::size_t begin = run.Out.find("Usage: ");
+        EXPECT_EQ(run.Out.substr(begin, run.Out.find('\n', begin) - begin),
+                  std::string("Usage: ") + row.Usage);
+    }
+}
+
+TEST(Tool, TakesWordsThatLookLikeOptions) {
+    const std::vector<std::string> set = {"settings", "p.hpj", "set", "Release", "RuntimeOptions"};
+    const struct {
+        std::vector<std::string> Words;
+        const char* Value;
+    } rows[] = {
+        {{"-h", "--language", "VHDL"}, "-h"},
+        {{"-help", "--language", "VHDL"}, "-help"},
+        {{"--language", "VHDL", "-hx y"}, "-hx y"},
+        {{"--language", "VHDL", "--", "-h"}, "-h"},
+        {{"--language", "VHDL", "--", "--help"}, "--help"},
+        {{"--language", "VHDL", "--", "--json"}, "--json"},
+        {{"--language", "VHDL", "--", "--"}, "--"},
+        {{"--language", "VHDL", "--", "++"}, "++"},
+        {{"--language", "VHDL", "--", "list"}, "list"},
+    };
+    for (const auto& row : rows) {
+        const WorkingFolder folder;
+        folder.Write("p.hpj", ProjectText());
+        std::vector<std::string> arguments = set;
+        arguments.insert(arguments.end(), row.Words.begin(), row.Words.end());
+        const TToolRun run = RunHdlbuild(arguments);
+        EXPECT_EQ(run.Err, "");
+        EXPECT_EQ(run.Out, "Release: VHDL RuntimeOptions: \"\" -> \"" + std::string(row.Value) +
+                               "\"\np.hpj: saved\n");
+    }
+    const WorkingFolder folder;
+    folder.Write("b.xml", BuildText(""));
+    EXPECT_EQ(
+        RunHdlbuild({"translator", "b.xml", "v2vhdl", "enable", "-rip", "-h", "--dry-run"}).Out,
+        "-rip: \"off\" -> [\"-h\"]\nb.xml: not saved (dry run)\n");
+    EXPECT_EQ(RunHdlbuild({"translator", "b.xml", "v2vhdl", "enable", "--dry-run", "--", "-rip",
+                           "a", "--", "--dry-run"})
+                  .Out,
+              "-rip: \"off\" -> [\"a\",\"--\",\"--dry-run\"]\nb.xml: not saved (dry run)\n");
+}
+
+TEST(Tool, TakesArgumentsBehindTwoDashesByTheirPlaces) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj", ProjectText());
+    folder.Write("--json", BuildText(""));
+    EXPECT_EQ(RunHdlbuild({"check", "--", "--json"}).Out, "--json: no problems\n");
+    EXPECT_EQ(RunHdlbuild({"settings", "p.hpj", "copy", "Debug", "--", "-h"}).Out,
+              "configurations: [\"Release\",\"Debug\"] -> [\"Release\",\"Debug\",\"-h\"]\n"
+              "p.hpj: saved\n");
+    EXPECT_EQ(RunHdlbuild({"settings", "p.hpj", "set", "--", "-h", "LogFileName", "-x"}).Out,
+              "-h: LogFileName: \"simulation.log\" -> \"-x\"\np.hpj: saved\n");
 }
 
 TEST(Tool, ReportsWrongUsageWithStatusTwo) {

@@ -1,4 +1,7 @@
+#include "cli/translatoraccess.h"
 #include "tests/cli/toolrun.h"
+#include "tests/support/elementtext.h"
+#include "translation/v2vtranslationoption.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -77,7 +80,7 @@ TEST(TranslatorCommand, ListsTheSwitchesAsJson) {
                   "      \"help\": \"Read command line arguments from the specified file\",\n"
                   "      \"enabled\": false,\n"
                   "      \"takesArguments\": true,\n"
-                  "      \"arguments\": \"\"\n"
+                  "      \"arguments\": []\n"
                   "    },\n");
     }
 }
@@ -91,22 +94,159 @@ TEST(TranslatorCommand, EnablesAndDisablesSwitches) {
     EXPECT_EQ(Translator({"v2vhdl", "enable", "-87", "--dry-run"}),
               "-87: \"off\" -> \"on\"\nb.xml: not saved (dry run)\n");
     EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip", "-a", "b c"}),
-              "-rip: \"off\" -> \"on: -a b c\"\nb.xml: saved\n");
+              "-rip: \"off\" -> [\"-a\",\"b c\"]\nb.xml: saved\n");
     EXPECT_EQ(folder.Read("b.xml"),
-              Build(Options("      <v2v-ncc Enabled=\"true\"/>\n"
-                            "      <v2v-synth Enabled=\"true\"/>\n"
+              Build(Options("      <v2v-synth Enabled=\"true\"/>\n"
                             "      <v2v-rip Enabled=\"true\">\n"
                             "        <AdditionalOptions>-a</AdditionalOptions>\n"
                             "        <AdditionalOptions>b c</AdditionalOptions>\n"
                             "      </v2v-rip>\n")));
     EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip"}), "b.xml: nothing to change\n");
     EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip", "d"}),
-              "-rip: \"on: -a b c\" -> \"on: d\"\nb.xml: saved\n");
+              "-rip: [\"-a\",\"b c\"] -> [\"d\"]\nb.xml: saved\n");
     EXPECT_EQ(Translator({"v2vhdl", "disable", "-rip"}),
-              "-rip: \"on: d\" -> \"off\"\nb.xml: saved\n");
-    EXPECT_EQ(folder.Read("b.xml"), Build(Options("      <v2v-ncc Enabled=\"true\"/>\n"
-                                                  "      <v2v-synth Enabled=\"true\"/>\n")));
+              "-rip: [\"d\"] -> \"off\"\nb.xml: saved\n");
+    EXPECT_EQ(folder.Read("b.xml"), Build(Options("      <v2v-synth Enabled=\"true\"/>\n")));
     EXPECT_EQ(folder.List(), "b.xml\n");
+}
+
+TEST(TranslatorCommand, TellsArgumentsApartAsThereAreSeveral) {
+    const WorkingFolder folder;
+    folder.Write("b.xml", Build(""));
+    Translator({"v2vhdl", "enable", "-rip", "a", "b c"});
+    EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip", "a b", "c"}),
+              "-rip: [\"a\",\"b c\"] -> [\"a b\",\"c\"]\nb.xml: saved\n");
+    EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip", ""}),
+              "-rip: [\"a b\",\"c\"] -> [\"\"]\nb.xml: saved\n");
+    EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip"}), "b.xml: nothing to change\n");
+    Translator({"v2vhdl", "enable", "-rip", "a b", "c"});
+    const std::string json = Translator({"v2vhdl", "list", "--json"});
+    const std::size_t begin = json.find("\"enabled\"", json.find("\"-rip\""));
+    EXPECT_EQ(json.substr(begin, json.find('}', begin) - begin),
+              "\"enabled\": true,\n"
+              "      \"takesArguments\": true,\n"
+              "      \"arguments\": [\n"
+              "        \"a b\",\n"
+              "        \"c\"\n"
+              "      ]\n"
+              "    ");
+}
+
+TEST(TranslatorCommand, LeavesTheElementsOfAllOtherSwitchesAsTheyAre) {
+    const WorkingFolder folder;
+    const std::string others =
+        "      <v2v-p Enabled=\"true\">\n"
+        "        <AdditionalOptions>sub/a.v</AdditionalOptions>\n"
+        "      </v2v-p>\n"
+        "      <v2v-new Enabled=\"true\" A=\"1\">text<v2v-r/>\n"
+        "      </v2v-new>\n"
+        "      <v2v-e Enabled=\"false\" B=\"2\"/>\n"
+        "      <v2v-ncc Enabled=\"false\"/>\n"
+        "      <Foreign/>\n";
+    const std::string rip =
+        "      <v2v-rip Enabled=\"false\">\n"
+        "        <AdditionalOptions>a</AdditionalOptions>\n"
+        "      </v2v-rip>\n";
+    folder.Write("b.xml", Build(Options(rip + others)));
+    EXPECT_EQ(Translator({"v2vhdl", "enable", "-r"}), "-r: \"off\" -> \"on\"\nb.xml: saved\n");
+    const std::string enabled = "      <v2v-r Enabled=\"true\"/>\n";
+    EXPECT_EQ(folder.Read("b.xml"), Build(Options(rip + others + enabled)));
+    EXPECT_EQ(Translator({"v2vhdl", "disable", "-ncc"}), "b.xml: nothing to change\n");
+    EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip", "b"}),
+              "-rip: \"off\" -> [\"b\"]\nb.xml: saved\n");
+    const std::string changed =
+        "      <v2v-rip Enabled=\"true\">\n"
+        "        <AdditionalOptions>b</AdditionalOptions>\n"
+        "      </v2v-rip>\n";
+    EXPECT_EQ(folder.Read("b.xml"), Build(Options(changed + others + enabled)));
+    EXPECT_EQ(Translator({"v2vhdl", "disable", "-rip"}),
+              "-rip: [\"b\"] -> \"off\"\nb.xml: saved\n");
+    EXPECT_EQ(Translator({"v2vhdl", "disable", "-r"}), "-r: \"on\" -> \"off\"\nb.xml: saved\n");
+    EXPECT_EQ(folder.Read("b.xml"), Build(Options(others)));
+}
+
+TEST(TranslatorCommand, EnablesASwitchWithTheArgumentsThatItsElementHas) {
+    const WorkingFolder folder;
+    const auto packages = [](const std::string& enabled) {
+        return Build(Options("      <v2v-p Enabled=\"" + enabled +
+                             "\">\n"
+                             "        <AdditionalOptions>sub/a.v</AdditionalOptions>\n"
+                             "        <AdditionalOptions>../b.v</AdditionalOptions>\n"
+                             "      </v2v-p>\n"));
+    };
+    folder.Write("b.xml", packages("false"));
+    EXPECT_EQ(RunHdlbuild({"translator", "b.xml", "v2vhdl", "enable", "-p"}).Status, kExitDone);
+    EXPECT_EQ(folder.Read("b.xml"), packages("true"));
+}
+
+TEST(TranslatorCommand, ReplacesEveryElementOfASwitch) {
+    const WorkingFolder folder;
+    const auto rip = [](const std::string& argument) {
+        return "      <v2v-rip Enabled=\"true\">\n"
+               "        <AdditionalOptions>" +
+               argument +
+               "</AdditionalOptions>\n"
+               "      </v2v-rip>\n";
+    };
+    folder.Write("b.xml", Build(Options(rip("a") + "      <v2v-r/>\n" + rip("b"))));
+    EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip", "c"}),
+              "-rip: [\"a\",\"b\"] -> [\"c\"]\nb.xml: saved\n");
+    EXPECT_EQ(folder.Read("b.xml"), Build(Options(rip("c") + "      <v2v-r/>\n")));
+    folder.Write("b.xml", Build(Options(rip("a") + "      <v2v-r/>\n" + rip("b"))));
+    Translator({"v2vhdl", "disable", "-rip"});
+    EXPECT_EQ(folder.Read("b.xml"), Build(Options("      <v2v-r/>\n")));
+}
+
+TEST(TranslatorCommand, ChangesNoBuildWhoseSwitchesChangedMeanwhile) {
+    const struct {
+        const char* Label;
+        std::string Before, After, Expected;
+    } rows[] = {
+        {"switches changed", Build(Options("")), Build(Options("      <v2v-s/>\n")),
+         "hdlbuild: error: b.xml: the switches in the file have changed since they were read\n"},
+        {"switches added", Build(""), Build(Options("")),
+         "hdlbuild: error: b.xml: the switches in the file have changed since they were read\n"},
+        {"malformed", Build(""), "<a>",
+         "hdlbuild: error: b.xml:1:4: the document ends inside element \"a\"\n"},
+    };
+    for (const auto& row : rows) {
+        const WorkingFolder folder;
+        folder.Write("b.xml", row.Before);
+        TToolArguments arguments;
+        arguments.Build = "b.xml";
+        arguments.Translator = "v2vhdl";
+        arguments.Words = {"-r"};
+        std::ostringstream out;
+        std::ostringstream err;
+        const TToolStreams streams{out, err};
+        TTranslatorAccess translator(arguments, streams);
+        ASSERT_EQ(translator.Read(), kExitDone) << row.Label;
+        translator.FindOption()->SetEnabled(true);
+        folder.Write("b.xml", row.After);
+        EXPECT_EQ(translator.Save("enable"), kExitFile) << row.Label;
+        EXPECT_EQ(out.str(), "") << row.Label;
+        EXPECT_EQ(err.str(), row.Expected) << row.Label;
+        EXPECT_EQ(folder.Read("b.xml"), row.After) << row.Label;
+    }
+}
+
+TEST(TranslatorCommand, KeepsWhatOthersSavedElsewhereMeanwhile) {
+    const WorkingFolder folder;
+    folder.Write("b.xml", Build(""));
+    TToolArguments arguments;
+    arguments.Build = "b.xml";
+    arguments.Translator = "v2vhdl";
+    arguments.Words = {"-r"};
+    std::ostringstream out;
+    std::ostringstream err;
+    const TToolStreams streams{out, err};
+    TTranslatorAccess translator(arguments, streams);
+    ASSERT_EQ(translator.Read(), kExitDone);
+    translator.FindOption()->SetEnabled(true);
+    folder.Write("b.xml", Build("    <Later/>\n"));
+    EXPECT_EQ(translator.Save("enable"), kExitDone);
+    EXPECT_EQ(folder.Read("b.xml"),
+              Build("    <Later/>\n" + Options("      <v2v-r Enabled=\"true\"/>\n")));
 }
 
 TEST(TranslatorCommand, StoresFilesWithTheirWholePaths) {
@@ -121,8 +261,7 @@ TEST(TranslatorCommand, StoresFilesWithTheirWholePaths) {
                                                   "        <AdditionalOptions>" +
                                                   folder.Path("b.v") +
                                                   "</AdditionalOptions>\n"
-                                                  "      </v2v-p>\n"
-                                                  "      <v2v-ncc Enabled=\"true\"/>\n")));
+                                                  "      </v2v-p>\n")));
 }
 
 TEST(TranslatorCommand, PrintsTheCommandLine) {
@@ -179,7 +318,8 @@ TEST(TranslatorCommand, RefusesWhatItCannotDo) {
         {{"v2vhdl", "disable", "-r", "-s"}, 2, "disable takes one SWITCH"},
         {{"v2vhdl", "disable", "-ncc"},
          1,
-         "the switch '-ncc' is enabled by default, which a build file cannot change"},
+         "the switch '-ncc' is enabled by default, and a build that is saved would enable it "
+         "again"},
         {{"vhdl2v", "enable", "-sv"},
          1,
          "b.xml: a build keeps the switches of one translator, and this one those of the other"},
@@ -214,6 +354,9 @@ TEST(TranslatorCommand, ChangesNoBuildThatItCannotRead) {
          "3\nhdlbuild: error: b.xml:2:6: mismatched tag\n"},
         {"the section twice", Build(Options("") + Options("")),
          "1\nhdlbuild: error: b.xml: the file holds the switches more than once\n"},
+        {"the other's section too", Build(Options("") + "    <Vhdl2VerilogTranslationOptions/>\n"),
+         "1\nhdlbuild: error: b.xml: a build keeps the switches of one translator, and this one "
+         "holds those of both\n"},
         {"settings that cannot be read",
          Build("<ProjectLanguageConfigurationList><LanguageSettings Language=\"VHDL\">"
                "<IncludeDirectories/></LanguageSettings></ProjectLanguageConfigurationList>"),
@@ -226,6 +369,29 @@ TEST(TranslatorCommand, ChangesNoBuildThatItCannotRead) {
         EXPECT_EQ(folder.Read("b.xml"), row.Document) << row.Label;
         EXPECT_EQ(folder.List(), "b.xml\n") << row.Label;
     }
+}
+
+TEST(TranslatorCommand, KeepsABuildThatIsNestedAsDeepAsOneMayBe) {
+    const WorkingFolder folder;
+    std::string starts, ends;
+    for (int i = 0; i < 511; ++i) {
+        starts += "<n>";
+        ends += "</n>";
+    }
+    const std::string begin = "<HdlBuildFileList><HdlBuildFile>" + starts + "text" + ends;
+    folder.Write("b.xml", begin + "</HdlBuildFile></HdlBuildFileList>");
+    EXPECT_EQ(Translator({"v2vhdl", "enable", "-r"}), "-r: \"off\" -> \"on\"\nb.xml: saved\n");
+    TXMLList saved;
+    TXMLList expected;
+    saved.SetHoldsRoot(true);
+    expected.SetHoldsRoot(true);
+    ASSERT_TRUE(saved.ReadFromText(folder.Read("b.xml"), nullptr));
+    ASSERT_TRUE(expected.ReadFromText(begin + "<Verilog2VhdlTranslationOptions>"
+                                              "<v2v-r Enabled=\"true\"/>"
+                                              "</Verilog2VhdlTranslationOptions>"
+                                              "</HdlBuildFile></HdlBuildFileList>",
+                                      nullptr));
+    EXPECT_EQ(ElementsOf(saved), ElementsOf(expected));
 }
 
 TEST(TranslatorCommand, DoesNotMindMissingSources) {

@@ -3,6 +3,8 @@
 #include "tests/settings/configurationtext.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
+#include <algorithm>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace {
@@ -15,10 +17,15 @@ std::string StreamOf(const TemporaryFolder& folder, const char* name) {
     return ElementsOf(list);
 }
 
+/// Another component's section, as a save lays it out: text stands before, between and behind its
+/// children.
 std::string ForeignSection(int number) {
     const std::string text = std::to_string(number);
     return "  <Foreign" + text + " Id=\"" + text + "\" Text=\"&lt;&amp;&quot;\">a &amp; " + text +
-           "<ProjectSettings Of=\"" + text + "\"/><e><![CDATA[]]></e></Foreign" + text + ">\n";
+           "<ProjectSettings Of=\"" + text +
+           "\"/>\n"
+           "    <e><![CDATA[]]></e> behind &lt;e&gt;\n<f/>b</Foreign" +
+           text + ">\n";
 }
 
 const std::string kSection =
@@ -36,8 +43,13 @@ std::string DifferencesOf(const std::string& before, const std::string& after) {
     std::istringstream former(before);
     std::istringstream latter(after);
     std::string differences;
-    for (std::string one, other; std::getline(former, one) && std::getline(latter, other);)
+    std::string one, other;
+    while (std::getline(former, one) && std::getline(latter, other))
         if (one != other) differences += one + "\n" + other + "\n";
+    const auto lines = [](const std::string& text) {
+        return std::count(text.begin(), text.end(), '\n');
+    };
+    if (lines(before) != lines(after)) differences += "not equally long\n";
     return differences;
 }
 
@@ -51,45 +63,49 @@ TProjectFileResult ReadAndChange(const std::string& path) {
     return file.Save(&settings);
 }
 
+/// A settings section as a save leaves it, which a further save would not change: an empty include
+/// list, which is not stored, has been read as the project's directory.
+std::string SavedSection() {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("p.hpj", Project(kSection));
+    for (int i = 0; i < 2; ++i) {
+        TProjectFile file(FileNamed(path.c_str()));
+        TProjectSimSettings settings;
+        file.Read(&settings);
+        file.Save(&settings);
+    }
+    const std::string end = "</ProjectSettings>\n";
+    const std::string text = folder.Read("p.hpj");
+    const std::size_t begin = text.find("  <ProjectSettings ");
+    return text.substr(begin, text.find(end) + end.size() - begin);
+}
+
 }  // namespace
 
 TEST(ProjectFile, ChangesOneSettingAmongForeignElements) {
     const TemporaryFolder folder;
     std::string foreign[2];
     for (int i = 0; i < 200; ++i) foreign[i % 2] += ForeignSection(i);
-    const std::string path =
-        folder.Write("p.hpj",
-                     "<!DOCTYPE SimulationProject SYSTEM \"project.dtd\">\n"
-                     "<SimulationProject Version=\"7\">\n" +
-                         foreign[0] + kSection + foreign[1] + "</SimulationProject>\n");
-    // An empty include list is read as the project's directory: the second save changes nothing.
-    for (int i = 0; i < 2; ++i) {
-        TProjectFile file(FileNamed(path.c_str()));
-        TProjectSimSettings settings;
-        ASSERT_EQ(file.Read(&settings), PROJECT_FILE_DONE);
-        ASSERT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
-    }
-    const std::string bytes = folder.Read("p.hpj");
+    const std::string original =
+        "<!DOCTYPE SimulationProject SYSTEM \"project.dtd\">\n"
+        "<SimulationProject Version=\"7\">\n" +
+        foreign[0] + SavedSection() + foreign[1] + "</SimulationProject>\n";
+    const std::string path = folder.Write("p.hpj", original);
     const std::string stream = StreamOf(folder, "p.hpj");
     ASSERT_EQ(ReadAndChange(path), PROJECT_FILE_DONE);
+    const std::string flags =
+        " AddTopLevelSignals=true ShowWatchSignals=true DumpWatchSignals=false "
+        "BreakAtTimeZeroAfterCompile=false ClearLogFileBeforeCompile=true AutoParseProject=false "
+        "GenerateTestBenchOnBuildProject=true DisablePeriodicWaveformUpdate=false "
+        "CompileVerilogFiles=false CompileVHDLFiles=false CompileCppFiles=false "
+        "MakeConstantsWatchable=true MakeArrayElementsWatchable=false WatchableArrayElementSize=0 "
+        "EnableSimulatorDebugging=true\n";
     EXPECT_EQ(DifferencesOf(stream, StreamOf(folder, "p.hpj")),
-              "START GeneralConfiguration LogFileName=simulation.log AddTopLevelSignals=true "
-              "ShowWatchSignals=true DumpWatchSignals=false BreakAtTimeZeroAfterCompile=false "
-              "ClearLogFileBeforeCompile=true AutoParseProject=false "
-              "GenerateTestBenchOnBuildProject=true DisablePeriodicWaveformUpdate=false "
-              "CompileVerilogFiles=false CompileVHDLFiles=false CompileCppFiles=false "
-              "MakeConstantsWatchable=true MakeArrayElementsWatchable=false "
-              "WatchableArrayElementSize=0 EnableSimulatorDebugging=true\n"
-              "START GeneralConfiguration LogFileName=other.log AddTopLevelSignals=true "
-              "ShowWatchSignals=true DumpWatchSignals=false BreakAtTimeZeroAfterCompile=false "
-              "ClearLogFileBeforeCompile=true AutoParseProject=false "
-              "GenerateTestBenchOnBuildProject=true DisablePeriodicWaveformUpdate=false "
-              "CompileVerilogFiles=false CompileVHDLFiles=false CompileCppFiles=false "
-              "MakeConstantsWatchable=true MakeArrayElementsWatchable=false "
-              "WatchableArrayElementSize=0 EnableSimulatorDebugging=true\n");
-    EXPECT_EQ(bytes.substr(0, bytes.find("  <Foreign0 ")),
-              "<!DOCTYPE SimulationProject SYSTEM \"project.dtd\">\n"
-              "<SimulationProject Version=\"7\">\n");
+              "START GeneralConfiguration LogFileName=simulation.log" + flags +
+                  "START GeneralConfiguration LogFileName=other.log" + flags);
+    const std::string former = "\"simulation.log\"";
+    EXPECT_EQ(folder.Read("p.hpj"),
+              std::string(original).replace(original.find(former), former.size(), "\"other.log\""));
 }
 
 TEST(ProjectFile, KeepsEveryForeignElementInItsPlace) {
@@ -177,6 +193,75 @@ TEST(ProjectFile, KeepsWhatOthersSavedSinceTheRead) {
               "</SimulationProject>\n");
 }
 
+TEST(ProjectFile, SavesNothingOverSettingsThatChangedSinceTheRead) {
+    const struct {
+        const char* Label;
+        const char* Before;  // null: no file
+        const char* After;
+    } rows[] = {
+        {"another attribute", "<ProjectSettings CurrentConfiguration=\"b\"/>",
+         "<ProjectSettings CurrentConfiguration=\"a\"/>"},
+        {"another element", "<ProjectSettings><a/></ProjectSettings>",
+         "<ProjectSettings><b/></ProjectSettings>"},
+        {"an element more", "<ProjectSettings/>", "<ProjectSettings><a/></ProjectSettings>"},
+        {"text instead of an element", "<ProjectSettings><a/></ProjectSettings>",
+         "<ProjectSettings>a</ProjectSettings>"},
+        {"an empty text more", "<ProjectSettings/>",
+         "<ProjectSettings><![CDATA[]]></ProjectSettings>"},
+        {"added", "", "<ProjectSettings/>"},
+        {"removed", "<ProjectSettings/>", ""},
+        {"file made", nullptr, "<ProjectSettings/>"},
+        {"file made without settings", nullptr, ""},
+        {"file deleted", "<ProjectSettings/>", nullptr},
+        {"file without settings deleted", "", nullptr},
+    };
+    for (const auto& row : rows) {
+        const TemporaryFolder folder;
+        const auto give = [&folder](const char* section) {
+            std::filesystem::remove(folder.Path("p.hpj"));
+            if (section) folder.Write("p.hpj", Project(section));
+            return folder.Read("p.hpj");
+        };
+        give(row.Before);
+        TProjectFile file(FileNamed(folder.Path("p.hpj").c_str()));
+        TProjectSimSettings settings;
+        file.Read(&settings);
+        const std::string bytes = give(row.After);
+        EXPECT_EQ(file.Save(&settings), PROJECT_FILE_CHANGED) << row.Label;
+        EXPECT_EQ(folder.Read("p.hpj"), bytes) << row.Label;
+        EXPECT_EQ(file.Read(&settings), row.After ? PROJECT_FILE_DONE : PROJECT_FILE_MISSING);
+        EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE) << row.Label;
+    }
+}
+
+TEST(ProjectFile, SavesOverItsOwnSaves) {
+    for (const bool exists : {false, true}) {
+        const TemporaryFolder folder;
+        if (exists) folder.Write("p.hpj", Project(kSection));
+        TProjectFile file(FileNamed(folder.Path("p.hpj").c_str()));
+        TProjectSimSettings settings;
+        file.Read(&settings);
+        auto* configuration = NewConfiguration("c\r\n\xFC");  // a byte that no file holds as it is
+        configuration->GetGeneralConfiguration()->SetLogFileName("\tgr\xFC.log ");
+        settings.AddConfiguration(configuration);
+        EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+        const std::string saved = folder.Read("p.hpj");
+        EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+        EXPECT_EQ(folder.Read("p.hpj"), saved);
+        folder.Write("p.hpj", Project(kSection));
+        EXPECT_EQ(file.Save(&settings), PROJECT_FILE_CHANGED);
+    }
+}
+
+TEST(ProjectFile, SavesOverWhatNobodyRead) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("p.hpj", Project(kSection));
+    TProjectFile file(FileNamed(path.c_str()));
+    TProjectSimSettings settings;
+    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(folder.Read("p.hpj"), Project("  <ProjectSettings CurrentConfiguration=\"\"/>\n"));
+}
+
 TEST(ProjectFile, SavesNothingAfterAReadThatFailed) {
     RecordingMessageBox box;
     RecordingLog log;
@@ -256,7 +341,8 @@ TEST(ProjectFile, HasATextForEveryResult) {
          "the file holds the section ProjectSettings more than once"},
         {PROJECT_FILE_INVALID_SETTINGS, "the section ProjectSettings cannot be read"},
         {PROJECT_FILE_NOT_WRITTEN, "the file cannot be written"},
-        {7, "unknown error"},
+        {PROJECT_FILE_CHANGED, "the settings in the file have changed since they were read"},
+        {8, "unknown error"},
         {-1, "unknown error"},
     };
     for (const auto& row : rows)

@@ -30,7 +30,7 @@ void LogLine(const std::string& text) {
 }
 
 /// A missing file is an empty one. False, logged, when the file is there and cannot be used.
-bool ReadIniText(const std::string& path, std::string* text) {
+bool ReadIniText(const std::string& path, std::string* text, TIniReadError* error) {
     text->clear();
     if (path.empty()) return true;
     std::string reason;
@@ -39,7 +39,8 @@ bool ReadIniText(const std::string& path, std::string* text) {
     // Merging into UTF-16 would spoil it.
     const bool hasZero = text->find('\0') != std::string::npos;
     if (result == FILE_READ_DONE && !hasZero) return true;
-    LogLine("Cannot read \"" + path + "\": " + (hasZero ? "it is not a text file" : reason));
+    *error = {path, hasZero ? "it is not a text file" : reason};
+    LogLine("Cannot read \"" + path + "\": " + error->Reason);
     text->clear();
     return false;
 }
@@ -84,6 +85,7 @@ int LeadingNumber(std::string_view text) {
 struct TPropCache::TState {
     std::string UserFile;
     std::string SystemFile;
+    TIniReadError ReadError;
     TIniValues User;
     TIniValues System;
     std::vector<TIniChange>
@@ -125,14 +127,19 @@ TPropCache::TPropCache(const char* userFile, const char* systemFile)
     State->UserFile = OrEmpty(userFile);
     State->SystemFile = OrEmpty(systemFile);
     std::string text;
-    ReadIniText(State->UserFile, &text);
-    State->User.Parse(text);
-    ReadIniText(State->SystemFile, &text);
+    // The user's file is read last, so that its error is the one that stays.
+    ReadIniText(State->SystemFile, &text, &State->ReadError);
     State->System.Parse(text);
+    ReadIniText(State->UserFile, &text, &State->ReadError);
+    State->User.Parse(text);
 }
 
 TPropCache::~TPropCache() {
     Flush();
+}
+
+const TIniReadError& TPropCache::GetReadError() const {
+    return State->ReadError;
 }
 
 bool TPropCache::GetPrivatePropString(const char* section, const char* key, const char* missing,
@@ -213,7 +220,8 @@ void TPropCache::DeletePrivateProp(const char* section, const char* key) {
 bool TPropCache::Flush() {
     if (State->Changes.empty() || State->UserFile.empty()) return true;
     std::string text;
-    if (!ReadIniText(State->UserFile, &text)) return false;
+    TIniReadError error;
+    if (!ReadIniText(State->UserFile, &text, &error)) return false;
     const auto merged = MergedIniText(text, State->Changes);
     if (merged != text && !ReplaceIniText(State->UserFile, merged)) return false;
     State->User.Parse(merged);

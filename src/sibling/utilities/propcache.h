@@ -4,6 +4,12 @@
 #include <string>
 #include <vector>
 
+/// Why an INI file could not be read; both texts are empty when nothing went wrong.
+struct TIniReadError {
+    std::string File;  ///< as it was given
+    std::string Reason;
+};
+
 /// The properties of the user's and the system's INI file, in memory.
 ///
 /// Reads look in the user's file first, then in the system's; writes go to the user's only, are
@@ -15,11 +21,15 @@
 /// comments and their order survive a save.
 class HDLBUILDFILE_API TPropCache {
 public:
-    /// Reads both files; either path may be null or empty, either file may be missing.
+    /// Reads both files; either path may be null or empty, either file may be missing. One that is
+    /// there and cannot be read is logged, and counts as empty.
     TPropCache(const char* userFile, const char* systemFile);
     ~TPropCache();
     TPropCache(const TPropCache&) = delete;
     TPropCache& operator=(const TPropCache&) = delete;
+
+    /// What kept the constructor from reading the user's file, else the system's.
+    const TIniReadError& GetReadError() const;
 
     /// Copies the value into `buffer` of `size` bytes, the ending zero included, cut at a whole
     /// character when it is longer (a diagnostic line names section and key). An absent key gives

@@ -9,11 +9,13 @@ namespace {
 class TDocumentReader {
 public:
     TDocumentReader(std::string_view document, const TXMLEncoding& encoding,
-                    std::string_view droppedRoot, std::vector<std::unique_ptr<TElement>>* elements)
+                    std::string_view droppedRoot, bool holdsRoot,
+                    std::vector<std::unique_ptr<TElement>>* elements)
         : Run(encoding, this),
           Document(document),
           UnitSize(encoding.UnitSize),
           DroppedRoot(droppedRoot),
+          MaxLevels(kMaxXMLNesting + (holdsRoot ? 1 : 0)),
           Elements(*elements) {
         XML_Parser parser = Run.GetParser();
         XML_SetElementHandler(parser, OnStart, OnEnd);
@@ -65,7 +67,7 @@ private:
         if (!RootSeen) XML_SetDefaultHandler(Run.GetParser(), nullptr);
         RootSeen = true;
         if (isDroppedRoot) return;
-        if (Open.size() == kMaxXMLNesting)
+        if (Open.size() == MaxLevels)
             return Run.Refuse("elements are nested deeper than " + std::to_string(kMaxXMLNesting));
         TElement* element = Push(TElement::START, name, {});
         Open.push_back(element);
@@ -114,6 +116,7 @@ private:
     std::string_view Document;
     std::size_t UnitSize;
     std::string_view DroppedRoot;
+    std::size_t MaxLevels;
     std::vector<std::unique_ptr<TElement>>& Elements;
     std::vector<const TElement*> Open;
     std::string Text;
@@ -154,7 +157,7 @@ bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
     if (!prologue.Reason.empty())
         return Fail(document, encoding, prologue.FailurePlace, prologue.Reason, error);
     if (documentType) *documentType = prologue.DocumentType;
-    TDocumentReader reader(document, encoding, droppedRoot, elements);
+    TDocumentReader reader(document, encoding, droppedRoot, documentType != nullptr, elements);
     if (reader.Read(BlankDocumentType(document, encoding, prologue))) return true;
     const std::string reason = reader.GetReason();
     elements->clear();

@@ -1,6 +1,27 @@
 #include "sibling/utilities/xmlsectionfile.h"
 
 #include "sibling/utilities/xmlstream.h"
+#include "sibling/utilities/xmltext.h"
+
+namespace {
+
+// With its length, so that no text can stand for several. Files hold UTF-8.
+void AppendText(const std::string& text, std::string* all) {
+    const std::string written = ToUtf8(text);
+    all->append(std::to_string(written.size())).append(1, ' ').append(written);
+}
+
+void AppendElement(const TElement& element, std::string* all) {
+    *all += std::to_string(element.ElemType) + " ";
+    AppendText(element.ElemType == TElement::TEXT ? element.Text.Str() : element.Name.Str(), all);
+    for (const auto& [name, value] : element.GetAttributes()) {
+        AppendText(name, all);
+        AppendText(value, all);
+    }
+    *all += '\n';
+}
+
+}  // namespace
 
 TXMLSectionFile::TXMLSectionFile(const char* section, const char* parent, TPlacement placement)
     : Placement(placement), Section{section}, Parent{parent} {
@@ -9,9 +30,18 @@ TXMLSectionFile::TXMLSectionFile(const char* section, const char* parent, TPlace
 
 TXMLSectionFile::~TXMLSectionFile() = default;
 
+std::string TXMLSectionFile::GetSectionText() const {
+    std::string text;
+    if (Section.Count == 0) return text;
+    TElementIterator element = Section.Start;
+    for (std::size_t i = Section.Begin; i <= Section.End; ++i, ++element)
+        AppendElement(*element.Current(), &text);
+    return text;
+}
+
 bool TXMLSectionFile::ReplaceSection(const char* path) {
-    const bool isNew = IsEmpty();
-    if (!isNew && Section.Count == 0 && Parent.Count == 0) return false;
+    const bool hasPlace = IsEmpty() ? MayBeNew() : Section.Count > 0 || Parent.Count > 0;
+    if (!hasPlace) return false;
     KeepElements();
     const bool isWritten = WriteFile(path);
     Kept.clear();
@@ -31,7 +61,13 @@ void TXMLSectionFile::FillElements() {
     PushKept(isThere ? Section.End + 1 : Parent.End, Kept.size());
 }
 
+// What could not be read, and what holds no elements, may not be taken for a file to be made.
+bool TXMLSectionFile::MayBeNew() const {
+    return GetReadError().IsError() ? GetReadError().Missing : !WasRead;
+}
+
 bool TXMLSectionFile::InterpretElements() {
+    WasRead = true;
     Locate();
     return true;
 }

@@ -2,6 +2,7 @@
 #include "sibling/utilities/xmllist.h"
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <vector>
 
 /// A file that several components share, of which one section is read and replaced.
@@ -27,9 +28,15 @@ public:
     /// At the first section's START, or at the tail.
     DListIterator<TElement*> GetSection() const { return Section.Start; }
 
+    /// What tells the first section from every other: equal for equal elements, attributes and
+    /// texts in their order only, also between what was read and what ReplaceSection wrote. ""
+    /// without the section.
+    std::string GetSectionText() const;
+
     /// Writes the elements last read to the file, with those of FillSection in the place of the
-    /// first section; without elements, a new document whose root is the parent. False when
-    /// WriteFile fails, and when there is neither section nor parent, which changes nothing.
+    /// first section; after a read that found no file, and before any, a new document whose root is
+    /// the parent. False when WriteFile fails; false, with nothing changed, when there is neither
+    /// section nor parent and after a read that failed in another way.
     bool ReplaceSection(const char* path);
 
 protected:
@@ -54,6 +61,7 @@ private:
     static void MeetStart(TPlace& place, const DListIterator<TElement*>& element, std::size_t depth,
                           std::size_t number);
     static void MeetEnd(TPlace& place, std::size_t depth, std::size_t number);
+    bool MayBeNew() const;
     void Locate();
     void KeepElements();
     void PushKept(std::size_t begin, std::size_t end);
@@ -61,5 +69,6 @@ private:
     TPlacement Placement;
     TPlace Section;
     TPlace Parent;
+    bool WasRead = false;
     std::vector<std::unique_ptr<TElement>> Kept;  // what is written around the section
 };

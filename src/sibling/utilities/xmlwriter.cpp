@@ -110,7 +110,8 @@ private:
 
     bool OpenElement(TElement& element) {
         if (Open.empty() && HasElement) return Fail("the document has more than one root element");
-        if (Open.size() == RootLevels + kMaxXMLNesting)
+        const std::size_t heldLevels = List.HoldsRoot() ? 1 : 0;
+        if (Open.size() == RootLevels + heldLevels + kMaxXMLNesting)
             return Fail("elements are nested deeper than " + std::to_string(kMaxXMLNesting));
         HasElement = true;
         const std::size_t size = Document.size();

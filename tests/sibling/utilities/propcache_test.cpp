@@ -1,11 +1,11 @@
 #include "sibling/utilities/propcache.h"
 #include "sibling/fileservices/directories.h"
+#include "tests/support/growth.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <gtest/gtest.h>
 
 namespace {
@@ -358,24 +358,55 @@ TEST(PropCache, NeverMergesIntoAFileThatIsNoText) {
     EXPECT_TRUE(cache.Flush());
 }
 
-TEST(PropCache, TakesLinearTimeForManyKeys) {
+TEST(PropCache, TellsWhichFileCouldNotBeRead) {
+    const RecordingLog log;
     const TemporaryFolder folder;
-    const auto user = folder.Path("user.ini");
-    constexpr int kKeys = 100000;
-    const auto begin = std::clock();
-    for (int round = 0; round < 2; ++round) {
-        TPropCache cache(user.c_str(), nullptr);
-        for (int i = 0; i < kKeys; ++i) {
-            const auto number = std::to_string(i);
-            const auto section = "Section " + std::to_string(i % (i < 1000 ? 1000 : 7));
-            cache.WritePrivatePropString(section.c_str(), number.c_str(),
-                                         std::to_string(i + round).c_str());
-        }
+    const std::string text = folder.Write("text.ini", "[A]\nk=v\n");
+    const std::string utf16 = folder.Write("utf16.ini", std::string("\xFF\xFE[\0A\0]\0", 8));
+    const std::string missing = folder.Path("missing.ini");
+    const struct {
+        const char* Label;
+        std::string User, System, File;
+        const char* Reason;
+    } rows[] = {
+        {"both read", text, text, "", ""},
+        {"both missing", missing, missing, "", ""},
+        {"no paths", "", "", "", ""},
+        {"user's", utf16, text, utf16, "it is not a text file"},
+        {"system's", text, utf16, utf16, "it is not a text file"},
+    };
+    for (const auto& row : rows) {
+        const TPropCache cache(row.User.c_str(), row.System.c_str());
+        EXPECT_EQ(cache.GetReadError().File, row.File) << row.Label;
+        EXPECT_EQ(cache.GetReadError().Reason, row.Reason) << row.Label;
     }
-    const TPropCache cache(user.c_str(), nullptr);
-    EXPECT_EQ(cache.GetPrivatePropInt("Section 4", "99999", -1), 100000);
-    // A step over all keys for each key takes minutes.
-    EXPECT_LT(static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC, 30.0);
+    // What the reason is, the host says.
+    const TPropCache folderInPlace(folder.Path().c_str(), text.c_str());
+    EXPECT_EQ(folderInPlace.GetReadError().File, folder.Path());
+    EXPECT_NE(folderInPlace.GetReadError().Reason, "");
+    EXPECT_EQ(folderInPlace.GetPrivatePropText("A", "k", "-"), "v");
+}
+
+TEST(PropCache, TakesLinearTimeForManyKeys) {
+    const auto writeTwiceAndRead = [](int keys) {
+        const TemporaryFolder folder;
+        const auto user = folder.Path("user.ini");
+        for (int round = 0; round < 2; ++round) {
+            TPropCache cache(user.c_str(), nullptr);
+            for (int i = 0; i < keys; ++i) {
+                const auto number = std::to_string(i);
+                const auto section = "Section " + std::to_string(i % (i < 1000 ? 1000 : 7));
+                cache.WritePrivatePropString(section.c_str(), number.c_str(),
+                                             std::to_string(i + round).c_str());
+            }
+        }
+        const TPropCache cache(user.c_str(), nullptr);
+        const int last = keys - 1;
+        EXPECT_EQ(cache.GetPrivatePropInt(("Section " + std::to_string(last % 7)).c_str(),
+                                          std::to_string(last).c_str(), -1),
+                  keys);
+    };
+    EXPECT_LT(GrowthOf(writeTwiceAndRead, 25000), kLargestLinearGrowth);
 }
 
 TEST(SystemPropCache, StandsOverTheEnvironmentsTwoIniFiles) {

@@ -122,6 +122,61 @@ TEST(XMLSectionFile, ReplacesASectionAnywhere) {
         EXPECT_EQ(Replaced(row.Document, TXMLSectionFile::ANYWHERE), row.Expected) << row.Label;
 }
 
+// The root that the readers of one component drop counts for no file that several share, either.
+TEST(XMLSectionFile, HoldsAsManyLevelsBelowTheRootAsAListThatDropsIt) {
+    const auto nested = [](std::size_t levels) {
+        std::string starts, ends;
+        for (std::size_t i = 0; i < levels; ++i) {
+            starts += "<n>";
+            ends += "</n>";
+        }
+        return "<Root>" + starts + ends + "</Root>";
+    };
+    TXMLList list;
+    list.SetHoldsRoot(true);
+    TXMLReadError error;
+    EXPECT_FALSE(list.ReadFromText(nested(513), &error));
+    EXPECT_EQ(error.Reason, "elements are nested deeper than 512");
+    ASSERT_TRUE(list.ReadFromText(nested(512), &error));
+    const std::string elements = ElementsOf(list);
+    std::string document;
+    ASSERT_TRUE(list.WriteToText(&document, &error.Reason)) << error.Reason;
+    ASSERT_TRUE(list.ReadFromText(document, &error)) << error.Reason;
+    EXPECT_EQ(ElementsOf(list), elements);
+    TXMLList deep;
+    deep.SetHoldsRoot(true);
+    for (int i = 0; i < 514; ++i) PushStart(&deep, "n");
+    EXPECT_FALSE(deep.WriteToText(&document, &error.Reason));
+    EXPECT_EQ(error.Reason, "elements are nested deeper than 512");
+}
+
+TEST(XMLSectionFile, ReplacesNothingAfterAReadThatFailed) {
+    RecordingMessageBox box;
+    RecordingLog log;
+    const TRow rows[] = {
+        {"malformed", "<Root><a></Root>", nullptr},
+        {"empty", "", nullptr},
+        {"a document type without elements", "<!DOCTYPE Root SYSTEM \"root.dtd\">\n", nullptr},
+    };
+    for (const TRow& row : rows) {
+        const TemporaryFolder folder;
+        const std::string path = folder.Write("a.xml", row.Document);
+        TSection file(TXMLSectionFile::ANYWHERE);
+        file.ReadFile(path.c_str());
+        EXPECT_FALSE(file.ReplaceSection(path.c_str())) << row.Label;
+        EXPECT_EQ(folder.Read("a.xml"), row.Document) << row.Label;
+        EXPECT_EQ(folder.List(), "a.xml\n") << row.Label;
+    }
+}
+
+TEST(XMLSectionFile, MakesAMissingFile) {
+    const TemporaryFolder folder;
+    TSection file(TXMLSectionFile::CHILD_OF_ROOT);
+    EXPECT_FALSE(file.ReadFile(folder.Path("new.xml").c_str()));
+    EXPECT_TRUE(file.ReplaceSection(folder.Path("new.xml").c_str()));
+    EXPECT_EQ(folder.Read("new.xml"), "<Root>\n  <Section New=\"1\"/>\n</Root>\n");
+}
+
 TEST(XMLSectionFile, MakesANewDocumentAndFindsItsSectionAgain) {
     const TemporaryFolder folder;
     const std::string path = folder.Path("new.xml");
