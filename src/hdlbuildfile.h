@@ -40,6 +40,7 @@
 #include "settings/projecttemplatesimconfiglist.h"
 #include "settings/simprojectdelaytype.h"
 #include "settings/simulatordllnames.h"
+#include "settings/storedlanguages.h"
 #include "settings/uniquetextlist.h"
 #include "sibling/designdatabase/hdbbase.h"
 #include "sibling/designdatabase/iprojectcomponent.h"

@@ -1,4 +1,5 @@
 #pragma once
+// Public: whoever edits settings has to know what they can hold.
 #include "sibling/utilities/hdllanguage.h"
 #include <algorithm>
 
