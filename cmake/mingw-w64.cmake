@@ -18,5 +18,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")
 
-# GCC 12 for MinGW mis-compiles guessed calls through a second base's table: a visitor's Visit is lost.
-set(CMAKE_CXX_FLAGS_INIT "-fno-devirtualize-speculatively")
+# GCC 12 for MinGW calls the wrong function where it guesses a call through a second base's table.
+set(CMAKE_CXX_FLAGS_INIT "-fno-devirtualize")
