@@ -4,12 +4,12 @@ find_package(EXPAT REQUIRED)
 find_path(SIMPLEINI_INCLUDE_DIR SimpleIni.h REQUIRED)
 
 add_library(hdlbuildfile_warnings INTERFACE)
-target_compile_options(hdlbuildfile_warnings INTERFACE
+target_compile_options(hdlbuildfile_warnings INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
     -Wconversion -Wsign-conversion -Wformat=2 -Wimplicit-fallthrough -Wundef
     # GCC 12, optimising, sees impossible sizes and overlaps inside its own std::string.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict;-Wno-stringop-overflow;-Wno-array-bounds>
-    $<$<BOOL:${HDLBUILDFILE_WERROR}>:-Werror>)
+    $<$<BOOL:${HDLBUILDFILE_WERROR}>:-Werror>>)
 
 # What the folders compile with: the include root and C++20.
 add_library(hdlbuildfile_folder INTERFACE)
@@ -45,4 +45,20 @@ function(hdlbuildfile_share_heap library)
     target_sources(${library}
         PRIVATE $<TARGET_OBJECTS:hdlbuildfile_allocator>
         INTERFACE $<BUILD_INTERFACE:$<TARGET_OBJECTS:hdlbuildfile_allocator>>)
+endfunction()
+
+# hdlbuildfile_add_version_resource(<target> <file name> <description>)
+# gives a DLL or program what Windows shows as its version; does nothing on other systems.
+function(hdlbuildfile_add_version_resource target file_name description)
+    get_target_property(type ${target} TYPE)
+    if(NOT WIN32 OR type STREQUAL "STATIC_LIBRARY")
+        return()
+    endif()
+    set(file_type VFT_APP)
+    if(type STREQUAL "SHARED_LIBRARY")
+        set(file_type VFT_DLL)
+    endif()
+    set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/version.rc.in" "${resource}" @ONLY)
+    target_sources(${target} PRIVATE "${resource}")
 endfunction()
