@@ -1,6 +1,10 @@
-# The interface targets that every folder of the library shares, and the function that adds a folder.
+# The interface targets that every folder of the library shares, and the functions over them.
+include(GNUInstallDirs)
+set(HDLBUILDFILE_INSTALLED_ALLOCATOR
+    "${CMAKE_INSTALL_LIBDIR}/hdlbuildfile/allocator${CMAKE_CXX_OUTPUT_EXTENSION}")
 
-find_package(EXPAT REQUIRED)
+# Global, because whatever links the static library links it, too.
+find_package(EXPAT REQUIRED GLOBAL)
 find_path(SIMPLEINI_INCLUDE_DIR SimpleIni.h REQUIRED)
 
 add_library(hdlbuildfile_warnings INTERFACE)
@@ -44,7 +48,9 @@ function(hdlbuildfile_share_heap library)
     target_link_libraries(${library} PUBLIC TBB::tbbmalloc)
     target_sources(${library}
         PRIVATE $<TARGET_OBJECTS:hdlbuildfile_allocator>
-        INTERFACE $<BUILD_INTERFACE:$<TARGET_OBJECTS:hdlbuildfile_allocator>>)
+        INTERFACE
+            $<BUILD_INTERFACE:$<TARGET_OBJECTS:$<TARGET_NAME:hdlbuildfile_allocator>>>
+            $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${HDLBUILDFILE_INSTALLED_ALLOCATOR}>)
 endfunction()
 
 # hdlbuildfile_add_version_resource(<target> <file name> <description>)
