@@ -1,15 +1,19 @@
-# The interface targets that every folder of the library shares, and the function that adds a folder.
+# The interface targets that every folder of the library shares, and the functions over them.
+include(GNUInstallDirs)
+set(HDLBUILDFILE_INSTALLED_ALLOCATOR
+    "${CMAKE_INSTALL_LIBDIR}/hdlbuildfile/allocator${CMAKE_CXX_OUTPUT_EXTENSION}")
 
-find_package(EXPAT REQUIRED)
+# Global, because whatever links the static library links it, too.
+find_package(EXPAT REQUIRED GLOBAL)
 find_path(SIMPLEINI_INCLUDE_DIR SimpleIni.h REQUIRED)
 
 add_library(hdlbuildfile_warnings INTERFACE)
-target_compile_options(hdlbuildfile_warnings INTERFACE
+target_compile_options(hdlbuildfile_warnings INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
     -Wconversion -Wsign-conversion -Wformat=2 -Wimplicit-fallthrough -Wundef
     # GCC 12, optimising, sees impossible sizes and overlaps inside its own std::string.
     $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict;-Wno-stringop-overflow;-Wno-array-bounds>
-    $<$<BOOL:${HDLBUILDFILE_WERROR}>:-Werror>)
+    $<$<BOOL:${HDLBUILDFILE_WERROR}>:-Werror>>)
 
 # What the folders compile with: the include root and C++20.
 add_library(hdlbuildfile_folder INTERFACE)
@@ -44,5 +48,23 @@ function(hdlbuildfile_share_heap library)
     target_link_libraries(${library} PUBLIC TBB::tbbmalloc)
     target_sources(${library}
         PRIVATE $<TARGET_OBJECTS:hdlbuildfile_allocator>
-        INTERFACE $<BUILD_INTERFACE:$<TARGET_OBJECTS:hdlbuildfile_allocator>>)
+        INTERFACE
+            $<BUILD_INTERFACE:$<TARGET_OBJECTS:$<TARGET_NAME:hdlbuildfile_allocator>>>
+            $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${HDLBUILDFILE_INSTALLED_ALLOCATOR}>)
+endfunction()
+
+# hdlbuildfile_add_version_resource(<target> <file name> <description>)
+# gives a DLL or program what Windows shows as its version; does nothing on other systems.
+function(hdlbuildfile_add_version_resource target file_name description)
+    get_target_property(type ${target} TYPE)
+    if(NOT WIN32 OR type STREQUAL "STATIC_LIBRARY")
+        return()
+    endif()
+    set(file_type VFT_APP)
+    if(type STREQUAL "SHARED_LIBRARY")
+        set(file_type VFT_DLL)
+    endif()
+    set(resource "${CMAKE_CURRENT_BINARY_DIR}/${target}_version.rc")
+    configure_file("${PROJECT_SOURCE_DIR}/cmake/version.rc.in" "${resource}" @ONLY)
+    target_sources(${target} PRIVATE "${resource}")
 endfunction()
