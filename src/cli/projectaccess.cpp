@@ -25,10 +25,12 @@ std::vector<std::string> TellApart(const std::vector<std::string>& names) {
     std::map<std::string, int> met;
     std::vector<std::string> labels;
     for (const std::string& name : names) {
-        const std::string number = std::to_string(++met[name]);
-        const int count = counts[name];
-        labels.push_back(count == 1 ? name
-                                    : name + " (" + number + " of " + std::to_string(count) + ")");
+        std::string label = name;
+        if (const int count = counts[name]; count > 1) {
+            label += " (" + std::to_string(++met[name]);
+            label += " of " + std::to_string(count) + ")";
+        }
+        labels.push_back(label);
     }
     return labels;
 }
