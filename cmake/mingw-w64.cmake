@@ -6,7 +6,9 @@ set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 
 # What scripts/build-windows-dependencies has built, and nothing of the host.
-set(HDLBUILDFILE_WINDOWS_PREFIX "${CMAKE_CURRENT_LIST_DIR}/../build/windows-prefix" CACHE PATH
+# The path in the form of every later run, which would else compile all anew.
+cmake_path(SET prefix NORMALIZE "${CMAKE_CURRENT_LIST_DIR}/../build/windows-prefix")
+set(HDLBUILDFILE_WINDOWS_PREFIX "${prefix}" CACHE PATH
     "Where tbbmalloc and Expat for Windows are installed")
 set(CMAKE_FIND_ROOT_PATH "${HDLBUILDFILE_WINDOWS_PREFIX}" /usr/x86_64-w64-mingw32)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
