@@ -197,6 +197,28 @@ TEST(TranslatorCommand, ReplacesEveryElementOfASwitch) {
     EXPECT_EQ(folder.Read("b.xml"), Build(Options("      <v2v-r/>\n")));
 }
 
+/// "translator b.xml v2vhdl enable -r", with time for others between its read and its save.
+class SlowEnable {
+public:
+    SlowEnable() {
+        Arguments.Build = "b.xml";
+        Arguments.Translator = "v2vhdl";
+        Arguments.Words = {"-r"};
+    }
+    int Read() { return Translator.Read(); }
+    int Save() {
+        Translator.FindOption()->SetEnabled(true);
+        return Translator.Save("enable");
+    }
+    std::ostringstream Out;
+    std::ostringstream Err;
+
+private:
+    TToolArguments Arguments;
+    TToolStreams Streams{Out, Err};
+    TTranslatorAccess Translator{Arguments, Streams};
+};
+
 TEST(TranslatorCommand, ChangesNoBuildWhoseSwitchesChangedMeanwhile) {
     const struct {
         const char* Label;
@@ -212,20 +234,12 @@ TEST(TranslatorCommand, ChangesNoBuildWhoseSwitchesChangedMeanwhile) {
     for (const auto& row : rows) {
         const WorkingFolder folder;
         folder.Write("b.xml", row.Before);
-        TToolArguments arguments;
-        arguments.Build = "b.xml";
-        arguments.Translator = "v2vhdl";
-        arguments.Words = {"-r"};
-        std::ostringstream out;
-        std::ostringstream err;
-        const TToolStreams streams{out, err};
-        TTranslatorAccess translator(arguments, streams);
-        ASSERT_EQ(translator.Read(), kExitDone) << row.Label;
-        translator.FindOption()->SetEnabled(true);
+        SlowEnable command;
+        ASSERT_EQ(command.Read(), kExitDone) << row.Label;
         folder.Write("b.xml", row.After);
-        EXPECT_EQ(translator.Save("enable"), kExitFile) << row.Label;
-        EXPECT_EQ(out.str(), "") << row.Label;
-        EXPECT_EQ(err.str(), row.Expected) << row.Label;
+        EXPECT_EQ(command.Save(), kExitFile) << row.Label;
+        EXPECT_EQ(command.Out.str(), "") << row.Label;
+        EXPECT_EQ(command.Err.str(), row.Expected) << row.Label;
         EXPECT_EQ(folder.Read("b.xml"), row.After) << row.Label;
     }
 }
@@ -233,18 +247,10 @@ TEST(TranslatorCommand, ChangesNoBuildWhoseSwitchesChangedMeanwhile) {
 TEST(TranslatorCommand, KeepsWhatOthersSavedElsewhereMeanwhile) {
     const WorkingFolder folder;
     folder.Write("b.xml", Build(""));
-    TToolArguments arguments;
-    arguments.Build = "b.xml";
-    arguments.Translator = "v2vhdl";
-    arguments.Words = {"-r"};
-    std::ostringstream out;
-    std::ostringstream err;
-    const TToolStreams streams{out, err};
-    TTranslatorAccess translator(arguments, streams);
-    ASSERT_EQ(translator.Read(), kExitDone);
-    translator.FindOption()->SetEnabled(true);
+    SlowEnable command;
+    ASSERT_EQ(command.Read(), kExitDone);
     folder.Write("b.xml", Build("    <Later/>\n"));
-    EXPECT_EQ(translator.Save("enable"), kExitDone);
+    EXPECT_EQ(command.Save(), kExitDone);
     EXPECT_EQ(folder.Read("b.xml"),
               Build("    <Later/>\n" + Options("      <v2v-r Enabled=\"true\"/>\n")));
 }
