@@ -1,1 +1,0 @@
-// Removed with the folder's first source.
