@@ -138,7 +138,8 @@ std::string CanonicalPath(std::string_view given) {
     std::string path = Resolve(WithoutLengthPrefix(given, &storage));
     // Without its ".." the path may begin with such a prefix.
     const std::string_view bare = WithoutLengthPrefix(path, &storage);
-    return bare.size() == path.size() ? path : Resolve(bare);
+    if (bare.size() == path.size()) return path;
+    return Resolve(bare);
 }
 
 std::string PathParts(std::string_view path, unsigned int parts) {

@@ -112,10 +112,9 @@ private:
         const auto isPrintable = [](const auto& attribute) {
             return CanBePrinted(attribute.first);
         };
-        if (!std::all_of(given.begin(), given.end(), isName)) ReportNoName();
-        if (given.size() <= kFewAttributes && !HasRepeatedName(given) &&
-            std::all_of(given.begin(), given.end(), isPrintable))
-            return given;
+        const bool arePrintable = std::all_of(given.begin(), given.end(), isPrintable);
+        if (!arePrintable && !std::all_of(given.begin(), given.end(), isName)) ReportNoName();
+        if (arePrintable && given.size() <= kFewAttributes && !HasRepeatedName(given)) return given;
         std::unordered_map<std::string, std::size_t> places;
         for (const auto& [name, value] : given) {
             std::string written = ToXMLName(name);
