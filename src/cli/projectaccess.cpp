@@ -59,13 +59,8 @@ int TProjectAccess::Read(bool mayBeMissing) {
     const TProjectFileResult result = Project.Read(&Settings);
     StateRead = StateOf(Settings);
     SavedUnchanged = StateOfSaved();
-    if (result == PROJECT_FILE_DONE || (result == PROJECT_FILE_MISSING && mayBeMissing)) {
-        // Later than the settings: should others save in between, they are not saved over.
-        TSettingsSection section;
-        section.ReadFile(File->Canonical(false));
-        Loss = FindSettingsLoss(section.GetSection());
+    if (result == PROJECT_FILE_DONE || (result == PROJECT_FILE_MISSING && mayBeMissing))
         return kExitDone;
-    }
     TXMLReadError error = Project.GetReadError();
     error.File = Arguments.Project;  // as the user typed it
     ReportError(Streams, result == PROJECT_FILE_UNREADABLE
@@ -91,9 +86,17 @@ TProjectSimConfig* TProjectAccess::FindConfiguration() {
     return nullptr;
 }
 
+// What the file by now would lose; should it no longer be the one that was read, nothing is saved.
+std::string TProjectAccess::FindLoss() const {
+    const TQuietMessageBox quiet;
+    TSettingsSection section;
+    section.ReadFile(File->Canonical(false));
+    return FindSettingsLoss(section.GetSection());
+}
+
 int TProjectAccess::Save(const char* verb) {
-    if (!Loss.empty()) {
-        ReportError(Streams, Arguments.Project + ": a save would lose " + Loss);
+    if (const std::string loss = FindLoss(); !loss.empty()) {
+        ReportError(Streams, Arguments.Project + ": a save would lose " + loss);
         return kExitProblems;
     }
     const TFileChange change{MakeResult(("hdlbuild-settings-" + std::string(verb)).c_str(),

@@ -34,6 +34,7 @@ private:
     TState StateOf(const TProjectSimSettings& settings) const;
     TState StateOfSaved();
     TState StateChanged();
+    std::string FindLoss() const;
     std::string WriteFile();
 
     const TToolArguments& Arguments;
@@ -43,7 +44,6 @@ private:
     TProjectSimSettings Settings;
     TState StateRead;
     TState SavedUnchanged;  // as what was read would read back, were it saved
-    std::string Loss;       // what in the file a save would lose
 };
 
 /// The names in list order.

@@ -1,21 +1,13 @@
 #include "cli/settingsloss.h"
 #include "cli/settingkeys.h"
 #include "settings/storedlanguages.h"
-#include "sibling/utilities/booltext.h"
+#include "sibling/utilities/mystring.h"
 #include <algorithm>
 #include <charconv>
 #include <set>
 #include <vector>
 
 namespace {
-
-std::string Trimmed(const std::string& text) {
-    constexpr const char* kBlanks = " \t\r\n";
-    const std::size_t begin = text.find_first_not_of(kBlanks);
-    return begin == std::string::npos
-               ? ""
-               : text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
 
 bool IsNumber(const std::string& text) {
     int number = 0;
@@ -24,16 +16,18 @@ bool IsNumber(const std::string& text) {
     return result.ec == std::errc() && result.ptr == end;
 }
 
+// Files may have the words of a command in any case.
 bool IsBool(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    return ConvertStringBoolToBoolean(text.c_str()) || text == "false" || text == "no" ||
-           text == "off" || text == "0";
+    return ValueComplaint(SETTING_BOOL, text, LANGUAGE_NONE).empty();
 }
 
 /// Whether what a reader makes of `text` is what it says. An empty one leaves the default.
 bool IsKept(TSettingKind kind, const std::string& text, THdlLanguage language) {
-    const std::string word = Trimmed(text);
+    TMyString trimmed = text;
+    trimmed.Trim(1, 0);
+    const std::string word = trimmed.Str();
     if (word.empty()) return true;
     switch (kind) {
         case SETTING_BOOL:

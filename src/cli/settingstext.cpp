@@ -1,4 +1,5 @@
 #include "cli/settingstext.h"
+#include "settings/storedlanguages.h"
 #include "sibling/fileservices/environment.h"
 #include "sibling/fileservices/ifilename.h"
 
@@ -51,8 +52,7 @@ std::vector<std::string> ListEntries(const TListKey& list,
 
 std::vector<THdlLanguage> LanguagesOf(const TProjectSimConfig& configuration) {
     std::vector<THdlLanguage> languages;
-    for (const THdlLanguage language : {LANGUAGE_VERILOG, LANGUAGE_VHDL, LANGUAGE_BLUESPECVERILOG,
-                                        LANGUAGE_CPLUSPLUS, LANGUAGE_TESTBUILDER})
+    for (const THdlLanguage language : kStoredLanguages)
         if (configuration.GetProjectLanguageConfig(language)) languages.push_back(language);
     return languages;
 }
