@@ -1,4 +1,4 @@
-#include "sibling/utilities/xmllist.h"
+#include "services/xml/xmllist.h"
 
 #include <cstdint>
 #include <cstdio>

@@ -1,8 +1,8 @@
 #include "buildfile/buildfileparts.h"
 #include "projectfiles/ihdlsourcefile.h"
+#include "services/base/keeper.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
-#include "sibling/utilities/keeper.h"
 
 namespace {
 

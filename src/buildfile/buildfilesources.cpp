@@ -1,10 +1,10 @@
 #include "buildfile/buildfileparts.h"
 #include "buildfile/hdlbuildfile.h"
 #include "projectfiles/ihdlsourcefile.h"
+#include "services/files/pathtext.h"
+#include "services/names/isfilename.h"
+#include "services/names/utilfilename.h"
 #include "settings/projectsimlanguageconfig.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/fileservices/pathtext.h"
-#include "sibling/fileservices/utilfilename.h"
 
 void THdlBuildFile::AddLanguageConfig(THdlLanguage language,
                                       const TProjectSimLanguageConfig* configuration) {

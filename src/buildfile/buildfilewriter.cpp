@@ -1,12 +1,12 @@
 #include "buildfile/buildfileparts.h"
 #include "buildfile/hdlbuildfile.h"
 #include "buildfile/hdlbuildfilexmllist.h"
+#include "services/base/booltext.h"
+#include "services/hdl/hdllanguage.h"
+#include "services/names/isfilename.h"
+#include "services/xml/xmlstream.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/utilities/booltext.h"
-#include "sibling/utilities/hdllanguage.h"
-#include "sibling/utilities/xmlstream.h"
 #include "translation/v2vtranslationoptions.h"
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "buildfile/hdlbuildfile.h"
 #include "buildfile/buildfileparts.h"
+#include "services/base/keeper.h"
+#include "services/base/mystring.h"
+#include "services/names/isfilename.h"
 #include "settings/projectsimgeneralconfig.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/utilities/keeper.h"
-#include "sibling/utilities/mystring.h"
 #include <algorithm>
 
 namespace {

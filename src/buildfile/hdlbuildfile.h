@@ -1,10 +1,10 @@
 #pragma once
 #include "buildfile/hdlbuildfilereadresults.h"
 #include "projectfiles/ibuildmanager.h"
-#include "sibling/designdatabase/iprojectcomponent.h"
-#include "sibling/fileservices/environment.h"
-#include "sibling/utilities/timebase.h"
-#include "sibling/utilities/xmllist.h"
+#include "services/designdatabase/iprojectcomponent.h"
+#include "services/hdl/timebase.h"
+#include "services/names/environment.h"
+#include "services/xml/xmllist.h"
 #include <iosfwd>
 #include <memory>
 #include <set>

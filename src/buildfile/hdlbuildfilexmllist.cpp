@@ -1,9 +1,9 @@
 #include "buildfile/hdlbuildfilexmllist.h"
 #include "buildfile/hdlbuildfile.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/fileservices/pathtext.h"
-#include "sibling/fileservices/utilfilename.h"
-#include "sibling/utilities/xmlstream.h"
+#include "services/files/pathtext.h"
+#include "services/names/isfilename.h"
+#include "services/names/utilfilename.h"
+#include "services/xml/xmlstream.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 #include "buildfile/hdlbuildfile.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include "services/base/mystring.h"
+#include "services/files/pathtext.h"
+#include "services/names/isfilename.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/fileservices/pathtext.h"
-#include "sibling/utilities/mystring.h"
 #include <algorithm>
 #include <ostream>
 

@@ -2,7 +2,7 @@
 #include "cli/filereports.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 
 int LoadBuild(const TToolArguments& arguments, const TToolStreams& streams, THdlBuildFile* build) {
     const TQuietMessageBox quiet;

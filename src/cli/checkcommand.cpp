@@ -4,7 +4,7 @@
 #include "cli/jsonoutput.h"
 #include "cli/repeatedsources.h"
 #include "projectfiles/ihdlsourcefile.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "cli/buildloader.h"
 #include "cli/commands.h"
 #include "cli/jsonoutput.h"
-#include "sibling/fileservices/filereplace.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/files/filereplace.h"
+#include "services/names/isfilename.h"
 #include <cstring>
 #include <sstream>
 

@@ -1,6 +1,6 @@
 #pragma once
-#include "sibling/fileservices/messagebox.h"
-#include "sibling/utilities/xmllist.h"
+#include "services/logging/messagebox.h"
+#include "services/xml/xmllist.h"
 #include <string>
 
 /// Keeps what the library would tell a user at a screen from being shown: the commands report it

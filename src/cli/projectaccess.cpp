@@ -2,9 +2,9 @@
 #include "cli/filereports.h"
 #include "cli/settingsloss.h"
 #include "cli/settingstext.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/utilities/propcache.h"
-#include "sibling/utilities/xmlsectionfile.h"
+#include "services/ini/propcache.h"
+#include "services/names/isfilename.h"
+#include "services/xml/xmlsectionfile.h"
 #include <map>
 
 namespace {

@@ -1,8 +1,8 @@
 #include "cli/repeatedsources.h"
 #include "cli/buildloader.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/fileservices/utilfilename.h"
-#include "sibling/utilities/xmllist.h"
+#include "services/names/isfilename.h"
+#include "services/names/utilfilename.h"
+#include "services/xml/xmllist.h"
 #include <algorithm>
 #include <unordered_map>
 

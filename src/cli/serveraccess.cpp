@@ -1,8 +1,8 @@
 #include "cli/serveraccess.h"
 #include "cli/filereports.h"
 #include "cli/serversloss.h"
-#include "sibling/fileservices/filereplace.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/files/filereplace.h"
+#include "services/names/isfilename.h"
 #include "simtools/serverconfigurationfilexmllist.h"
 #include <algorithm>
 #include <map>

@@ -2,7 +2,7 @@
 #include "cli/serveraccess.h"
 #include "cli/simulatornames.h"
 #include "cli/texttable.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 
 namespace {
 

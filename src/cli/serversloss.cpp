@@ -1,5 +1,5 @@
 #include "cli/serversloss.h"
-#include "sibling/utilities/simulatortype.h"
+#include "services/hdl/simulatortype.h"
 #include <algorithm>
 #include <initializer_list>
 #include <map>

@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/utilities/xmllist.h"
+#include "services/xml/xmllist.h"
 #include <string>
 
 /// The first thing in a simulators file that a save would drop or replace, in words that follow "a

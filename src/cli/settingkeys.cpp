@@ -1,6 +1,6 @@
 #include "cli/settingkeys.h"
 #include "cli/simulatornames.h"
-#include "sibling/utilities/booltext.h"
+#include "services/base/booltext.h"
 #include <algorithm>
 #include <array>
 #include <charconv>

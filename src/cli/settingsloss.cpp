@@ -1,7 +1,7 @@
 #include "cli/settingsloss.h"
 #include "cli/settingkeys.h"
+#include "services/base/mystring.h"
 #include "settings/storedlanguages.h"
-#include "sibling/utilities/mystring.h"
 #include <algorithm>
 #include <charconv>
 #include <set>

@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/utilities/xmllist.h"
+#include "services/xml/xmllist.h"
 #include <string>
 
 /// The first thing in a ProjectSettings element that no settings can hold, so that a save would

@@ -2,8 +2,8 @@
 #include "cli/projectaccess.h"
 #include "cli/settingkeys.h"
 #include "cli/settingstext.h"
-#include "sibling/fileservices/environment.h"
-#include "sibling/fileservices/utilfilename.h"
+#include "services/names/environment.h"
+#include "services/names/utilfilename.h"
 #include <algorithm>
 
 namespace {

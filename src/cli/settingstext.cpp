@@ -1,7 +1,7 @@
 #include "cli/settingstext.h"
+#include "services/names/environment.h"
+#include "services/names/ifilename.h"
 #include "settings/storedlanguages.h"
-#include "sibling/fileservices/environment.h"
-#include "sibling/fileservices/ifilename.h"
 
 namespace {
 

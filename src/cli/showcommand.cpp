@@ -5,9 +5,9 @@
 #include "filenames/componentnamelist.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include "services/names/isfilename.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
-#include "sibling/fileservices/isfilename.h"
 #include "simtools/basesimtool.h"
 #include <algorithm>
 

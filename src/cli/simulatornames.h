@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/utilities/simulatortype.h"
+#include "services/hdl/simulatortype.h"
 #include <string>
 
 /// The simulator of that name or number; SIM_NONE when there is none.

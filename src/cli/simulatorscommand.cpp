@@ -2,7 +2,7 @@
 #include "cli/jsonoutput.h"
 #include "cli/settingstext.h"
 #include "cli/texttable.h"
-#include "sibling/utilities/simtypelanguagemap.h"
+#include "services/hdl/simtypelanguagemap.h"
 
 namespace {
 

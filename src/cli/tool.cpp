@@ -1,6 +1,6 @@
 #include "cli/tool.h"
 #include "cli/commandtable.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <memory>

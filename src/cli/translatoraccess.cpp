@@ -1,7 +1,7 @@
 #include "cli/translatoraccess.h"
 #include "cli/buildloader.h"
 #include "cli/filereports.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 #include "translation/v2vtranslationoption.h"
 
 namespace {

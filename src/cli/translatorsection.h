@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/utilities/xmlsectionfile.h"
+#include "services/xml/xmlsectionfile.h"
 #include <string>
 #include <vector>
 

@@ -1,6 +1,6 @@
 #include "filenames/componentname.h"
 
-#include "sibling/utilities/keeper.h"
+#include "services/base/keeper.h"
 #include <utility>
 
 TComponentName::TComponentName(TTBIdentifier entity, TTBIdentifier architecture,

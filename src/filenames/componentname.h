@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/utilities/identifier.h"
+#include "services/hdl/identifier.h"
 #include <string>
 
 /// One design unit that is simulated as top level: an entity or module with an architecture,

@@ -1,8 +1,8 @@
 #include "filenames/componentnamelist.h"
 
 #include "filenames/componentname.h"
-#include "sibling/utilities/keeper.h"
-#include "sibling/utilities/xmlstream.h"
+#include "services/base/keeper.h"
+#include "services/xml/xmlstream.h"
 #include <algorithm>
 #include <functional>
 

@@ -1,6 +1,6 @@
 #pragma once
-#include "sibling/utilities/identifier.h"
-#include "sibling/utilities/xmllist.h"
+#include "services/hdl/identifier.h"
+#include "services/xml/xmllist.h"
 #include <cstddef>
 #include <list>
 #include <string>

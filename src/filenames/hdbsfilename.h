@@ -1,6 +1,6 @@
 #pragma once
-#include "sibling/designdatabase/hdbbase.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/designdatabase/hdbbase.h"
+#include "services/names/isfilename.h"
 
 /// A file name that takes part in the design database: it wraps one file-name handle and forwards
 /// every question and every time stamp to it. Copies wrap the same handle.

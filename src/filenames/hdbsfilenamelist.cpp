@@ -1,6 +1,6 @@
 #include "filenames/hdbsfilenamelist.h"
 
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 #include <cstddef>
 #include <unordered_map>
 

@@ -1,6 +1,6 @@
 #pragma once
 #include "filenames/hdbsfilename.h"
-#include "sibling/utilities/dlist.h"
+#include "services/base/dlist.h"
 #include <string>
 
 /// A named list of tracked file names, which it owns.

@@ -1,8 +1,8 @@
 #include "filenames/toplevelcomponents.h"
 
-#include "sibling/logging/binarylog.h"
-#include "sibling/utilities/fold.h"
-#include "sibling/utilities/xmlstream.h"
+#include "services/base/fold.h"
+#include "services/logging/binarylog.h"
+#include "services/xml/xmlstream.h"
 #include <utility>
 
 namespace {

@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/api.h"
+#include "services/base/api.h"
 
 /// Hears of each file inserted into a project file list that it is registered with.
 class HDLBUILDFILE_SHARED_TYPE AHdbObjectObserver {

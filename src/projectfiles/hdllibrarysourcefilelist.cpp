@@ -1,5 +1,5 @@
 #include "projectfiles/hdllibrarysourcefilelist.h"
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 
 THdlLibrarySourceFileList::THdlLibrarySourceFileList(IProjectComponent* owner)
     : THdlSourceFileList(LIST_TYPE_SOURCE_CODE_LIBRARY_FILES, owner) {}

@@ -1,6 +1,6 @@
 #include "projectfiles/hdlprojectdiagramfile.h"
-#include "sibling/designdatabase/visitor.h"
-#include "sibling/utilities/fold.h"
+#include "services/base/fold.h"
+#include "services/designdatabase/visitor.h"
 
 THdlProjectDiagramFile::THdlProjectDiagramFile(const ISFileName* file, IProjectComponent* owner)
     : THdlProjectFile(file, owner, true), AssociatedFiles(owner) {

@@ -1,8 +1,8 @@
 #include "projectfiles/hdlprojectfile.h"
 #include "projectfiles/hdlprojectfilelist.h"
 #include "projectfiles/innermosthandle.h"
-#include "sibling/designdatabase/visitor.h"
-#include "sibling/utilities/keeper.h"
+#include "services/base/keeper.h"
+#include "services/designdatabase/visitor.h"
 #include <string_view>
 
 namespace {

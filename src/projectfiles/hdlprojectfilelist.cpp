@@ -2,10 +2,10 @@
 #include "projectfiles/hdlprojectfile.h"
 #include "projectfiles/innermosthandle.h"
 #include "projectfiles/projectfileindex.h"
-#include "sibling/designdatabase/iprojectcomponent.h"
-#include "sibling/designdatabase/visitor.h"
-#include "sibling/logging/binarylog.h"
-#include "sibling/utilities/keeper.h"
+#include "services/base/keeper.h"
+#include "services/designdatabase/iprojectcomponent.h"
+#include "services/designdatabase/visitor.h"
+#include "services/logging/binarylog.h"
 #include <algorithm>
 #include <iterator>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 #include "projectfiles/hdbobjectobserver.h"
-#include "sibling/designdatabase/hdbbase.h"
-#include "sibling/utilities/observer.h"
+#include "services/base/observer.h"
+#include "services/designdatabase/hdbbase.h"
 #include <functional>
 #include <initializer_list>
 #include <list>

@@ -1,9 +1,9 @@
 #include "projectfiles/hdlprojectsourcefile.h"
 #include "projectfiles/sourcename.h"
+#include "services/designdatabase/iprojectcomponent.h"
+#include "services/designdatabase/visitor.h"
+#include "services/hdl/sourcefileextensions.h"
 #include "settings/projectdiagramsimconfig.h"
-#include "sibling/designdatabase/iprojectcomponent.h"
-#include "sibling/designdatabase/visitor.h"
-#include "sibling/utilities/sourcefileextensions.h"
 
 THdlProjectSourceFile::THdlProjectSourceFile(const ISFileName* file, IProjectComponent* owner,
                                              bool isLibrary)

@@ -1,6 +1,6 @@
 #include "projectfiles/hdlprojectstimulusresultsfile.h"
 #include "projectfiles/isimulationresults.h"
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 
 THdlProjectStimulusResultsFile::THdlProjectStimulusResultsFile(const ISFileName* file,
                                                                IProjectComponent* owner,

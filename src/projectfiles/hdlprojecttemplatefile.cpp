@@ -1,5 +1,5 @@
 #include "projectfiles/hdlprojecttemplatefile.h"
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 
 THdlProjectTemplateFile::THdlProjectTemplateFile(const ISFileName* file, IProjectComponent* owner)
     : THdlProjectSourceFile(file, owner, false), AssociatedFiles(owner) {}

@@ -1,5 +1,5 @@
 #include "projectfiles/hdlprojectusersourcefile.h"
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #include "projectfiles/hdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "projectfiles/languageconfigmap.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/utilities/keeper.h"
-#include "sibling/utilities/sourcefileextensions.h"
+#include "services/base/keeper.h"
+#include "services/hdl/sourcefileextensions.h"
+#include "services/names/isfilename.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "projectfiles/hdlsourcefilelist.h"
 #include "projectfiles/hdlprojectsourcefile.h"
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 
 THdlSourceFileList::THdlSourceFileList(IProjectComponent* owner)
     : THdlSourceFileList(LIST_TYPE_ASSOCIATED_FILES, owner) {}

@@ -1,6 +1,6 @@
 #include "projectfiles/hdltimingdiagramfilelist.h"
 #include "projectfiles/hdlprojectdiagramfile.h"
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 
 THdlTimingDiagramFileList::THdlTimingDiagramFileList(IProjectComponent* owner)
     : THdlTimingDiagramFileList(LIST_TYPE_TRANSACTION_DIAGRAMS, owner) {}

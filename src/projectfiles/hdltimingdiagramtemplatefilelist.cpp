@@ -1,5 +1,5 @@
 #include "projectfiles/hdltimingdiagramtemplatefilelist.h"
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 
 THdlTimingDiagramTemplateFileList::THdlTimingDiagramTemplateFileList(IProjectComponent* owner)
     : THdlTimingDiagramFileList(LIST_TYPE_TEMPLATE_DIAGRAM, owner) {}

@@ -1,7 +1,7 @@
 #include "projectfiles/hdlusersourcefilelist.h"
 #include "projectfiles/hdlprojectusersourcefile.h"
-#include "sibling/designdatabase/visitor.h"
-#include "sibling/logging/binarylog.h"
+#include "services/designdatabase/visitor.h"
+#include "services/logging/binarylog.h"
 
 namespace {
 

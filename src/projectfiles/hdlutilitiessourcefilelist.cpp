@@ -1,5 +1,5 @@
 #include "projectfiles/hdlutilitiessourcefilelist.h"
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 
 THdlUtilitiesSourceFileList::THdlUtilitiesSourceFileList(IProjectComponent* owner)
     : THdlSourceFileList(LIST_TYPE_UTILITIES_FILES, owner) {}

@@ -1,6 +1,6 @@
 #pragma once
-#include "sibling/api.h"
-#include "sibling/utilities/hdllanguage.h"
+#include "services/base/api.h"
+#include "services/hdl/hdllanguage.h"
 
 class ISFileName;
 class THdlProjectSourceFile;

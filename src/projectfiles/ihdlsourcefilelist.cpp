@@ -3,7 +3,7 @@
 #include "projectfiles/hdlprojectsourcefile.h"
 #include "projectfiles/hdlsourcefile.h"
 #include "projectfiles/sourcenametable.h"
-#include "sibling/utilities/keeper.h"
+#include "services/base/keeper.h"
 #include <algorithm>
 #include <vector>
 

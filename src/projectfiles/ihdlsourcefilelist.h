@@ -1,6 +1,6 @@
 #pragma once
-#include "sibling/utilities/dlist.h"
-#include "sibling/utilities/hdllanguage.h"
+#include "services/base/dlist.h"
+#include "services/hdl/hdllanguage.h"
 #include <cstddef>
 #include <list>
 #include <memory>

@@ -1,8 +1,8 @@
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "projectfiles/sourcepath.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/utilities/xmlstream.h"
+#include "services/names/isfilename.h"
+#include "services/xml/xmlstream.h"
 
 namespace {
 

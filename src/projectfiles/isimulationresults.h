@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/api.h"
+#include "services/base/api.h"
 
 /// The results of a simulation run, as far as a stimulus file asks about them.
 class HDLBUILDFILE_SHARED_TYPE ISimulationResults {

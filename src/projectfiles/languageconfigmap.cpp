@@ -1,6 +1,6 @@
 #include "projectfiles/languageconfigmap.h"
+#include "services/base/keeper.h"
 #include "settings/projectsimlanguageconfig.h"
-#include "sibling/utilities/keeper.h"
 #include <unordered_map>
 
 namespace {

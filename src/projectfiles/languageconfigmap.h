@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/utilities/hdllanguage.h"
+#include "services/hdl/hdllanguage.h"
 #include <map>
 #include <memory>
 

@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 #include <list>
 #include <unordered_map>
 #include <vector>

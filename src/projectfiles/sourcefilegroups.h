@@ -1,7 +1,7 @@
 #pragma once
 #include "projectfiles/dependencyindex.h"
 #include "projectfiles/ihdlsourcefilelist.h"
-#include "sibling/utilities/hdllanguage.h"
+#include "services/hdl/hdllanguage.h"
 #include <map>
 #include <memory>
 #include <unordered_set>

@@ -2,10 +2,10 @@
 #include "projectfiles/sourcefilegroups.h"
 #include "projectfiles/sourcefileowner.h"
 #include "projectfiles/sourcepath.h"
+#include "services/base/booltext.h"
+#include "services/logging/messagebox.h"
+#include "services/xml/xmlstream.h"
 #include "settings/projectsimgeneralconfig.h"
-#include "sibling/fileservices/messagebox.h"
-#include "sibling/utilities/booltext.h"
-#include "sibling/utilities/xmlstream.h"
 
 bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element) {
     FilesMissing = false;

@@ -1,7 +1,7 @@
 #include "projectfiles/sourcefileowner.h"
 #include "projectfiles/ibuildmanager.h"
 #include "projectfiles/languageconfigmap.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 #include <utility>
 
 /// A source that takes itself out of its owner's list when somebody else deletes it.

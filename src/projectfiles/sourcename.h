@@ -1,6 +1,6 @@
 #pragma once
 // Public: exported classes hold it by value.
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 #include <string_view>
 
 class IHdlSourceFile;

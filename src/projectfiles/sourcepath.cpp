@@ -1,6 +1,6 @@
 #include "projectfiles/sourcepath.h"
 #include "projectfiles/ihdlsourcefile.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 
 std::string RelativeSourcePath(const IHdlSourceFile& source, const ISFileName* file) {
     const ISFileName* name = source.GetFileName();

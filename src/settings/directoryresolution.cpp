@@ -1,11 +1,12 @@
 #include "settings/directoryresolution.h"
+#include "services/base/fold.h"
+#include "services/files/directories.h"
+#include "services/files/pathtext.h"
+#include "services/ini/inifilenames.h"
+#include "services/logging/binarylog.h"
+#include "services/names/isfilename.h"
+#include "services/names/utilfilename.h"
 #include "settings/projectsettingsconfigurationsdata.h"
-#include "sibling/fileservices/directories.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/fileservices/pathtext.h"
-#include "sibling/fileservices/utilfilename.h"
-#include "sibling/logging/binarylog.h"
-#include "sibling/utilities/fold.h"
 
 namespace {
 

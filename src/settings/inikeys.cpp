@@ -1,6 +1,6 @@
 #include "settings/inikeys.h"
+#include "services/ini/propcache.h"
 #include "settings/settingnumber.h"
-#include "sibling/utilities/propcache.h"
 #include <algorithm>
 
 namespace {

@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/utilities/mystring.h"
+#include "services/base/mystring.h"
 #include <optional>
 #include <string>
 #include <vector>

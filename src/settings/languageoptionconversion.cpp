@@ -1,6 +1,6 @@
 #include "settings/languageoptionconversion.h"
-#include "sibling/options/optionconversion.h"
-#include "sibling/utilities/fold.h"
+#include "services/base/fold.h"
+#include "services/options/optionconversion.h"
 #include <initializer_list>
 #include <string_view>
 

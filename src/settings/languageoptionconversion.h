@@ -1,6 +1,6 @@
 #pragma once
-#include "sibling/utilities/hdllanguage.h"
-#include "sibling/utilities/simulatortype.h"
+#include "services/hdl/hdllanguage.h"
+#include "services/hdl/simulatortype.h"
 #include <string>
 #include <string_view>
 

@@ -1,7 +1,7 @@
 #include "settings/projectdiagramsimconfig.h"
+#include "services/hdl/simtypelanguagemap.h"
 #include "settings/inikeys.h"
 #include "settings/projecttemplatesimconfiglist.h"
-#include "sibling/utilities/simtypelanguagemap.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "settings/projectfile.h"
 
+#include "services/names/isfilename.h"
+#include "services/xml/xmlsectionfile.h"
 #include "settings/projectsimsettings.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/utilities/xmlsectionfile.h"
 
 namespace {
 

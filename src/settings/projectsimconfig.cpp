@@ -1,10 +1,10 @@
 #include "settings/projectsimconfig.h"
+#include "services/hdl/simtypelanguagemap.h"
+#include "services/logging/binarylog.h"
+#include "services/names/isfilename.h"
+#include "services/xml/xmlstream.h"
 #include "settings/projectsettingsconfigurations.h"
 #include "settings/storedlanguages.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/logging/binarylog.h"
-#include "sibling/utilities/simtypelanguagemap.h"
-#include "sibling/utilities/xmlstream.h"
 
 namespace {
 

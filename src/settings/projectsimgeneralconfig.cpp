@@ -1,9 +1,9 @@
 #include "settings/projectsimgeneralconfig.h"
+#include "services/base/booltext.h"
+#include "services/ini/propcache.h"
+#include "services/xml/xmlstream.h"
 #include "settings/inikeys.h"
 #include "settings/settingnumber.h"
-#include "sibling/utilities/booltext.h"
-#include "sibling/utilities/propcache.h"
-#include "sibling/utilities/xmlstream.h"
 
 namespace {
 

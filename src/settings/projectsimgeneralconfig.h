@@ -1,7 +1,7 @@
 #pragma once
-#include "sibling/fileservices/corbaimpl.h"
-#include "sibling/utilities/hdllanguage.h"
-#include "sibling/utilities/mystring.h"
+#include "services/base/corbaimpl.h"
+#include "services/base/mystring.h"
+#include "services/hdl/hdllanguage.h"
 
 class TElement;
 class TXMLList;

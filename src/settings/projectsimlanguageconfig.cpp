@@ -1,8 +1,8 @@
 #include "settings/projectsimlanguageconfig.h"
+#include "services/logging/binarylog.h"
+#include "services/names/environment.h"
+#include "services/names/isfilename.h"
 #include "settings/directoryresolution.h"
-#include "sibling/fileservices/environment.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/logging/binarylog.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 #pragma once
+#include "services/base/corbaimpl.h"
+#include "services/base/dlist.h"
+#include "services/base/mystring.h"
+#include "services/hdl/simulatortype.h"
 #include "settings/simprojectdelaytype.h"
 #include "settings/uniquetextlist.h"
-#include "sibling/fileservices/corbaimpl.h"
-#include "sibling/utilities/dlist.h"
-#include "sibling/utilities/mystring.h"
-#include "sibling/utilities/simulatortype.h"
 
 class ISFileName;
 class TElement;

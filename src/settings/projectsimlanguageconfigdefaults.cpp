@@ -1,6 +1,6 @@
 // The option defaults of TProjectSimLanguageConfig.
+#include "services/logging/binarylog.h"
 #include "settings/projectsettingsconfigurationsdata.h"
-#include "sibling/logging/binarylog.h"
 #include <algorithm>
 
 namespace {

@@ -1,12 +1,13 @@
 // The INI form of TProjectSimLanguageConfig.
+#include "services/base/fold.h"
+#include "services/files/directories.h"
+#include "services/files/pathtext.h"
+#include "services/ini/inifilenames.h"
+#include "services/logging/binarylog.h"
+#include "services/names/environment.h"
+#include "services/names/isfilename.h"
 #include "settings/inikeys.h"
 #include "settings/projectsettingsconfigurationsdata.h"
-#include "sibling/fileservices/directories.h"
-#include "sibling/fileservices/environment.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/fileservices/pathtext.h"
-#include "sibling/logging/binarylog.h"
-#include "sibling/utilities/fold.h"
 
 namespace {
 

@@ -1,14 +1,14 @@
 // The project-file form of TProjectSimLanguageConfig.
+#include "services/base/booltext.h"
+#include "services/base/fold.h"
+#include "services/files/pathtext.h"
+#include "services/logging/binarylog.h"
+#include "services/names/environment.h"
+#include "services/names/isfilename.h"
+#include "services/xml/xmlstream.h"
 #include "settings/languageoptionconversion.h"
 #include "settings/projectsettingsconfigurationsdata.h"
 #include "settings/settingnumber.h"
-#include "sibling/fileservices/environment.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/fileservices/pathtext.h"
-#include "sibling/logging/binarylog.h"
-#include "sibling/utilities/booltext.h"
-#include "sibling/utilities/fold.h"
-#include "sibling/utilities/xmlstream.h"
 #include <algorithm>
 
 namespace {

@@ -1,8 +1,8 @@
+#include "services/logging/binarylog.h"
+#include "services/names/isfilename.h"
+#include "services/xml/xmlstream.h"
 #include "settings/projectsettings.h"
 #include "settings/storedlanguages.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/logging/binarylog.h"
-#include "sibling/utilities/xmlstream.h"
 #include <utility>
 
 namespace {

@@ -1,6 +1,6 @@
 #include "settings/projecttemplatesimconfiglist.h"
+#include "services/ini/propcache.h"
 #include "settings/inikeys.h"
-#include "sibling/utilities/propcache.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 #include "settings/settingnumber.h"
-#include "sibling/utilities/fold.h"
+#include "services/base/fold.h"
 #include <charconv>
 #include <limits>
 

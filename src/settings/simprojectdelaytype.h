@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/api.h"
+#include "services/base/api.h"
 
 /// Which of an HDL model's delay values a simulation uses. Project files store the number, INI
 /// files the text of GetDelayTypeFromEnum.

@@ -1,5 +1,5 @@
 #include "settings/simulatordllnames.h"
-#include "sibling/utilities/mystring.h"
+#include "services/base/mystring.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/utilities/simulatortype.h"
+#include "services/hdl/simulatortype.h"
 #include <string>
 
 // The names of the DLLs that are built for one simulator: its prefix, `base` (null counts as

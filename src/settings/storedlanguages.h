@@ -1,6 +1,6 @@
 #pragma once
 // Public: whoever edits settings has to know what they can hold.
-#include "sibling/utilities/hdllanguage.h"
+#include "services/hdl/hdllanguage.h"
 #include <algorithm>
 
 /// The languages that every settings configuration holds and stores, in stored order.

@@ -1,7 +1,7 @@
 #include "simtools/basesimtool.h"
 
-#include "sibling/fileservices/utilfilename.h"
-#include "sibling/utilities/xmlstream.h"
+#include "services/names/utilfilename.h"
+#include "services/xml/xmlstream.h"
 
 void TBaseSimTool::SetExecutablePath(const char* path) {
     ExecutablePath = TUtilFileName(path, 1).Canonical(false);

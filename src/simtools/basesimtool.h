@@ -1,6 +1,6 @@
 #pragma once
-#include "sibling/utilities/simulatortype.h"
-#include "sibling/utilities/xmllist.h"
+#include "services/hdl/simulatortype.h"
+#include "services/xml/xmllist.h"
 #include <string>
 
 /// Which simulator serves one HDL language, where its executable is and which PLI library it loads.

@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/api.h"
+#include "services/base/api.h"
 
 /// Hears of changes of the tools that a courier keeps.
 class HDLBUILDFILE_SHARED_TYPE ABaseSimToolCourierObserver {

@@ -1,6 +1,6 @@
 #include "simtools/serverconfigurationfilexmllist.h"
 
-#include "sibling/utilities/xmlstream.h"
+#include "services/xml/xmlstream.h"
 #include "simtools/simtoolserverclientcourier.h"
 
 TServerConfigurationFileXMLList::TServerConfigurationFileXMLList(

@@ -1,6 +1,6 @@
 #include "simtools/simtoolmap.h"
 
-#include "sibling/utilities/xmlstream.h"
+#include "services/xml/xmlstream.h"
 
 namespace {
 

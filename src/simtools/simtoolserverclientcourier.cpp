@@ -1,11 +1,11 @@
 #include "simtools/simtoolserverclientcourier.h"
 
-#include "sibling/fileservices/directories.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/fileservices/utilfilename.h"
-#include "sibling/logging/binarylog.h"
-#include "sibling/utilities/simtypelanguagemap.h"
-#include "sibling/utilities/xmlstream.h"
+#include "services/files/directories.h"
+#include "services/hdl/simtypelanguagemap.h"
+#include "services/logging/binarylog.h"
+#include "services/names/isfilename.h"
+#include "services/names/utilfilename.h"
+#include "services/xml/xmlstream.h"
 #include "simtools/serverconfigurationfilexmllist.h"
 #include "simtools/simtoolsettings.h"
 #include <algorithm>

@@ -1,6 +1,6 @@
 #pragma once
-#include "sibling/designdatabase/rope.h"
-#include "sibling/utilities/observer.h"
+#include "services/base/observer.h"
+#include "services/base/rope.h"
 #include "simtools/basesimtool.h"
 #include "simtools/basesimtoolcourierobserver.h"
 #include <map>

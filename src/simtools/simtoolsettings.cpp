@@ -1,6 +1,6 @@
 #include "simtools/simtoolsettings.h"
 
-#include "sibling/fileservices/utilfilename.h"
+#include "services/names/utilfilename.h"
 
 namespace {
 

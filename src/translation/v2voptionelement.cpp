@@ -1,5 +1,5 @@
 #include "translation/v2voptionelement.h"
-#include "sibling/utilities/booltext.h"
+#include "services/base/booltext.h"
 #include "translation/v2vtranslationoption.h"
 #include <algorithm>
 #include <climits>

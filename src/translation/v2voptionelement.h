@@ -1,6 +1,6 @@
 #pragma once
-#include "sibling/logging/binarylog.h"
-#include "sibling/utilities/xmlstream.h"
+#include "services/logging/binarylog.h"
+#include "services/xml/xmlstream.h"
 #include <string>
 #include <vector>
 

@@ -1,7 +1,7 @@
 #include "translation/v2vtranslationfileoption.h"
-#include "sibling/designdatabase/projectcomponent.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/fileservices/pathtext.h"
+#include "services/designdatabase/projectcomponent.h"
+#include "services/files/pathtext.h"
+#include "services/names/isfilename.h"
 #include "translation/v2voptionelement.h"
 #include "translation/v2vtranslationoptionslist.h"
 

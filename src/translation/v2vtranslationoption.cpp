@@ -1,5 +1,5 @@
 #include "translation/v2vtranslationoption.h"
-#include "sibling/utilities/keeper.h"
+#include "services/base/keeper.h"
 #include "translation/v2voptionelement.h"
 
 namespace {

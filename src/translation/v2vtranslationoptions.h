@@ -3,7 +3,7 @@
 // The options of the Verilog-to-VHDL and VHDL-to-Verilog translators: the folder's face to its
 // users.
 
-#include "sibling/designdatabase/projectcomponent.h"
+#include "services/designdatabase/projectcomponent.h"
 #include "translation/v2vcommandlineoption.h"
 #include "translation/v2vtranslationfileoption.h"
 #include "translation/v2vtranslationoption.h"

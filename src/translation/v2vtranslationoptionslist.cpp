@@ -1,6 +1,6 @@
 #include "translation/v2vtranslationoptionslist.h"
-#include "sibling/utilities/keeper.h"
-#include "sibling/utilities/xmlstream.h"
+#include "services/base/keeper.h"
+#include "services/xml/xmlstream.h"
 #include "translation/v2vcatalogues.h"
 #include "translation/v2voptionelement.h"
 #include "translation/v2vtranslationfileoption.h"

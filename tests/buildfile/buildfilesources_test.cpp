@@ -2,7 +2,7 @@
 #include "projectfiles/hdlprojectsourcefile.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/buildfile/buildtexts.h"
-#include "tests/sibling/fileservices/hostform.h"
+#include "tests/services/names/hostform.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "buildfile/hdlbuildfilereadresults.h"
 #include "buildfile/hdlbuildfile.h"
 #include "buildfile/simwraphdlbuildfile.h"
-#include "sibling/utilities/xmllist.h"
+#include "services/xml/xmllist.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "buildfile/hdlbuildfile.h"
 #include "projectfiles/hdlsourcefile.h"
+#include "services/names/isfilename.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
-#include "sibling/fileservices/isfilename.h"
 #include "tests/buildfile/projectfolder.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>

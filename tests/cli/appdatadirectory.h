@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/fileservices/directories.h"
+#include "services/files/directories.h"
 #include "tests/support/temporaryfolder.h"
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "cli/dependencycycles.h"
 #include "projectfiles/hdlsourcefile.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 #include <gtest/gtest.h>
 #include <memory>
 #include <sstream>

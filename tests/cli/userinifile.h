@@ -1,6 +1,7 @@
 #pragma once
-#include "sibling/fileservices/directories.h"
-#include "sibling/utilities/propcache.h"
+#include "services/files/directories.h"
+#include "services/ini/inifilenames.h"
+#include "services/ini/propcache.h"
 #include "tests/support/temporaryfolder.h"
 #include <string>
 

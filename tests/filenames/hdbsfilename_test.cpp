@@ -1,6 +1,6 @@
 #include "filenames/hdbsfilename.h"
 
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 #include "tests/filenames/recordingfilename.h"
 #include "tests/support/recorders.h"
 #include "tests/support/slots.h"

@@ -1,6 +1,6 @@
 #include "filenames/hdbsfilenamelist.h"
 
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 #include "tests/support/slots.h"
 #include <chrono>
 #include <gtest/gtest.h>

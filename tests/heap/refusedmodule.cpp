@@ -1,4 +1,4 @@
-#include "sibling/fileservices/directories.h"
+#include "services/files/directories.h"
 
 // A module that uses the library: linked as a program, and as a shared library. Without the library
 // at hand (MinGW), it only includes its headers.

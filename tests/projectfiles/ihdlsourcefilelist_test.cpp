@@ -1,7 +1,7 @@
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "projectfiles/hdlprojectusersourcefile.h"
 #include "tests/projectfiles/sourcefakes.h"
-#include "tests/sibling/fileservices/hostform.h"
+#include "tests/services/names/hostform.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"

@@ -2,7 +2,7 @@
 #include "projectfiles/hdbobjectobserver.h"
 #include "projectfiles/hdlprojectfile.h"
 #include "projectfiles/hdlprojectfilelist.h"
-#include "sibling/designdatabase/iprojectcomponent.h"
+#include "services/designdatabase/iprojectcomponent.h"
 #include <string>
 #include <utility>
 

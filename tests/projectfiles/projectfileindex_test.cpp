@@ -1,7 +1,7 @@
 #include "projectfiles/projectfileindex.h"
 #include "projectfilefakes.h"
 #include "projectfiles/hdlusersourcefilelist.h"
-#include "tests/sibling/fileservices/hostform.h"
+#include "tests/services/names/hostform.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 #include <ctime>

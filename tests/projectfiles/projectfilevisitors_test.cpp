@@ -6,7 +6,7 @@
 #include "projectfiles/hdltimingdiagramtemplatefilelist.h"
 #include "projectfiles/hdlusersourcefilelist.h"
 #include "projectfiles/hdlutilitiessourcefilelist.h"
-#include "sibling/designdatabase/visitor.h"
+#include "services/designdatabase/visitor.h"
 #include <gtest/gtest.h>
 
 namespace {

@@ -5,7 +5,7 @@
 #include "projectfiles/hdltimingdiagramtemplatefilelist.h"
 #include "projectfiles/hdlusersourcefilelist.h"
 #include "projectfiles/hdlutilitiessourcefilelist.h"
-#include "tests/sibling/fileservices/hostform.h"
+#include "tests/services/names/hostform.h"
 #include "tests/support/recorders.h"
 #include "tests/support/slots.h"
 #include "tests/support/temporaryfolder.h"

@@ -4,7 +4,7 @@
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "projectfiles/sourcefilegroups.h"
 #include "projectfiles/sourcefileowner.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 #include <deque>
 #include <map>
 #include <string>

@@ -13,17 +13,38 @@ namespace fs = std::filesystem;
 
 const fs::path kSources = fs::path(HDLBUILDFILE_SOURCE_DIR) / "src";
 
+const std::set<std::string> kUpToNames = {"services/base", "services/files", "services/logging",
+                                          "services/names"};
+const std::set<std::string> kServices = {
+    "services/base", "services/files", "services/logging", "services/names",         "services/xml",
+    "services/ini",  "services/hdl",   "services/options", "services/designdatabase"};
+
+std::set<std::string> ServicesAnd(const std::set<std::string>& folders) {
+    std::set<std::string> all = kServices;
+    all.insert(folders.begin(), folders.end());
+    return all;
+}
+
 /// Which folders each folder may include, itself aside.
 const std::map<std::string, std::set<std::string>> kPermitted = {
-    {"sibling", {}},
-    {"filenames", {"sibling"}},
-    {"settings", {"sibling"}},
-    {"simtools", {"sibling"}},
-    {"translation", {"sibling"}},
-    {"projectfiles", {"sibling", "filenames", "settings", "simtools", "translation"}},
-    {"buildfile", {"sibling", "filenames", "settings", "simtools", "translation", "projectfiles"}},
-    {"cli",
-     {"sibling", "filenames", "settings", "simtools", "translation", "projectfiles", "buildfile"}},
+    {"services/base", {}},
+    {"services/files", {"services/base"}},
+    {"services/logging", {"services/base", "services/files"}},
+    {"services/names", {"services/base", "services/files", "services/logging"}},
+    {"services/xml", kUpToNames},
+    {"services/ini", kUpToNames},
+    {"services/hdl", kUpToNames},
+    {"services/options", kUpToNames},
+    {"services/designdatabase", kUpToNames},
+    {"filenames", kServices},
+    {"settings", kServices},
+    {"simtools", kServices},
+    {"translation", kServices},
+    {"projectfiles", ServicesAnd({"filenames", "settings", "simtools", "translation"})},
+    {"buildfile",
+     ServicesAnd({"filenames", "settings", "simtools", "translation", "projectfiles"})},
+    {"cli", ServicesAnd(
+                {"filenames", "settings", "simtools", "translation", "projectfiles", "buildfile"})},
 };
 
 struct TSource {
@@ -62,14 +83,16 @@ const TSource* FindSource(const std::string& name) {
     return nullptr;
 }
 
+/// The folder under src, or the room of the services.
 std::string FolderOf(const std::string& name) {
-    return name.substr(0, name.find('/'));
+    const std::size_t from = name.starts_with("services/") ? std::string("services/").size() : 0;
+    return name.substr(0, name.find('/', from));
 }
 
 /// A header is public when it exports something, or says that it is for callers.
 bool IsPublic(const TSource& source) {
     if (!source.Name.ends_with(".h") || FolderOf(source.Name) == "cli") return false;
-    if (source.Name == "hdlbuildfile.h" || source.Name == "sibling/api.h") return false;
+    if (source.Name == "hdlbuildfile.h" || source.Name == "services/base/api.h") return false;
     for (const char* mark : {"HDLBUILDFILE_API", "HDLBUILDFILE_SHARED_TYPE", "// Public: "})
         if (source.Text.find(mark) != std::string::npos) return true;
     return false;
@@ -135,7 +158,7 @@ TEST(Layers, PublicHeadersNeedOnlyPublicHeaders) {
         if (!IsPublic(source)) continue;
         for (const std::string& include : source.Includes) {
             const TSource* target = FindSource(include);
-            if (!target || include.ends_with(".inl") || include == "sibling/api.h") continue;
+            if (!target || include.ends_with(".inl") || include == "services/base/api.h") continue;
             EXPECT_TRUE(IsPublic(*target)) << source.Name << " includes private " << include;
         }
     }

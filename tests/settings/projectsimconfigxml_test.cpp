@@ -1,5 +1,5 @@
+#include "services/xml/xmlstream.h"
 #include "settings/projectsimconfig.h"
-#include "sibling/utilities/xmlstream.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/settings/cutsettings.h"
 #include "tests/support/elementtext.h"

@@ -1,5 +1,5 @@
 #include "settings/projectsimgeneralconfig.h"
-#include "sibling/utilities/xmlstream.h"
+#include "services/xml/xmlstream.h"
 #include "tests/settings/settingstext.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"

@@ -1,5 +1,5 @@
+#include "services/xml/xmlstream.h"
 #include "settings/projectsimlanguageconfig.h"
-#include "sibling/utilities/xmlstream.h"
 #include "tests/settings/cutsettings.h"
 #include "tests/settings/settingstext.h"
 #include "tests/support/elementtext.h"

@@ -1,5 +1,5 @@
 #include "settings/projectsimsettings.h"
-#include "sibling/utilities/xmlstream.h"
+#include "services/xml/xmlstream.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/settings/cutsettings.h"
 #include "tests/support/elementtext.h"

@@ -1,8 +1,9 @@
 #pragma once
+#include "services/files/directories.h"
+#include "services/ini/inifilenames.h"
+#include "services/ini/propcache.h"
+#include "services/names/isfilename.h"
 #include "settings/projectsimconfig.h"
-#include "sibling/fileservices/directories.h"
-#include "sibling/fileservices/isfilename.h"
-#include "sibling/utilities/propcache.h"
 #include "tests/support/temporaryfolder.h"
 #include <string>
 

@@ -1,7 +1,7 @@
 #include "simtools/serverconfigurationfilexmllist.h"
 
-#include "sibling/fileservices/directories.h"
-#include "sibling/fileservices/isfilename.h"
+#include "services/files/directories.h"
+#include "services/names/isfilename.h"
 #include "simtools/simtoolserverclientcourier.h"
 #include "simtools/simtoolsettings.h"
 #include "tests/simtools/recordingobserver.h"

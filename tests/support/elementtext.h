@@ -1,5 +1,5 @@
 #pragma once
-#include "sibling/utilities/xmllist.h"
+#include "services/xml/xmllist.h"
 #include <sstream>
 #include <string>
 

@@ -1,6 +1,6 @@
 #pragma once
-#include "sibling/fileservices/messagebox.h"
-#include "sibling/logging/binarylog.h"
+#include "services/logging/binarylog.h"
+#include "services/logging/messagebox.h"
 #include <string>
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "sibling/fileservices/isfilename.h"
+#include "services/names/isfilename.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
 #include "translation/v2vtranslationoptions.h"

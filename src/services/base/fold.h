@@ -1,0 +1,19 @@
+#pragma once
+#include "services/base/api.h"
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// "Ignoring case" in one place, for equality and hash alike: ASCII letters fold, every other byte
+// compares as it is, and the process locale has no say.
+
+constexpr char FoldChar(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+std::string FoldCase(std::string_view text);
+bool EqualIgnoringCase(std::string_view a, std::string_view b);
+/// The hash of FoldCase(text), without making it.
+std::size_t HashIgnoringCase(std::string_view text);
+
+/// `text` without blank, \t, \n, \v, \f and \r at both ends.
+std::string_view TrimmedView(std::string_view text);

@@ -1,0 +1,66 @@
+#pragma once
+#include "services/base/api.h"
+#include <memory>
+
+/// Does one thing to each observer that ForEach hands it.
+class HDLBUILDFILE_SHARED_TYPE IObserverCaller {
+public:
+    virtual ~IObserverCaller() = default;
+    /// `observer` points to the observer class T of the calling TEmbeddedObserverMgr<T>.
+    virtual void Call(void* observer) = 0;
+};
+
+/// A registration list. Observers are not owned: unregister before deleting one. Copies share the
+/// registrations, so that adding or deleting through either is seen by both.
+class HDLBUILDFILE_API AEmbeddedObserverMgr {
+public:
+    AEmbeddedObserverMgr() = default;
+    AEmbeddedObserverMgr(const AEmbeddedObserverMgr& other);
+    AEmbeddedObserverMgr& operator=(const AEmbeddedObserverMgr& other);
+    virtual ~AEmbeddedObserverMgr();
+
+protected:
+    /// Null, and one registered already, are ignored.
+    void Register(void* observer) const;
+    void Unregister(void* observer) const;
+    /// Walks a copy of the registrations and skips one deleted meanwhile.
+    void CallEach(IObserverCaller& caller) const;
+    bool HasObservers() const;
+
+private:
+    struct TObservers;
+    const std::shared_ptr<TObservers>& Registrations() const;
+    mutable std::shared_ptr<TObservers> Observers;  // made when first needed
+};
+
+/// The observers of class T.
+template <class T>
+class TEmbeddedObserverMgr : public AEmbeddedObserverMgr {
+public:
+    void AddObserver(T* observer) const { Register(observer); }
+    void DeleteObserver(T* observer) const { Unregister(observer); }
+    void ForEach(IObserverCaller& caller) const { CallEach(caller); }
+};
+
+/// Calls one member function without arguments of every observer.
+template <class T>
+class TNotifyNoArg : public IObserverCaller {
+public:
+    explicit TNotifyNoArg(void (T::*operation)()) : Operation(operation) {}
+    void Call(void* observer) override { (static_cast<T*>(observer)->*Operation)(); }
+
+private:
+    void (T::*Operation)();
+};
+
+/// Calls one member function with one argument of every observer.
+template <class T, class A>
+class TNotifyOneArg : public IObserverCaller {
+public:
+    TNotifyOneArg(void (T::*operation)(A), A argument) : Operation(operation), Argument(argument) {}
+    void Call(void* observer) override { (static_cast<T*>(observer)->*Operation)(Argument); }
+
+private:
+    void (T::*Operation)(A);
+    A Argument;
+};

@@ -1,0 +1,5 @@
+#include "services/designdatabase/hdbbase.h"
+
+TRope hdb::IHDBBase::dump() const {
+    return GetName();
+}

@@ -1,0 +1,19 @@
+#pragma once
+#include "services/base/api.h"
+
+// Every directory text is in UTF-8, ends with a delimiter and is valid until its setter is called.
+
+/// The installation directory: that of the running module (library or program).
+HDLBUILDFILE_API const char* GetOrvaneHomeDirectory();
+/// The user's application-data directory: the roaming folder on Windows, the desktop's
+/// configuration folder elsewhere, each with "hdlbuildfile" below it. Reading never creates it.
+HDLBUILDFILE_API const char* GetTalveraAppDataDirectory();
+
+/// Null or empty restores the built-in directory. Setting drops the process's property cache, whose
+/// files may lie there.
+HDLBUILDFILE_API void SetOrvaneHomeDirectory(const char* directory);
+HDLBUILDFILE_API void SetTalveraAppDataDirectory(const char* directory);
+
+/// `callback` is called before either directory changes, while both still have their old values.
+/// There is one callback for the process; null takes it away.
+void CallBeforeDirectoriesChange(void (*callback)());

@@ -1,0 +1,23 @@
+#pragma once
+#include "services/base/api.h"
+#include <string>
+#include <string_view>
+
+// Whole files. Paths are in UTF-8, of any length. A null `reason` is allowed.
+
+enum TFileReadResult : int { FILE_READ_DONE = 0, FILE_READ_MISSING = 1, FILE_READ_FAILED = 2 };
+
+HDLBUILDFILE_API TFileReadResult ReadWholeFile(const char* path, std::string* bytes,
+                                               std::string* reason);
+
+/// Writes a new file in the same folder, flushes it to the disk and puts it in the place of `path`,
+/// through links and keeping the permissions. A folder that takes no new file is a failure: the old
+/// file is never written in place and stays as it was.
+HDLBUILDFILE_API bool ReplaceWholeFile(const char* path, std::string_view bytes,
+                                       std::string* reason);
+
+/// Copies `path` to `path` + ".bak", replacing an older one.
+HDLBUILDFILE_API bool KeepBackup(const char* path, std::string* reason);
+
+/// Makes the directory of `path` and those above it.
+HDLBUILDFILE_API bool MakeDirectoryOf(const char* path);

@@ -1,0 +1,38 @@
+#include "services/ini/inifilenames.h"
+#include "services/files/directories.h"
+#include "services/files/pathpieces.h"
+#include "services/ini/propcache.h"
+#include "services/names/isfilename.h"
+
+namespace {
+
+constexpr const char* kIniFileName = "hdlbuildfile.ini";
+
+// Null stands for the file of kIniFileName in its directory.
+const ISFileName* userFile = nullptr;
+const ISFileName* systemFile = nullptr;
+
+const ISFileName* FileOrBuiltIn(const ISFileName* file, const char* directory) {
+    return file ? file : ISFileName::NewISFileName(JoinPath(directory, kIniFileName).c_str());
+}
+
+void SetFile(const ISFileName** file, const char* path) {
+    // What was changed so far belongs to the present files.
+    ResetSystemPropCache();
+    *file = path && *path ? ISFileName::NewISFileName(path) : nullptr;
+}
+
+}  // namespace
+
+const ISFileName* GetIniFile() {
+    return FileOrBuiltIn(userFile, GetTalveraAppDataDirectory());
+}
+const ISFileName* GetSystemIniFile() {
+    return FileOrBuiltIn(systemFile, GetOrvaneHomeDirectory());
+}
+void SetIniFile(const char* path) {
+    SetFile(&userFile, path);
+}
+void SetSystemIniFile(const char* path) {
+    SetFile(&systemFile, path);
+}

@@ -1,0 +1,46 @@
+#pragma once
+#include <expat.h>
+#include <string>
+#include <string_view>
+
+#include "services/xml/xmlencoding.h"
+
+/// One parse of a document by Expat. Handlers are set on GetParser(); their user data is the run's
+/// `userData`. The end handler of an empty element may be called once more after Refuse().
+class TExpatRun {
+public:
+    TExpatRun(const TXMLEncoding& encoding, void* userData);
+    ~TExpatRun();
+    TExpatRun(const TExpatRun&) = delete;
+    TExpatRun& operator=(const TExpatRun&) = delete;
+
+    XML_Parser GetParser() { return Parser; }
+
+    /// Parses the next part of the document. False when the document is malformed or was refused.
+    bool Feed(std::string_view part, bool isLast);
+
+    /// Called by a handler: the document fails at the present token, for `reason`.
+    void Refuse(std::string reason);
+    /// Called by a handler: nothing more is to be read.
+    void Stop();
+
+    /// The present token's first byte in the document, and its length in bytes.
+    std::size_t GetTokenBegin() const;
+    std::size_t GetTokenLength() const;
+
+    /// Expat's error, XML_ERROR_ABORTED after a refusal or stop.
+    XML_Error GetError() const { return XML_GetErrorCode(Parser); }
+    /// Why and where the document failed; "" when it did not.
+    const std::string& GetReason() const { return Reason; }
+    std::size_t GetFailurePlace() const { return FailurePlace; }
+
+private:
+    XML_Parser Parser;
+    std::size_t PartSize = 4096;
+    std::string Reason;
+    std::size_t FailurePlace = 0;
+    bool Stopped = false;
+};
+
+/// Whether Expat takes a whole document.
+bool IsWellFormed(std::string_view document);

@@ -1,0 +1,201 @@
+#include "services/xml/xmllist.h"
+
+#include <unordered_set>
+
+#include "services/base/fold.h"
+#include "services/files/filereplace.h"
+#include "services/logging/binarylog.h"
+#include "services/logging/messagebox.h"
+#include "services/names/isfilename.h"
+#include "services/xml/xmlprint.h"
+#include "services/xml/xmlprologue.h"
+#include "services/xml/xmlreader.h"
+#include "services/xml/xmltext.h"
+#include "services/xml/xmlwriter.h"
+
+namespace {
+
+constexpr int kReadFailureLine = 105;
+
+// The files whose last read failed, whichever list read them: every read and every write has a list
+// of its own. Never destroyed, as lists may be used until the process ends.
+std::unordered_set<std::string>& GetUnreadFiles() {
+    static auto* const files = new std::unordered_set<std::string>;
+    return *files;
+}
+
+// A save goes through links.
+std::string GetFileKey(const ISFileName* file) {
+#ifdef _WIN32
+    return FoldCase(file->CanonicalWithExpandedLinks());
+#else
+    return file->CanonicalWithExpandedLinks();
+#endif
+}
+
+void NoteRead(const ISFileName* file, bool succeeded) {
+    if (succeeded)
+        GetUnreadFiles().erase(GetFileKey(file));
+    else
+        GetUnreadFiles().insert(GetFileKey(file));
+}
+
+bool MustBeKept(const ISFileName* file) {
+    return GetUnreadFiles().count(GetFileKey(file)) > 0 && file->Exists();
+}
+
+std::string DescribeReadError(const char* path, const TXMLReadError& error) {
+    std::string text = "\"" + std::string(path) + "\"";
+    if (error.Line > 0)
+        text += ", line " + std::to_string(error.Line) + ", column " + std::to_string(error.Column);
+    return text + ": " + error.Reason;
+}
+
+void LogText(const std::string& text) {
+    gBinaryLogMessageLoggingMutex.Acquire();
+    TBinaryLogFile::GetInstance()->Write(text.c_str(), "xmllist", kReadFailureLine);
+    gBinaryLogMessageLoggingMutex.Release();
+}
+
+bool ReadBytes(const char* path, std::string* bytes, TXMLReadError* error) {
+    const TFileReadResult result = ReadWholeFile(path, bytes, &error->Reason);
+    if (result == FILE_READ_DONE) return true;
+    error->Missing = result == FILE_READ_MISSING;
+    if (error->Reason.empty())
+        error->Reason = error->Missing ? "the file does not exist" : "the file cannot be read";
+    return false;
+}
+
+bool ReplaceFile(const ISFileName* file, const char* path, const std::string& document,
+                 std::string* reason) {
+    if (MustBeKept(file) && !KeepBackup(path, reason)) return false;
+    if (!ReplaceWholeFile(path, document, reason)) return false;
+    NoteRead(file, true);
+    return true;
+}
+
+void TellSaveFailure(const char* path, const std::string& reason) {
+    const std::string text = "\"" + std::string(path) + "\": " + reason;
+    Fileservices::GetMessageBox()->ShowMessage(text.c_str(), "Cannot save file", 0);
+}
+
+}  // namespace
+
+TXMLString MakeXMLString(const char* text) {
+    return TXMLList::MakeXMLString(text);
+}
+
+TXMLString TXMLList::MakeXMLString(const char* text) {
+    return TXMLString(text ? text : "");
+}
+
+TXMLList::~TXMLList() {
+    TXMLList::Flush(1);
+}
+
+void TXMLList::Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
+                   const char* text, const char*, bool) {
+    Psh(name, attributes, type, MakeXMLString(text));
+}
+
+void TXMLList::Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
+                   const TXMLString& text, const char*, bool) {
+    const bool isText = type == TElement::TEXT;
+    auto* element = new TElement(type, name && !isText ? name : "", isText ? text.GetPlain() : "");
+    if (attributes && type == TElement::START) element->SetAttributes(attributes->GetAttributes());
+    AddAtTail(element);
+}
+
+bool TXMLList::FindNext(DListIterator<TElement*>& position, const char* name,
+                        const char* enclosing) {
+    const std::string_view bound = enclosing ? enclosing : "";
+    for (DListIterator<TElement*> next = position; next.NotAtTail(); ++next) {
+        const TElement* element = next.Current();
+        if (!element) continue;
+        if (element->ElemType == TElement::START && element->Name == name) {
+            position = next;
+            return true;
+        }
+        if (element->ElemType == TElement::END && !bound.empty() && element->Name.Str() == bound)
+            return false;
+    }
+    return false;
+}
+
+bool TXMLList::ReadFile(const char* path, const char*) {
+    // The path may be a text of this list or of its last error.
+    const std::string file = path ? path : "";
+    SetFileName(file.c_str());
+    Flush(1);
+    ReadError = {};
+    std::string bytes;
+    const bool isRead =
+        ReadBytes(file.c_str(), &bytes, &ReadError) && ReadFromText(bytes, &ReadError);
+    ReadError.File = file;
+    NoteRead(FileName, isRead || ReadError.Missing);
+    if (isRead)
+        (void)InterpretElements();
+    else
+        HandleMissingOrInvalidFile(file.c_str());
+    return isRead;
+}
+
+bool TXMLList::ReadFromText(const std::string& document, TXMLReadError* error) {
+    std::vector<std::unique_ptr<TElement>> elements;
+    TXMLReadError found;
+    const std::string droppedRoot = RootHeld ? "" : GetDocumentTypeRoot(ToUtf8(DocumentType));
+    const bool isRead = ReadXMLDocument(document, droppedRoot, &elements, &found,
+                                        RootHeld ? &DocumentType : nullptr);
+    // The document may have been a text of this list.
+    Flush(1);
+    for (auto& element : elements) AddAtTail(element.release());
+    if (error) *error = found;
+    return isRead;
+}
+
+bool TXMLList::WriteFile(const char* path) {
+    const std::string file = path ? path : "";
+    SetFileName(file.c_str());
+    Flush(1);
+    FillElements();
+    std::string document;
+    std::string reason;
+    if (WriteToText(&document, &reason) && ReplaceFile(FileName, file.c_str(), document, &reason))
+        return true;
+    TellSaveFailure(file.c_str(), reason);
+    return false;
+}
+
+bool TXMLList::WriteToText(std::string* document, std::string* error) {
+    std::string text;
+    std::string reason;
+    const bool isWritten = WriteXMLDocument(this, &text, &reason);
+    if (document) *document = std::move(text);
+    if (error) *error = std::move(reason);
+    return isWritten;
+}
+
+void TXMLList::SaveElement(TElement* element, std::ostream& stream, int indent) {
+    if (element) PrintXMLElement(*element, stream, indent);
+}
+
+void TXMLList::SetDocumentType(const char* text) {
+    DocumentType = text ? text : "";
+}
+
+void TXMLList::SetFileName(const char* path) {
+    FileName = ISFileName::NewISFileName(path);
+}
+
+void TXMLList::FillElements() {}
+
+bool TXMLList::InterpretElements() {
+    return true;
+}
+
+void TXMLList::HandleMissingOrInvalidFile(const char* path) {
+    if (ReadError.Missing) return;
+    const std::string text = DescribeReadError(path ? path : "", ReadError);
+    LogText(text);
+    Fileservices::GetMessageBox()->ShowMessage(text.c_str(), "Cannot read file", 0);
+}

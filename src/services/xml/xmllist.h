@@ -1,0 +1,109 @@
+#pragma once
+#include "services/base/dlist.h"
+#include "services/xml/xmlelement.h"
+#include <iosfwd>
+#include <string>
+
+class ISFileName;
+
+/// Why a file could not be read.
+struct TXMLReadError {
+    bool Missing = false;  ///< the file does not exist
+    std::string File;      ///< the path as it was given
+    int Line = 0;          ///< 1-based; 0 when the file could not be opened or read
+    int Column = 0;        ///< 1-based, in bytes
+    std::string Reason;    ///< empty when the last read succeeded
+    bool IsError() const { return !Reason.empty(); }
+};
+
+/// The element stream of one document, with the file it is read from or written to. Texts in the
+/// stream are plain; WriteFile escapes each once. The list owns its elements: reading, writing and
+/// the destructor delete them.
+///
+/// A file always has one root: WriteFile wraps the pushed elements in the root that the document
+/// type names, and ReadFile drops a root of that name again, so a document reads back to the same
+/// stream.
+class HDLBUILDFILE_API TXMLList : public DList<TElement*> {
+public:
+    TXMLList() = default;
+    ~TXMLList() override;
+    TXMLList(const TXMLList&) = delete;
+    TXMLList& operator=(const TXMLList&) = delete;
+
+    /// Appends one element. Null texts count as empty, null attributes as none; attributes are
+    /// copied. The last two arguments are spare.
+    void Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
+             const char* text, const char* = nullptr, bool = false);
+    void Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
+             const TXMLString& text, const char* = nullptr, bool = false);
+
+    /// Null gives the empty text.
+    static TXMLString MakeXMLString(const char* text);
+
+    /// Moves `position` to the first START element called `name` at or after it; stops without
+    /// success at an END called `enclosing` (null or empty: no bound) or at the tail. False: not
+    /// moved.
+    static bool FindNext(DListIterator<TElement*>& position, const char* name,
+                         const char* enclosing);
+
+    /// Replaces the elements by those of the file, all or nothing, then calls InterpretElements;
+    /// true whatever that answers. A null path counts as empty: a missing file. On failure the list
+    /// is empty, HandleMissingOrInvalidFile has been called once, GetReadError() tells why, and the
+    /// result is false. The second argument is spare.
+    bool ReadFile(const char* path, const char* = nullptr);
+
+    /// Empties the list, calls FillElements, and replaces the file whole, through links and keeping
+    /// its permissions. On failure a message box names path and reason, the old file stays as it
+    /// was, and the result is false. A file whose last read failed is first kept beside as ".bak".
+    bool WriteFile(const char* path);
+
+    /// ReadFile's parsing of a document in memory, all or nothing: nothing is interpreted, no
+    /// message is shown. `error` may be null.
+    bool ReadFromText(const std::string& document, TXMLReadError* error);
+    /// Prints the elements as WriteFile would, without filling. False, with `*document` empty, for
+    /// a stream that no XML document can hold. Adjacent texts are read back as one. Null pointers
+    /// are allowed.
+    bool WriteToText(std::string* document, std::string* error);
+
+    /// Prints one element; called for each by WriteFile and WriteToText. `indent` counts blanks,
+    /// put behind a line end in front of the element; a negative one puts nothing there. Sets the
+    /// stream's failbit for a text that XML cannot hold. Null is ignored.
+    virtual void SaveElement(TElement* element, std::ostream& stream, int indent);
+
+    /// The document type line, for example '<!DOCTYPE Root SYSTEM "root.dtd">'. Empty text: neither
+    /// that line nor a root is written.
+    const std::string& GetDocumentType() const { return DocumentType; }
+    void SetDocumentType(const char* text);
+
+    /// Whether the stream holds the root itself, as the document of several components needs, whose
+    /// root has attributes of its own: a read then drops no root and takes over the file's document
+    /// type line, empty when it has none, and a write adds no root.
+    bool HoldsRoot() const { return RootHeld; }
+    void SetHoldsRoot(bool held) { RootHeld = held; }
+
+    /// The file last given to ReadFile, WriteFile or SetFileName, null before. The handle is
+    /// shared.
+    const ISFileName* GetFileName() const { return FileName; }
+    void SetFileName(const char* path);
+
+    /// Of the last ReadFile.
+    const TXMLReadError& GetReadError() const { return ReadError; }
+
+protected:
+    /// Pushes the whole document; called by WriteFile on the empty list.
+    virtual void FillElements();
+    /// Walks what ReadFile parsed. The result says whether it made sense; ReadFile passes it over.
+    virtual bool InterpretElements();
+    /// Silent for a missing file; for an unreadable or malformed one shows a message box, style 0,
+    /// with the path in double quotes, line, column and reason, and logs it.
+    virtual void HandleMissingOrInvalidFile(const char* path);
+
+private:
+    std::string DocumentType;
+    bool RootHeld = false;
+    const ISFileName* FileName = nullptr;
+    TXMLReadError ReadError;
+};
+
+/// TXMLList::MakeXMLString.
+HDLBUILDFILE_API TXMLString MakeXMLString(const char* text);

@@ -1,0 +1,71 @@
+#include "services/xml/xmlprologue.h"
+
+#include "services/xml/expatrun.h"
+#include "services/xml/xmltext.h"
+
+namespace {
+
+constexpr std::string_view kEntity = "<!ENTITY";
+
+class TPrologueReader {
+public:
+    explicit TPrologueReader(const TXMLEncoding& encoding) : Run(encoding, this) {
+        XML_Parser parser = Run.GetParser();
+        XML_SetDefaultHandler(parser, OnDeclarationToken);
+        XML_SetEndDoctypeDeclHandler(parser, OnDocumentTypeEnd);
+        XML_SetStartElementHandler(parser, OnStartElement);
+    }
+
+    TXMLPrologue Read(std::string_view document) {
+        Run.Feed(document, true);
+        Prologue.Reason = Run.GetReason();
+        Prologue.FailurePlace = Run.GetFailurePlace();
+        return Prologue;
+    }
+
+private:
+    static TPrologueReader& From(void* userData) {
+        return *static_cast<TPrologueReader*>(userData);
+    }
+
+    static void OnDeclarationToken(void* userData, const XML_Char* text, int length) {
+        TPrologueReader& reader = From(userData);
+        const std::string_view token(text, static_cast<std::size_t>(length));
+        if (token == kXMLDocumentType)
+            reader.Prologue.DocumentTypeBegin = reader.Run.GetTokenBegin();
+        else if (token == kEntity)
+            reader.Run.Refuse("entity declarations are not accepted");
+        if (token == kXMLDocumentType || !reader.Prologue.DocumentType.empty())
+            reader.Prologue.DocumentType += token;
+    }
+
+    static void OnDocumentTypeEnd(void* userData) {
+        TPrologueReader& reader = From(userData);
+        reader.Prologue.DocumentTypeEnd = reader.Run.GetTokenBegin() + reader.Run.GetTokenLength();
+        reader.Prologue.DocumentType += '>';
+        reader.Run.Stop();
+    }
+
+    static void OnStartElement(void* userData, const XML_Char*, const XML_Char**) {
+        From(userData).Run.Stop();
+    }
+
+    TExpatRun Run;
+    TXMLPrologue Prologue;
+};
+
+}  // namespace
+
+TXMLPrologue ReadXMLPrologue(std::string_view document, const TXMLEncoding& encoding) {
+    return TPrologueReader(encoding).Read(document);
+}
+
+std::string GetDocumentTypeRoot(std::string_view documentType) {
+    constexpr std::string_view kBlanks = " \t\n\r";
+    if (!documentType.starts_with(kXMLDocumentType)) return {};
+    documentType.remove_prefix(kXMLDocumentType.size());
+    const std::size_t begin = documentType.find_first_not_of(kBlanks);
+    if (begin == 0 || begin == std::string_view::npos) return {};
+    documentType.remove_prefix(begin);
+    return std::string(documentType.substr(0, documentType.find_first_of(" \t\n\r[>")));
+}

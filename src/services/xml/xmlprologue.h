@@ -1,0 +1,26 @@
+#pragma once
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "services/xml/xmlencoding.h"
+
+/// What a document type declaration begins with.
+inline constexpr std::string_view kXMLDocumentType = "<!DOCTYPE";
+
+/// What stands before a document's first element.
+struct TXMLPrologue {
+    std::size_t DocumentTypeBegin = 0;  ///< place of the document type declaration
+    std::size_t DocumentTypeEnd = 0;    ///< behind it; 0 without a document type
+    std::string DocumentType;           ///< the declaration in UTF-8; empty without one
+    std::string Reason;                 ///< why the prologue is malformed; empty when it is not
+    std::size_t FailurePlace = 0;
+};
+
+/// Reads up to the end of the document type or to the first element, whichever comes first; a
+/// document with neither is a failure. So are entity declarations; nothing outside the document is
+/// ever looked at.
+TXMLPrologue ReadXMLPrologue(std::string_view document, const TXMLEncoding& encoding);
+
+/// The name of the root that a document type declaration announces; "" for any other text.
+std::string GetDocumentTypeRoot(std::string_view documentType);

@@ -1,0 +1,165 @@
+#include "services/xml/xmlreader.h"
+
+#include "services/xml/expatrun.h"
+#include "services/xml/xmlprologue.h"
+#include "services/xml/xmltext.h"
+
+namespace {
+
+class TDocumentReader {
+public:
+    TDocumentReader(std::string_view document, const TXMLEncoding& encoding,
+                    std::string_view droppedRoot, bool holdsRoot,
+                    std::vector<std::unique_ptr<TElement>>* elements)
+        : Run(encoding, this),
+          Document(document),
+          UnitSize(encoding.UnitSize),
+          DroppedRoot(droppedRoot),
+          MaxLevels(kMaxXMLNesting + (holdsRoot ? 1 : 0)),
+          Elements(*elements) {
+        XML_Parser parser = Run.GetParser();
+        XML_SetElementHandler(parser, OnStart, OnEnd);
+        XML_SetCharacterDataHandler(parser, OnText);
+        XML_SetStartCdataSectionHandler(parser, OnCdataSection);
+        XML_SetDefaultHandler(parser, OnTokenBeforeRoot);
+    }
+
+    /// `prologue` replaces the first bytes of the document. That a document type may stand without
+    /// any element is for us to say: of other documents the prologue's reader has made sure.
+    bool Read(std::string_view prologue) {
+        if (Run.Feed(prologue, false) && Run.Feed(Document.substr(prologue.size()), true))
+            return true;
+        return Run.GetError() == XML_ERROR_NO_ELEMENTS && !RootSeen;
+    }
+
+    std::string GetReason() const {
+        if (Run.GetError() != XML_ERROR_NO_ELEMENTS || !RootSeen) return Run.GetReason();
+        return "the document ends inside element \"" +
+               (Open.empty() ? std::string(DroppedRoot) : Open.back()->Name.Str()) + "\"";
+    }
+    std::size_t GetFailurePlace() const { return Run.GetFailurePlace(); }
+
+private:
+    static TDocumentReader& From(void* userData) {
+        return *static_cast<TDocumentReader*>(userData);
+    }
+
+    static void OnStart(void* userData, const XML_Char* name, const XML_Char** attributes) {
+        From(userData).Start(name, attributes);
+    }
+
+    static void OnEnd(void* userData, const XML_Char* name) { From(userData).End(name); }
+
+    static void OnText(void* userData, const XML_Char* text, int length) {
+        From(userData).AddText({text, static_cast<std::size_t>(length)});
+    }
+
+    static void OnCdataSection(void* userData) { From(userData).TextCounts = true; }
+
+    static void OnTokenBeforeRoot(void* userData, const XML_Char* text, int length) {
+        if (std::string_view(text, static_cast<std::size_t>(length)) == kXMLDocumentType)
+            From(userData).Run.Refuse("more than one document type");
+    }
+
+    void Start(const XML_Char* name, const XML_Char** attributes) {
+        FinishText();
+        const bool isDroppedRoot = !RootSeen && !DroppedRoot.empty() && name == DroppedRoot;
+        if (!RootSeen) XML_SetDefaultHandler(Run.GetParser(), nullptr);
+        RootSeen = true;
+        if (isDroppedRoot) return;
+        if (Open.size() == MaxLevels)
+            return Run.Refuse("elements are nested deeper than " + std::to_string(kMaxXMLNesting));
+        TElement* element = Push(TElement::START, name, {});
+        Open.push_back(element);
+        if (attributes[0]) element->SetAttributes(CopyAttributes(attributes));
+    }
+
+    void End(const XML_Char* name) {
+        FinishText();
+        if (Open.empty()) return;  // the dropped root
+        Open.pop_back();
+        Push(TElement::END, name, {});
+    }
+
+    void AddText(std::string_view text) {
+        if (!TextCounts) TextCounts = !IsXMLBlank(text) || IsReference();
+        Text += text;
+    }
+
+    void FinishText() {
+        if (TextCounts) Push(TElement::TEXT, {}, Text);
+        Text.clear();
+        TextCounts = false;
+    }
+
+    // Whether blank text at the present token was written as a reference.
+    bool IsReference() const {
+        return Document.substr(Run.GetTokenBegin(), UnitSize).find('&') != std::string_view::npos;
+    }
+
+    TElement* Push(TElement::ElemTypes type, std::string_view name, std::string_view text) {
+        Elements.push_back(std::make_unique<TElement>(type, name, text));
+        return Elements.back().get();
+    }
+
+    static std::vector<TAttributeList::TAttribute> CopyAttributes(const XML_Char** attributes) {
+        std::vector<TAttributeList::TAttribute> copies;
+        std::size_t count = 0;
+        while (attributes[2 * count]) ++count;
+        copies.reserve(count);
+        for (std::size_t i = 0; i < count; ++i)
+            copies.emplace_back(attributes[2 * i], attributes[2 * i + 1]);
+        return copies;
+    }
+
+    TExpatRun Run;
+    std::string_view Document;
+    std::size_t UnitSize;
+    std::string_view DroppedRoot;
+    std::size_t MaxLevels;
+    std::vector<std::unique_ptr<TElement>>& Elements;
+    std::vector<const TElement*> Open;
+    std::string Text;
+    bool TextCounts = false;
+    bool RootSeen = false;
+};
+
+bool Fail(std::string_view document, const TXMLEncoding& encoding, std::size_t place,
+          std::string reason, TXMLReadError* error) {
+    error->Reason = std::move(reason);
+    LocateInDocument(document, encoding, place, &error->Line, &error->Column);
+    return false;
+}
+
+// The beginning of the document with blanks in the place of the document type. Nothing in there can
+// then supply attributes or hide an entity that nobody declared, and every place stays the same.
+std::string BlankDocumentType(std::string_view document, const TXMLEncoding& encoding,
+                              const TXMLPrologue& prologue) {
+    std::string beginning(document.substr(0, prologue.DocumentTypeEnd));
+    const std::size_t unit = encoding.UnitSize;
+    for (std::size_t i = prologue.DocumentTypeBegin; i + unit <= beginning.size(); i += unit) {
+        if (unit == 2) beginning[i + 1 - encoding.LowByte] = '\0';
+        beginning[i + encoding.LowByte] = ' ';
+    }
+    return beginning;
+}
+
+}  // namespace
+
+bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
+                     std::vector<std::unique_ptr<TElement>>* elements, TXMLReadError* error,
+                     std::string* documentType) {
+    elements->clear();
+    if (documentType) documentType->clear();
+    const TXMLEncoding encoding = DetectXMLEncoding(document);
+    if (encoding.Refusal) return Fail(document, encoding, 0, encoding.Refusal, error);
+    const TXMLPrologue prologue = ReadXMLPrologue(document, encoding);
+    if (!prologue.Reason.empty())
+        return Fail(document, encoding, prologue.FailurePlace, prologue.Reason, error);
+    if (documentType) *documentType = prologue.DocumentType;
+    TDocumentReader reader(document, encoding, droppedRoot, documentType != nullptr, elements);
+    if (reader.Read(BlankDocumentType(document, encoding, prologue))) return true;
+    const std::string reason = reader.GetReason();
+    elements->clear();
+    return Fail(document, encoding, reader.GetFailurePlace(), reason, error);
+}

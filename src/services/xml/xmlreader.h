@@ -1,0 +1,20 @@
+#pragma once
+#include "services/xml/xmllist.h"
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Elements nested deeper are a failure, for reading and writing alike. The root that a document
+/// type names does not count, whether it is dropped or held.
+inline constexpr std::size_t kMaxXMLNesting = 512;
+
+/// Parses a whole document into its element stream, without the root called `droppedRoot` (empty:
+/// none is dropped). White space between two tags is dropped unless a reference or CDATA section
+/// takes part in it; an empty CDATA section gives an empty text. On failure `elements` is empty and
+/// line, column and reason of `error` are set; neither pointer may be null. `documentType`, unless
+/// null, is given the document type line in UTF-8, empty when there is none: the elements are then
+/// those of a list that holds the root.
+bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
+                     std::vector<std::unique_ptr<TElement>>* elements, TXMLReadError* error,
+                     std::string* documentType = nullptr);

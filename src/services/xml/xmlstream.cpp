@@ -1,0 +1,80 @@
+#include "services/xml/xmlstream.h"
+
+#include "services/base/fold.h"
+
+namespace {
+
+bool IsAt(const TElementIterator& element, TElement::ElemTypes type) {
+    const TElement* current = element.Current();
+    return current && current->ElemType == type;
+}
+
+bool IsAt(const TElementIterator& element, TElement::ElemTypes type, const char* name) {
+    return IsAt(element, type) && element.Current()->Name == name;
+}
+
+}  // namespace
+
+void PushStart(TXMLList* document, const char* name, TAttributeTexts attributes) {
+    if (!document) return;
+    TAttributeList list;
+    for (const auto& [attribute, value] : attributes) list.Psh(attribute, TXMLString(value));
+    document->Psh(name, &list, TElement::START, nullptr);
+}
+
+void PushEnd(TXMLList* document, const char* name) {
+    if (document) document->Psh(name, nullptr, TElement::END, nullptr);
+}
+
+void PushText(TXMLList* document, const std::string& text) {
+    if (document) document->Psh("", nullptr, TElement::TEXT, TXMLString(text));
+}
+
+void PushTextElement(TXMLList* document, const char* name, const std::string& text,
+                     TAttributeTexts attributes) {
+    PushStart(document, name, attributes);
+    PushText(document, text);
+    PushEnd(document, name);
+}
+
+bool IsAtStart(const TElementIterator& element) {
+    return IsAt(element, TElement::START);
+}
+bool IsAtStart(const TElementIterator& element, const char* name) {
+    return IsAt(element, TElement::START, name);
+}
+bool IsAtEnd(const TElementIterator& element) {
+    return IsAt(element, TElement::END);
+}
+bool IsAtEnd(const TElementIterator& element, const char* name) {
+    return IsAt(element, TElement::END, name);
+}
+bool IsAtText(const TElementIterator& element) {
+    return IsAt(element, TElement::TEXT);
+}
+
+void SkipToStart(TElementIterator& element) {
+    while (element.NotAtTail() && !IsAtStart(element)) ++element;
+}
+
+void SkipEnds(TElementIterator& element) {
+    while (IsAtEnd(element)) ++element;
+}
+
+void SkipEnd(TElementIterator& element) {
+    if (IsAtEnd(element)) ++element;
+}
+
+void SkipElement(TElementIterator& element) {
+    std::size_t open = 0;
+    do {
+        if (IsAtStart(element)) ++open;
+        if (open > 0 && IsAtEnd(element)) --open;
+        ++element;
+    } while (open > 0 && element.NotAtTail());
+}
+
+std::string TrimmedText(const TElementIterator& element) {
+    return IsAtText(element) ? std::string(TrimmedView(element.Current()->Text.Str()))
+                             : std::string();
+}

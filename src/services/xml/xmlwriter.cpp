@@ -1,0 +1,218 @@
+#include "services/xml/xmlwriter.h"
+
+#include <algorithm>
+#include <memory>
+#include <ostream>
+#include <streambuf>
+#include <vector>
+
+#include "services/logging/binarylog.h"
+#include "services/xml/xmlprologue.h"
+#include "services/xml/xmlreader.h"
+#include "services/xml/xmltext.h"
+
+namespace {
+
+constexpr int kBlanksALevel = 2;
+
+enum TWriterCheck { CHECK_UNCLOSED_START, CHECK_STRAY_END, CHECK_UTF8 };
+
+void FailCheck(TWriterCheck check) {
+    static TCheckSite sites[] = {
+        {"openElements.empty() && \"A START has no END.\"", "xmllist", 102},
+        {"IsOpen(name) && \"An END has no START.\"", "xmllist", 103},
+        {"IsUtf8(text)", "xmllist", 104},
+    };
+    sites[check].Report();
+}
+
+// Appends to a string without the detours of a string stream.
+class TStringBuffer : public std::streambuf {
+public:
+    explicit TStringBuffer(std::string* text) : Text(*text) {}
+
+protected:
+    std::streamsize xsputn(const char* bytes, std::streamsize count) override {
+        Text.append(bytes, static_cast<std::size_t>(count));
+        return count;
+    }
+    int_type overflow(int_type c) override {
+        if (!traits_type::eq_int_type(c, traits_type::eof())) Text += traits_type::to_char_type(c);
+        return traits_type::not_eof(c);
+    }
+
+private:
+    std::string& Text;
+};
+
+bool HasForbiddenCharacter(std::string_view text) {
+    return FindForbiddenCharacter(text) != std::string_view::npos;
+}
+
+class TDocumentWriter {
+public:
+    TDocumentWriter(TXMLList* list, std::string* document)
+        : List(*list), Document(*document), Buffer(document), Stream(&Buffer) {}
+
+    bool Write() {
+        Document.clear();
+        if (!WriteProlog()) return false;
+        for (DListIterator<TElement*> element(List); element.NotAtTail(); ++element)
+            if (element.Current() && !WriteElement(*element.Current())) return false;
+        while (Open.size() > RootLevels) {
+            FailCheck(CHECK_UNCLOSED_START);
+            if (!CloseInnermost()) return false;
+        }
+        if (RootLevels > 0 && !CloseInnermost()) return false;
+        if (!HasElement) return Fail("the document has no root element");
+        if (HasForeignBytes) FailCheck(CHECK_UTF8);
+        Document += '\n';
+        return true;
+    }
+
+    const std::string& GetError() const { return Error; }
+
+private:
+    bool Fail(std::string error) {
+        Error = std::move(error);
+        return false;
+    }
+
+    bool WriteProlog() {
+        if (List.GetDocumentType().empty()) return true;
+        HasForeignBytes = !IsUtf8(List.GetDocumentType());
+        const std::string type = ToUtf8(List.GetDocumentType());
+        const std::string name = GetDocumentTypeRoot(type);
+        std::vector<std::unique_ptr<TElement>> none;
+        TXMLReadError error;
+        if (!ReadXMLDocument(type, {}, &none, &error))
+            return Fail("the document type is malformed: " + error.Reason);
+        if (name.empty() || !none.empty()) return Fail("the document type names no root element");
+        Document = type;
+        if (List.HoldsRoot()) return true;
+        RootLevels = 1;
+        Root = std::make_unique<TElement>(TElement::START, name, "");
+        return OpenElement(*Root);
+    }
+
+    bool WriteElement(TElement& element) {
+        HasForeignBytes = HasForeignBytes || HoldsForeignBytes(element);
+        switch (element.ElemType) {
+            case TElement::START:
+                return OpenElement(element);
+            case TElement::END:
+                return CloseElement(element);
+            case TElement::TEXT:
+                return WriteText(element);
+        }
+        return true;
+    }
+
+    bool OpenElement(TElement& element) {
+        if (Open.empty() && HasElement) return Fail("the document has more than one root element");
+        const std::size_t heldLevels = List.HoldsRoot() ? 1 : 0;
+        if (Open.size() == RootLevels + heldLevels + kMaxXMLNesting)
+            return Fail("elements are nested deeper than " + std::to_string(kMaxXMLNesting));
+        HasElement = true;
+        const std::size_t size = Document.size();
+        if (!Save(element, GetIndent())) return false;
+        Open.push_back(&element);
+        AfterStart = Document.size() > size && Document.ends_with('>');
+        AfterText = false;
+        return true;
+    }
+
+    bool CloseElement(TElement& element) {
+        const auto isCalledSo = [&](const TElement* open) { return open->Name == element.Name; };
+        const auto outermost = Open.begin() + static_cast<std::ptrdiff_t>(RootLevels);
+        if (std::none_of(outermost, Open.end(), isCalledSo)) {
+            FailCheck(CHECK_STRAY_END);
+            return true;
+        }
+        while (!isCalledSo(Open.back())) {
+            FailCheck(CHECK_UNCLOSED_START);
+            if (!CloseInnermost()) return false;
+        }
+        return CloseInnermost();
+    }
+
+    // Turns a tag that nothing followed into an empty-element tag.
+    bool CloseInnermost() {
+        TElement end(TElement::END, Open.back()->Name.Str(), "");
+        Open.pop_back();
+        bool isDone = true;
+        if (AfterStart)
+            Document.replace(Document.size() - 1, 1, "/>");
+        else
+            isDone = Save(end, GetIndent());
+        AfterStart = AfterText = false;
+        return isDone;
+    }
+
+    bool WriteText(TElement& element) {
+        if (Open.empty()) return Fail("text stands outside the root element");
+        if (!Save(element, -1)) return false;
+        AfterStart = false;
+        AfterText = true;
+        return true;
+    }
+
+    // Nothing may be added next to a text, and nothing before the first line.
+    int GetIndent() const {
+        if (AfterText || Document.empty()) return -1;
+        return kBlanksALevel * static_cast<int>(Open.size());
+    }
+
+    bool Save(TElement& element, int indent) {
+        List.SaveElement(&element, Stream, indent);
+        return Stream.good() || Fail(DescribeFault(element));
+    }
+
+    static bool HoldsForeignBytes(const TElement& element) {
+        const auto& attributes = element.GetAttributes();
+        return !IsUtf8(element.Name.Str()) || !IsUtf8(element.Text.Str()) ||
+               std::any_of(attributes.begin(), attributes.end(), [](const auto& attribute) {
+                   return !IsUtf8(attribute.first) || !IsUtf8(attribute.second);
+               });
+    }
+
+    std::string DescribeFault(const TElement& element) const {
+        const bool isText = element.ElemType == TElement::TEXT;
+        const TElement& owner = isText && !Open.empty() ? *Open.back() : element;
+        const std::string place = "element \"" + owner.Name.Str() + "\"";
+        if (HasForbiddenCharacter(element.Text.Str()))
+            return place + DescribeForbidden(element.Text.Str());
+        for (const auto& [name, value] : element.GetAttributes())
+            if (HasForbiddenCharacter(value))
+                return ("attribute \"" + name + "\" of ").append(place + DescribeForbidden(value));
+        return place + " cannot be written";
+    }
+
+    static std::string DescribeForbidden(const std::string& text) {
+        return " holds the character " + DescribeCharacter(text, FindForbiddenCharacter(text)) +
+               ", which no XML document can hold";
+    }
+
+    TXMLList& List;
+    std::string& Document;
+    TStringBuffer Buffer;
+    std::ostream Stream;
+    std::string Error;
+    std::unique_ptr<TElement> Root;
+    std::size_t RootLevels = 0;
+    std::vector<const TElement*> Open;
+    bool HasElement = false;
+    bool HasForeignBytes = false;
+    bool AfterStart = false;
+    bool AfterText = false;
+};
+
+}  // namespace
+
+bool WriteXMLDocument(TXMLList* list, std::string* document, std::string* error) {
+    TDocumentWriter writer(list, document);
+    if (writer.Write()) return true;
+    document->clear();
+    *error = writer.GetError();
+    return false;
+}

@@ -1,5 +1,0 @@
-#include "sibling/designdatabase/hdbbase.h"
-
-TRope hdb::IHDBBase::dump() const {
-    return GetName();
-}

@@ -1,0 +1,65 @@
+#include "services/base/fold.h"
+#include <gtest/gtest.h>
+
+TEST(Fold, ChangesAsciiCapitalsOnly) {
+    const std::string capitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    const std::string smalls = "abcdefghijklmnopqrstuvwxyz";
+    for (int byte = 0; byte < 256; ++byte) {
+        const char c = static_cast<char>(byte);
+        const auto place = capitals.find(c);
+        const char expected = place == std::string::npos ? c : smalls[place];
+        EXPECT_EQ(FoldChar(c), expected) << byte;
+        EXPECT_EQ(FoldCase(std::string_view(&c, 1)), std::string(1, expected)) << byte;
+    }
+}
+
+TEST(Fold, ComparesAndHashesAlike) {
+    struct Row {
+        const char* label;
+        std::string a;
+        std::string b;
+        bool equal;
+    };
+    const Row rows[] = {
+        {"empty", "", "", true},
+        {"letters", "/Proj/FIFO.vhd", "/pROJ/fifo.VHD", true},
+        {"neighbours of the letters", "@[`{", "@[`{", true},
+        {"at sign is no grave", "@", "`", false},
+        {"bracket is no brace", "[", "{", false},
+        {"umlauts do not fold", "\xC3\x84", "\xC3\xA4", false},
+        {"prefix", "fifo", "fifo2", false},
+        {"zero bytes count", std::string("a\0b", 3), std::string("a\0c", 3), false},
+        {"Kelvin sign is no k", "\xE2\x84\xAA", "k", false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.label);
+        EXPECT_EQ(EqualIgnoringCase(row.a, row.b), row.equal);
+        EXPECT_EQ(HashIgnoringCase(row.a) == HashIgnoringCase(row.b), row.equal);
+    }
+}
+
+TEST(Fold, HashIsThatOfTheFoldedText) {
+    for (const char* text : {"", "A", "/Proj/Src/FIFO.VHD",
+                             "gr\xC3\x96\xC3\x9F"
+                             "e"})
+        EXPECT_EQ(HashIgnoringCase(text), HashIgnoringCase(FoldCase(text))) << text;
+}
+
+TEST(Fold, TrimsWhiteSpaceAtBothEnds) {
+    struct Row {
+        std::string_view text;
+        std::string_view trimmed;
+    };
+    const Row rows[] = {
+        {"", ""},
+        {"a", "a"},
+        {" \t\n\v\f\r", ""},
+        {" \t\n\v\f\ra b\r\f\v\n\t ", "a b"},
+        {"\xC2\xA0"
+         "a",
+         "\xC2\xA0"
+         "a"},
+        {std::string_view("\0a\0", 3), std::string_view("\0a\0", 3)},
+    };
+    for (const auto& row : rows) EXPECT_EQ(TrimmedView(row.text), row.trimmed);
+}

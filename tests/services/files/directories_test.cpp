@@ -1,0 +1,117 @@
+#include "services/files/directories.h"
+#include "services/files/host.h"
+#include "services/ini/inifilenames.h"
+#include "services/ini/propcache.h"
+#include "services/names/isfilename.h"
+#include "tests/services/names/hostform.h"
+#include "tests/support/temporaryfolder.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Restores the built-in places.
+class Directories : public testing::Test {
+protected:
+    ~Directories() override {
+        SetOrvaneHomeDirectory(nullptr);
+        SetTalveraAppDataDirectory(nullptr);
+        SetIniFile(nullptr);
+        SetSystemIniFile(nullptr);
+    }
+    TemporaryFolder Folder;
+};
+
+TEST_F(Directories, HaveTheHomeOfTheRunningProgram) {
+#ifdef __linux__
+    const auto program = std::filesystem::read_symlink("/proc/self/exe");
+    EXPECT_EQ(GetOrvaneHomeDirectory(), program.parent_path().string() + "/");
+#else
+    const std::string home = GetOrvaneHomeDirectory();
+    const std::string tests = "\\tests\\services\\files\\";
+    ASSERT_GE(home.size(), tests.size());
+    EXPECT_EQ(home.substr(home.size() - tests.size()), tests);
+#endif
+}
+
+#ifndef _WIN32
+// Windows does not take its folder from the environment.
+TEST_F(Directories, HaveTheUsersConfigurationFolder) {
+    const EnvironmentValue home("HOME", "/users/me");
+    const struct {
+        const char* Folder;
+        const char* Expected;
+    } rows[] = {
+        {"/config", "/config/hdlbuildfile/"},
+        {"/config/", "/config/hdlbuildfile/"},
+        {nullptr, "/users/me/.config/hdlbuildfile/"},
+        {"", "/users/me/.config/hdlbuildfile/"},
+        {"relative", "/users/me/.config/hdlbuildfile/"},
+    };
+    for (const auto& row : rows) {
+        const EnvironmentValue folder("XDG_CONFIG_HOME", row.Folder);
+        SetTalveraAppDataDirectory("");
+        EXPECT_STREQ(GetTalveraAppDataDirectory(), row.Expected);
+    }
+}
+#endif
+
+TEST_F(Directories, EndWithADelimiterHoweverTheyAreSet) {
+    const struct {
+        const char* Directory;
+        std::string Expected;
+    } rows[] = {
+        {"/p/q", HostForm("/p/q/")},    {"/p/q/", HostForm("/p/q/")}, {"/p/q\\", HostForm("/p/q/")},
+        {"/p/./q/..", HostForm("/p/")}, {"/", HostForm("/")},         {"C:/p", "C:\\p\\"},
+        {"\\\\h\\s", "\\\\h\\s\\"},
+    };
+    for (const auto& row : rows) {
+        SetOrvaneHomeDirectory(row.Directory);
+        EXPECT_EQ(GetOrvaneHomeDirectory(), row.Expected);
+        SetTalveraAppDataDirectory(row.Directory);
+        EXPECT_EQ(GetTalveraAppDataDirectory(), row.Expected);
+    }
+    SetOrvaneHomeDirectory(GetOrvaneHomeDirectory());
+    EXPECT_STREQ(GetOrvaneHomeDirectory(), "\\\\h\\s\\");
+}
+
+TEST_F(Directories, AreNotMadeByReading) {
+    SetTalveraAppDataDirectory(Folder.Path("data").c_str());
+    EXPECT_EQ(GetTalveraAppDataDirectory(), Folder.Path("data") + HostForm("/"));
+    EXPECT_FALSE(GetIniFile()->Exists());
+    EXPECT_EQ(Folder.List(), "");
+}
+
+TEST_F(Directories, HoldTheIniFilesUnlessThoseAreSet) {
+    SetTalveraAppDataDirectory("/data");
+    SetOrvaneHomeDirectory("C:\\home");
+    EXPECT_EQ(GetIniFile()->Canonical(false), HostForm("/data/hdlbuildfile.ini"));
+    EXPECT_STREQ(GetSystemIniFile()->Canonical(false), "C:\\home\\hdlbuildfile.ini");
+    SetIniFile("/mine/./user.ini");
+    SetSystemIniFile("D:/all.ini");
+    EXPECT_EQ(GetIniFile()->Canonical(false), HostForm("/mine/user.ini"));
+    EXPECT_EQ(GetIniFile(), ISFileName::NewISFileName("/mine/user.ini"));
+    EXPECT_STREQ(GetSystemIniFile()->Canonical(false), "D:\\all.ini");
+    SetIniFile("");
+    SetSystemIniFile(nullptr);
+    EXPECT_EQ(GetIniFile()->Canonical(false), HostForm("/data/hdlbuildfile.ini"));
+    EXPECT_STREQ(GetSystemIniFile()->Canonical(false), "C:\\home\\hdlbuildfile.ini");
+}
+
+TEST_F(Directories, DropThePropertyCacheWhenTheIniFilesChange) {
+    SetSystemIniFile(Folder.Write("system.ini", "[s]\nk = 0\n").c_str());
+    SetIniFile(Folder.Write("first.ini", "[s]\nk = 1\n").c_str());
+    EXPECT_EQ(GetSystemPropCache()->GetPrivatePropText("s", "k", ""), "1");
+    SetIniFile(Folder.Write("second.ini", "[s]\nk = 2\n").c_str());
+    EXPECT_EQ(GetSystemPropCache()->GetPrivatePropText("s", "k", ""), "2");
+    SetIniFile(Folder.Path("none.ini").c_str());
+    EXPECT_EQ(GetSystemPropCache()->GetPrivatePropText("s", "k", ""), "0");
+    SetSystemIniFile(Folder.Path("none.ini").c_str());
+    EXPECT_EQ(GetSystemPropCache()->GetPrivatePropText("s", "k", "missing"), "missing");
+    SetIniFile(nullptr);
+    Folder.Write("data/hdlbuildfile.ini", "[s]\nk = 3\n");
+    EXPECT_NE(GetSystemPropCache(), nullptr);
+    SetTalveraAppDataDirectory(Folder.Path("data").c_str());
+    EXPECT_EQ(GetSystemPropCache()->GetPrivatePropText("s", "k", ""), "3");
+}
+
+}  // namespace

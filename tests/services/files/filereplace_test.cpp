@@ -1,0 +1,291 @@
+#include "services/files/filereplace.h"
+#include "tests/services/names/hostform.h"
+#include "tests/support/temporaryfolder.h"
+#include <functional>
+#include <gtest/gtest.h>
+#ifndef _WIN32
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+TEST(FileReplace, WritesANewFile) {
+    const TemporaryFolder folder;
+    std::string reason = "none";
+    EXPECT_TRUE(ReplaceWholeFile(folder.Path("a.txt").c_str(), "one\ntwo", &reason));
+    EXPECT_EQ(folder.Read("a.txt"), "one\ntwo");
+    EXPECT_EQ(reason, "none");
+    EXPECT_EQ(folder.List(), "a.txt\n");
+}
+
+TEST(FileReplace, PutsTheBytesInThePlaceOfTheOldOnes) {
+    const TemporaryFolder folder;
+    folder.Write("a.txt", "a longer old text");
+    const std::string bytes("\r\n\0\xFF\x1A", 5);
+    EXPECT_TRUE(ReplaceWholeFile(folder.Path("a.txt").c_str(), bytes, nullptr));
+    EXPECT_EQ(folder.Read("a.txt"), bytes);
+    EXPECT_TRUE(ReplaceWholeFile(folder.Path("a.txt").c_str(), "", nullptr));
+    EXPECT_EQ(folder.Read("a.txt"), "");
+    EXPECT_EQ(folder.List(), "a.txt\n");
+}
+
+TEST(FileReplace, TakesPathsAsCallersWriteThem) {
+    const TemporaryFolder folder;
+    const WorkingDirectory here(folder.Path());
+    folder.Write("sub/a.txt", "old");
+    EXPECT_TRUE(ReplaceWholeFile("sub\\..\\./sub/a.txt", "new", nullptr));
+    EXPECT_EQ(folder.Read("sub/a.txt"), "new");
+    std::string bytes;
+    EXPECT_EQ(ReadWholeFile("sub\\a.txt", &bytes, nullptr), FILE_READ_DONE);
+    EXPECT_EQ(bytes, "new");
+    EXPECT_TRUE(ReplaceWholeFile("\xC3\xA9.txt", "accent", nullptr));
+    EXPECT_EQ(folder.Read("\xC3\xA9.txt"), "accent");
+}
+
+TEST(FileReplace, FailsWithoutTouchingAnything) {
+    const TemporaryFolder folder;
+    folder.Write("sub/a.txt", "old");
+    const struct {
+        const char* Label;
+        std::string Path;
+        const char* PosixReason;
+    } rows[] = {
+        {"empty", "", "No such file or directory"},
+        {"no folder", folder.Path("none/a.txt"), "No such file or directory"},
+        {"a folder", folder.Path("sub"), "Is a directory"},
+        {"below a file", folder.Path("sub/a.txt/b.txt"), "Not a directory"},
+    };
+    for (const auto& row : rows) {
+        std::string reason;
+        EXPECT_FALSE(ReplaceWholeFile(row.Path.c_str(), "new", &reason)) << row.Label;
+        if (kOnWindows)
+            EXPECT_NE(reason, "") << row.Label;
+        else
+            EXPECT_EQ(reason, row.PosixReason) << row.Label;
+        EXPECT_FALSE(ReplaceWholeFile(row.Path.c_str(), "new", nullptr)) << row.Label;
+    }
+    EXPECT_FALSE(ReplaceWholeFile(nullptr, "new", nullptr));
+    EXPECT_EQ(folder.List(), "sub\n");
+    EXPECT_EQ(folder.Read("sub/a.txt"), "old");
+}
+
+TEST(FileReplace, ReadsWholeFiles) {
+    const TemporaryFolder folder;
+    std::string large;
+    for (int i = 0; i < 300'000; ++i) large += static_cast<char>(i % 251);
+    folder.Write("large", large);
+    folder.Write("empty", "");
+    std::string bytes = "before";
+    std::string reason = "none";
+    EXPECT_EQ(ReadWholeFile(folder.Path("large").c_str(), &bytes, &reason), FILE_READ_DONE);
+    EXPECT_EQ(bytes, large);
+    EXPECT_EQ(ReadWholeFile(folder.Path("empty").c_str(), &bytes, &reason), FILE_READ_DONE);
+    EXPECT_EQ(bytes, "");
+    EXPECT_EQ(reason, "none");
+}
+
+TEST(FileReplace, TellsMissingFromUnreadableFiles) {
+    const TemporaryFolder folder;
+    folder.Write("a.txt", "x");
+    const struct {
+        const char* Label;
+        std::string Path;
+        TFileReadResult Result;
+        const char* PosixReason;
+    } rows[] = {
+        {"empty", "", FILE_READ_MISSING, "No such file or directory"},
+        {"missing", folder.Path("b.txt"), FILE_READ_MISSING, "No such file or directory"},
+        {"no folder", folder.Path("none/b.txt"), FILE_READ_MISSING, "No such file or directory"},
+        {"a file for a folder", folder.Path("a.txt/b.txt"), FILE_READ_MISSING, "Not a directory"},
+        {"a folder", folder.Path(), FILE_READ_FAILED, "Is a directory"},
+    };
+    for (const auto& row : rows) {
+        std::string bytes;
+        std::string reason;
+        EXPECT_EQ(ReadWholeFile(row.Path.c_str(), &bytes, &reason), row.Result) << row.Label;
+        if (kOnWindows)
+            EXPECT_NE(reason, "") << row.Label;
+        else
+            EXPECT_EQ(reason, row.PosixReason) << row.Label;
+    }
+    EXPECT_EQ(ReadWholeFile(nullptr, nullptr, nullptr), FILE_READ_MISSING);
+    EXPECT_EQ(ReadWholeFile(folder.Path("a.txt").c_str(), nullptr, nullptr), FILE_READ_DONE);
+}
+
+TEST(FileReplace, KeepsABackupBeside) {
+    const TemporaryFolder folder;
+    folder.Write("a.xml", "broken");
+    folder.Write("a.xml.bak", "a longer older backup");
+    EXPECT_TRUE(KeepBackup(folder.Path("a.xml").c_str(), nullptr));
+    EXPECT_EQ(folder.Read("a.xml.bak"), "broken");
+    EXPECT_EQ(folder.Read("a.xml"), "broken");
+    std::string reason;
+    EXPECT_FALSE(KeepBackup(folder.Path("b.xml").c_str(), &reason));
+    EXPECT_NE(reason, "");
+    EXPECT_EQ(folder.List(), "a.xml\na.xml.bak\n");
+}
+
+TEST(FileReplace, MakesTheFoldersOfAFile) {
+    const TemporaryFolder folder;
+    EXPECT_TRUE(MakeDirectoryOf(folder.Path("a/b/c/d.txt").c_str()));
+    EXPECT_TRUE(MakeDirectoryOf(folder.Path("a/b/c/d.txt").c_str()));
+    EXPECT_EQ(folder.List(), "a\n");
+    EXPECT_TRUE(ReplaceWholeFile(folder.Path("a/b/c/d.txt").c_str(), "x", nullptr));
+    EXPECT_FALSE(MakeDirectoryOf(folder.Path("a/b/c/d.txt/e.txt").c_str()));
+    EXPECT_FALSE(MakeDirectoryOf(nullptr));
+}
+
+#ifndef _WIN32
+// Links, permissions and processes are made by system calls of POSIX.
+
+mode_t ModeOf(const std::string& path) {
+    struct stat status = {};
+    return stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
+}
+
+TEST(FileReplace, KeepsThePermissions) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.sh", "old");
+    for (const mode_t mode : {0600U, 0755U, 0664U}) {
+        ASSERT_EQ(chmod(path.c_str(), mode), 0);
+        EXPECT_TRUE(ReplaceWholeFile(path.c_str(), "new", nullptr));
+        EXPECT_EQ(ModeOf(path), mode);
+        EXPECT_TRUE(KeepBackup(path.c_str(), nullptr));
+        EXPECT_EQ(ModeOf(path + ".bak"), mode);
+        std::filesystem::remove(path + ".bak");
+    }
+    const mode_t former = umask(027);
+    EXPECT_TRUE(ReplaceWholeFile(folder.Path("b.txt").c_str(), "new", nullptr));
+    umask(former);
+    EXPECT_EQ(ModeOf(folder.Path("b.txt")), 0640U);
+}
+
+TEST(FileReplace, GoesThroughLinks) {
+    const TemporaryFolder folder;
+    folder.Write("real/a.txt", "old");
+    folder.Write("other/x", "");
+    ASSERT_EQ(symlink("../real/a.txt", folder.Path("other/link").c_str()), 0);
+    ASSERT_EQ(symlink(folder.Path("other/link").c_str(), folder.Path("second").c_str()), 0);
+    ASSERT_EQ(symlink("real/new.txt", folder.Path("dangling").c_str()), 0);
+    EXPECT_TRUE(ReplaceWholeFile(folder.Path("second").c_str(), "new", nullptr));
+    EXPECT_TRUE(ReplaceWholeFile(folder.Path("dangling").c_str(), "made", nullptr));
+    EXPECT_EQ(folder.Read("real/a.txt"), "new");
+    EXPECT_EQ(folder.Read("real/new.txt"), "made");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("second")));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("other/link")));
+    EXPECT_EQ(folder.List(), "dangling\nother\nreal\nsecond\n");
+}
+
+TEST(FileReplace, GivesUpOnACircleOfLinks) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(symlink("b", folder.Path("a").c_str()), 0);
+    ASSERT_EQ(symlink("a", folder.Path("b").c_str()), 0);
+    std::string reason;
+    EXPECT_FALSE(ReplaceWholeFile(folder.Path("a").c_str(), "new", &reason));
+    EXPECT_EQ(reason, "Too many levels of symbolic links");
+    EXPECT_EQ(folder.List(), "a\nb\n");
+}
+
+TEST(FileReplace, NeverReplacesADeviceOrPipe) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0600), 0);
+    std::string reason;
+    std::string bytes;
+    EXPECT_FALSE(ReplaceWholeFile(folder.Path("pipe").c_str(), "new", &reason));
+    EXPECT_EQ(reason, "not a regular file");
+    EXPECT_TRUE(std::filesystem::is_fifo(folder.Path("pipe")));
+    EXPECT_EQ(ReadWholeFile(folder.Path("pipe").c_str(), &bytes, &reason), FILE_READ_FAILED);
+    EXPECT_EQ(reason, "not a regular file");
+    EXPECT_EQ(ReadWholeFile("/dev/zero", &bytes, &reason), FILE_READ_FAILED);
+    EXPECT_FALSE(ReplaceWholeFile("C:\\a.txt", "new", &reason));
+    EXPECT_EQ(folder.List(), "pipe\n");
+}
+
+/// Starts `action` in a process of its own.
+pid_t Start(const std::function<bool()>& action) {
+    const pid_t child = fork();
+    if (child == 0) _exit(action() ? 0 : 1);
+    return child;
+}
+
+/// Whether the process ended with true.
+bool Succeeds(pid_t child) {
+    int status = 1;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+/// Drops the rights of the administrator, to whom nothing is forbidden.
+bool BecomeOrdinaryUser() {
+    constexpr uid_t kNobody = 65534;
+    return getuid() != 0 || setuid(kNobody) == 0;
+}
+
+TEST(FileReplace, KeepsTheOldFileWhenTheFolderTakesNoNewOne) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("sub/a.txt", "old");
+    ASSERT_EQ(chmod(path.c_str(), 0666), 0);
+    ASSERT_EQ(chmod(folder.Path("sub").c_str(), 0555), 0);
+    EXPECT_TRUE(Succeeds(Start([&path] {
+        std::string reason;
+        return BecomeOrdinaryUser() && !ReplaceWholeFile(path.c_str(), "new", &reason) &&
+               reason == "Permission denied";
+    })));
+    ASSERT_EQ(chmod(folder.Path("sub").c_str(), 0755), 0);
+    EXPECT_EQ(folder.Read("sub/a.txt"), "old");
+}
+
+TEST(FileReplace, KeepsAWriteProtectedFile) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(chmod(folder.Path().c_str(), 0777), 0);
+    const std::string path = folder.Write("a.txt", "old");
+    ASSERT_EQ(chmod(path.c_str(), 0444), 0);
+    EXPECT_TRUE(Succeeds(Start([&path] {
+        std::string reason;
+        return BecomeOrdinaryUser() && !ReplaceWholeFile(path.c_str(), "new", &reason) &&
+               reason == "Permission denied";
+    })));
+    EXPECT_EQ(folder.Read("a.txt"), "old");
+    EXPECT_EQ(folder.List(), "a.txt\n");
+}
+
+TEST(FileReplace, RemovesItsTemporaryFileWhenTheDiskIsFull) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.txt", "old");
+    EXPECT_TRUE(Succeeds(Start([&path] {
+        // The largest size that a process may write stands for a full disk.
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit = {100, 100};
+        std::string reason;
+        return setrlimit(RLIMIT_FSIZE, &limit) == 0 &&
+               !ReplaceWholeFile(path.c_str(), std::string(1000, 'x'), &reason) &&
+               reason == "File too large";
+    })));
+    EXPECT_EQ(folder.Read("a.txt"), "old");
+    EXPECT_EQ(folder.List(), "a.txt\n");
+}
+
+TEST(FileReplace, LeavesAWholeFileWhenTwoProcessesSaveAtOnce) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Path("a.txt");
+    const auto save = [&path](char letter) {
+        const std::string bytes(100'000, letter);
+        for (int round = 0; round < 50; ++round)
+            if (!ReplaceWholeFile(path.c_str(), bytes, nullptr)) return false;
+        return true;
+    };
+    const pid_t first = Start([&save] { return save('a'); });
+    const pid_t second = Start([&save] { return save('b'); });
+    EXPECT_TRUE(Succeeds(first));
+    EXPECT_TRUE(Succeeds(second));
+    const std::string bytes = folder.Read("a.txt");
+    EXPECT_TRUE(bytes == std::string(100'000, 'a') || bytes == std::string(100'000, 'b'));
+    EXPECT_EQ(folder.List(), "a.txt\n");
+}
+#endif
+
+}  // namespace

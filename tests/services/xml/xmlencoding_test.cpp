@@ -1,0 +1,183 @@
+#include "services/xml/xmlencoding.h"
+
+#include <gtest/gtest.h>
+
+#include "services/xml/xmltext.h"
+#include "tests/services/xml/documents.h"
+
+namespace {
+
+const std::string kUtf8Mark = "\xEF\xBB\xBF";
+const std::string kLittleEndianMark = "\xFF\xFE";
+const std::string kBigEndianMark = "\xFE\xFF";
+
+std::string Declared(const std::string& encoding) {
+    return "<?xml version='1.0' encoding='" + encoding + "'?>";
+}
+
+std::string TextStream(const std::string& text) {
+    return "START a\nTEXT " + text + "\nEND a\n";
+}
+
+}  // namespace
+
+TEST(XMLEncoding, ReadsEveryAcceptedEncoding) {
+    const std::string utf8 =
+        "<a>gr\xC3\xB6\xC3\x9F"
+        "e</a>";
+    const std::string single =
+        "<a>gr\xF6\xDF"
+        "e</a>";
+    const std::string stream = TextStream(
+        "gr\xC3\xB6\xC3\x9F"
+        "e");
+    // UTF-16 text of its own, as the letters lie beyond ASCII.
+    const std::string little = Utf16("<a>gr") + std::string("\xF6\0\xDF\0", 4) + Utf16("e</a>");
+    const std::string big =
+        Utf16("<a>gr", true) + std::string("\0\xF6\0\xDF", 4) + Utf16("e</a>", true);
+    struct Row {
+        const char* Label;
+        std::string Document;
+    };
+    const Row rows[] = {
+        {"UTF-8", utf8},
+        {"UTF-8 with a mark", kUtf8Mark + utf8},
+        {"UTF-8 declared", Declared("utf-8") + utf8},
+        {"UTF-8 with a mark, declared", kUtf8Mark + Declared("UTF-8") + utf8},
+        {"undeclared and not UTF-8", single},
+        {"declared without an encoding, not UTF-8", "<?xml version='1.0'?>" + single},
+        {"another encoding behind the declaration",
+         "<?xml version='1.0'?><!-- encoding='UTF-8' -->" + single},
+        {"ISO-8859-1", Declared("ISO-8859-1") + single},
+        {"ISO-8859-1 in small letters", Declared("iso-8859-1") + single},
+        {"Latin-1", Declared("latin1") + single},
+        {"Windows-1252", Declared("Windows-1252") + single},
+        {"Windows-1252 by its number", Declared("CP1252") + single},
+        {"UTF-16, low byte first", kLittleEndianMark + little},
+        {"UTF-16, high byte first", kBigEndianMark + big},
+        {"UTF-16 declared", kLittleEndianMark + Utf16(Declared("UTF-16")) + little},
+        {"UTF-16 without a mark but declared", Utf16(Declared("UTF-16LE")) + little},
+        {"the same, high byte first", Utf16(Declared("UTF-16BE"), true) + big},
+        {"UTF-16 with a document type",
+         kBigEndianMark + Utf16("<!DOCTYPE a SYSTEM 'a.dtd'>\n", true) + big},
+    };
+    for (const Row& row : rows) EXPECT_EQ(StreamOf(row.Document), stream) << row.Label;
+}
+
+TEST(XMLEncoding, KeepsBlankReferencesOfUtf16) {
+    for (const bool isBigEndian : {false, true}) {
+        const std::string mark = isBigEndian ? kBigEndianMark : kLittleEndianMark;
+        EXPECT_EQ(StreamOf(mark + Utf16("<a>&#32; <b> </b></a>", isBigEndian)),
+                  "START a\nTEXT   \nSTART b\nEND b\nEND a\n");
+    }
+}
+
+TEST(XMLEncoding, SkipsADocumentTypeBeyondAscii) {
+    const std::string euro = "\xAC\x20";
+    EXPECT_EQ(StreamOf(kLittleEndianMark + Utf16("<!DOCTYPE a [<!--") + euro + Utf16("-->]><a/>")),
+              "START a\nEND a\n");
+    EXPECT_EQ(StreamOf("<!DOCTYPE a [<!--\xE2\x82\xAC-->]><a/>"), "START a\nEND a\n");
+}
+
+TEST(XMLEncoding, RefusesWhatIsNotAsDeclared) {
+    struct Row {
+        const char* Label;
+        std::string Document;
+        const char* Expected;
+    };
+    const Row rows[] = {
+        {"declared UTF-8, but is not", Declared("UTF-8") + "<a>\xF6</a>",
+         "1:42: not well-formed (invalid token)"},
+        {"marked UTF-8, but is not", kUtf8Mark + "<a>\xF6</a>",
+         "1:4: not well-formed (invalid token)"},
+        {"declared ASCII, but is not", Declared("US-ASCII") + "<a>\xC3\xB6</a>",
+         "1:45: not well-formed (invalid token)"},
+        {"unknown encoding", Declared("EBCDIC") + "<a/>", "1:31: unknown encoding"},
+        {"mark against declaration", kUtf8Mark + Declared("ISO-8859-1") + "<a/>",
+         "1:1: the declared encoding contradicts the byte-order mark"},
+        {"UTF-16 declared as UTF-8", kLittleEndianMark + Utf16(Declared("UTF-8") + "<a/>"),
+         "1:61: encoding specified in XML declaration is incorrect"},
+        {"UTF-8 declared as UTF-16", Declared("UTF-16") + "<a/>",
+         "1:31: encoding specified in XML declaration is incorrect"},
+        {"UTF-16 without mark and declaration", Utf16("<a/>"),
+         "1:1: UTF-16 without a byte-order mark"},
+        {"the same, high byte first", Utf16("<a/>", true), "1:1: UTF-16 without a byte-order mark"},
+        {"error in the second line of UTF-16", kLittleEndianMark + Utf16("<a>\r\n <b></a>"),
+         "2:13: mismatched tag"},
+        {"entity in UTF-16", kBigEndianMark + Utf16("<!DOCTYPE a [\n<!ENTITY e 'x'>]><a/>", true),
+         "2:1: entity declarations are not accepted"},
+        {"the mark is no column", kUtf8Mark + "<a></b>", "1:6: mismatched tag"},
+    };
+    for (const Row& row : rows) EXPECT_EQ(StreamOf(row.Document), row.Expected) << row.Label;
+}
+
+TEST(XMLEncoding, ReadsAllOfWindows1252) {
+    const std::string expected =
+        "\xE2\x82\xAC\xC2\x81\xE2\x80\x9A\xC6\x92\xE2\x80\x9E\xE2\x80\xA6\xE2\x80\xA0\xE2\x80\xA1"
+        "\xCB\x86\xE2\x80\xB0\xC5\xA0\xE2\x80\xB9\xC5\x92\xC2\x8D\xC5\xBD\xC2\x8F"
+        "\xC2\x90\xE2\x80\x98\xE2\x80\x99\xE2\x80\x9C\xE2\x80\x9D\xE2\x80\xA2\xE2\x80\x93\xE2\x80"
+        "\x94"
+        "\xCB\x9C\xE2\x84\xA2\xC5\xA1\xE2\x80\xBA\xC5\x93\xC2\x9D\xC5\xBE\xC5\xB8\xC2\xA0\xC3\xBF";
+    std::string bytes;
+    for (int byte = 0x80; byte <= 0xA0; ++byte) bytes += static_cast<char>(byte);
+    bytes += '\xFF';
+    EXPECT_EQ(StreamOf("<a>" + bytes + "</a>"), TextStream(expected));
+    EXPECT_EQ(StreamOf(Declared("windows-1252") + "<a>" + bytes + "</a>"), TextStream(expected));
+    EXPECT_EQ(ToUtf8(bytes), expected);
+}
+
+TEST(XMLEncoding, ReadsIso88591WithoutTheLettersOfWindows) {
+    const std::string document = "<a>\x80\x9F\xA0\xFF</a>";
+    const std::string expected = TextStream("\xC2\x80\xC2\x9F\xC2\xA0\xC3\xBF");
+    EXPECT_EQ(StreamOf(Declared("ISO-8859-1") + document), expected);
+    EXPECT_EQ(StreamOf(Declared("latin-1") + document), expected);
+}
+
+TEST(XMLText, ConvertsOnlyTheBytesThatAreNotUtf8) {
+    struct Row {
+        const char* Label;
+        std::string Text, Converted;
+    };
+    const Row rows[] = {
+        {"ASCII", "abc", "abc"},
+        {"UTF-8 of two to four bytes", "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80",
+         "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80"},
+        {"one byte among them", "\xC3\xA4\xE4\xC3\xA4", "\xC3\xA4\xC3\xA4\xC3\xA4"},
+        {"cut sequence", "\xE2\x82", "\xC3\xA2\xE2\x80\x9A"},
+        {"overlong", "\xC0\xAF", "\xC3\x80\xC2\xAF"},
+        {"overlong of three", "\xE0\x80\xAF", "\xC3\xA0\xE2\x82\xAC\xC2\xAF"},
+        {"surrogate", "\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"},
+        {"beyond the last", "\xF4\x90\x80\x80", "\xC3\xB4\xC2\x90\xE2\x82\xAC\xE2\x82\xAC"},
+        {"lone tail", "\x80", "\xE2\x82\xAC"},
+        {"behind eight plain bytes", "abcdefgh\xE4", "abcdefgh\xC3\xA4"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(ToUtf8(row.Text), row.Converted) << row.Label;
+        EXPECT_EQ(IsUtf8(row.Text), row.Text == row.Converted) << row.Label;
+        EXPECT_TRUE(IsUtf8(row.Converted)) << row.Label;
+    }
+}
+
+TEST(XMLText, FindsTheCharactersThatXMLCannotHold) {
+    struct Row {
+        std::string Text;
+        std::size_t Place;
+        const char* Description;
+    };
+    const Row rows[] = {
+        {std::string("ab\0c", 4), 2, "U+0000"},
+        {"abcdefghijklmnop\x1F", 16, "U+001F"},
+        {"\x0B", 0, "U+000B"},
+        {"abc\x1F with seven others", 3, "U+001F"},
+        {"x\xEF\xBF\xBE", 1, "U+FFFE"},
+        {"abcdefgh\xEF\xBF\xBF", 8, "U+FFFF"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(FindForbiddenCharacter(row.Text), row.Place) << row.Description;
+        EXPECT_EQ(DescribeCharacter(row.Text, row.Place), row.Description);
+    }
+    for (const char* allowed :
+         {"", "\t\n\r", "\x7F", "\xC2\x80", "\xEF\xBF\xBD", "\xF0\x9F\x98\x80"})
+        EXPECT_EQ(FindForbiddenCharacter(allowed), std::string::npos) << allowed;
+    EXPECT_EQ(DescribeCharacter("\xF0\x9F\x98\x80", 0), "U+1F600");
+}
