@@ -46,6 +46,7 @@
 #include "services/files/filereplace.h"
 #include "services/files/pathtext.h"
 #include "services/hdl/hdllanguage.h"
+#include "services/hdl/hdllanguagetable.h"
 #include "services/hdl/identifier.h"
 #include "services/hdl/simtypelanguagemap.h"
 #include "services/hdl/simulatortype.h"

@@ -2,7 +2,7 @@
 #include "buildfile/hdlbuildfile.h"
 #include "buildfile/hdlbuildfilexmllist.h"
 #include "services/base/booltext.h"
-#include "services/hdl/hdllanguage.h"
+#include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
 #include "services/xml/xmlstream.h"
 #include "settings/projectsimgeneralconfig.h"
@@ -11,11 +11,6 @@
 #include <algorithm>
 
 namespace {
-
-// SystemC is a legal language, but has no stored settings; nor have 5 and Specman.
-constexpr THdlLanguage kStoredLanguages[] = {LANGUAGE_VERILOG, LANGUAGE_VHDL,
-                                             LANGUAGE_BLUESPECVERILOG, LANGUAGE_CPLUSPLUS,
-                                             LANGUAGE_TESTBUILDER};
 
 /// The path of `file` relative to the build file's directory; absolute without a build file name.
 std::string StoredPath(const ISFileName* file, const ISFileName* buildFile) {
@@ -91,7 +86,7 @@ void THdlBuildFile::WriteProjectSettings(TXMLList* document) {
     const bool lineDebug =
         GeneralConfiguration && GeneralConfiguration->GetEnableSimulatorDebugging();
     PushStart(document, "ProjectLanguageConfigurationList");
-    for (const THdlLanguage language : kStoredLanguages) {
+    for (const THdlLanguage language : GetStoredLanguages()) {
         TProjectSimLanguageConfig* config = GetProjectLanguageConfig(language);
         if (!config) continue;
         PushStart(document, "LanguageSettings", {{"Language", GetStringFromHdlLanguage(language)}});

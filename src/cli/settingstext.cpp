@@ -52,7 +52,7 @@ std::vector<std::string> ListEntries(const TListKey& list,
 
 std::vector<THdlLanguage> LanguagesOf(const TProjectSimConfig& configuration) {
     std::vector<THdlLanguage> languages;
-    for (const THdlLanguage language : kStoredLanguages)
+    for (const THdlLanguage language : GetStoredLanguages())
         if (configuration.GetProjectLanguageConfig(language)) languages.push_back(language);
     return languages;
 }

@@ -109,7 +109,7 @@ void TProjectSimConfig::Reset(bool debug) {
 }
 
 void TProjectSimConfig::ResetSettingsToDefaults(bool debug) {
-    for (const THdlLanguage language : kStoredLanguages) {
+    for (const THdlLanguage language : GetStoredLanguages()) {
         Languages[language] = std::make_unique<TProjectSimLanguageConfig>();
         ResetLanguageSettingsToDefaults(language, debug);
     }
@@ -176,7 +176,7 @@ void TProjectSimConfig::WriteToProjectFile(TXMLList* document) {
     if (!document) return;
     PushStart(document, "ProjectSettingsConfiguration", {{"ConfigurationName", Name}});
     General.WriteToProjectFile(document);
-    for (const THdlLanguage language : kStoredLanguages) {
+    for (const THdlLanguage language : GetStoredLanguages()) {
         TProjectSimLanguageConfig* settings = GetProjectLanguageConfig(language);
         if (!settings) continue;
         PushStart(document, "LanguageSettings", {{"Language", GetStringFromHdlLanguage(language)}});
@@ -188,14 +188,14 @@ void TProjectSimConfig::WriteToProjectFile(TXMLList* document) {
 
 void TProjectSimConfig::ReadFromINI() {
     General.ReadFromINI(GeneralSection(Name).c_str(), false);
-    for (const THdlLanguage language : kStoredLanguages)
+    for (const THdlLanguage language : GetStoredLanguages())
         if (TProjectSimLanguageConfig* settings = GetProjectLanguageConfig(language))
             settings->ReadFromINI(LanguageSection(Name, language).c_str(), language, false);
 }
 
 void TProjectSimConfig::WriteToINI() const {
     General.WriteToINI(GeneralSection(Name).c_str(), false);
-    for (const THdlLanguage language : kStoredLanguages)
+    for (const THdlLanguage language : GetStoredLanguages())
         if (const TProjectSimLanguageConfig* settings = GetProjectLanguageConfig(language))
             settings->WriteToINI(LanguageSection(Name, language).c_str(), language, false);
 }

@@ -16,7 +16,7 @@ std::string TitleOf(const ISFileName* file) {
 
 /// A file mentions the languages that its writer knew; every consumer expects all of them.
 void AddMissingLanguages(TProjectSimConfig& configuration, const ISFileName* projectFile) {
-    for (const THdlLanguage language : kStoredLanguages) {
+    for (const THdlLanguage language : GetStoredLanguages()) {
         if (configuration.GetProjectLanguageConfig(language)) continue;
         configuration.SetProjectSettings(language, new TProjectSimLanguageConfig);
         configuration.ResetLanguageSettingsToDefaults(language, false);

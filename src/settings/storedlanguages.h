@@ -1,20 +1,13 @@
 #pragma once
 // Public: whoever edits settings has to know what they can hold.
-#include "services/hdl/hdllanguage.h"
-#include <algorithm>
+#include "services/hdl/hdllanguagetable.h"
 
-/// The languages that every settings configuration holds and stores, in stored order.
-inline constexpr THdlLanguage kStoredLanguages[] = {LANGUAGE_VERILOG, LANGUAGE_VHDL,
-                                                    LANGUAGE_BLUESPECVERILOG, LANGUAGE_CPLUSPLUS,
-                                                    LANGUAGE_TESTBUILDER};
-
+/// Whether settings of `language` are stored; GetStoredLanguages() lists those that are.
 inline bool IsStoredLanguage(THdlLanguage language) {
-    return std::find(std::begin(kStoredLanguages), std::end(kStoredLanguages), language) !=
-           std::end(kStoredLanguages);
+    return GetHdlLanguageRecord(language).HasStoredSettings;
 }
 
 /// Whether a settings configuration can have settings for `language` at all.
 inline bool IsSettingsLanguage(THdlLanguage language) {
-    // SystemC is a legal language, but has no stored settings: its code is compiled as C++.
-    return IsStoredLanguage(language) || language == LANGUAGE_SYSTEMC;
+    return GetHdlLanguageRecord(language).IsValidForSettings;
 }

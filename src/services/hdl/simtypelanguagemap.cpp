@@ -1,5 +1,6 @@
 #include "services/hdl/simtypelanguagemap.h"
 
+#include "services/hdl/hdllanguagetable.h"
 #include <algorithm>
 
 TSimTypeLanguageMap* TSimTypeLanguageMap::instance() {
@@ -14,17 +15,7 @@ const std::vector<THdlLanguage>& TSimTypeLanguageMap::GetHdlLanguageList(
 }
 
 TSimulatorType TSimTypeLanguageMap::GetDefaultSimulator(THdlLanguage language) const {
-    struct TDefault {
-        THdlLanguage Language;
-        TSimulatorType Simulator;
-    };
-    static constexpr TDefault kDefaults[] = {
-        {LANGUAGE_VERILOG, SIM_ZORVIK_VERILOG},    {LANGUAGE_VHDL, SIM_ZORVIK_VHDL},
-        {LANGUAGE_BLUESPECVERILOG, SIM_BLUESPEC},  {LANGUAGE_CPLUSPLUS, SIM_MICROSOFT_CPP},
-        {LANGUAGE_TESTBUILDER, SIM_MICROSOFT_CPP}, {LANGUAGE_SPECMAN, SIM_SPECMAN}};
-    for (const auto& row : kDefaults)
-        if (row.Language == language) return row.Simulator;
-    return SIM_NONE;
+    return GetHdlLanguageRecord(language).DefaultSimulator;
 }
 
 TSimulatorType TSimTypeLanguageMap::GetDefaultOrSupportedSimulator(THdlLanguage language,

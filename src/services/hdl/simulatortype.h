@@ -42,7 +42,7 @@ struct TSimulatorRecord {
     TSimulatorType Type;
     const char* Name;           ///< stored in files, unique
     const char* DllNamePrefix;  ///< begins the names of simulator-specific DLLs; "NONE" without one
-    const char* VendorFamily;   ///< for people
+    const char* VendorFamily;   ///< who makes it
     std::vector<THdlLanguage> Languages;  ///< what it simulates, in the order of its tool records
 };
 
