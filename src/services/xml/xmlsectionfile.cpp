@@ -72,9 +72,18 @@ bool TXMLSectionFile::InterpretElements() {
     return true;
 }
 
-void TXMLSectionFile::Locate() {
+// Places count elements from the beginning, and an iterator may not outlive its element.
+void TXMLSectionFile::ObjectRemoved(TElement*) {
+    ForgetPlaces();
+}
+
+void TXMLSectionFile::ForgetPlaces() {
     Section = {Section.Name};
     Parent = {Parent.Name};
+}
+
+void TXMLSectionFile::Locate() {
+    ForgetPlaces();
     std::size_t depth = 0;
     std::size_t number = 0;
     for (TElementIterator element(*this); element.NotAtTail(); ++element, ++number) {
@@ -106,11 +115,15 @@ void TXMLSectionFile::MeetEnd(TPlace& place, std::size_t depth, std::size_t numb
     if (place.Count == 1) place.End = number;
 }
 
-// Writing flushes the list before it fills it.
+// Writing flushes the list before it fills it. The places then hold for what is kept.
 void TXMLSectionFile::KeepElements() {
+    const TPlace section = Section;
+    const TPlace parent = Parent;
     for (TElementIterator element(*this); element.NotAtTail(); ++element)
         Kept.emplace_back(element.Current());
     Flush(0);
+    Section = section;
+    Parent = parent;
 }
 
 void TXMLSectionFile::PushKept(std::size_t begin, std::size_t end) {

@@ -22,7 +22,8 @@ public:
     TXMLSectionFile(const char* section, const char* parent, TPlacement placement);
     ~TXMLSectionFile() override;
 
-    /// After ReadFile: how often the file holds the section, and whether it holds the parent.
+    /// After ReadFile: how often the file holds the section, and whether it holds the parent. A
+    /// read that fails, as anything else that takes elements off the list, leaves neither.
     std::size_t GetSectionCount() const { return Section.Count; }
     bool HasParent() const { return Parent.Count > 0; }
     /// At the first section's START, or at the tail.
@@ -45,9 +46,10 @@ protected:
 
     void FillElements() override;
     bool InterpretElements() override;
+    void ObjectRemoved(TElement* element) override;
 
 private:
-    /// Where the first element of a name stands, as places in the stream.
+    /// The first element of a name, as places in the stream.
     struct TPlace {
         const char* Name;
         DListIterator<TElement*> Start = {};
@@ -62,6 +64,7 @@ private:
                           std::size_t number);
     static void MeetEnd(TPlace& place, std::size_t depth, std::size_t number);
     bool MayBeNew() const;
+    void ForgetPlaces();
     void Locate();
     void KeepElements();
     void PushKept(std::size_t begin, std::size_t end);

@@ -169,6 +169,35 @@ TEST(XMLSectionFile, ReplacesNothingAfterAReadThatFailed) {
     }
 }
 
+TEST(XMLSectionFile, HoldsNothingAfterAReadThatFailed) {
+    RecordingMessageBox box;
+    RecordingLog log;
+    const TemporaryFolder folder;
+    const std::string good = folder.Write("a.xml", "<Root><Section><b/></Section></Root>");
+    folder.Write("malformed.xml", "<Root><a></Root>");
+    for (const char* name : {"malformed.xml", "missing.xml"}) {
+        TSection file(TXMLSectionFile::CHILD_OF_ROOT);
+        ASSERT_TRUE(file.ReadFile(good.c_str()));
+        ASSERT_EQ(file.GetSectionCount(), 1u);
+        EXPECT_FALSE(file.ReadFile(folder.Path(name).c_str())) << name;
+        EXPECT_EQ(file.GetSectionCount(), 0u) << name;
+        EXPECT_FALSE(file.HasParent()) << name;
+        EXPECT_EQ(ElementAt(file.GetSection()), "TAIL") << name;
+        EXPECT_EQ(file.GetSectionText(), "") << name;
+    }
+}
+
+TEST(XMLSectionFile, HoldsNothingOfAnEmptiedList) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.xml", "<Root><Section/></Root>");
+    TSection file(TXMLSectionFile::CHILD_OF_ROOT);
+    ASSERT_TRUE(file.ReadFile(path.c_str()));
+    file.Flush(1);
+    EXPECT_EQ(file.GetSectionCount(), 0u);
+    EXPECT_FALSE(file.HasParent());
+    EXPECT_EQ(file.GetSectionText(), "");
+}
+
 TEST(XMLSectionFile, MakesAMissingFile) {
     const TemporaryFolder folder;
     TSection file(TXMLSectionFile::CHILD_OF_ROOT);
