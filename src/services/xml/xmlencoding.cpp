@@ -87,6 +87,28 @@ TXMLEncoding DetectXMLEncoding(std::string_view document) {
     return DetectWithoutMark(document);
 }
 
+bool HasLoneHighSurrogate(std::string_view document, const TXMLEncoding& encoding,
+                          std::string* refused) {
+    constexpr unsigned kKindBits = 0xFC;
+    constexpr unsigned kHigh = 0xD8;
+    constexpr unsigned kLow = 0xDC;
+    if (encoding.UnitSize != 2) return false;
+    const std::size_t highByte = 1 - encoding.LowByte;
+    const auto isKind = [&](std::size_t unit, unsigned kind) {
+        const std::size_t place = unit + highByte;
+        return place < document.size() &&
+               (static_cast<unsigned char>(document[place]) & kKindBits) == kind;
+    };
+    bool isFound = false;
+    for (std::size_t unit = 0; unit + 1 < document.size(); unit += 2) {
+        if (!isKind(unit, kHigh) || isKind(unit + 2, kLow)) continue;
+        if (!isFound) *refused = document;
+        isFound = true;
+        (*refused)[unit + highByte] = static_cast<char>(kLow);
+    }
+    return isFound;
+}
+
 bool FillEncodingTable(const char* name, int* table) {
     for (const TEncodingName& known : kEncodingNames) {
         if (!EqualIgnoringCase(name, known.Name)) continue;

@@ -18,6 +18,13 @@ struct TXMLEncoding {
 /// refused.
 TXMLEncoding DetectXMLEncoding(std::string_view document);
 
+/// Whether a high surrogate of a document in UTF-16 lacks its low one. Each such unit is replaced
+/// in
+/// `*refused`, a copy of the document, by a low surrogate: the parser refuses that at its place,
+/// while it takes a high surrogate together with whatever follows.
+bool HasLoneHighSurrogate(std::string_view document, const TXMLEncoding& encoding,
+                          std::string* refused);
+
 /// Sets `table[byte]` to the code point of each of the 256 bytes; false for an encoding that is
 /// neither ISO-8859-1 nor Windows-1252 under one of their names.
 bool FillEncodingTable(const char* name, int* table);

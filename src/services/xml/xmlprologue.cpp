@@ -7,10 +7,17 @@ namespace {
 
 constexpr std::string_view kEntity = "<!ENTITY";
 
+/// A parser of XML 1.0 takes "1." and any digits; Expat itself takes every text.
+bool IsAcceptedVersion(std::string_view version) {
+    return version.size() > 2 && version.starts_with("1.") &&
+           version.find_first_not_of("0123456789", 2) == std::string_view::npos;
+}
+
 class TPrologueReader {
 public:
     explicit TPrologueReader(const TXMLEncoding& encoding) : Run(encoding, this) {
         XML_Parser parser = Run.GetParser();
+        XML_SetXmlDeclHandler(parser, OnXmlDeclaration);
         XML_SetDefaultHandler(parser, OnDeclarationToken);
         XML_SetEndDoctypeDeclHandler(parser, OnDocumentTypeEnd);
         XML_SetStartElementHandler(parser, OnStartElement);
@@ -26,6 +33,12 @@ public:
 private:
     static TPrologueReader& From(void* userData) {
         return *static_cast<TPrologueReader*>(userData);
+    }
+
+    static void OnXmlDeclaration(void* userData, const XML_Char* version, const XML_Char*, int) {
+        if (version && !IsAcceptedVersion(version))
+            From(userData).Run.Refuse("XML version \"" + std::string(version) +
+                                      "\" is not accepted");
     }
 
     static void OnDeclarationToken(void* userData, const XML_Char* text, int length) {

@@ -18,8 +18,8 @@ struct TXMLPrologue {
 };
 
 /// Reads up to the end of the document type or to the first element, whichever comes first; a
-/// document with neither is a failure. So are entity declarations; nothing outside the document is
-/// ever looked at.
+/// document with neither is a failure. So are entity declarations and versions of XML other
+/// than 1.x; nothing outside the document is ever looked at.
 TXMLPrologue ReadXMLPrologue(std::string_view document, const TXMLEncoding& encoding);
 
 /// The name of the root that a document type declaration announces; "" for any other text.

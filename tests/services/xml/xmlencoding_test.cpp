@@ -111,6 +111,71 @@ TEST(XMLEncoding, RefusesWhatIsNotAsDeclared) {
     for (const Row& row : rows) EXPECT_EQ(StreamOf(row.Document), row.Expected) << row.Label;
 }
 
+/// The two bytes of a code unit.
+std::string Unit(unsigned unit, bool isBigEndian) {
+    const char high = static_cast<char>(unit >> 8U);
+    const char low = static_cast<char>(unit & 0xFFU);
+    return isBigEndian ? std::string{high, low} : std::string{low, high};
+}
+
+TEST(XMLEncoding, RefusesALoneSurrogateWhereverItIs) {
+    constexpr unsigned kFirstHigh = 0xD83D;
+    constexpr unsigned kLastHigh = 0xDBFF;
+    constexpr unsigned kLow = 0xDC61;
+    struct Row {
+        const char* Label;
+        const char* Before;
+        std::vector<unsigned> Units;
+        const char* After;
+        const char* Expected;
+    };
+    const Row rows[] = {
+        {"low", "<a>", {kLow}, "a</a>", "1:7: not well-formed (invalid token)"},
+        {"high before a letter",
+         "<a>",
+         {kFirstHigh},
+         "a</a>",
+         "1:7: not well-formed (invalid token)"},
+        {"high before a tag",
+         "<a>xy",
+         {kLastHigh},
+         "</a>",
+         "1:11: not well-formed (invalid token)"},
+        {"high before a high",
+         "<a>",
+         {kFirstHigh, kFirstHigh, kLow},
+         "</a>",
+         "1:7: not well-formed (invalid token)"},
+        {"high behind a pair",
+         "<a>",
+         {kFirstHigh, kLow, kFirstHigh},
+         "</a>",
+         "1:11: not well-formed (invalid token)"},
+        {"in an attribute",
+         "<a b='",
+         {kFirstHigh},
+         "c'/>",
+         "1:13: not well-formed (invalid token)"},
+        {"in a name", "<a", {kFirstHigh}, "b/>", "1:5: not well-formed (invalid token)"},
+        {"in a comment before the root",
+         "<!--",
+         {kFirstHigh},
+         "--><a/>",
+         "1:9: not well-formed (invalid token)"},
+        {"behind another fault", "<a></b>", {kFirstHigh}, "", "1:11: mismatched tag"},
+        {"a pair", "<a>", {kFirstHigh, 0xDE00}, "</a>", "START a\nTEXT \xF0\x9F\x98\x80\nEND a\n"},
+    };
+    for (const Row& row : rows) {
+        for (const bool isBigEndian : {false, true}) {
+            std::string document = isBigEndian ? kBigEndianMark : kLittleEndianMark;
+            document += Utf16(row.Before, isBigEndian);
+            for (const unsigned unit : row.Units) document += Unit(unit, isBigEndian);
+            document += Utf16(row.After, isBigEndian);
+            EXPECT_EQ(StreamOf(document), row.Expected) << row.Label << ' ' << isBigEndian;
+        }
+    }
+}
+
 TEST(XMLEncoding, ReadsAllOfWindows1252) {
     const std::string expected =
         "\xE2\x82\xAC\xC2\x81\xE2\x80\x9A\xC6\x92\xE2\x80\x9E\xE2\x80\xA6\xE2\x80\xA0\xE2\x80\xA1"

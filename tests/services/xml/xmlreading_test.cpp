@@ -198,6 +198,31 @@ TEST(XMLReading, LocatesWhatIsMalformed) {
     });
 }
 
+TEST(XMLReading, TakesTheVersionsThatAParserOf10Takes) {
+    const auto document = [](const std::string& version) {
+        return "<?xml version='" + version + "'?><a/>";
+    };
+    for (const char* version : {"1.0", "1.1", "1.99"})
+        EXPECT_EQ(StreamOf(document(version)), "START a\nEND a\n") << version;
+    for (const std::string version : {"9.9", "2.0", "1.", "1", "1.x", "1.0b", "11.0", ""})
+        EXPECT_EQ(StreamOf(document(version)),
+                  "1:1: XML version \"" + version + "\" is not accepted");
+    EXPECT_EQ(StreamOf("<?xml version='9.9'?><!DOCTYPE a><a/>"),
+              "1:1: XML version \"9.9\" is not accepted");
+}
+
+TEST(XMLReading, KeepsTheLineEndThatATextBeginsWith) {
+    ExpectStreams({
+        {"line feed", "<a>\n-g</a>", "START a\nTEXT \n-g\nEND a\n"},
+        {"CR LF", "<a>\r\n-g</a>", "START a\nTEXT \n-g\nEND a\n"},
+        {"several", "<a>\n\n -g</a>", "START a\nTEXT \n\n -g\nEND a\n"},
+        {"before a reference", "<a>\n&lt;</a>", "START a\nTEXT \n<\nEND a\n"},
+        {"before a section", "<a>\n<![CDATA[-g]]></a>", "START a\nTEXT \n-g\nEND a\n"},
+        {"before a comment", "<a>\n<!-- c -->-g</a>", "START a\nTEXT \n-g\nEND a\n"},
+        {"before an element", "<a>\n-g<b/></a>", "START a\nTEXT \n-g\nSTART b\nEND b\nEND a\n"},
+    });
+}
+
 TEST(XMLReading, NamesTheDroppedRootThatTheDocumentEndsIn) {
     EXPECT_EQ(StreamOf("<List><a/>", kListType), "1:11: the document ends inside element \"List\"");
 }
