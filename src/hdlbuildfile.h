@@ -80,6 +80,7 @@
 #include "simtools/serverconfigurationfilexmllist.h"
 #include "simtools/simtoolserverclientcourier.h"
 #include "simtools/simtoolsettings.h"
+#include "translation/v2vcommandlineoption.h"
 #include "translation/v2vtranslationfileoption.h"
 #include "translation/v2vtranslationoption.h"
 #include "translation/v2vtranslationoptionslist.h"

@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+TSourceFileGroups::TSourceFileGroups(TSourceFileOwner* owner) : SourceFileOwner(owner) {}
+
+TSourceFileGroups::~TSourceFileGroups() = default;
+
 TSourceFileGroups::TGroup& TSourceFileGroups::GroupOf(THdlLanguage language) {
     const auto [place, isNew] = Groups.try_emplace(language);
     if (isNew) place->second.List.SetLanguage(language);

@@ -16,7 +16,8 @@ class TXMLList;
 class HDLBUILDFILE_API TSourceFileGroups {
 public:
     /// `owner` makes the sources that are read and must outlive the groups; with null none are.
-    explicit TSourceFileGroups(TSourceFileOwner* owner) : SourceFileOwner(owner) {}
+    explicit TSourceFileGroups(TSourceFileOwner* owner);
+    ~TSourceFileGroups();
     TSourceFileGroups(const TSourceFileGroups&) = delete;
     TSourceFileGroups& operator=(const TSourceFileGroups&) = delete;
 
