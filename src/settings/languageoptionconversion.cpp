@@ -1,29 +1,41 @@
 #include "settings/languageoptionconversion.h"
-#include "services/base/fold.h"
 #include "services/options/optionconversion.h"
-#include <initializer_list>
-#include <string_view>
 
 namespace {
 
 using options::TConvertedOptionResults;
 
-constexpr int kMergedMode = 2;
-constexpr int kSingleStepMode = 1;
 constexpr int kSingleStep =
     options::STAGE_COMPILE | options::STAGE_ELABORATE | options::STAGE_SIMULATE;
 
-// One run of simulators that share an answer.
-struct TSimulatorRange {
-    int First;
-    int Last;
-    int Answer;
+// What is known of a run of simulators.
+struct TSimulatorConversion {
+    TSimulatorType First;
+    TSimulatorType Last;
+    int Family;
+    TOptionConversionMode Mode;
+    bool IsSupported;  // for Verilog and VHDL
 };
 
-int AnswerFor(int simulator, std::initializer_list<TSimulatorRange> ranges, int otherwise) {
-    for (const TSimulatorRange& range : ranges)
-        if (simulator >= range.First && simulator <= range.Last) return range.Answer;
-    return otherwise;
+constexpr TSimulatorConversion kConversions[] = {
+    {SIM_ZORVIK_VERILOG, SIM_ZORVIK_VERILOG_32, 1, MODE_EACH_STEP, true},
+    {SIM_ZORVIK_VERILOG_64, SIM_ZORVIK_VERILOG_64, 2, MODE_EACH_STEP, true},
+    {SIM_ZORVIK_VHDL, SIM_ZORVIK_VHDL_32, 1, MODE_EACH_STEP, true},
+    {SIM_ZORVIK_VHDL_64, SIM_ZORVIK_VHDL_64, 2, MODE_EACH_STEP, true},
+    {SIM_ZORVIK_CL, SIM_ZORVIK_CL, 7, MODE_ONE_STEP, false},
+    {SIM_ACTIVEHDL_VHDL, SIM_ACTIVEHDL_VERILOG, 8, MODE_MERGED, false},
+    {SIM_MODELSIM_VERILOG, SIM_MODELSIM_VERILOG_SE, 3, MODE_MERGED, true},
+    {SIM_MODELSIM_VHDL, SIM_MODELSIM_VHDL_PE, 3, MODE_MERGED, false},
+    {SIM_NC_VHDL, SIM_NC_VHDL_64, 4, MODE_EACH_STEP, false},
+    {SIM_NC_VERILOG, SIM_NC_VERILOG_64, 4, MODE_EACH_STEP, true},
+    {SIM_VCS, SIM_VERILOGXL, 0, MODE_ONE_STEP, false},
+};
+
+const TSimulatorConversion& ConversionOf(TSimulatorType simulator) {
+    static constexpr TSimulatorConversion kOther{SIM_NONE, SIM_NONE, 0, MODE_EACH_STEP, false};
+    for (const TSimulatorConversion& row : kConversions)
+        if (simulator >= row.First && simulator <= row.Last) return row;
+    return kOther;
 }
 
 // What goes to one step of the simulator's run.
@@ -51,45 +63,24 @@ TLanguageOptionTexts AssembleSteps(const TConvertedOptionResults& build,
             AssembleStage(runtime, options::STAGE_SIMULATE)};
 }
 
-// Every write of a build file appends the linker options to the build options that it stores, after
-// it has lengthened them for line debugging. The copies, the latest last, are cut off, so that a
-// word typed as a linker option stays one.
-std::string WithoutLinkerCopies(const std::string& build, const std::string& linker) {
-    std::string_view rest = build;
-    std::string copy = " " + linker;
-    while (!TrimmedView(copy).empty()) {
-        if (rest.ends_with(copy))
-            rest.remove_suffix(copy.size());
-        else if (copy.ends_with(kLineDebugOption))
-            copy.resize(copy.size() - kLineDebugOption.size());
-        else
-            break;
-    }
-    return std::string(rest);
+std::string WithoutLinkerCopy(const std::string& build, const std::string& linker) {
+    const std::string copy = " " + linker;
+    return build.ends_with(copy) ? build.substr(0, build.size() - copy.size()) : build;
 }
 
 }  // namespace
 
 bool IsOptionConversionSupported(THdlLanguage language, TSimulatorType simulator) {
     const bool isHdl = language == LANGUAGE_VERILOG || language == LANGUAGE_VHDL;
-    return isHdl && AnswerFor(simulator, {{1, 6, 1}, {11, 13, 1}, {20, 21, 1}}, 0) != 0;
+    return isHdl && ConversionOf(simulator).IsSupported;
 }
 
 int GetOptionSimulatorFamily(TSimulatorType simulator) {
-    return AnswerFor(simulator,
-                     {{1, 2, 1},
-                      {3, 3, 2},
-                      {4, 5, 1},
-                      {6, 6, 2},
-                      {7, 7, 7},
-                      {8, 9, 8},
-                      {11, 17, 3},
-                      {18, 21, 4}},
-                     0);
+    return ConversionOf(simulator).Family;
 }
 
-int GetOptionConversionMode(TSimulatorType simulator) {
-    return AnswerFor(simulator, {{7, 7, 1}, {22, 24, 1}, {8, 9, 2}, {11, 17, 2}}, 3);
+TOptionConversionMode GetOptionConversionMode(TSimulatorType simulator) {
+    return ConversionOf(simulator).Mode;
 }
 
 TLanguageOptionTexts ConvertLanguageOptions(THdlLanguage language, TSimulatorType simulator,
@@ -106,7 +97,7 @@ TLanguageOptionTexts ConvertLanguageOptions(THdlLanguage language, TSimulatorTyp
     };
 
     TConvertedOptionResults build;
-    if (mode == kSingleStepMode) {
+    if (mode == MODE_ONE_STEP) {
         convert(stored.Build, kSingleStep, &build);
         return {AssembleStage(build, kSingleStep), "", ""};
     }
@@ -114,10 +105,10 @@ TLanguageOptionTexts ConvertLanguageOptions(THdlLanguage language, TSimulatorTyp
     // Texts that share their results share their options' destinations.
     TConvertedOptionResults ownLinker;
     TConvertedOptionResults ownRuntime;
-    const bool isMerged = mode == kMergedMode;
+    const bool isMerged = mode == MODE_MERGED;
     TConvertedOptionResults& linker = crossStages || isMerged ? build : ownLinker;
     TConvertedOptionResults& runtime = crossStages ? build : ownRuntime;
-    convert(isMerged ? WithoutLinkerCopies(stored.Build, stored.Linker) : stored.Build,
+    convert(isMerged ? WithoutLinkerCopy(stored.Build, stored.Linker) : stored.Build,
             options::STAGE_COMPILE, &build);
     convert(stored.Linker, options::STAGE_ELABORATE, &linker);
     convert(stored.Runtime, options::STAGE_SIMULATE, &runtime);

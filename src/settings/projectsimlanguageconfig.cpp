@@ -45,6 +45,7 @@ TProjectSimLanguageConfig& TProjectSimLanguageConfig::operator=(
     ActiveSnapshotName = other.ActiveSnapshotName;
     DestinationLibraryName = other.DestinationLibraryName;
     BuildOptions = other.BuildOptions;
+    TypedBuildOptions = other.TypedBuildOptions;
     LinkerOptions = other.LinkerOptions;
     RuntimeOptions = other.RuntimeOptions;
     return *this;
@@ -178,4 +179,9 @@ void TProjectSimLanguageConfig::SetTool(TSimulatorType tool) {
                                           GetSimulatorNameFromType(tool)));
     Tool = tool;
     LogDiagnostic("[Default] <-- TProjectSimLanguageConfig::SetTool(..)");
+}
+
+void TProjectSimLanguageConfig::SetBuildOptions(const char* options) {
+    TypedBuildOptions = TMyString(options);
+    BuildOptions = TypedBuildOptions;
 }

@@ -102,8 +102,9 @@ public:
     void SetActiveSnapshotName(const char* name) { ActiveSnapshotName = TMyString(name); }
     const char* GetDestinationLibraryName() const { return DestinationLibraryName; }
     void SetDestinationLibraryName(const char* name) { DestinationLibraryName = TMyString(name); }
+    /// What was set or read, and what writing build files has appended to it since then.
     const char* GetBuildOptions() const { return BuildOptions; }
-    void SetBuildOptions(const char* options) { BuildOptions = TMyString(options); }
+    void SetBuildOptions(const char* options);
     const char* GetLinkerOptions() const { return LinkerOptions; }
     void SetLinkerOptions(const char* options) { LinkerOptions = TMyString(options); }
     const char* GetRuntimeOptions() const { return RuntimeOptions; }
@@ -119,10 +120,12 @@ public:
     /// are written relative to the directory of the document's file. `buildFileForm` writes the
     /// options in the language of the simulator, and changes the stored options with every such
     /// write: with `lineDebug` the linker options gain the line-debug option; where no C++ compiler
-    /// is named, those of the maker's 64-bit simulators gain the option for GCC, once; for the
-    /// simulators whose build options hold the linker options too, the former gain the latter. With
-    /// `forceMode3` the maker's own simulators get the linker options in the place of the build
-    /// options, and options stay in the step that they were typed for.
+    /// is named, those of the environment's 64-bit simulators gain the option for GCC, once; for
+    /// the simulators whose build options hold the linker options too, the former gain the latter.
+    /// What is written for Verilog and VHDL starts from the build options as they were last set or
+    /// read, so that repeated writes give the same texts. With `forceMode3` the environment's own
+    /// simulators get the linker options in the place of the build options, and options remain in
+    /// the step that they were typed for.
     void WriteToProjectFile(TXMLList* document, THdlLanguage language, bool buildFileForm,
                             bool lineDebug, bool forceMode3);
 
@@ -145,7 +148,7 @@ private:
     void ReadDirectoryKeys(const TIniKeys& keys, const char* key, TUniqueTextList& list,
                            bool resolve) const;
     void WriteDirectoryKeys(const TIniKeys& keys) const;
-    void AddBuildFileOptions(THdlLanguage language, bool lineDebug, bool forceMode3);
+    void AddBuildFileOptions(THdlLanguage language, bool lineDebug);
     void WriteOptions(TXMLList* document, THdlLanguage language, bool buildFileForm,
                       bool forceMode3) const;
 
@@ -167,6 +170,7 @@ private:
     TMyString ActiveSnapshotName;
     TMyString DestinationLibraryName = "work";
     TMyString BuildOptions;
+    TMyString TypedBuildOptions;  // BuildOptions without what writing a build file appended
     TMyString LinkerOptions;
     TMyString RuntimeOptions;
 };

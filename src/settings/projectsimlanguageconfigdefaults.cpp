@@ -1,4 +1,5 @@
 // The option defaults of TProjectSimLanguageConfig.
+#include "services/hdl/simtypelanguagemap.h"
 #include "services/logging/binarylog.h"
 #include "settings/projectsettingsconfigurationsdata.h"
 #include <algorithm>
@@ -12,7 +13,7 @@ struct TDefaultOptions {
     const char* Linker = "";
 };
 
-// The maker's VHDL simulator takes the define in the Verilog spelling as well.
+// The environment's VHDL simulators take the define in the Verilog spelling as well.
 constexpr TDefaultOptions kOwnDebug = {"+define+_DEBUG", ""};
 // The linker texts begin with a blank, so that they can be appended.
 constexpr TDefaultOptions kCppRelease = {"/MD /W3 /GR /GX /D NDEBUG /c",
@@ -21,16 +22,13 @@ constexpr TDefaultOptions kCppDebug = {"/Zi /MDd /W3 /GR /GX /Od /GZ /D _DEBUG /
                                        " /dll /debug /machine:I386 /PDB:NONE kernel32.lib"};
 constexpr TDefaultOptions kSpecman = {"${SPECMAN_CFLAGS}", "${SPECMAN_LOFLAGS}"};
 
-constexpr TSimulatorType kOwnVerilog[] = {SIM_ZORVIK_VERILOG, SIM_ZORVIK_VERILOG_32,
-                                          SIM_ZORVIK_VERILOG_64};
-constexpr TSimulatorType kOwnVhdl[] = {SIM_ZORVIK_VHDL, SIM_ZORVIK_VHDL_32, SIM_ZORVIK_VHDL_64};
 constexpr TSimulatorType kOtherVhdl[] = {
     SIM_ACTIVEHDL_VHDL, SIM_MODELSIM_VHDL, SIM_MODELSIM_VHDL_SE, SIM_MODELSIM_VHDL_PE,
     SIM_NC_VHDL,        SIM_SCIROCCO,      SIM_VHDL_OTHER};
 
-template <std::size_t Size>
-bool IsOneOf(TSimulatorType tool, const TSimulatorType (&tools)[Size]) {
-    return std::find(tools, tools + Size, tool) != tools + Size;
+bool IsOwnSimulatorOf(THdlLanguage language, TSimulatorType tool) {
+    return IsOwnHdlSimulator(tool) &&
+           TSimTypeLanguageMap::instance()->GetDefaultOrSupportedSimulator(language, tool) == tool;
 }
 
 void ReportInvalidSimulator(TSimulatorType tool) {
@@ -45,15 +43,17 @@ void ReportInvalidSimulator(TSimulatorType tool) {
 }
 
 TDefaultOptions VhdlOptions(TSimulatorType tool, bool debug) {
-    const bool isOwn = IsOneOf(tool, kOwnVhdl);
-    if (!isOwn && !IsOneOf(tool, kOtherVhdl)) ReportInvalidSimulator(tool);
+    const bool isOwn = IsOwnSimulatorOf(LANGUAGE_VHDL, tool);
+    const bool isOther =
+        std::find(std::begin(kOtherVhdl), std::end(kOtherVhdl), tool) != std::end(kOtherVhdl);
+    if (!isOwn && !isOther) ReportInvalidSimulator(tool);
     return isOwn && debug ? kOwnDebug : TDefaultOptions();
 }
 
 TDefaultOptions DefaultOptions(THdlLanguage language, TSimulatorType tool, bool debug) {
     switch (language) {
         case LANGUAGE_VERILOG:
-            return debug && IsOneOf(tool, kOwnVerilog) ? kOwnDebug : TDefaultOptions();
+            return debug && IsOwnSimulatorOf(language, tool) ? kOwnDebug : TDefaultOptions();
         case LANGUAGE_VHDL:
             return VhdlOptions(tool, debug);
         case LANGUAGE_SYSTEMC:
@@ -71,7 +71,7 @@ TDefaultOptions DefaultOptions(THdlLanguage language, TSimulatorType tool, bool 
 void TProjectSimLanguageConfig::ResetDefaultSettingsOptions(THdlLanguage language, bool debug) {
     LogDiagnostic("[Default] --> TProjectSimLanguageConfig::ResetDefaultSettingsOptions()");
     const TDefaultOptions options = DefaultOptions(language, Tool, debug);
-    BuildOptions = options.Build;
+    SetBuildOptions(options.Build);
     LinkerOptions = options.Linker;
     RuntimeOptions = "";
     LogDiagnostic("[Default] <-- TProjectSimLanguageConfig::ResetDefaultSettingsOptions(..)");

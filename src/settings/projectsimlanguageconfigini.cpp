@@ -58,7 +58,7 @@ void TProjectSimLanguageConfig::ReadFromINI(const char* section, THdlLanguage la
         OutputFileName = keys.ReadText("OutputFileName").value_or(OutputFileName);
     }
     keys.ReadText("AdditionalExtensions", &AdditionalExtensions);
-    keys.ReadText("BuildOptions", &BuildOptions);
+    if (const auto options = keys.ReadText("BuildOptions")) SetBuildOptions(options->c_str());
     keys.ReadText("LinkerOptions", &LinkerOptions);
     keys.ReadText("RuntimeOptions", &RuntimeOptions);
 }

@@ -97,10 +97,6 @@ bool ReadEntries(TElementIterator& element, const char* entryName, AddEntry addE
     return false;
 }
 
-bool IsMakersOwnSimulator(TSimulatorType tool) {
-    return tool >= SIM_ZORVIK_VERILOG && tool <= SIM_ZORVIK_VHDL_64;
-}
-
 bool IsCppCompilerNamed() {
     std::string compiler;
     return GetEnvironmentVariableText("ORVANE_CPP_COMPILER", &compiler);
@@ -132,7 +128,7 @@ void TProjectSimLanguageConfig::WriteToProjectFile(TXMLList* document, THdlLangu
     PushTextElement(document, "ActiveSnapshotName", ActiveSnapshotName.Str());
     PushTextElement(document, "DestinationLibraryName", DestinationLibraryName.Str());
     PushTextElement(document, "AdditionalExtensions", AdditionalExtensions.Str());
-    if (buildFileForm) AddBuildFileOptions(language, lineDebug, forceMode3);
+    if (buildFileForm) AddBuildFileOptions(language, lineDebug);
     WriteOptions(document, language, buildFileForm, forceMode3);
     if (!OutputFileName.empty()) PushTextElement(document, "OutputFileName", OutputFileName);
     PushBoolElement(document, "RunOutputFileExecutable", RunOutputFileExecutable);
@@ -140,16 +136,15 @@ void TProjectSimLanguageConfig::WriteToProjectFile(TXMLList* document, THdlLangu
 }
 
 // What a build file asks of the simulator beyond the user's options.
-void TProjectSimLanguageConfig::AddBuildFileOptions(THdlLanguage language, bool lineDebug,
-                                                    bool forceMode3) {
-    if (lineDebug && IsOptionConversionSupported(language, Tool)) LinkerOptions += kLineDebugOption;
+void TProjectSimLanguageConfig::AddBuildFileOptions(THdlLanguage language, bool lineDebug) {
+    if (lineDebug && IsOptionConversionSupported(language, Tool))
+        LinkerOptions += " --simz_options +linedebug";
     const bool is64Bit = Tool == SIM_ZORVIK_VERILOG_64 || Tool == SIM_ZORVIK_VHDL_64;
     // The 64-bit simulators find no other compiler unless the user names one.
     if (is64Bit && !IsCppCompilerNamed() && !NamesGccSwitch(LinkerOptions) &&
         !NamesGccSwitch(BuildOptions))
         LinkerOptions += " --qdx_usegcc";
-    const bool isForced = forceMode3 && IsMakersOwnSimulator(Tool);
-    if (!isForced && GetOptionConversionMode(Tool) == 2)
+    if (GetOptionConversionMode(Tool) == MODE_MERGED)
         BuildOptions = BuildOptions + " " + LinkerOptions;
 }
 
@@ -157,11 +152,14 @@ void TProjectSimLanguageConfig::WriteOptions(TXMLList* document, THdlLanguage la
                                              bool buildFileForm, bool forceMode3) const {
     TLanguageOptionTexts texts{BuildOptions.Str(), LinkerOptions.Str(), RuntimeOptions.Str()};
     if (buildFileForm) {
-        const bool isForced = forceMode3 && IsMakersOwnSimulator(Tool);
-        const int mode = isForced ? 3 : GetOptionConversionMode(Tool);
+        const TOptionConversionMode mode = GetOptionConversionMode(Tool);
+        // The stored text holds the linker options once for each write; words that were typed in
+        // both texts could not be told from those.
+        if (mode == MODE_MERGED && IsOptionConversionSupported(language, Tool))
+            texts.Build = TypedBuildOptions.Str() + " " + texts.Linker;
         texts = ConvertLanguageOptions(language, Tool, mode, !forceMode3, texts);
         // Such a file only elaborates.
-        if (isForced) texts.Build = texts.Linker;
+        if (forceMode3 && IsOwnHdlSimulator(Tool)) texts.Build = texts.Linker;
     }
     PushTextElement(document, "BuildOptions", texts.Build);
     PushTextElement(document, "LinkerOptions", texts.Linker);

