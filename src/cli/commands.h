@@ -1,33 +1,8 @@
 #pragma once
-#include "cli/tool.h"
+#include "cli/frame/command.h"
 
-// The commands and the verbs of those that have some. Each returns an exit status.
+/// Every command with fresh arguments, in the order of the help text.
+std::vector<TCommand> MakeCommands();
 
-int RunShow(const TToolArguments& arguments, const TToolStreams& streams);
-int RunCheck(const TToolArguments& arguments, const TToolStreams& streams);
-int RunOrder(const TToolArguments& arguments, const TToolStreams& streams);
-int RunOptions(const TToolArguments& arguments, const TToolStreams& streams);
-int RunCommandFile(const TToolArguments& arguments, const TToolStreams& streams);
-
-int RunSettingsList(const TToolArguments& arguments, const TToolStreams& streams);
-int RunSettingsShow(const TToolArguments& arguments, const TToolStreams& streams);
-int RunSettingsCurrent(const TToolArguments& arguments, const TToolStreams& streams);
-int RunSettingsCopy(const TToolArguments& arguments, const TToolStreams& streams);
-int RunSettingsRemove(const TToolArguments& arguments, const TToolStreams& streams);
-int RunSettingsReset(const TToolArguments& arguments, const TToolStreams& streams);
-int RunSettingsSet(const TToolArguments& arguments, const TToolStreams& streams);
-
-int RunTemplatesList(const TToolArguments& arguments, const TToolStreams& streams);
-int RunTemplatesShow(const TToolArguments& arguments, const TToolStreams& streams);
-
-int RunServersList(const TToolArguments& arguments, const TToolStreams& streams);
-int RunServersAdd(const TToolArguments& arguments, const TToolStreams& streams);
-int RunServersRemove(const TToolArguments& arguments, const TToolStreams& streams);
-int RunServersDefaultFile(const TToolArguments& arguments, const TToolStreams& streams);
-
-int RunSimulators(const TToolArguments& arguments, const TToolStreams& streams);
-
-int RunTranslatorList(const TToolArguments& arguments, const TToolStreams& streams);
-int RunTranslatorEnable(const TToolArguments& arguments, const TToolStreams& streams);
-int RunTranslatorDisable(const TToolArguments& arguments, const TToolStreams& streams);
-int RunTranslatorCommandLine(const TToolArguments& arguments, const TToolStreams& streams);
+/// Runs the tool with the arguments after the program's name, in UTF-8; returns the exit status.
+int RunTool(const std::vector<std::string>& arguments, const TToolStreams& streams);

@@ -1,4 +1,4 @@
-#include "cli/tool.h"
+#include "cli/commands.h"
 #include <cstdlib>
 #include <iostream>
 #ifdef _WIN32

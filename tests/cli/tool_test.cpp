@@ -1,4 +1,3 @@
-#include "cli/jsonoutput.h"
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
 #include <gtest/gtest.h>
@@ -218,15 +217,4 @@ TEST(Tool, TakesACommandsNameAsABuildFile) {
     EXPECT_EQ(run.Status, kExitDone);
     EXPECT_EQ(run.Out, "check: no problems\n");
     EXPECT_EQ(run.Err, "");
-}
-
-TEST(Tool, PrintsForeignBytesInJsonAsReplacementCharacters) {
-    std::ostringstream out;
-    std::ostringstream err;
-    PrintJson({{"path", "a\xff.v"}, {"next", "\"\\\n\x01"}}, {out, err});
-    EXPECT_EQ(out.str(),
-              "{\n"
-              "  \"path\": \"a\xEF\xBF\xBD.v\",\n"
-              "  \"next\": \"\\\"\\\\\\n\\u0001\"\n"
-              "}\n");
 }

@@ -1,5 +1,5 @@
 #pragma once
-#include "cli/tool.h"
+#include "cli/commands.h"
 #include "tests/support/temporaryfolder.h"
 #include <filesystem>
 #include <sstream>

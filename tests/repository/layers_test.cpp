@@ -19,11 +19,19 @@ const std::set<std::string> kServices = {
     "services/base", "services/files", "services/logging", "services/names",         "services/xml",
     "services/ini",  "services/hdl",   "services/options", "services/designdatabase"};
 
-std::set<std::string> ServicesAnd(const std::set<std::string>& folders) {
-    std::set<std::string> all = kServices;
-    all.insert(folders.begin(), folders.end());
-    return all;
+std::set<std::string> AllOf(std::set<std::string> folders, const std::set<std::string>& others) {
+    folders.insert(others.begin(), others.end());
+    return folders;
 }
+
+std::set<std::string> ServicesAnd(const std::set<std::string>& folders) {
+    return AllOf(kServices, folders);
+}
+
+const std::set<std::string> kLibrary =
+    ServicesAnd({"filenames", "settings", "simtools", "translation", "projectfiles", "buildfile"});
+// A family of commands of the tool: never another family.
+const std::set<std::string> kFamily = AllOf(kLibrary, {"flows", "cli/frame"});
 
 /// Which folders each folder may include, itself aside.
 const std::map<std::string, std::set<std::string>> kPermitted = {
@@ -43,8 +51,13 @@ const std::map<std::string, std::set<std::string>> kPermitted = {
     {"projectfiles", ServicesAnd({"filenames", "settings", "simtools", "translation"})},
     {"buildfile",
      ServicesAnd({"filenames", "settings", "simtools", "translation", "projectfiles"})},
-    {"cli", ServicesAnd(
-                {"filenames", "settings", "simtools", "translation", "projectfiles", "buildfile"})},
+    {"flows", kLibrary},
+    {"cli/frame", AllOf(kLibrary, {"flows"})},
+    {"cli/build", kFamily},
+    {"cli/settings", kFamily},
+    {"cli/servers", kFamily},
+    {"cli/translator", kFamily},
+    {"cli", {"cli/frame", "cli/build", "cli/settings", "cli/servers", "cli/translator"}},
 };
 
 struct TSource {
@@ -83,15 +96,23 @@ const TSource* FindSource(const std::string& name) {
     return nullptr;
 }
 
-/// The folder under src, or the room of the services.
+/// The folder under src; for those with rooms, the room. Files of the tool's own folder are in
+/// "cli".
 std::string FolderOf(const std::string& name) {
-    const std::size_t from = name.starts_with("services/") ? std::string("services/").size() : 0;
-    return name.substr(0, name.find('/', from));
+    const std::string folder = name.substr(0, name.find('/'));
+    if (folder != "services" && folder != "cli") return folder;
+    const std::size_t end = name.find('/', folder.size() + 1);
+    return end == std::string::npos ? folder : name.substr(0, end);
+}
+
+/// Whether the file is no part of the library, but uses it.
+bool IsOutside(const std::string& name) {
+    return name.starts_with("flows/") || name.starts_with("cli/");
 }
 
 /// A header is public when it exports something, or says that it is for callers.
 bool IsPublic(const TSource& source) {
-    if (!source.Name.ends_with(".h") || FolderOf(source.Name) == "cli") return false;
+    if (!source.Name.ends_with(".h") || IsOutside(source.Name)) return false;
     if (source.Name == "hdlbuildfile.h" || source.Name == "services/base/api.h") return false;
     for (const char* mark : {"HDLBUILDFILE_API", "HDLBUILDFILE_SHARED_TYPE", "// Public: "})
         if (source.Text.find(mark) != std::string::npos) return true;
@@ -164,13 +185,28 @@ TEST(Layers, PublicHeadersNeedOnlyPublicHeaders) {
     }
 }
 
-TEST(Layers, ToolUsesOnlyPublicHeaders) {
+TEST(Layers, FlowsAndToolUseOnlyPublicHeaders) {
+    std::size_t count = 0;
     for (const TSource& source : Sources()) {
-        if (FolderOf(source.Name) != "cli") continue;
+        if (!IsOutside(source.Name)) continue;
         for (const std::string& include : source.Includes) {
             const TSource* target = FindSource(include);
-            if (!target || FolderOf(include) == "cli") continue;
+            if (!target || IsOutside(include)) continue;
+            ++count;
             EXPECT_TRUE(IsPublic(*target)) << source.Name << " includes private " << include;
         }
     }
+    EXPECT_GT(count, 20u);
+}
+
+// They take longer to compile than everything that includes them.
+TEST(Layers, OneFileIncludesEachOfTheToolsLibraries) {
+    const std::map<std::string, std::string> expected = {
+        {"CLI/CLI.hpp", "cli/frame/commandline.cpp"}, {"nlohmann/json.hpp", "cli/frame/json.cpp"}};
+    std::map<std::string, std::string> including;
+    for (const TSource& source : Sources())
+        for (const auto& [header, file] : expected)
+            if (source.Text.find("#include <" + header + ">") != std::string::npos)
+                including[header] += source.Name;
+    EXPECT_EQ(including, expected);
 }

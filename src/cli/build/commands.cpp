@@ -1,0 +1,33 @@
+#include "cli/build/commands.h"
+
+std::vector<TCommand> MakeBuildCommands() {
+    const auto values = std::make_shared<TBuildArguments>();
+    const TRunWith<TBuildArguments> with(values);
+    const TArgument build{"BUILD", &values->Build, "The build file", kRequired};
+    const TArgument json = JsonArgument(*values);
+    const TArgument absolute{"--absolute", &values->Paths.Absolute,
+                             "Print absolute paths, not paths relative to the current directory"};
+    const TArgument language{
+        "--language", &values->Language,
+        "Verilog, VHDL (default), Bluespec, SystemC, C++, Specman or TestBuilder"};
+    const TArgument tsv{"--tsv", &values->Tsv, "Print library, tabulator, path"};
+    const TArgument output{"-o,--output", &values->Output, "Replace this file instead of printing"};
+    const TArgument gof{"--gof", &values->Gof,
+                        "The form without log file, user defines and other plus options"};
+    return {
+        {"show", "Show what the build holds", with(RunShow), {build, json, absolute}},
+        {"check",
+         "Report everything that is wrong with the build",
+         with(RunCheck),
+         {build, json, absolute}},
+        {"order",
+         "Print the files to compile, one a line, in compile order",
+         with(RunOrder),
+         {build, json, absolute, language, tsv}},
+        {"options", "Print the Verilog option text", with(RunOptions), {build, json, gof}},
+        {"command-file",
+         "Write the Verilog command file",
+         with(RunCommandFile),
+         {build, json, output, gof}},
+    };
+}

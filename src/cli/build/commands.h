@@ -1,0 +1,22 @@
+#pragma once
+#include "cli/frame/command.h"
+#include "cli/frame/texts.h"
+
+/// The arguments of the commands that show a build.
+struct TBuildArguments : TCommonArguments {
+    std::string Build;
+    TPathForm Paths;
+    std::string Language = "VHDL";
+    std::string Output;  ///< empty: standard output
+    bool Tsv = false;
+    bool Gof = false;
+};
+
+int RunShow(const TBuildArguments& arguments, const TToolStreams& streams);
+int RunCheck(const TBuildArguments& arguments, const TToolStreams& streams);
+int RunOrder(const TBuildArguments& arguments, const TToolStreams& streams);
+int RunOptions(const TBuildArguments& arguments, const TToolStreams& streams);
+int RunCommandFile(const TBuildArguments& arguments, const TToolStreams& streams);
+
+/// One row for each of them, in the order of the help text.
+std::vector<TCommand> MakeBuildCommands();

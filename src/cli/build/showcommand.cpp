@@ -1,0 +1,206 @@
+#include "cli/build/commands.h"
+#include "cli/frame/filereports.h"
+#include "cli/frame/json.h"
+#include "cli/frame/texts.h"
+#include "filenames/componentname.h"
+#include "filenames/componentnamelist.h"
+#include "flows/listedsources.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
+#include "services/names/isfilename.h"
+#include "settings/projectsimgeneralconfig.h"
+#include "settings/projectsimlanguageconfig.h"
+#include "simtools/basesimtool.h"
+#include <algorithm>
+
+namespace {
+
+// What the build holds is gathered as JSON first; the text is printed from it, so that both say the
+// same.
+
+std::string LanguageText(THdlLanguage language) {
+    return GetStringFromHdlLanguage(language);
+}
+
+TJson LanguagesOf(const THdlBuildFile& build) {
+    return {{"top", LanguageText(build.GetTopLanguage())},
+            {"hvl", LanguageText(build.GetHvlLanguage())},
+            {"hdl", LanguageText(build.GetHdlLanguage())}};
+}
+
+TJson LibrariesOf(const THdlBuildFile& build) {
+    return {{"destination", build.GetDestinationLibrary()},
+            {"generation", build.GetGenerationDestinationLibrary()},
+            {"snapshot", build.GetSnapshotName()},
+            {"groups", build.GetPrecompiledLibraryGroups()}};
+}
+
+TJson TopLevelComponentsOf(const THdlBuildFile& build) {
+    TJson components = TJson::Array();
+    for (const THdlLanguage language : SelectableLanguages()) {
+        const TComponentNameList* names = build.GetComponentNameList(language);
+        if (!names) continue;
+        const auto text = [language](const TTBIdentifier& identifier) {
+            return identifier.GetEscapedName(language, '-', false, false).Str();
+        };
+        for (const TComponentName* name : *names)
+            components.Add({{"language", LanguageText(language)},
+                            {"library", name->GetDestinationLibraryName()},
+                            {"entity", text(name->GetEntity())},
+                            {"architecture", text(name->GetArchitecture())}});
+    }
+    return components;
+}
+
+TJson SimulatorsOf(const THdlBuildFile& build) {
+    TJson simulators = TJson::Array();
+    for (const THdlLanguage language : build.GetSimToolLanguages()) {
+        const TBaseSimTool* tool = build.GetSimTool(language);
+        simulators.Add({{"language", LanguageText(language)},
+                        {"simulator", GetSimulatorNameFromType(tool->GetSimulatorType())},
+                        {"path", tool->GetExecutablePath()},
+                        {"pliLibrary", tool->GetPliLibrary()}});
+    }
+    return simulators;
+}
+
+TJson SettingsOf(TProjectSimLanguageConfig& config, THdlLanguage language,
+                 const TBuildArguments& arguments) {
+    const auto paths = [&](const std::vector<std::string>& directories) {
+        TJson list = TJson::Array();
+        for (const std::string& directory : directories)
+            list.Add(PathText(directory.c_str(), arguments.Paths));
+        return list;
+    };
+    return {{"language", LanguageText(language)},
+            {"simulator", GetSimulatorNameFromType(config.GetTool())},
+            {"delayType", static_cast<int>(config.GetDelayType())},
+            {"includeDirectories", paths(config.GetIncludeDirectories())},
+            {"libraryDirectories", paths(config.GetLibraryDirectories())},
+            {"libraryExtensions", config.GetLibraryExtensions()},
+            {"buildOptions", std::string(config.GetBuildOptions())},
+            {"linkerOptions", std::string(config.GetLinkerOptions())},
+            {"runtimeOptions", std::string(config.GetRuntimeOptions())}};
+}
+
+TJson OptionsOf(THdlBuildFile& build, const TBuildArguments& arguments) {
+    TJson options = TJson::Array();
+    for (const THdlLanguage language : SelectableLanguages())
+        if (TProjectSimLanguageConfig* config = build.GetProjectLanguageConfig(language))
+            options.Add(SettingsOf(*config, language, arguments));
+    return options;
+}
+
+TJson GroupsOf(const THdlBuildFile& build) {
+    TJson groups = TJson::Array();
+    for (const THdlLanguage language : SelectableLanguages()) {
+        const TIHdlSourceFileList& files = *build.GetSourceFileGroup(language);
+        if (files.begin() == files.end()) continue;
+        const auto libraries =
+            std::count_if(files.begin(), files.end(),
+                          [](const IHdlSourceFile* file) { return file->IsLibrary(); });
+        groups.Add({{"language", LanguageText(language)},
+                    {"files", std::distance(files.begin(), files.end())},
+                    {"libraryFiles", libraries}});
+    }
+    return groups;
+}
+
+TJson MissingFilesOf(const THdlBuildFile& build, const TBuildArguments& arguments) {
+    TJson missing = TJson::Array();
+    for (const TListedSource& source : ListMissingSources(build))
+        missing.Add(PathText(source.File->GetFileName(), arguments.Paths));
+    return missing;
+}
+
+TJson ContentsOf(THdlBuildFile& build, const TBuildArguments& arguments) {
+    TJson contents = MakeResult("hdlbuild-show", "build", arguments.Build);
+    contents["readResult"] = {{"number", static_cast<int>(build.GetReadResult())},
+                              {"text", THdlBuildFile::GetErrorString(build.GetReadResult())}};
+    contents["languages"] = LanguagesOf(build);
+    contents["timeBase"] = {{"base", build.GetTimeBase()->GetBaseTimeUnitStr()},
+                            {"display", build.GetTimeBase()->GetDisplayTimeUnitStr()}};
+    contents["libraries"] = LibrariesOf(build);
+    contents["forceTopLevelComponents"] = build.GetForceTopLevelComponents();
+    contents["topLevelComponents"] = TopLevelComponentsOf(build);
+    contents["simulators"] = SimulatorsOf(build);
+    contents["options"] = OptionsOf(build, arguments);
+    contents["variables"] = *build.GetPseudoEnvironmentVariables();
+    contents["groups"] = GroupsOf(build);
+    contents["missingFiles"] = MissingFilesOf(build, arguments);
+    return contents;
+}
+
+std::string Text(const TJson& value) {
+    return value.Text();
+}
+
+/// A line "label  value", left out for an empty value.
+void PrintLine(std::ostream& out, const std::string& label, const std::string& value) {
+    if (value.empty()) return;
+    out << label << std::string(label.size() < 20 ? 20 - label.size() : 1, ' ') << value << "\n";
+}
+
+void PrintOptions(std::ostream& out, const TJson& options) {
+    static constexpr std::pair<const char*, const char*> kLines[] = {
+        {"includeDirectories", "  include"},   {"libraryDirectories", "  library dirs"},
+        {"libraryExtensions", "  extensions"}, {"buildOptions", "  build options"},
+        {"linkerOptions", "  linker options"}, {"runtimeOptions", "  runtime options"},
+    };
+    for (const TJson& config : options.GetEntries()) {
+        PrintLine(out, "Settings " + Text(config["language"]),
+                  Text(config["simulator"]) + ", delay type " + Text(config["delayType"]));
+        for (const auto& [member, label] : kLines) PrintLine(out, label, Text(config[member]));
+    }
+}
+
+void PrintContents(std::ostream& out, const TJson& contents) {
+    const TJson& languages = contents["languages"];
+    PrintLine(out, "Build file", Text(contents["build"]));
+    PrintLine(out, "Read result",
+              Text(contents["readResult"]["number"]) + ", " + Text(contents["readResult"]["text"]));
+    PrintLine(out, "Languages",
+              "top " + Text(languages["top"]) + ", HVL " + Text(languages["hvl"]) + ", HDL " +
+                  Text(languages["hdl"]));
+    PrintLine(
+        out, "Time base",
+        Text(contents["timeBase"]["base"]) + ", shown in " + Text(contents["timeBase"]["display"]));
+    PrintLine(out, "Library", Text(contents["libraries"]["destination"]));
+    PrintLine(out, "Generated into", Text(contents["libraries"]["generation"]));
+    PrintLine(out, "Snapshot", Text(contents["libraries"]["snapshot"]));
+    PrintLine(out, "Compiled into", Text(contents["libraries"]["groups"]));
+    for (const TJson& component : contents["topLevelComponents"].GetEntries()) {
+        const std::string architecture = Text(component["architecture"]);
+        PrintLine(out, "Top level " + Text(component["language"]),
+                  Text(component["library"]) + "." + Text(component["entity"]) +
+                      (architecture.empty() ? "" : "(" + architecture + ")"));
+    }
+    if (contents["forceTopLevelComponents"].IsTrue()) PrintLine(out, "Top level", "forced");
+    for (const TJson& tool : contents["simulators"].GetEntries()) {
+        PrintLine(out, "Simulator " + Text(tool["language"]), Text(tool["simulator"]));
+        PrintLine(out, "  path", Text(tool["path"]));
+        PrintLine(out, "  PLI library", Text(tool["pliLibrary"]));
+    }
+    PrintOptions(out, contents["options"]);
+    for (const auto& [name, value] : contents["variables"].GetMembers())
+        PrintLine(out, "Variable " + name, Text(value));
+    for (const TJson& group : contents["groups"].GetEntries())
+        PrintLine(out, "Sources " + Text(group["language"]),
+                  Text(group["files"]) + " (" + Text(group["libraryFiles"]) + " library files)");
+    for (const TJson& path : contents["missingFiles"].GetEntries())
+        PrintLine(out, "Missing file", Text(path));
+}
+
+}  // namespace
+
+int RunShow(const TBuildArguments& arguments, const TToolStreams& streams) {
+    THdlBuildFile build;
+    const int status = LoadBuild(arguments.Build, streams, &build);
+    if (status == kExitFile) return status;
+    const TJson contents = ContentsOf(build, arguments);
+    if (arguments.Json)
+        PrintJson(contents, streams);
+    else
+        PrintContents(streams.Out, contents);
+    return status;
+}

@@ -1,0 +1,31 @@
+#include "cli/commands.h"
+#include "cli/build/commands.h"
+#include "cli/frame/commandline.h"
+#include "cli/servers/commands.h"
+#include "cli/settings/commands.h"
+#include "cli/translator/commands.h"
+
+namespace {
+
+constexpr const char* kFooter =
+    "Exit status: 0 done; 1 the build or project has problems (files missing, a dependency cycle,\n"
+    "a section that cannot be read); 2 wrong usage, unknown names; 3 a file cannot be read or\n"
+    "written. Results go to standard output, everything else to standard error. NO_COLOR turns\n"
+    "colours off.";
+
+}  // namespace
+
+std::vector<TCommand> MakeCommands() {
+    std::vector<TCommand> commands;
+    for (const auto make :
+         {MakeBuildCommands, MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
+        for (TCommand& command : make()) commands.push_back(std::move(command));
+    return commands;
+}
+
+int RunTool(const std::vector<std::string>& arguments, const TToolStreams& streams) {
+    const TTool tool{"hdlbuild", HDLBUILDFILE_VERSION,
+                     "Reads, checks and orders HDL build files, and keeps their settings.", kFooter,
+                     MakeCommands()};
+    return RunCommandLine(tool, arguments, streams);
+}

@@ -1,0 +1,161 @@
+#include "cli/frame/commandline.h"
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+namespace {
+
+struct TArgumentAdder {
+    CLI::App& App;
+    const TArgument& Argument;
+
+    void operator()(bool* value) const { App.add_flag(Argument.Name, *value, Argument.Help); }
+    void operator()(std::string* value) const {
+        App.add_option(Argument.Name, *value, Argument.Help)->required(Argument.IsRequired);
+    }
+    void operator()(std::vector<std::string>* value) const {
+        // It takes the words up to the next option, and those of each further mention.
+        App.add_option(Argument.Name, *value, Argument.Help)
+            ->expected(1)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+    }
+};
+
+/// Begins the usage line with the words in front of a command, and ends it with its own words.
+class TUsageFormatter : public CLI::Formatter {
+public:
+    TUsageFormatter(std::string front, std::string words)
+        : Front(std::move(front)), Words(std::move(words)) {}
+
+    std::string make_usage(const CLI::App* app, std::string) const override {
+        std::string usage = CLI::Formatter::make_usage(app, Front);
+        if (!Words.empty()) usage.insert(usage.find_last_not_of('\n') + 1, " " + Words);
+        return usage;
+    }
+
+private:
+    std::string Front;
+    std::string Words;
+};
+
+/// The command that was given, and its parsed arguments.
+std::pair<const TCommand*, const CLI::App*> FindGiven(const CLI::App& app,
+                                                      const std::vector<TCommand>& commands) {
+    for (const TCommand& command : commands) {
+        if (!app.got_subcommand(command.Name)) continue;
+        const CLI::App* sub = app.get_subcommand(command.Name);
+        const auto verb = FindGiven(*sub, command.Verbs);
+        return verb.first ? verb : std::pair{&command, sub};
+    }
+    return {nullptr, nullptr};
+}
+
+/// `status`, when all results have reached Out.
+int Finish(int status, const TToolStreams& streams) {
+    streams.Out.flush();
+    if (streams.Out) return status;
+    ReportError(streams, "the results could not be written");
+    return kExitFile;
+}
+
+constexpr const char* kWordsMark = "--";
+
+/// The tree of commands, and what a parse found.
+class TCommandLine {
+public:
+    explicit TCommandLine(const TTool& tool) : Tool(tool), App(tool.Description, tool.Name) {
+        App.set_version_flag("--version", std::string(tool.Name) + " " + tool.Version);
+        App.require_subcommand(1);
+        // On Windows too, '/builds/a.xml' is a path.
+        App.allow_windows_style_options(false);
+        App.footer(tool.Footer);
+        for (const TCommand& command : tool.Commands) AddCommand(App, command, tool.Name);
+    }
+
+    /// Throws CLI::ParseError.
+    void Parse(const std::vector<std::string>& arguments) {
+        // A former parse that failed may have set some of them.
+        for (const auto& reset : Resets) reset();
+        // CLI11 takes the arguments from the back.
+        App.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        const auto [command, sub] = FindGiven(App, Tool.Commands);
+        Command = command;
+        if (!command || !command->Words.Values) return;
+        std::vector<std::string> words = sub->remaining();
+        const auto mark = std::find(words.begin(), words.end(), kWordsMark);
+        if (mark != words.end()) words.erase(mark);
+        *command->Words.Values = std::move(words);
+    }
+
+    /// Parse, for a command that takes words: all behind the first "--" are words. False when the
+    /// arguments in front of it are not those of such a command.
+    bool ParseWithWords(const std::vector<std::string>& arguments) {
+        const auto mark = std::find(arguments.begin(), arguments.end(), kWordsMark);
+        if (mark == arguments.end()) return false;
+        try {
+            Parse({arguments.begin(), mark});
+        } catch (const CLI::ParseError&) {
+            return false;  // what is missing may follow the mark
+        }
+        if (!Command || !Command->Words.Values) return false;
+        Command->Words.Values->insert(Command->Words.Values->end(), mark + 1, arguments.end());
+        return true;
+    }
+
+    int Run(const TToolStreams& streams) const {
+        return Finish(Command ? Command->Run(streams) : kExitUsage, streams);
+    }
+
+    int Report(const CLI::ParseError& error, const TToolStreams& streams) const {
+        const int status = App.exit(error, streams.Out, streams.Err);
+        return status == 0 ? Finish(kExitDone, streams) : kExitUsage;
+    }
+
+private:
+    /// `front`: the words of a command line up to this command.
+    void AddCommand(CLI::App& app, const TCommand& command, const std::string& front) {
+        CLI::App* sub = app.add_subcommand(command.Name, command.Description);
+        sub->footer(command.Footer);
+        std::string line = front + " " + command.Name;
+        sub->formatter(std::make_shared<TUsageFormatter>(line, command.Words.Usage));
+        if (command.Words.Values) {
+            sub->allow_extras();
+            // A word may begin with "-h".
+            sub->set_help_flag("--help", "Print this help message and exit");
+        }
+        // Never more than one verb: a configuration may bear the name of another.
+        if (!command.Verbs.empty()) sub->require_subcommand(command.Run ? 0 : 1, 1);
+        for (const TArgument& argument : command.Arguments) {
+            AddArgument(*sub, argument);
+            if (argument.Name[0] != '-') line += std::string(" ") + argument.Name;
+        }
+        for (const TCommand& verb : command.Verbs) AddCommand(*sub, verb, line);
+    }
+
+    void AddArgument(CLI::App& app, const TArgument& argument) {
+        std::visit(TArgumentAdder{app, argument}, argument.Value);
+        std::visit(
+            [this](auto* value) {
+                Resets.push_back([value, preset = *value] { *value = preset; });
+            },
+            argument.Value);
+    }
+
+    const TTool& Tool;
+    CLI::App App;
+    std::vector<std::function<void()>> Resets;  // give the arguments their presets
+    const TCommand* Command = nullptr;
+};
+
+}  // namespace
+
+int RunCommandLine(const TTool& tool, const std::vector<std::string>& arguments,
+                   const TToolStreams& streams) {
+    TCommandLine line(tool);
+    if (line.ParseWithWords(arguments)) return line.Run(streams);
+    try {
+        line.Parse(arguments);
+    } catch (const CLI::ParseError& error) {
+        return line.Report(error, streams);
+    }
+    return line.Run(streams);
+}

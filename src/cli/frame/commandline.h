@@ -1,0 +1,19 @@
+#pragma once
+#include "cli/frame/command.h"
+#include <string>
+#include <vector>
+
+/// A program with commands.
+struct TTool {
+    const char* Name;
+    const char* Version;
+    const char* Description;
+    const char* Footer;  ///< ends the help text
+    std::vector<TCommand> Commands;
+};
+
+/// Runs the command that the arguments, in UTF-8 and without the program's name, ask for; returns
+/// its exit status, or kExitUsage when they are wrong. To be called once for the commands of
+/// `tool`, whose arguments it fills.
+int RunCommandLine(const TTool& tool, const std::vector<std::string>& arguments,
+                   const TToolStreams& streams);

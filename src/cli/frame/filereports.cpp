@@ -1,0 +1,33 @@
+#include "cli/frame/filereports.h"
+#include "buildfile/hdlbuildfile.h"
+#include "services/names/isfilename.h"
+
+namespace {
+
+std::string ReadErrorText(const TXMLReadError& error) {
+    if (error.Missing) return error.File + ": the file does not exist";
+    if (error.Line == 0) return error.File + ": " + error.Reason;
+    return error.File + ":" + std::to_string(error.Line) + ":" + std::to_string(error.Column) +
+           ": " + error.Reason;
+}
+
+}  // namespace
+
+void ReportReadError(TXMLReadError error, const std::string& file, const TToolStreams& streams) {
+    error.File = file;
+    ReportError(streams, ReadErrorText(error));
+}
+
+int LoadBuild(const std::string& file, const TToolStreams& streams, THdlBuildFile* build) {
+    const TQuietMessageBox quiet;
+    build->SetBuildFileName(ISFileName::NewISFileName(file.c_str()));
+    const THdlBuildFileReadResults result = build->ReadFromFile();
+    if (!build->GetReadError().IsError()) return result == 0 ? kExitDone : kExitProblems;
+    ReportReadError(build->GetReadError(), file, streams);
+    return kExitFile;
+}
+
+void ReportReadResult(const THdlBuildFile& build, const TToolStreams& streams) {
+    if (build.GetReadResult() != 0)
+        ReportError(streams, THdlBuildFile::GetErrorString(build.GetReadResult()));
+}

@@ -1,0 +1,36 @@
+#pragma once
+#include "cli/frame/streams.h"
+#include "services/logging/messagebox.h"
+#include "services/xml/xmllist.h"
+#include <string>
+
+class THdlBuildFile;
+
+/// Keeps what the library would tell a user at a screen from being shown: the commands report it
+/// themselves.
+class TQuietMessageBox : public IMessageBox {
+public:
+    TQuietMessageBox() : Former(Fileservices::SetMessageBox(this)) {}
+    ~TQuietMessageBox() override { Fileservices::SetMessageBox(Former); }
+    TQuietMessageBox(const TQuietMessageBox&) = delete;
+    TQuietMessageBox& operator=(const TQuietMessageBox&) = delete;
+
+    void ShowMessage(const char* text, const char*, int) override { Text = text; }
+    /// The last message; "" without one.
+    const std::string& GetText() const { return Text; }
+
+private:
+    IMessageBox* Former;
+    std::string Text;
+};
+
+/// Tells in one error line why the file that the user named `file` could not be read, with the
+/// place of the fault.
+void ReportReadError(TXMLReadError error, const std::string& file, const TToolStreams& streams);
+
+/// Reads a build file without showing messages. kExitFile, with one line on Err, for a file that
+/// cannot be read or parsed; else kExitDone when the read result is 0 or kExitProblems.
+int LoadBuild(const std::string& file, const TToolStreams& streams, THdlBuildFile* build);
+
+/// The read result's text as an error line on Err; nothing for result 0.
+void ReportReadResult(const THdlBuildFile& build, const TToolStreams& streams);

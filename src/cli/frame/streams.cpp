@@ -1,0 +1,23 @@
+#include "cli/frame/streams.h"
+
+namespace {
+
+void ReportLabelled(const TToolStreams& streams, const char* label, const char* color,
+                    const std::string& message) {
+    streams.Err << "hdlbuild: ";
+    if (streams.ColorErrors)
+        streams.Err << color << label << "\033[0m";
+    else
+        streams.Err << label;
+    streams.Err << ": " << message << "\n";
+}
+
+}  // namespace
+
+void ReportError(const TToolStreams& streams, const std::string& message) {
+    ReportLabelled(streams, "error", "\033[1;31m", message);
+}
+
+void ReportWarning(const TToolStreams& streams, const std::string& message) {
+    ReportLabelled(streams, "warning", "\033[1;33m", message);
+}

@@ -1,0 +1,21 @@
+#pragma once
+#include <ostream>
+#include <string>
+
+// The exit statuses of every command.
+inline constexpr int kExitDone = 0;
+inline constexpr int kExitProblems = 1;  // files missing, a cycle, a section that cannot be read
+inline constexpr int kExitUsage = 2;
+inline constexpr int kExitFile = 3;  // a file cannot be read or written
+
+/// Where a command writes: results to Out, everything else to Err.
+struct TToolStreams {
+    std::ostream& Out;
+    std::ostream& Err;
+    bool ColorErrors = false;  ///< whether Err is a terminal that takes colours
+};
+
+/// Writes "hdlbuild: error: " and the message to Err.
+void ReportError(const TToolStreams& streams, const std::string& message);
+/// Writes "hdlbuild: warning: " and the message to Err.
+void ReportWarning(const TToolStreams& streams, const std::string& message);

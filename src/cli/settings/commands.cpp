@@ -1,0 +1,91 @@
+#include "cli/settings/commands.h"
+
+namespace {
+
+using TValues = std::shared_ptr<TSettingsArguments>;
+
+std::vector<TCommand> SettingsVerbs(const TValues& values) {
+    const TRunWith<TSettingsArguments> with(values);
+    const TArgument name{"NAME", &values->Configuration,
+                         "The configuration; Default means the first one", kRequired};
+    const TArgument shownName{"NAME", &values->Configuration,
+                              "The configuration; else the current one"};
+    const TArgument stored{"--absolute", &values->Absolute,
+                           "Print directories as the settings hold them, not relative to the "
+                           "project"};
+    const TArgument json = JsonArgument(*values);
+    const TArgument dryRun = DryRunArgument(*values);
+    return {
+        {"list",
+         "List the configurations; '*' marks the current one",
+         with(RunSettingsList),
+         {json}},
+        {"show",
+         "Show every setting of a configuration",
+         with(RunSettingsShow),
+         {shownName, json, stored}},
+        {"current",
+         "Make a configuration the current one",
+         with(RunSettingsCurrent),
+         {name, json, dryRun}},
+        {"copy",
+         "Add a copy of a configuration, or of a template",
+         with(RunSettingsCopy),
+         {{"FROM", &values->Configuration, "The configuration, else the template", kRequired},
+          {"TO", &values->NewName, "The name of the copy", kRequired},
+          json,
+          dryRun},
+         {},
+         "A project file that does not exist is made. The first configuration becomes current."},
+        {"remove", "Remove a configuration", with(RunSettingsRemove), {name, json, dryRun}},
+        {"reset",
+         "Give every setting of a configuration its default",
+         with(RunSettingsReset),
+         {name, {"--debug", &values->Debug, "The defaults for debugging"}, json, dryRun}},
+        {"set",
+         "Change a setting: set NAME KEY VALUE",
+         with(RunSettingsSet),
+         {name,
+          {"KEY", &values->Key, "The setting, as project files name it", kRequired},
+          {"--language", &values->Language, "Verilog, VHDL, Bluespec, C++ or TestBuilder"},
+          {"--add", &values->AddedEntries, "Add this entry to a list"},
+          {"--remove", &values->RemovedEntries, "Remove this entry from a list"},
+          {"--clear", &values->ClearEntries, "Empty a list"},
+          json,
+          dryRun},
+         {},
+         "VALUE may begin with '-'; write --add=ENTRY for an entry that does. A list is emptied\n"
+         "first, then entries are removed, then added. Directories are relative to the project.\n"
+         "What stands behind '--' is no option, whatever it looks like.",
+         {"[VALUE]", &values->Words}},
+    };
+}
+
+std::vector<TCommand> TemplatesVerbs(const TValues& values) {
+    const TRunWith<TSettingsArguments> with(values);
+    const TArgument json = JsonArgument(*values);
+    return {
+        {"list",
+         "List the templates; '*' marks the one to start with",
+         with(RunTemplatesList),
+         {json}},
+        {"show",
+         "Show every setting of a template",
+         with(RunTemplatesShow),
+         {{"NAME", &values->Configuration, "The template", kRequired}, json}},
+    };
+}
+
+}  // namespace
+
+std::vector<TCommand> MakeSettingsCommands() {
+    const auto values = std::make_shared<TSettingsArguments>();
+    return {
+        {"settings",
+         "Show and change the settings in a project file",
+         nullptr,
+         {{"PROJECT", &values->Project, "The project file (.hpj)", kRequired}},
+         SettingsVerbs(values)},
+        {"templates", "Show the template configurations", nullptr, {}, TemplatesVerbs(values)},
+    };
+}

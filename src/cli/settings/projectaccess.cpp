@@ -1,0 +1,168 @@
+#include "cli/settings/projectaccess.h"
+#include "cli/frame/filereports.h"
+#include "cli/frame/texts.h"
+#include "cli/settings/settingsloss.h"
+#include "cli/settings/settingstext.h"
+#include "services/ini/propcache.h"
+#include "services/names/isfilename.h"
+#include "services/xml/xmlsectionfile.h"
+#include <map>
+
+namespace {
+
+/// The section of the settings, to be looked at only.
+class TSettingsSection : public TXMLSectionFile {
+public:
+    TSettingsSection() : TXMLSectionFile("ProjectSettings", "SimulationProject", CHILD_OF_ROOT) {}
+
+protected:
+    void FillSection() override {}
+};
+
+/// The names; those that are equal with their numbers.
+std::vector<std::string> TellApart(const std::vector<std::string>& names) {
+    std::map<std::string, int> counts;
+    for (const std::string& name : names) ++counts[name];
+    std::map<std::string, int> met;
+    std::vector<std::string> labels;
+    for (const std::string& name : names) {
+        std::string label = name;
+        if (const int count = counts[name]; count > 1) {
+            label += " (" + std::to_string(++met[name]);
+            label += " of " + std::to_string(count) + ")";
+        }
+        labels.push_back(label);
+    }
+    return labels;
+}
+
+using TValues = std::map<std::string, TJson>;
+
+TValues ValuesOf(const TState& state) {
+    return {state.begin(), state.end()};
+}
+
+TJson Find(const TValues& values, const std::string& name) {
+    const auto value = values.find(name);
+    return value == values.end() ? TJson() : value->second;
+}
+
+}  // namespace
+
+TProjectAccess::TProjectAccess(const TSettingsArguments& arguments, const TToolStreams& streams)
+    : Arguments(arguments),
+      Streams(streams),
+      File(ISFileName::NewISFileName(arguments.Project.c_str())),
+      Project(File) {}
+
+int TProjectAccess::Read(bool mayBeMissing) {
+    const TQuietMessageBox quiet;
+    const TProjectFileResult result = Project.Read(&Settings);
+    StateRead = StateOf(Settings);
+    SavedUnchanged = StateOfSaved();
+    if (result == PROJECT_FILE_DONE || (result == PROJECT_FILE_MISSING && mayBeMissing))
+        return kExitDone;
+    if (result == PROJECT_FILE_UNREADABLE)
+        ReportReadError(Project.GetReadError(), Arguments.Project, Streams);
+    else
+        ReportError(Streams, Arguments.Project + ": " + TProjectFile::GetErrorString(result));
+    const bool isProblem =
+        result == PROJECT_FILE_INVALID_SETTINGS || result == PROJECT_FILE_REPEATED_SETTINGS;
+    return isProblem ? kExitProblems : kExitFile;
+}
+
+std::string TProjectAccess::GetDirectory() const {
+    return File->GetPathOnly();
+}
+
+TProjectSimConfig* TProjectAccess::FindConfiguration() {
+    const std::string& name = Arguments.Configuration;
+    if (TProjectSimConfig* configuration = Settings.GetConfiguration(name.c_str()))
+        return configuration;
+    const std::string known = JoinNames(NamesOf(Settings));
+    ReportError(Streams, known.empty()
+                             ? "unknown configuration '" + name + "': the project has none"
+                             : "unknown configuration '" + name + "'; known: " + known);
+    return nullptr;
+}
+
+// What the file by now would lose; should it no longer be the one that was read, nothing is saved.
+std::string TProjectAccess::FindLoss() const {
+    const TQuietMessageBox quiet;
+    TSettingsSection section;
+    section.ReadFile(File->Canonical(false));
+    return FindSettingsLoss(section.GetSection());
+}
+
+int TProjectAccess::Save(const char* verb) {
+    if (const std::string loss = FindLoss(); !loss.empty()) {
+        ReportError(Streams, Arguments.Project + ": a save would lose " + loss);
+        return kExitProblems;
+    }
+    const TFileChange change{
+        MakeResult("hdlbuild-settings-" + std::string(verb), "project", Arguments.Project),
+        Arguments.Project, StateRead, StateChanged()};
+    return SaveChange(change, Arguments, Streams, [this] { return WriteFile(); });
+}
+
+std::string TProjectAccess::WriteFile() {
+    const TQuietMessageBox quiet;
+    const TProjectFileResult result = Project.Save(&Settings);
+    if (result == PROJECT_FILE_NOT_WRITTEN && !quiet.GetText().empty()) return quiet.GetText();
+    return TProjectFile::GetErrorString(result);
+}
+
+// A save alone may make a reader find something else, as in the include lists of languages that the
+// file did not mention. What the command did not touch is no change of its own.
+TState TProjectAccess::StateChanged() {
+    const TValues read = ValuesOf(StateRead);
+    const TValues savedUnchanged = ValuesOf(SavedUnchanged);
+    const TValues held = ValuesOf(StateOf(Settings));
+    TState state = StateOfSaved();
+    for (auto& [name, value] : state)
+        if (Find(held, name) == Find(read, name) && value == Find(savedUnchanged, name))
+            value = Find(read, name);
+    return state;
+}
+
+// An empty include list and an unknown current configuration read as something else.
+TState TProjectAccess::StateOfSaved() {
+    TXMLList document;
+    document.SetFileName(File->Canonical(false));
+    Settings.WriteToProjectFile(&document);
+    DListIterator<TElement*> element(document);
+    TProjectSimSettings saved;
+    saved.ReadFromFile(element, File);
+    return StateOf(saved);
+}
+
+TState TProjectAccess::StateOf(const TProjectSimSettings& settings) const {
+    const TProjectSimConfig* current = settings.GetCurrentConfig();
+    const std::vector<std::string> names = NamesOf(settings);
+    const std::vector<std::string> labels = TellApart(names);
+    TState state = {{"current configuration", current ? TJson(current->GetName()) : TJson()},
+                    {"configurations", names}};
+    for (std::size_t i = 0; i < names.size(); ++i)
+        for (TSettingValue& setting :
+             ListSettings(*settings.GetConfigurations()[i], GetDirectory())) {
+            const std::string language = setting.Language.empty() ? "" : setting.Language + " ";
+            state.emplace_back(labels[i] + ": " + language + setting.Key, std::move(setting.Value));
+        }
+    return state;
+}
+
+std::vector<std::string> NamesOf(const TProjectSimConfigList& configurations) {
+    std::vector<std::string> names;
+    for (const TProjectSimConfig* configuration : configurations.GetConfigurations())
+        names.emplace_back(configuration->GetName());
+    return names;
+}
+
+int ReadTemplates(TProjectTemplateSimConfigList* templates, const TToolStreams& streams) {
+    templates->ResetAllTemplateConfigurations();
+    templates->ReadFromINI();
+    const TIniReadError& error = GetSystemPropCache()->GetReadError();
+    if (error.Reason.empty()) return kExitDone;
+    ReportError(streams, error.File + ": " + error.Reason);
+    return kExitFile;
+}

@@ -1,0 +1,31 @@
+#pragma once
+#include "cli/frame/json.h"
+#include "cli/settings/settingkeys.h"
+#include "settings/projectsimconfig.h"
+#include <string>
+#include <vector>
+
+/// One setting of a configuration.
+struct TSettingValue {
+    std::string Language;  ///< "" for a general setting
+    const char* Key;
+    TJson Value;
+};
+
+/// Every setting, in the order of project files. Directories are relative to `baseDirectory`, or
+/// as the settings hold them when it is empty.
+std::vector<TSettingValue> ListSettings(const TProjectSimConfig& configuration,
+                                        const std::string& baseDirectory);
+
+/// The entries of a list in the form of the above.
+std::vector<std::string> ListEntries(const TListKey& list,
+                                     const TProjectSimLanguageConfig& settings,
+                                     const std::string& baseDirectory);
+
+/// The languages that the configuration has settings for.
+std::vector<THdlLanguage> LanguagesOf(const TProjectSimConfig& configuration);
+
+/// Adds "general" and "languages" with every setting to `result`.
+void AddSettings(TJson& result, const std::vector<TSettingValue>& settings);
+/// Prints the settings, one a line, below a line for each language.
+void PrintSettings(const std::vector<TSettingValue>& settings, std::ostream& out);

@@ -1,0 +1,42 @@
+#include "cli/frame/texts.h"
+#include "cli/frame/texttable.h"
+#include "cli/settings/commands.h"
+#include "cli/settings/projectaccess.h"
+#include "cli/settings/settingstext.h"
+
+int RunTemplatesList(const TSettingsArguments& arguments, const TToolStreams& streams) {
+    TProjectTemplateSimConfigList templates;
+    if (const int status = ReadTemplates(&templates, streams); status != kExitDone) return status;
+    const std::string starting = templates.GetStartingConfigOrCurrentConfigName();
+    if (!arguments.Json) {
+        PrintNames(NamesOf(templates), starting, streams.Out);
+        return kExitDone;
+    }
+    TJson result = MakeResult("hdlbuild-templates-list");
+    result["starting"] = starting.empty() ? TJson() : TJson(starting);
+    result["templates"] = NamesOf(templates);
+    PrintJson(result, streams);
+    return kExitDone;
+}
+
+int RunTemplatesShow(const TSettingsArguments& arguments, const TToolStreams& streams) {
+    TProjectTemplateSimConfigList templates;
+    if (const int status = ReadTemplates(&templates, streams); status != kExitDone) return status;
+    const TProjectSimConfig* shown = templates.Find(arguments.Configuration.c_str());
+    if (!shown) {
+        ReportError(streams, "unknown template '" + arguments.Configuration +
+                                 "'; known: " + JoinNames(NamesOf(templates)));
+        return kExitUsage;
+    }
+    const std::vector<TSettingValue> values = ListSettings(*shown, "");
+    if (!arguments.Json) {
+        streams.Out << shown->GetName() << "\n";
+        PrintSettings(values, streams.Out);
+        return kExitDone;
+    }
+    TJson result = MakeResult("hdlbuild-templates-show");
+    result["name"] = shown->GetName();
+    AddSettings(result, values);
+    PrintJson(result, streams);
+    return kExitDone;
+}

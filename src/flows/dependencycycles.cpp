@@ -1,0 +1,217 @@
+#include "flows/dependencycycles.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
+#include <algorithm>
+#include <cstddef>
+#include <unordered_map>
+
+namespace {
+
+using TIndex = std::size_t;
+constexpr TIndex kNone = static_cast<TIndex>(-1);
+// A shortest cycle is sought with at most so many steps for each edge and file of a set.
+constexpr std::size_t kStepsPerEdge = 64;
+
+struct TGraph {
+    std::vector<const IHdlSourceFile*> Files;
+    std::vector<std::vector<TIndex>> Edges;
+};
+
+TGraph BuildGraph(const std::vector<const IHdlSourceFile*>& roots) {
+    TGraph graph;
+    std::unordered_map<const IHdlSourceFile*, TIndex> places;
+    const auto place = [&](const IHdlSourceFile* file) {
+        const auto [entry, added] = places.try_emplace(file, graph.Files.size());
+        if (added) graph.Files.push_back(file);
+        return entry->second;
+    };
+    for (const IHdlSourceFile* root : roots) place(root);
+    // Files grows while it is walked: each file's dependencies are met after the roots.
+    for (TIndex at = 0; at < graph.Files.size(); ++at) {
+        auto& edges = graph.Edges.emplace_back();
+        const TIHdlSourceFileList* dependencies = graph.Files[at]->GetDependencyList();
+        if (!dependencies) continue;
+        for (const IHdlSourceFile* dependency : *dependencies) edges.push_back(place(dependency));
+    }
+    return graph;
+}
+
+/// Tarjan's strongly connected components with a stack of its own, as chains may be a million deep.
+class TComponentFinder {
+public:
+    explicit TComponentFinder(const TGraph& graph)
+        : Graph(graph),
+          Order(graph.Files.size(), kNone),
+          Low(graph.Files.size()),
+          OnStack(graph.Files.size()) {}
+
+    /// The components that hold a cycle, each in ascending order of place.
+    std::vector<std::vector<TIndex>> Find() {
+        for (TIndex at = 0; at < Graph.Files.size(); ++at)
+            if (Order[at] == kNone) Walk(at);
+        std::sort(Cyclic.begin(), Cyclic.end());
+        return std::move(Cyclic);
+    }
+
+private:
+    struct TFrame {
+        TIndex At;
+        std::size_t NextEdge;
+    };
+
+    void Enter(TIndex at) {
+        Order[at] = Low[at] = Counter++;
+        Stack.push_back(at);
+        OnStack[at] = true;
+        Frames.push_back({at, 0});
+    }
+
+    void Walk(TIndex root) {
+        Enter(root);
+        while (!Frames.empty()) {
+            const TIndex at = Frames.back().At;
+            if (Frames.back().NextEdge == Graph.Edges[at].size()) {
+                Leave(at);
+                continue;
+            }
+            const TIndex next = Graph.Edges[at][Frames.back().NextEdge++];
+            if (Order[next] == kNone)
+                Enter(next);
+            else if (OnStack[next])
+                Low[at] = std::min(Low[at], Order[next]);
+        }
+    }
+
+    void Leave(TIndex at) {
+        Frames.pop_back();
+        if (!Frames.empty()) Low[Frames.back().At] = std::min(Low[Frames.back().At], Low[at]);
+        if (Low[at] != Order[at]) return;
+        const auto first = std::find(Stack.rbegin(), Stack.rend(), at).base() - 1;
+        std::vector<TIndex> component(first, Stack.end());
+        Stack.erase(first, Stack.end());
+        for (const TIndex member : component) OnStack[member] = false;
+        const auto& edges = Graph.Edges[at];
+        const bool dependsOnItself = std::find(edges.begin(), edges.end(), at) != edges.end();
+        if (component.size() == 1 && !dependsOnItself) return;
+        std::sort(component.begin(), component.end());
+        Cyclic.push_back(std::move(component));
+    }
+
+    const TGraph& Graph;
+    std::vector<TIndex> Order, Low, Stack;
+    std::vector<bool> OnStack;
+    std::vector<TFrame> Frames;
+    std::vector<std::vector<TIndex>> Cyclic;
+    TIndex Counter = 0;
+};
+
+/// Finds a shortest cycle of one strongly connected set: breadth first from each member in turn,
+/// which is then taken out with all that no longer lies on a cycle, so that a plain ring takes one
+/// search.
+class TShortestCycle {
+public:
+    TShortestCycle(const TGraph& graph, const std::vector<TIndex>& members)
+        : Graph(graph), Members(members) {
+        for (TIndex place = 0; place < members.size(); ++place) Places[members[place]] = place;
+        Edges.resize(members.size());
+        Incoming.resize(members.size());
+        for (TIndex place = 0; place < members.size(); ++place)
+            for (const TIndex target : graph.Edges[members[place]])
+                if (const auto found = Places.find(target); found != Places.end()) {
+                    Edges[place].push_back(found->second);
+                    Incoming[found->second].push_back(place);
+                    ++EdgeCount;
+                }
+        Alive.assign(members.size(), true);
+        Outgoing.resize(members.size());
+        Entering.resize(members.size());
+        for (TIndex place = 0; place < members.size(); ++place) {
+            Outgoing[place] = Edges[place].size();
+            Entering[place] = Incoming[place].size();
+        }
+        Parent.assign(members.size(), kNone);
+        Distance.assign(members.size(), kNone);
+    }
+
+    std::vector<const IHdlSourceFile*> Find() {
+        const std::size_t budget = kStepsPerEdge * (Members.size() + EdgeCount);
+        for (TIndex place = 0; place < Members.size(); ++place) {
+            if (!Alive[place]) continue;
+            SearchFrom(place);
+            // Nothing is shorter than depending on oneself.
+            if (Best.size() == 1 || Steps > budget) break;
+            TakeOut(place);
+        }
+        std::vector<const IHdlSourceFile*> files;
+        for (const TIndex place : Best) files.push_back(Graph.Files[Members[place]]);
+        return files;
+    }
+
+private:
+    void SearchFrom(TIndex start) {
+        std::vector<TIndex> queue = {start};
+        Distance[start] = 0;
+        for (std::size_t at = 0; at < queue.size(); ++at) {
+            const TIndex from = queue[at];
+            if (!Best.empty() && Distance[from] + 1 >= Best.size()) break;
+            for (const TIndex to : Edges[from]) {
+                ++Steps;
+                if (to == start) {
+                    KeepCycle(start, from);
+                    at = queue.size();
+                    break;
+                }
+                if (!Alive[to] || Distance[to] != kNone) continue;
+                Distance[to] = Distance[from] + 1;
+                Parent[to] = from;
+                queue.push_back(to);
+            }
+        }
+        for (const TIndex place : queue) Distance[place] = Parent[place] = kNone;
+    }
+
+    void KeepCycle(TIndex start, TIndex last) {
+        Best.clear();
+        for (TIndex at = last; at != start; at = Parent[at]) Best.push_back(at);
+        Best.push_back(start);
+        std::reverse(Best.begin(), Best.end());
+    }
+
+    void TakeOut(TIndex first) {
+        std::vector<TIndex> leaving = {first};
+        Alive[first] = false;
+        while (!leaving.empty()) {
+            const TIndex place = leaving.back();
+            leaving.pop_back();
+            for (const TIndex to : Edges[place])
+                if (--Entering[to] == 0 && Alive[to]) Alive[to] = false, leaving.push_back(to);
+            for (const TIndex from : Incoming[place])
+                if (--Outgoing[from] == 0 && Alive[from])
+                    Alive[from] = false, leaving.push_back(from);
+        }
+    }
+
+    const TGraph& Graph;
+    const std::vector<TIndex>& Members;
+    std::unordered_map<TIndex, TIndex> Places;
+    std::vector<std::vector<TIndex>> Edges, Incoming;
+    std::vector<std::size_t> Outgoing, Entering;
+    std::vector<bool> Alive;
+    std::vector<TIndex> Parent, Distance, Best;
+    std::size_t EdgeCount = 0;
+    std::size_t Steps = 0;
+};
+
+}  // namespace
+
+std::vector<TDependencyCycle> FindDependencyCycles(
+    const std::vector<const IHdlSourceFile*>& roots) {
+    const TGraph graph = BuildGraph(roots);
+    std::vector<TDependencyCycle> cycles;
+    for (const auto& members : TComponentFinder(graph).Find()) {
+        TDependencyCycle& cycle = cycles.emplace_back();
+        for (const TIndex member : members) cycle.Files.push_back(graph.Files[member]);
+        cycle.Shortest = TShortestCycle(graph, members).Find();
+    }
+    return cycles;
+}

@@ -1,0 +1,18 @@
+#pragma once
+#include "buildfile/hdlbuildfile.h"
+#include <vector>
+
+/// One source as the build file lists it.
+struct TListedSource {
+    THdlLanguage Group;
+    const IHdlSourceFile* File;
+};
+
+/// The sources of all groups, in ascending order of language, then in group order.
+std::vector<TListedSource> ListSources(const THdlBuildFile& build);
+
+/// Those that do not exist. Looks at the disk only when the read met missing files or broke off.
+std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build);
+
+/// The languages that settings and groups exist for, in ascending order.
+const std::vector<THdlLanguage>& SelectableLanguages();

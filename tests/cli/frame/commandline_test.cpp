@@ -1,0 +1,98 @@
+#include "cli/frame/commandline.h"
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace {
+
+struct TCallArguments : TCommonArguments {
+    std::string Place;
+    std::string Option = "preset";
+    std::vector<std::string> Entries;
+    std::vector<std::string> Words;
+};
+
+int RunCall(const TCallArguments& arguments, const TToolStreams& streams) {
+    streams.Out << arguments.Place << ' ' << arguments.Option << (arguments.Json ? " json" : "");
+    for (const std::string& entry : arguments.Entries) streams.Out << " +" << entry;
+    for (const std::string& word : arguments.Words) streams.Out << " '" << word << "'";
+    streams.Out << "\n";
+    return 7;
+}
+
+/// A tool with a plain command, one that takes words and one with verbs.
+TTool CallTool() {
+    const auto values = std::make_shared<TCallArguments>();
+    const auto run = TRunWith<TCallArguments>(values)(RunCall);
+    const std::vector<TArgument> arguments = {{"PLACE", &values->Place, "A place", kRequired},
+                                              {"--option", &values->Option, "An option"},
+                                              {"--add", &values->Entries, "Adds an entry"},
+                                              JsonArgument(*values)};
+    return {"caller",
+            "1.2",
+            "Calls.",
+            "The end.",
+            {{"call", "Call once", run, arguments},
+             {"say", "Call with words", run, arguments, {}, "", {"[WORD...]", &values->Words}},
+             {"both", "Call by a verb", nullptr, {arguments[0]}, {{"one", "Call one", run, {}}}}}};
+}
+
+/// The exit status and both streams.
+std::string Call(const std::vector<std::string>& arguments) {
+    std::ostringstream out;
+    std::ostringstream err;
+    const int status = RunCommandLine(CallTool(), arguments, {out, err});
+    return std::to_string(status) + "\n" + out.str() + err.str();
+}
+
+}  // namespace
+
+TEST(CommandLine, GivesACommandItsArguments) {
+    const struct {
+        std::vector<std::string> Arguments;
+        const char* Result;
+    } rows[] = {
+        {{"call", "here"}, "7\nhere preset\n"},
+        {{"call", "--option", "x", "here", "--json"}, "7\nhere x json\n"},
+        {{"call", "here", "--add", "a", "b", "--add=-c"}, "7\nhere preset +a +b +-c\n"},
+        {{"call", "--", "--json"}, "7\n--json preset\n"},
+        {{"both", "here", "one"}, "7\nhere preset\n"},
+        {{"say", "here", "-x", "--json", "y"}, "7\nhere preset json '-x' 'y'\n"},
+        {{"say", "here", "--", "-x", "--", "--json"}, "7\nhere preset '-x' '--' '--json'\n"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(Call(row.Arguments), row.Result);
+}
+
+// The part in front of the mark is taken on its own first.
+TEST(CommandLine, ForgetsAParseThatFailed) {
+    EXPECT_EQ(Call({"say", "--add", "a", "--option", "x", "--", "here"}), "7\nhere x +a\n");
+}
+
+TEST(CommandLine, ReportsWrongUsage) {
+    constexpr const char* kHint = "Run with --help for more information.\n";
+    EXPECT_EQ(Call({}), std::string("2\nA subcommand is required\n") + kHint);
+    EXPECT_EQ(Call({"call"}), std::string("2\nPLACE is required\n") + kHint);
+    EXPECT_EQ(Call({"both", "here"}), std::string("2\nA subcommand is required\n") + kHint);
+    EXPECT_EQ(Call({"call", "here", "-x"}),
+              std::string("2\nThe following argument was not expected: -x\n") + kHint);
+}
+
+TEST(CommandLine, PrintsTheVersion) {
+    EXPECT_EQ(Call({"--version"}), "0\ncaller 1.2\n");
+}
+
+TEST(CommandLine, PrintsHelpFromTheRows) {
+    EXPECT_EQ(Call({"say", "--help"}), R"(0
+Call with words
+Usage: caller say [OPTIONS] PLACE [WORD...]
+
+Positionals:
+  PLACE TEXT REQUIRED         A place
+
+Options:
+  --help                      Print this help message and exit
+  --option TEXT               An option
+  --add TEXT                  Adds an entry
+  --json                      Print one JSON object
+
+)");
+}
