@@ -1,5 +1,4 @@
 #pragma once
-// Public: exported classes hold it by value.
 
 /// What the last read of a build file met. THdlBuildFile::GetErrorString gives the text of each.
 enum THdlBuildFileReadResults : int {

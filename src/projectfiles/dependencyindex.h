@@ -1,5 +1,4 @@
 #pragma once
-// Public: exported classes hold it by value.
 #include "projectfiles/sourcename.h"
 #include <cstddef>
 #include <map>

@@ -1,5 +1,4 @@
 #pragma once
-// Public: exported classes hold it by value.
 #include "services/names/isfilename.h"
 #include <string_view>
 

@@ -1,5 +1,4 @@
 #pragma once
-// Public: whoever edits settings has to know what they can hold.
 #include "services/hdl/hdllanguagetable.h"
 
 /// Whether settings of `language` are stored; GetStoredLanguages() lists those that are.

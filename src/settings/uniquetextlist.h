@@ -1,5 +1,4 @@
 #pragma once
-// Public: exported classes hold it by value.
 #include <string>
 #include <string_view>
 #include <unordered_set>

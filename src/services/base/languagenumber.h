@@ -1,5 +1,4 @@
 #pragma once
-// Public: callers name these values.
 
 /// The languages of HDL sources. Files store the texts of GetStringFromHdlLanguage.
 enum THdlLanguage : int {

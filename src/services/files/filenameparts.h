@@ -1,5 +1,4 @@
 #pragma once
-// Public: callers name these values.
 
 /// The parts of a path, for GetParts and its kin: any sum of the bits, 0 for everything.
 enum TFileNameParts : unsigned {
