@@ -5,7 +5,6 @@
 #include "services/hdl/hdllanguage.h"
 #include "services/logging/messagebox.h"
 #include "services/names/isfilename.h"
-#include "services/names/utilfilename.h"
 #include "services/xml/xmlstream.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
@@ -82,11 +81,8 @@ bool THdlBuildFile::ReadAttributes(DListIterator<TElement*>& element) {
     SetHvlLanguage(GetHdlLanguageFromString(start.GetAttribute("HvlLanguage")));
     SetHdlLanguage(GetHdlLanguageFromString(start.GetAttribute("HdlLanguage")));
     ReadTimeBase(start, &TimeBase);
-    if (const TMyString dll = TrimmedAttribute(start, "SugarEngineDll"); !dll.IsEmpty()) {
-        TUtilFileName path(GetProjectPath().c_str());
-        path.PushFileName(dll);
-        SetSugarEngineDll(ISFileName::NewISFileName(path.Canonical()));
-    }
+    if (const TMyString dll = TrimmedAttribute(start, "SugarEngineDll"); !dll.IsEmpty())
+        SetSugarEngineDll(ISFileName::NewISFileName(ResolveAgainstProject(dll).c_str()));
     SetGenerationDestinationLibrary(start.GetAttribute("GenerationDestinationLibrary"));
     SetDestinationLibrary(start.GetAttribute("DestinationLibrary"));
     SetSnapshotName(start.GetAttribute("SnapshotName"));
@@ -159,6 +155,14 @@ bool THdlBuildFile::ReadVerilog2VhdlTranslationOptions(DListIterator<TElement*>&
 
 bool THdlBuildFile::ReadVhdl2VerilogTranslationOptions(DListIterator<TElement*>& element) {
     return ReadTranslationOptions(element, false);
+}
+
+bool THdlBuildFile::ReadOutputDiagram(DListIterator<TElement*>& element) {
+    ++element;
+    const std::string path = TrimmedText(element);
+    if (!path.empty())
+        SetOutputDiagram(ISFileName::NewISFileName(ResolveAgainstProject(path.c_str()).c_str()));
+    return true;
 }
 
 bool THdlBuildFile::ReadSourceFileGroups(DListIterator<TElement*>& element) {

@@ -191,6 +191,7 @@ public:
     bool ReadProjectSettings(DListIterator<TElement*>& element);
     bool ReadVerilog2VhdlTranslationOptions(DListIterator<TElement*>& element);
     bool ReadVhdl2VerilogTranslationOptions(DListIterator<TElement*>& element);
+    bool ReadOutputDiagram(DListIterator<TElement*>& element);
     bool ReadSourceFileGroups(DListIterator<TElement*>& element);
     bool ReadPseudoEnvironmentVariables(DListIterator<TElement*>& element);
 

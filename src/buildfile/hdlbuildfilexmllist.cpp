@@ -1,8 +1,5 @@
 #include "buildfile/hdlbuildfilexmllist.h"
 #include "buildfile/hdlbuildfile.h"
-#include "services/files/pathtext.h"
-#include "services/names/isfilename.h"
-#include "services/names/utilfilename.h"
 #include "services/xml/xmlstream.h"
 
 namespace {
@@ -23,6 +20,7 @@ constexpr TSection kSections[] = {
     {"ProjectLanguageConfigurationList", &THdlBuildFile::ReadProjectSettings},
     {"Verilog2VhdlTranslationOptions", &THdlBuildFile::ReadVerilog2VhdlTranslationOptions},
     {"Vhdl2VerilogTranslationOptions", &THdlBuildFile::ReadVhdl2VerilogTranslationOptions},
+    {"OutputDiagram", &THdlBuildFile::ReadOutputDiagram},
     {"SourceFileGroup", &THdlBuildFile::ReadSourceFileGroups},
     {"BuildFileVariables", &THdlBuildFile::ReadPseudoEnvironmentVariables},
 };
@@ -31,18 +29,6 @@ const TSection* FindSection(const TElementIterator& element) {
     for (const TSection& section : kSections)
         if (IsAtStart(element, section.Name)) return &section;
     return nullptr;
-}
-
-void ReadOutputDiagram(THdlBuildFile* build, TElementIterator& element) {
-    ++element;
-    std::string path = TrimmedText(element);
-    if (path.empty()) return;
-    if (IsRelativePath(path.c_str())) {
-        TUtilFileName joined(build->GetProjectPath().c_str());
-        joined.PushFileName(path.c_str());
-        path = joined.Canonical();
-    }
-    build->SetOutputDiagram(ISFileName::NewISFileName(path.c_str()));
 }
 
 }  // namespace
@@ -62,11 +48,8 @@ bool THdlBuildFileXMLList::InterpretElements() {
     TElementIterator element(*this);
     while (element.NotAtTail()) {
         const TElementIterator before = element;
-        if (const TSection* section = FindSection(element)) {
-            if (!(Build->*section->Read)(element)) return true;
-        } else if (IsAtStart(element, "OutputDiagram")) {
-            ReadOutputDiagram(Build, element);
-        }
+        const TSection* section = FindSection(element);
+        if (section && !(Build->*section->Read)(element)) return true;
         // A reader stops on the next section's start, which must not be stepped over.
         if (element == before) ++element;
     }

@@ -1,6 +1,5 @@
 #include "projectfiles/hdlprojectfile.h"
 #include "projectfiles/hdlprojectfilelist.h"
-#include "projectfiles/innermosthandle.h"
 #include "services/base/keeper.h"
 #include "services/designdatabase/visitor.h"
 #include <string_view>

@@ -1,6 +1,5 @@
 #include "projectfiles/hdlprojectfilelist.h"
 #include "projectfiles/hdlprojectfile.h"
-#include "projectfiles/innermosthandle.h"
 #include "projectfiles/projectfileindex.h"
 #include "services/base/keeper.h"
 #include "services/designdatabase/iprojectcomponent.h"

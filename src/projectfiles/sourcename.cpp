@@ -4,11 +4,9 @@
 #include <utility>
 
 bool GetSourceName(const ISFileName* file, TSourceName* name) {
-    // A handle gives itself, a tracked name what it wraps.
-    for (const ISFileName* inner = nullptr; file && (inner = file->GetFileName()) != file;)
-        file = inner;
-    if (!file) return false;
-    const TFileIdentity identity = GetFileIdentity(file);
+    const ISFileName* const handle = GetInnermostHandle(file);
+    if (!handle) return false;
+    const TFileIdentity identity = GetFileIdentity(handle);
     *name = {identity.Folded, identity.Hash};
     return true;
 }

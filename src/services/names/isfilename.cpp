@@ -193,18 +193,12 @@ private:
     std::size_t Count = 0;
 };
 
-/// The shared handle behind `file`, through tracked names that wrap one another. Null when there is
-/// none or when `file` is of a caller's own class.
+/// The shared handle behind `file`. Null when there is none or when it is of a caller's own class.
 const TSharedFileName* SharedHandleOf(const ISFileName* file) {
-    while (file) {
-        // Much cheaper than a dynamic_cast, for a class that nobody derives from.
-        if (typeid(*file) == typeid(TSharedFileName))
-            return static_cast<const TSharedFileName*>(file);
-        const ISFileName* const wrapped = file->GetFileName();
-        if (wrapped == file) return nullptr;
-        file = wrapped;
-    }
-    return nullptr;
+    const ISFileName* const handle = GetInnermostHandle(file);
+    // Much cheaper than a dynamic_cast, for a class that nobody derives from.
+    const bool isShared = handle && typeid(*handle) == typeid(TSharedFileName);
+    return isShared ? static_cast<const TSharedFileName*>(handle) : nullptr;
 }
 
 }  // namespace
@@ -219,6 +213,16 @@ const ISFileName* ISFileName::NewISFileName(const char* name) {
 }
 
 const ISFileName* const ISFileName::BlankFileName = ISFileName::NewISFileName("");
+
+const ISFileName* GetInnermostHandle(const ISFileName* file) {
+    // A handle gives itself, a tracked name what it wraps.
+    while (file) {
+        const ISFileName* const wrapped = file->GetFileName();
+        if (wrapped == file) break;
+        file = wrapped;
+    }
+    return file;
+}
 
 TFileIdentity GetFileIdentity(const ISFileName* file) {
     if (const TSharedFileName* handle = SharedHandleOf(file)) return handle->GetIdentity();

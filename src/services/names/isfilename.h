@@ -58,6 +58,9 @@ public:
     static const ISFileName* const BlankFileName;
 };
 
+/// The handle at the bottom of `file`, which may be a tracked name around others; null without one.
+const ISFileName* GetInnermostHandle(const ISFileName* file);
+
 /// A file's identity, computed once for a handle.
 struct TFileIdentity {
     std::string_view Canonical;
