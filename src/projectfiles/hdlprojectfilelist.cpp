@@ -70,10 +70,10 @@ THdlProjectFileList::THdlProjectFileList(TFileListType type, IProjectComponent* 
 THdlProjectFileList::THdlProjectFileList(const THdlProjectFileList& other)
     : std::list<THdlProjectFile*>(other),
       hdb::IHDBBase(other),
-      TEmbeddedObserverMgr<AHdbObjectObserver>(other),
       OwningProjectComponent(other.OwningProjectComponent),
       ListType(other.ListType),
       Index(std::make_unique<TProjectFileIndex>()) {
+    CopyRegistrations(other);
     for (THdlProjectFile* file : *this) file->Hold();
 }
 
@@ -84,7 +84,7 @@ THdlProjectFileList& THdlProjectFileList::operator=(const THdlProjectFileList& o
     for (THdlProjectFile* file : *this)
         if (file->LetGo()) KeepUntilExit(file);
     std::list<THdlProjectFile*>::operator=(other);
-    TEmbeddedObserverMgr<AHdbObjectObserver>::operator=(other);
+    CopyRegistrations(other);
     OwningProjectComponent = other.OwningProjectComponent;
     ListType = other.ListType;
     return *this;

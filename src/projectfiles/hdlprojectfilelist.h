@@ -21,9 +21,9 @@ class TProjectFileIndex;
 /// file-name handle equals none, and a walk that meets one logs a failed check.
 ///
 /// The list owns its files: Flush and Remove with deletion and the destructor delete them, a file
-/// that stands in several lists when the last of them lets go. Copies share the files, as well as
-/// the observer registrations. A list is deleted as a list class or as hdb::IHDBBase, not as
-/// std::list.
+/// that stands in several lists when the last of them lets go. Copies share the files and
+/// register the same observers, each for itself. A list is deleted as a list class or as
+/// hdb::IHDBBase, not as std::list.
 class HDLBUILDFILE_API THdlProjectFileList : public std::list<THdlProjectFile*>,
                                              public hdb::IHDBBase,
                                              public TEmbeddedObserverMgr<AHdbObjectObserver> {

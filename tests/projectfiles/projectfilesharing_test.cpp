@@ -1,4 +1,5 @@
 #include "projectfilefakes.h"
+#include "projectfiles/hdlprojectdiagramfile.h"
 #include "projectfiles/hdlprojectusersourcefile.h"
 #include "projectfiles/hdlsourcefilelist.h"
 #include <gtest/gtest.h>
@@ -37,6 +38,47 @@ TEST(ProjectFileSharing, CopiesHoldTheSameFilesOwnerTypeAndObservers) {
         EXPECT_EQ(observer.Take(), "2 ");
         EXPECT_EQ(NamesOf(list), "a.v b.v ");
     }
+}
+
+TEST(ProjectFileSharing, CopiesHaveRegistrationsOfTheirOwn) {
+    RecordingObserver both;
+    RecordingObserver late;
+    TList list(TList::LIST_TYPE_FILE_INPUT, nullptr);
+    list.AddObserver(&both);
+    TList copy(list);
+    TList assigned(TList::LIST_TYPE_NONE, nullptr);
+    assigned.AddObserver(&late);
+    assigned = list;
+    for (TList* same : {&copy, &assigned}) {
+        same->AddObserver(&late);
+        list.AddAtHeadAndSetOwner(Name(same == &copy ? "a.v" : "b.v"));
+        EXPECT_EQ(both.Take() + "|" + late.Take(), "0 |") << "a change of the original";
+        same->AddAtHeadAndSetOwner(Name("c.v"));
+        EXPECT_EQ(both.Take() + "|" + late.Take(), "0 |0 ") << "a change of the copy";
+        same->DeleteObserver(&both);
+        same->AddAtHeadAndSetOwner(Name("d.v"));
+        EXPECT_EQ(both.Take() + "|" + late.Take(), "|0 ") << "of the copy, with one removed";
+    }
+    list.AddAtHeadAndSetOwner(Name("e.v"));
+    EXPECT_EQ(both.Take(), "0 ");
+}
+
+TEST(ProjectFileSharing, AssociatedListsOfCopiedFilesHaveRegistrationsOfTheirOwn) {
+    RecordingObserver observer;
+    RecordingObserver late;
+    THdlProjectUserSourceFile source(Name("a.v"), nullptr, false);
+    THdlProjectDiagramFile diagram(Name("a.btim"), nullptr);
+    source.GetAssociatedFileList()->AddObserver(&observer);
+    diagram.GetAssociatedFileList()->AddObserver(&observer);
+    THdlProjectUserSourceFile sourceCopy(source);
+    THdlProjectDiagramFile diagramCopy(diagram);
+    sourceCopy.GetAssociatedFileList()->DeleteObserver(&observer);
+    diagramCopy.GetAssociatedFileList()->DeleteObserver(&observer);
+    sourceCopy.GetAssociatedFileList()->AddObserver(&late);
+    diagramCopy.GetAssociatedFileList()->AddObserver(&late);
+    source.AddAssociatedFileAtTail(Name("b.v"));
+    diagram.AddAssociatedFileAtTail(Name("b.v"));
+    EXPECT_EQ(observer.Take() + "|" + late.Take(), "0 0 |");
 }
 
 TEST(ProjectFileSharing, TheLastListDeletesASharedFile) {

@@ -52,6 +52,10 @@ bool AEmbeddedObserverMgr::HasObservers() const {
     return Observers && !Observers->InOrder.empty();
 }
 
+void AEmbeddedObserverMgr::CopyRegistrations(const AEmbeddedObserverMgr& other) {
+    Observers = other.HasObservers() ? std::make_shared<TObservers>(*other.Observers) : nullptr;
+}
+
 const std::shared_ptr<AEmbeddedObserverMgr::TObservers>& AEmbeddedObserverMgr::Registrations()
     const {
     if (!Observers) Observers = std::make_shared<TObservers>();

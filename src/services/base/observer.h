@@ -11,7 +11,8 @@ public:
 };
 
 /// A registration list. Observers are not owned: unregister before deleting one. Copies share the
-/// registrations, so that adding or deleting through either is seen by both.
+/// registrations, so that adding or deleting through either is seen by both, unless a derived class
+/// copies them.
 class HDLBUILDFILE_API AEmbeddedObserverMgr {
 public:
     AEmbeddedObserverMgr() = default;
@@ -26,6 +27,8 @@ protected:
     /// Walks a copy of the registrations and skips one deleted meanwhile.
     void CallEach(IObserverCaller& caller) const;
     bool HasObservers() const;
+    /// Takes registrations of its own for the observers of `other`, in place of the present ones.
+    void CopyRegistrations(const AEmbeddedObserverMgr& other);
 
 private:
     struct TObservers;
