@@ -38,6 +38,7 @@ bool THdlBuildFile::WriteToFile() {
 }
 
 void THdlBuildFile::WriteFile(THdlBuildFileXMLList* document) {
+    if (!document) return;
     const bool forced = IsTestBuilderForced(*this);
     const THdlLanguage topLanguage = forced ? LANGUAGE_TESTBUILDER : GetTopLanguage();
     const THdlLanguage hdlLanguage = forced ? LANGUAGE_TESTBUILDER : GetHdlLanguage();

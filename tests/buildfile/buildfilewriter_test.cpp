@@ -396,6 +396,14 @@ TEST(BuildFileWriter, WritesNothingWithoutAName) {
     EXPECT_FALSE(build.WriteToFile());
 }
 
+TEST(BuildFileWriter, IgnoresANullDocument) {
+    THdlBuildFile build;
+    build.WriteFile(nullptr);
+    build.WriteProjectSettings(nullptr);
+    build.WriteSourceFileGroups(nullptr, LANGUAGE_VHDL);
+    EXPECT_FALSE(build.WriteToFile());
+}
+
 TEST(BuildFileXMLList, FillsNothingWithoutABuild) {
     const TemporaryFolder folder;
     THdlBuildFileXMLList document(nullptr);
