@@ -45,8 +45,12 @@ bool THdlBuildFile::AddSourceFile(IHdlSourceFile* source, bool atHead) {
 
 IHdlSourceFile* THdlBuildFile::CreateOrGetSourceFile(const char* fileName) {
     const ISFileName* name = ISFileName::NewISFileName(ResolveAgainstProject(fileName).c_str());
-    IHdlSourceFile* source = Parts->SourceFileGroups.GetSourceFileOrDependency(name);
-    if (!source) return Parts->SourceFileOwner.MakeSourceFile(name);
+    IHdlSourceFile* source = Parts->SourceFileGroups.GetSourceFile(name);
+    if (!source) {
+        source = Parts->SourceFileGroups.GetDependency(name);
+        if (!source) return Parts->SourceFileOwner.MakeSourceFile(name);
+        Parts->SourceFileOwner.TakeOverSpelling(source, name);
+    }
     ReportNamesake(source->GetFileName(), name);
     return source;
 }

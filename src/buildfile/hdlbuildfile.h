@@ -137,9 +137,9 @@ public:
     /// and notes its precompiled library group. The source stays the caller's. False when its name
     /// was in the group; the rest is done all the same.
     bool AddSourceFile(IHdlSourceFile* source, bool atHead);
-    /// The source of that name in the groups or among the dependencies of their sources; else a new
-    /// one, which the build frees with itself unless the caller deletes it before. Relative names
-    /// are taken against the build file's directory.
+    /// The source of that name in a group, else among the dependencies of listed sources, else a
+    /// new one, which the build frees with itself unless the caller deletes it before. Relative
+    /// names are taken against the build file's directory.
     IHdlSourceFile* CreateOrGetSourceFile(const char* fileName) override;
     /// Never null; the list keeps its place as long as the build.
     TIHdlSourceFileList* GetSourceFileGroup(THdlLanguage language);

@@ -60,6 +60,7 @@ public:
     static unsigned long long GetHandleChangeCount();
 
 private:
+    friend class TSourceFileOwner;
     void SetLanguageFromExtension();
 
     const ISFileName* FileName;

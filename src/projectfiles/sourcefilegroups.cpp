@@ -67,12 +67,22 @@ const IHdlSourceFile* TSourceFileGroups::GetSourceFile(const ISFileName* name) c
 IHdlSourceFile* TSourceFileGroups::GetSourceFileOrDependency(const ISFileName* name) {
     for (auto& [language, group] : Groups) {
         if (IHdlSourceFile* source = group.List.GetSourceFile(name)) return source;
-        IHdlSourceFile* dependency = nullptr;
-        if (!group.Dependencies.Find(name, &dependency))
-            dependency = group.List.GetSourceFileOrDependency(name);
-        if (dependency) return dependency;
+        if (IHdlSourceFile* dependency = FindDependency(&group, name)) return dependency;
     }
     return nullptr;
+}
+
+IHdlSourceFile* TSourceFileGroups::GetDependency(const ISFileName* name) {
+    for (auto& [language, group] : Groups)
+        if (IHdlSourceFile* dependency = FindDependency(&group, name)) return dependency;
+    return nullptr;
+}
+
+// To be called for a name that the group does not list.
+IHdlSourceFile* TSourceFileGroups::FindDependency(TGroup* group, const ISFileName* name) {
+    IHdlSourceFile* dependency = nullptr;
+    if (group->Dependencies.Find(name, &dependency)) return dependency;
+    return group->List.GetSourceFileOrDependency(name);
 }
 
 bool TSourceFileGroups::IsAnySourceFileModifiedSinceLastCompiled() const {

@@ -40,8 +40,11 @@ public:
     /// The first hit in numeric order of the languages; null when there is none.
     IHdlSourceFile* GetSourceFile(const ISFileName* name);
     const IHdlSourceFile* GetSourceFile(const ISFileName* name) const;
-    /// As TIHdlSourceFileList::GetSourceFileOrDependency, one group after the other.
+    /// As TIHdlSourceFileList::GetSourceFileOrDependency, one group after the other: a dependency
+    /// hides an entry of a later group.
     IHdlSourceFile* GetSourceFileOrDependency(const ISFileName* name);
+    /// The first dependency of that name, which no group lists; null when there is none.
+    IHdlSourceFile* GetDependency(const ISFileName* name);
 
     /// Whether a source changed on disk since it was compiled or, when it never was, since it was
     /// read.
@@ -72,6 +75,7 @@ private:
     using TSeenNames = std::unordered_set<TSourceName, TSourceNameHash>;
 
     TGroup& GroupOf(THdlLanguage language);
+    static IHdlSourceFile* FindDependency(TGroup* group, const ISFileName* name);
     bool ReadSources(DListIterator<TElement*>& element, THdlLanguage language, TSeenNames* seen);
     bool ReadDependencies(DListIterator<TElement*>& element, IHdlSourceFile* source);
     IHdlSourceFile* ReadSource(const TElement& start, const std::string& name,

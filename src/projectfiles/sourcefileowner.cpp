@@ -23,24 +23,37 @@ TSourceFileOwner::~TSourceFileOwner() {
 }
 
 IHdlSourceFile* TSourceFileOwner::MakeSourceFile(const ISFileName* name) {
-    if (name && !IsReading) name->UpdateTimeFileLastLoaded(kDefaultTimeStampKey);
+    if (name && Request == FOR_CALLER) name->UpdateTimeFileLastLoaded(kDefaultTimeStampKey);
     return new TMadeSourceFile(name, &Made);
 }
 
-IHdlSourceFile* TSourceFileOwner::GetOrMakeSourceFile(const char* name) {
+IHdlSourceFile* TSourceFileOwner::AskBuild(const char* name, TRequest request) {
     if (!Build) return nullptr;
-    IsReading = true;
+    Request = request;
     IHdlSourceFile* source = Build->CreateOrGetSourceFile(name);
-    IsReading = false;
+    Request = FOR_CALLER;
     return source;
 }
 
+IHdlSourceFile* TSourceFileOwner::GetOrMakeSourceFile(const char* name) {
+    return AskBuild(name, FOR_DEPENDENCY);
+}
+
 IHdlSourceFile* TSourceFileOwner::GetOrMakeSourceFile(const char* name, THdlLanguage language) {
-    IHdlSourceFile* source = GetOrMakeSourceFile(name);
+    IHdlSourceFile* source = AskBuild(name, FOR_LISTING);
     if (!source) return nullptr;
     if (auto* config = Build->GetProjectLanguageConfigForFileRead(language))
         source->SetProjectLanguageConfig(config);
     return source;
+}
+
+void TSourceFileOwner::TakeOverSpelling(IHdlSourceFile* dependency, const ISFileName* name) const {
+    if (Request != FOR_LISTING || dependency->GetFileName() == name) return;
+    auto* source = dynamic_cast<THdlSourceFile*>(dependency);
+    if (!source) return;
+    ReportNamesake(name, source->FileName);
+    // Names are compared without regard to case, so no index of names changes.
+    source->FileName = name;
 }
 
 void TSourceFileOwner::RecordLanguageConfig(const IHdlSourceFile* source,

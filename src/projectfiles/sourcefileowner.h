@@ -28,8 +28,13 @@ public:
     /// The one source of the build that has this name, made when there is none. Null without a
     /// build.
     IHdlSourceFile* GetOrMakeSourceFile(const char* name);
-    /// The same; gives the source the build's configuration for `language`, when it has one.
+    /// The same for a source that is to be listed: gives it the build's configuration for
+    /// `language`, when it has one.
     IHdlSourceFile* GetOrMakeSourceFile(const char* name, THdlLanguage language);
+    /// To be called when the build takes `dependency`, which no group lists, for `name`. When that
+    /// is the name of a source to be listed, a plain source takes over its letter case: the file on
+    /// disk is the one that is listed.
+    void TakeOverSpelling(IHdlSourceFile* dependency, const ISFileName* name) const;
 
     /// Notes that the configuration in `slot` came in with `source`.
     void RecordLanguageConfig(const IHdlSourceFile* source,
@@ -44,7 +49,10 @@ private:
     class TMadeSourceFile;
 
     std::list<TMadeSourceFile*> Made;
+    enum TRequest { FOR_CALLER, FOR_DEPENDENCY, FOR_LISTING };
+    IHdlSourceFile* AskBuild(const char* name, TRequest request);
+
     IBuildManager* Build;
-    bool IsReading = false;
+    TRequest Request = FOR_CALLER;  // why the build is asked for a source
     std::unordered_map<const IHdlSourceFile*, std::shared_ptr<const TLanguageConfigSlot>> Records;
 };

@@ -3,6 +3,7 @@
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/buildfile/buildtexts.h"
 #include "tests/services/names/hostform.h"
+#include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
@@ -195,6 +196,68 @@ TEST(BuildFileSources, TellOfAFileTakenForAnotherForItsLetterCase) {
     EXPECT_EQ(log.Take(), kOnWindows ? ""
                                      : "[Default] File \"" + folder.Path("a.vhd") +
                                            "\" is taken for \"" + folder.Path("A.vhd") + "\"\n");
+}
+
+TEST(BuildFileSources, ThatAreListedAreFoundBeforeDependenciesOfTheirName) {
+    THdlBuildFile build;
+    build.SetBuildFileName(Handle("/p/build.hbf"));
+    THdlSourceFile user("/p/user.v");
+    THdlSourceFile stub("/p/a.vhd");
+    THdlSourceFile listed("/p/a.vhd");
+    user.AddDependency(&stub);
+    build.AddSourceFile(&user, false);
+    EXPECT_EQ(build.CreateOrGetSourceFile("a.vhd"), &stub);
+    build.AddSourceFile(&listed, false);
+    EXPECT_EQ(build.CreateOrGetSourceFile("a.vhd"), &listed);
+}
+
+TEST(BuildFileSources, ReadIntoTheListedObjectOfTwoOfOneName) {
+    const TemporaryFolder folder;
+    folder.Write("a.vhd", "");
+    THdlBuildFile build;
+    build.SetBuildFileName(
+        Handle(folder.Write("build.hbf",
+                            "<SourceFileGroup Language=\"VHDL\">"
+                            "<SourceFile Library=\"1\" PrecompiledLibrary=\"lib\">a.vhd"
+                            "<Dependency>b.vhd</Dependency></SourceFile></SourceFileGroup>\n")));
+    THdlSourceFile user(folder.Path("user.v").c_str());
+    THdlSourceFile stub(folder.Path("a.vhd").c_str());
+    THdlSourceFile listed(folder.Path("a.vhd").c_str());
+    user.AddDependency(&stub);
+    build.AddSourceFile(&user, false);
+    build.AddSourceFile(&listed, false);
+    EXPECT_EQ(build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_TRUE(listed.IsLibrary());
+    EXPECT_STREQ(listed.GetPrecompiledLibraryGroupName(), "lib");
+    EXPECT_EQ(NamesOf(*listed.GetDependencyList()), "b.vhd ");
+    EXPECT_FALSE(stub.IsLibrary());
+    EXPECT_EQ(NamesOf(*stub.GetDependencyList()), "");
+    EXPECT_EQ(NamesOf(*build.GetSourceFileGroup(LANGUAGE_VHDL)), "a.vhd ");
+}
+
+TEST(BuildFileSources, AreSpelledAsListedWhenADependencyCameFirst) {
+    const TemporaryFolder folder;
+    folder.Write("top.vhd", "");
+    folder.Write("f1.vhd", "");
+    RecordingMessageBox box;
+    THdlBuildFile build;
+    build.SetBuildFileName(
+        Handle(folder.Write("build.hbf",
+                            "<SourceFileGroup Language=\"VHDL\"><SourceFile>top.vhd"
+                            "<Dependency>F1.VHD</Dependency></SourceFile>"
+                            "<SourceFile>f1.vhd</SourceFile></SourceFileGroup>\n")));
+    EXPECT_EQ(build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(box.Take(), "");
+    build.OrderFilesForCompile(LANGUAGE_VHDL);
+    EXPECT_EQ(NamesOf(*build.GetFilesToCompile(LANGUAGE_VHDL)), "f1.vhd top.vhd ");
+    TXMLList xml;
+    build.WriteSourceFileGroups(&xml, LANGUAGE_VHDL);
+    EXPECT_EQ(ElementsOf(xml),
+              "START SourceFileGroup Language=VHDL\n"
+              "START SourceFile Library=false PrecompiledLibrary=\nTEXT top.vhd\n"
+              "START Dependency\nTEXT f1.vhd\nEND Dependency\nEND SourceFile\n"
+              "START SourceFile Library=false PrecompiledLibrary=\nTEXT f1.vhd\nEND SourceFile\n"
+              "END SourceFileGroup\n");
 }
 
 TEST(BuildFileSources, AreNewOnEveryCallWhileTheyStandNowhere) {

@@ -45,8 +45,11 @@ public:
 
     IHdlSourceFile* CreateOrGetSourceFile(const char* fileName) override {
         const ISFileName* name = Handle(Directory + "/" + fileName);
-        IHdlSourceFile* source = Groups.GetSourceFileOrDependency(name);
-        return source ? source : Owner.MakeSourceFile(name);
+        if (IHdlSourceFile* listed = Groups.GetSourceFile(name)) return listed;
+        IHdlSourceFile* dependency = Groups.GetDependency(name);
+        if (!dependency) return Owner.MakeSourceFile(name);
+        Owner.TakeOverSpelling(dependency, name);
+        return dependency;
     }
     TProjectSimLanguageConfig* GetProjectLanguageConfigForFileRead(THdlLanguage language) override {
         return Configs[language];

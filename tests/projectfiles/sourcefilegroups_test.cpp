@@ -86,6 +86,13 @@ TEST_F(SourceFileGroupsFind, DependenciesOfALowerLanguageBeforeEntriesOfAHigher)
     EXPECT_EQ(Groups.GetSourceFileOrDependency(nullptr), nullptr);
 }
 
+TEST_F(SourceFileGroupsFind, DependenciesAlone) {
+    EXPECT_EQ(Groups.GetDependency(Handle("/p/q.v")), Q);
+    EXPECT_EQ(Groups.GetDependency(Handle("/p/R.vhd")), R);
+    EXPECT_EQ(Groups.GetDependency(Handle("/p/none.v")), nullptr);
+    EXPECT_EQ(Groups.GetDependency(nullptr), nullptr);
+}
+
 TEST_F(SourceFileGroupsFind, DependenciesThatComeAndGoAfterTheFirstSearch) {
     const ISFileName* name = Handle("/p/late.vhd");
     EXPECT_EQ(Groups.GetSourceFileOrDependency(name), nullptr);

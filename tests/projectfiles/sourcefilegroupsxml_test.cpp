@@ -64,7 +64,7 @@ TEST_F(SourceFileGroupsFiles, HaveOneObjectPerNameWhicheverPlaceNamesItFirst) {
     EXPECT_EQ(a->GetDependency(b->GetFileName()), b);
     ASSERT_NE(b->GetDependency(base), nullptr);
     EXPECT_EQ(b->GetDependency(base), t->GetDependency(base));
-    EXPECT_EQ(GroupsOf(Build.Groups), "VHDL: a.vhd(b.vhd ) b.vhd(base.vhd ) t.v(base.vhd )\n");
+    EXPECT_EQ(GroupsOf(Build.Groups), "VHDL: a.vhd(B.vhd ) B.vhd(base.vhd ) t.v(base.vhd )\n");
 }
 
 TEST_F(SourceFileGroupsFiles, GiveListedSourcesTheConfigurationOfTheElementsLanguage) {

@@ -42,6 +42,27 @@ TEST(SourceFileOwner, FindsThroughItsBuildAndGivesTheConfigurationOfALanguage) {
         << "a language without one takes nothing away";
 }
 
+TEST(SourceFileOwner, SpellsADependencyAsItIsListed) {
+    FakeBuild build("/p");
+    THdlSourceFile user("/p/user.vhd");
+    THdlSourceFile callers("/p/B.VHD");
+    build.Groups.AddSourceFile(&user, false);
+    IHdlSourceFile* made = build.Owner.GetOrMakeSourceFile("A.VHD");
+    user.AddDependency(made);
+    user.AddDependency(&callers);
+    EXPECT_EQ(build.Owner.GetOrMakeSourceFile("a.vhd"), made);
+    EXPECT_EQ(build.CreateOrGetSourceFile("a.vhd"), made);
+    EXPECT_EQ(NameOf(made), "A.VHD") << "asked for, but not to be listed";
+    EXPECT_EQ(build.Owner.GetOrMakeSourceFile("a.vhd", LANGUAGE_VHDL), made);
+    EXPECT_EQ(NameOf(made), "a.vhd");
+    EXPECT_EQ(build.Owner.GetOrMakeSourceFile("b.vhd", LANGUAGE_VHDL), &callers);
+    EXPECT_EQ(NameOf(&callers), "b.vhd");
+    EXPECT_EQ(user.GetDependency(Handle("/p/A.VHD")), made) << "found under either spelling";
+    build.Groups.AddSourceFile(made, false);
+    EXPECT_EQ(build.Owner.GetOrMakeSourceFile("A.vhd", LANGUAGE_VHDL), made);
+    EXPECT_EQ(NameOf(made), "a.vhd") << "the first listing decides";
+}
+
 TEST(SourceFileOwner, MarksWhatItMakesAsLoadedUnlessForARead) {
     const TemporaryFolder folder;
     folder.Write("made.vhd", "1");
