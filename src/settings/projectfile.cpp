@@ -36,6 +36,7 @@ TProjectFileResult TProjectFile::Read(TProjectSimSettings* settings) {
     ReadResult = document.Read(File->Canonical(false));
     ReadError = document.GetReadError();
     StateRead = document.GetState();
+    if (!settings) return ReadResult;
     settings->SetProjectFileName(File);
     if (ReadResult != PROJECT_FILE_DONE || document.GetSectionCount() == 0) return ReadResult;
     DListIterator<TElement*> section = document.GetSection();
@@ -44,6 +45,7 @@ TProjectFileResult TProjectFile::Read(TProjectSimSettings* settings) {
 }
 
 TProjectFileResult TProjectFile::Save(TProjectSimSettings* settings) {
+    if (!settings) return PROJECT_FILE_NOT_WRITTEN;
     if (ReadResult != PROJECT_FILE_DONE && ReadResult != PROJECT_FILE_MISSING) return ReadResult;
     const char* const path = File->Canonical(false);
     TProjectDocument document(settings);

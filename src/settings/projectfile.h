@@ -27,7 +27,8 @@ public:
     explicit TProjectFile(const ISFileName* file) : File(file) {}
 
     /// Reads the settings; a file without them, and a missing one, leaves the configurations of
-    /// `settings` as they are. In every case they belong to this file afterwards.
+    /// `settings` as they are. In every case they belong to this file afterwards. Null only tells
+    /// how reading goes.
     TProjectFileResult Read(TProjectSimSettings* settings);
 
     /// Replaces the settings in the file as it is on disk by now, so that a save keeps what other
@@ -36,7 +37,7 @@ public:
     /// PROJECT_FILE_CHANGED. (Who saves after this comparison, while the new file is written, is
     /// not noticed.) Without a Read there is nothing to compare. After a read that failed nothing
     /// is saved, as `settings` may lack configurations: the result of that read is repeated. On
-    /// failure the file stays as it was.
+    /// failure the file stays as it was. Null: PROJECT_FILE_NOT_WRITTEN.
     TProjectFileResult Save(TProjectSimSettings* settings);
 
     /// Of the last Read or Save.

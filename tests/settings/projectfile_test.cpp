@@ -328,6 +328,18 @@ TEST(ProjectFile, TellsWhenItCannotBeWritten) {
     EXPECT_EQ(folder.List(), "");
 }
 
+TEST(ProjectFile, SavesNothingForNull) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("p.hpj", Project(kSection));
+    TProjectFile file(FileNamed(path.c_str()));
+    EXPECT_EQ(file.Save(nullptr), PROJECT_FILE_NOT_WRITTEN);
+    EXPECT_EQ(file.Read(nullptr), PROJECT_FILE_DONE);
+    EXPECT_EQ(file.Save(nullptr), PROJECT_FILE_NOT_WRITTEN);
+    EXPECT_EQ(folder.Read("p.hpj"), Project(kSection));
+    EXPECT_EQ(TProjectFile(FileNamed(folder.Path("no.hpj").c_str())).Read(nullptr),
+              PROJECT_FILE_MISSING);
+}
+
 TEST(ProjectFile, HasATextForEveryResult) {
     const struct {
         int Result;
