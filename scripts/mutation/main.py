@@ -11,8 +11,8 @@ import equivalents
 import report
 import sample
 from mutant import Mutant
-from programs import Programs
 from tree import BuildFailed, Tree
+from trial import Trial
 
 HOME = Path(__file__).resolve().parent
 DONE, SURVIVORS, USAGE, BROKEN = 0, 1, 2, 3
@@ -56,7 +56,9 @@ def find_mutants(project):
         if kept.exists():
             mutants = [Mutant(**values) for values in json.loads(kept.read_text())]
         else:
-            mutants = scan.scan(project.root, file, project.compiler_arguments())
+            mutants, errors = scan.scan(project.root, file, project.compiler_arguments())
+            for error in errors:
+                say(f"{file}: {error}")
             kept.write_text(json.dumps([dataclasses.asdict(mutant) for mutant in mutants]))
         for mutant in mutants:
             mutant.folder = project.folder_of(file)
@@ -78,56 +80,32 @@ def choose(mutants, options, entries):
     return sample.choose(chosen, options.sample, options.seed) if options.sample else chosen
 
 
-def try_mutant(mutant, tree, programs):
-    """The outcome of the tests of the folder, then of all others; None when it does not compile."""
-    number = mutant.number
-    if not mutant.switch:
-        number = 0
-        tree.put(mutant)
-    try:
-        for group in (programs.of_folder(mutant.folder), programs.others(mutant.folder)):
-            if not group:
-                continue
-            if not mutant.switch and not tree.build(*[path.name for path in group])[0]:
-                return None
-            outcome = programs.try_mutant(group, number)
-            if not outcome.passed:
-                break
-        return outcome
-    finally:
-        if not mutant.switch:
-            tree.take_back(mutant)
+def run(project, mutants, chosen, entries, found, options):
+    """All with the tests of their folders, then those that are left with all other tests."""
+    trial = Trial(Tree(project, options.jobs), mutants, project.build / "scratch")
 
+    def record(mutant, outcome, by=""):
+        found.add(report.Result(mutant, outcome, by))
+        say(found.results[-1].line())
 
-def run(chosen, tree, programs, entries, found):
+    left = []
     for mutant in chosen:
         reason = equivalents.reason_for(mutant, entries)
         if reason:
-            result = report.Result(mutant, report.EQUIVALENT, reason)
+            record(mutant, report.EQUIVALENT, reason)
         else:
-            outcome = try_mutant(mutant, tree, programs)
+            left.append(mutant)
+    for programs_for in (trial.own_programs, trial.other_programs):
+        pending, left = left, []
+        for mutant, outcome in trial.run(pending, programs_for, say):
             if outcome is None:
-                result = report.Result(mutant, report.REFUSED)
+                record(mutant, report.REFUSED)
             elif outcome.passed:
-                result = report.Result(mutant, report.SURVIVED)
+                left.append(mutant)
             else:
-                result = report.Result(mutant, report.CAUGHT, outcome.test)
-        found.add(result)
-        say(result.line())
-
-
-def prepare(project, mutants, jobs):
-    """The built copy and its test programs, which pass without a mutant."""
-    tree = Tree(project, jobs)
-    tree.fill(mutants)
-    tree.configure()
-    tree.build_all(say)
-    programs = Programs(tree.out, project.programs_left_out, project.build / "scratch")
-    failures = programs.measure()
-    if failures or not programs.all:
-        raise BuildFailed("\n".join(f"fails without a mutant: {outcome.test}"
-                                    for outcome in failures.values()) or "There are no test programs.")
-    return tree, programs
+                record(mutant, report.CAUGHT, outcome.test)
+    for mutant in left:
+        record(mutant, report.SURVIVED)
 
 
 def finish(found, options):
@@ -159,13 +137,11 @@ def main(arguments):
             say(mutant.label())
         return DONE
     try:
-        tree, programs = prepare(project, mutants, options.jobs)
+        found = report.Report()
+        run(project, mutants, chosen, [] if options.check_equivalents else entries, found, options)
     except BuildFailed as failure:
         say(str(failure))
         return BROKEN
-    found = report.Report()
-    try:
-        run(chosen, tree, programs, [] if options.check_equivalents else entries, found)
     except KeyboardInterrupt:
         say("interrupted")
     return finish(found, options)

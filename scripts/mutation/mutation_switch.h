@@ -11,7 +11,9 @@ inline const unsigned long active = [] {
     return number ? std::strtoul(number, nullptr, 10) : 0ul;
 }();
 
-inline bool On(unsigned long mutant) { return mutant == active; }
+inline bool On(unsigned long mutant) {
+    return mutant == active;
+}
 
 /// For functions that are also evaluated by the compiler, where no mutant is on.
 constexpr bool OnAtRunTime(unsigned long mutant) {

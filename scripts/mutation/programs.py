@@ -32,43 +32,32 @@ def culprit(output, status):
 
 
 class Programs:
-    """The test programs of a build. `scratch` is their temporary, home and working folder, and empty
-    before each of them: what a mutant writes to a wrong place lands there."""
+    """Runs the test programs at `paths`. `scratch` is their temporary, home and working folder, and
+    empty before each of them: what a mutant writes to a wrong place lands there."""
 
-    def __init__(self, build, left_out, scratch):
+    def __init__(self, scratch):
         self.scratch = Path(scratch)
-        self.tests = Path(build) / "tests"
-        found = [path for path in self.tests.rglob("test_*")
-                 if path.is_file() and not path.suffix and os.access(path, os.X_OK)]
-        self.all = sorted(path for path in found if path.name not in left_out)
-        self.seconds = {}
+        self.seconds = {}  # of the processor, without a mutant
 
-    def of_folder(self, folder):
-        return [path for path in self.all if path.parent == self.tests / folder]
-
-    def others(self, folder):
-        """The quickest first."""
-        own = self.of_folder(folder)
-        return sorted((path for path in self.all if path not in own),
-                      key=lambda path: self.seconds.get(path, 0))
-
-    def measure(self):
-        """Runs all of them without a mutant. Returns the outcomes of those that fail."""
-        failures = {}
-        for path in self.all:
+    def measure(self, paths):
+        """Runs those that have not been measured without a mutant. Returns what failed."""
+        failures = []
+        for path in paths:
+            if path in self.seconds:
+                continue
             before = resource.getrusage(resource.RUSAGE_CHILDREN)
             outcome = self.run(path, 0, 600)
             after = resource.getrusage(resource.RUSAGE_CHILDREN)
             self.seconds[path] = (after.ru_utime + after.ru_stime
                                   - before.ru_utime - before.ru_stime)
             if not outcome.passed:
-                failures[path] = outcome
+                failures.append(outcome.test)
         return failures
 
-    def try_mutant(self, programs, number):
-        """Stops at the first program that fails."""
-        for path in programs:
-            outcome = self.run(path, number, int(5 + 4 * self.seconds.get(path, 5)))
+    def try_mutant(self, paths, number):
+        """The quickest first; stops at the first one that fails."""
+        for path in sorted(paths, key=lambda path: self.seconds[path]):
+            outcome = self.run(path, number, int(5 + 4 * self.seconds[path]))
             if not outcome.passed:
                 return outcome
         return Outcome(True)

@@ -27,9 +27,9 @@ class Scanner:
         self.source = (root / file).read_bytes()
         options = cindex.TranslationUnit.PARSE_DETAILED_PROCESSING_RECORD
         self.unit = cindex.Index.create().parse(self.path, args=arguments, options=options)
-        errors = [d for d in self.unit.diagnostics if d.severity >= cindex.Diagnostic.Error]
-        if errors:
-            raise ValueError(f"{file}: {errors[0]}")
+        # The walk goes on behind an error; a header need not compile by itself.
+        self.errors = [str(found) for found in self.unit.diagnostics
+                       if found.severity >= cindex.Diagnostic.Error]
         self.macros = []
         self.mutants = []
         self.found = set()  # some expressions are reached twice
@@ -299,5 +299,6 @@ class Scanner:
 
 
 def scan(root, file, arguments):
-    """The mutants of a file, in the order of the source's syntax tree."""
-    return Scanner(root, file, arguments).scan()
+    """The mutants of a file, in the order of its syntax tree, and what the compiler says against it."""
+    scanner = Scanner(root, file, arguments)
+    return scanner.scan(), scanner.errors
