@@ -4,7 +4,7 @@
 #include "services/base/keeper.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
-#include "tests/buildfile/buildtexts.h"
+#include "tests/buildfile/filledbuild.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
@@ -35,11 +35,18 @@ std::unique_ptr<TBuild> MakeBuild(const char* options = "-93") {
     return build;
 }
 
+/// What MakeBuild() makes, with these VHDL options.
+std::string MadeText(const std::string& options = "-93") {
+    std::string text = kFresh;
+    text.replace(text.find("snapshot ''"), 11, "snapshot 'snap'");
+    return text.replace(text.find("configurations"), 14, "configurations VHDL=" + options);
+}
+
 TEST(BuildFileCopy, SharesTheSubObjects) {
     Sources made;
     auto original = MakeBuild<THdlBuildFile>();
     THdlBuildFile copy(*original);
-    EXPECT_EQ(TextOf(copy), TextOf(*original));
+    EXPECT_EQ(TextOf(copy), MadeText());
     copy.AddSourceFile(made.Make("/p/a.vhd"), false);
     original->AddComponentName("top", "", "work", LANGUAGE_VHDL);
     EXPECT_EQ(copy.GetSourceFileGroup(LANGUAGE_VHDL), original->GetSourceFileGroup(LANGUAGE_VHDL));
@@ -61,7 +68,7 @@ TEST(BuildFileCopy, ByAssignmentDropsWhatTheTargetHadButLeavesItReadable) {
     target->AddSourceFile(made.Make("/p/old.vhd"), false);
     const TIHdlSourceFileList* former = target->GetSourceFileGroup(LANGUAGE_VHDL);
     *target = *original;
-    EXPECT_EQ(TextOf(*target), TextOf(*original));
+    EXPECT_EQ(TextOf(*target), MadeText());
     EXPECT_EQ(NamesOf(*former), "old.vhd ");
     original.reset();
     EXPECT_STREQ(target->GetProjectLanguageConfig(LANGUAGE_VHDL)->GetBuildOptions(), "-93");
@@ -71,21 +78,21 @@ TEST(BuildFileCopy, ByAssignmentDropsWhatTheTargetHadButLeavesItReadable) {
 
 TEST(BuildFileCopy, ToItselfChangesNothing) {
     auto build = MakeBuild<TSimWrapHdlBuildFile>();
-    const std::string before = TextOf(*build);
     const TSimWrapHdlBuildFile& self = *build;
     *build = self;
-    EXPECT_EQ(TextOf(*build), before);
+    EXPECT_EQ(TextOf(*build), MadeText());
 }
 
 TEST(BuildFileCopy, MayBeAssignedBackAndForthManyTimes) {
     auto a = MakeBuild<THdlBuildFile>("a");
     auto b = MakeBuild<THdlBuildFile>("b");
     for (int i = 0; i < 100; ++i) {
-        a->Initialize();
+        *a = *MakeBuild<THdlBuildFile>("c");
         *b = *a;
         *a = *b;
     }
-    EXPECT_EQ(TextOf(*a), TextOf(*b));
+    EXPECT_EQ(TextOf(*a), MadeText("c"));
+    EXPECT_EQ(TextOf(*b), MadeText("c"));
 }
 
 TEST(BuildFileCopy, ReadsAgainstItsOwnDirectoryAlsoAfterTheOriginalIsGone) {
@@ -176,10 +183,11 @@ TEST(BuildFileConfigurations, OfAPlainCopyLiveAsLongAsTheCopy) {
     std::string grave;
     auto owner = MakeBuild<TSimWrapHdlBuildFile>();
     owner->SetGeneralConfiguration(new MortalGeneral("general", &grave));
+    owner->GetGeneralConfiguration()->SetLogFileName("run.log");
     auto copy = std::make_unique<THdlBuildFile>(*owner);
     owner.reset();
     EXPECT_EQ(grave, "");
-    EXPECT_FALSE(copy->GetGeneralConfiguration()->GetDumpWatchSignals());
+    EXPECT_STREQ(copy->GetGeneralConfiguration()->GetSimulationLogFileName(), "run.log");
     TProjectSimLanguageConfig replacement;
     replacement.SetBuildOptions("new");
     copy->AddLanguageConfig(LANGUAGE_VHDL, &replacement);
@@ -192,8 +200,9 @@ TEST(BuildFileConfigurations, ThatASimWrapBuildLetsGoOfStayReadable) {
     TemporaryFolder folder;
     const std::string path =
         folder.Write("build.hbf",
-                     "<HdlBuildFile><GeneralConfiguration/><ProjectLanguageConfigurationList>"
-                     "<LanguageSettings Language=\"VHDL\"></LanguageSettings>"
+                     "<HdlBuildFile><GeneralConfiguration LogFileName='run.log'/>"
+                     "<ProjectLanguageConfigurationList><LanguageSettings Language='VHDL'>"
+                     "<BuildOptions>-93</BuildOptions></LanguageSettings>"
                      "</ProjectLanguageConfigurationList></HdlBuildFile>\n");
     TSimWrapHdlBuildFile build(Handle(path));
     TProjectSimGeneralConfig* general = build.GetGeneralConfiguration();
@@ -202,13 +211,14 @@ TEST(BuildFileConfigurations, ThatASimWrapBuildLetsGoOfStayReadable) {
     ASSERT_NE(language, nullptr);
     build.Reload();
     EXPECT_NE(build.GetGeneralConfiguration(), general);
-    EXPECT_STREQ(general->GetSimulationLogFileName(), "simulation.log");
-    EXPECT_STREQ(language->GetBuildOptions(), "");
+    EXPECT_STREQ(general->GetSimulationLogFileName(), "run.log");
+    EXPECT_STREQ(language->GetBuildOptions(), "-93");
     build.SetGeneralConfiguration(general);
     build.SetGeneralConfiguration(general);
     language = build.GetProjectLanguageConfig(LANGUAGE_VHDL);
     build.ClearAll();
-    EXPECT_STREQ(language->GetBuildOptions(), "");
+    EXPECT_STREQ(language->GetBuildOptions(), "-93");
+    EXPECT_STREQ(general->GetSimulationLogFileName(), "run.log");
 }
 
 // A second deletion ends the program under the address sanitizer.

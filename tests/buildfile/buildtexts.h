@@ -1,5 +1,6 @@
 #pragma once
 #include "buildfile/hdlbuildfile.h"
+#include "buildfile/hdlbuildfilexmllist.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/projectfiles/sourcefakes.h"
 #include <string>
@@ -50,5 +51,34 @@ inline std::string TextOf(const THdlBuildFile& build) {
         text += " " + NameOf(source);
     text += "\nprecompiled";
     for (const std::string& library : build.GetPrecompiledLibraryGroups()) text += " " + library;
-    return text + "\nresult " + std::to_string(build.GetReadResult()) + "\n";
+    return text + "\nresult " + std::to_string(build.GetReadResult()) + " error '" +
+           build.GetReadError().Reason + "'\n";
+}
+
+/// The text behind the first START of that name; "<none>" without one.
+inline std::string TextBehind(const TXMLList& document, const std::string& name) {
+    for (DListIterator<TElement*> element(document); element.NotAtTail(); ++element) {
+        if (element.Current()->ElemType != TElement::START ||
+            element.Current()->Name != name.c_str())
+            continue;
+        ++element;
+        return element.Current()->Text.Str();
+    }
+    return "<none>";
+}
+
+/// The members that have no getter, as the document and the Verilog command line show them: output
+/// diagram, elaborate-only flag (the linker options take the place of the build options) and GOF
+/// flag (no log file). Gives the build Verilog settings of its own and takes the GOF flag.
+inline std::string TextOfMembersWithoutGetter(THdlBuildFile* build) {
+    TProjectSimLanguageConfig verilog;
+    verilog.SetTool(SIM_ZORVIK_VERILOG);
+    verilog.SetBuildOptions("build");
+    verilog.SetLinkerOptions("link");
+    build->AddLanguageConfig(LANGUAGE_VERILOG, &verilog);
+    THdlBuildFileXMLList document(build);
+    build->WriteFile(&document);
+    return "diagram " + TextBehind(document, "OutputDiagram") + "\noptions " +
+           TextBehind(document, "BuildOptions") + "\ncommand line" +
+           build->GetVerilogCommandLineOptions() + "\n";
 }

@@ -1,0 +1,177 @@
+#include "filenames/componentnamelist.h"
+#include "tests/buildfile/filledbuild.h"
+#include "tests/support/elementtext.h"
+
+// What a build holds from its making over ClearAll and Initialize to the next save.
+
+namespace {
+
+class BuildFileLife : public FilledBuild {};
+
+TEST_F(BuildFileLife, GivesBackWhatItWasGiven) {
+    EXPECT_EQ(TextOf(Build), kFilled);
+    EXPECT_EQ(Build.GetFileName(), Name);
+    EXPECT_EQ(Build.GetSugarEngineDll(), Sugar);
+    EXPECT_EQ(Build.GetGeneralConfiguration(), &General);
+    EXPECT_EQ(Build.GetV2VOptions(), &Options);
+    EXPECT_EQ(Build.GetProjectLanguageConfigForFileRead(LANGUAGE_VHDL),
+              Build.GetProjectLanguageConfig(LANGUAGE_VHDL));
+    EXPECT_EQ(Build.GetProjectLanguageConfigForFileRead(LANGUAGE_VERILOG), nullptr);
+    EXPECT_EQ(std::as_const(Build).GetPseudoEnvironmentVariables(),
+              Build.GetPseudoEnvironmentVariables());
+    EXPECT_EQ(TextOfMembersWithoutGetter(&Build), kFilledWithoutGetter);
+}
+
+TEST_F(BuildFileLife, StartsWithEveryMemberAtItsDefault) {
+    THdlBuildFile build;
+    EXPECT_EQ(TextOf(build), kFresh);
+    EXPECT_EQ(TextOfMembersWithoutGetter(&build), kFreshWithoutGetter);
+}
+
+TEST_F(BuildFileLife, ClearAllEmptiesTheListsAndKeepsTheTexts) {
+    Build.ClearAll();
+    EXPECT_EQ(TextOf(Build),
+              "file <null>\n"
+              "languages None None None\n"
+              "versions x.x x.x\n"
+              "sugar <null>\n"
+              "time fs ms\n"
+              "libraries 'gen' 'dest' snapshot 'snap'\n"
+              "defines '+define+A' plus options '+x'\n"
+              "single true force true\n"
+              "general null options set\n"
+              "variables V=1\n"
+              "tools\n"
+              "components\n"
+              "configurations\n"
+              "sources\n"
+              "ordered\n"
+              "precompiled lib\n"
+              "result 9 error 'mismatched tag'\n");
+    EXPECT_EQ(Build.GetV2VOptions(), &Options);
+}
+
+TEST_F(BuildFileLife, ClearAllKeepsTheElaborateOnlyFlagButNeitherGofFlagNorDiagram) {
+    Build.ClearAll();
+    EXPECT_EQ(TextOfMembersWithoutGetter(&Build),
+              "diagram <none>\noptions link\n"
+              "command line -l simulation.log +typdelays  +define+A +x\n");
+}
+
+TEST_F(BuildFileLife, ClearAllLeavesTheListsInPlaceAndConfigurationsAlive) {
+    TIHdlSourceFileList* group = Build.GetSourceFileGroup(LANGUAGE_VHDL);
+    const TIHdlSourceFileList* ordered = Build.GetFilesToCompile(LANGUAGE_VHDL);
+    const TProjectSimLanguageConfig* config = Build.GetProjectLanguageConfig(LANGUAGE_VHDL);
+    IHdlSourceFile* made = Build.CreateOrGetSourceFile("/p/made.vhd");
+    Build.ClearAll();
+    EXPECT_EQ(Build.GetSourceFileGroup(LANGUAGE_VHDL), group);
+    EXPECT_EQ(Build.GetFilesToCompile(LANGUAGE_VHDL), ordered);
+    EXPECT_STREQ(config->GetBuildOptions(), "-93");
+    EXPECT_EQ(NameOf(made), "made.vhd");
+    EXPECT_NE(Build.CreateOrGetSourceFile("/p/made.vhd"), made);
+}
+
+TEST_F(BuildFileLife, InitializeGivesEveryMemberItsDefault) {
+    const TIHdlSourceFileList* group = Build.GetSourceFileGroup(LANGUAGE_VHDL);
+    const TProjectSimLanguageConfig* config = Build.GetProjectLanguageConfig(LANGUAGE_VHDL);
+    Build.Initialize();
+    EXPECT_EQ(TextOf(Build), kFresh);
+    EXPECT_EQ(TextOfMembersWithoutGetter(&Build), kFreshWithoutGetter);
+    EXPECT_EQ(NamesOf(*group), "a.vhd ") << "the former sub-objects stay readable";
+    EXPECT_STREQ(config->GetBuildOptions(), "-93");
+}
+
+TEST_F(BuildFileLife, TakesLibraryNamesAgainAfterInitialize) {
+    Build.Initialize();
+    Build.AddSourceFile(&Source, false);
+    Build.AddSourceFile(&Source, false);
+    EXPECT_EQ(Build.GetPrecompiledLibraryGroups(), std::vector<std::string>{"lib"});
+}
+
+TEST_F(BuildFileLife, EmptyTextsEmptyEachText) {
+    const struct {
+        const char* Label;
+        void (THdlBuildFile::*Set)(const char*);
+        const char* Before;
+        const char* After;
+    } rows[] = {
+        {"Qmv version", &THdlBuildFile::SetQMVVersion, "versions 1.0 2.0", "versions  2.0"},
+        {"IDL version", &THdlBuildFile::SetIdlVersion, "versions 1.0 2.0", "versions 1.0 "},
+        {"generation library", &THdlBuildFile::SetGenerationDestinationLibrary, "'gen' 'dest'",
+         "'' 'dest'"},
+        {"library", &THdlBuildFile::SetDestinationLibrary, "'gen' 'dest'", "'gen' ''"},
+        {"snapshot", &THdlBuildFile::SetSnapshotName, "snapshot 'snap'", "snapshot ''"},
+        {"defines", &THdlBuildFile::SetVerilogUserDefines, "defines '+define+A'", "defines ''"},
+        {"plus options", &THdlBuildFile::SetVerilogOtherPlusOptions, "options '+x'", "options ''"},
+    };
+    for (const auto& row : rows) {
+        for (const char* empty : {"", static_cast<const char*>(nullptr)}) {
+            THdlBuildFile build(Build);
+            (build.*row.Set)(empty);
+            std::string expected = kFilled;
+            expected.replace(expected.find(row.Before), std::string(row.Before).size(), row.After);
+            EXPECT_EQ(TextOf(build), expected) << row.Label;
+        }
+    }
+}
+
+TEST_F(BuildFileLife, AFalseGofFlagTakesATrueOneBack) {
+    Build.SetGOFBuildFileFlag(false);
+    EXPECT_EQ(TextOfMembersWithoutGetter(&Build),
+              "diagram out.btim\noptions link\n"
+              "command line -l run.log +typdelays  +define+A +x\n");
+}
+
+TEST(BuildFileLookUps, ThatFindNothingTellNobody) {
+    RecordingMessageBox box;
+    RecordingLog log(1);
+    THdlBuildFile build;
+    const THdlBuildFile& constant = build;
+    EXPECT_EQ(build.GetSimTool(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(constant.GetSimTool(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(build.GetComponentNameList(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(constant.GetComponentNameList(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(build.GetProjectLanguageConfig(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(constant.GetProjectLanguageConfig(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(build.GetProjectLanguageConfigForFileRead(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(build.GetCompileOptions(LANGUAGE_VHDL), "");
+    EXPECT_EQ(build.GetElaboratorOptions(LANGUAGE_VHDL), "");
+    EXPECT_EQ(build.GetRuntimeOptions(LANGUAGE_VHDL), "");
+    EXPECT_EQ(build.GetVerilogCommandLineOptions(), "");
+    const ISFileName* none = Handle("/p/none.vhd");
+    EXPECT_EQ(build.GetSourceFileGroup(LANGUAGE_VHDL)->GetSourceFile(none), nullptr);
+    EXPECT_EQ(constant.GetSourceFileGroup(LANGUAGE_VHDL)->GetSourceFile(none), nullptr);
+    EXPECT_EQ(NamesOf(*build.GetFilesToCompile(LANGUAGE_VHDL)), "");
+    EXPECT_EQ(NameOf(build.CreateOrGetSourceFile("/p/none.vhd")), "none.vhd");
+    EXPECT_FALSE(build.IsCompilationDirty());
+    EXPECT_EQ(box.Take() + log.Take(), "");
+}
+
+TEST(BuildFileConfigurations, OfALanguageWithoutStoredSettingsAreFoundButNotWritten) {
+    THdlBuildFile build;
+    TProjectSimLanguageConfig config;
+    config.SetBuildOptions("-c");
+    for (const THdlLanguage language :
+         {LANGUAGE_SYSTEMC, static_cast<THdlLanguage>(5), LANGUAGE_SPECMAN}) {
+        build.AddLanguageConfig(language, &config);
+        EXPECT_EQ(build.GetCompileOptions(language), "-c") << language;
+        EXPECT_STREQ(build.GetProjectLanguageConfigForFileRead(language)->GetBuildOptions(), "-c")
+            << language;
+    }
+    EXPECT_EQ(
+        ElementsWrittenBy([&build](TXMLList* document) { build.WriteProjectSettings(document); }),
+        "START ProjectLanguageConfigurationList\nEND ProjectLanguageConfigurationList\n");
+}
+
+TEST(BuildFileSaves, RecordNoStamp) {
+    const TemporaryFolder folder;
+    THdlBuildFile build(Handle(folder.Write("build.hbf", "<HdlBuildFile/>")));
+    EXPECT_FALSE(build.IsOutdated());
+    build.SetSnapshotName("longer than before");
+    EXPECT_TRUE(build.WriteToFile());
+    EXPECT_TRUE(build.IsOutdated());
+    build.ReadFromFile();
+    EXPECT_FALSE(build.IsOutdated());
+}
+
+}  // namespace
