@@ -1,5 +1,5 @@
 #include "buildfile/hdlbuildfile.h"
-#include "tests/buildfile/buildtexts.h"
+#include "tests/buildfile/filledbuild.h"
 #include <gtest/gtest.h>
 #include <map>
 #include <sstream>
@@ -67,6 +67,26 @@ TEST(CompileOrder, PutsEveryFileBehindWhatItDependsOn) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(Graph(row.Files, row.Edges).Order(), row.Expected) << row.Label;
+}
+
+TEST(CompileOrder, TakesExcludedAndLibrarySourcesLikeOthers) {
+    Graph graph("top excluded library", "top:excluded excluded:library library:outside");
+    graph.File("top")->SetExcludeFromBuild(true);
+    graph.File("excluded")->SetExcludeFromBuild(true);
+    graph.File("library")->SetLibraryFlag(true);
+    graph.File("outside")->SetLibraryFlag(true);
+    graph.File("outside")->SetExcludeFromBuild(true);
+    EXPECT_EQ(graph.Order(), "outside library excluded top ");
+}
+
+TEST(CompileOrder, LeavesGroupAndListedFlagsAlone) {
+    Graph graph("top mid base", "top:mid mid:base base:outside");
+    graph.File("mid")->SetIsListedForCompile(true);
+    EXPECT_EQ(graph.Order(), "outside base mid top ");
+    EXPECT_EQ(NamesOf(*graph.Build.GetSourceFileGroup(LANGUAGE_VHDL)), "top.vhd mid.vhd base.vhd ");
+    EXPECT_EQ(NamesOf(*graph.File("top")->GetDependencyList()), "mid.vhd ");
+    for (const char* name : {"top", "mid", "base", "outside"})
+        EXPECT_EQ(graph.File(name)->GetIsListedForCompile(), std::string(name) == "mid") << name;
 }
 
 TEST(CompileOrder, IsTheGroupItselfForOtherLanguages) {
@@ -186,13 +206,6 @@ TEST(CompileOrder, VisitsTheFilesOfManyLayersOnceEach) {
         expected += "l" + std::to_string(layer) + " r" + std::to_string(layer) + " ";
     EXPECT_EQ(Graph("l0", edges).Order(), expected + "l0 ");
 }
-
-/// Opens the protected operations.
-class OpenBuild : public THdlBuildFile {
-public:
-    using THdlBuildFile::AddPrecompiledLibraryGroupNoDup;
-    using THdlBuildFile::CompilePrecompiledLibraryGroup;
-};
 
 using TNames = std::vector<std::string>;
 

@@ -1,9 +1,12 @@
 #include "buildfile/hdlbuildfile.h"
 #include "projectfiles/hdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
 #include "services/names/isfilename.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/buildfile/projectfolder.h"
+#include "tests/filenames/recordingfilename.h"
+#include "tests/services/names/hostform.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -25,6 +28,7 @@ class BareBuild {
 public:
     BareBuild() {
         Build.SetBuildFileName(ISFileName::NewISFileName(Below("build.xml").c_str()));
+        General.SetLogFileName("bare.log");
         Build.SetGeneralConfiguration(&General);
         TProjectSimLanguageConfig verilog;
         verilog.SetDelayType(static_cast<TSimProjectDelayType>(3));
@@ -74,6 +78,49 @@ TEST(VerilogCommandLine, LeavesOutWhatIsEmpty) {
     EXPECT_EQ(Options(language, general, "", true), " +typdelays ");
 }
 
+TEST(VerilogCommandLine, AddsTheExtraTextAlsoForAGofBuild) {
+    TProjectSimLanguageConfig language;
+    language.SetRuntimeOptions("+go");
+    TProjectSimGeneralConfig general;
+    general.SetLogFileName("run.log");
+    EXPECT_EQ(Options(language, general, "+extra", true), " +typdelays +go+extra");
+    EXPECT_EQ(Options(language, general, "+extra", false), " -l run.log +typdelays +go+extra");
+}
+
+TEST(VerilogCommandLine, NamesTheLogFileRelativeToTheProjectWithItsVariablesAsTheyStand) {
+    const EnvironmentValue environment("HDLBUILDFILE_TEST_DIR", "resolved");
+    const TProjectSimLanguageConfig language;
+    const struct {
+        const char* Label;
+        std::string Name;
+        const char* Text;
+    } rows[] = {
+        {"absolute", Below("logs/run.log"), " -l logs/run.log +typdelays "},
+        {"absolute with a variable", Below("${HDLBUILDFILE_TEST_DIR}/run.log"),
+         " -l ${HDLBUILDFILE_TEST_DIR}/run.log +typdelays "},
+        {"relative with a variable", "%HDLBUILDFILE_TEST_DIR%.log",
+         " -l %HDLBUILDFILE_TEST_DIR%.log +typdelays "},
+        {"absolute nolog", Below("nolog"), " -l nolog +typdelays "},
+        {"absolute NoLog", Below("NoLog"), " -l NoLog +typdelays "},
+    };
+    for (const auto& row : rows) {
+        TProjectSimGeneralConfig general;
+        general.SetLogFileName(row.Name.c_str());
+        EXPECT_EQ(Options(language, general), row.Text) << row.Label;
+    }
+}
+
+TEST(VerilogCommandLine, NamesExtensionsAsTheyStand) {
+    const EnvironmentValue environment("HDLBUILDFILE_TEST_DIR", "resolved");
+    TProjectSimLanguageConfig language;
+    const TProjectSimGeneralConfig general;
+    const std::string path = Below("x");
+    for (const char* extension : {".v v", "sub\\.v", path.c_str(), "%HDLBUILDFILE_TEST_DIR%"})
+        language.AddLibraryExtension(extension);
+    EXPECT_EQ(Options(language, general, "", true),
+              " +libext+.v v+sub\\.v+" + path + "+%HDLBUILDFILE_TEST_DIR% +typdelays ");
+}
+
 TEST(VerilogCommandLine, WritesNologInLowerCase) {
     const TProjectSimLanguageConfig language;
     TProjectSimGeneralConfig general;
@@ -105,30 +152,28 @@ TEST(VerilogCommandLine, NamesTheDelayType) {
 }
 
 TEST(VerilogCommandLine, ResolvesEnvironmentVariablesButNotThoseOfTheBuild) {
-#ifdef _WIN32
-    _putenv("HDLBUILDFILE_TEST_DIR=C:\\project\\from env");
-#else
-    setenv("HDLBUILDFILE_TEST_DIR", "/project/from env", 1);
-#endif
+    const EnvironmentValue environment("HDLBUILDFILE_TEST_DIR", Below("from env").c_str());
+    const std::string resolved = Below("from env");
     BareBuild bare;
     bare.Build.GetPseudoEnvironmentVariables()->emplace("BUILD_ONLY", "x");
     TProjectSimLanguageConfig* verilog = bare.Build.GetProjectLanguageConfig(LANGUAGE_VERILOG);
     verilog->AddLibraryDirectory("${HDLBUILDFILE_TEST_DIR}/lib", false);
     verilog->AddIncludeDirectory("$(HDLBUILDFILE_TEST_DIR)", false);
     verilog->AddLibraryExtension("${HDLBUILDFILE_TEST_DIR}");
-    verilog->SetRuntimeOptions("+dir+${BUILD_ONLY}");
+    verilog->SetRuntimeOptions("+dir+${BUILD_ONLY} +env+${HDLBUILDFILE_TEST_DIR}");
     bare.General.SetLogFileName("${HDLBUILDFILE_TEST_DIR}");
     bare.Build.SetVerilogUserDefines("+define+D=${HDLBUILDFILE_TEST_DIR}");
     bare.Build.SetVerilogOtherPlusOptions("+p+%HDLBUILDFILE_TEST_DIR%");
     EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(),
               " -l ${HDLBUILDFILE_TEST_DIR} -y \"from env/lib\" +incdir+\"from env\"+"
-              " +libext+${HDLBUILDFILE_TEST_DIR} +dir+${BUILD_ONLY}"
-              " +define+D=${HDLBUILDFILE_TEST_DIR} +p+%HDLBUILDFILE_TEST_DIR%");
+              " +libext+${HDLBUILDFILE_TEST_DIR} +dir+${BUILD_ONLY} +env+" +
+                  resolved + " +define+D=${HDLBUILDFILE_TEST_DIR} +p+%HDLBUILDFILE_TEST_DIR%");
     bare.Build.SetGOFBuildFileFlag(true);
     EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(),
               " -y \"from env/lib\" +incdir+\"from env\"+ +libext+${HDLBUILDFILE_TEST_DIR}"
-              " +dir+${BUILD_ONLY}");
-    EXPECT_EQ(bare.Build.GetRuntimeOptions(LANGUAGE_VERILOG), "+dir+x");
+              " +dir+${BUILD_ONLY} +env+" +
+                  resolved);
+    EXPECT_EQ(bare.Build.GetRuntimeOptions(LANGUAGE_VERILOG), "+dir+x +env+" + resolved);
 }
 
 TEST(VerilogCommandLine, CountsMissingGeneralSettingsAsTheDefaultOnes) {
@@ -142,11 +187,11 @@ TEST(VerilogCommandLine, CountsMissingGeneralSettingsAsTheDefaultOnes) {
 
 TEST(VerilogCommandLine, AddsDefinesAndPlusOptionsOfTheBuild) {
     BareBuild bare;
-    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l simulation.log ");
+    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l bare.log ");
     bare.Build.SetVerilogOtherPlusOptions("+plus");
-    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l simulation.log  +plus");
+    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l bare.log  +plus");
     bare.Build.SetVerilogUserDefines("+define+B");
-    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l simulation.log  +define+B +plus");
+    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l bare.log  +define+B +plus");
 }
 
 TEST(VerilogCommandLine, GofFlagHoldsForOneLine) {
@@ -154,7 +199,7 @@ TEST(VerilogCommandLine, GofFlagHoldsForOneLine) {
     bare.Build.SetVerilogUserDefines("+define+B");
     bare.Build.SetGOFBuildFileFlag(true);
     EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " ");
-    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l simulation.log  +define+B");
+    EXPECT_EQ(bare.Build.GetVerilogCommandLineOptions(), " -l bare.log  +define+B");
 }
 
 TEST(VerilogCommandLine, GofFlagWaitsForVerilogSettings) {
@@ -176,9 +221,60 @@ TEST(VerilogCommandFile, ListsSourcesBehindTheOptions) {
     bare.Add(Below("../aside.v"));
     bare.Build.SetVerilogUserDefines("+define+D");
     EXPECT_EQ(bare.CommandFile(),
-              " -l simulation.log  +define+Dsrc/top.v\n"
+              " -l bare.log  +define+Dsrc/top.v\n"
               "-v with blank.v\n"
               "../aside.v\n");
+}
+
+TEST(VerilogCommandFile, HasNoLineForAnExcludedLibrary) {
+    BareBuild bare;
+    for (const char* name : {"first.v", "second.v"}) {
+        THdlSourceFile* source = bare.Add(Below(name));
+        source->SetLibraryFlag(true);
+        source->SetExcludeFromBuild(true);
+    }
+    bare.Add(Below("third.v"));
+    bare.Build.SetGOFBuildFileFlag(true);
+    EXPECT_EQ(bare.CommandFile(), " third.v\n");
+}
+
+/// The name of a caller's own class, whose path is what it was given.
+class OwnName : public RecordingFileName {
+public:
+    explicit OwnName(const char* path) : Path(path) {}
+    const char* GetParts(unsigned int parts) const override {
+        return parts == PART_ALL ? Path : "";
+    }
+
+private:
+    const char* Path;
+};
+
+TEST(VerilogCommandFile, NamesARelativeSourceAsItStands) {
+    BareBuild bare;
+    const OwnName names[] = {OwnName("bare.v"), OwnName("sub/../one.v"), OwnName("..\\up two.v")};
+    std::string lines;
+    for (const OwnName& name : names) {
+        THdlSourceFile source(&name);
+        TIHdlSourceFileList* group = bare.Build.GetSourceFileGroup(LANGUAGE_VERILOG);
+        group->AddSourceFile(&source, false);
+        std::ostringstream text;
+        bare.Build.AddSourceFilesToCommandFile(text, LANGUAGE_VERILOG);
+        lines += text.str();
+        group->Flush();
+    }
+    EXPECT_EQ(lines, "bare.v\nsub/../one.v\n../up two.v\n");
+}
+
+TEST(VerilogCommandFile, NamesASourceThatWasGivenAgainstTheWorkingDirectory) {
+    const TemporaryFolder folder;
+    const WorkingDirectory inside(folder.Path());
+    BareBuild bare;
+    bare.Build.SetBuildFileName(
+        ISFileName::NewISFileName(folder.Path("project/build.xml").c_str()));
+    for (const char* name : {"project/sub/one.v", "two.v"}) bare.Add(name);
+    bare.Build.SetGOFBuildFileFlag(true);
+    EXPECT_EQ(bare.CommandFile(), " sub/one.v\n../two.v\n");
 }
 
 TEST(VerilogCommandFile, WritesForwardSlashesForForeignDrives) {
@@ -260,4 +356,17 @@ TEST(AddRelativePath, AppendsTheDisplayFormWithForwardSlashes) {
         EXPECT_EQ(out, row.Text) << row.Label;
     }
     AddRelativePath(kProject.c_str(), "x", nullptr);
+}
+
+TEST(AddRelativePath, QuotesForTheBlanksOfWhatItWrites) {
+    const std::string project = Below("my project/");
+    const auto append = [&project](const std::string& path) {
+        std::string out;
+        AddRelativePath(project.c_str(), path.c_str(), &out);
+        return out;
+    };
+    EXPECT_EQ(append(Below("my project/a.v")), "a.v");
+    EXPECT_EQ(append(Below("my project/a b.v")), "\"a b.v\"");
+    EXPECT_EQ(append("Q:\\a b.v"), "\"Q:/a b.v\"");
+    EXPECT_EQ(append("Q:\\a b\\..\\c.v"), "Q:/c.v");
 }
