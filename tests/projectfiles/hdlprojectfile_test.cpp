@@ -52,10 +52,10 @@ TEST(HdlProjectFile, StaysWithoutHandleWhenMadeFromANameWithout) {
     EXPECT_EQ(log.Take(), "");
 }
 
-TEST(HdlProjectFile, IsKeyedByItsCanonicalName) {
-    const THdlProjectFile file(Name("sub/../a.v"), nullptr, false);
-    EXPECT_STREQ(file.GetHashKey(), Name("a.v")->Canonical(false));
-    EXPECT_STREQ(file.GetName(), Name("a.v")->Canonical(false));
+TEST(HdlProjectFile, IsKeyedByItsCanonicalNameInItsLetterCase) {
+    const THdlProjectFile file(Name("Q:/Sub/../Dir/Mixed.V"), nullptr, false);
+    EXPECT_STREQ(file.GetHashKey(), "Q:\\Dir\\Mixed.V");
+    EXPECT_STREQ(file.GetName(), "Q:\\Dir\\Mixed.V");
 }
 
 TEST(HdlProjectFile, KeepsItsOwner) {

@@ -48,13 +48,12 @@ TEST(HdlProjectSourceFile, KeepsFlagsGroupNameAndScope) {
     file.SetLibraryFlag(false);
     file.SetExcludeFromBuild(true);
     file.SetPrecompiledLibraryGroupName("unisim");
-    int somewhere = 0;
-    auto* scope = reinterpret_cast<hdb::IStreamScope*>(&somewhere);
-    file.SetStreamScope(scope);
+    hdb::IStreamScope scope;
+    file.SetStreamScope(&scope);
     EXPECT_FALSE(file.IsLibrary());
     EXPECT_TRUE(file.IsExcludeFromBuild());
     EXPECT_STREQ(file.GetPrecompiledLibraryGroupName(), "unisim");
-    EXPECT_EQ(file.GetStreamScope(), scope);
+    EXPECT_EQ(file.GetStreamScope(), &scope);
 }
 
 TEST(HdlProjectSourceFile, TakesNullAndPartsOfItselfAsGroupName) {
@@ -183,32 +182,17 @@ TEST(HdlProjectSourceFile, FindsAndRemovesDependencies) {
     EXPECT_EQ(DependenciesOf(file), "");
 }
 
-TEST(HdlProjectSourceFile, CopiesEverythingAndThenGoesItsOwnWay) {
-    FakeComponent owner;
-    THdlProjectSourceFile package(Name("pkg.vhd"), nullptr, false);
-    THdlProjectSourceFile file(Name("top.vhd"), &owner, true);
-    int somewhere = 0;
-    auto* scope = reinterpret_cast<hdb::IStreamScope*>(&somewhere);
-    file.SetExcludeFromBuild(true);
-    file.SetPrecompiledLibraryGroupName("unisim");
-    file.SetStreamScope(scope);
-    file.AddDependency(&package);
-    file.GetDependencyList()->SetLanguage(LANGUAGE_VHDL);
-    THdlProjectSourceFile assigned(Name("x.v"), nullptr, false);
-    assigned = file;
-    THdlProjectSourceFile copy(file);
-    file.FlushDependencies();
-    for (THdlProjectSourceFile* same : {&copy, &assigned}) {
-        EXPECT_EQ(same->GetOwningProjectComponent(), &owner);
-        EXPECT_EQ(same->GetProjectFileType(), 1);
-        EXPECT_TRUE(same->IsLibrary());
-        EXPECT_TRUE(same->IsExcludeFromBuild());
-        EXPECT_STREQ(same->GetPrecompiledLibraryGroupName(), "unisim");
-        EXPECT_EQ(same->GetStreamScope(), scope);
-        EXPECT_EQ(same->GetDependency(Name("pkg.vhd")), AsSource(package));
-        EXPECT_EQ(same->GetDependencyList()->GetLanguage(), LANGUAGE_VHDL);
-        EXPECT_NE(same->GetDependencyList(), file.GetDependencyList());
-    }
+TEST(HdlProjectSourceFile, KeepsADependencyWhenAnotherObjectOfItsNameIsRemoved) {
+    THdlProjectSourceFile file(Name("top.vhd"), nullptr, false);
+    THdlProjectSourceFile listed(Name("a.vhd"), nullptr, false);
+    THdlProjectSourceFile other(Name("A.vhd"), nullptr, false);
+    THdlSourceFile plain(Name("a.VHD"));
+    file.AddDependency(&listed);
+    EXPECT_TRUE(file.RemoveDependency(&other));
+    EXPECT_TRUE(file.RemoveDependency(AsSource(other)));
+    EXPECT_TRUE(file.RemoveDependency(&plain));
+    EXPECT_EQ(DependenciesOf(file), "a.vhd ");
+    EXPECT_EQ(file.GetDependency(Name("a.vhd")), AsSource(listed));
 }
 
 TEST(HdlProjectSourceFile, AppendsItsOperationsToThoseOfAProjectFile) {

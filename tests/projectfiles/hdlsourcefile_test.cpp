@@ -7,6 +7,9 @@
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>
 
+/// The library only carries pointers to projects.
+class THdlProject {};
+
 namespace {
 
 TEST(HdlSourceFile, TakesItsLanguageFromTheExtension) {
@@ -54,20 +57,20 @@ TEST(HdlSourceFile, MayBeWithoutAName) {
 TEST(HdlSourceFile, KeepsWhatItsSettersAreGiven) {
     THdlSourceFile file("/p/a.vhd");
     TProjectSimLanguageConfig config;
-    auto* project = reinterpret_cast<THdlProject*>(&config);
+    THdlProject project;
     file.SetIsListedForCompile(true);
     file.SetLibraryFlag(true);
     file.SetExcludeFromBuild(true);
     file.SetPrecompiledLibraryGroupName("ieee");
     file.SetProjectLanguageConfig(&config);
-    file.SetProject(project);
+    file.SetProject(&project);
     EXPECT_TRUE(file.GetIsListedForCompile());
     EXPECT_TRUE(file.IsLibrary());
     EXPECT_TRUE(file.IsExcludeFromBuild());
     EXPECT_STREQ(file.GetPrecompiledLibraryGroupName(), "ieee");
     EXPECT_EQ(file.GetProjectLanguageConfig(), &config);
     EXPECT_EQ(std::as_const(file).GetProjectLanguageConfig(), &config);
-    EXPECT_EQ(file.GetProject(), project);
+    EXPECT_EQ(file.GetProject(), &project);
     file.SetPrecompiledLibraryGroupName(nullptr);
     EXPECT_STREQ(file.GetPrecompiledLibraryGroupName(), "");
 }
@@ -122,6 +125,8 @@ TEST(HdlSourceFile, CopiesEverythingIntoADependencyListOfItsOwn) {
     Sources made;
     THdlSourceFile original("/p/a.vhd");
     TProjectSimLanguageConfig config;
+    THdlProject project;
+    original.SetProject(&project);
     original.SetIsListedForCompile(true);
     original.SetLibraryFlag(true);
     original.SetExcludeFromBuild(true);
@@ -139,6 +144,7 @@ TEST(HdlSourceFile, CopiesEverythingIntoADependencyListOfItsOwn) {
     for (THdlSourceFile* file : {&copied, &assigned}) {
         EXPECT_EQ(NameOf(file), "a.vhd");
         EXPECT_EQ(file->GetLanguage(), LANGUAGE_VHDL);
+        EXPECT_EQ(file->GetProject(), &project);
         EXPECT_TRUE(file->GetIsListedForCompile());
         EXPECT_TRUE(file->IsLibrary());
         EXPECT_TRUE(file->IsExcludeFromBuild());
@@ -149,6 +155,7 @@ TEST(HdlSourceFile, CopiesEverythingIntoADependencyListOfItsOwn) {
     }
     original.AddDependency(made.Make("/p/later.vhd"));
     EXPECT_EQ(NamesOf(*copied.GetDependencyList()), "b.vhd ");
+    EXPECT_EQ(NamesOf(*assigned.GetDependencyList()), "b.vhd ");
 }
 
 TEST(HdlSourceFile, KeepsEverythingWhenAssignedToItself) {

@@ -288,6 +288,8 @@ TEST(IHdlSourceFileListReader, ReadsWhatItHoldsAndWhereItStops) {
         {"element name in other case", "START file\nTEXT " + a + "\nEND file\n", "",
          "true | | START file"},
         {"not at a START", "END File\n", "", "true | | END File"},
+        {"the END behind the run is left", file(a) + "END List\nEND Outer\n", "",
+         "true | a.vhd | END List"},
         {"cut after START", "START File\n", "", "false | | TAIL"},
         {"cut after the text", "START File\nTEXT " + a + "\n", "", "true | a.vhd | TAIL"},
         {"a missing file ends the read", file(a) + file(none) + file(b), "",

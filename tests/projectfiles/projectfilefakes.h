@@ -2,9 +2,13 @@
 #include "projectfiles/hdbobjectobserver.h"
 #include "projectfiles/hdlprojectfile.h"
 #include "projectfiles/hdlprojectfilelist.h"
+#include "services/designdatabase/hdbbase.h"
 #include "services/designdatabase/iprojectcomponent.h"
 #include <string>
 #include <utility>
+
+/// The library only carries pointers to scopes.
+class hdb::IStreamScope {};
 
 /// A component with settings to hand out that records what it is asked and told.
 class FakeComponent : public IProjectComponent {

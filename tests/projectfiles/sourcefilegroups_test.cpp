@@ -1,6 +1,7 @@
 #include "projectfiles/sourcefilegroups.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/projectfiles/sourcefakes.h"
+#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -50,6 +51,67 @@ TEST(SourceFileGroups, FlushEmptiesTheListsInPlace) {
     EXPECT_EQ(GroupsOf(groups), "");
     EXPECT_EQ(NamesOf(*group), "");
     EXPECT_EQ(groups.GetOrCreateGroup(LANGUAGE_VHDL), group);
+}
+
+TEST(SourceFileGroups, GiveTheSourceOfTheLowestLanguageThatHasTheName) {
+    const struct {
+        THdlLanguage Added;
+        THdlLanguage Given;
+    } rows[] = {{LANGUAGE_NONE, LANGUAGE_NONE},
+                {LANGUAGE_VHDL, LANGUAGE_VHDL},
+                {LANGUAGE_TESTBUILDER, LANGUAGE_VHDL},
+                {LANGUAGE_VERILOG, LANGUAGE_VERILOG}};
+    Sources made;
+    TSourceFileGroups groups(nullptr);
+    const ISFileName* name = Handle("/p/a.vhd");
+    for (const auto& row : rows) {
+        groups.GetOrCreateGroup(row.Added)->AddSourceFile(made.Make("/p/a.vhd"), false);
+        const IHdlSourceFile* given = *groups.GetOrCreateGroup(row.Given)->begin();
+        EXPECT_EQ(groups.GetSourceFile(name), given) << row.Added;
+        EXPECT_EQ(std::as_const(groups).GetSourceFile(name), given) << row.Added;
+    }
+}
+
+/// A source that notes when its name is asked for, and whether it is modified.
+class AskedSource : public THdlSourceFile {
+public:
+    AskedSource(const std::string& name, std::string* asked)
+        : THdlSourceFile(name.c_str()), Asked(asked) {}
+    using THdlSourceFile::GetFileName;
+    const ISFileName* GetFileName() const override {
+        const ISFileName* name = THdlSourceFile::GetFileName();
+        if (name) *Asked += name->GetNameAndExt() + std::string(" ");
+        return name;
+    }
+
+private:
+    std::string* Asked;
+};
+
+TEST(SourceFileGroups, AskForModifiedSourcesUpToTheFirstAndForNoDependency) {
+    TemporaryFolder folder;
+    std::string asked;
+    AskedSource clean(folder.Write("clean.v", ""), &asked);
+    AskedSource modified(folder.Write("modified.v", ""), &asked);
+    AskedSource later(folder.Write("later.v", ""), &asked);
+    AskedSource vhdl(folder.Write("vhdl.vhd", ""), &asked);
+    AskedSource dependency(folder.Write("dependency.v", ""), &asked);
+    clean.AddDependency(&dependency);
+    TSourceFileGroups groups(nullptr);
+    for (AskedSource* source : {&vhdl, &clean, &modified, &later}) {
+        groups.AddSourceFile(source, false);
+        source->GetFileName()->UpdateTimeFileLastCompiled(kDefaultTimeStampKey);
+    }
+    dependency.GetFileName()->UpdateTimeFileLastCompiled(kDefaultTimeStampKey);
+    folder.Write("dependency.v", "modified");
+    asked.clear();
+    EXPECT_FALSE(groups.IsAnySourceFileModifiedSinceLastCompiled());
+    EXPECT_EQ(asked, "clean.v modified.v later.v vhdl.vhd ");
+    folder.Write("modified.v", "modified");
+    folder.Write("vhdl.vhd", "modified");
+    asked.clear();
+    EXPECT_TRUE(groups.IsAnySourceFileModifiedSinceLastCompiled());
+    EXPECT_EQ(asked, "clean.v modified.v ");
 }
 
 /// Verilog: v.v needs p.vhd (one object) and q.v. VHDL: p.vhd (another object), which needs r.vhd.

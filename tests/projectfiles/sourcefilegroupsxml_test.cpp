@@ -90,6 +90,36 @@ TEST_F(SourceFileGroupsFiles, LeaveALibraryFlagThatAnEarlierEntrySet) {
     EXPECT_EQ(GroupsOf(Build.Groups), "VHDL: a.vhd!@first\n");
 }
 
+TEST_F(SourceFileGroupsFiles, TakeTheAttributesOfALaterEntryOfTheSameName) {
+    Read(
+        "START SourceFileGroup Language=VHDL\n"
+        "START SourceFile Library=false PrecompiledLibrary=first\nTEXT a.vhd\nEND SourceFile\n"
+        "START SourceFile\nTEXT b.vhd\nSTART Dependency\nTEXT t.v\nEND Dependency\n"
+        "END SourceFile\n"
+        "START SourceFile Library=true PrecompiledLibrary=second\nTEXT A.VHD\nEND SourceFile\n"
+        "END SourceFileGroup\n"
+        "START SourceFileGroup Language=Verilog\n"
+        "START SourceFile Library=true PrecompiledLibrary=third\nTEXT b.vhd\nEND SourceFile\n"
+        "START SourceFile Library=true\nTEXT t.v\nEND SourceFile\n"
+        "END SourceFileGroup\n");
+    EXPECT_EQ(GroupsOf(Build.Groups),
+              "Verilog: b.vhd!@third(t.v ) t.v!\nVHDL: a.vhd!@second b.vhd!@third(t.v )\n");
+}
+
+TEST_F(SourceFileGroupsFiles, KeepTheBlanksOfALibraryName) {
+    TXMLList xml;
+    TAttributeList group;
+    group.Psh("Language", "VHDL");
+    TAttributeList source;
+    source.Psh("PrecompiledLibrary", " my lib\t");
+    xml.Psh("SourceFileGroup", &group, TElement::START, nullptr);
+    xml.Psh("SourceFile", &source, TElement::START, nullptr);
+    xml.Psh("", nullptr, TElement::TEXT, "a.vhd");
+    DListIterator<TElement*> position(xml);
+    EXPECT_TRUE(Build.Groups.ReadSourceFileGroups(position));
+    EXPECT_EQ(GroupsOf(Build.Groups), "VHDL: a.vhd@ my lib\t\n");
+}
+
 TEST_F(SourceFileGroupsFiles, TakeTheBooleanTextsOfTheLibraryFlag) {
     const struct {
         const char* Text;
