@@ -49,6 +49,8 @@ TEST_F(BuildFileLife, ClearAllEmptiesTheListsAndKeepsTheTexts) {
               "precompiled lib\n"
               "result 9 error 'mismatched tag'\n");
     EXPECT_EQ(Build.GetV2VOptions(), &Options);
+    Build.AddPrecompiledLibraryGroupNoDup("lib");
+    EXPECT_EQ(Build.GetPrecompiledLibraryGroups(), std::vector<std::string>{"lib"});
 }
 
 TEST_F(BuildFileLife, ClearAllKeepsTheElaborateOnlyFlagButNeitherGofFlagNorDiagram) {

@@ -441,50 +441,6 @@ TEST(BuildFileReader, RebuildsTheLibraryGroupsFromTheHdlGroup) {
     EXPECT_EQ(read.Build.GetPrecompiledLibraryGroups(), (std::vector<std::string>{"b", "a"}));
 }
 
-TEST(BuildFileReader, ReadsWhatItWrites) {
-    ReadBuild read(
-        "<HdlBuildFile TopLevelLanguage='VHDL' QmvVersion='q' IdlVersion='i' HvlLanguage='Verilog' "
-        "HdlLanguage='VHDL' BaseTimeUnit='fs' DisplayTimeUnit='s' SugarEngineDll='s.dll' "
-        "GenerationDestinationLibrary='' DestinationLibrary='a &amp; b' SnapshotName='' "
-        "SingleFileOnlyBuild='true'/>"
-        "<TopLevelComponents ForceTopLevelComponents='true'><ComponentList Language='VHDL'>"
-        "<Component Library='l' Architecture='a'>\\odd name\\</Component></ComponentList>"
-        "<ComponentList Language='Verilog'/></TopLevelComponents>"
-        "<ExternalSimulatorSettings><Tool Name='VCS' Path='' PliLibPath='x y.so'>Verilog</Tool>"
-        "</ExternalSimulatorSettings>"
-        "<GeneralConfiguration CompileVerilogFiles='true' EnableSimulatorDebugging='false'/>"
-        "<ProjectLanguageConfigurationList><LanguageSettings Language='VHDL'><SimTool>Scirocco"
-        "</SimTool><DestinationLibraryName><![CDATA[]]></DestinationLibraryName>"
-        "<BuildOptions> -x  \"y z\" </BuildOptions></LanguageSettings>"
-        "</ProjectLanguageConfigurationList>"
-        "<Vhdl2VerilogTranslationOptions><v2v-np Enabled='true'><AdditionalOptions>p q"
-        "</AdditionalOptions></v2v-np></Vhdl2VerilogTranslationOptions>"
-        "<OutputDiagram>d/o.btim</OutputDiagram>"
-        "<SourceFileGroup Language='VHDL'>"
-        "<SourceFile Library='true' PrecompiledLibrary='l &lt; m'>a.vhd"
-        "<Dependency>pkg/p &amp; q.vhd</Dependency><Dependency>../up.vhd</Dependency></SourceFile>"
-        "</SourceFileGroup><SourceFileGroup Language='Verilog'><SourceFile>v.v</SourceFile>"
-        "</SourceFileGroup>"
-        "<BuildFileVariables><Variable Name='A' Value='\"1\"'/></BuildFileVariables>");
-    read.Build.ReadFromFile();
-    ASSERT_TRUE(read.Build.WriteToFile());
-    const std::string first = read.Folder.Read("build.xml");
-    ReadBuild again("");
-    again.Folder.Write("build.xml", first);
-    EXPECT_EQ(again.Build.ReadFromFile(), READ_FILES_MISSING);
-    ASSERT_TRUE(again.Build.WriteToFile());
-    EXPECT_EQ(again.Folder.Read("build.xml"), first);
-    // Nothing of the original was lost on the way either.
-    for (const char* part :
-         {"DestinationLibrary=\"a &amp; b\"", ">\\odd name\\<", "PliLibPath=\"x y.so\"",
-          "<BuildOptions> -x  \"y z\" </BuildOptions>",
-          "<DestinationLibraryName><![CDATA[]]></DestinationLibraryName>",
-          "<AdditionalOptions>p q</AdditionalOptions>", "<OutputDiagram>d/o.btim</OutputDiagram>",
-          "Library=\"true\" PrecompiledLibrary=\"l &lt; m\">a.vhd<Dependency>pkg/p &amp; q.vhd<",
-          "<Dependency>../up.vhd</Dependency>", "Value=\"&quot;1&quot;\""})
-        EXPECT_NE(first.find(part), std::string::npos) << part;
-}
-
 // The folders are the library's own to make: other programs may not know paths of this length.
 TEST(BuildFileReader, ReadsAndSavesBesideFilesOfAnyNameAndLength) {
     const TemporaryFolder folder;
