@@ -1,8 +1,9 @@
 #include "services/files/directories.h"
 #include "services/files/filenameparts.h"
-#include "services/files/host.h"
+#include "services/files/pathconventions.h"
 #include "services/files/pathpieces.h"
 #include "services/files/pathtext.h"
+#include "services/files/process.h"
 #include <optional>
 
 namespace {
@@ -15,15 +16,15 @@ std::string DirectoryText(const std::string& path) {
     const std::string canonical = CanonicalPath(path);
     return canonical.empty() || IsPathDelimiter(canonical.back())
                ? canonical
-               : CanonicalPath(canonical + Host::kDelimiter);
+               : CanonicalPath(canonical + kPathDelimiter);
 }
 
 std::string ModuleDirectory() {
-    return SplitPath(CanonicalPath(Host::ModuleFile())).Join(PART_DIRECTORY);
+    return SplitPath(CanonicalPath(GetModuleFile())).Join(PART_DIRECTORY);
 }
 
 std::string ConfigurationDirectory() {
-    return DirectoryText(JoinPath(CanonicalPath(Host::ConfigurationFolder()), kFolderName));
+    return DirectoryText(JoinPath(CanonicalPath(GetConfigurationFolder()), kFolderName));
 }
 
 /// A directory that is found out when first asked for, unless somebody sets it.

@@ -1,6 +1,7 @@
 #include "services/files/filereplace.h"
 #include "services/files/filenameparts.h"
-#include "services/files/host.h"
+#include "services/files/filesave.h"
+#include "services/files/filesystem.h"
 #include "services/files/pathpieces.h"
 #include "services/files/pathtext.h"
 
@@ -14,18 +15,21 @@ std::string Canonical(const char* path) {
 
 TFileReadResult ReadWholeFile(const char* path, std::string* bytes, std::string* reason) {
     std::string unused;
-    return Host::ReadBytes(Canonical(path), bytes ? bytes : &unused, reason);
+    const TFileResult result = GetFileSystem().Read(Canonical(path), bytes ? bytes : &unused);
+    if (result.IsDone()) return FILE_READ_DONE;
+    if (reason) *reason = result.Reason;
+    return result.Fault == TFileFault::Missing ? FILE_READ_MISSING : FILE_READ_FAILED;
 }
 
 bool ReplaceWholeFile(const char* path, std::string_view bytes, std::string* reason) {
-    return Host::ReplaceBytes(Canonical(path), bytes, {}, reason);
+    return SaveFile(Canonical(path), bytes, {}, reason);
 }
 
 bool KeepBackup(const char* path, std::string* reason) {
     const std::string original = Canonical(path);
     std::string bytes;
-    return Host::ReadBytes(original, &bytes, reason) == FILE_READ_DONE &&
-           Host::ReplaceBytes(original + ".bak", bytes, original, reason);
+    return ReadWholeFile(path, &bytes, reason) == FILE_READ_DONE &&
+           SaveFile(original + ".bak", bytes, original, reason);
 }
 
 bool MakeDirectoryOf(const char* path) {
@@ -34,6 +38,6 @@ bool MakeDirectoryOf(const char* path) {
     const TPathPieces pieces = SplitPath(directory);
     for (std::size_t end = pieces.Drive.size() + pieces.Root.size(); end < directory.size(); ++end)
         // Those that exist already fail here; the last look tells the result.
-        if (IsPathDelimiter(directory[end])) Host::MakeFolder(directory.substr(0, end));
+        if (IsPathDelimiter(directory[end])) GetFileSystem().MakeFolder(directory.substr(0, end));
     return LookAtFile(directory).IsDirectory;
 }

@@ -11,8 +11,10 @@ HDLBUILDFILE_API TFileReadResult ReadWholeFile(const char* path, std::string* by
                                                std::string* reason);
 
 /// Writes a new file in the same folder, flushes it to the disk and puts it in the place of `path`,
-/// through links and keeping the permissions. A folder that takes no new file is a failure: the old
-/// file is never written in place and stays as it was.
+/// through links and keeping owner, permissions and extended attributes as far as the user may set
+/// them. The old file is never written in place; it stays as it was when any step fails, a folder
+/// that takes no new file and one whose change does not reach the disk included. What a save of this
+/// file left behind, because its process was killed, is removed.
 HDLBUILDFILE_API bool ReplaceWholeFile(const char* path, std::string_view bytes,
                                        std::string* reason);
 

@@ -1,5 +1,5 @@
 #include "services/files/filestatus.h"
-#include "services/files/host.h"
+#include "services/files/filesystem.h"
 
 namespace {
 std::uint64_t LookCount = 0;
@@ -10,17 +10,17 @@ constexpr std::int64_t kNanosecondsPerWordUnit =
 
 TFileStatus LookAtFile(const std::string& path) {
     ++LookCount;
-    return Host::StatusOf(path);
+    return GetFileSystem().GetStatus(path);
 }
 
 bool LookWhetherReadable(const std::string& path) {
     ++LookCount;
-    return Host::CanRead(path);
+    return GetFileSystem().CanRead(path);
 }
 
 bool LookWhetherWritable(const std::string& path) {
     ++LookCount;
-    return Host::CanWrite(path);
+    return GetFileSystem().CanWrite(path);
 }
 
 std::uint64_t CountOfFileLooks() {

@@ -6,8 +6,9 @@
 struct TFileStatus {
     bool Exists = false;
     bool IsDirectory = false;
-    std::int64_t Time = 0;  ///< of the last modification, in nanoseconds since 1970 UTC
-    std::int64_t Size = 0;  ///< in bytes
+    std::int64_t Time = 0;   ///< of the last modification, in nanoseconds since 1970 UTC
+    std::int64_t Size = 0;   ///< in bytes
+    bool IsUnknown = false;  ///< the look failed: there may be a file all the same
 
     /// Whether the file is still the same, as far as one look can tell.
     bool operator==(const TFileStatus& other) const {

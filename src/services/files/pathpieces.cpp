@@ -1,7 +1,7 @@
 #include "services/files/pathpieces.h"
 #include "services/base/fold.h"
 #include "services/files/filenameparts.h"
-#include "services/files/host.h"
+#include "services/files/pathconventions.h"
 #include "services/files/pathtext.h"
 #include <algorithm>
 #include <array>
@@ -22,7 +22,7 @@ std::array<TPiece, 5> PiecesInOrder(const TPathPieces& pieces) {
 }
 
 char DelimiterOf(std::string_view path) {
-    return SplitPath(path).Drive.empty() ? Host::kDelimiter : '\\';
+    return SplitPath(path).Drive.empty() ? kPathDelimiter : '\\';
 }
 
 bool EndsWithDelimiter(std::string_view path) {
@@ -30,7 +30,7 @@ bool EndsWithDelimiter(std::string_view path) {
 }
 
 bool IsSamePart(std::string_view a, std::string_view b) {
-    return Host::kIgnoresCase ? EqualIgnoringCase(a, b) : a == b;
+    return kPathsIgnoreCase ? EqualIgnoringCase(a, b) : a == b;
 }
 
 /// Takes the first part off `path`, with its delimiter.

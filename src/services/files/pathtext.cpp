@@ -1,5 +1,6 @@
 #include "services/files/pathtext.h"
-#include "services/files/host.h"
+#include "services/files/filesystem.h"
+#include "services/files/pathconventions.h"
 #include "services/files/pathpieces.h"
 #include <algorithm>
 
@@ -17,12 +18,12 @@ std::size_t EndOfPart(std::string_view path, std::size_t start) {
 bool BeginsWithDrive(std::string_view path) {
     if (path.size() < 2 || !IsLetter(path[0]) || path[1] != ':') return false;
     // "a:b" is a plain file name where there are no drives.
-    return Host::kHasDrives || path.size() == 2 || IsPathDelimiter(path[2]);
+    return kPathsHaveDrives || path.size() == 2 || IsPathDelimiter(path[2]);
 }
 
 bool BeginsWithHost(std::string_view path) {
     if (path.size() < 3 || IsPathDelimiter(path[2])) return false;
-    if (Host::kHasDrives) return IsPathDelimiter(path[0]) && IsPathDelimiter(path[1]);
+    if (kPathsHaveDrives) return IsPathDelimiter(path[0]) && IsPathDelimiter(path[1]);
     return path[0] == '\\' && path[1] == '\\';
 }
 
@@ -48,7 +49,7 @@ std::string_view WithoutLengthPrefix(std::string_view path, std::string* storage
 class TCanonicalText {
 public:
     void Begin(std::string_view drive, std::size_t expectedLength) {
-        Delimiter = drive.empty() ? Host::kDelimiter : '\\';
+        Delimiter = drive.empty() ? kPathDelimiter : '\\';
         Text.reserve(expectedLength + 2);
         if (drive.size() > 2)
             Text.append("\\\\").append(drive.substr(2));
@@ -86,7 +87,7 @@ private:
 
     std::string Text;
     std::size_t LengthOfRoot = 0;
-    char Delimiter = Host::kDelimiter;
+    char Delimiter = kPathDelimiter;
 };
 
 /// The canonical form of a path without length prefix.
@@ -98,7 +99,7 @@ std::string Resolve(std::string_view path) {
     if (isRooted) {
         text.Begin(drive, path.size());
     } else {
-        const std::string directory = Host::WorkingDirectory(drive);
+        const std::string directory = GetFileSystem().GetWorkingDirectory(drive);
         const std::size_t lengthOfDrive = LengthOfDrive(directory);
         text.Begin(std::string_view(directory).substr(0, lengthOfDrive),
                    directory.size() + path.size());

@@ -3,7 +3,7 @@
 #include "services/files/directories.h"
 #include "services/files/filereplace.h"
 #ifdef _WIN32
-#include "services/files/host_windows.h"
+#include "services/files/nativepath_windows.h"
 #endif
 #include <cstdio>
 #include <deque>
@@ -33,7 +33,7 @@ public:
 
 std::FILE* OpenForAppending(const std::string& path) {
 #ifdef _WIN32
-    return _wfopen(Host::NativePath(path).c_str(), L"ab");
+    return _wfopen(NativePath(path).c_str(), L"ab");
 #else
     return std::fopen(path.c_str(), "ab");
 #endif

@@ -1,6 +1,7 @@
 #include "services/names/environment.h"
 #include "services/base/fold.h"
-#include "services/files/host.h"
+#include "services/files/pathconventions.h"
+#include "services/files/process.h"
 #include "services/names/ifilename.h"
 #include <string_view>
 #include <unordered_map>
@@ -117,7 +118,7 @@ private:
             if (variable != Variables->end()) return &variable->second;
         }
         // One variable of the process may go by several spellings there.
-        const std::string key = Host::kIgnoresCase ? FoldCase(name) : name;
+        const std::string key = kPathsIgnoreCase ? FoldCase(name) : name;
         const auto [known, isNew] = ValuesOfProcess.try_emplace(key);
         if (isNew) GetEnvironmentVariableText(name.c_str(), &known->second);
         return known->second.empty() ? nullptr : &known->second;
@@ -165,7 +166,7 @@ void AddPseudoEnvironmentVariablesForFilename(TPseudoVariables* variables, const
 
 bool GetEnvironmentVariableText(const char* name, std::string* value) {
     if (!name || !*name) return false;
-    std::string text = Host::EnvironmentVariable(name);
+    std::string text = GetEnvironmentText(name);
     if (text.empty()) return false;
     if (value) *value = std::move(text);
     return true;

@@ -1,8 +1,9 @@
 #pragma once
 #include "services/files/filereplace.h"
 #include "services/files/filestatus.h"
-#include "services/files/host.h"
+#include "services/files/filesystem.h"
 #include "services/files/keptpathtext.h"
+#include "services/files/pathconventions.h"
 #include "services/files/pathpieces.h"
 #include "services/files/pathtext.h"
 #include "services/names/ifilename.h"
@@ -15,10 +16,10 @@ template <class Base>
 class TFileNameQueries : public Base {
 public:
     const char* CanonicalWithExpandedLinks() const override {
-        const std::string real = Host::ExpandLinks(Path());
+        const std::string real = GetFileSystem().ExpandLinks(Path());
         if (real.empty()) return Text;
         const bool isDirectory = IsPathDelimiter(Text[Length - 1]);
-        return KeptPathText(CanonicalPath(isDirectory ? real + Host::kDelimiter : real));
+        return KeptPathText(CanonicalPath(isDirectory ? real + kPathDelimiter : real));
     }
     const char* Canonical(bool) const override { return Text; }
     const char* CanonicalWithoutFinalSlash() const override {
@@ -28,7 +29,7 @@ public:
     const char* ShortName(bool) const override { return GetNameAndExt(); }
     TMyString OsFriendlyCanonical(bool) const override {
         std::string friendly = Path();
-        std::replace_if(friendly.begin(), friendly.end(), IsPathDelimiter, Host::kDelimiter);
+        std::replace_if(friendly.begin(), friendly.end(), IsPathDelimiter, kPathDelimiter);
         return friendly;
     }
     const char* Squeezed(int length, bool) const override {
@@ -50,9 +51,11 @@ public:
         return name.back() == '~' || (name.front() == '#' && name.back() == '#');
     }
 
-    bool Remove() const override { return Host::RemoveEntry(Path()); }
-    int ChangeDir() const override { return Host::ChangeWorkingDirectory(Path()) ? 0 : -1; }
-    int CreateDir() const override { return Host::MakeFolder(Path()) ? 0 : -1; }
+    bool Remove() const override { return GetFileSystem().Remove(Path()).IsDone(); }
+    int ChangeDir() const override {
+        return GetFileSystem().ChangeWorkingDirectory(Path()).IsDone() ? 0 : -1;
+    }
+    int CreateDir() const override { return GetFileSystem().MakeFolder(Path()).IsDone() ? 0 : -1; }
 
     std::string GetRelativeFileNameString(const IFileName* base, bool, bool) const override {
         return RelativeToDirectory(base ? base->GetPathOnly() : "", View());

@@ -86,7 +86,7 @@ private:
     /// Where case makes no difference, all spellings share one record.
     TStampedFile GetStampedFile() const {
         const TFileIdentity identity = GetIdentity();
-        return {Host::kIgnoresCase ? identity.Folded : identity.Canonical, identity.Hash};
+        return {kPathsIgnoreCase ? identity.Folded : identity.Canonical, identity.Hash};
     }
     static std::string_view KeyText(const char* key) { return key ? key : ""; }
     void TellObservers() const {
@@ -232,7 +232,7 @@ TFileIdentity GetFileIdentity(const ISFileName* file) {
 
 void ReportNamesake(const ISFileName* listed, const ISFileName* file) {
     // Where case makes no difference, two spellings are one file.
-    if (Host::kIgnoresCase || listed == file || !__BinaryLogDiagnosticGroupDefault.IsEnabled(1))
+    if (kPathsIgnoreCase || listed == file || !__BinaryLogDiagnosticGroupDefault.IsEnabled(1))
         return;
     const std::string kept(GetFileIdentity(listed).Canonical);
     const std::string other(GetFileIdentity(file).Canonical);

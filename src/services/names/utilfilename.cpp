@@ -1,5 +1,5 @@
 #include "services/names/utilfilename.h"
-#include "services/files/host.h"
+#include "services/files/pathconventions.h"
 #include "services/files/pathpieces.h"
 #include "services/files/pathtext.h"
 
@@ -21,7 +21,7 @@ void TUtilFileName::PushDirectory(const char* name) {
     if (!name || !*name) return;
     std::string path = JoinPath(Text, name);
     if (!IsPathDelimiter(path.back()))
-        path += SplitPath(path).Drive.empty() ? Host::kDelimiter : '\\';
+        path += SplitPath(path).Drive.empty() ? kPathDelimiter : '\\';
     SetText(std::move(path));
 }
 

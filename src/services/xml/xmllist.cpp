@@ -1,9 +1,11 @@
 #include "services/xml/xmllist.h"
 
-#include <unordered_set>
+#include <unordered_map>
 
 #include "services/base/fold.h"
 #include "services/files/filereplace.h"
+#include "services/files/filestatus.h"
+#include "services/files/pathconventions.h"
 #include "services/logging/binarylog.h"
 #include "services/logging/messagebox.h"
 #include "services/names/isfilename.h"
@@ -18,30 +20,35 @@ namespace {
 constexpr int kReadFailureLine = 105;
 
 // The files whose last read failed, whichever list read them: every read and every write has a list
-// of its own. Never destroyed, as lists may be used until the process ends.
-std::unordered_set<std::string>& GetUnreadFiles() {
-    static auto* const files = new std::unordered_set<std::string>;
+// of its own. Under each name is the file that it led to: a save goes through links, which cannot
+// be followed every time. Never destroyed, as lists may be used until the process ends.
+std::unordered_map<std::string, std::string>& GetUnreadFiles() {
+    static auto* const files = new std::unordered_map<std::string, std::string>;
     return *files;
 }
 
-// A save goes through links.
-std::string GetFileKey(const ISFileName* file) {
-#ifdef _WIN32
-    return FoldCase(file->CanonicalWithExpandedLinks());
-#else
-    return file->CanonicalWithExpandedLinks();
-#endif
+std::string GetNameKey(const char* name) {
+    return kPathsIgnoreCase ? FoldCase(name) : name;
 }
 
 void NoteRead(const ISFileName* file, bool succeeded) {
+    const std::string name = GetNameKey(file->Canonical(false));
+    const std::string target = GetNameKey(file->CanonicalWithExpandedLinks());
     if (succeeded)
-        GetUnreadFiles().erase(GetFileKey(file));
+        std::erase_if(GetUnreadFiles(), [&](const auto& unread) {
+            return unread.first == name || unread.second == target;
+        });
     else
-        GetUnreadFiles().insert(GetFileKey(file));
+        GetUnreadFiles()[name] = GetUnreadFiles()[target] = target;
 }
 
+// Also when the disk does not tell whether the file is there: the backup finds out.
 bool MustBeKept(const ISFileName* file) {
-    return GetUnreadFiles().count(GetFileKey(file)) > 0 && file->Exists();
+    if (!GetUnreadFiles().contains(GetNameKey(file->Canonical(false))) &&
+        !GetUnreadFiles().contains(GetNameKey(file->CanonicalWithExpandedLinks())))
+        return false;
+    const TFileStatus status = LookAtFile(file->Canonical(false));
+    return status.Exists || status.IsUnknown;
 }
 
 std::string DescribeReadError(const char* path, const TXMLReadError& error) {

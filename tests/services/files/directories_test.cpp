@@ -1,5 +1,4 @@
 #include "services/files/directories.h"
-#include "services/files/host.h"
 #include "services/ini/inifilenames.h"
 #include "services/ini/propcache.h"
 #include "services/names/isfilename.h"

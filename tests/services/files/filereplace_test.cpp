@@ -4,11 +4,17 @@
 #include <functional>
 #include <gtest/gtest.h>
 #ifndef _WIN32
+#include "services/files/filesystem_posix.h"
+#include <algorithm>
 #include <csignal>
+#include <grp.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
+#ifdef __linux__
+#include <sys/xattr.h>
 #endif
 
 namespace {
@@ -268,6 +274,110 @@ TEST(FileReplace, RemovesItsTemporaryFileWhenTheDiskIsFull) {
     EXPECT_EQ(folder.Read("a.txt"), "old");
     EXPECT_EQ(folder.List(), "a.txt\n");
 }
+
+/// The process is killed in the middle of a save.
+class TDyingSystem : public TPosixFileSystem {
+public:
+    TFileResult Rename(const std::string&, const std::string&) override {
+        raise(SIGKILL);
+        return {};
+    }
+};
+
+TEST(FileReplace, RemovesWhatAKilledSaveLeft) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.txt", "old");
+    EXPECT_FALSE(Succeeds(Start([&path] {
+        TDyingSystem system;
+        SetFileSystem(&system);
+        return ReplaceWholeFile(path.c_str(), "new", nullptr);
+    })));
+    EXPECT_EQ(folder.Read("a.txt"), "old");
+    const std::string left = folder.List();
+    ASSERT_EQ(std::count(left.begin(), left.end(), '\n'), 3) << left;
+    EXPECT_TRUE(ReplaceWholeFile(folder.Path("b.txt").c_str(), "b", nullptr));
+    EXPECT_EQ(folder.List(), left + "b.txt\n");
+    EXPECT_TRUE(ReplaceWholeFile(path.c_str(), "newer", nullptr));
+    EXPECT_EQ(folder.Read("a.txt"), "newer");
+    EXPECT_EQ(folder.List(), "a.txt\nb.txt\n");
+}
+
+TEST(FileReplace, LeavesTheSaveOfALivingProcessAlone) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.txt", "old");
+    const pid_t living = Start([] {
+        pause();
+        return true;
+    });
+    const std::string own = GetNativeFileSystem().GetProcessMark();
+    const std::string mark = own.substr(0, own.find('.') + 1) + std::to_string(living);
+    EXPECT_FALSE(GetNativeFileSystem().IsProcessGone(mark));
+    EXPECT_FALSE(GetNativeFileSystem().IsProcessGone(own));
+    EXPECT_FALSE(GetNativeFileSystem().IsProcessGone("1." + std::to_string(living)));
+    EXPECT_FALSE(GetNativeFileSystem().IsProcessGone(own.substr(0, own.find('.') + 1) + "0"));
+    EXPECT_FALSE(GetNativeFileSystem().IsProcessGone(""));
+    kill(living, SIGKILL);
+    Succeeds(living);
+    EXPECT_TRUE(GetNativeFileSystem().IsProcessGone(mark));
+}
+
+TEST(FileReplace, DropsTheSetIdBitsWithTheOwner) {
+    if (getuid() != 0) GTEST_SKIP() << "only the administrator can make such files";
+    constexpr uid_t kOwner = 12'345;
+    constexpr uid_t kNobody = 65'534;
+    constexpr gid_t kGroup = 12'346;
+    const struct {
+        const char* Label;
+        bool (*Become)();
+        uid_t Owner;
+        gid_t Group;
+        mode_t Mode;
+    } rows[] = {
+        {"the administrator", [] { return true; }, kOwner, kGroup, 06777},
+        {"a member of the group",
+         [] {
+             const gid_t group = kGroup;
+             return setgroups(1, &group) == 0 && BecomeOrdinaryUser();
+         },
+         kNobody, kGroup, 0777},
+        {"anybody", BecomeOrdinaryUser, kNobody, getgid(), 0777},
+    };
+    for (const auto& row : rows) {
+        const TemporaryFolder folder;
+        ASSERT_EQ(chmod(folder.Path().c_str(), 0777), 0);
+        const std::string path = folder.Write("a.txt", "old");
+        ASSERT_EQ(chown(path.c_str(), kOwner, kGroup), 0);
+        ASSERT_EQ(chmod(path.c_str(), 06777), 0);
+        EXPECT_TRUE(Succeeds(Start([&] {
+            return row.Become() && ReplaceWholeFile(path.c_str(), "new", nullptr);
+        }))) << row.Label;
+        struct stat status = {};
+        ASSERT_EQ(stat(path.c_str(), &status), 0);
+        EXPECT_EQ(status.st_uid, row.Owner) << row.Label;
+        EXPECT_EQ(status.st_gid, row.Group) << row.Label;
+        EXPECT_EQ(status.st_mode & 07777, row.Mode) << row.Label;
+    }
+}
+
+#ifdef __linux__
+TEST(FileReplace, KeepsExtendedAttributes) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.txt", "old");
+    const std::string value("re\0vision", 9);
+    if (setxattr(path.c_str(), "user.origin", value.data(), value.size(), 0) != 0)
+        GTEST_SKIP() << "the file system keeps none";
+    ASSERT_EQ(setxattr(path.c_str(), "user.empty", "", 0, 0), 0);
+    EXPECT_TRUE(ReplaceWholeFile(path.c_str(), "new", nullptr));
+    EXPECT_TRUE(KeepBackup(path.c_str(), nullptr));
+    for (const std::string& file : {path, path + ".bak"}) {
+        char buffer[100] = {};
+        const ssize_t size = getxattr(file.c_str(), "user.origin", buffer, sizeof buffer);
+        ASSERT_GE(size, 0) << file;
+        EXPECT_EQ(std::string(buffer, static_cast<std::size_t>(size)), value) << file;
+        EXPECT_EQ(getxattr(file.c_str(), "user.empty", buffer, sizeof buffer), 0) << file;
+    }
+}
+#endif
 
 TEST(FileReplace, LeavesAWholeFileWhenTwoProcessesSaveAtOnce) {
     const TemporaryFolder folder;

@@ -5,6 +5,7 @@
 #include "services/files/filereplace.h"
 #include "services/names/isfilename.h"
 #include "tests/services/xml/documents.h"
+#include "tests/support/memoryfilesystem.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 
@@ -427,6 +428,29 @@ TEST(XMLList, DoesNotReplaceAnUnreadFileThatItCannotKeep) {
     EXPECT_EQ(box.Take(),
               Message("Cannot save file", path, ": " + ReplaceReason(folder.Path("a.xml.bak"))));
     EXPECT_EQ(folder.Read("a.xml"), "damaged");
+}
+
+TEST(XMLList, LosesNoUnreadFileWhicheverLookAtTheDiskFails) {
+    for (const char* name : {"/p/a.xml", "/p/link.xml"}) {
+        for (int number = 1;; ++number) {
+            MemoryFileSystem disk;
+            disk.Put("/p/a.xml", "damaged");
+            disk.PutLink("/p/link.xml", "/p/a.xml");
+            RecordingMessageBox box;
+            ASSERT_FALSE(ReadQuietly(name));
+            disk.FailAt(number, {TFileFault::Other, "broken"});
+            const bool isWritten = WriteHooked(name);
+            if (static_cast<int>(disk.GetOperations().size()) < number) break;
+            const std::string label = std::string(name) + ", operation " + std::to_string(number) +
+                                      ", " +
+                                      disk.GetOperations()[static_cast<std::size_t>(number) - 1];
+            EXPECT_EQ(disk.Text("/p/a.xml"), isWritten ? kHookedDocument : "damaged") << label;
+            if (isWritten) {
+                EXPECT_EQ(disk.Text(name + std::string(".bak")), "damaged") << label;
+            }
+            EXPECT_EQ(box.Take() == "", isWritten) << label;
+        }
+    }
 }
 
 #ifndef _WIN32

@@ -1,0 +1,167 @@
+#include "services/files/filesave.h"
+#include "services/base/fold.h"
+#include "services/files/filesystem.h"
+#include "services/files/pathconventions.h"
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+namespace {
+
+constexpr std::string_view kTemporaryEnd = ".tmp";
+
+/// One save, a step an operation. An operation answers false when the save fails.
+class TFileSave {
+public:
+    TFileSave(IFileSystem& system, const std::string& path) : System(system), Target(path) {}
+
+    bool Run(std::string_view bytes, const std::string& like) {
+        if (!FollowLinks() || !LookAtTarget()) return false;
+        RemoveLeftovers();
+        const bool isDone = WriteTemporary(bytes, TargetExists ? Target : like) && PutInPlace();
+        RemoveTemporaries();
+        return isDone;
+    }
+    const std::string& GetReason() const { return Reason; }
+
+private:
+    bool Check(const TFileResult& result) {
+        if (result.IsDone()) return true;
+        Reason = result.Reason;
+        return false;
+    }
+
+    /// Links in the place of the file itself; those in its folders need no care.
+    bool FollowLinks() {
+        constexpr int kMostLinks = 40;
+        for (int links = 0; links <= kMostLinks; ++links) {
+            std::string next;
+            const TFileResult result = System.ReadLink(Target, &next);
+            if (result.Fault == TFileFault::NotALink || result.Fault == TFileFault::Missing)
+                return true;
+            if (!Check(result)) return false;
+            Target = next;
+        }
+        Reason = "Too many levels of symbolic links";
+        return false;
+    }
+
+    bool LookAtTarget() {
+        const std::size_t name = Target.rfind(kPathDelimiter) + 1;
+        Folder = Target.substr(0, name);
+        // With the file's name, so that another file's save leaves it alone, but short enough for
+        // every file system.
+        TemporaryBegin = ".hdlbuildfile-" +
+                         std::to_string(HashIgnoringCase(std::string_view(Target).substr(name))) +
+                         "-";
+        const TFileResult result = System.CheckReplaceable(Target);
+        TargetExists = result.IsDone();
+        return result.Fault == TFileFault::Missing || Check(result);
+    }
+
+    /// The temporary files of saves that will not go on any more. Nothing depends on it.
+    void RemoveLeftovers() {
+        std::vector<std::string> names;
+        if (!System.ListFolder(Folder, &names).IsDone()) return;
+        for (const std::string& name : names)
+            if (IsLeftover(name)) System.Remove(Folder + name);
+    }
+
+    bool IsLeftover(const std::string& name) const {
+        if (!name.starts_with(TemporaryBegin) || !name.ends_with(kTemporaryEnd)) return false;
+        const std::size_t begin = TemporaryBegin.size();
+        const std::string mark = name.substr(begin, name.find('-', begin) - begin);
+        // One save at a time: those of this process have ended.
+        return mark == System.GetProcessMark() || System.IsProcessGone(mark);
+    }
+
+    /// A name that no other file in the folder has, of another process or machine neither.
+    std::string NewTemporaryName() const {
+        static unsigned number = 0;
+        return Folder + TemporaryBegin + System.GetProcessMark() + "-" +
+               std::to_string(System.GetTime()) + "-" + std::to_string(number++) +
+               std::string(kTemporaryEnd);
+    }
+
+    /// Nobody else reads the bytes before the permissions are those of the file `like`.
+    bool Create(bool isPrivate, TFileNumber* file) {
+        constexpr int kMostTries = 100;
+        for (int tries = 1;; ++tries) {
+            const std::string name = NewTemporaryName();
+            const TFileResult result = System.Create(name, isPrivate, file);
+            if (result.IsDone()) Temporary = name;
+            if (result.Fault != TFileFault::NameTaken || tries == kMostTries) return Check(result);
+        }
+    }
+
+    bool WriteTemporary(std::string_view bytes, const std::string& like) {
+        TFileNumber file = 0;
+        if (!Create(!like.empty(), &file)) return false;
+        const bool isWritten = WriteAll(file, bytes) &&
+                               (like.empty() || Check(System.TakeOver(file, like))) &&
+                               Check(System.Flush(file));
+        // Also a late write error arrives here.
+        const TFileResult closed = System.Close(file);
+        return isWritten && Check(closed);
+    }
+
+    bool WriteAll(TFileNumber file, std::string_view bytes) {
+        while (!bytes.empty()) {
+            std::size_t count = 0;
+            if (!Check(System.Write(file, bytes, &count))) return false;
+            if (count == 0) {
+                Reason = "the file takes no more bytes";
+                return false;
+            }
+            bytes.remove_prefix(std::min(count, bytes.size()));
+        }
+        return true;
+    }
+
+    /// The renaming must survive a power failure as well. When it cannot be flushed, the old file
+    /// comes back under its second name.
+    bool PutInPlace() {
+        if (TargetExists) KeepSecondName();
+        if (!Check(System.Rename(*Temporary, Target))) return false;
+        Temporary.reset();
+        if (Check(System.FlushFolder(Folder))) return true;
+        if (!TargetExists)
+            System.Remove(Target);
+        else if (Former && System.Rename(*Former, Target).IsDone())
+            Former.reset();
+        return false;
+    }
+
+    /// Not every file system knows second names.
+    void KeepSecondName() {
+        const std::string name = NewTemporaryName();
+        if (System.Link(Target, name).IsDone()) Former = name;
+    }
+
+    void RemoveTemporaries() {
+        for (const auto& name : {Temporary, Former}) {
+            // What holds a file for a moment, such as a virus scanner, has let it go the second
+            // time.
+            if (name && !System.Remove(*name).IsDone()) System.Remove(*name);
+        }
+    }
+
+    IFileSystem& System;
+    std::string Target;
+    std::string Folder;  // with the delimiter that ends it
+    std::string TemporaryBegin;
+    std::optional<std::string> Temporary;  // what is to be removed at the end
+    std::optional<std::string> Former;     // the old file under a second name
+    std::string Reason;
+    bool TargetExists = false;
+};
+
+}  // namespace
+
+bool SaveFile(const std::string& path, std::string_view bytes, const std::string& like,
+              std::string* reason) {
+    TFileSave save(GetFileSystem(), path);
+    if (save.Run(bytes, like)) return true;
+    if (reason) *reason = save.GetReason();
+    return false;
+}

@@ -1,0 +1,157 @@
+#include "services/files/filesystem_posix.h"
+#include "services/base/fold.h"
+#include <cerrno>
+#include <charconv>
+#include <chrono>
+#include <climits>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <dirent.h>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace {
+
+std::int64_t NanosecondsOf(const struct stat& status) {
+#ifdef __APPLE__
+    const timespec& time = status.st_mtimespec;
+#else
+    const timespec& time = status.st_mtim;
+#endif
+    return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+}
+
+TFileFault FaultOf(int error) {
+    switch (error) {
+        case ENOENT:
+            return TFileFault::Missing;
+        case EINVAL:
+            return TFileFault::NotALink;
+        case EEXIST:
+            return TFileFault::NameTaken;
+        default:
+            return TFileFault::Other;
+    }
+}
+
+/// What tells the machine, and the container, from others that reach the same files: process
+/// numbers count within it only.
+std::string MarkOfMachine() {
+    char text[256] = {};
+    gethostname(text, sizeof text - 1);
+    std::string machine = text;
+    // The container's space of process numbers, where the system has such.
+    const ssize_t length = readlink("/proc/self/ns/pid", text, sizeof text);
+    if (length > 0) machine.append(text, static_cast<std::size_t>(length));
+    return std::to_string(HashIgnoringCase(machine));
+}
+
+}  // namespace
+
+IFileSystem& GetNativeFileSystem() {
+    // Never destroyed: files are written until the very end of the process.
+    static TPosixFileSystem& system = *new TPosixFileSystem;
+    return system;
+}
+
+TFileResult TPosixFileSystem::FailWith(int error) {
+    return {FaultOf(error), std::strerror(error)};
+}
+
+TFileResult TPosixFileSystem::ResultOf(int status) {
+    return status == 0 ? TFileResult() : FailWith(errno);
+}
+
+TFileStatus TPosixFileSystem::GetStatus(const std::string& path) {
+    struct stat status = {};
+    TFileStatus result;
+    if (stat(Native(path), &status) == 0)
+        return {true, S_ISDIR(status.st_mode), NanosecondsOf(status), status.st_size};
+    result.IsUnknown = errno != ENOENT && errno != ENOTDIR;
+    return result;
+}
+
+bool TPosixFileSystem::CanRead(const std::string& path) {
+    return access(Native(path), R_OK) == 0;
+}
+
+bool TPosixFileSystem::CanWrite(const std::string& path) {
+    return access(Native(path), W_OK) == 0;
+}
+
+std::string TPosixFileSystem::ExpandLinks(const std::string& path) {
+    char* const real = realpath(Native(path), nullptr);
+    if (!real) return {};
+    std::string text = real;
+    // The C library allocated it.
+    std::free(real);
+    return text;
+}
+
+TFileResult TPosixFileSystem::ReadLink(const std::string& path, std::string* target) {
+    char text[PATH_MAX];
+    const ssize_t length = readlink(Native(path), text, sizeof text);
+    if (length < 0) return FailWith(errno);
+    if (static_cast<std::size_t>(length) == sizeof text) return FailWith(ENAMETOOLONG);
+    target->assign(text, static_cast<std::size_t>(length));
+    // A relative one counts from the link's folder.
+    if (!target->starts_with('/')) target->insert(0, path, 0, path.rfind('/') + 1);
+    return {};
+}
+
+TFileResult TPosixFileSystem::ListFolder(const std::string& folder,
+                                         std::vector<std::string>* names) {
+    names->clear();
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(Native(folder)), closedir);
+    if (!entries) return FailWith(errno);
+    errno = 0;
+    while (const dirent* entry = readdir(entries.get())) names->emplace_back(entry->d_name);
+    return ResultOf(errno);
+}
+
+TFileResult TPosixFileSystem::Remove(const std::string& path) {
+    return ResultOf(std::remove(Native(path)));
+}
+
+TFileResult TPosixFileSystem::MakeFolder(const std::string& path) {
+    return ResultOf(mkdir(Native(path), 0777));
+}
+
+TFileResult TPosixFileSystem::ChangeWorkingDirectory(const std::string& path) {
+    return ResultOf(chdir(Native(path)));
+}
+
+std::string TPosixFileSystem::GetWorkingDirectory(std::string_view) {
+    char buffer[PATH_MAX];
+    if (const char* directory = getcwd(buffer, sizeof buffer)) return directory;
+    std::vector<char> longer(sizeof buffer);
+    while (errno == ERANGE) {
+        longer.resize(longer.size() * 2);
+        if (const char* directory = getcwd(longer.data(), longer.size())) return directory;
+    }
+    return "/";
+}
+
+std::int64_t TPosixFileSystem::GetTime() {
+    using namespace std::chrono;
+    return duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();
+}
+
+std::string TPosixFileSystem::GetProcessMark() {
+    static const std::string machine = MarkOfMachine();
+    return machine + "." + std::to_string(getpid());
+}
+
+bool TPosixFileSystem::IsProcessGone(const std::string& mark) {
+    const std::string own = GetProcessMark();
+    const std::size_t dot = own.find('.');
+    if (mark.compare(0, dot + 1, own, 0, dot + 1) != 0) return false;
+    pid_t process = 0;
+    std::from_chars(mark.data() + dot + 1, mark.data() + mark.size(), process);
+    // Asks for a signal's leave and sends none; numbers below 1 mean groups of processes.
+    return process > 0 && kill(process, 0) != 0 && errno == ESRCH;
+}

@@ -1,0 +1,122 @@
+#include "services/files/filesystem_windows.h"
+#include "services/files/nativepath_windows.h"
+#include <algorithm>
+
+// Reading whole files, and the steps of a save.
+
+namespace {
+
+// The calls take 32-bit counts.
+constexpr std::size_t kMostAtOnce = 1U << 30U;
+
+HANDLE Open(const std::string& path, DWORD access, DWORD disposition) {
+    return CreateFileW(NativePath(path).c_str(), access,
+                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, disposition,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+HANDLE HandleOf(TFileNumber file) {
+    return reinterpret_cast<HANDLE>(file);
+}
+
+bool ReadAll(HANDLE file, std::size_t expectedSize, std::string* bytes) {
+    bytes->resize(expectedSize + 1);
+    std::size_t size = 0;
+    for (;;) {
+        if (size == bytes->size()) bytes->resize(size * 2);
+        const auto room = static_cast<DWORD>(std::min(bytes->size() - size, kMostAtOnce));
+        DWORD count = 0;
+        if (!ReadFile(file, bytes->data() + size, room, &count, nullptr)) return false;
+        if (count == 0) break;
+        size += count;
+    }
+    bytes->resize(size);
+    return true;
+}
+
+bool PutInPlace(const std::wstring& from, const std::wstring& to) {
+    // The first keeps attributes and access rights, but wants an old file; the second also works
+    // where the file system cannot do that.
+    return ReplaceFileW(to.c_str(), from.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+                        nullptr) ||
+           MoveFileExW(from.c_str(), to.c_str(),
+                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
+}  // namespace
+
+TFileResult TWindowsFileSystem::Read(const std::string& path, std::string* bytes) {
+    const TFileStatus status = GetStatus(path);
+    if (path.empty()) return FailWith(ERROR_FILE_NOT_FOUND);
+    if (status.IsDirectory) return FailWith(ERROR_ACCESS_DENIED);
+    const HANDLE file = Open(path, GENERIC_READ, OPEN_EXISTING);
+    if (file == INVALID_HANDLE_VALUE) return FailWith(GetLastError());
+    TFileResult result;
+    if (GetFileType(file) != FILE_TYPE_DISK)
+        result = FailWith(ERROR_INVALID_HANDLE);
+    else
+        result = ResultOf(ReadAll(file, static_cast<std::size_t>(status.Size), bytes));
+    CloseHandle(file);
+    return result;
+}
+
+TFileResult TWindowsFileSystem::CheckReplaceable(const std::string& path) {
+    const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return FailWith(GetLastError());
+    const bool isProtected = attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY);
+    return isProtected ? FailWith(ERROR_ACCESS_DENIED) : TFileResult();
+}
+
+TFileResult TWindowsFileSystem::Create(const std::string& path, bool, TFileNumber* file) {
+    const HANDLE handle = Open(path, GENERIC_WRITE, CREATE_NEW);
+    *file = reinterpret_cast<TFileNumber>(handle);
+    return ResultOf(handle != INVALID_HANDLE_VALUE);
+}
+
+TFileResult TWindowsFileSystem::Write(TFileNumber file, std::string_view bytes,
+                                      std::size_t* count) {
+    const auto length = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
+    DWORD written = 0;
+    const bool isWritten = WriteFile(HandleOf(file), bytes.data(), length, &written, nullptr);
+    *count = written;
+    return ResultOf(isWritten);
+}
+
+/// A new file inherits the access rights of its folder, and replacing an old one keeps the old
+/// one's.
+TFileResult TWindowsFileSystem::TakeOver(TFileNumber, const std::string&) {
+    return {};
+}
+
+TFileResult TWindowsFileSystem::Flush(TFileNumber file) {
+    return ResultOf(FlushFileBuffers(HandleOf(file)) != 0);
+}
+
+TFileResult TWindowsFileSystem::Close(TFileNumber file) {
+    return ResultOf(CloseHandle(HandleOf(file)) != 0);
+}
+
+/// Not needed: a folder's names are flushed with the renaming.
+TFileResult TWindowsFileSystem::Link(const std::string&, const std::string&) {
+    return FailWith(ERROR_NOT_SUPPORTED);
+}
+
+/// Virus scanners, and other processes that save the same file, hold it for moments.
+TFileResult TWindowsFileSystem::Rename(const std::string& from, const std::string& to) {
+    constexpr int kMostTries = 20;
+    constexpr DWORD kPauseInMilliseconds = 10;
+    const std::wstring nativeFrom = NativePath(from);
+    const std::wstring nativeTo = NativePath(to);
+    for (int tries = 1;; ++tries) {
+        if (PutInPlace(nativeFrom, nativeTo)) return {};
+        const DWORD error = GetLastError();
+        const bool mayPass = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED ||
+                             error == ERROR_LOCK_VIOLATION;
+        if (!mayPass || tries == kMostTries) return FailWith(error);
+        Sleep(kPauseInMilliseconds);
+    }
+}
+
+TFileResult TWindowsFileSystem::FlushFolder(const std::string&) {
+    return {};
+}
