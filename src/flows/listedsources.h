@@ -13,6 +13,3 @@ std::vector<TListedSource> ListSources(const THdlBuildFile& build);
 
 /// Those that do not exist. Looks at the disk only when the read met missing files or broke off.
 std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build);
-
-/// The languages that settings and groups exist for, in ascending order.
-const std::vector<THdlLanguage>& SelectableLanguages();

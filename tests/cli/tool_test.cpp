@@ -9,7 +9,14 @@ TEST(Tool, PrintsItsVersion) {
     EXPECT_EQ(run.Err, "");
 }
 
+// What is left to say of a command is in its row: the list of commands is built from the rows.
 TEST(Tool, HelpNamesEveryCommandAndExitStatus) {
+    std::string subcommands;
+    for (const TCommand& command : MakeCommands()) {
+        const std::string name = command.Name;
+        subcommands +=
+            "  " + name + std::string(28 - name.size(), ' ') + command.Description + "\n";
+    }
     const TToolRun run = RunHdlbuild({"--help"});
     EXPECT_EQ(run.Status, kExitDone);
     EXPECT_EQ(run.Err, "");
@@ -21,22 +28,31 @@ Options:
   --version                   Display program version information and exit
 
 Subcommands:
-  show                        Show what the build holds
-  check                       Report everything that is wrong with the build
-  order                       Print the files to compile, one a line, in compile order
-  options                     Print the Verilog option text
-  command-file                Write the Verilog command file
-  settings                    Show and change the settings in a project file
-  templates                   Show the template configurations
-  servers                     Show and change which simulators a server offers
-  simulators                  List the simulators that are known
-  translator                  Show and change the translator switches of a build
-
+)" + subcommands + R"(
 Exit status: 0 done; 1 the build or project has problems (files missing, a dependency cycle,
 a section that cannot be read); 2 wrong usage, unknown names; 3 a file cannot be read or
 written. Results go to standard output, everything else to standard error. NO_COLOR turns
 colours off.
 )");
+}
+
+TEST(Tool, HelpNamesTheLanguagesThatAreOfferedOrStored) {
+    const struct {
+        std::vector<std::string> Arguments;
+        const char* Line;
+    } rows[] = {
+        {{"order", "--help"},
+         "  --language TEXT             Verilog, VHDL (default), Bluespec, SystemC, C++, Specman "
+         "or "
+         "TestBuilder\n"},
+        {{"settings", "p", "set", "--help"},
+         "  --language TEXT             Verilog, VHDL, Bluespec, C++ or TestBuilder\n"},
+    };
+    for (const auto& row : rows) {
+        const std::string help = RunHdlbuild(row.Arguments).Out;
+        const std::size_t begin = help.find("  --language");
+        EXPECT_EQ(help.substr(begin, help.find('\n', begin) + 1 - begin), row.Line);
+    }
 }
 
 TEST(Tool, HelpOfServersTellsWhoseToolsAFileHolds) {
@@ -61,7 +77,7 @@ a file of its own, which --file names. localhost always offers SimZorvik CL.
 )");
 }
 
-TEST(Tool, HelpOfAVerbShowsWhatStandsInFrontOfIt) {
+TEST(Tool, HelpOfAVerbShowsTheWordsInFrontOfIt) {
     const struct {
         std::vector<std::string> Arguments;
         const char* Usage;

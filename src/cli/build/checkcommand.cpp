@@ -1,111 +1,152 @@
 #include "cli/build/commands.h"
 #include "cli/frame/filereports.h"
-#include "cli/frame/json.h"
-#include "cli/frame/texts.h"
+#include "cli/frame/findings.h"
 #include "flows/dependencycycles.h"
+#include "flows/documentfindings.h"
 #include "flows/listedsources.h"
-#include "flows/repeatedsources.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "services/names/isfilename.h"
 
 namespace {
 
-/// Everything that is wrong with a build.
-struct TFindings {
-    THdlBuildFileReadResults ReadResult = {};
-    std::vector<TListedSource> Missing;
-    std::vector<TDependencyCycle> Cycles;
-    TDocumentFindings Document;
+using TLines = std::vector<std::string>;
 
-    bool IsClean() const {
-        return ReadResult == 0 && Missing.empty() && Cycles.empty() && Document.HasBuild &&
-               Document.Repeated.empty();
-    }
+/// A build that has been read, with what its document shows beyond it.
+struct TCheckedBuild {
+    const THdlBuildFile& Build;
+    TPathForm Paths;
+    TDocumentFindings Document;
 };
 
-TFindings CheckBuild(const THdlBuildFile& build) {
-    TFindings findings;
-    findings.ReadResult = build.GetReadResult();
-    findings.Missing = ListMissingSources(build);
+std::string PathOf(const IHdlSourceFile* file, const TCheckedBuild& checked) {
+    return PathText(file->GetFileName(), checked.Paths);
+}
+
+bool LacksBuild(const TCheckedBuild& checked) {
+    return !checked.Document.HasBuild;
+}
+
+std::string LineOfNoBuild(const TCheckedBuild&) {
+    return "no HdlBuildFile element: the document describes no build";
+}
+
+TJson HasBuildAsJson(const TCheckedBuild& checked) {
+    return checked.Document.HasBuild;
+}
+
+bool HasReadFault(const TCheckedBuild& checked) {
+    return checked.Build.GetReadResult() != 0;
+}
+
+std::string LineOfReadResult(const TCheckedBuild& checked) {
+    const THdlBuildFileReadResults result = checked.Build.GetReadResult();
+    return "read result " + std::to_string(result) + ": " + THdlBuildFile::GetErrorString(result);
+}
+
+TJson ReadResultAsJson(const TCheckedBuild& checked) {
+    const THdlBuildFileReadResults result = checked.Build.GetReadResult();
+    return {{"number", static_cast<int>(result)}, {"text", THdlBuildFile::GetErrorString(result)}};
+}
+
+std::vector<TListedSource> FindMissing(const TCheckedBuild& checked) {
+    return ListMissingSources(checked.Build);
+}
+
+TLines LinesOfMissing(const TListedSource& source, const TCheckedBuild& checked) {
+    return {"missing file: " + PathOf(source.File, checked) + " (" +
+            GetStringFromHdlLanguage(source.Group) + ")"};
+}
+
+TJson MissingAsJson(const TListedSource& source, const TCheckedBuild& checked) {
+    return {{"language", GetStringFromHdlLanguage(source.Group)},
+            {"path", PathOf(source.File, checked)}};
+}
+
+std::vector<TDependencyCycle> FindCycles(const TCheckedBuild& checked) {
     std::vector<const IHdlSourceFile*> files;
-    for (const TListedSource& source : ListSources(build)) files.push_back(source.File);
-    findings.Cycles = FindDependencyCycles(files);
-    findings.Document = CheckDocument(build.GetFileName());
-    return findings;
+    for (const TListedSource& source : ListSources(checked.Build)) files.push_back(source.File);
+    return FindDependencyCycles(files);
 }
 
-std::string CycleText(const TDependencyCycle& cycle, const TBuildArguments& arguments) {
-    std::string text;
-    for (const IHdlSourceFile* file : cycle.Shortest)
-        text += PathText(file->GetFileName(), arguments.Paths) + " -> ";
-    return text + PathText(cycle.Shortest.front()->GetFileName(), arguments.Paths);
+TLines LinesOfCycle(const TDependencyCycle& cycle, const TCheckedBuild& checked) {
+    const std::size_t count = cycle.Files.size();
+    std::string line = "dependency cycle of " + std::to_string(count);
+    line += count == 1 ? " file: " : " files: ";
+    for (const IHdlSourceFile* file : cycle.Shortest) line += PathOf(file, checked) + " -> ";
+    TLines lines = {line + PathOf(cycle.Shortest.front(), checked)};
+    for (const IHdlSourceFile* file : cycle.Files) lines.push_back("  " + PathOf(file, checked));
+    return lines;
 }
 
-/// The groups, and the other spellings, of a repeated source.
-std::string DescribePlaces(const TRepeatedSource& source, const TPathForm& paths) {
-    std::vector<std::string> places;
-    for (const TSourcePlace& place : source.Places) {
-        std::string& text = places.emplace_back(place.Language);
-        if (place.Path != source.Places.front().Path)
-            text += " as " + PathText(place.Path.c_str(), paths);
-    }
-    return JoinNames(places);
-}
-
-void PrintFindings(const TFindings& findings, const TBuildArguments& arguments,
-                   const TToolStreams& streams) {
-    std::ostream& out = streams.Out;
-    if (!findings.Document.HasBuild)
-        out << "no HdlBuildFile element: the document describes no build\n";
-    if (findings.ReadResult != 0)
-        out << "read result " << findings.ReadResult << ": "
-            << THdlBuildFile::GetErrorString(findings.ReadResult) << "\n";
-    for (const TListedSource& source : findings.Missing)
-        out << "missing file: " << PathText(source.File->GetFileName(), arguments.Paths) << " ("
-            << GetStringFromHdlLanguage(source.Group) << ")\n";
-    for (const TDependencyCycle& cycle : findings.Cycles) {
-        out << "dependency cycle of " << cycle.Files.size()
-            << (cycle.Files.size() == 1 ? " file: " : " files: ") << CycleText(cycle, arguments)
-            << "\n";
-        for (const IHdlSourceFile* file : cycle.Files)
-            out << "  " << PathText(file->GetFileName(), arguments.Paths) << "\n";
-    }
-    for (const TRepeatedSource& source : findings.Document.Repeated)
-        out << "named " << source.Places.size()
-            << " times: " << PathText(source.Places.front().Path.c_str(), arguments.Paths) << " ("
-            << DescribePlaces(source, arguments.Paths) << ")\n";
-    if (findings.IsClean()) out << arguments.Build << ": no problems\n";
-}
-
-void PrintFindingsAsJson(const TFindings& findings, const TBuildArguments& arguments,
-                         const TToolStreams& streams) {
-    const auto paths = [&](const std::vector<const IHdlSourceFile*>& files) {
+TJson CycleAsJson(const TDependencyCycle& cycle, const TCheckedBuild& checked) {
+    const auto paths = [&checked](const std::vector<const IHdlSourceFile*>& files) {
         TJson list = TJson::Array();
-        for (const IHdlSourceFile* file : files)
-            list.Add(PathText(file->GetFileName(), arguments.Paths));
+        for (const IHdlSourceFile* file : files) list.Add(PathOf(file, checked));
         return list;
     };
-    TJson result = MakeResult("hdlbuild-check", "build", arguments.Build);
-    result["clean"] = findings.IsClean();
-    result["hasBuild"] = findings.Document.HasBuild;
-    result["readResult"] = {{"number", static_cast<int>(findings.ReadResult)},
-                            {"text", THdlBuildFile::GetErrorString(findings.ReadResult)}};
-    TJson& missing = result["missingFiles"] = TJson::Array();
-    for (const TListedSource& source : findings.Missing)
-        missing.Add({{"language", GetStringFromHdlLanguage(source.Group)},
-                     {"path", PathText(source.File->GetFileName(), arguments.Paths)}});
-    TJson& cycles = result["cycles"] = TJson::Array();
-    for (const TDependencyCycle& cycle : findings.Cycles)
-        cycles.Add({{"files", paths(cycle.Files)}, {"shortest", paths(cycle.Shortest)}});
-    TJson& repeated = result["repeatedSources"] = TJson::Array();
-    for (const TRepeatedSource& source : findings.Document.Repeated) {
-        TJson places = TJson::Array();
-        for (const TSourcePlace& place : source.Places)
-            places.Add({{"language", place.Language},
-                        {"path", PathText(place.Path.c_str(), arguments.Paths)}});
-        repeated.Add(places);
+    return {{"files", paths(cycle.Files)}, {"shortest", paths(cycle.Shortest)}};
+}
+
+std::vector<TRepeatedSource> FindRepeated(const TCheckedBuild& checked) {
+    return checked.Document.Repeated;
+}
+
+// Names the groups, and the spellings that differ from the first.
+TLines LinesOfRepeated(const TRepeatedSource& source, const TCheckedBuild& checked) {
+    const std::string& path = source.Places.front().Path;
+    TLines places;
+    for (const TSourcePlace& place : source.Places) {
+        std::string& text = places.emplace_back(place.Language);
+        if (place.Path != path) text += " as " + PathText(place.Path.c_str(), checked.Paths);
     }
-    PrintJson(result, streams);
+    return {"named " + std::to_string(places.size()) +
+            " times: " + PathText(path.c_str(), checked.Paths) + " (" + JoinNames(places) + ")"};
+}
+
+TJson RepeatedAsJson(const TRepeatedSource& source, const TCheckedBuild& checked) {
+    TJson places = TJson::Array();
+    for (const TSourcePlace& place : source.Places)
+        places.Add(
+            {{"language", place.Language}, {"path", PathText(place.Path.c_str(), checked.Paths)}});
+    return places;
+}
+
+std::vector<TSpelledSource> FindSpelled(const TCheckedBuild& checked) {
+    return checked.Document.Spelled;
+}
+
+TLines LinesOfSpelled(const TSpelledSource& source, const TCheckedBuild& checked) {
+    TLines texts;
+    for (const TSpelling& spelling : source.Spellings) {
+        std::string& text = texts.emplace_back(PathText(spelling.Path.c_str(), checked.Paths));
+        if (!spelling.Dependent.empty())
+            text += " as a dependency of " + PathText(spelling.Dependent.c_str(), checked.Paths);
+    }
+    return {std::to_string(texts.size()) + " spellings: " + JoinNames(texts)};
+}
+
+TJson SpelledAsJson(const TSpelledSource& source, const TCheckedBuild& checked) {
+    TJson spellings = TJson::Array();
+    for (const auto& [path, dependent] : source.Spellings) {
+        const bool isListed = dependent.empty();
+        spellings.Add({{"path", PathText(path.c_str(), checked.Paths)},
+                       {"dependencyOf",
+                        isListed ? TJson() : TJson(PathText(dependent.c_str(), checked.Paths))}});
+    }
+    return spellings;
+}
+
+/// Everything that may be wrong with a build, in the order of both outputs.
+const std::vector<TFindingKind<TCheckedBuild>>& FindingKinds() {
+    static const std::vector<TFindingKind<TCheckedBuild>> kinds = {
+        FaultKind("hasBuild", LacksBuild, LineOfNoBuild, HasBuildAsJson),
+        FaultKind("readResult", HasReadFault, LineOfReadResult, ReadResultAsJson),
+        FindingKind("missingFiles", FindMissing, LinesOfMissing, MissingAsJson),
+        FindingKind("cycles", FindCycles, LinesOfCycle, CycleAsJson),
+        FindingKind("repeatedSources", FindRepeated, LinesOfRepeated, RepeatedAsJson),
+        FindingKind("spellings", FindSpelled, LinesOfSpelled, SpelledAsJson),
+    };
+    return kinds;
 }
 
 }  // namespace
@@ -114,10 +155,8 @@ int RunCheck(const TBuildArguments& arguments, const TToolStreams& streams) {
     THdlBuildFile build;
     const int status = LoadBuild(arguments.Build, streams, &build);
     if (status == kExitFile) return status;
-    const TFindings findings = CheckBuild(build);
-    if (arguments.Json)
-        PrintFindingsAsJson(findings, arguments, streams);
-    else
-        PrintFindings(findings, arguments, streams);
-    return findings.IsClean() ? kExitDone : kExitProblems;
+    const TCheckedBuild checked{build, arguments.Paths, CheckDocument(build.GetFileName())};
+    return ReportFindings(FindAll(FindingKinds(), checked), arguments.Build,
+                          MakeResult("hdlbuild-check", "build", arguments.Build), arguments,
+                          streams);
 }

@@ -2,6 +2,7 @@
 #include "cli/build/commands.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/json.h"
+#include "cli/frame/texts.h"
 #include "services/files/filereplace.h"
 #include "services/names/isfilename.h"
 #include <cstring>
@@ -44,7 +45,7 @@ int RunOptions(const TBuildArguments& arguments, const TToolStreams& streams) {
     if (status == kExitFile) return status;
     const std::string options = build.GetVerilogCommandLineOptions();
     if (!arguments.Json) {
-        streams.Out << options << "\n";
+        PrintWords(streams.Out, options);
         return status;
     }
     TJson result = MakeResult("hdlbuild-options", "build", arguments.Build);

@@ -1,4 +1,17 @@
 #include "cli/build/commands.h"
+#include "services/hdl/hdllanguagetable.h"
+
+namespace {
+
+std::string LanguageHelp(const std::string& preset) {
+    std::vector<std::string> names;
+    for (const THdlLanguageRecord& record : GetHdlLanguageTable())
+        if (record.IsOffered)
+            names.push_back(record.Name + std::string(record.Name == preset ? " (default)" : ""));
+    return JoinChoices(names);
+}
+
+}  // namespace
 
 std::vector<TCommand> MakeBuildCommands() {
     const auto values = std::make_shared<TBuildArguments>();
@@ -7,10 +20,9 @@ std::vector<TCommand> MakeBuildCommands() {
     const TArgument json = JsonArgument(*values);
     const TArgument absolute{"--absolute", &values->Paths.Absolute,
                              "Print absolute paths, not paths relative to the current directory"};
-    const TArgument language{
-        "--language", &values->Language,
-        "Verilog, VHDL (default), Bluespec, SystemC, C++, Specman or TestBuilder"};
-    const TArgument tsv{"--tsv", &values->Tsv, "Print library, tabulator, path"};
+    const TArgument language{"--language", &values->Language, LanguageHelp(values->Language)};
+    std::vector<TArgument> orderArguments = OrderFormatArguments(*values);
+    orderArguments.insert(orderArguments.begin(), {build, absolute, language});
     const TArgument output{"-o,--output", &values->Output, "Replace this file instead of printing"};
     const TArgument gof{"--gof", &values->Gof,
                         "The form without log file, user defines and other plus options"};
@@ -20,10 +32,8 @@ std::vector<TCommand> MakeBuildCommands() {
          "Report everything that is wrong with the build",
          with(RunCheck),
          {build, json, absolute}},
-        {"order",
-         "Print the files to compile, one a line, in compile order",
-         with(RunOrder),
-         {build, json, absolute, language, tsv}},
+        {"order", "Print the files to compile, one a line, in compile order", with(RunOrder),
+         orderArguments},
         {"options", "Print the Verilog option text", with(RunOptions), {build, json, gof}},
         {"command-file",
          "Write the Verilog command file",

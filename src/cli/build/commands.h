@@ -7,8 +7,8 @@ struct TBuildArguments : TCommonArguments {
     std::string Build;
     TPathForm Paths;
     std::string Language = "VHDL";
-    std::string Output;  ///< empty: standard output
-    bool Tsv = false;
+    std::size_t OrderFormat = 0;  ///< its row in the table of formats
+    std::string Output;           ///< empty: standard output
     bool Gof = false;
 };
 
@@ -17,6 +17,9 @@ int RunCheck(const TBuildArguments& arguments, const TToolStreams& streams);
 int RunOrder(const TBuildArguments& arguments, const TToolStreams& streams);
 int RunOptions(const TBuildArguments& arguments, const TToolStreams& streams);
 int RunCommandFile(const TBuildArguments& arguments, const TToolStreams& streams);
+
+/// An option for each format of `order`.
+std::vector<TArgument> OrderFormatArguments(TBuildArguments& arguments);
 
 /// One row for each of them, in the order of the help text.
 std::vector<TCommand> MakeBuildCommands();

@@ -2,39 +2,61 @@
 #include "cli/build/commands.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/json.h"
-#include "cli/frame/texts.h"
 #include "flows/dependencycycles.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 
 namespace {
 
-/// The library that a source is compiled into.
+/// A source in its place of the order.
+struct TOrderedSource {
+    std::string Library;  ///< that it is compiled into
+    std::string Path;
+};
+
+/// What a format prints.
+struct TOrder {
+    const TBuildArguments& Arguments;
+    THdlLanguage Language;
+    std::vector<TOrderedSource> Sources;
+};
+
+void PrintPaths(const TOrder& order, const TToolStreams& streams) {
+    for (const TOrderedSource& source : order.Sources) PrintLine(streams.Out, source.Path);
+}
+
+void PrintLibrariesAndPaths(const TOrder& order, const TToolStreams& streams) {
+    for (const TOrderedSource& source : order.Sources)
+        PrintFields(streams.Out, {source.Library, source.Path});
+}
+
+void PrintOrderAsJson(const TOrder& order, const TToolStreams& streams) {
+    TJson result = MakeResult("hdlbuild-order", "build", order.Arguments.Build);
+    result["language"] = GetStringFromHdlLanguage(order.Language);
+    TJson& files = result["files"] = TJson::Array();
+    for (const TOrderedSource& source : order.Sources)
+        files.Add({{"library", source.Library}, {"path", source.Path}});
+    PrintJson(result, streams);
+}
+
+struct TOrderFormat {
+    const char* Option;  ///< null: the format without one
+    const char* Help;
+    void (*Print)(const TOrder& order, const TToolStreams& streams);
+};
+
+// The first is printed when no option asks for another.
+constexpr TOrderFormat kFormats[] = {
+    {nullptr, "", PrintPaths},
+    {"--json", "Print one JSON object", PrintOrderAsJson},
+    {"--tsv", "Print library, tabulator, path", PrintLibrariesAndPaths},
+};
+
 std::string LibraryOf(const IHdlSourceFile* file, const THdlBuildFile& build) {
     std::string library = file->GetPrecompiledLibraryGroupName();
     if (!library.empty()) return library;
     const std::string destination = build.GetDestinationLibrary();
     return destination.empty() ? "work" : destination;
-}
-
-void PrintOrder(const TIHdlSourceFileList& files, const THdlBuildFile& build,
-                const TBuildArguments& arguments, const TToolStreams& streams) {
-    for (const IHdlSourceFile* file : files) {
-        if (arguments.Tsv) streams.Out << LibraryOf(file, build) << '\t';
-        streams.Out << PathText(file->GetFileName(), arguments.Paths) << '\n';
-    }
-}
-
-void PrintOrderAsJson(const TIHdlSourceFileList& files, const THdlBuildFile& build,
-                      THdlLanguage language, const TBuildArguments& arguments,
-                      const TToolStreams& streams) {
-    TJson result = MakeResult("hdlbuild-order", "build", arguments.Build);
-    result["language"] = GetStringFromHdlLanguage(language);
-    TJson& list = result["files"] = TJson::Array();
-    for (const IHdlSourceFile* file : files)
-        list.Add({{"library", LibraryOf(file, build)},
-                  {"path", PathText(file->GetFileName(), arguments.Paths)}});
-    PrintJson(result, streams);
 }
 
 /// Warns of cycles among `files`: no order is a compile order then.
@@ -49,6 +71,15 @@ bool WarnOfCycles(const TIHdlSourceFileList& files, const TToolStreams& streams)
 
 }  // namespace
 
+std::vector<TArgument> OrderFormatArguments(TBuildArguments& arguments) {
+    std::vector<TArgument> options;
+    for (std::size_t number = 0; number < std::size(kFormats); ++number)
+        if (const TOrderFormat& format = kFormats[number]; format.Option)
+            options.push_back(
+                {format.Option, TChoice{&arguments.OrderFormat, number}, format.Help});
+    return options;
+}
+
 int RunOrder(const TBuildArguments& arguments, const TToolStreams& streams) {
     const THdlLanguage language = GetHdlLanguageFromString(arguments.Language.c_str());
     if (language == LANGUAGE_NONE) {
@@ -61,9 +92,10 @@ int RunOrder(const TBuildArguments& arguments, const TToolStreams& streams) {
     ReportReadResult(build, streams);
     build.OrderFilesForCompile(language);
     const TIHdlSourceFileList& files = *build.GetFilesToCompile(language);
-    if (arguments.Json)
-        PrintOrderAsJson(files, build, language, arguments, streams);
-    else
-        PrintOrder(files, build, arguments, streams);
+    TOrder order{arguments, language, {}};
+    for (const IHdlSourceFile* file : files)
+        order.Sources.push_back(
+            {LibraryOf(file, build), PathText(file->GetFileName(), arguments.Paths)});
+    kFormats[arguments.OrderFormat].Print(order, streams);
     return WarnOfCycles(files, streams) ? kExitProblems : status;
 }

@@ -7,6 +7,7 @@
 #include "flows/listedsources.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
@@ -37,7 +38,8 @@ TJson LibrariesOf(const THdlBuildFile& build) {
 
 TJson TopLevelComponentsOf(const THdlBuildFile& build) {
     TJson components = TJson::Array();
-    for (const THdlLanguage language : SelectableLanguages()) {
+    for (const THdlLanguageRecord& record : GetHdlLanguageTable()) {
+        const THdlLanguage language = record.Language;
         const TComponentNameList* names = build.GetComponentNameList(language);
         if (!names) continue;
         const auto text = [language](const TTBIdentifier& identifier) {
@@ -85,15 +87,16 @@ TJson SettingsOf(TProjectSimLanguageConfig& config, THdlLanguage language,
 
 TJson OptionsOf(THdlBuildFile& build, const TBuildArguments& arguments) {
     TJson options = TJson::Array();
-    for (const THdlLanguage language : SelectableLanguages())
-        if (TProjectSimLanguageConfig* config = build.GetProjectLanguageConfig(language))
-            options.Add(SettingsOf(*config, language, arguments));
+    for (const THdlLanguageRecord& record : GetHdlLanguageTable())
+        if (TProjectSimLanguageConfig* config = build.GetProjectLanguageConfig(record.Language))
+            options.Add(SettingsOf(*config, record.Language, arguments));
     return options;
 }
 
 TJson GroupsOf(const THdlBuildFile& build) {
     TJson groups = TJson::Array();
-    for (const THdlLanguage language : SelectableLanguages()) {
+    for (const THdlLanguageRecord& record : GetHdlLanguageTable()) {
+        const THdlLanguage language = record.Language;
         const TIHdlSourceFileList& files = *build.GetSourceFileGroup(language);
         if (files.begin() == files.end()) continue;
         const auto libraries =
@@ -136,9 +139,9 @@ std::string Text(const TJson& value) {
 }
 
 /// A line "label  value", left out for an empty value.
-void PrintLine(std::ostream& out, const std::string& label, const std::string& value) {
+void PrintLabelled(std::ostream& out, const std::string& label, const std::string& value) {
     if (value.empty()) return;
-    out << label << std::string(label.size() < 20 ? 20 - label.size() : 1, ' ') << value << "\n";
+    PrintLine(out, label + std::string(label.size() < 20 ? 20 - label.size() : 1, ' ') + value);
 }
 
 void PrintOptions(std::ostream& out, const TJson& options) {
@@ -148,47 +151,49 @@ void PrintOptions(std::ostream& out, const TJson& options) {
         {"linkerOptions", "  linker options"}, {"runtimeOptions", "  runtime options"},
     };
     for (const TJson& config : options.GetEntries()) {
-        PrintLine(out, "Settings " + Text(config["language"]),
-                  Text(config["simulator"]) + ", delay type " + Text(config["delayType"]));
-        for (const auto& [member, label] : kLines) PrintLine(out, label, Text(config[member]));
+        PrintLabelled(out, "Settings " + Text(config["language"]),
+                      Text(config["simulator"]) + ", delay type " + Text(config["delayType"]));
+        for (const auto& [member, label] : kLines) PrintLabelled(out, label, Text(config[member]));
     }
 }
 
 void PrintContents(std::ostream& out, const TJson& contents) {
     const TJson& languages = contents["languages"];
-    PrintLine(out, "Build file", Text(contents["build"]));
-    PrintLine(out, "Read result",
-              Text(contents["readResult"]["number"]) + ", " + Text(contents["readResult"]["text"]));
-    PrintLine(out, "Languages",
-              "top " + Text(languages["top"]) + ", HVL " + Text(languages["hvl"]) + ", HDL " +
-                  Text(languages["hdl"]));
-    PrintLine(
+    PrintLabelled(out, "Build file", Text(contents["build"]));
+    PrintLabelled(
+        out, "Read result",
+        Text(contents["readResult"]["number"]) + ", " + Text(contents["readResult"]["text"]));
+    PrintLabelled(out, "Languages",
+                  "top " + Text(languages["top"]) + ", HVL " + Text(languages["hvl"]) + ", HDL " +
+                      Text(languages["hdl"]));
+    PrintLabelled(
         out, "Time base",
         Text(contents["timeBase"]["base"]) + ", shown in " + Text(contents["timeBase"]["display"]));
-    PrintLine(out, "Library", Text(contents["libraries"]["destination"]));
-    PrintLine(out, "Generated into", Text(contents["libraries"]["generation"]));
-    PrintLine(out, "Snapshot", Text(contents["libraries"]["snapshot"]));
-    PrintLine(out, "Compiled into", Text(contents["libraries"]["groups"]));
+    PrintLabelled(out, "Library", Text(contents["libraries"]["destination"]));
+    PrintLabelled(out, "Generated into", Text(contents["libraries"]["generation"]));
+    PrintLabelled(out, "Snapshot", Text(contents["libraries"]["snapshot"]));
+    PrintLabelled(out, "Compiled into", Text(contents["libraries"]["groups"]));
     for (const TJson& component : contents["topLevelComponents"].GetEntries()) {
         const std::string architecture = Text(component["architecture"]);
-        PrintLine(out, "Top level " + Text(component["language"]),
-                  Text(component["library"]) + "." + Text(component["entity"]) +
-                      (architecture.empty() ? "" : "(" + architecture + ")"));
+        PrintLabelled(out, "Top level " + Text(component["language"]),
+                      Text(component["library"]) + "." + Text(component["entity"]) +
+                          (architecture.empty() ? "" : "(" + architecture + ")"));
     }
-    if (contents["forceTopLevelComponents"].IsTrue()) PrintLine(out, "Top level", "forced");
+    if (contents["forceTopLevelComponents"].IsTrue()) PrintLabelled(out, "Top level", "forced");
     for (const TJson& tool : contents["simulators"].GetEntries()) {
-        PrintLine(out, "Simulator " + Text(tool["language"]), Text(tool["simulator"]));
-        PrintLine(out, "  path", Text(tool["path"]));
-        PrintLine(out, "  PLI library", Text(tool["pliLibrary"]));
+        PrintLabelled(out, "Simulator " + Text(tool["language"]), Text(tool["simulator"]));
+        PrintLabelled(out, "  path", Text(tool["path"]));
+        PrintLabelled(out, "  PLI library", Text(tool["pliLibrary"]));
     }
     PrintOptions(out, contents["options"]);
     for (const auto& [name, value] : contents["variables"].GetMembers())
-        PrintLine(out, "Variable " + name, Text(value));
+        PrintLabelled(out, "Variable " + name, Text(value));
     for (const TJson& group : contents["groups"].GetEntries())
-        PrintLine(out, "Sources " + Text(group["language"]),
-                  Text(group["files"]) + " (" + Text(group["libraryFiles"]) + " library files)");
+        PrintLabelled(
+            out, "Sources " + Text(group["language"]),
+            Text(group["files"]) + " (" + Text(group["libraryFiles"]) + " library files)");
     for (const TJson& path : contents["missingFiles"].GetEntries())
-        PrintLine(out, "Missing file", Text(path));
+        PrintLabelled(out, "Missing file", Text(path));
 }
 
 }  // namespace

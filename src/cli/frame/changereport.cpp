@@ -1,4 +1,5 @@
 #include "cli/frame/changereport.h"
+#include "cli/frame/texts.h"
 #include <map>
 
 namespace {
@@ -27,13 +28,10 @@ std::string Text(const TJson& value) {
 void Print(const std::vector<TDifference>& differences, const TFileChange& change, bool isSaved,
            std::ostream& out) {
     for (const TDifference& difference : differences)
-        out << difference.Name << ": " << Text(difference.Before) << " -> "
-            << Text(difference.After) << "\n";
-    out << change.File << ": ";
-    if (differences.empty())
-        out << "nothing to change\n";
-    else
-        out << (isSaved ? "saved\n" : "not saved (dry run)\n");
+        PrintLine(out, difference.Name + ": " + Text(difference.Before) + " -> " +
+                           Text(difference.After));
+    const char* const done = isSaved ? "saved" : "not saved (dry run)";
+    PrintLine(out, change.File + ": " + (differences.empty() ? "nothing to change" : done));
 }
 
 void PrintAsJson(const std::vector<TDifference>& differences, const TFileChange& change,

@@ -6,14 +6,21 @@
 #include <variant>
 #include <vector>
 
+/// A flag for one of several values: it sets *Value to Number. Flags with one Value exclude each
+/// other.
+struct TChoice {
+    std::size_t* Value;
+    std::size_t Number;
+};
+
 /// Where an argument's value goes: into the arguments that a family of commands owns.
-using TArgumentPlace = std::variant<bool*, std::string*, std::vector<std::string>*>;
+using TArgumentPlace = std::variant<bool*, std::string*, std::vector<std::string>*, TChoice>;
 
 /// One argument of a command: an option when its name begins with '-', else found by its place.
 struct TArgument {
     const char* Name;
     TArgumentPlace Value;
-    const char* Help;
+    std::string Help;
     bool IsRequired = false;
 };
 

@@ -1,18 +1,40 @@
 #include "cli/frame/commandline.h"
+#include "cli/frame/texts.h"
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <map>
 
 namespace {
 
+/// Adds an argument to a command, and a function to `Resets` that gives it its preset.
 struct TArgumentAdder {
     CLI::App& App;
     const TArgument& Argument;
+    std::vector<std::function<void()>>& Resets;
+    std::map<std::size_t*, std::vector<CLI::Option*>>& Choices;  // of this command
 
-    void operator()(bool* value) const { App.add_flag(Argument.Name, *value, Argument.Help); }
+    template <class T>
+    void KeepPreset(T* value) const {
+        Resets.push_back([value, preset = *value] { *value = preset; });
+    }
+
+    void operator()(const TChoice& choice) const {
+        KeepPreset(choice.Value);
+        CLI::Option* option = App.add_flag_callback(
+            Argument.Name, [choice] { *choice.Value = choice.Number; }, Argument.Help);
+        for (CLI::Option* other : Choices[choice.Value]) option->excludes(other);
+        Choices[choice.Value].push_back(option);
+    }
+    void operator()(bool* value) const {
+        KeepPreset(value);
+        App.add_flag(Argument.Name, *value, Argument.Help);
+    }
     void operator()(std::string* value) const {
+        KeepPreset(value);
         App.add_option(Argument.Name, *value, Argument.Help)->required(Argument.IsRequired);
     }
     void operator()(std::vector<std::string>* value) const {
+        KeepPreset(value);
         // It takes the words up to the next option, and those of each further mention.
         App.add_option(Argument.Name, *value, Argument.Help)
             ->expected(1)
@@ -68,6 +90,9 @@ public:
         // On Windows too, '/builds/a.xml' is a path.
         App.allow_windows_style_options(false);
         App.footer(tool.Footer);
+        App.failure_message([](const CLI::App*, const CLI::Error& error) {
+            return Escaped(error.what()) + "\nRun with --help for more information.\n";
+        });
         for (const TCommand& command : tool.Commands) AddCommand(App, command, tool.Name);
     }
 
@@ -124,20 +149,12 @@ private:
         }
         // Never more than one verb: a configuration may bear the name of another.
         if (!command.Verbs.empty()) sub->require_subcommand(command.Run ? 0 : 1, 1);
+        std::map<std::size_t*, std::vector<CLI::Option*>> choices;
         for (const TArgument& argument : command.Arguments) {
-            AddArgument(*sub, argument);
+            std::visit(TArgumentAdder{*sub, argument, Resets, choices}, argument.Value);
             if (argument.Name[0] != '-') line += std::string(" ") + argument.Name;
         }
         for (const TCommand& verb : command.Verbs) AddCommand(*sub, verb, line);
-    }
-
-    void AddArgument(CLI::App& app, const TArgument& argument) {
-        std::visit(TArgumentAdder{app, argument}, argument.Value);
-        std::visit(
-            [this](auto* value) {
-                Resets.push_back([value, preset = *value] { *value = preset; });
-            },
-            argument.Value);
     }
 
     const TTool& Tool;

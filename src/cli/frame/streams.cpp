@@ -1,4 +1,5 @@
 #include "cli/frame/streams.h"
+#include "cli/frame/texts.h"
 
 namespace {
 
@@ -9,7 +10,8 @@ void ReportLabelled(const TToolStreams& streams, const char* label, const char* 
         streams.Err << color << label << "\033[0m";
     else
         streams.Err << label;
-    streams.Err << ": " << message << "\n";
+    streams.Err << ": ";
+    PrintLine(streams.Err, message);
 }
 
 }  // namespace

@@ -1,11 +1,28 @@
 #pragma once
+#include <ostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 class ISFileName;
 
+/// `text` with its control characters as "\n", "\t", "\r", "\x1B" or "\u0085": names out of files
+/// may hold them, and would break lines and columns or change the terminal. A backslash stays, as
+/// paths have it. The characters of `kept` stay, too.
+std::string Escaped(std::string_view text, std::string_view kept = {});
+
+/// Prints the line escaped, and a line end. All text output goes through this function, but for the
+/// command file, which is a file of its own.
+void PrintLine(std::ostream& out, std::string_view line);
+/// Prints a line of words that another program takes: tabulators separate words and stay.
+void PrintWords(std::ostream& out, std::string_view words);
+/// Prints a line of fields, escaped one by one and separated by tabulators.
+void PrintFields(std::ostream& out, const std::vector<std::string>& fields);
+
 /// The names, separated by commas.
 std::string JoinNames(const std::vector<std::string>& names);
+/// The same with "or" before the last.
+std::string JoinChoices(const std::vector<std::string>& names);
 
 /// In which form a command prints paths.
 struct TPathForm {

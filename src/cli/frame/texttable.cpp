@@ -1,4 +1,5 @@
 #include "cli/frame/texttable.h"
+#include "cli/frame/texts.h"
 #include <algorithm>
 
 void PrintTable(std::vector<std::vector<std::string>> rows, std::ostream& out) {
@@ -6,7 +7,7 @@ void PrintTable(std::vector<std::vector<std::string>> rows, std::ostream& out) {
     for (auto& row : rows) {
         widths.resize(std::max(widths.size(), row.size()));
         for (std::size_t i = 0; i < row.size(); ++i) {
-            if (row[i].empty()) row[i] = "-";
+            row[i] = row[i].empty() ? "-" : Escaped(row[i]);
             widths[i] = std::max(widths[i], row[i].size());
         }
     }
@@ -18,5 +19,5 @@ void PrintTable(std::vector<std::vector<std::string>> rows, std::ostream& out) {
 
 void PrintNames(const std::vector<std::string>& names, const std::string& current,
                 std::ostream& out) {
-    for (const std::string& name : names) out << (name == current ? "* " : "  ") << name << "\n";
+    for (const std::string& name : names) PrintLine(out, (name == current ? "* " : "  ") + name);
 }

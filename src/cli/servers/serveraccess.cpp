@@ -2,6 +2,7 @@
 #include "cli/frame/filereports.h"
 #include "cli/servers/serversloss.h"
 #include "services/files/filereplace.h"
+#include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
 #include "simtools/serverconfigurationfilexmllist.h"
 #include <algorithm>
@@ -95,9 +96,9 @@ TState TServerAccess::GetState() {
             {"path", tool.GetExecutablePath()}, {"pliLibrary", tool.GetPliLibrary()}};
     TState state;
     for (const TSimulatorRecord& simulator : GetSimulatorTable())
-        for (int language = LANGUAGE_VERILOG; language < LANGUAGE_NONE; ++language) {
+        for (const THdlLanguageRecord& language : GetHdlLanguageTable()) {
             const std::string name =
-                RecordName(Arguments.Server, simulator.Type, static_cast<THdlLanguage>(language));
+                RecordName(Arguments.Server, simulator.Type, language.Language);
             state.emplace_back(name, values[name]);
         }
     return state;

@@ -104,6 +104,6 @@ int RunServersDefaultFile(const TServersArguments& arguments, const TToolStreams
     if (arguments.Json)
         PrintJson(MakeResult("hdlbuild-servers-default-file", "file", file), streams);
     else
-        streams.Out << file << "\n";
+        PrintLine(streams.Out, file);
     return kExitDone;
 }

@@ -1,8 +1,17 @@
 #include "cli/settings/commands.h"
+#include "cli/frame/texts.h"
+#include "services/hdl/hdllanguagetable.h"
 
 namespace {
 
 using TValues = std::shared_ptr<TSettingsArguments>;
+
+std::string LanguageHelp() {
+    std::vector<std::string> names;
+    for (const THdlLanguage language : GetStoredLanguages())
+        names.emplace_back(GetHdlLanguageRecord(language).Name);
+    return JoinChoices(names);
+}
 
 std::vector<TCommand> SettingsVerbs(const TValues& values) {
     const TRunWith<TSettingsArguments> with(values);
@@ -47,7 +56,7 @@ std::vector<TCommand> SettingsVerbs(const TValues& values) {
          with(RunSettingsSet),
          {name,
           {"KEY", &values->Key, "The setting, as project files name it", kRequired},
-          {"--language", &values->Language, "Verilog, VHDL, Bluespec, C++ or TestBuilder"},
+          {"--language", &values->Language, LanguageHelp()},
           {"--add", &values->AddedEntries, "Add this entry to a list"},
           {"--remove", &values->RemovedEntries, "Remove this entry from a list"},
           {"--clear", &values->ClearEntries, "Empty a list"},

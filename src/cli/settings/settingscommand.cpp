@@ -10,6 +10,9 @@ namespace {
 /// Why a configuration cannot be called `name`; "" when it can.
 std::string NameComplaint(const std::string& name, const TProjectSimSettings& settings) {
     if (name.empty()) return "a configuration needs a name";
+    // In an INI file it would end the line, and come back as another name.
+    if (name.find_first_of("\r\n") != std::string::npos)
+        return "the name '" + name + "' holds a line end";
     if (name == "Default") return "'Default' always means the first configuration";
     return settings.Find(name.c_str()) ? "the project has a configuration '" + name + "' already"
                                        : "";
@@ -78,7 +81,8 @@ int RunSettingsShow(const TSettingsArguments& arguments, const TToolStreams& str
     const std::vector<TSettingValue> values =
         ListSettings(*configuration, arguments.Absolute ? "" : project.GetDirectory());
     if (!arguments.Json) {
-        streams.Out << configuration->GetName() << (isCurrent ? " (current)\n" : "\n");
+        PrintLine(streams.Out,
+                  std::string(configuration->GetName()) + (isCurrent ? " (current)" : ""));
         PrintSettings(values, streams.Out);
         return kExitDone;
     }

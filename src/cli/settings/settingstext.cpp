@@ -1,4 +1,5 @@
 #include "cli/settings/settingstext.h"
+#include "cli/frame/texts.h"
 #include "services/names/environment.h"
 #include "services/names/ifilename.h"
 #include "settings/storedlanguages.h"
@@ -65,11 +66,10 @@ void PrintSettings(const std::vector<TSettingValue>& settings, std::ostream& out
     constexpr std::size_t kWidth = 34;
     std::string language;
     for (const TSettingValue& setting : settings) {
-        if (setting.Language != language) out << (language = setting.Language) << "\n";
+        if (setting.Language != language) PrintLine(out, language = setting.Language);
         const std::string value = setting.Value.Text();
-        out << "  " << setting.Key;
-        if (!value.empty())
-            out << std::string(kWidth - std::string_view(setting.Key).size(), ' ') << value;
-        out << "\n";
+        std::string line = "  " + std::string(setting.Key);
+        if (!value.empty()) line.append(kWidth + 2 - line.size(), ' ').append(value);
+        PrintLine(out, line);
     }
 }

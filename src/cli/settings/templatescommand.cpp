@@ -30,7 +30,7 @@ int RunTemplatesShow(const TSettingsArguments& arguments, const TToolStreams& st
     }
     const std::vector<TSettingValue> values = ListSettings(*shown, "");
     if (!arguments.Json) {
-        streams.Out << shown->GetName() << "\n";
+        PrintLine(streams.Out, shown->GetName());
         PrintSettings(values, streams.Out);
         return kExitDone;
     }

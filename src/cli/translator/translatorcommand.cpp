@@ -1,3 +1,4 @@
+#include "cli/frame/texts.h"
 #include "cli/translator/commands.h"
 #include "cli/translator/translatoraccess.h"
 #include "translation/v2vtranslationfileoption.h"
@@ -29,11 +30,11 @@ std::string SetArguments(TV2VTranslationOption& option, const std::vector<std::s
 }
 
 void PrintOption(TV2VTranslationOption& option, std::ostream& out) {
-    out << (option.IsEnabled() ? "* " : "  ") << option.GetDashOption() << ": "
-        << option.GetOptionString() << "\n";
+    PrintLine(out, std::string(option.IsEnabled() ? "* " : "  ") + option.GetDashOption() + ": " +
+                       option.GetOptionString());
     const std::string arguments = option.GetListDisplayString();
-    if (!arguments.empty()) out << "      arguments: " << arguments << "\n";
-    out << "      " << option.GetDescription() << "\n";
+    if (!arguments.empty()) PrintLine(out, "      arguments: " + arguments);
+    PrintLine(out, std::string("      ") + option.GetDescription());
 }
 
 TJson OptionAsJson(TV2VTranslationOption& option) {
@@ -112,7 +113,7 @@ int RunTranslatorCommandLine(const TTranslatorArguments& arguments, const TToolS
     WarnOfOthersBuild(translator, streams);
     const std::string commandLine = translator.GetOptions().GetCommandLineOptions();
     if (!arguments.Json) {
-        streams.Out << commandLine << "\n";
+        PrintWords(streams.Out, commandLine);
         return kExitDone;
     }
     TJson result = MakeTranslatorResult("hdlbuild-translator-command-line", arguments);

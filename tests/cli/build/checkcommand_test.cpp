@@ -57,6 +57,36 @@ TEST(CheckCommand, ReportsASourceThatTwoGroupsName) {
     EXPECT_EQ(run.Out, "named 2 times: a.vhd (Verilog, VHDL)\n");
 }
 
+TEST(CheckCommand, NamesTheSpellingsOfASource) {
+    const WorkingFolder folder;
+    for (const char* name : {"f1.vhd", "F1.VHD", "top.vhd", "ip/x.vhd", "ip/X.vhd"})
+        folder.Write(name, "");
+    folder.Write("build.xml",
+                 BuildText(VhdlGroup(SourceText("top.vhd", {"F1.VHD", "f1.vhd", "ip/x.vhd"}) +
+                                     SourceText("f1.vhd", {"ip/X.vhd"}))));
+    const TToolRun run = RunHdlbuild({"check", "build.xml"});
+    EXPECT_EQ(run.Status, kExitProblems);
+    EXPECT_EQ(run.Out,
+              "2 spellings: f1.vhd, F1.VHD as a dependency of top.vhd\n"
+              "2 spellings: ip/x.vhd as a dependency of top.vhd, ip/X.vhd as a dependency of "
+              "f1.vhd\n");
+}
+
+// Names may hold whatever a file system takes.
+TEST(CheckCommand, EscapesControlCharactersInText) {
+    const WorkingFolder folder;
+    folder.Write("b\t.xml", BuildText(VhdlGroup(SourceText("a&#10;b.vhd", {"a&#10;b.vhd"}) +
+                                                SourceText("a&#10;B.vhd"))));
+    EXPECT_EQ(RunHdlbuild({"check", "b\t.xml"}).Out,
+              "read result 9: Build File: Missing file(s) on load.\n"
+              "missing file: a\\nb.vhd (VHDL)\n"
+              "dependency cycle of 1 file: a\\nb.vhd -> a\\nb.vhd\n"
+              "  a\\nb.vhd\n"
+              "named 2 times: a\\nb.vhd (VHDL, VHDL as a\\nB.vhd)\n");
+    EXPECT_EQ(RunHdlbuild({"check", "b\x1b.xml"}).Err,
+              "hdlbuild: error: b\\x1B.xml: the file does not exist\n");
+}
+
 TEST(CheckCommand, ReportsASectionThatCannotBeRead) {
     const WorkingFolder folder;
     folder.Write("build.xml", BuildText("<ProjectLanguageConfigurationList>\n<LanguageSettings/>\n"
@@ -79,9 +109,10 @@ TEST(CheckCommand, PrintsOneJsonObject) {
     const WorkingFolder folder;
     folder.Write("a.vhd", "");
     folder.Write("b.vhd", "");
-    folder.Write("build.xml", BuildText(VhdlGroup(SourceText("a.vhd", {"b.vhd"}) +
-                                                  SourceText("b.vhd", {"a.vhd"}) +
-                                                  SourceText("a.vhd") + SourceText("gone.vhd"))));
+    folder.Write(
+        "build.xml",
+        BuildText(VhdlGroup(SourceText("a.vhd", {"b.vhd"}) + SourceText("b.vhd", {"a.vhd"}) +
+                            SourceText("a.vhd") + SourceText("gone.vhd", {"A.vhd"}))));
     const TToolRun run = RunHdlbuild({"check", "--json", "build.xml"});
     EXPECT_EQ(run.Status, kExitProblems);
     EXPECT_EQ(run.Out, R"({
@@ -121,6 +152,18 @@ TEST(CheckCommand, PrintsOneJsonObject) {
       {
         "language": "VHDL",
         "path": "a.vhd"
+      }
+    ]
+  ],
+  "spellings": [
+    [
+      {
+        "path": "a.vhd",
+        "dependencyOf": null
+      },
+      {
+        "path": "A.vhd",
+        "dependencyOf": "gone.vhd"
       }
     ]
   ]

@@ -84,6 +84,40 @@ TEST(OrderCommand, PrintsOneJsonObject) {
               "}\n");
 }
 
+TEST(OrderCommand, PrintsOneLineForAPathWithALineEnd) {
+    const WorkingFolder folder;
+    folder.Write("build.xml", BuildText("<SourceFileGroup Language=\"VHDL\">\n" +
+                                        SourceText("a&#10;b&#9;&#13;.vhd", {},
+                                                   "PrecompiledLibrary=\"l&#9;\xC2\x85\"") +
+                                        "</SourceFileGroup>\n"));
+    EXPECT_EQ(RunHdlbuild({"order", "build.xml"}).Out, "a\\nb\\t\\r.vhd\n");
+    EXPECT_EQ(RunHdlbuild({"order", "--tsv", "build.xml"}).Out, "l\\t\\u0085\ta\\nb\\t\\r.vhd\n");
+    EXPECT_EQ(RunHdlbuild({"order", "--json", "build.xml"}).Out,
+              "{\n"
+              "  \"format\": \"hdlbuild-order\",\n"
+              "  \"version\": 1,\n"
+              "  \"build\": \"build.xml\",\n"
+              "  \"language\": \"VHDL\",\n"
+              "  \"files\": [\n"
+              "    {\n"
+              "      \"library\": \"l\\t\xC2\x85\",\n"
+              "      \"path\": \"a\\nb\\t\\r.vhd\"\n"
+              "    }\n"
+              "  ]\n"
+              "}\n");
+}
+
+TEST(OrderCommand, PrintsOneFormatOnly) {
+    const WorkingFolder folder;
+    folder.Write("build.xml", BuildText(""));
+    for (const auto& [first, second] : {std::pair{"--json", "--tsv"}, {"--tsv", "--json"}}) {
+        const TToolRun run = RunHdlbuild({"order", "build.xml", first, second});
+        EXPECT_EQ(run.Status, kExitUsage);
+        EXPECT_EQ(run.Out, "");
+        EXPECT_EQ(run.Err, "--json excludes --tsv\nRun with --help for more information.\n");
+    }
+}
+
 TEST(OrderCommand, PrintsTheOrderOfACycleAndReportsIt) {
     const WorkingFolder folder;
     folder.Write("x.vhd", "");

@@ -7,12 +7,14 @@ namespace {
 struct TCallArguments : TCommonArguments {
     std::string Place;
     std::string Option = "preset";
+    std::size_t Form = 0;
     std::vector<std::string> Entries;
     std::vector<std::string> Words;
 };
 
 int RunCall(const TCallArguments& arguments, const TToolStreams& streams) {
     streams.Out << arguments.Place << ' ' << arguments.Option << (arguments.Json ? " json" : "");
+    if (arguments.Form > 0) streams.Out << " form " << arguments.Form;
     for (const std::string& entry : arguments.Entries) streams.Out << " +" << entry;
     for (const std::string& word : arguments.Words) streams.Out << " '" << word << "'";
     streams.Out << "\n";
@@ -26,6 +28,8 @@ TTool CallTool() {
     const std::vector<TArgument> arguments = {{"PLACE", &values->Place, "A place", kRequired},
                                               {"--option", &values->Option, "An option"},
                                               {"--add", &values->Entries, "Adds an entry"},
+                                              {"--one", TChoice{&values->Form, 1}, "Form 1"},
+                                              {"--two", TChoice{&values->Form, 2}, "Form 2"},
                                               JsonArgument(*values)};
     return {"caller",
             "1.2",
@@ -54,6 +58,7 @@ TEST(CommandLine, GivesACommandItsArguments) {
         {{"call", "here"}, "7\nhere preset\n"},
         {{"call", "--option", "x", "here", "--json"}, "7\nhere x json\n"},
         {{"call", "here", "--add", "a", "b", "--add=-c"}, "7\nhere preset +a +b +-c\n"},
+        {{"call", "here", "--two"}, "7\nhere preset form 2\n"},
         {{"call", "--", "--json"}, "7\n--json preset\n"},
         {{"both", "here", "one"}, "7\nhere preset\n"},
         {{"say", "here", "-x", "--json", "y"}, "7\nhere preset json '-x' 'y'\n"},
@@ -64,7 +69,9 @@ TEST(CommandLine, GivesACommandItsArguments) {
 
 // The part in front of the mark is taken on its own first.
 TEST(CommandLine, ForgetsAParseThatFailed) {
-    EXPECT_EQ(Call({"say", "--add", "a", "--option", "x", "--", "here"}), "7\nhere x +a\n");
+    EXPECT_EQ(Call({"say", "--add", "a", "--two", "--option", "x", "--", "here"}),
+              "7\nhere x form 2 +a\n");
+    EXPECT_EQ(Call({"call", "--one", "--", "here"}), "7\nhere preset form 1\n");
 }
 
 TEST(CommandLine, ReportsWrongUsage) {
@@ -74,6 +81,10 @@ TEST(CommandLine, ReportsWrongUsage) {
     EXPECT_EQ(Call({"both", "here"}), std::string("2\nA subcommand is required\n") + kHint);
     EXPECT_EQ(Call({"call", "here", "-x"}),
               std::string("2\nThe following argument was not expected: -x\n") + kHint);
+    EXPECT_EQ(Call({"call", "here", "\x1b[2J"}),
+              std::string("2\nThe following argument was not expected: \\x1B[2J\n") + kHint);
+    EXPECT_EQ(Call({"call", "here", "--one", "--two"}),
+              std::string("2\n--one excludes --two\n") + kHint);
 }
 
 TEST(CommandLine, PrintsTheVersion) {
@@ -92,6 +103,8 @@ Options:
   --help                      Print this help message and exit
   --option TEXT               An option
   --add TEXT                  Adds an entry
+  --one Excludes: --two       Form 1
+  --two Excludes: --one       Form 2
   --json                      Print one JSON object
 
 )");

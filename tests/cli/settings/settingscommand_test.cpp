@@ -327,6 +327,8 @@ TEST(SettingsCommand, RefusesNamesThatAreUnknownOrTaken) {
          "2\nhdlbuild: error: the project has a configuration 'Debug' already\n"},
         {{"copy", "Release", "Default"},
          "2\nhdlbuild: error: 'Default' always means the first configuration\n"},
+        {{"copy", "Release", "a\nb"}, "2\nhdlbuild: error: the name 'a\\nb' holds a line end\n"},
+        {{"copy", "NCSim", "a\r"}, "2\nhdlbuild: error: the name 'a\\r' holds a line end\n"},
         {{"copy", "Release", ""}, "2\nhdlbuild: error: a configuration needs a name\n"},
     };
     for (const auto& row : rows) EXPECT_EQ(Settings(row.Arguments), row.Expected);

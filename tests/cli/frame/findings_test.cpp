@@ -1,0 +1,68 @@
+#include "cli/frame/findings.h"
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace {
+
+/// A text is wrong when it holds digits, and when it is short.
+using TText = std::string;
+
+std::vector<char> FindDigits(const TText& text) {
+    std::vector<char> digits;
+    for (const char c : text)
+        if (c >= '0' && c <= '9') digits.push_back(c);
+    return digits;
+}
+
+std::vector<std::string> LinesOfDigit(const char& digit, const TText& text) {
+    return {std::string("digit ") + digit, "  in " + text};
+}
+
+TJson DigitAsJson(const char& digit, const TText&) {
+    return std::string(1, digit);
+}
+
+bool IsShort(const TText& text) {
+    return text.size() < 3;
+}
+
+std::string LineOfLength(const TText&) {
+    return "too short";
+}
+
+TJson LengthAsJson(const TText& text) {
+    return text.size();
+}
+
+/// The exit status and the output.
+std::string Report(const TText& text, bool isJson) {
+    const std::vector<TFindingKind<TText>> kinds = {
+        FaultKind("length", IsShort, LineOfLength, LengthAsJson),
+        FindingKind("digits", FindDigits, LinesOfDigit, DigitAsJson),
+    };
+    TCommonArguments arguments;
+    arguments.Json = isJson;
+    std::ostringstream out;
+    std::ostringstream err;
+    const int status =
+        ReportFindings(FindAll(kinds, text), "a\n.txt", {{"format", "f"}}, arguments, {out, err});
+    return std::to_string(status) + "\n" + out.str() + err.str();
+}
+
+}  // namespace
+
+TEST(Findings, PrintTheLinesOfAllKinds) {
+    EXPECT_EQ(Report("abc", false), "0\na\\n.txt: no problems\n");
+    EXPECT_EQ(Report("a", false), "1\ntoo short\n");
+    EXPECT_EQ(Report("1\t2", false), "1\ndigit 1\n  in 1\\t2\ndigit 2\n  in 1\\t2\n");
+    EXPECT_EQ(Report("7", false), "1\ntoo short\ndigit 7\n  in 7\n");
+}
+
+TEST(Findings, PrintOneJsonObjectWithAMemberForEachKind) {
+    EXPECT_EQ(Report("abc", true),
+              "0\n{\n  \"format\": \"f\",\n  \"clean\": true,\n  \"length\": 3,\n"
+              "  \"digits\": []\n}\n");
+    EXPECT_EQ(Report("7", true),
+              "1\n{\n  \"format\": \"f\",\n  \"clean\": false,\n  \"length\": 1,\n"
+              "  \"digits\": [\n    \"7\"\n  ]\n}\n");
+}
