@@ -2,10 +2,25 @@
 
 #include "filenames/componentname.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/recorders.h"
 #include <chrono>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
+
+namespace {
+int Destructions = 0;
+}
+
+// The linker puts the second in the place of the first in every call from another file.
+// NOLINTBEGIN(bugprone-reserved-identifier)
+extern "C" void __real__ZN14TComponentNameD1Ev(TComponentName* name);
+extern "C" void __wrap__ZN14TComponentNameD1Ev(TComponentName* name);
+void __wrap__ZN14TComponentNameD1Ev(TComponentName* name) {
+    ++Destructions;
+    __real__ZN14TComponentNameD1Ev(name);
+}
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 
@@ -144,6 +159,33 @@ TEST(ComponentNameList, FlushEmptiesTheList) {
     names.Flush();
     names.Flush();
     EXPECT_EQ(names.size(), 0U);
+}
+
+TEST(ComponentNameList, DeletesItsNamesWhenFlushedOnly) {
+    const int before = Destructions;
+    {
+        TComponentNameList names(LANGUAGE_VHDL);
+        names.AddComponentName("top", "rtl", "work");
+        names.AddComponentName("sub", "rtl", "work");
+        names.AddComponentName("sub", "rtl", "work");
+        const TComponentNameList copy = names;
+        EXPECT_EQ(Destructions - before, 0);
+        names.Flush();
+        EXPECT_EQ(Destructions - before, 2);
+        names.AddComponentName("top", "rtl", "work");
+    }
+    EXPECT_EQ(Destructions - before, 2);
+}
+
+TEST(ComponentNameList, ReportsNothingWhenAReadFails) {
+    RecordingMessageBox box;
+    RecordingLog log(1);
+    TXMLList document;
+    PushElements(&document, "START Component Library=work\n");
+    DListIterator<TElement*> element(document);
+    TComponentNameList names(LANGUAGE_VHDL);
+    EXPECT_FALSE(names.ReadFromFile(element));
+    EXPECT_EQ(log.Take() + box.Take(), "");
 }
 
 TEST(ComponentNameList, AddsManyNamesInLinearTime) {

@@ -314,6 +314,16 @@ TEST(HdbSFileName, CopiesWrapTheSameHandle) {
     EXPECT_EQ(handle.Take() + other.Take(), "");
 }
 
+TEST(HdbSFileName, LeavesItsHandleAloneWhenItDies) {
+    const RecordingFileName handle;
+    {
+        const THdbSFileName name(&handle);
+        const std::unique_ptr<const ISFileName> owned = std::make_unique<THdbSFileName>(name);
+        ASSERT_EQ(owned->GetFileName(), &handle);
+    }
+    EXPECT_EQ(handle.Take(), "");
+}
+
 TEST(HdbSFileName, IsAnItemNamedByItsCanonicalName) {
     THdbSFileName name("C:/design/../top.vhd");
     EXPECT_STREQ(name.GetName(), "C:\\top.vhd");

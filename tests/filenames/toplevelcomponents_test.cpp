@@ -57,6 +57,45 @@ TEST(TopLevelComponents, StartsEmptyAndUnforced) {
     EXPECT_EQ(ElementsOf(components), kEmptySection);
 }
 
+TEST(TopLevelComponents, PassesOverTextsAndEndsBeforeTheFirstComponent) {
+    TTopLevelComponents components;
+    EXPECT_EQ(Read(components,
+                   "START TopLevelComponents\n"
+                   "TEXT before the list\n"
+                   "END Stray\n"
+                   "START ComponentList Language=VHDL\n"
+                   "TEXT before the component\n"
+                   "END Stray\n"
+                   "TEXT more\n"
+                   "START Component Library=lib Architecture=rtl\n"
+                   "TEXT top\n"
+                   "END Component\n"
+                   "END ComponentList\n"
+                   "END TopLevelComponents\n"
+                   "START Next\n"),
+              "true START Next");
+    EXPECT_EQ(ElementsOf(components),
+              "START TopLevelComponents\n"
+              "START ComponentList Language=VHDL\n"
+              "START Component Library=lib Architecture=rtl\n"
+              "TEXT top\n"
+              "END Component\n"
+              "END ComponentList\n"
+              "END TopLevelComponents\n");
+}
+
+TEST(TopLevelComponents, ReportsNothingWhenAReadFails) {
+    RecordingMessageBox box;
+    RecordingLog log(1);
+    TTopLevelComponents components;
+    EXPECT_EQ(Read(components,
+                   "START TopLevelComponents\n"
+                   "START ComponentList Language=VHDL\n"
+                   "START Component Library=lib\n"),
+              "false TAIL");
+    EXPECT_EQ(log.Take() + box.Take(), "");
+}
+
 TEST(TopLevelComponents, MakesAListForALanguageWhenANameIsAdded) {
     TTopLevelComponents components;
     EXPECT_TRUE(components.AddComponentName("top", "rtl", "lib", LANGUAGE_VHDL));

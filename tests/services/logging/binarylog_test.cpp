@@ -4,6 +4,7 @@
 #include "tests/support/temporaryfolder.h"
 #include <atomic>
 #include <chrono>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -112,6 +113,29 @@ TEST(CheckSite, HoldsTheLogsLockWhileLogging) {
     TCheckSite site("false", "hdbsfilename", 20);
     site.Report();
     EXPECT_FALSE(log.EnteredDuringLog);
+}
+
+TEST(CheckSite, MakesItsMessageUnderTheLogsLock) {
+    RecordingLog log;
+    char condition[] = "before";
+    TCheckSite site(condition, "hdbsfilename", 20);
+    gBinaryLogMessageLoggingMutex.Acquire();
+    std::thread reporting([&site] { site.Report(); });
+    // Time enough for a message that is made without waiting for the lock.
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    std::strcpy(condition, "locked");
+    gBinaryLogMessageLoggingMutex.Release();
+    reporting.join();
+    EXPECT_EQ(log.Take(), "hdbsfilename(20): Check failed: \"locked\"\n");
+}
+
+TEST(CheckSite, MakesOneMessageForManyThreads) {
+    AddressLog log;
+    TCheckSite site("simSetting", "projectsettings", 12);
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 8; ++i) threads.emplace_back([&site] { site.Report(); });
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(log.Addresses, std::vector<const char*>(8, log.Addresses.at(0)));
 }
 
 TEST(BinaryLogMessage, CopiesItsTexts) {

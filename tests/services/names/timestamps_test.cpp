@@ -92,6 +92,11 @@ TEST(TimeStamps, TellEveryChangeSinceLoading) {
     }
 }
 
+// Programs around the library pass the text itself.
+TEST(TimeStamps, HaveADefaultKeyThatStays) {
+    EXPECT_STREQ(kDefaultTimeStampKey, "DEFAULT_TIME_STAMP_KEY");
+}
+
 TEST(TimeStamps, TellAFileThatCameLater) {
     TimedFile file;
     file.Remove();

@@ -27,7 +27,7 @@ protected:
         PushElements(this, Elements);
     }
     bool InterpretElements() override {
-        Calls += "interpret\n" + ElementsOf(*this);
+        Calls += "interpret " + NameOf(GetFileName()) + "\n" + ElementsOf(*this);
         return InterpretResult;
     }
     void HandleMissingOrInvalidFile(const char* path) override {
@@ -162,7 +162,7 @@ TEST(XMLList, ReadsAFileAndThenInterpretsIt) {
     HookedList list;
     PushElements(&list, "START old\nEND old\n");
     EXPECT_TRUE(list.ReadFile(path.c_str(), nullptr));
-    EXPECT_EQ(list.Calls, "interpret\nSTART a x=1\nTEXT t\nEND a\n");
+    EXPECT_EQ(list.Calls, "interpret a.xml\nSTART a x=1\nTEXT t\nEND a\n");
     EXPECT_FALSE(list.GetReadError().IsError());
     EXPECT_STREQ(list.GetFileName()->ShortName(false), "a.xml");
     EXPECT_EQ(box.Take() + log.Take(), "");
@@ -174,7 +174,7 @@ TEST(XMLList, HasReadAFileWhateverTheInterpretationMakesOfIt) {
     RecordingMessageBox box;
     HookedList list("", false);
     EXPECT_TRUE(list.ReadFile(path.c_str()));
-    EXPECT_EQ(list.Calls, "interpret\nSTART a\nEND a\n");
+    EXPECT_EQ(list.Calls, "interpret a.xml\nSTART a\nEND a\n");
     EXPECT_FALSE(list.GetReadError().IsError());
     EXPECT_EQ(box.Take(), "");
 }

@@ -1,0 +1,107 @@
+#include "tests/repository/sources.h"
+#include <algorithm>
+#include <cctype>
+#include <gtest/gtest.h>
+#include <regex>
+#include <set>
+
+// Rules for the whole library that no single test would miss.
+
+namespace {
+
+/// The place behind the text in quotes that begins at `begin`: a literal, plain or raw.
+std::size_t EndOfQuoted(const std::string& text, std::size_t begin) {
+    const char quote = text[begin];
+    if (quote == '"' && begin > 0 && text[begin - 1] == 'R') {
+        const std::size_t open = text.find('(', begin);
+        const std::string close = ")" + text.substr(begin + 1, open - begin - 1) + "\"";
+        return std::min(text.find(close, open), text.size() - close.size()) + close.size();
+    }
+    std::size_t place = begin + 1;
+    while (place < text.size() && text[place] != quote) {
+        if (text[place] == '\\') ++place;
+        ++place;
+    }
+    return std::min(place + 1, text.size());
+}
+
+/// The code of a file: each comment put down as a blank, each literal as "", so that words in them
+/// count for nothing.
+std::string CodeOf(const std::string& text) {
+    std::string code;
+    for (std::size_t i = 0; i < text.size();) {
+        const bool isDigitBefore = i > 0 && std::isdigit(static_cast<unsigned char>(text[i - 1]));
+        if (text.compare(i, 2, "//") == 0) {
+            code += ' ';
+            i = std::min(text.find('\n', i), text.size());
+        } else if (text.compare(i, 2, "/*") == 0) {
+            code += ' ';
+            i = std::min(text.find("*/", i), text.size() - 2) + 2;
+        } else if (text[i] == '"' || (text[i] == '\'' && !isDigitBefore)) {
+            code += "\"\"";
+            i = EndOfQuoted(text, i);
+        } else {
+            code += text[i++];
+        }
+    }
+    return code;
+}
+
+/// "file: match\n" for every match of `pattern` in the library's code, sorted.
+std::string MatchesInLibrary(const std::regex& pattern, bool withTexts = false) {
+    std::set<std::string> lines;
+    for (const TSource& source : Sources()) {
+        if (IsOutsideLibrary(source.Name)) continue;
+        const std::string code = withTexts ? source.Text : CodeOf(source.Text);
+        for (std::sregex_iterator at(code.begin(), code.end(), pattern), end; at != end; ++at)
+            lines.insert(source.Name + ": " + at->str() + "\n");
+    }
+    std::string all;
+    for (const std::string& line : lines) all += line;
+    return all;
+}
+
+}  // namespace
+
+TEST(Rules, AreLookedForInCodeOnly) {
+    EXPECT_EQ(CodeOf("a; // throw\nb; /* throw\n*/ c(\"throw \\\" throw\", 'x', 1'000);"),
+              "a;  \nb;   c(\"\", \"\", 1'000);");
+    EXPECT_EQ(CodeOf("x = R\"q(throw \")\" throw)q\" + y;"), "x = R\"\" + y;");
+}
+
+// Variables in the user's own texts are expanded by `environment`, whatever their names.
+// Variables in the user's own texts are expanded by `environment`, whatever their names. The folder
+// for the user's files is found as the desktop's rules tell.
+TEST(Rules, ConsultOneEnvironmentVariableByName) {
+    EXPECT_EQ(MatchesInLibrary(std::regex("GetEnvironment(Variable)?Text\\(\"[^\"]*\""), true),
+              "services/files/process_posix.cpp: GetEnvironmentText(\"HOME\"\n"
+              "services/files/process_posix.cpp: GetEnvironmentText(\"XDG_CONFIG_HOME\"\n"
+              "services/files/process_windows.cpp: GetEnvironmentText(\"APPDATA\"\n"
+              "settings/projectsimlanguageconfigxml.cpp: "
+              "GetEnvironmentVariableText(\"ORVANE_CPP_COMPILER\"\n");
+    EXPECT_EQ(
+        MatchesInLibrary(std::regex("\\b([Gg]etenv|GetEnvironmentStrings\\w*|environ|"
+                                    "GetEnvironmentVariable[AW]?|ExpandEnvironment\\w*)\\b")),
+        "services/files/process_posix.cpp: getenv\n"
+        "services/files/process_windows.cpp: GetEnvironmentVariableW\n");
+}
+
+TEST(Rules, HaveNoThreadsAndOneLock) {
+    EXPECT_EQ(MatchesInLibrary(std::regex(
+                  "#include <(thread|future|mutex|shared_mutex|condition_variable|latch|"
+                  "semaphore|barrier|stop_token|atomic|pthread\\.h|threads\\.h)>|"
+                  "\\b(pthread_\\w+|CreateThread\\w*|_beginthread\\w*|std::(j?thread|async|"
+                  "mutex|recursive_mutex|condition_variable|call_once|atomic))\\b")),
+              "services/logging/binarylog.h: #include <atomic>\n"
+              "services/logging/binarylog.h: #include <mutex>\n"
+              "services/logging/binarylog.h: std::atomic\n"
+              "services/logging/binarylog.h: std::mutex\n");
+}
+
+// But for memory that runs out: the language has the allocator ask a handler that may throw.
+TEST(Rules, ThrowAndCatchNothing) {
+    EXPECT_EQ(
+        MatchesInLibrary(std::regex("\\b(throw|try|catch|rethrow_exception|throw_with_nested)\\b")),
+        "services/base/allocator.cpp: catch\n"
+        "services/base/allocator.cpp: try\n");
+}
