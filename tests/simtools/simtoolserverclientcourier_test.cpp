@@ -307,6 +307,25 @@ TEST(SimToolServerClientCourier, NotifiesOfToolsAddedAndRemovedOnly) {
     }
 }
 
+TEST(SimToolServerClientCourier, TellsItsObserversWhenTheChangeIsMade) {
+    TCourier courier;
+    RecordingObserver observer;
+    courier.AddObserver(&observer);
+    TBaseSimTool vcs = ToolOf(SIM_VCS);
+    TBaseSimTool own = ToolOf(SIM_ZORVIK_CL);
+    std::string seen;
+    const auto look = [&] { seen = TextOf(courier); };
+    observer.Inside = look;
+    courier.AddServerAndTool("farm", &vcs);
+    EXPECT_EQ(seen, "[localhost]\nSimZorvik CL|||Verilog\n[farm]\nVCS|||Verilog\ncurrent \n");
+    observer.Inside = look;
+    courier.RemoveServerAndTool("localhost", &own);
+    EXPECT_EQ(seen, "[localhost]\n[farm]\nVCS|||Verilog\ncurrent \n");
+    observer.Inside = look;
+    courier.RemoveServerAndTool("farm", &vcs);
+    EXPECT_EQ(seen, "[localhost]\ncurrent \n");
+}
+
 TEST(SimToolServerClientCourier, PingsEveryObserver) {
     const TCourier courier;
     RecordingObserver first;
