@@ -166,8 +166,13 @@ TEST(BuildFileReader, ReadsSectionsInAnyOrderAndNumber) {
     EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
     EXPECT_EQ(VariablesOf(read.Build), "A=1\nB=2\n");
     EXPECT_EQ(PathsOf(read.Build.GetSourceFileGroup(LANGUAGE_VHDL), read.Folder), "b.vhd\na.vhd\n");
-    EXPECT_TRUE(read.Build.GetForceTopLevelComponents());
-    ASSERT_NE(read.Build.GetComponentNameList(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(ElementsWrittenBy([&read](TXMLList* document) {
+                  read.Build.WriteTopLevelComponentNames(document);
+              }),
+              "START TopLevelComponents ForceTopLevelComponents=true\n"
+              "START ComponentList Language=VHDL\n"
+              "START Component Library=l Architecture=a\nTEXT e\nEND Component\n"
+              "END ComponentList\nEND TopLevelComponents\n");
     EXPECT_STREQ(read.Build.GetGeneralConfiguration()->GetSimulationLogFileName(), "x.log");
     EXPECT_EQ(read.Build.GetSimTool(LANGUAGE_VERILOG)->GetSimulatorType(), SIM_VCS);
     EXPECT_EQ(read.Build.GetHdlLanguage(), LANGUAGE_VHDL);
@@ -182,6 +187,7 @@ TEST(BuildFileReader, LeavesABuildWithoutFileAsItWas) {
     EXPECT_EQ(build.ReadFromFile(), READ_NO_ERROR);
     EXPECT_EQ(build.GetTopLanguage(), LANGUAGE_VHDL);
     EXPECT_TRUE(build.GetReadError().IsError());
+    EXPECT_EQ(build.GetReadError().File, folder.Path("gone.xml"));
     EXPECT_TRUE(build.GetReadError().Missing);
     EXPECT_EQ(messages.Take(), "");
     EXPECT_FALSE(build.IsOutdated());
@@ -408,6 +414,7 @@ TEST(BuildFileReader, OrdersFilesThatAreListedBehindThoseThatNeedThem) {
               "base.vhd\npkg.vhd\ntop.vhd\n");
     const ISFileName* pkg = ISFileName::NewISFileName(read.Folder.Path("pkg.vhd").c_str());
     const TIHdlSourceFileList* group = read.Build.GetSourceFileGroup(LANGUAGE_VHDL);
+    ASSERT_NE(group->GetSourceFile(pkg), nullptr);
     EXPECT_EQ((*group->begin())->GetDependency(pkg), group->GetSourceFile(pkg));
 }
 
@@ -465,8 +472,21 @@ TEST(BuildFileReader, ReadsAndSavesBesideFilesOfAnyNameAndLength) {
     EXPECT_EQ(messages.Take(), "");
     std::string saved;
     ASSERT_EQ(ReadWholeFile(path.c_str(), &saved, nullptr), FILE_READ_DONE);
-    EXPECT_NE(saved.find(">rtl/gr\xC3\xB6\xC3\x9F\x65.vhd</SourceFile>"), std::string::npos)
-        << saved;
+    EXPECT_EQ(saved,
+              "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n"
+              "<HdlBuildFileList>\n"
+              "  <HdlBuildFile TopLevelLanguage=\"VHDL\" QmvVersion=\"\" IdlVersion=\"\" "
+              "HvlLanguage=\"None\" HdlLanguage=\"VHDL\" BaseTimeUnit=\"ps\" "
+              "DisplayTimeUnit=\"ns\" GenerationDestinationLibrary=\"\" DestinationLibrary=\"\" "
+              "SnapshotName=\"\">\n"
+              "    <TopLevelComponents/>\n"
+              "    <ProjectLanguageConfigurationList/>\n"
+              "    <SourceFileGroup Language=\"VHDL\">\n"
+              "      <SourceFile Library=\"false\" PrecompiledLibrary=\"\">"
+              "rtl/gr\xC3\xB6\xC3\x9F\x65.vhd</SourceFile>\n"
+              "    </SourceFileGroup>\n"
+              "  </HdlBuildFile>\n"
+              "</HdlBuildFileList>\n");
 }
 
 TEST(BuildFileReader, ReadsAtConstruction) {

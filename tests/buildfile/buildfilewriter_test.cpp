@@ -213,6 +213,54 @@ TEST(BuildFileWriter, WritesSettingsOfTheStoredLanguagesInTheirOrder) {
     EXPECT_EQ(languages, "Verilog  VHDL  Bluespec  C++  TestBuilder  ");
 }
 
+/// The settings list with those of SIM_ZORVIK_VERILOG.
+std::string VerilogSettings(const std::string& build, const std::string& linker) {
+    return "START ProjectLanguageConfigurationList\n"
+           "START LanguageSettings Language=Verilog\n"
+           "START SimTool\n"
+           "TEXT SimZorvik Verilog\n"
+           "END SimTool\n"
+           "START UseVhdl93Defaults\n"
+           "TEXT true\n"
+           "END UseVhdl93Defaults\n"
+           "START DelayType\n"
+           "TEXT 1\n"
+           "END DelayType\n"
+           "START PliDriven\n"
+           "TEXT false\n"
+           "END PliDriven\n"
+           "START ActiveSnapshotName\n"
+           "TEXT \n"
+           "END ActiveSnapshotName\n"
+           "START DestinationLibraryName\n"
+           "TEXT work\n"
+           "END DestinationLibraryName\n"
+           "START AdditionalExtensions\n"
+           "TEXT \n"
+           "END AdditionalExtensions\n"
+           "START BuildOptions\n"
+           "TEXT " +
+           build +
+           "\n"
+           "END BuildOptions\n"
+           "START LinkerOptions\n"
+           "TEXT " +
+           linker +
+           "\n"
+           "END LinkerOptions\n"
+           "START RuntimeOptions\n"
+           "TEXT \n"
+           "END RuntimeOptions\n"
+           "START RunOutputFileExecutable\n"
+           "TEXT false\n"
+           "END RunOutputFileExecutable\n"
+           "START ForceTopLevel\n"
+           "TEXT false\n"
+           "END ForceTopLevel\n"
+           "END LanguageSettings\n"
+           "END ProjectLanguageConfigurationList\n";
+}
+
 TEST(BuildFileWriter, PassesDebuggingAndElaborateOnlyToTheSettings) {
     const struct {
         const char* Label;
@@ -238,11 +286,8 @@ TEST(BuildFileWriter, PassesDebuggingAndElaborateOnlyToTheSettings) {
         build.AddLanguageConfig(LANGUAGE_VERILOG, &config);
         TXMLList document;
         build.WriteProjectSettings(&document);
-        const std::string text = ElementsOf(document);
-        const std::string options = "START BuildOptions\nTEXT " + std::string(row.BuildOptions) +
-                                    "\nEND BuildOptions\nSTART LinkerOptions\nTEXT " +
-                                    row.LinkerOptions + "\nEND LinkerOptions\n";
-        EXPECT_NE(text.find(options), std::string::npos) << row.Label << ":\n" << text;
+        EXPECT_EQ(ElementsOf(document), VerilogSettings(row.BuildOptions, row.LinkerOptions))
+            << row.Label;
         delete build.GetProjectLanguageConfig(LANGUAGE_VERILOG);
     }
 }
@@ -346,11 +391,38 @@ TEST(BuildFileWriter, WritesExcludedSourcesLikeTheOthers) {
 
 TEST(BuildFileWriter, WritesAbsolutePathsWithoutABuildFileName) {
     THdlBuildFile build;
+    build.SetTopLanguage(LANGUAGE_VHDL);
+    build.SetSugarEngineDll(NameOf(Below("sugar.dll")));
     build.SetOutputDiagram(NameOf(Below("out.btim")));
-    const std::string document = DocumentOf(build);
-    EXPECT_NE(document.find("START OutputDiagram\nTEXT " + Below("out.btim") + "\n"),
-              std::string::npos)
-        << document;
+    THdlSourceFile source(Below("a.vhd").c_str());
+    THdlSourceFile dependency(Below("b.vhd").c_str());
+    source.AddDependency(&dependency);
+    build.AddSourceFile(&source, false);
+    EXPECT_EQ(DocumentOf(build),
+              "START HdlBuildFile TopLevelLanguage=VHDL QmvVersion=x.x IdlVersion=x.x "
+              "HvlLanguage=None HdlLanguage=None BaseTimeUnit=ps DisplayTimeUnit=ns "
+              "SugarEngineDll=" +
+                  Below("sugar.dll") +
+                  " GenerationDestinationLibrary= DestinationLibrary= SnapshotName=\n"
+                  "START TopLevelComponents\n"
+                  "END TopLevelComponents\n"
+                  "START ProjectLanguageConfigurationList\n"
+                  "END ProjectLanguageConfigurationList\n"
+                  "START OutputDiagram\n"
+                  "TEXT " +
+                  Below("out.btim") +
+                  "\nEND OutputDiagram\n"
+                  "START SourceFileGroup Language=VHDL\n"
+                  "START SourceFile Library=false PrecompiledLibrary=\n"
+                  "TEXT " +
+                  Below("a.vhd") +
+                  "\nSTART Dependency\n"
+                  "TEXT " +
+                  Below("b.vhd") +
+                  "\nEND Dependency\n"
+                  "END SourceFile\n"
+                  "END SourceFileGroup\n"
+                  "END HdlBuildFile\n");
 }
 
 TEST(BuildFileWriter, WritesAFileWithDocumentTypeAndRoot) {

@@ -231,6 +231,27 @@ public:
     using THdlSourceFileList::THdlSourceFileList;
 };
 
+TEST(HdlProjectFileList, KeepsTheOrderOfItsOperations) {
+    using TList = THdlProjectFileList;
+    using TByName = TResult (TList::*)(const ISFileName*);
+    using TByFile = TResult (TList::*)(THdlProjectFile*);
+    EXPECT_EQ(SlotOf(&TList::Accept), 1);
+    EXPECT_EQ(SlotOf(&TList::GetName), 2);
+    EXPECT_EQ(SlotOf(&TList::GetFullName), 3);
+    EXPECT_EQ(SlotOf(&TList::GetHDBItemKind), 4);
+    EXPECT_EQ(SlotOf(&TList::GetLanguage), 5);
+    EXPECT_EQ(SlotOf(&TList::GetSourceParent), 6);
+    EXPECT_EQ(SlotOf(&TList::IsProtected), 7);
+    EXPECT_EQ(SlotOf(&TList::dump), 8);
+    EXPECT_EQ(SlotOf(TByName(&TList::AddAtHeadAndSetOwner)), 9);
+    EXPECT_EQ(SlotOf(TByFile(&TList::AddAtHeadAndSetOwner)), 10);
+    EXPECT_EQ(SlotOf(TByName(&TList::AddAtTailAndSetOwner)), 11);
+    EXPECT_EQ(SlotOf(TByFile(&TList::AddAtTailAndSetOwner)), 12);
+    EXPECT_EQ(SlotOf(&TList::InsertFileAndSetOwner), 13);
+    EXPECT_EQ(SlotOf(&TList::SetAssociatedFileScope), 14);
+    EXPECT_EQ(SlotOf(&TList::AddAssociatedFileToScopeFile), 15);
+}
+
 TEST(ProjectFolders, AppendTheirOperationsInOrder) {
     using TSource = TResult (THdlSourceFileList::*)(THdlProjectSourceFile*);
     using TDiagram = TResult (THdlTimingDiagramFileList::*)(THdlProjectDiagramFile*);
