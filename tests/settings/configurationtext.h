@@ -36,6 +36,25 @@ inline std::string ConfigurationDefaults(const std::string& name, bool debug) {
            "build=<> linker=<> runtime=<>\n";
 }
 
+/// `text` with `to` in the place of the first `from` behind the line that begins with `section`.
+inline std::string Replaced(std::string text, const std::string& section, const std::string& from,
+                            const std::string& to) {
+    const auto place = text.find(from, text.find("\n" + section) + 1);
+    if (place == std::string::npos) return "no " + from + " in " + text;
+    return text.replace(place, from.size(), to);
+}
+
+/// The same for one that was read from the project file D:\p\x.hpj, whose directory resolves its
+/// directories.
+inline std::string ConfigurationDefaultsInProject(const std::string& name, bool debug) {
+    std::string text = ConfigurationDefaults(name, debug);
+    for (const char* section : {"[0]", "[1]", "[2]", "[4]", "[7]"})
+        text = Replaced(text, section, "project=null", "project=D:\\p\\x.hpj");
+    for (const char* section : {"[0]", "[1]", "[2]"})
+        text = Replaced(text, section, "include=<./>", "include=<D:\\p>");
+    return Replaced(text, "[0]", "<lib/verilog><lib>", "<D:\\p\\lib\\verilog><D:\\p\\lib>");
+}
+
 /// The names of a list's configurations, in order, the current one marked with a star.
 template <class TList>
 std::string NamesIn(const TList& list) {

@@ -1,5 +1,6 @@
 #include "settings/projectfile.h"
 #include "settings/projectsimsettings.h"
+#include "tests/services/names/hostform.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
@@ -324,7 +325,12 @@ TEST(ProjectFile, TellsWhenItCannotBeWritten) {
     TProjectFile file(FileNamed(path.c_str()));
     TProjectSimSettings settings;
     EXPECT_EQ(file.Save(&settings), PROJECT_FILE_NOT_WRITTEN);
-    EXPECT_NE(box.Take(), "");
+    const std::string shown = box.Take();
+    const std::string expected = "Cannot save file: \"" + path + "\": ";
+    if (kOnWindows)
+        EXPECT_EQ(shown.substr(0, expected.size()), expected);
+    else
+        EXPECT_EQ(shown, expected + "No such file or directory [0]\n");
     EXPECT_EQ(folder.List(), "");
 }
 

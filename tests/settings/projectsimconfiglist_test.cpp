@@ -104,7 +104,8 @@ TEST(ProjectSimConfigList, CopiesConfigurationsAndSelectsTheCurrentByPlace) {
     const TList* copies[] = {&copy, &assigned};
     for (const TList* each : copies) {
         EXPECT_EQ(NamesIn(*each), "<b><b*><c>");
-        EXPECT_EQ(TextOf(*each->GetConfigurations()[2]), TextOf(*list.GetConfigurations()[2]));
+        EXPECT_EQ(TextOf(*each->GetConfigurations()[2]),
+                  "name=c\nlog=x.log\ntop show clear bench constants debugging size=0\n");
     }
 }
 

@@ -141,8 +141,8 @@ TEST(ProjectSimLanguageConfig, SnapshotNameIsACopy) {
 TEST(ProjectSimLanguageConfig, CopiesEverythingButTheVcdFileNameAndTheProxy) {
     TConfig settings;
     FillLanguageConfig(settings);
-    auto* proxy = reinterpret_cast<ICorbaProxy*>(&settings);
-    settings.SetCorbaProxy(proxy);
+    ICorbaProxy proxy;
+    settings.SetCorbaProxy(&proxy);
     std::string expected = kFullLanguageConfig;
     expected.replace(expected.find("D:\\p\\dump.vcd"), 13, "null");
     const TConfig copy(settings);
@@ -156,7 +156,7 @@ TEST(ProjectSimLanguageConfig, CopiesEverythingButTheVcdFileNameAndTheProxy) {
         EXPECT_EQ(TextOf(*each), expected);
         EXPECT_EQ(each->GetCorbaProxy(), nullptr);
     }
-    EXPECT_EQ(settings.GetCorbaProxy(), proxy);
+    EXPECT_EQ(settings.GetCorbaProxy(), &proxy);
     EXPECT_EQ(TextOf(TConfig(nullptr, 1)), kLanguageDefaults);
 }
 

@@ -143,8 +143,19 @@ TEST(ProjectTemplateSimConfigList, ReadsBackWhatItWrote) {
     TList read;
     read.ReadFromINI();
     ASSERT_EQ(NamesIn(read), "<SimZorvik_Release><SimZorvik_Debug><NCSim*><ModelSim>");
+    std::string ncSim = ConfigurationDefaults("NCSim", false);
+    ncSim = Replaced(ncSim, "log", "clear", "clear parse");
+    ncSim = Replaced(ncSim, "[0]", "tool=1 ", "tool=20 ");
+    ncSim = Replaced(ncSim, "[1]", "tool=4", "tool=18");
+    ncSim = Replaced(ncSim, "[1]", "build=<>", "build=< -b >");
+    std::string modelSim = ConfigurationDefaults("ModelSim", false);
+    modelSim = Replaced(modelSim, "[0]", "tool=1 ", "tool=11 ");
+    modelSim = Replaced(modelSim, "[1]", "tool=4", "tool=14");
+    const std::string expected[] = {ConfigurationDefaults("SimZorvik_Release", false),
+                                    ConfigurationDefaults("SimZorvik_Debug", true), ncSim,
+                                    modelSim};
     for (std::size_t i = 0; i < 4; ++i)
-        EXPECT_EQ(TextOf(*read.GetConfigurations()[i]), TextOf(*list.GetConfigurations()[i]));
+        EXPECT_EQ(TextOf(*read.GetConfigurations()[i]), expected[i]);
 }
 
 TEST(ProjectTemplateSimConfigList, ReadsNamesUpToTheFirstThatIsMissing) {

@@ -7,6 +7,9 @@
 #include "tests/support/temporaryfolder.h"
 #include <string>
 
+/// The library only carries pointers to proxies.
+class ICorbaProxy {};
+
 /// INI files of the test's own, and an installation directory on a drive, so that what is resolved
 /// against it reads the same on both systems.
 class IniFiles {

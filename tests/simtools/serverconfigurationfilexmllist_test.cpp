@@ -4,6 +4,7 @@
 #include "services/names/isfilename.h"
 #include "simtools/simtoolserverclientcourier.h"
 #include "simtools/simtoolsettings.h"
+#include "tests/services/names/hostform.h"
 #include "tests/simtools/recordingobserver.h"
 #include "tests/simtools/tooltext.h"
 #include "tests/support/elementtext.h"
@@ -195,7 +196,13 @@ TEST(SimulatorsFile, ReportsAFolderThatDoesNotExist) {
     courier.SetCurrentServerName("localhost");
     EXPECT_FALSE(
         courier.WriteCurrentServerConfigToFile(HandleOf(folder.Path("occupied/simulators.cfg"))));
-    EXPECT_NE(messages.Take(), "");
+    const std::string shown = messages.Take();
+    const std::string expected =
+        "Cannot save file: \"" + folder.Path("occupied/simulators.cfg") + "\": ";
+    if (kOnWindows)
+        EXPECT_EQ(shown.substr(0, expected.size()), expected);
+    else
+        EXPECT_EQ(shown, expected + "Not a directory [0]\n");
     EXPECT_EQ(folder.Read("occupied"), "a file where a folder is wanted");
 }
 
