@@ -9,7 +9,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     set_target_properties(hdlbuildfile_exports PROPERTIES
         CXX_EXTENSIONS OFF
         CXX_VISIBILITY_PRESET hidden
-        POSITION_INDEPENDENT_CODE ON)
+        POSITION_INDEPENDENT_CODE ON
+        UNITY_BUILD OFF)
     # Last, so that the optimised copy of an operation goes before, where another object holds one.
     target_sources(hdlbuildfile PRIVATE $<TARGET_OBJECTS:hdlbuildfile_exports>)
 endif()

@@ -8,8 +8,6 @@
 
 namespace {
 
-using namespace ProjectSettingsConfigurations;
-
 constexpr const char* kValidLanguage =
     "language == LANGUAGE_VERILOG || language == LANGUAGE_VHDL || "
     "language == LANGUAGE_BLUESPECVERILOG || language == LANGUAGE_SYSTEMC || "
@@ -91,7 +89,8 @@ void TProjectSimConfig::SetProjectSettings(THdlLanguage language,
                                            TProjectSimLanguageConfig* settings) {
     if (!settings) return;
     if (!IsSettingsLanguage(language)) {
-        static TCheckSite site(kValidLanguage, kSource, kStoreInvalidLanguage);
+        static TCheckSite site(kValidLanguage, ProjectSettingsConfigurations::kSource,
+                               ProjectSettingsConfigurations::kStoreInvalidLanguage);
         site.Report();
     }
     auto& stored = Languages[language];
@@ -118,12 +117,14 @@ void TProjectSimConfig::ResetSettingsToDefaults(bool debug) {
 
 void TProjectSimConfig::ResetLanguageSettingsToDefaults(THdlLanguage language, bool debug) {
     if (!IsSettingsLanguage(language)) {
-        static TCheckSite site(kValidLanguage, kSource, kResetInvalidLanguage);
+        static TCheckSite site(kValidLanguage, ProjectSettingsConfigurations::kSource,
+                               ProjectSettingsConfigurations::kResetInvalidLanguage);
         site.Report();
     }
     TProjectSimLanguageConfig* settings = GetProjectLanguageConfig(language);
     if (!settings) {
-        static TCheckSite site("simSetting", kSource, kResetMissingLanguage);
+        static TCheckSite site("simSetting", ProjectSettingsConfigurations::kSource,
+                               ProjectSettingsConfigurations::kResetMissingLanguage);
         site.Report();
         return;
     }
@@ -138,7 +139,8 @@ bool TProjectSimConfig::ReadFromFile(TElementIterator& element, const ISFileName
             "(elemI.NotAtTail() && (elemI.Current()->ElemType == TElement::START) && "
             "!strcmp(elemI.Current()->Name, \"ProjectSettingsConfiguration\") ) && "
             "\"TProjectSimConfig::ReadFromFile was called on an invalid element.\"",
-            kSource, kReadInvalidElement);
+            ProjectSettingsConfigurations::kSource,
+            ProjectSettingsConfigurations::kReadInvalidElement);
         site.Report();
         return false;
     }

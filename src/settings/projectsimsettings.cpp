@@ -7,8 +7,6 @@
 
 namespace {
 
-using namespace ProjectSettings;
-
 /// How a project file names a configuration: without directory and extension.
 std::string TitleOf(const ISFileName* file) {
     return file ? file->GetNameNoExt() : "";
@@ -38,7 +36,8 @@ const TProjectSimConfig* TProjectSimSettings::GetConfiguration(const char* name)
 void TProjectSimSettings::CopyConfiguration(const char* from, const char* to) {
     const TProjectSimConfig* source = GetConfiguration(from);
     if (!source) {
-        static TCheckSite site("sourceConfiguration", kSource, kCopyMissingConfiguration);
+        static TCheckSite site("sourceConfiguration", ProjectSettings::kSource,
+                               ProjectSettings::kCopyMissingConfiguration);
         site.Report();
         return;
     }
@@ -65,7 +64,7 @@ bool TProjectSimSettings::ReadFromFile(TElementIterator& element, const ISFileNa
             "(elemI.NotAtTail() && (elemI.Current()->ElemType == TElement::START) && "
             "!strcmp(elemI.Current()->Name, \"ProjectSettings\") ) && "
             "\"TProjectSimSettings::ReadFromFile was called on an invalid element.\"",
-            kSource, kReadInvalidElement);
+            ProjectSettings::kSource, ProjectSettings::kReadInvalidElement);
         site.Report();
         return false;
     }

@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* kSource = "simtoolserverclientcourier";
 constexpr const char* kLocalServer = "localhost";
-constexpr const char* kSection = "ExternalSimulatorSettings";
+constexpr const char* kServersSection = "ExternalSimulatorSettings";
 
 const std::vector<THdlLanguage>& LanguagesOf(TSimulatorType type) {
     return TSimTypeLanguageMap::instance()->GetHdlLanguageList(type);
@@ -155,7 +155,7 @@ void TBaseSimToolServerClientCourier::PingObservers(
 }
 
 bool TBaseSimToolServerClientCourier::ReadFromFile(DListIterator<TElement*>& element) {
-    if (IsAtStart(element, kSection)) ++element;
+    if (IsAtStart(element, kServersSection)) ++element;
     while (IsAtStart(element, "Tool")) {
         const TSimulatorType type =
             GetSimulatorTypeFromName(element.Current()->GetAttribute("Name"));
@@ -174,9 +174,9 @@ bool TBaseSimToolServerClientCourier::ReadFromFile(DListIterator<TElement*>& ele
 void TBaseSimToolServerClientCourier::WriteToFile(TXMLList* document) const {
     const TSimTools* tools = FindCurrentToolsToWrite();
     if (!document || !tools || tools->empty()) return;
-    PushStart(document, kSection);
+    PushStart(document, kServersSection);
     for (const TBaseSimTool& tool : *tools) tool.WriteToFile(document);
-    PushEnd(document, kSection);
+    PushEnd(document, kServersSection);
 }
 
 TBaseSimTool* TBaseSimToolServerClientCourier::FindSimTool(TSimTools* tools, TSimulatorType type) {

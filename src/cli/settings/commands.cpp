@@ -4,7 +4,7 @@
 
 namespace {
 
-using TValues = std::shared_ptr<TSettingsArguments>;
+using TSharedArguments = std::shared_ptr<TSettingsArguments>;
 
 std::string LanguageHelp() {
     std::vector<std::string> names;
@@ -13,7 +13,7 @@ std::string LanguageHelp() {
     return JoinChoices(names);
 }
 
-std::vector<TCommand> SettingsVerbs(const TValues& values) {
+std::vector<TCommand> SettingsVerbs(const TSharedArguments& values) {
     const TRunWith<TSettingsArguments> with(values);
     const TArgument name{"NAME", &values->Configuration,
                          "The configuration; Default means the first one", kRequired};
@@ -70,7 +70,7 @@ std::vector<TCommand> SettingsVerbs(const TValues& values) {
     };
 }
 
-std::vector<TCommand> TemplatesVerbs(const TValues& values) {
+std::vector<TCommand> TemplatesVerbs(const TSharedArguments& values) {
     const TRunWith<TSettingsArguments> with(values);
     const TArgument json = JsonArgument(*values);
     return {
