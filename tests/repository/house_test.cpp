@@ -1,0 +1,52 @@
+#include "tests/repository/sources.h"
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <regex>
+#include <set>
+#include <string>
+
+namespace {
+
+using testing::IsEmpty;
+
+namespace fs = std::filesystem;
+
+const fs::path kProject = HDLBUILDFILE_SOURCE_DIR;
+
+using TNames = std::set<std::string>;
+
+TNames FoldersWithoutReadme() {
+    TNames folders;
+    for (const TSource& source : Sources())
+        for (fs::path folder = fs::path("src") / source.Name; folder.has_relative_path();) {
+            folder = folder.parent_path();
+            if (folder.empty()) break;
+            if (!fs::exists(kProject / folder / "README.md"))
+                folders.insert(folder.generic_string());
+        }
+    return folders;
+}
+
+/// The text that a pattern's first group matches; "" when it does not match.
+std::string Find(const std::string& text, const char* pattern) {
+    std::smatch match;
+    return std::regex_search(text, match, std::regex(pattern)) ? match[1].str() : "";
+}
+
+}  // namespace
+
+TEST(House, HasAReadmeInEveryFolderOfSources) {
+    EXPECT_THAT(FoldersWithoutReadme(), IsEmpty());
+}
+
+TEST(House, TellsOneVersionEverywhere) {
+    const std::string version =
+        Find(ReadProjectFile("CMakeLists.txt"), R"(VERSION (\d+\.\d+\.\d+) DESCRIPTION)");
+    ASSERT_NE(version, "");
+    EXPECT_EQ(Find(ReadProjectFile("vcpkg.json"), R"x("version-semver": "([^"]*)")x"), version);
+    // The SONAME, which changes with the minor version while the major version is 0.
+    EXPECT_EQ(
+        Find(ReadProjectFile("docs/binary-interface.md"), R"(`libhdlbuildfile\.so\.([0-9.]+)`)"),
+        version.substr(0, version.rfind('.')));
+}
