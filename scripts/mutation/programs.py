@@ -11,8 +11,8 @@ import time
 
 LARGEST_FILE = 512 << 20
 LARGEST_MEMORY = 8 << 30
-# So long may a program wait for the processor, as a multiple of what it may use of it.
-PATIENCE = 10
+# So many seconds without any use of the processor are a deadlock.
+PATIENCE = 20
 
 
 @dataclass
@@ -29,6 +29,39 @@ def culprit(output, status):
     begun = re.findall(r"^\[ RUN      \] ([\w./]+)", output, re.MULTILINE)
     how = signal.Signals(-status).name if status < 0 else f"exit status {status}"
     return f"{begun[-1]} ({how})" if begun else how
+
+
+def ticks_of(group):
+    """The processor time of the processes of a group, and of those that they have waited for."""
+    ticks = 0
+    for path in Path("/proc").glob("[0-9]*/stat"):
+        try:
+            fields = path.read_text().rpartition(")")[2].split()
+        except OSError:
+            continue  # it has ended
+        if int(fields[2]) == group:
+            ticks += sum(int(field) for field in fields[11:15])
+    return ticks
+
+
+def wait(process):
+    """The exit status; None after a deadlock. How long it takes is no matter: the machine may be busy."""
+    status, ticks, since = None, 0, time.monotonic()
+    while time.monotonic() - since < PATIENCE:
+        try:
+            status = process.wait(1)
+            break
+        except subprocess.TimeoutExpired:
+            used = ticks_of(process.pid)
+            if used != ticks:
+                ticks, since = used, time.monotonic()
+    # Also what the program started and left running.
+    try:
+        os.killpg(process.pid, signal.SIGKILL)
+    except ProcessLookupError:
+        pass
+    process.wait()
+    return status
 
 
 class Programs:
@@ -82,25 +115,10 @@ class Programs:
                 [str(path), "--gtest_fail_fast", "--gtest_color=no"], cwd=self.scratch / "tmp",
                 env=environment, stdin=subprocess.DEVNULL, stdout=stream, stderr=stream,
                 start_new_session=True, preexec_fn=limit)
-            status = self.wait(process, seconds * PATIENCE)
+            status = wait(process)
         if status == 0:
             return Outcome(True)
         text = output.read_bytes().decode("utf-8", "replace")
         if status is None or status in (-signal.SIGXCPU, -signal.SIGKILL):
-            return Outcome(False, f"{path.name}: time limit")
+            return Outcome(False, f"{path.name}: endless")
         return Outcome(False, f"{path.name}: {culprit(text, status)}")
-
-    @staticmethod
-    def wait(process, seconds):
-        """The exit status; None when the program had to be ended."""
-        try:
-            status = process.wait(seconds)
-        except subprocess.TimeoutExpired:
-            status = None
-        # Also what the program started and left running.
-        try:
-            os.killpg(process.pid, signal.SIGKILL)
-        except ProcessLookupError:
-            pass
-        process.wait()
-        return status

@@ -36,7 +36,8 @@ class Report:
 
     def table(self):
         folders = sorted({result.mutant.folder for result in self.results})
-        lines = [f"{'folder':28}{'mutants':>9}{'caught':>9}{'survived':>10}{'cannot show':>13}{'caught %':>10}"]
+        lines = [f"{'folder':28}{'mutants':>9}{'caught':>9}{'survived':>10}"
+                 f"{'cannot show':>13}{'caught %':>10}"]
         for name, folder in [(folder, folder) for folder in folders] + [("all", None)]:
             caught, survived, equivalent = (
                 self.count(outcome, folder) for outcome in (CAUGHT, SURVIVED, EQUIVALENT))

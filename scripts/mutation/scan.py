@@ -79,9 +79,9 @@ class Scanner:
             return
         if kind in FUNCTIONS:
             return self.visit_function(cursor)
-        if kind == CursorKind.LAMBDA_EXPR:
-            constant = False
         if kind == CursorKind.FIELD_DECL:
+            return self.visit_field(cursor)
+        if kind == CursorKind.LAMBDA_EXPR:
             constant = False
         if kind == CursorKind.VAR_DECL:
             constant = constant or "constexpr" in self.head(cursor)
@@ -109,6 +109,14 @@ class Scanner:
         constant = self.at_run_time and not self.file.endswith(".h")
         for child in cursor.get_children():
             self.visit(child, cursor, constant)
+        self.at_run_time = outer
+
+    def visit_field(self, cursor):
+        """Its first value may be part of a constant."""
+        outer = self.at_run_time
+        self.at_run_time = True
+        for child in cursor.get_children():
+            self.visit(child, cursor, False)
         self.at_run_time = outer
 
     # Statements

@@ -6,6 +6,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+import unittest.mock
 
 HERE = Path(__file__).resolve().parent
 RUNNER = HERE.parent.parent / "scripts" / "mutation"
@@ -198,6 +199,17 @@ class Programs(unittest.TestCase):
         for output, status, expected in rows:
             with self.subTest(output):
                 self.assertEqual(programs.culprit(output, status), expected)
+
+
+    def test_ends_only_what_no_longer_uses_the_processor(self):
+        rows = [("exit 3", 3), ("sleep 60", None),
+                ("for i in 1 2 3 4; do sleep 1; seq 3000000 >/dev/null; done; exit 4", 4)]
+        for command, expected in rows:
+            with self.subTest(command), unittest.mock.patch.object(programs, "PATIENCE", 3):
+                process = subprocess.Popen(["bash", "-c", command], start_new_session=True)
+                self.assertEqual(programs.wait(process), expected)
+                self.assertEqual(subprocess.run(["pgrep", "-g", str(process.pid)],
+                                                stdout=subprocess.PIPE).stdout, b"")
 
 
 class Run(unittest.TestCase):
