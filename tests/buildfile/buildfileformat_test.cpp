@@ -2,6 +2,7 @@
 #include "buildfile/simwraphdlbuildfile.h"
 #include "tests/buildfile/filledbuild.h"
 #include "tests/support/elementtext.h"
+#include "translation/v2vtranslationoption.h"
 
 // Rules of the document that hold over what a build had before, and for documents out of the
 // ordinary.
@@ -173,6 +174,34 @@ TEST_F(BuildFileFormat, FilesThatAreNotMissingKeepTheResult) {
     Build.SetFilesMissingOnRead(false);
     EXPECT_EQ(Box.Take(), "Build File: Files Missing on load [0]\n");
     EXPECT_EQ(Build.GetReadResult(), READ_FILES_MISSING);
+}
+
+TEST_F(BuildFileFormat, TheFirstTranslatorSectionFillsTheListForItsDirection) {
+    const struct {
+        const char* Tag;
+        const char* Switches;
+    } rows[] = {
+        {"Verilog2VhdlTranslationOptions",
+         "-r -s -np -e -p -l -87 -ne -ncc* -synth -mrv -nz -mdc -mpc -rip -ris -po -an -nh -novpp "
+         "-do_macro_substitution "},
+        {"Vhdl2VerilogTranslationOptions",
+         "-f -r -s -nc -d -nd -np -ncc* -ip -fm -isc -tsb -pg -sm -iir -sd -flc -ts -l -synth -87 "
+         "-sv -nh -nt -sp -bl -fig -signed -ci "},
+    };
+    for (const auto& row : rows) {
+        Build.SetV2VOptions(nullptr);
+        EXPECT_EQ(Read("<" + std::string(row.Tag) + "/>"), READ_NO_ERROR);
+        TV2VTranslationOptionsList* options = Build.GetV2VOptions();
+        ASSERT_NE(options, nullptr) << row.Tag;
+        EXPECT_STREQ(options->GetTag(), row.Tag);
+        EXPECT_EQ(options->GetComponent(), nullptr);
+        std::string switches;
+        for (const TV2VTranslationOption* option : *options)
+            switches += std::string(option->GetDashOption()) + (option->IsEnabled() ? "* " : " ");
+        EXPECT_EQ(switches, row.Switches) << row.Tag;
+        options->Flush();
+        delete options;
+    }
 }
 
 TEST_F(BuildFileFormat, SimulatorsOfASecondSectionJoinThoseOfTheFirst) {

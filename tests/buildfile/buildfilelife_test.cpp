@@ -157,6 +157,7 @@ TEST(BuildFileConfigurations, OfALanguageWithoutStoredSettingsAreFoundButNotWrit
          {LANGUAGE_SYSTEMC, static_cast<THdlLanguage>(5), LANGUAGE_SPECMAN}) {
         build.AddLanguageConfig(language, &config);
         EXPECT_EQ(build.GetCompileOptions(language), "-c") << language;
+        ASSERT_NE(build.GetProjectLanguageConfigForFileRead(language), nullptr) << language;
         EXPECT_STREQ(build.GetProjectLanguageConfigForFileRead(language)->GetBuildOptions(), "-c")
             << language;
     }

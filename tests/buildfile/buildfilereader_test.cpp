@@ -310,15 +310,6 @@ TEST(BuildFileReader, ReadsBothTranslationSectionsIntoOneList) {
     EXPECT_EQ(PathsOf(read.Build.GetSourceFileGroup(LANGUAGE_VHDL), read.Folder), "a.vhd\n");
 }
 
-TEST(BuildFileReader, FillsTheOptionListForTheFirstSectionsDirection) {
-    ReadBuild read("<Vhdl2VerilogTranslationOptions/>");
-    EXPECT_EQ(read.Build.ReadFromFile(), READ_NO_ERROR);
-    ASSERT_NE(read.Build.GetV2VOptions(), nullptr);
-    EXPECT_STREQ(read.Build.GetV2VOptions()->GetTag(), "Vhdl2VerilogTranslationOptions");
-    EXPECT_EQ(read.Build.GetV2VOptions()->GetComponent(), nullptr);
-    EXPECT_EQ(read.Build.GetV2VOptions()->size(), 29u);
-}
-
 TEST(BuildFileReader, ReadsOptionsIntoAListThatIsSet) {
     ReadBuild read(
         "<Vhdl2VerilogTranslationOptions><v2v-r Enabled='true'/>"

@@ -192,7 +192,7 @@ TEST(BuildFileSources, TellOfAFileTakenForAnotherForItsLetterCase) {
                             "<SourceFile>A.vhd</SourceFile><SourceFile>a.vhd</SourceFile>"
                             "</SourceFileGroup>\n")));
     EXPECT_EQ(build.ReadFromFile(), READ_NO_ERROR);
-    EXPECT_EQ(build.GetSourceFileGroup(LANGUAGE_VHDL)->size(), 1u);
+    EXPECT_EQ(NamesOf(*build.GetSourceFileGroup(LANGUAGE_VHDL)), "A.vhd ");
     EXPECT_EQ(log.Take(), kOnWindows ? ""
                                      : "[Default] File \"" + folder.Path("a.vhd") +
                                            "\" is taken for \"" + folder.Path("A.vhd") + "\"\n");

@@ -6,6 +6,7 @@
 #include "settings/projectsimlanguageconfig.h"
 #include "simtools/basesimtool.h"
 #include "tests/buildfile/filledbuild.h"
+#include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
 #include "tests/support/slots.h"
 #include "tests/support/temporaryfolder.h"
@@ -106,8 +107,17 @@ TEST(HdlBuildFile, KeepsComponentsPerLanguage) {
     EXPECT_TRUE(build.AddComponentName("top", "rtl", "work", LANGUAGE_VHDL));
     EXPECT_FALSE(build.AddComponentName("TOP", "rtl", "work", LANGUAGE_VHDL));
     EXPECT_TRUE(build.AddComponentName("top", "", "work", LANGUAGE_VERILOG));
+    EXPECT_EQ(ElementsWrittenBy(
+                  [&build](TXMLList* document) { build.WriteTopLevelComponentNames(document); }),
+              "START TopLevelComponents\n"
+              "START ComponentList Language=Verilog\n"
+              "START Component Library=work Architecture=\nTEXT top\nEND Component\n"
+              "END ComponentList\n"
+              "START ComponentList Language=VHDL\n"
+              "START Component Library=work Architecture=rtl\nTEXT top\nEND Component\n"
+              "END ComponentList\n"
+              "END TopLevelComponents\n");
     ASSERT_NE(build.GetComponentNameList(LANGUAGE_VHDL), nullptr);
-    EXPECT_EQ(build.GetComponentNameList(LANGUAGE_VHDL)->size(), 1u);
     EXPECT_EQ(std::as_const(build).GetComponentNameList(LANGUAGE_VHDL),
               build.GetComponentNameList(LANGUAGE_VHDL));
 }

@@ -489,13 +489,4 @@ TEST(HdlProjectFileList, GivesANewOwnerToFilesAddedLaterOnly) {
     EXPECT_EQ(list.GetTail()->GetOwningProjectComponent(), &second);
 }
 
-TEST(HdlProjectFileList, HasNoAssociatedFileScope) {
-    RecordingLog log;
-    TList list(kFolder, nullptr);
-    list.AddAtTailAndSetOwner(Name("a.v"));
-    EXPECT_FALSE(list.SetAssociatedFileScope(Name("a.v")));
-    EXPECT_FALSE(list.AddAssociatedFileToScopeFile(Name("b.v")));
-    EXPECT_EQ(log.Take(), "");
-}
-
 }  // namespace

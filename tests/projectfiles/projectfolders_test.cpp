@@ -231,6 +231,15 @@ public:
     using THdlSourceFileList::THdlSourceFileList;
 };
 
+TEST(HdlProjectFileList, HasNoAssociatedFileScope) {
+    RecordingLog log;
+    THdlProjectFileList list(THdlProjectFileList::LIST_TYPE_FILE_INPUT, nullptr);
+    list.AddAtTailAndSetOwner(Name("a.v"));
+    EXPECT_FALSE(list.SetAssociatedFileScope(Name("a.v")));
+    EXPECT_FALSE(list.AddAssociatedFileToScopeFile(Name("b.v")));
+    EXPECT_EQ(log.Take(), "");
+}
+
 TEST(HdlProjectFileList, KeepsTheOrderOfItsOperations) {
     using TList = THdlProjectFileList;
     using TByName = TResult (TList::*)(const ISFileName*);

@@ -38,6 +38,14 @@ protected:
     TV2VTranslationStringOption* String = nullptr;
 };
 
+/// The switches in their order, with a star behind each that is enabled.
+std::string SwitchesOf(const TV2VTranslationOptionsList& list) {
+    std::string switches;
+    for (const TV2VTranslationOption* option : list)
+        switches += std::string(option->GetDashOption()) + (option->IsEnabled() ? "* " : " ");
+    return switches;
+}
+
 std::string Argument(const std::string& text) {
     return "START AdditionalOptions\nTEXT " + text + "\nEND AdditionalOptions\n";
 }
@@ -72,11 +80,10 @@ TEST_F(TranslationOptionsList, RefusesASwitchThatIsListed) {
     EXPECT_EQ(duplicate.GetOwningList(), nullptr);
     EXPECT_FALSE(List.AddOptionNoDup("-ncc", "", "", false));
     EXPECT_FALSE(List.AddOptionNoDup(nullptr));
-    EXPECT_EQ(List.size(), 4U);
-    EXPECT_TRUE(List.IsOptionEnabled("-ncc"));
+    EXPECT_EQ(SwitchesOf(List), "-r -ncc* -l -e ");
 
     EXPECT_TRUE(List.AddOptionNoDup("-NCC", "-No, -NCC", "Other", true));
-    ASSERT_EQ(List.size(), 5U);
+    ASSERT_EQ(SwitchesOf(List), "-r -ncc* -l -e -NCC* ");
     const TV2VTranslationOption* added = *(List.end() - 1);
     EXPECT_STREQ(added->GetDashOption(), "-NCC");
     EXPECT_STREQ(added->GetOptionString(), "-No, -NCC");
@@ -315,12 +322,12 @@ TEST_F(TranslationOptionsList, SharesItsOptionsWithCopies) {
     const TV2VTranslationOptionsList copy(List);
     for (const TV2VTranslationOptionsList* other : {&copy, &std::as_const(assigned)}) {
         EXPECT_EQ(other->FindOption("-l"), File);
-        EXPECT_EQ(other->size(), 4U);
+        EXPECT_EQ(SwitchesOf(*other), "-r -ncc* -l -e ");
         EXPECT_STREQ(other->GetTag(), kTag);
     }
     EXPECT_EQ(File->GetOwningList(), &List);
     assigned = *&assigned;
-    EXPECT_EQ(assigned.size(), 4U);
+    EXPECT_EQ(SwitchesOf(assigned), "-r -ncc* -l -e ");
     EXPECT_EQ(dropped->GetCommandLineOption(), "-s ");
 }
 
