@@ -1,6 +1,7 @@
 // The anchors, one a process: bench_anchor <work> <build file>
 #include "bench/cases/anchors.h"
 #include <cstring>
+#include <fstream>
 #include <iostream>
 
 namespace {
@@ -19,13 +20,13 @@ constexpr TWork kWorks[] = {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 3) {
+    if (argc == 3 && std::ifstream(argv[2]).good()) {
         for (const TWork& work : kWorks) {
             if (std::strcmp(work.Name, argv[1]) != 0) continue;
             work.Measure(argv[2]);
             return 0;
         }
     }
-    std::cerr << "usage: bench_anchor <work> <build file>\n";
+    std::cerr << "usage: bench_anchor <work> <build file that is there>\n";
     return 2;
 }

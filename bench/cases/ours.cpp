@@ -3,6 +3,7 @@
 #include "hdlbuildfile.h"
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
 #include <sstream>
 
@@ -119,7 +120,7 @@ constexpr TWork kWorks[] = {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc == 3) {
+    if (argc == 3 && std::ifstream(argv[2]).good()) {
         buildFile = argv[2];
         for (const TWork& work : kWorks) {
             if (std::strcmp(work.Name, argv[1]) != 0) continue;
@@ -127,6 +128,6 @@ int main(int argc, char** argv) {
             return 0;
         }
     }
-    std::cerr << "usage: bench_ours <work> <build file>\n";
+    std::cerr << "usage: bench_ours <work> <build file that is there>\n";
     return 2;
 }

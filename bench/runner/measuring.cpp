@@ -10,6 +10,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr const char* kInstructions = "instructions";
+
 using TValues = std::map<std::string, std::string>;
 
 std::string PathOf(TProgram program) {
@@ -35,10 +37,10 @@ TValues ParseValues(const std::string& output) {
     return values;
 }
 
-/// What the side prints; empty when it fails.
-TValues Run(const TSide& side, const std::string& build) {
-    const TProcessEnd end =
-        RunProcess({PathOf(side.Program), side.Work, build}, side.Program != TProgram::TOOL);
+/// What the side prints; empty when it fails. `runner` is a program with arguments that runs it.
+TValues Run(const TSide& side, const std::string& build, std::vector<std::string> runner = {}) {
+    runner.insert(runner.end(), {PathOf(side.Program), side.Work, build});
+    const TProcessEnd end = RunProcess(runner, side.Program != TProgram::TOOL);
     TValues values = ParseValues(end.Output);
     values["process"] = std::to_string(end.Seconds);
     if (end.Succeeded && values.contains(side.Value)) return values;
@@ -67,23 +69,25 @@ std::optional<TPair> MeasurePair(const TWork& work, const std::string& build, bo
 }
 
 /// Callgrind's file has a line "totals: <number>".
-double ReadTotal(const std::string& path) {
+std::string ReadTotal(const std::string& path) {
+    constexpr std::string_view kTotal = "totals: ";
     std::ifstream stream(path);
-    double total = 0;
     for (std::string line; std::getline(stream, line);)
-        if (line.starts_with("totals: ")) total = std::stod(line.substr(8));
-    return total;
+        if (line.starts_with(kTotal)) return line.substr(kTotal.size());
+    return "";
 }
 
-double CountInstructions(const TSide& side, const std::string& build) {
+/// Run() with the number of instructions of the measured section.
+TValues RunUnderCallgrind(const TSide& side, const std::string& build) {
     const std::string file = build + ".callgrind";
-    const TProcessEnd end =
-        RunProcess({"valgrind", "--tool=callgrind", "--quiet", "--instr-atstart=no",
-                    "--callgrind-out-file=" + file, PathOf(side.Program), side.Work, build},
-                   true);
-    if (end.Succeeded) return ReadTotal(file);
-    std::cerr << PathOf(side.Program) << " " << side.Work << " failed under Callgrind\n";
-    return 0;
+    TValues values = Run(side, build,
+                         {"valgrind", "--tool=callgrind", "--quiet", "--instr-atstart=no",
+                          "--callgrind-out-file=" + file});
+    const std::string total = ReadTotal(file);
+    fs::remove(file);
+    if (values.empty() || total.empty()) return {};
+    values[kInstructions] = total;
+    return values;
 }
 
 std::string NameOf(TShape shape) {
@@ -118,8 +122,8 @@ std::optional<TComparison> MeasureWork(const TWork& work, const std::string& bui
 }
 
 std::optional<TComparison> CountInstructions(const TWork& work, const std::string& build) {
-    const double ours = CountInstructions(work.Ours, build);
-    const double anchor = CountInstructions(work.Anchor, build);
-    if (ours <= 0 || anchor <= 0) return {};
-    return Compare({{ours, anchor}});
+    TValues ours = RunUnderCallgrind(work.Ours, build);
+    TValues anchor = RunUnderCallgrind(work.Anchor, build);
+    if (ours.empty() || anchor.empty() || !AreResultsEqual(work, ours, anchor)) return {};
+    return Compare({{std::stod(ours[kInstructions]), std::stod(anchor[kInstructions])}});
 }

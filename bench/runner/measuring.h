@@ -12,5 +12,6 @@ std::string ProvideBuild(const std::string& folder, TShape shape, std::uint32_t 
 /// standard error says why.
 std::optional<TComparison> MeasureWork(const TWork& work, const std::string& build, int pairs);
 
-/// The instructions of the measured sections, by Callgrind.
+/// The same for the instructions of the measured sections, which Callgrind counts in one run of
+/// each.
 std::optional<TComparison> CountInstructions(const TWork& work, const std::string& build);
