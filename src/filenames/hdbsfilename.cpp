@@ -116,24 +116,24 @@ void THdbSFileName::FormCanonicalName() {
     site.Report();
 }
 
-const char* THdbSFileName::Canonical(bool spare) const {
-    return HandleOrBlank(FileName).Canonical(spare);
+const char* THdbSFileName::Canonical(bool reserved) const {
+    return HandleOrBlank(FileName).Canonical(reserved);
 }
 
 const char* THdbSFileName::CanonicalWithoutFinalSlash() const {
     return HandleOrBlank(FileName).CanonicalWithoutFinalSlash();
 }
 
-const char* THdbSFileName::ShortName(bool spare) const {
-    return HandleOrBlank(FileName).ShortName(spare);
+const char* THdbSFileName::ShortName(bool reserved) const {
+    return HandleOrBlank(FileName).ShortName(reserved);
 }
 
-TMyString THdbSFileName::OsFriendlyCanonical(bool spare) const {
-    return HandleOrBlank(FileName).OsFriendlyCanonical(spare);
+TMyString THdbSFileName::OsFriendlyCanonical(bool reserved) const {
+    return HandleOrBlank(FileName).OsFriendlyCanonical(reserved);
 }
 
-const char* THdbSFileName::Squeezed(int length, bool spare) const {
-    return HandleOrBlank(FileName).Squeezed(length, spare);
+const char* THdbSFileName::Squeezed(int length, bool reserved) const {
+    return HandleOrBlank(FileName).Squeezed(length, reserved);
 }
 
 const char* THdbSFileName::GetParts(unsigned int parts) const {
@@ -201,9 +201,9 @@ const char* THdbSFileName::GetFileNameRelativeTo(const char* directory, TMyStrin
     return CheckedHandle(FileName, site).GetFileNameRelativeTo(directory, out);
 }
 
-const char* THdbSFileName::GetDisplayFileName(int length, bool spare) const {
+const char* THdbSFileName::GetDisplayFileName(int length, bool reserved) const {
     static TCheckSite site(kHasHandle, kSource, 107);
-    return CheckedHandle(FileName, site).GetDisplayFileName(length, spare);
+    return CheckedHandle(FileName, site).GetDisplayFileName(length, reserved);
 }
 
 void THdbSFileName::Pop() {

@@ -37,11 +37,11 @@ public:
     IFileName* CloneFileName() const override;
     const char* CanonicalWithExpandedLinks() const override;
     void FormCanonicalName() override;
-    const char* Canonical(bool spare) const override;
+    const char* Canonical(bool reserved) const override;
     const char* CanonicalWithoutFinalSlash() const override;
-    const char* ShortName(bool spare) const override;
-    TMyString OsFriendlyCanonical(bool spare) const override;
-    const char* Squeezed(int length, bool spare) const override;
+    const char* ShortName(bool reserved) const override;
+    TMyString OsFriendlyCanonical(bool reserved) const override;
+    const char* Squeezed(int length, bool reserved) const override;
     const char* GetParts(unsigned int parts) const override;
     bool HasParts(unsigned int parts) const override;
     void SetPart(unsigned int part, const std::string& text) override;
@@ -58,7 +58,7 @@ public:
     std::string GetRelativeFileNameString(const IFileName* base, bool first,
                                           bool second) const override;
     const char* GetFileNameRelativeTo(const char* directory, TMyString* out) const override;
-    const char* GetDisplayFileName(int length, bool spare) const override;
+    const char* GetDisplayFileName(int length, bool reserved) const override;
     void Pop() override;
     void PushFileName(const char* name) override;
     void PushDirectory(const char* name) override;
@@ -81,7 +81,7 @@ public:
     TRope GetFullName() override;
     hdb::TItemKind GetHDBItemKind() override;
     THdlLanguage GetLanguage() override;
-    const hdb::IHDBBase* GetSourceParent(bool spare) const override;
+    const hdb::IHDBBase* GetSourceParent(bool reserved) const override;
     bool IsProtected() const override;
 
     /// How often an assignment made a tracked name of this process wrap another handle. An index of

@@ -6,14 +6,14 @@
 
 namespace {
 
-// For each element that stands in more than one list, how many hold it beside one. Never destroyed:
+// For each element that is in more than one list, how many hold it beside one. Never destroyed:
 // lists may outlive this file's static objects.
 std::unordered_map<const THdbSFileName*, std::size_t>& ExtraHolders() {
     static auto* holders = new std::unordered_map<const THdbSFileName*, std::size_t>;
     return *holders;
 }
 
-// Whether `file` now stands in no list.
+// Whether no list holds `file` any more.
 bool LetGoOf(const THdbSFileName* file) {
     const auto entry = ExtraHolders().find(file);
     if (entry == ExtraHolders().end()) return true;

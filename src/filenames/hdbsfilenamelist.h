@@ -7,7 +7,7 @@
 ///
 /// A copy shares its source's elements; a shared element is deleted by the last list that lets go
 /// of it. An element handed to the pointer forms of AddAtTail and AddAtHead becomes the list's and
-/// must stand in no other list. Flush and Remove know of the sharing: call them on this class, not
+/// must be in no other list. Flush and Remove know of the sharing: call them on this class, not
 /// on the DList below it.
 class HDLBUILDFILE_API THdbSFileNameList : public DList<THdbSFileName*>, public hdb::IHDBBase {
 public:
@@ -48,7 +48,7 @@ public:
     TRope GetFullName() override;
     hdb::TItemKind GetHDBItemKind() override;
     THdlLanguage GetLanguage() override;
-    const hdb::IHDBBase* GetSourceParent(bool spare) const override;
+    const hdb::IHDBBase* GetSourceParent(bool reserved) const override;
     bool IsProtected() const override;
 
 private:

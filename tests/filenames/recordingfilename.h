@@ -45,18 +45,20 @@ public:
         return Add("CanonicalWithExpandedLinks"), "expanded";
     }
     void FormCanonicalName() override { Add("FormCanonicalName"); }
-    const char* Canonical(bool spare) const override {
-        return Add("Canonical", spare), "canonical";
+    const char* Canonical(bool reserved) const override {
+        return Add("Canonical", reserved), "canonical";
     }
     const char* CanonicalWithoutFinalSlash() const override {
         return Add("CanonicalWithoutFinalSlash"), "without slash";
     }
-    const char* ShortName(bool spare) const override { return Add("ShortName", spare), "short"; }
-    TMyString OsFriendlyCanonical(bool spare) const override {
-        return Add("OsFriendlyCanonical", spare), "friendly";
+    const char* ShortName(bool reserved) const override {
+        return Add("ShortName", reserved), "short";
     }
-    const char* Squeezed(int length, bool spare) const override {
-        return Add("Squeezed", length, spare), "squeezed";
+    TMyString OsFriendlyCanonical(bool reserved) const override {
+        return Add("OsFriendlyCanonical", reserved), "friendly";
+    }
+    const char* Squeezed(int length, bool reserved) const override {
+        return Add("Squeezed", length, reserved), "squeezed";
     }
     const char* GetParts(unsigned int parts) const override {
         return Add("GetParts", parts), "parts";
@@ -83,8 +85,8 @@ public:
         Add("GetFileNameRelativeTo", directory);
         return *out = "relative to";
     }
-    const char* GetDisplayFileName(int length, bool spare) const override {
-        return Add("GetDisplayFileName", length, spare), "display";
+    const char* GetDisplayFileName(int length, bool reserved) const override {
+        return Add("GetDisplayFileName", length, reserved), "display";
     }
     void Pop() override { Add("Pop"); }
     void PushFileName(const char* name) override { Add("PushFileName", name); }

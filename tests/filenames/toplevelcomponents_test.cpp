@@ -13,7 +13,7 @@ std::string ElementsOf(const TTopLevelComponents& components) {
         [&](TXMLList* document) { components.WriteTopLevelComponentNames(document); });
 }
 
-// Reads a stream into `components`; the result and where the iterator stands.
+// Reads a stream into `components`; the result and the element under the iterator.
 std::string Read(TTopLevelComponents& components, const std::string& elements) {
     TXMLList document;
     PushElements(&document, elements);

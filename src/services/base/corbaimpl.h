@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-/// The stand-in of a settings object for remote clients.
+/// What a remote client sees of a settings object.
 class ICorbaProxy;
 
 /// What every remotely reachable object carries.

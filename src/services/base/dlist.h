@@ -16,7 +16,7 @@ template <class T>
 class DListIterator;
 
 /// A doubly linked list of pointers, T being the pointer type. Nodes hold the pointer; elements
-/// know nothing of the lists they stand in. The list deletes elements only in Flush(1).
+/// know nothing of the lists that hold them. The list deletes elements only in Flush(1).
 template <class T>
 class DList {
 public:

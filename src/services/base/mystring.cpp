@@ -51,7 +51,7 @@ int TMyString::WordSplit(TMyString** words, char separator) const {
         begin = end + 1;
     }
     if (words) {
-        // `*words` may be the array that this string stands in, so it is only set at the end.
+        // `*words` may be the array that holds this string, so it is only set at the end.
         auto* array = found.empty() ? nullptr : new TMyString[found.size()];
         for (std::size_t i = 0; i < found.size(); ++i) array[i] = found[i];
         *words = array;

@@ -28,7 +28,8 @@ public:
     friend bool operator==(const TMyString& a, const char* b) { return a.Text == (b ? b : ""); }
     friend bool operator<(const TMyString& a, const TMyString& b) { return a.Text < b.Text; }
 
-    /// Removes `c`, or when it is 0 blank, \t, \n, \v, \f and \r, from both ends. `ends` is spare.
+    /// Removes `c`, or when it is 0 blank, \t, \n, \v, \f and \r, from both ends. `ends` is
+    /// reserved: no effect.
     void Trim(int ends, char c);
     /// ASCII letters only.
     void toLower();

@@ -6,7 +6,7 @@
 #include <vector>
 
 // Each registration has a serial number: the numbers give the order, and one that is gone tells a
-// walk that its observer was deleted meanwhile, even when a new one stands at the same address.
+// walk that its observer was deleted meanwhile, even when a new one has the same address.
 struct AEmbeddedObserverMgr::TObservers {
     std::map<std::uint64_t, void*> InOrder;
     std::unordered_map<void*, std::uint64_t> Serials;

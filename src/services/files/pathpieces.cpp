@@ -5,6 +5,8 @@
 #include "services/files/pathtext.h"
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <unordered_set>
 #include <utility>
 
 namespace {
@@ -60,6 +62,15 @@ void DropCommonParts(std::string_view* a, std::string_view* b) {
 bool IsInsideCharacter(char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
+
+struct THashOfText {
+    using is_transparent = void;
+    std::size_t operator()(std::string_view text) const {
+        return std::hash<std::string_view>()(text);
+    }
+};
+
+using TKeptTexts = std::unordered_set<std::string, THashOfText, std::equal_to<>>;
 
 }  // namespace
 
@@ -152,4 +163,13 @@ std::string SqueezePath(std::string_view path, int length) {
     while (head > 0 && IsInsideCharacter(path[head])) --head;
     while (tail < path.size() && IsInsideCharacter(path[tail])) ++tail;
     return std::string(path.substr(0, head)).append(kGap).append(path.substr(tail));
+}
+
+char* KeptPathText(std::string_view text) {
+    // Never destroyed: handles are asked until the very end of the process.
+    static TKeptTexts& texts = *new TKeptTexts;
+    auto place = texts.find(text);
+    if (place == texts.end()) place = texts.emplace(text).first;
+    // Callers must not change the text; some operations only lack the const.
+    return const_cast<char*>(place->c_str());
 }

@@ -37,3 +37,7 @@ bool LeavesDirectory(std::string_view relative);
 
 /// At most `length` bytes, with "..." in the middle of what is longer; cut between characters.
 std::string SqueezePath(std::string_view path, int length);
+
+/// The same text, one copy per distinct text, for the life of the process. Pieces of path texts
+/// repeat (directories, extensions), and callers may hold those of many files at once.
+char* KeptPathText(std::string_view text);

@@ -54,8 +54,8 @@ std::string FoldVhdlBasic(std::string_view text) {
     return folded;
 }
 
-/// Sets `*content` to what stands in the extended identifier `text`, its doubled backslashes
-/// single; false when `text` is none.
+/// Sets `*content` to the characters between the backslashes of the extended identifier `text`, its
+/// doubled backslashes single; false when `text` is none.
 bool ReadVhdlExtended(std::string_view text, std::string* content) {
     if (text.size() < 3 || text.front() != '\\' || text.back() != '\\') return false;
     const auto inner = text.substr(1, text.size() - 2);

@@ -38,7 +38,7 @@ public:
     TIniMerge(std::string_view text, const std::vector<TIniChange>& changes)
         : Lines(LinesOf(text)), LineEnd("\n"), Changes(changes) {
         if (!Lines.empty() && !Lines[0].End.empty()) LineEnd = Lines[0].End;
-        // Keys without a section can only stand above all others.
+        // Keys without a section can only come before all others.
         LastLines[""] = kNoLine;
         FindPlaces();
         DistributeNewKeys();

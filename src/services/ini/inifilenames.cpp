@@ -8,7 +8,7 @@ namespace {
 
 constexpr const char* kIniFileName = "hdlbuildfile.ini";
 
-// Null stands for the file of kIniFileName in its directory.
+// Null means the file of kIniFileName in its directory.
 const ISFileName* userFile = nullptr;
 const ISFileName* systemFile = nullptr;
 

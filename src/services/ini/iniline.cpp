@@ -13,8 +13,8 @@ bool IsQuoted(std::string_view text) {
     return text.size() >= 2 && text.front() == '"' && text.back() == '"';
 }
 
-// A name that its line cannot hold as it is stands in double quotes there, with its awkward bytes
-// as %XX. A name that looks like such a form takes it too, so that no two names share one.
+// A name that its line cannot hold as it is is written in double quotes, with its awkward bytes as
+// %XX. A name that looks like such a form takes it too, so that no two names share one.
 bool LooksEncoded(std::string_view name) {
     return IsQuoted(name) && (name.size() == 2 || name.find('%') != std::string_view::npos);
 }

@@ -17,7 +17,7 @@ bool IsNameCharacter(char c) {
     return IsNameStart(c) || (c >= '0' && c <= '9');
 }
 
-/// How a reference looks: what stands before and after the name.
+/// How a reference looks: the texts before and after the name.
 struct TReferenceForm {
     std::string_view Before;
     std::string_view After;

@@ -7,7 +7,7 @@
 
 class IFileName;
 
-/// Variables that stand beside the process's environment; they are looked up first, with exact
+/// Variables in addition to the process's environment; they are looked up first, with exact
 /// case.
 using TPseudoVariables = std::map<std::string, std::string>;
 

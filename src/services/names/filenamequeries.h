@@ -2,13 +2,16 @@
 #include "services/files/filereplace.h"
 #include "services/files/filestatus.h"
 #include "services/files/filesystem.h"
-#include "services/files/keptpathtext.h"
 #include "services/files/pathconventions.h"
 #include "services/files/pathpieces.h"
 #include "services/files/pathtext.h"
 #include "services/names/ifilename.h"
 #include <algorithm>
 #include <cstdint>
+#include <string_view>
+
+/// A file name that belongs to one caller and may be changed; deleted by the caller.
+IFileName* NewOwnFileName(std::string_view path);
 
 /// Answers the queries of IFileName from a canonical text, for a class derived from `Base`. What an
 /// answer is made of is kept for the life of the process, so that handles stay small.

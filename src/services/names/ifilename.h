@@ -6,7 +6,7 @@
 
 /// A file's name and what can be asked of it. Texts are in UTF-8; a returned `const char*` or
 /// `char*` is never null, belongs to the object, must be neither freed nor changed, and lives as
-/// long as the object does unchanged. Spare bools have no effect.
+/// long as the object does unchanged. Reserved bools have no effect.
 class HDLBUILDFILE_API IFileName {
 public:
     virtual ~IFileName() = default;
@@ -18,13 +18,13 @@ public:
     virtual void FormCanonicalName() = 0;
     /// The absolute path, "." and ".." resolved, letter case kept, without looking at the disk. The
     /// identity of a file is this text compared without regard to case. Empty stays empty.
-    virtual const char* Canonical(bool spare) const = 0;
+    virtual const char* Canonical(bool reserved) const = 0;
     virtual const char* CanonicalWithoutFinalSlash() const = 0;
     /// The last part, extension included.
-    virtual const char* ShortName(bool spare) const = 0;
-    virtual TMyString OsFriendlyCanonical(bool spare) const = 0;
+    virtual const char* ShortName(bool reserved) const = 0;
+    virtual TMyString OsFriendlyCanonical(bool reserved) const = 0;
     /// The canonical path shortened to `length` bytes or less with "..." in its middle.
-    virtual const char* Squeezed(int length, bool spare) const = 0;
+    virtual const char* Squeezed(int length, bool reserved) const = 0;
     virtual const char* GetParts(unsigned int parts) const = 0;
     /// Whether any of the selected parts is there.
     virtual bool HasParts(unsigned int parts) const = 0;
@@ -51,13 +51,13 @@ public:
     /// empty directory.
     virtual const char* GetFileNameRelativeTo(const char* directory, TMyString* out) const = 0;
     /// Squeezed, or the whole canonical path for 0 or less.
-    virtual const char* GetDisplayFileName(int length, bool spare) const = 0;
+    virtual const char* GetDisplayFileName(int length, bool reserved) const = 0;
     /// Drops the last part.
     virtual void Pop() = 0;
     /// Puts a name or relative path below this one; an absolute path replaces it.
     virtual void PushFileName(const char* name) = 0;
     virtual void PushDirectory(const char* name) = 0;
-    /// A virtual file stands for a text that its editor has not stored yet: a mark, nothing more.
+    /// Marks the name as that of a text which its editor has not stored yet; nothing else changes.
     virtual void SetAsVirtualFile() = 0;
     virtual bool IsVirtualFile() const = 0;
     /// Makes an empty file of the name unless there is one, and drops the mark. False, with the
@@ -80,6 +80,6 @@ public:
     /// stays empty.
     static void CreateRelativeFileName(const char* base, const char* path, std::string* out, bool,
                                        bool);
-    /// For people: relative as above when `path` is `base` or below it, else absolute.
+    /// For display: relative as above when `path` is `base` or below it, else absolute.
     static void CreateNiceFileNameForUI(const char* base, const char* path, std::string* out);
 };

@@ -2,7 +2,6 @@
 #include "services/base/fold.h"
 #include "services/logging/binarylog.h"
 #include "services/names/filenamequeries.h"
-#include "services/names/ownfilename.h"
 #include "services/names/timestamps.h"
 #include <functional>
 #include <memory_resource>

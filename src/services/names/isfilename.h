@@ -9,7 +9,7 @@ class ISFileName;
 /// The key of the time stamps that the library records itself.
 inline constexpr const char* kDefaultTimeStampKey = "DEFAULT_TIME_STAMP_KEY";
 
-/// Hears of changes of a file name's record.
+/// Is told when a file name's record changes.
 class HDLBUILDFILE_SHARED_TYPE ASFileNameObserver {
 public:
     virtual ~ASFileNameObserver() = default;

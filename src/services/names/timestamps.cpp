@@ -1,10 +1,10 @@
 #include "services/names/timestamps.h"
-#include "services/files/keptpathtext.h"
+#include "services/files/pathpieces.h"
 #include <unordered_map>
 
 namespace {
 
-/// A file and a key, which is one text per distinct key; null stands for all keys together.
+/// A file and a key, which is one text per distinct key; null means all keys together.
 struct TRecordName {
     TStampedFile File;
     const char* Key;

@@ -8,7 +8,7 @@
 class HDLBUILDFILE_API TUtilFileName {
 public:
     TUtilFileName() = default;
-    /// Null counts as empty. The format is spare: every format is recognised from the text.
+    /// Null counts as empty. `format` is reserved: every format is recognised from the text.
     explicit TUtilFileName(const char* text, int format = 1);
 
     /// Puts a file name or relative path below what is held, which counts as a directory with or
@@ -27,7 +27,7 @@ public:
     /// Each text is valid until the name changes or dies. Empty stays empty; only the canonical
     /// forms of a relative path take the working directory into account.
     const char* GetParts(unsigned int parts) const;
-    const char* Canonical(bool spare = false) const;
+    const char* Canonical(bool reserved = false) const;
     const char* CanonicalWithoutFinalSlash() const;
 
 private:

@@ -4,7 +4,7 @@
 
 namespace options {
 
-/// Hears what could not be parsed or has no counterpart in the target's language.
+/// Is told of words that could not be parsed or have no counterpart in the target's language.
 class IParseErrorSink {
 public:
     virtual ~IParseErrorSink() = default;
@@ -29,7 +29,8 @@ struct TOptionTarget {
 /// reported, and so is an option that is left out because the target has no counterpart; the result
 /// is false when something was. The results are usable nevertheless: what cannot be parsed is
 /// passed on as typed, except for the empty list. Words meant for another target alone are left out
-/// unreported. Null text counts as empty, without sink nobody hears of errors; null results: false.
+/// unreported. Null text counts as empty, without a sink errors are not reported; null results:
+/// false.
 bool ParseAndConvertOptions(const char* text, TOptionSourceKind source, int homeStage,
                             const TOptionTarget& target, IParseErrorSink* errors,
                             TConvertedOptionResults* results);

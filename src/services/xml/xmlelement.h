@@ -5,13 +5,12 @@
 #include <utility>
 #include <vector>
 
-/// A text as TXMLList::MakeXMLString gives it: safe to stand in an XML document. Pushing it stores
-/// the plain text that it stands for, so that the writer of a file escapes every value exactly
-/// once.
+/// A text as TXMLList::MakeXMLString gives it, ready for an XML document. Pushing it stores the
+/// plain text that it was made from, so that the writer of a file escapes every value exactly once.
 class HDLBUILDFILE_API TXMLString {
 public:
     explicit TXMLString(std::string plain) : Plain(std::move(plain)) {}
-    /// The text it stands for.
+    /// The text that it was made from.
     const std::string& GetPlain() const { return Plain; }
     /// The text with & < > " ' as the five named references.
     std::string GetEscaped() const;
@@ -38,7 +37,7 @@ private:
     std::vector<TAttribute> Attributes;
 };
 
-/// One event of a document: an element opens or closes, or character data stands between.
+/// One event of a document: an element opens or closes, or there is character data between.
 class HDLBUILDFILE_API TElement {
 public:
     enum ElemTypes : int { START = 0, END = 1, TEXT = 2 };

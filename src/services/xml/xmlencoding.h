@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-/// How the bytes of a document stand for characters, found from its first bytes and, for a document
-/// that declares no encoding, from whether all of it is UTF-8.
+/// How the bytes of a document encode its characters, found from its first bytes and, for a
+/// document that declares no encoding, from whether all of it is UTF-8.
 struct TXMLEncoding {
     const char* Name = nullptr;  ///< to be imposed on the parser; null: the document says it itself
     const char* Refusal = nullptr;  ///< why the document cannot be read; null: it can

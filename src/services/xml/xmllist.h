@@ -31,7 +31,7 @@ public:
     TXMLList& operator=(const TXMLList&) = delete;
 
     /// Appends one element. Null texts count as empty, null attributes as none; attributes are
-    /// copied. The last two arguments are spare.
+    /// copied. The last two arguments are reserved: no effect.
     void Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
              const char* text, const char* = nullptr, bool = false);
     void Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
@@ -49,7 +49,7 @@ public:
     /// Replaces the elements by those of the file, all or nothing, then calls InterpretElements;
     /// true whatever that answers. A null path counts as empty: a missing file. On failure the list
     /// is empty, HandleMissingOrInvalidFile has been called once, GetReadError() tells why, and the
-    /// result is false. The second argument is spare.
+    /// result is false. The second argument is reserved: no effect.
     bool ReadFile(const char* path, const char* = nullptr);
 
     /// Empties the list, calls FillElements, and replaces the file whole, through links and keeping

@@ -8,7 +8,7 @@
 /// What a document type declaration begins with.
 inline constexpr std::string_view kXMLDocumentType = "<!DOCTYPE";
 
-/// What stands before a document's first element.
+/// The part of a document before its first element.
 struct TXMLPrologue {
     std::size_t DocumentTypeBegin = 0;  ///< place of the document type declaration
     std::size_t DocumentTypeEnd = 0;    ///< behind it; 0 without a document type

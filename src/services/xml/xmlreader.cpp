@@ -24,7 +24,7 @@ public:
         XML_SetDefaultHandler(parser, OnTokenBeforeRoot);
     }
 
-    /// `prologue` replaces the first bytes of the document. That a document type may stand without
+    /// `prologue` replaces the first bytes of the document. That a document type may come without
     /// any element is for us to say: of other documents the prologue's reader has made sure.
     bool Read(std::string_view prologue) {
         if (Run.Feed(prologue, false) && Run.Feed(Document.substr(prologue.size()), true))

@@ -5,7 +5,7 @@
 
 namespace {
 
-// With its length, so that no text can stand for several. Files hold UTF-8.
+// With its length, so that one text cannot look like two. Files hold UTF-8.
 void AppendText(const std::string& text, std::string* all) {
     const std::string written = ToUtf8(text);
     all->append(std::to_string(written.size())).append(1, ' ').append(written);

@@ -7,7 +7,7 @@
 // The characters of XML texts. Texts in the process are UTF-8; bytes that are not are taken as
 // Windows-1252, the encoding of the environment's older files.
 
-/// The code point of a byte in Windows-1252. The five bytes that the encoding leaves open stand for
+/// The code point of a byte in Windows-1252. The five bytes that the encoding leaves open mean
 /// the control characters of their number, as Windows itself converts them.
 char32_t GetWindows1252CodePoint(unsigned char byte);
 
@@ -26,7 +26,7 @@ std::string DescribeCharacter(std::string_view text, std::size_t position);
 /// Blank, tab, line feed and carriage return: what XML calls white space.
 bool IsXMLBlank(std::string_view text);
 
-/// Which characters are written as references, by their byte; null stands for the byte itself.
+/// Which characters are written as references, by their byte; null means the byte itself.
 struct TXMLEscapes {
     std::array<const char*, 256> References;
 

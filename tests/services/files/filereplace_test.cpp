@@ -263,7 +263,7 @@ TEST(FileReplace, RemovesItsTemporaryFileWhenTheDiskIsFull) {
     const TemporaryFolder folder;
     const std::string path = folder.Write("a.txt", "old");
     EXPECT_TRUE(Succeeds(Start([&path] {
-        // The largest size that a process may write stands for a full disk.
+        // As on a full disk: the process may write no more than this.
         signal(SIGXFSZ, SIG_IGN);
         const rlimit limit = {100, 100};
         std::string reason;

@@ -20,7 +20,7 @@ std::string Buffered(const TPropCache& cache, const char* section, const char* k
     return std::string(buffer.c_str()) + (found ? " found" : " missing");
 }
 
-/// Shows in a process of its own what stands in the user's file after its end.
+/// Shows, for a process of its own, what the user's file holds after its end.
 [[noreturn]] void WriteAPropertyAndEnd() {
     static const TemporaryFolder folder;
     // What is registered first runs last.

@@ -12,7 +12,7 @@ constexpr TOptionTarget kVerilog4{4, LANGUAGE_VERILOG};
 constexpr TOptionTarget kVhdl3{3, LANGUAGE_VHDL};
 constexpr TOptionTarget kVhdl4{4, LANGUAGE_VHDL};
 
-// What stands in the build text and what it becomes for families 3 and 4; null: left out.
+// A word of the build text and what it becomes for families 3 and 4; null: left out.
 struct TRowCase {
     const char* Typed;
     const char* Family3;
