@@ -14,7 +14,7 @@
 
 namespace {
 
-// The arguments in UTF-8: the narrow ones of Windows have lost what its code page cannot say.
+// The arguments in UTF-8: the narrow ones of Windows have lost what the code page cannot express.
 std::vector<std::string> Utf8Arguments(int count, char** values) {
     std::vector<std::string> arguments;
 #ifdef _WIN32

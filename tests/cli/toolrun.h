@@ -20,6 +20,12 @@ inline TToolRun RunHdlbuild(const std::vector<std::string>& arguments, bool colo
     return {status, out.str(), err.str()};
 }
 
+/// The status, if it is not 0, and both streams.
+inline std::string ResultOf(const std::vector<std::string>& arguments) {
+    const TToolRun run = RunHdlbuild(arguments);
+    return (run.Status ? std::to_string(run.Status) + "\n" : "") + run.Out + run.Err;
+}
+
 /// A folder of its own that is the current directory meanwhile.
 class WorkingFolder : public TemporaryFolder {
 public:

@@ -19,7 +19,7 @@ public:
     UserIniFile(const UserIniFile&) = delete;
     UserIniFile& operator=(const UserIniFile&) = delete;
 
-    /// What it holds by now.
+    /// What it holds after all changes of the cache are written.
     std::string Read() const {
         GetSystemPropCache()->Flush();
         return Folder.Read("user.ini");

@@ -1,6 +1,7 @@
 #include "tests/repository/sources.h"
 #include <gtest/gtest.h>
 #include <map>
+#include <regex>
 #include <set>
 #include <string>
 
@@ -96,6 +97,19 @@ TEST(Layers, HaveNoIncludeCycle) {
         }
     }
     for (const auto& [name, includes] : left) ADD_FAILURE() << name << " is on a cycle";
+}
+
+// The frame escapes control characters. A command file is printed as it would be written.
+TEST(Layers, OnlyTheToolsFramePrints) {
+    const std::regex printing(R"((out|err|Out|Err) <<.*)");
+    std::string lines;
+    for (const TSource& source : Sources()) {
+        if (!source.Name.starts_with("cli/") || FolderOf(source.Name) == "cli/frame") continue;
+        for (std::sregex_iterator at(source.Text.begin(), source.Text.end(), printing), end;
+             at != end; ++at)
+            lines += source.Name + ": " + at->str() + "\n";
+    }
+    EXPECT_EQ(lines, "cli/build/commandfilecommand.cpp: Out << text.str();\n");
 }
 
 // They take longer to compile than everything that includes them.

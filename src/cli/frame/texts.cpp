@@ -1,5 +1,6 @@
 #include "cli/frame/texts.h"
 #include "services/names/isfilename.h"
+#include <algorithm>
 
 namespace {
 
@@ -61,6 +62,26 @@ void PrintFields(std::ostream& out, const std::vector<std::string>& fields) {
     for (const std::string& field : fields)
         out << (&field == &fields.front() ? "" : "\t") << Escaped(field);
     out << '\n';
+}
+
+void PrintTable(std::vector<std::vector<std::string>> rows, std::ostream& out) {
+    std::vector<std::size_t> widths;
+    for (auto& row : rows) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            row[i] = row[i].empty() ? "-" : Escaped(row[i]);
+            widths[i] = std::max(widths[i], row[i].size());
+        }
+    }
+    for (const auto& row : rows)
+        for (std::size_t i = 0; i < row.size(); ++i)
+            out << row[i]
+                << (i + 1 < row.size() ? std::string(widths[i] + 2 - row[i].size(), ' ') : "\n");
+}
+
+void PrintNames(const std::vector<std::string>& names, const std::string& current,
+                std::ostream& out) {
+    for (const std::string& name : names) PrintLine(out, (name == current ? "* " : "  ") + name);
 }
 
 std::string JoinNames(const std::vector<std::string>& names) {

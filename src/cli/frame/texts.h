@@ -19,6 +19,14 @@ void PrintWords(std::ostream& out, std::string_view words);
 /// Prints a line of fields, escaped one by one and separated by tabulators.
 void PrintFields(std::ostream& out, const std::vector<std::string>& fields);
 
+/// Prints rows of equally many columns, padded to the widest text of each, two blanks between them.
+/// Empty texts print as "-".
+void PrintTable(std::vector<std::vector<std::string>> rows, std::ostream& out);
+
+/// Prints the names one a line, `current` marked with a star.
+void PrintNames(const std::vector<std::string>& names, const std::string& current,
+                std::ostream& out);
+
 /// The names, separated by commas.
 std::string JoinNames(const std::vector<std::string>& names);
 /// The same with "or" before the last.

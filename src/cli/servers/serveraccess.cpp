@@ -63,8 +63,9 @@ int TServerAccess::Read(bool mustExist) {
     return kExitProblems;
 }
 
-// Of a simulator that the file lists for some of its languages, the reader adds the other records,
-// with languages in the order of the table: they may be those that the file has.
+// When a file lists a simulator for some of its languages only, the reader adds the other records
+// with languages in the order of the table, even those that the file has. Such records get the
+// languages that are left.
 void TServerAccess::GiveLanguagesLeft() {
     auto* tools = Courier.GetSimToolList(TRope(Arguments.Server));
     if (!tools) return;
@@ -88,7 +89,8 @@ const std::vector<TBaseSimTool>& TServerAccess::GetTools() {
     return tools ? *tools : kNone;
 }
 
-// Every record that there can be has a value, so that those added and removed are reported.
+// Every possible record has a value, null for an absent one: added and removed records are
+// reported.
 TState TServerAccess::GetState() {
     std::map<std::string, TJson> values;
     for (const TBaseSimTool& tool : GetTools())

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-/// The tools of the server of the arguments, in the simulators file of the arguments.
+/// The tools of the server that the arguments name, in the simulators file that they name.
 class TServerAccess {
 public:
     TServerAccess(const TServersArguments& arguments, const TToolStreams& streams);
@@ -22,9 +22,9 @@ public:
     /// As the user named it, or the whole path of the default file.
     const std::string& GetFileText() const { return FileText; }
 
-    /// Saves what differs from what was read, and prints it, for the command called `verb`. A file
-    /// that has changed since stays as it is: one line on Err, and kExitFile. (Who saves after
-    /// that look, while the new file is written, is not noticed.)
+    /// Saves what differs from what was read, and prints it. `verb` names the command in JSON
+    /// output. A file that has changed since it was read stays as it is: one line on Err, and
+    /// kExitFile. (A save of others while the new file is being written is not noticed.)
     int Save(const char* verb);
 
 private:

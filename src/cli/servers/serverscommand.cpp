@@ -1,5 +1,4 @@
 #include "cli/frame/texts.h"
-#include "cli/frame/texttable.h"
 #include "cli/servers/commands.h"
 #include "cli/servers/serveraccess.h"
 #include "flows/simulatornames.h"
@@ -92,7 +91,7 @@ int RunServersRemove(const TServersArguments& arguments, const TToolStreams& str
                                  "'; it offers: " + (offered.empty() ? "none" : offered));
         return kExitUsage;
     }
-    // Every courier starts with this tool: what was removed are its paths.
+    // Every courier starts with this tool: removing it clears its paths only.
     if (arguments.Server == "localhost")
         server.GetCourier().CreateOrGetSimTool("localhost", SIM_ZORVIK_CL);
     return server.Save("remove");

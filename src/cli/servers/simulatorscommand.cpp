@@ -1,6 +1,5 @@
 #include "cli/frame/json.h"
 #include "cli/frame/texts.h"
-#include "cli/frame/texttable.h"
 #include "cli/servers/commands.h"
 #include "services/hdl/simtypelanguagemap.h"
 

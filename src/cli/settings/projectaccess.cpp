@@ -10,7 +10,7 @@
 
 namespace {
 
-/// The section of the settings, to be looked at only.
+/// Reads the section of the settings and never writes it.
 class TSettingsSection : public TXMLSectionFile {
 public:
     TSettingsSection() : TXMLSectionFile("ProjectSettings", "SimulationProject", CHILD_OF_ROOT) {}
@@ -19,7 +19,7 @@ protected:
     void FillSection() override {}
 };
 
-/// The names; those that are equal with their numbers.
+/// The names; equal ones are numbered, as in "a (2 of 2)".
 std::vector<std::string> TellApart(const std::vector<std::string>& names) {
     std::map<std::string, int> counts;
     for (const std::string& name : names) ++counts[name];
@@ -86,7 +86,8 @@ TProjectSimConfig* TProjectAccess::FindConfiguration() {
     return nullptr;
 }
 
-// What the file by now would lose; should it no longer be the one that was read, nothing is saved.
+// Re-reads the file and names what saving would drop. Settings that have changed since the first
+// read are not saved over anyway.
 std::string TProjectAccess::FindLoss() const {
     const TQuietMessageBox quiet;
     TSettingsSection section;
@@ -112,8 +113,8 @@ std::string TProjectAccess::WriteFile() {
     return TProjectFile::GetErrorString(result);
 }
 
-// A save alone may make a reader find something else, as in the include lists of languages that the
-// file did not mention. What the command did not touch is no change of its own.
+// Saving alone changes some values, such as the include lists of languages that the file did not
+// mention. Those are reported only when the command touched them.
 TState TProjectAccess::StateChanged() {
     const TValues read = ValuesOf(StateRead);
     const TValues savedUnchanged = ValuesOf(SavedUnchanged);
@@ -125,7 +126,8 @@ TState TProjectAccess::StateChanged() {
     return state;
 }
 
-// An empty include list and an unknown current configuration read as something else.
+// Not the settings themselves: an empty include list and an unknown current configuration read back
+// as something else.
 TState TProjectAccess::StateOfSaved() {
     TXMLList document;
     document.SetFileName(File->Canonical(false));

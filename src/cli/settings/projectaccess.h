@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-/// The settings in the project file of the arguments.
+/// The settings in the project file that the arguments name.
 class TProjectAccess {
 public:
     TProjectAccess(const TSettingsArguments& arguments, const TToolStreams& streams);
@@ -25,9 +25,9 @@ public:
     /// line on Err, when there is none.
     TProjectSimConfig* FindConfiguration();
 
-    /// Saves what differs from what was read, as it will read back, and prints it, for the command
-    /// called `verb`. kExitProblems, with one line on Err and nothing changed, when the file holds
-    /// what settings cannot hold.
+    /// Saves the settings and prints what a reader of the file will find changed. `verb` names the
+    /// command in JSON output. kExitProblems, with one line on Err and nothing changed, when the
+    /// file holds what settings cannot hold.
     int Save(const char* verb);
 
 private:
@@ -43,7 +43,7 @@ private:
     TProjectFile Project;
     TProjectSimSettings Settings;
     TState StateRead;
-    TState SavedUnchanged;  // as what was read would read back, were it saved
+    TState SavedUnchanged;  // what a save without any change would read back as
 };
 
 /// The names in list order.

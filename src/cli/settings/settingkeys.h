@@ -34,7 +34,7 @@ struct TListKey {
     /// A relative directory is taken against the project file. False when it is listed already.
     bool (*Add)(TProjectSimLanguageConfig& settings, const char* entry);
     void (TProjectSimLanguageConfig::*Clear)();
-    /// Adds the entry as it stands.
+    /// Adds the entry without resolving it.
     bool (*Restore)(TProjectSimLanguageConfig& settings, const char* entry);
 };
 

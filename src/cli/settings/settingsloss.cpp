@@ -16,14 +16,14 @@ bool IsNumber(const std::string& text) {
     return result.ec == std::errc() && result.ptr == end;
 }
 
-// Files may have the words of a command in any case.
+// Files may hold the words for true and false in any case.
 bool IsBool(std::string text) {
     std::transform(text.begin(), text.end(), text.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
     return ValueComplaint(SETTING_BOOL, text, LANGUAGE_NONE).empty();
 }
 
-/// Whether what a reader makes of `text` is what it says. An empty one leaves the default.
+/// Whether a reader takes `text` as it is, not as some default. An empty one sets nothing.
 bool IsKept(TSettingKind kind, const std::string& text, THdlLanguage language) {
     TMyString trimmed = text;
     trimmed.Trim(1, 0);
@@ -141,7 +141,7 @@ private:
         const TLanguageKey* key = FindLanguageKey(element);
         if (!key) return LoseElement(Place);
         if (!HasOnly({}, element + " of " + Place)) return false;
-        // Without a text, the element says nothing.
+        // An element without a text sets nothing.
         DListIterator<TElement*> content = Element;
         ++content;
         const bool isSet = content.NotAtTail() && content.Current()->ElemType != TElement::END;

@@ -76,7 +76,7 @@ private:
         return "";
     }
 
-    /// What an entry stands for, however it is written: directories are listed with and without
+    /// The same text for all ways to write an entry: directories are listed with and without
     /// final delimiter, and relative or absolute.
     std::string MeaningOf(const TListKey& list, const std::string& entry) const {
         if (!list.HoldsDirectories) return entry;

@@ -6,7 +6,7 @@
 
 namespace {
 
-// As a project file has it.
+// The form in which a project file holds a directory.
 std::string WrittenDirectory(const std::string& directory, const std::string& baseDirectory) {
     if (baseDirectory.empty() || HasOrvaneEnvVariable(directory.c_str())) return directory;
     std::string relative;

@@ -17,7 +17,7 @@ struct TSettingValue {
 std::vector<TSettingValue> ListSettings(const TProjectSimConfig& configuration,
                                         const std::string& baseDirectory);
 
-/// The entries of a list in the form of the above.
+/// The entries of a list, directories in the same form as in ListSettings.
 std::vector<std::string> ListEntries(const TListKey& list,
                                      const TProjectSimLanguageConfig& settings,
                                      const std::string& baseDirectory);

@@ -1,5 +1,4 @@
 #include "cli/frame/texts.h"
-#include "cli/frame/texttable.h"
 #include "cli/settings/commands.h"
 #include "cli/settings/projectaccess.h"
 #include "cli/settings/settingstext.h"

@@ -58,8 +58,8 @@ int TTranslatorAccess::Read() {
     return kExitProblems;
 }
 
-// Earlier than the build: should others save in between, they are not saved over. Why a file cannot
-// be read, the build tells.
+// Called before the build is read, so that a save of others in between is noticed. A file that
+// cannot be read is reported with the build.
 void TTranslatorAccess::ReadSection() {
     const TQuietMessageBox quiet;
     TTranslatorSection section(Translator->Tag);
@@ -112,7 +112,7 @@ std::vector<TChangedSwitch> TTranslatorAccess::FindChanges() const {
     return changes;
 }
 
-// Why the section in the file, as it is by now, cannot take changes; "" when it can.
+// Why the section cannot take changes; "" when it can.
 std::string TTranslatorAccess::FindProblem(const TTranslatorSection& section) const {
     constexpr const char* kOfOne = "a build keeps the switches of one translator, and this one ";
     if (OthersBuild) return std::string(kOfOne) + "those of the other";

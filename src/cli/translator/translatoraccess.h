@@ -28,7 +28,8 @@ public:
     int Read();
 
     const TV2VTranslationOptionsList& GetOptions() const { return *Options; }
-    /// Whether the build has the switches of the other translator only: these are the defaults.
+    /// Whether the build has the switches of the other translator only. GetOptions() then gives the
+    /// defaults.
     bool IsOthersBuild() const { return OthersBuild; }
 
     /// The switch that the first word of the arguments names, of which the leading '-' may be left
@@ -37,10 +38,10 @@ public:
     /// Whether a build that does not mention the switch has it enabled.
     bool IsEnabledByDefault(const TV2VTranslationOption& option) const;
 
-    /// Saves what differs from what was read, and prints it, for the command called `verb`. Only
-    /// the elements of the switches that changed are replaced in the build file. When its section
-    /// has changed since the read, it stays: one line on Err, and kExitFile. (Who saves after that
-    /// look, while the new file is written, is not noticed.)
+    /// Saves what differs from what was read, and prints it. `verb` names the command in JSON
+    /// output. Only the elements of the switches that changed are replaced in the build file. When
+    /// its section has changed since it was read, nothing is saved: one line on Err, and kExitFile.
+    /// (A save of others while the new file is being written is not noticed.)
     int Save(const char* verb);
 
 private:
@@ -60,7 +61,7 @@ private:
     const TToolStreams& Streams;
     const TTranslator* Translator = nullptr;
     TOptions Options;
-    std::string SectionRead;  // as TXMLSectionFile tells sections apart
+    std::string SectionRead;  // as GetSectionText gives it
     TState StateRead;
     std::vector<std::vector<std::string>> ArgumentsRead;  // of the switches, in list order
     bool OthersBuild = false;

@@ -12,8 +12,8 @@ void ReplaceEntries(TOption& option, const std::vector<std::string>& words) {
     for (std::size_t i = 1; i < words.size(); ++i) option.AddAnOption(words[i].c_str());
 }
 
-/// Gives `option` the arguments behind the first of `words`, if there are any. Why that cannot be
-/// done; "" when it is done.
+/// Gives `option` the arguments that follow the switch in `words`, if there are any. Returns why
+/// that cannot be done; "" when it is done.
 std::string SetArguments(TV2VTranslationOption& option, const std::vector<std::string>& words) {
     const std::string name = option.GetDashOption();
     if (!option.HasStringOption())

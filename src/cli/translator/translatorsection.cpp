@@ -22,7 +22,7 @@ void PushCopies(const TXMLList& elements, TXMLList* document) {
         PushCopy(*element.Current(), document);
 }
 
-/// From a START past its END, with `take` called for each element on the way.
+/// Moves from a START behind its END and calls `take` for each element passed.
 template <class Take>
 void PassElement(TIterator& element, Take take) {
     int depth = 0;
@@ -38,7 +38,7 @@ void PushEnabled(const TElement& start, TXMLList* document) {
     TAttributeList attributes;
     for (const auto& [name, value] : start.GetAttributes())
         attributes.Psh(name.c_str(), value.c_str());
-    attributes.Psh("Enabled", "true");  // in the place that it has
+    attributes.Psh("Enabled", "true");  // keeps its place among them
     document->Psh(start.Name.c_str(), &attributes, TElement::START, "");
 }
 
@@ -78,7 +78,7 @@ void TTranslatorSection::Change(const std::vector<TChangedSwitch>& changes) {
     Changed.Psh(Tag, nullptr, TElement::END, "");
 }
 
-// Whether the switch has all that it needs by now.
+// Returns whether the switch needs no further element: all of them are dealt with here.
 bool TTranslatorSection::ChangeElement(TIterator& element, const TChangedSwitch& change,
                                        bool isWritten) {
     if (change.Option->IsEnabled() && !change.HasNewArguments) {

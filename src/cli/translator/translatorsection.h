@@ -5,7 +5,7 @@
 
 class TV2VTranslationOption;
 
-/// A switch that its element in a build file does not match any more.
+/// A switch whose state or arguments differ from its element in the build file.
 struct TChangedSwitch {
     TV2VTranslationOption* Option;
     bool HasNewArguments;
@@ -14,7 +14,7 @@ struct TChangedSwitch {
 /// The section of one translator's switches in a build file.
 ///
 /// Only the elements of the switches that a command changed are replaced, added or removed:
-/// switches that we do not know, disabled ones and the arguments of all others stay as they stand.
+/// switches that we do not know, disabled ones and the arguments of all others stay as they are.
 class TTranslatorSection : public TXMLSectionFile {
 public:
     // Readers of build files take a section at every depth.

@@ -59,3 +59,18 @@ TEST(Texts, GivePathsRelativeToTheCurrentDirectory) {
     EXPECT_EQ(PathText(folder.Path("a/b.v").c_str(), paths), folder.Path("a/b.v"));
     EXPECT_EQ(PathText(static_cast<const ISFileName*>(nullptr), paths), "");
 }
+
+TEST(Texts, PrintTablesPaddedToWhatIsPrinted) {
+    std::ostringstream out;
+    PrintTable({{"NAME", "PATH", "LAST"}, {"a\nb\t", "", "c\n"}, {"", "/x/y", ""}}, out);
+    EXPECT_EQ(out.str(),
+              "NAME    PATH  LAST\n"
+              "a\\nb\\t  -     c\\n\n"
+              "-       /x/y  -\n");
+}
+
+TEST(Texts, PrintNamesAndMarkTheCurrentOne) {
+    std::ostringstream out;
+    PrintNames({"a", "b\nc"}, "b\nc", out);
+    EXPECT_EQ(out.str(), "  a\n* b\\nc\n");
+}

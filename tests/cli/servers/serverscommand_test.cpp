@@ -1,30 +1,14 @@
-#include "cli/servers/serveraccess.h"
 #include "tests/cli/appdatadirectory.h"
+#include "tests/cli/servers/simulatorsfile.h"
 #include "tests/cli/toolrun.h"
 #include <gtest/gtest.h>
 
 namespace {
 
-/// Runs "servers" with the arguments; the status, if it is not 0, and both streams.
+/// Runs "servers" with the arguments.
 std::string Servers(std::vector<std::string> arguments) {
-    arguments.insert(arguments.begin(), "servers");
-    const TToolRun run = RunHdlbuild(arguments);
-    return (run.Status ? std::to_string(run.Status) + "\n" : "") + run.Out + run.Err;
-}
-
-std::string FileText(const std::string& tools) {
-    return "<!DOCTYPE HdlBuildFileList SYSTEM \"serverconfigurationfile.dtd\">\n"
-           "<HdlBuildFileList>\n"
-           "  <ExternalSimulatorSettings>\n" +
-           tools +
-           "  </ExternalSimulatorSettings>\n"
-           "</HdlBuildFileList>\n";
-}
-
-std::string ToolText(const std::string& name, const std::string& language,
-                     const std::string& path = "", const std::string& pli = "") {
-    return "    <Tool Name=\"" + name + "\" Path=\"" + path + "\" PliLibPath=\"" + pli + "\">" +
-           language + "</Tool>\n";
+    arguments.insert(arguments.begin(), {"servers"});
+    return ResultOf(arguments);
 }
 
 class DefaultServersFile : public testing::Test {
@@ -124,32 +108,6 @@ TEST(ServersCommand, OffersASimulatorForTheLanguagesThatTheFileLacks) {
     }
 }
 
-TEST(ServersCommand, ChangesNoFileThatChangedMeanwhile) {
-    const std::string files[] = {"", FileText(ToolText("VCS", "Verilog")),
-                                 FileText(ToolText("Scirocco", "VHDL"))};
-    for (const std::string& before : files)
-        for (const std::string& after : files) {
-            if (before == after || after.empty()) continue;
-            const WorkingFolder folder;
-            if (!before.empty()) folder.Write("a.cfg", before);
-            TServersArguments arguments;
-            arguments.Server = "far";
-            arguments.SimulatorsFile = "a.cfg";
-            std::ostringstream out;
-            std::ostringstream err;
-            const TToolStreams streams{out, err};
-            TServerAccess server(arguments, streams);
-            ASSERT_EQ(server.Read(false), kExitDone);
-            server.GetCourier().CreateOrGetSimTool("far", SIM_GCC);
-            folder.Write("a.cfg", after);
-            EXPECT_EQ(server.Save("add"), kExitFile);
-            EXPECT_EQ(out.str(), "");
-            EXPECT_EQ(err.str(),
-                      "hdlbuild: error: a.cfg: the file has changed since it was read\n");
-            EXPECT_EQ(folder.Read("a.cfg"), after);
-        }
-}
-
 TEST(ServersCommand, StoresAnExecutablesWholePath) {
     const WorkingFolder folder;
     Servers({"add", "build1", "VCS", "--file", "a.cfg", "--path", "bin/vcs"});
@@ -243,68 +201,6 @@ TEST(ServersCommand, RefusesUnknownSimulators) {
             EXPECT_EQ(Servers({verb, "build1", name, "--file", "a.cfg"}),
                       "2\nhdlbuild: error: unknown simulator '" + std::string(name) + "'" + known);
     EXPECT_EQ(folder.List(), "");
-}
-
-TEST(ServersCommand, ChangesNoFileThatItWouldNotKeepWhole) {
-    const WorkingFolder folder;
-    const struct {
-        const char* Label;
-        std::string Document;
-        int Status;
-        const char* Message;
-    } rows[] = {
-        {"cut short", "<HdlBuildFileList>", 3,
-         "1:19: the document ends inside element \"HdlBuildFileList\""},
-        {"a build file", "<HdlBuildFileList><HdlBuildFile/></HdlBuildFileList>", 1,
-         " a save would lose the unknown element HdlBuildFile"},
-        {"unknown simulator", FileText(ToolText("New", "VHDL") + ToolText("VCS", "Verilog")), 1,
-         " a save would lose the unknown simulator 'New'"},
-        {"no simulator", FileText("    <Tool>VHDL</Tool>\n"), 1,
-         " a save would lose the unknown simulator ''"},
-        {"other element", FileText(ToolText("VCS", "Verilog") + "    <Other/>\n"), 1,
-         " a save would lose the unknown element Other"},
-        {"text instead of a tool", FileText("    text\n" + ToolText("VCS", "Verilog")), 1,
-         " a save would lose a text in ExternalSimulatorSettings"},
-        {"text behind a tool", FileText(ToolText("VCS", "Verilog") + "    text\n"), 1,
-         " a save would lose a text in ExternalSimulatorSettings"},
-        {"text beside the section", "<HdlBuildFileList>text</HdlBuildFileList>", 1,
-         " a save would lose a text in HdlBuildFileList"},
-        {"second section",
-         "<HdlBuildFileList><ExternalSimulatorSettings/><ExternalSimulatorSettings/>"
-         "</HdlBuildFileList>",
-         1, " a save would lose the second ExternalSimulatorSettings"},
-        {"a tool twice", FileText(ToolText("VCS", "Verilog") + ToolText("VCS", "Verilog")), 1,
-         " a save would lose the second VCS for Verilog"},
-        {"a language twice", FileText(ToolText("GCC", "C++") + ToolText("GCC", "c++")), 1,
-         " a save would lose the second GCC for C++"},
-        {"more than its languages", FileText(ToolText("VCS", "Verilog") + ToolText("VCS", "VHDL")),
-         1, " a save would lose the second VCS"},
-        {"unknown language", FileText(ToolText("VCS", "Ada")), 1,
-         " a save would lose the language 'Ada' of VCS"},
-        {"no language", FileText("    <Tool Name=\"VCS\"/>\n"), 1,
-         " a save would lose the language '' of VCS"},
-        {"attribute of a tool", FileText("    <Tool Name=\"VCS\" New=\"1\">Verilog</Tool>\n"), 1,
-         " a save would lose the unknown attribute New of VCS"},
-        {"attribute of the section",
-         "<HdlBuildFileList><ExternalSimulatorSettings New=\"1\"/></HdlBuildFileList>", 1,
-         " a save would lose the unknown attribute New of ExternalSimulatorSettings"},
-        {"attribute of the root", "<HdlBuildFileList New=\"1\"/>", 1,
-         " a save would lose the unknown attribute New of HdlBuildFileList"},
-        {"text behind the element in a tool",
-         FileText("    <Tool Name=\"VCS\">Verilog<Tool/>x</Tool>\n"), 1,
-         " a save would lose the unknown element Tool"},
-        {"element in a tool", FileText("    <Tool Name=\"VCS\">VHDL<Tool/></Tool>\n"), 1,
-         " a save would lose the unknown element Tool"},
-    };
-    for (const auto& row : rows) {
-        folder.Write("a.cfg", row.Document);
-        for (const char* verb : {"add", "remove"})
-            EXPECT_EQ(Servers({verb, "build1", "VCS", "--file", "a.cfg"}),
-                      std::to_string(row.Status) + "\nhdlbuild: error: a.cfg:" + row.Message + "\n")
-                << row.Label;
-        EXPECT_EQ(folder.Read("a.cfg"), row.Document) << row.Label;
-        EXPECT_EQ(folder.List(), "a.cfg\n") << row.Label;
-    }
 }
 
 TEST(ServersCommand, ListsWhatItKnowsOfAFile) {

@@ -1,4 +1,3 @@
-#include "cli/settings/projectaccess.h"
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
 #include "tests/cli/userinifile.h"
@@ -6,11 +5,10 @@
 
 namespace {
 
-/// Runs "settings p.hpj" with the arguments; the status, if it is not 0, and both streams.
+/// Runs "settings p.hpj" with the arguments.
 std::string Settings(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), {"settings", "p.hpj"});
-    const TToolRun run = RunHdlbuild(arguments);
-    return (run.Status ? std::to_string(run.Status) + "\n" : "") + run.Out + run.Err;
+    return ResultOf(arguments);
 }
 
 const std::string kOtherLanguages =
@@ -212,66 +210,6 @@ TEST(SettingsCommand, ResetsAConfiguration) {
     EXPECT_EQ(Settings({"reset", "Debug"}), "p.hpj: nothing to change\n");
 }
 
-// Without a current configuration, a file names the one that is called as itself.
-TEST(SettingsCommand, ReportsTheCurrentConfigurationThatAReaderFinds) {
-    const WorkingFolder folder;
-    folder.Write("p.hpj", ProjectText());
-    Settings({"copy", "Debug", "p"});
-    EXPECT_EQ(Settings({"remove", "Release"}),
-              "current configuration: \"Release\" -> \"p\"\n"
-              "configurations: [\"Release\",\"Debug\",\"p\"] -> [\"Debug\",\"p\"]\n"
-              "p.hpj: saved\n");
-    EXPECT_EQ(Settings({"list"}), "  Debug\n* p\n");
-}
-
-TEST(SettingsCommand, TellsConfigurationsOfOneNameApart) {
-    const WorkingFolder folder;
-    folder.Write("p.hpj",
-                 "<SimulationProject><ProjectSettings>"
-                 "<ProjectSettingsConfiguration ConfigurationName=\"a\"/>"
-                 "<ProjectSettingsConfiguration ConfigurationName=\"b\"/>"
-                 "<ProjectSettingsConfiguration ConfigurationName=\"a\">"
-                 "<GeneralConfiguration LogFileName=\"2.log\"/></ProjectSettingsConfiguration>"
-                 "</ProjectSettings></SimulationProject>");
-    EXPECT_EQ(Settings({"current", "b"}), "current configuration: none -> \"b\"\np.hpj: saved\n");
-    EXPECT_EQ(Settings({"set", "a", "LogFileName", "1.log"}),
-              "a (1 of 2): LogFileName: \"simulation.log\" -> \"1.log\"\np.hpj: saved\n");
-    EXPECT_EQ(Settings({"remove", "a"}),
-              "configurations: [\"a\",\"b\",\"a\"] -> [\"b\",\"a\"]\np.hpj: saved\n");
-    EXPECT_EQ(Settings({"set", "a", "LogFileName", "3.log"}),
-              "a: LogFileName: \"2.log\" -> \"3.log\"\np.hpj: saved\n");
-}
-
-TEST(SettingsCommand, ChangesNoSettingsThatChangedMeanwhile) {
-    const struct {
-        const char* Label;
-        std::string Before, After;
-    } rows[] = {
-        {"settings changed", ProjectText(), "<SimulationProject/>"},
-        {"file made", "", ProjectText()},
-    };
-    for (const auto& row : rows) {
-        const WorkingFolder folder;
-        if (!row.Before.empty()) folder.Write("p.hpj", row.Before);
-        TSettingsArguments arguments;
-        arguments.Project = "p.hpj";
-        std::ostringstream out;
-        std::ostringstream err;
-        const TToolStreams streams{out, err};
-        TProjectAccess project(arguments, streams);
-        ASSERT_EQ(project.Read(true), kExitDone) << row.Label;
-        project.GetSettings().AddConfiguration(new TProjectSimConfig(false));
-        folder.Write("p.hpj", row.After);
-        EXPECT_EQ(project.Save("copy"), kExitFile) << row.Label;
-        EXPECT_EQ(out.str(), "") << row.Label;
-        EXPECT_EQ(err.str(),
-                  "hdlbuild: error: p.hpj: the settings in the file have changed since they were "
-                  "read\n")
-            << row.Label;
-        EXPECT_EQ(folder.Read("p.hpj"), row.After) << row.Label;
-    }
-}
-
 TEST(SettingsCommand, ChangesNothingInADryRun) {
     const WorkingFolder folder;
     folder.Write("p.hpj", ProjectText());
@@ -343,41 +281,6 @@ TEST(SettingsCommand, TakesAVerbAsAName) {
               "p.hpj: saved\n");
     EXPECT_EQ(Settings({"current", "list"}),
               "current configuration: \"Release\" -> \"list\"\np.hpj: saved\n");
-}
-
-TEST(SettingsCommand, RefusesAFileThatItCannotReadWhole) {
-    const WorkingFolder folder;
-    const struct {
-        const char* Label;
-        std::string Document;
-        std::string Expected;
-    } rows[] = {
-        {"malformed", "<SimulationProject>\n<a></b>",
-         "3\nhdlbuild: error: p.hpj:2:6: mismatched tag\n"},
-        {"no project", "<HdlBuildFileList/>",
-         "3\nhdlbuild: error: p.hpj: the file is no project file: its root is not "
-         "SimulationProject\n"},
-        {"two sections",
-         "<SimulationProject><ProjectSettings/><ProjectSettings/></SimulationProject>",
-         "1\nhdlbuild: error: p.hpj: the file holds the section ProjectSettings more than once\n"},
-        {"broken section",
-         "<SimulationProject><ProjectSettings><ProjectSettingsConfiguration>"
-         "<LanguageSettings/></ProjectSettingsConfiguration></ProjectSettings></SimulationProject>",
-         "1\nhdlbuild: error: p.hpj: the section ProjectSettings cannot be read\n"},
-    };
-    for (const auto& row : rows) {
-        folder.Write("p.hpj", row.Document);
-        for (const std::vector<std::string>& arguments : {std::vector<std::string>{"list"},
-                                                          {"show"},
-                                                          {"current", "a"},
-                                                          {"copy", "a", "b"},
-                                                          {"remove", "a"},
-                                                          {"reset", "a"},
-                                                          {"set", "a", "LogFileName", "b"}})
-            EXPECT_EQ(Settings(arguments), row.Expected) << row.Label << ", " << arguments[0];
-        EXPECT_EQ(folder.Read("p.hpj"), row.Document) << row.Label;
-        EXPECT_EQ(folder.List(), "p.hpj\n") << row.Label;
-    }
 }
 
 TEST(SettingsCommand, ReportsAMissingProject) {

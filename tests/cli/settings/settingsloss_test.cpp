@@ -6,8 +6,7 @@ namespace {
 
 std::string Settings(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), {"settings", "p.hpj"});
-    const TToolRun run = RunHdlbuild(arguments);
-    return (run.Status ? std::to_string(run.Status) + "\n" : "") + run.Out + run.Err;
+    return ResultOf(arguments);
 }
 
 constexpr const char* kConfiguration = "<ProjectSettingsConfiguration/>";

@@ -1,37 +1,18 @@
-#include "cli/translator/translatoraccess.h"
 #include "tests/cli/toolrun.h"
-#include "tests/support/elementtext.h"
-#include "translation/v2vtranslationoption.h"
+#include "tests/cli/translator/switchtext.h"
 #include <gtest/gtest.h>
 
 namespace {
 
-/// Runs "translator b.xml" with the arguments; the status, if it is not 0, and both streams.
+/// Runs "translator b.xml" with the arguments.
 std::string Translator(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), {"translator", "b.xml"});
-    const TToolRun run = RunHdlbuild(arguments);
-    return (run.Status ? std::to_string(run.Status) + "\n" : "") + run.Out + run.Err;
+    return ResultOf(arguments);
 }
 
 constexpr const char* kV2VhdlSwitches =
     "-r, -s, -np, -e, -p, -l, -87, -ne, -ncc, -synth, -mrv, -nz, -mdc, -mpc, -rip, -ris, -po, -an, "
     "-nh, -novpp, -do_macro_substitution";
-
-/// A build with elements that only a build's own reader knows, as the tool writes it.
-std::string Build(const std::string& options) {
-    return "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n"
-           "<HdlBuildFileList>\n"
-           "  <HdlBuildFile TopLevelLanguage=\"VHDL\">\n"
-           "    <Foreign A=\"1\">text</Foreign>\n" +
-           options +
-           "  </HdlBuildFile>\n"
-           "</HdlBuildFileList>\n";
-}
-
-std::string Options(const std::string& switches) {
-    return "    <Verilog2VhdlTranslationOptions>\n" + switches +
-           "    </Verilog2VhdlTranslationOptions>\n";
-}
 
 }  // namespace
 
@@ -132,129 +113,6 @@ TEST(TranslatorCommand, TellsArgumentsApartAsThereAreSeveral) {
               "    ");
 }
 
-TEST(TranslatorCommand, LeavesTheElementsOfAllOtherSwitchesAsTheyAre) {
-    const WorkingFolder folder;
-    const std::string others =
-        "      <v2v-p Enabled=\"true\">\n"
-        "        <AdditionalOptions>sub/a.v</AdditionalOptions>\n"
-        "      </v2v-p>\n"
-        "      <v2v-new Enabled=\"true\" A=\"1\">text<v2v-r/>\n"
-        "      </v2v-new>\n"
-        "      <v2v-e Enabled=\"false\" B=\"2\"/>\n"
-        "      <v2v-ncc Enabled=\"false\"/>\n"
-        "      <Foreign/>\n";
-    const std::string rip =
-        "      <v2v-rip Enabled=\"false\">\n"
-        "        <AdditionalOptions>a</AdditionalOptions>\n"
-        "      </v2v-rip>\n";
-    folder.Write("b.xml", Build(Options(rip + others)));
-    EXPECT_EQ(Translator({"v2vhdl", "enable", "-r"}), "-r: \"off\" -> \"on\"\nb.xml: saved\n");
-    const std::string enabled = "      <v2v-r Enabled=\"true\"/>\n";
-    EXPECT_EQ(folder.Read("b.xml"), Build(Options(rip + others + enabled)));
-    EXPECT_EQ(Translator({"v2vhdl", "disable", "-ncc"}), "b.xml: nothing to change\n");
-    EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip", "b"}),
-              "-rip: \"off\" -> [\"b\"]\nb.xml: saved\n");
-    const std::string changed =
-        "      <v2v-rip Enabled=\"true\">\n"
-        "        <AdditionalOptions>b</AdditionalOptions>\n"
-        "      </v2v-rip>\n";
-    EXPECT_EQ(folder.Read("b.xml"), Build(Options(changed + others + enabled)));
-    EXPECT_EQ(Translator({"v2vhdl", "disable", "-rip"}),
-              "-rip: [\"b\"] -> \"off\"\nb.xml: saved\n");
-    EXPECT_EQ(Translator({"v2vhdl", "disable", "-r"}), "-r: \"on\" -> \"off\"\nb.xml: saved\n");
-    EXPECT_EQ(folder.Read("b.xml"), Build(Options(others)));
-}
-
-TEST(TranslatorCommand, EnablesASwitchWithTheArgumentsThatItsElementHas) {
-    const WorkingFolder folder;
-    const auto packages = [](const std::string& enabled) {
-        return Build(Options("      <v2v-p Enabled=\"" + enabled +
-                             "\">\n"
-                             "        <AdditionalOptions>sub/a.v</AdditionalOptions>\n"
-                             "        <AdditionalOptions>../b.v</AdditionalOptions>\n"
-                             "      </v2v-p>\n"));
-    };
-    folder.Write("b.xml", packages("false"));
-    EXPECT_EQ(RunHdlbuild({"translator", "b.xml", "v2vhdl", "enable", "-p"}).Status, kExitDone);
-    EXPECT_EQ(folder.Read("b.xml"), packages("true"));
-}
-
-TEST(TranslatorCommand, ReplacesEveryElementOfASwitch) {
-    const WorkingFolder folder;
-    const auto rip = [](const std::string& argument) {
-        return "      <v2v-rip Enabled=\"true\">\n"
-               "        <AdditionalOptions>" +
-               argument +
-               "</AdditionalOptions>\n"
-               "      </v2v-rip>\n";
-    };
-    folder.Write("b.xml", Build(Options(rip("a") + "      <v2v-r/>\n" + rip("b"))));
-    EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip", "c"}),
-              "-rip: [\"a\",\"b\"] -> [\"c\"]\nb.xml: saved\n");
-    EXPECT_EQ(folder.Read("b.xml"), Build(Options(rip("c") + "      <v2v-r/>\n")));
-    folder.Write("b.xml", Build(Options(rip("a") + "      <v2v-r/>\n" + rip("b"))));
-    Translator({"v2vhdl", "disable", "-rip"});
-    EXPECT_EQ(folder.Read("b.xml"), Build(Options("      <v2v-r/>\n")));
-}
-
-/// "translator b.xml v2vhdl enable -r", with time for others between its read and its save.
-class SlowEnable {
-public:
-    SlowEnable() {
-        Arguments.Build = "b.xml";
-        Arguments.Translator = "v2vhdl";
-        Arguments.Words = {"-r"};
-    }
-    int Read() { return Translator.Read(); }
-    int Save() {
-        Translator.FindOption()->SetEnabled(true);
-        return Translator.Save("enable");
-    }
-    std::ostringstream Out;
-    std::ostringstream Err;
-
-private:
-    TTranslatorArguments Arguments;
-    TToolStreams Streams{Out, Err};
-    TTranslatorAccess Translator{Arguments, Streams};
-};
-
-TEST(TranslatorCommand, ChangesNoBuildWhoseSwitchesChangedMeanwhile) {
-    const struct {
-        const char* Label;
-        std::string Before, After, Expected;
-    } rows[] = {
-        {"switches changed", Build(Options("")), Build(Options("      <v2v-s/>\n")),
-         "hdlbuild: error: b.xml: the switches in the file have changed since they were read\n"},
-        {"switches added", Build(""), Build(Options("")),
-         "hdlbuild: error: b.xml: the switches in the file have changed since they were read\n"},
-        {"malformed", Build(""), "<a>",
-         "hdlbuild: error: b.xml:1:4: the document ends inside element \"a\"\n"},
-    };
-    for (const auto& row : rows) {
-        const WorkingFolder folder;
-        folder.Write("b.xml", row.Before);
-        SlowEnable command;
-        ASSERT_EQ(command.Read(), kExitDone) << row.Label;
-        folder.Write("b.xml", row.After);
-        EXPECT_EQ(command.Save(), kExitFile) << row.Label;
-        EXPECT_EQ(command.Out.str(), "") << row.Label;
-        EXPECT_EQ(command.Err.str(), row.Expected) << row.Label;
-        EXPECT_EQ(folder.Read("b.xml"), row.After) << row.Label;
-    }
-}
-
-TEST(TranslatorCommand, KeepsWhatOthersSavedElsewhereMeanwhile) {
-    const WorkingFolder folder;
-    folder.Write("b.xml", Build(""));
-    SlowEnable command;
-    ASSERT_EQ(command.Read(), kExitDone);
-    folder.Write("b.xml", Build("    <Later/>\n"));
-    EXPECT_EQ(command.Save(), kExitDone);
-    EXPECT_EQ(folder.Read("b.xml"),
-              Build("    <Later/>\n" + Options("      <v2v-r Enabled=\"true\"/>\n")));
-}
-
 TEST(TranslatorCommand, StoresFilesWithTheirWholePaths) {
     const WorkingFolder folder;
     folder.Write("b.xml", Build(""));
@@ -347,57 +205,6 @@ TEST(TranslatorCommand, ShowsTheDefaultsOfTheOtherTranslator) {
         run.Err,
         "hdlbuild: warning: the build has the switches of the other translator: these are the "
         "defaults\n");
-}
-
-TEST(TranslatorCommand, ChangesNoBuildThatItCannotRead) {
-    const WorkingFolder folder;
-    const struct {
-        const char* Label;
-        std::string Document;
-        const char* Expected;
-    } rows[] = {
-        {"malformed", "<HdlBuildFileList>\n<a></b>",
-         "3\nhdlbuild: error: b.xml:2:6: mismatched tag\n"},
-        {"the section twice", Build(Options("") + Options("")),
-         "1\nhdlbuild: error: b.xml: the file holds the switches more than once\n"},
-        {"the other's section too", Build(Options("") + "    <Vhdl2VerilogTranslationOptions/>\n"),
-         "1\nhdlbuild: error: b.xml: a build keeps the switches of one translator, and this one "
-         "holds those of both\n"},
-        {"settings that cannot be read",
-         Build("<ProjectLanguageConfigurationList><LanguageSettings Language=\"VHDL\">"
-               "<IncludeDirectories/></LanguageSettings></ProjectLanguageConfigurationList>"),
-         "1\nhdlbuild: error: Build File: Error reading the Project Settings.\n"},
-        {"no build", "<HdlBuildFileList/>", "3\nhdlbuild: error: b.xml: the file holds no build\n"},
-    };
-    for (const auto& row : rows) {
-        folder.Write("b.xml", row.Document);
-        EXPECT_EQ(Translator({"v2vhdl", "enable", "-r"}), row.Expected) << row.Label;
-        EXPECT_EQ(folder.Read("b.xml"), row.Document) << row.Label;
-        EXPECT_EQ(folder.List(), "b.xml\n") << row.Label;
-    }
-}
-
-TEST(TranslatorCommand, KeepsABuildThatIsNestedAsDeepAsOneMayBe) {
-    const WorkingFolder folder;
-    std::string starts, ends;
-    for (int i = 0; i < 511; ++i) {
-        starts += "<n>";
-        ends += "</n>";
-    }
-    const std::string begin = "<HdlBuildFileList><HdlBuildFile>" + starts + "text" + ends;
-    folder.Write("b.xml", begin + "</HdlBuildFile></HdlBuildFileList>");
-    EXPECT_EQ(Translator({"v2vhdl", "enable", "-r"}), "-r: \"off\" -> \"on\"\nb.xml: saved\n");
-    TXMLList saved;
-    TXMLList expected;
-    saved.SetHoldsRoot(true);
-    expected.SetHoldsRoot(true);
-    ASSERT_TRUE(saved.ReadFromText(folder.Read("b.xml"), nullptr));
-    ASSERT_TRUE(expected.ReadFromText(begin + "<Verilog2VhdlTranslationOptions>"
-                                              "<v2v-r Enabled=\"true\"/>"
-                                              "</Verilog2VhdlTranslationOptions>"
-                                              "</HdlBuildFile></HdlBuildFileList>",
-                                      nullptr));
-    EXPECT_EQ(ElementsOf(saved), ElementsOf(expected));
 }
 
 TEST(TranslatorCommand, DoesNotMindMissingSources) {
