@@ -5,19 +5,18 @@
 // The forms of std::list's changes in THdlProjectFileList that take ranges and other lists. All end
 // in Link and Unlink, or move entries whose holding is counted already.
 
-using TList = THdlProjectFileList;
-
-TList::iterator THdlProjectFileList::insert(const_iterator position, size_type count,
-                                            THdlProjectFile* file) {
+THdlProjectFileList::iterator THdlProjectFileList::insert(const_iterator position, size_type count,
+                                                          THdlProjectFile* file) {
     return LinkAll(position, std::list<THdlProjectFile*>(count, file));
 }
 
-TList::iterator THdlProjectFileList::insert(const_iterator position,
-                                            std::initializer_list<THdlProjectFile*> files) {
+THdlProjectFileList::iterator THdlProjectFileList::insert(
+    const_iterator position, std::initializer_list<THdlProjectFile*> files) {
     return LinkAll(position, files);
 }
 
-TList::iterator THdlProjectFileList::erase(const_iterator first, const_iterator last) {
+THdlProjectFileList::iterator THdlProjectFileList::erase(const_iterator first,
+                                                         const_iterator last) {
     while (first != last) first = Unlink(first);
     return AsMutable(last);
 }
@@ -40,11 +39,11 @@ void THdlProjectFileList::resize(size_type count, THdlProjectFile* file) {
     if (file) LinkAll(end(), std::list<THdlProjectFile*>(count - size(), file));
 }
 
-TList::size_type THdlProjectFileList::remove(THdlProjectFile* file) {
+THdlProjectFileList::size_type THdlProjectFileList::remove(THdlProjectFile* file) {
     return remove_if([file](const THdlProjectFile* current) { return current == file; });
 }
 
-TList::size_type THdlProjectFileList::unique() {
+THdlProjectFileList::size_type THdlProjectFileList::unique() {
     return unique(std::equal_to<>());
 }
 
@@ -73,8 +72,8 @@ void THdlProjectFileList::swap(THdlProjectFileList& other) {
     std::list<THdlProjectFile*>::swap(other);
 }
 
-TList::iterator THdlProjectFileList::LinkAll(const_iterator position,
-                                             const std::list<THdlProjectFile*>& files) {
+THdlProjectFileList::iterator THdlProjectFileList::LinkAll(
+    const_iterator position, const std::list<THdlProjectFile*>& files) {
     auto first = AsMutable(position);
     for (auto file = files.rbegin(); file != files.rend(); ++file) first = Link(first, *file);
     return first;

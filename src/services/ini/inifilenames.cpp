@@ -9,8 +9,8 @@ namespace {
 constexpr const char* kIniFileName = "hdlbuildfile.ini";
 
 // Null means the file of kIniFileName in its directory.
-const ISFileName* userFile = nullptr;
-const ISFileName* systemFile = nullptr;
+const ISFileName* currentUserFile = nullptr;
+const ISFileName* currentSystemFile = nullptr;
 
 const ISFileName* FileOrBuiltIn(const ISFileName* file, const char* directory) {
     return file ? file : ISFileName::NewISFileName(JoinPath(directory, kIniFileName).c_str());
@@ -25,14 +25,14 @@ void SetFile(const ISFileName** file, const char* path) {
 }  // namespace
 
 const ISFileName* GetIniFile() {
-    return FileOrBuiltIn(userFile, GetTalveraAppDataDirectory());
+    return FileOrBuiltIn(currentUserFile, GetTalveraAppDataDirectory());
 }
 const ISFileName* GetSystemIniFile() {
-    return FileOrBuiltIn(systemFile, GetOrvaneHomeDirectory());
+    return FileOrBuiltIn(currentSystemFile, GetOrvaneHomeDirectory());
 }
 void SetIniFile(const char* path) {
-    SetFile(&userFile, path);
+    SetFile(&currentUserFile, path);
 }
 void SetSystemIniFile(const char* path) {
-    SetFile(&systemFile, path);
+    SetFile(&currentSystemFile, path);
 }
