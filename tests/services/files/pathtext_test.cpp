@@ -1,5 +1,4 @@
 #include "services/files/pathtext.h"
-#include "services/files/pathpieces.h"
 #include "services/names/ifilename.h"
 #include "tests/services/names/hostform.h"
 #include "tests/support/temporaryfolder.h"
@@ -116,6 +115,9 @@ TEST(PathText, TellsRelativePathsAndBareNames) {
         {"\\a", false, false},      {"C:\\a", false, false}, {"c:/a", false, false},
         {"C:", false, false},       {"CC:a", true, true},    {"1:", true, true},
         {"\\\\h\\a", false, false}, {"//h/a", false, false}, {"a b.v", true, true},
+        {"a:/b", false, false},     {"z:/b", false, false},  {"A:/b", false, false},
+        {"Z:/b", false, false},     {"`:/b", true, false},   {"{:/b", true, false},
+        {"@:/b", true, false},      {"[:/b", true, false},
     };
     for (const auto& row : rows) {
         const std::string label = row.Path ? row.Path : "null";
@@ -195,30 +197,6 @@ TEST(PathText, JoinsTheSelectedParts) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(PathParts("C:\\p\\a.v", row.Parts), row.Expected) << row.Parts;
-}
-
-TEST(PathPieces, SqueezesTheMiddleToALength) {
-    const struct {
-        const char* Path;
-        int Length;
-        const char* Expected;
-    } rows[] = {
-        {"/a/b.v", 6, "/a/b.v"},
-        {"/a/b.v", 100, "/a/b.v"},
-        {"/abc/def.v", 9, "/ab...f.v"},
-        {"/abc/def.v", 8, "/a...f.v"},
-        {"/abc/def.v", 4, "...v"},
-        {"/abc/def.v", 3, "..."},
-        {"/abc/def.v", 2, ".."},
-        {"/abc/def.v", 0, ""},
-        {"/abc/def.v", -1, ""},
-        {"", 0, ""},
-        // Two bytes a letter: never half of one.
-        {"\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9", 9, "\xC3\xA9...\xC3\xA9"},
-        {"\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9\xC3\xA9", 5, "..."},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(SqueezePath(row.Path, row.Length), row.Expected) << row.Path << row.Length;
 }
 
 }  // namespace
