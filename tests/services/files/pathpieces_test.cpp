@@ -158,4 +158,13 @@ TEST(PathPieces, SqueezesTheMiddleToALength) {
         EXPECT_EQ(SqueezePath(row.Path, row.Length), row.Expected) << row.Path << row.Length;
 }
 
+TEST(PathPieces, KeepsEveryTextOnce) {
+    const std::string first = "kept/a.v";
+    char* const kept = KeptPathText(first);
+    EXPECT_STREQ(kept, "kept/a.v");
+    EXPECT_NE(kept, first.data());
+    EXPECT_EQ(KeptPathText(std::string_view("kept/a.vhd").substr(0, 8)), kept);
+    EXPECT_NE(KeptPathText("kept/a.vhd"), kept);
+}
+
 }  // namespace

@@ -1,0 +1,79 @@
+#include "services/files/filesystem_posix.h"
+#include "tests/support/temporaryfolder.h"
+#include <algorithm>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+TEST(PosixFileSystem, TellsAProcessThatIsGone) {
+    TPosixFileSystem system;
+    const pid_t living = fork();
+    if (living == 0) {
+        pause();
+        _exit(0);
+    }
+    const std::string own = system.GetProcessMark();
+    const std::string machine = own.substr(0, own.find('.') + 1);
+    const std::string mark = machine + std::to_string(living);
+    EXPECT_EQ(own, machine + std::to_string(getpid()));
+    for (const std::string& there : {mark, own, "1." + std::to_string(living), machine + "0",
+                                     machine + "-1", machine, std::string()})
+        EXPECT_FALSE(system.IsProcessGone(there)) << there;
+    kill(living, SIGKILL);
+    waitpid(living, nullptr, 0);
+    EXPECT_TRUE(system.IsProcessGone(mark));
+    EXPECT_FALSE(system.IsProcessGone("1." + std::to_string(living)));
+}
+
+TEST(PosixFileSystem, TellsWhatALinkLeadsTo) {
+    TPosixFileSystem system;
+    const TemporaryFolder folder;
+    folder.Write("file", "x");
+    ASSERT_EQ(symlink("../else", folder.Path("relative").c_str()), 0);
+    ASSERT_EQ(symlink("/elsewhere", folder.Path("absolute").c_str()), 0);
+    std::string target;
+    EXPECT_TRUE(system.ReadLink(folder.Path("relative"), &target).IsDone());
+    EXPECT_EQ(target, folder.Path() + "/../else");
+    EXPECT_TRUE(system.ReadLink(folder.Path("absolute"), &target).IsDone());
+    EXPECT_EQ(target, "/elsewhere");
+    EXPECT_EQ(system.ReadLink(folder.Path("file"), &target).Fault, TFileFault::NotALink);
+    EXPECT_EQ(system.ReadLink(folder.Path("none"), &target).Fault, TFileFault::Missing);
+    EXPECT_EQ(system.ReadLink(folder.Path("file/none"), &target).Fault, TFileFault::Other);
+    EXPECT_EQ(system.ReadLink("C:\\a", &target).Fault, TFileFault::Missing);
+}
+
+TEST(PosixFileSystem, ListsTheNamesInAFolder) {
+    TPosixFileSystem system;
+    const TemporaryFolder folder;
+    folder.Write("b", "");
+    folder.Write("a/inner", "");
+    std::vector<std::string> names = {"former"};
+    EXPECT_TRUE(system.ListFolder(folder.Path() + "/", &names).IsDone());
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names, (std::vector<std::string>{".", "..", "a", "b"}));
+    EXPECT_EQ(system.ListFolder(folder.Path("none"), &names).Fault, TFileFault::Missing);
+    EXPECT_EQ(names, std::vector<std::string>());
+}
+
+TEST(PosixFileSystem, TellsAMissingFileFromOneThatItCannotSee) {
+    TPosixFileSystem system;
+    const TemporaryFolder folder;
+    folder.Write("file", "four");
+    const TFileStatus there = system.GetStatus(folder.Path("file"));
+    EXPECT_TRUE(there.Exists && !there.IsDirectory && !there.IsUnknown);
+    EXPECT_EQ(there.Size, 4);
+    EXPECT_TRUE(system.GetStatus(folder.Path()).IsDirectory);
+    for (const std::string& path : {folder.Path("none"), folder.Path("file/none"), std::string()}) {
+        const TFileStatus status = system.GetStatus(path);
+        EXPECT_FALSE(status.Exists || status.IsUnknown) << path;
+    }
+    const TFileStatus unknown = system.GetStatus(folder.Path(std::string(5'000, 'x')));
+    EXPECT_FALSE(unknown.Exists);
+    EXPECT_TRUE(unknown.IsUnknown);
+}
+
+}  // namespace

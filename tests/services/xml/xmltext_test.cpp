@@ -1,0 +1,54 @@
+#include "services/xml/xmltext.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+TEST(XMLText, ConvertsOnlyTheBytesThatAreNotUtf8) {
+    struct Row {
+        const char* Label;
+        std::string Text, Converted;
+    };
+    const Row rows[] = {
+        {"ASCII", "abc", "abc"},
+        {"UTF-8 of two to four bytes", "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80",
+         "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80"},
+        {"one byte among them", "\xC3\xA4\xE4\xC3\xA4", "\xC3\xA4\xC3\xA4\xC3\xA4"},
+        {"cut sequence", "\xE2\x82", "\xC3\xA2\xE2\x80\x9A"},
+        {"overlong", "\xC0\xAF", "\xC3\x80\xC2\xAF"},
+        {"overlong of three", "\xE0\x80\xAF", "\xC3\xA0\xE2\x82\xAC\xC2\xAF"},
+        {"surrogate", "\xED\xA0\x80", "\xC3\xAD\xC2\xA0\xE2\x82\xAC"},
+        {"beyond the last", "\xF4\x90\x80\x80", "\xC3\xB4\xC2\x90\xE2\x82\xAC\xE2\x82\xAC"},
+        {"lone tail", "\x80", "\xE2\x82\xAC"},
+        {"behind eight plain bytes", "abcdefgh\xE4", "abcdefgh\xC3\xA4"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(ToUtf8(row.Text), row.Converted) << row.Label;
+        EXPECT_EQ(IsUtf8(row.Text), row.Text == row.Converted) << row.Label;
+        EXPECT_TRUE(IsUtf8(row.Converted)) << row.Label;
+    }
+}
+
+TEST(XMLText, FindsTheCharactersThatXMLCannotHold) {
+    struct Row {
+        std::string Text;
+        std::size_t Place;
+        const char* Description;
+    };
+    const Row rows[] = {
+        {std::string("ab\0c", 4), 2, "U+0000"},
+        {"abcdefghijklmnop\x1F", 16, "U+001F"},
+        {"\x0B", 0, "U+000B"},
+        {"abc\x1F with seven others", 3, "U+001F"},
+        {"x\xEF\xBF\xBE", 1, "U+FFFE"},
+        {"abcdefgh\xEF\xBF\xBF", 8, "U+FFFF"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(FindForbiddenCharacter(row.Text), row.Place) << row.Description;
+        EXPECT_EQ(DescribeCharacter(row.Text, row.Place), row.Description);
+    }
+    for (const char* allowed :
+         {"", "\t\n\r", "\x7F", "\xC2\x80", "\xEF\xBF\xBD", "\xF0\x9F\x98\x80"})
+        EXPECT_EQ(FindForbiddenCharacter(allowed), std::string::npos) << allowed;
+    EXPECT_EQ(DescribeCharacter("\xF0\x9F\x98\x80", 0), "U+1F600");
+}
