@@ -197,6 +197,27 @@ TEST(BuildFileConfigurations, OfAPlainCopyLiveAsLongAsTheCopy) {
     EXPECT_EQ(grave, "general ");
 }
 
+TEST(BuildFileConfigurations, OfASimWrapBuildThatReadOrStartedAfreshGoWithItsLastCopy) {
+    const TemporaryFolder folder;
+    const ISFileName* name = Handle(folder.Write("build.hbf", "<HdlBuildFile/>"));
+    TProjectSimLanguageConfig config;
+    const auto expectDeleted = [&config](std::unique_ptr<TSimWrapHdlBuildFile> owner,
+                                         const char* label) {
+        owner->AddLanguageConfig(LANGUAGE_VHDL, &config);
+        THdlSourceFile source("/p/a.vhd");
+        source.SetProjectLanguageConfig(owner->GetProjectLanguageConfig(LANGUAGE_VHDL));
+        auto copy = std::make_unique<THdlBuildFile>(*owner);
+        owner.reset();
+        EXPECT_NE(source.GetProjectLanguageConfig(), nullptr) << label;
+        copy.reset();
+        EXPECT_EQ(source.GetProjectLanguageConfig(), nullptr) << label;
+    };
+    expectDeleted(std::make_unique<TSimWrapHdlBuildFile>(name), "read at construction");
+    auto owner = std::make_unique<TSimWrapHdlBuildFile>();
+    owner->Initialize();
+    expectDeleted(std::move(owner), "initialized again");
+}
+
 TEST(BuildFileConfigurations, ThatASimWrapBuildLetsGoOfStayReadable) {
     TemporaryFolder folder;
     const std::string path =

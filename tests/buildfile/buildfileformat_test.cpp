@@ -142,6 +142,20 @@ TEST_F(BuildFileFormat, AnOutputDiagramThatEndsTheStreamLeavesTheOldOne) {
     EXPECT_EQ(TextOfMembersWithoutGetter(&Build), kFilledWithoutGetter);
 }
 
+TEST_F(BuildFileFormat, ADocumentWithoutABuildReadsAndHandsOnNothing) {
+    OpenDocument document(nullptr);
+    PushElements(&document, "START HdlBuildFile\nSTART OutputDiagram\nTEXT x\n");
+    EXPECT_TRUE(document.InterpretElements());
+}
+
+TEST_F(BuildFileFormat, AReadWithoutANameForgetsTheErrorOfTheReadBefore) {
+    Build.SetBuildFileName(nullptr);
+    EXPECT_EQ(Build.ReadFromFile(), READ_NO_ERROR);
+    EXPECT_EQ(Build.GetReadError().Reason, "");
+    EXPECT_EQ(Build.GetReadError().File, "");
+    EXPECT_EQ(Build.GetReadResult(), READ_NO_ERROR);
+}
+
 TEST(BuildFileGeneralSettings, AreMadeBeforeTheEndOfTheStreamFailsTheRead) {
     TSimWrapHdlBuildFile build;
     TXMLList list;

@@ -59,6 +59,15 @@ TEST(BuildFileReadResults, AreSetByEachSectionReader) {
         {"language settings: none", &THdlBuildFile::ReadProjectSettings,
          "START ProjectLanguageConfigurationList\nEND ProjectLanguageConfigurationList\n", true,
          READ_NO_ERROR, "END ProjectLanguageConfigurationList"},
+        {"language settings: whole", &THdlBuildFile::ReadProjectSettings,
+         "START ProjectLanguageConfigurationList\nSTART LanguageSettings Language=VHDL\n"
+         "END LanguageSettings\nEND ProjectLanguageConfigurationList\nSTART Next\n",
+         true, READ_NO_ERROR, "START Next"},
+        {"language settings: not to be read", &THdlBuildFile::ReadProjectSettings,
+         "START ProjectLanguageConfigurationList\nSTART LanguageSettings Language=VHDL\n"
+         "START IncludeDirectories\nEND IncludeDirectories\nEND LanguageSettings\n"
+         "END ProjectLanguageConfigurationList\nSTART Next\n",
+         true, READ_PROJECT_SETTINGS_FAILED, "START Next"},
         {"sources: cut off", &THdlBuildFile::ReadSourceFileGroups,
          "START SourceFileGroup Language=VHDL\n", false, READ_SOURCE_FILES_FAILED, "TAIL"},
         {"sources: cut off inside a source", &THdlBuildFile::ReadSourceFileGroups,
@@ -72,6 +81,8 @@ TEST(BuildFileReadResults, AreSetByEachSectionReader) {
          "START BuildFileVariables\nSTART Variable Name=A Value=1\nEND Variable\n"
          "END BuildFileVariables\nSTART Next\n",
          true, READ_NO_ERROR, "START Next"},
+        {"attributes", &THdlBuildFile::ReadAttributes, "START HdlBuildFile\nSTART Next\n", true,
+         READ_NO_ERROR, "START Next"},
         {"attributes: at the tail", &THdlBuildFile::ReadAttributes, "", true, READ_NO_ERROR,
          "TAIL"},
     };
