@@ -1,7 +1,7 @@
 #include "cli/commands.h"
-#include "cli/settings/settingkeys.h"
 #include "services/hdl/hdllanguagetable.h"
 #include "tests/cli/toolrun.h"
+#include "tests/cli/userinifile.h"
 #include <fstream>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -52,11 +52,16 @@ std::multiset<std::string> FirstColumn(const std::string& section) {
     return names;
 }
 
-template <class TKeys>
-std::multiset<std::string> NamesOfKeys(const TKeys& keys) {
+std::multiset<std::string> NamesOfMembers(const nlohmann::ordered_json& object) {
     std::multiset<std::string> names;
-    for (const auto& key : keys) names.insert(key.Name);
+    for (const auto& member : object.items()) names.insert(member.key());
     return names;
+}
+
+/// The JSON object that a command prints.
+nlohmann::ordered_json ObjectOf(std::vector<std::string> words) {
+    words.emplace_back("--json");
+    return nlohmann::ordered_json::parse(RunHdlbuild(words).Out);
 }
 
 /// The usage line of each command that can be run, as its help has it.
@@ -114,19 +119,19 @@ TEST(Docs, CommandsPageNamesEveryOption) {
 TEST(Docs, CommandsPageNamesEveryFindingOfCheck) {
     const WorkingFolder folder;
     folder.Write("b.xml", BuildText(""));
-    std::multiset<std::string> keys;
-    const auto result =
-        nlohmann::ordered_json::parse(RunHdlbuild({"check", "--json", "b.xml"}).Out);
-    for (const auto& member : result.items()) keys.insert(member.key());
+    std::multiset<std::string> keys = NamesOfMembers(ObjectOf({"check", "b.xml"}));
     for (const char* common : {"format", "version", "build", "clean"}) keys.erase(common);
     EXPECT_EQ(FirstColumn(SectionOf(ReadPage("docs/commands.md"), "## Builds")), keys);
 }
 
 TEST(Docs, SettingsPageNamesEveryKey) {
     const std::string page = ReadPage("docs/settings.md");
-    EXPECT_EQ(FirstColumn(SectionOf(page, "### General settings")), NamesOfKeys(GeneralKeys()));
+    const UserIniFile ini("");
+    const auto settings = ObjectOf({"templates", "show", "NCSim"});
+    EXPECT_EQ(FirstColumn(SectionOf(page, "### General settings")),
+              NamesOfMembers(settings["general"]));
     EXPECT_EQ(FirstColumn(SectionOf(page, "### Settings of a language")),
-              NamesOfKeys(LanguageKeys()));
+              NamesOfMembers(settings["languages"]["Verilog"]));
 }
 
 TEST(Docs, SettingsPageNamesTheStoredLanguages) {
