@@ -28,6 +28,19 @@ TNames FoldersWithoutReadme() {
     return folders;
 }
 
+/// The names of the files below `folder` that end in `ending`, without it; "_posix" and "_windows"
+/// go as well: such files are halves of one.
+TNames NamesIn(const char* folder, const std::string& ending) {
+    static const std::regex half("_(posix|windows)$");
+    TNames names;
+    for (const auto& entry : fs::recursive_directory_iterator(kProject / folder)) {
+        const std::string name = entry.path().filename().string();
+        if (name.ends_with(ending))
+            names.insert(std::regex_replace(name.substr(0, name.size() - ending.size()), half, ""));
+    }
+    return names;
+}
+
 /// The text that a pattern's first group matches; "" when it does not match.
 std::string Find(const std::string& text, const char* pattern) {
     std::smatch match;
@@ -38,6 +51,18 @@ std::string Find(const std::string& text, const char* pattern) {
 
 TEST(House, HasAReadmeInEveryFolderOfSources) {
     EXPECT_THAT(FoldersWithoutReadme(), IsEmpty());
+}
+
+TEST(House, HasATestOfTheNameOfFourSourcesInFive) {
+    const TNames tests = NamesIn("tests", "_test.cpp");
+    const TNames sources = NamesIn("src", ".cpp");
+    ASSERT_GT(sources.size(), 100u);
+    TNames without;
+    for (const std::string& name : sources)
+        if (!tests.contains(name)) without.insert(name);
+    const std::size_t percent = 100 * (sources.size() - without.size()) / sources.size();
+    RecordProperty("percent", std::to_string(percent));
+    EXPECT_GE(percent, 80u) << "sources without a test: " << testing::PrintToString(without);
 }
 
 TEST(House, TellsOneVersionEverywhere) {
