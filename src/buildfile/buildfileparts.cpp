@@ -1,15 +1,15 @@
 #include "buildfile/buildfileparts.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "services/base/keeper.h"
-#include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
 
 namespace {
 
-template <class TConfig>
-void Delete(TConfig* config) {
-    ForgetKept(config);
-    delete config;
+void KeepConfig(TKeeper* keeper, const TProjectSimLanguageConfig* config) {
+    const void* const object = config;
+    keeper->Keep(object, [](const void* kept) {
+        DeleteLanguageConfig(static_cast<const TProjectSimLanguageConfig*>(kept));
+    });
 }
 
 }  // namespace
@@ -17,7 +17,10 @@ void Delete(TConfig* config) {
 TBuildFileParts::TBuildFileParts(IBuildManager* build) : SourceFileOwner(build), Builds{build} {}
 
 TBuildFileParts::~TBuildFileParts() {
-    if (OwnsConfigs) DeleteConfigs();
+    OptionsRead.HandOverAll();
+    if (OwnsConfigs) return;  // deleted by the keepers
+    ConfigsRead.HandOverAll();
+    Configs->HandOverAll();
 }
 
 void TBuildFileParts::Leave(IBuildManager* build) {
@@ -26,8 +29,14 @@ void TBuildFileParts::Leave(IBuildManager* build) {
     SourceFileOwner.SetBuildManager(Builds.empty() ? nullptr : *Builds.begin());
 }
 
-void TBuildFileParts::StoreCopy(THdlLanguage language, const TProjectSimLanguageConfig& config) {
-    LanguageConfigs.Store(language, new TProjectSimLanguageConfig(config, 1));
+void TBuildFileParts::Store(THdlLanguage language, TProjectSimLanguageConfig* config) {
+    LanguageConfigs.Store(language, config);
+    KeepConfig(Configs.get(), config);
+}
+
+void TBuildFileParts::StoreRead(THdlLanguage language, TProjectSimLanguageConfig* config) {
+    LanguageConfigs.Store(language, config);
+    KeepConfig(&ConfigsRead, config);
 }
 
 void TBuildFileParts::StoreCopyFor(IHdlSourceFile* source) {
@@ -35,15 +44,15 @@ void TBuildFileParts::StoreCopyFor(IHdlSourceFile* source) {
     if (!config) return;
     const THdlLanguage language = source->GetLanguage();
     const bool isOurs = config == LanguageConfigs.Find(language);
-    StoreCopy(language, *config);
+    Store(language, new TProjectSimLanguageConfig(*config, 1));
     // Plain sources follow by themselves, those of other classes may hold what was just deleted.
     if (isOurs) source->SetProjectLanguageConfig(LanguageConfigs.Find(language));
     SourceFileOwner.RecordLanguageConfig(source, LanguageConfigs.FindSlot(language));
 }
 
 void TBuildFileParts::Clear() {
-    for (const auto& [language, slot] : LanguageConfigs.GetSlots()) FormerSlots.push_back(slot);
     LanguageConfigs.Clear();
+    Configs->TakeAll(&ConfigsRead);
     SimTools.Clear();
     SourceFileGroups.Flush();
     CompileList.Flush();
@@ -52,12 +61,23 @@ void TBuildFileParts::Clear() {
 }
 
 void TBuildFileParts::DeleteConfigs() {
-    LanguageConfigs.DeleteAll();
-    for (const auto& slot : FormerSlots) {
-        Delete(slot->Config);
-        slot->Config = nullptr;
+    if (Configs.use_count() == 1) {
+        LanguageConfigs.DeleteAll();
+        Configs->DeleteAll();
     }
-    FormerSlots.clear();
-    for (TProjectSimGeneralConfig* config : GeneralConfigs) Delete(config);
-    GeneralConfigs.clear();
+    ConfigsRead.DeleteAll();
+}
+
+void TBuildFileParts::DeleteWhatWasRead() {
+    ConfigsRead.DeleteAll();
+    OptionsRead.DeleteAll();
+    Components.DeleteNamesRead();
+}
+
+std::vector<std::shared_ptr<const TKeeper>> TBuildFileParts::GetCallersShares() const {
+    std::vector<std::shared_ptr<const TKeeper>> shares{SimTools.GetCallersShare(),
+                                                       Components.GetCallersShare(),
+                                                       SourceFileOwner.GetCallersShare()};
+    if (OwnsConfigs) shares.push_back(Configs);
+    return shares;
 }

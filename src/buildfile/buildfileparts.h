@@ -3,6 +3,7 @@
 #include "projectfiles/languageconfigmap.h"
 #include "projectfiles/sourcefilegroups.h"
 #include "projectfiles/sourcefileowner.h"
+#include "services/base/keeper.h"
 #include "simtools/simtoolmap.h"
 #include <memory>
 #include <unordered_set>
@@ -10,13 +11,13 @@
 
 class IBuildManager;
 class IHdlSourceFile;
-class TProjectSimGeneralConfig;
 class TProjectSimLanguageConfig;
 
 /// The sub-objects of a build file, shared by its copies and freed with the last of them.
 struct TBuildFileParts {
     explicit TBuildFileParts(IBuildManager* build);
-    /// Deletes the configurations when a build that owned them ever shared the parts.
+    /// Deletes the configurations when a build that owned them ever shared the parts; otherwise
+    /// they stay valid until the process ends, as translator options do.
     ~TBuildFileParts();
     TBuildFileParts(const TBuildFileParts&) = delete;
     TBuildFileParts& operator=(const TBuildFileParts&) = delete;
@@ -25,15 +26,21 @@ struct TBuildFileParts {
     void Join(IBuildManager* build) { Builds.insert(build); }
     /// It does so no longer; another sharer then serves the source file owner in its place.
     void Leave(IBuildManager* build);
-    /// Puts a copy of `config` in the place of the language's configuration, which is deleted; it
-    /// may be `config` itself.
-    void StoreCopy(THdlLanguage language, const TProjectSimLanguageConfig& config);
-    /// The same with the configuration of `source`, if it has one, which is recorded.
+    /// Puts `config` in the place of the language's configuration, which is deleted.
+    void Store(THdlLanguage language, TProjectSimLanguageConfig* config);
+    /// The same with one that the reader makes.
+    void StoreRead(THdlLanguage language, TProjectSimLanguageConfig* config);
+    /// Stores a copy of the configuration of `source`, if it has one, and records it.
     void StoreCopyFor(IHdlSourceFile* source);
     /// Empties everything. Sources made and configurations stay valid.
     void Clear();
-    /// Deletes the language configurations and the general configurations noted.
+    /// Deletes the configurations, those of the languages first.
     void DeleteConfigs();
+    /// Deletes, of what the reader made, all that the destructor would leave valid.
+    void DeleteWhatWasRead();
+    /// What callers made or handed in, and what Clear let go of: to be held for as long as that is
+    /// to stay valid.
+    std::vector<std::shared_ptr<const TKeeper>> GetCallersShares() const;
 
     TSimToolMap SimTools;
     TLanguageConfigMap LanguageConfigs;
@@ -46,11 +53,12 @@ struct TBuildFileParts {
     TTopLevelComponents Components;
 
     bool OwnsConfigs = false;
-    /// The general configurations that the reader made, and those of owning builds that are gone.
-    std::unordered_set<TProjectSimGeneralConfig*> GeneralConfigs;
+    /// The language and general configurations: those that the reader made, and all others.
+    TKeeper ConfigsRead;
+    std::shared_ptr<TKeeper> Configs = std::make_shared<TKeeper>();
+    /// The translator options that the reader made, and their list.
+    TKeeper OptionsRead;
 
 private:
-    // Emptied out of LanguageConfigs, for DeleteConfigs. Sources outside may still hold them.
-    std::vector<std::shared_ptr<TLanguageConfigSlot>> FormerSlots;
     std::unordered_set<IBuildManager*> Builds;
 };

@@ -8,6 +8,7 @@
 #include "services/xml/xmlstream.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
+#include "translation/v2voptionelement.h"
 #include "translation/v2vtranslationoptions.h"
 #include <iterator>
 
@@ -134,19 +135,28 @@ bool THdlBuildFile::ReadProjectSettings(DListIterator<TElement*>& element) {
 }
 
 bool THdlBuildFile::ReadTranslationOptions(DListIterator<TElement*>& element, bool isVerilog2Vhdl) {
-    if (!TranslationOptions && isVerilog2Vhdl) {
-        TranslationOptions =
-            new TV2VTranslationOptionsList(nullptr, "Verilog2VhdlTranslationOptions");
-        TV2VTranslationOptionsList::PopulateWithDefaultVerilog2VhdlOptions(TranslationOptions);
-    } else if (!TranslationOptions) {
-        TranslationOptions =
-            new TV2VTranslationOptionsList(nullptr, "Vhdl2VerilogTranslationOptions");
-        TV2VTranslationOptionsList::PopulateWithDefaultVhdl2VerilogOptions(TranslationOptions);
-    }
+    if (!TranslationOptions) MakeTranslationOptions(isVerilog2Vhdl);
     ++element;
     if (TranslationOptions->ReadFromFile(element)) return true;
     ReadResult = READ_TRANSLATION_OPTIONS_FAILED;
     return false;
+}
+
+void THdlBuildFile::MakeTranslationOptions(bool isVerilog2Vhdl) {
+    TranslationOptions =
+        new TV2VTranslationOptionsList(nullptr, isVerilog2Vhdl ? "Verilog2VhdlTranslationOptions"
+                                                               : "Vhdl2VerilogTranslationOptions");
+    if (isVerilog2Vhdl)
+        TV2VTranslationOptionsList::PopulateWithDefaultVerilog2VhdlOptions(TranslationOptions);
+    else
+        TV2VTranslationOptionsList::PopulateWithDefaultVhdl2VerilogOptions(TranslationOptions);
+    // The list first: it looks at its options when it goes.
+    Parts->OptionsRead.Keep(TranslationOptions);
+    for (const void* option : *TranslationOptions)
+        Parts->OptionsRead.Keep(option, [](const void* kept) {
+            DeleteOption(const_cast<TV2VTranslationOption*>(
+                static_cast<const TV2VTranslationOption*>(kept)));
+        });
 }
 
 bool THdlBuildFile::ReadVerilog2VhdlTranslationOptions(DListIterator<TElement*>& element) {

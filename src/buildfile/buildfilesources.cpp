@@ -8,7 +8,7 @@
 
 void THdlBuildFile::AddLanguageConfig(THdlLanguage language,
                                       const TProjectSimLanguageConfig* configuration) {
-    if (configuration) Parts->StoreCopy(language, *configuration);
+    if (configuration) Parts->Store(language, new TProjectSimLanguageConfig(*configuration, 1));
 }
 
 void THdlBuildFile::AddLanguageConfigForSourceFile(IHdlSourceFile* source) {
@@ -31,7 +31,7 @@ TProjectSimLanguageConfig* THdlBuildFile::GetProjectLanguageConfigForFileRead(
 
 TProjectSimLanguageConfig* THdlBuildFile::GetOrMakeLanguageConfig(THdlLanguage language) {
     if (!Parts->LanguageConfigs.Find(language))
-        Parts->LanguageConfigs.Store(language, new TProjectSimLanguageConfig(1));
+        Parts->StoreRead(language, new TProjectSimLanguageConfig(1));
     return Parts->LanguageConfigs.Find(language);
 }
 

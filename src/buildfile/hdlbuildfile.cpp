@@ -4,11 +4,13 @@
 #include "services/base/mystring.h"
 #include "services/names/isfilename.h"
 #include "settings/projectsimgeneralconfig.h"
-#include <algorithm>
+#include "translation/v2vtranslationoptionslist.h"
+#include <utility>
 
 namespace {
 
 constexpr const char* kUnknownVersion = "x.x";
+constexpr std::size_t kReloadsThatLeaveValid = 2;
 
 std::string TextOf(const char* text) {
     return text ? text : "";
@@ -35,7 +37,7 @@ THdlBuildFile::THdlBuildFile(const THdlBuildFile& other)
 THdlBuildFile& THdlBuildFile::operator=(const THdlBuildFile& other) {
     if (this == &other) return *this;
     LetGoOfParts();
-    FormerParts.insert(other.FormerParts.begin(), other.FormerParts.end());
+    Former.insert(other.Former.begin(), other.Former.end());
     TakeParts(other.Parts);
     TranslationOptions = other.TranslationOptions;
     IsGOFBuildFile = other.IsGOFBuildFile;
@@ -67,6 +69,7 @@ THdlBuildFile& THdlBuildFile::operator=(const THdlBuildFile& other) {
 
 THdlBuildFile::~THdlBuildFile() {
     Parts->Leave(this);
+    LetGoOfReloaded(0);
 }
 
 void THdlBuildFile::Initialize() {
@@ -83,9 +86,13 @@ void THdlBuildFile::ClearAll() {
 
 THdlBuildFileReadResults THdlBuildFile::Reload() {
     const ISFileName* name = BuildFileName;
-    Initialize();
+    Reloaded.push_back(LeaveParts());
+    TakeParts(std::make_shared<TBuildFileParts>(this));
+    SetDefaults();
     BuildFileName = name;
-    return ReadFromFile();
+    const THdlBuildFileReadResults result = ReadFromFile();
+    LetGoOfReloaded(kReloadsThatLeaveValid);
+    return result;
 }
 
 // What ClearAll resets besides the sub-objects.
@@ -130,23 +137,28 @@ void THdlBuildFile::TakeParts(const std::shared_ptr<TBuildFileParts>& parts) {
 
 // The parts stay valid: callers may hold pointers into them.
 void THdlBuildFile::LetGoOfParts() {
-    if (!Parts) return;
+    if (Parts) Former.insert(LeaveParts());
+}
+
+std::shared_ptr<TBuildFileParts> THdlBuildFile::LeaveParts() {
     KeepOwnGeneralConfiguration();
     Parts->Leave(this);
-    FormerParts.insert(std::move(Parts));
+    return std::move(Parts);
 }
 
-// One that the reader made is noted in the parts; one that a caller handed in may be in use there.
+// One that the reader made is in a keeper of the parts; one that a caller handed in may be in use
+// there.
 void THdlBuildFile::KeepOwnGeneralConfiguration() {
-    if (OwnsConfigurations && !IsGeneralConfigurationNoted()) KeepUntilExit(GeneralConfiguration);
+    if (OwnsConfigurations) KeepUntilExit(GeneralConfiguration);
 }
 
-// Former parts delete what they noted: a caller may have set it again after a Reload.
-bool THdlBuildFile::IsGeneralConfigurationNoted() const {
-    if (Parts->GeneralConfigs.count(GeneralConfiguration)) return true;
-    return std::any_of(FormerParts.begin(), FormerParts.end(), [this](const auto& parts) {
-        return parts->GeneralConfigs.count(GeneralConfiguration) > 0;
-    });
+void THdlBuildFile::LetGoOfReloaded(std::size_t kept) {
+    for (; Reloaded.size() > kept; Reloaded.pop_front()) {
+        const auto& parts = Reloaded.front();
+        for (const auto& share : parts->GetCallersShares())
+            if (!share->IsEmpty()) Former.insert(share);
+        if (parts.use_count() == 1) parts->DeleteWhatWasRead();
+    }
 }
 
 void THdlBuildFile::OwnConfigurations() {
@@ -155,8 +167,7 @@ void THdlBuildFile::OwnConfigurations() {
 }
 
 void THdlBuildFile::DeleteConfigurations() {
-    if (GeneralConfiguration && !IsGeneralConfigurationNoted())
-        Parts->GeneralConfigs.insert(GeneralConfiguration);
+    if (!Parts->ConfigsRead.Has(GeneralConfiguration)) Parts->Configs->Keep(GeneralConfiguration);
     GeneralConfiguration = nullptr;
     if (Parts.use_count() == 1) Parts->DeleteConfigs();
 }
@@ -206,15 +217,20 @@ TProjectSimGeneralConfig* THdlBuildFile::GetGeneralConfiguration() const {
 }
 
 void THdlBuildFile::SetGeneralConfiguration(TProjectSimGeneralConfig* configuration) {
+    if (configuration != GeneralConfiguration) HandOver(configuration);
     GeneralConfiguration = configuration;
+}
+
+void THdlBuildFile::SetV2VOptions(TV2VTranslationOptionsList* options) {
+    if (options != TranslationOptions && HandOver(options))
+        for (const TV2VTranslationOption* option : *options) HandOver(option);
+    TranslationOptions = options;
 }
 
 TProjectSimGeneralConfig* THdlBuildFile::GetOrMakeGeneralConfiguration() {
     if (GeneralConfiguration) return GeneralConfiguration;
     GeneralConfiguration = new TProjectSimGeneralConfig(1);
-    // A build that does not own it leaves it behind.
-    KeepUntilExit(GeneralConfiguration);
-    Parts->GeneralConfigs.insert(GeneralConfiguration);
+    Parts->ConfigsRead.Keep(GeneralConfiguration);
     return GeneralConfiguration;
 }
 

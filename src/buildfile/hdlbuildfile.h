@@ -5,6 +5,8 @@
 #include "services/hdl/timebase.h"
 #include "services/names/environment.h"
 #include "services/xml/xmllist.h"
+#include <cstddef>
+#include <deque>
 #include <iosfwd>
 #include <memory>
 #include <set>
@@ -32,9 +34,10 @@ struct TBuildFileParts;
 ///
 /// Copies share source files, groups, compile list, components, simulators and language
 /// configurations: a change through one shows in the other, and the last one frees them. What
-/// ClearAll and Reload let go of stays valid as long as the build file. General configuration,
-/// translator options and language configurations are never deleted by a THdlBuildFile: the caller
-/// frees them, or takes a TSimWrapHdlBuildFile, which owns its configurations.
+/// ClearAll and Initialize let go of stays valid as long as the build file. General configuration,
+/// translator options and language configurations are not deleted by a THdlBuildFile: the caller
+/// frees them, or takes a TSimWrapHdlBuildFile, which owns its configurations. Reload() alone frees
+/// what was read before; see there.
 class HDLBUILDFILE_API THdlBuildFile : public IBuildManager, public IProjectComponent {
 public:
     THdlBuildFile();
@@ -53,6 +56,13 @@ public:
     /// variables, result.
     void ClearAll();
     /// Initialize() and a fresh read of the same file.
+    ///
+    /// All that the former reads made (sources, groups, tools, components, translator options,
+    /// language and general configurations, also of a plain THdlBuildFile) stays valid until the
+    /// second Reload() after this one is done, or this build file ends; with a copy of the build
+    /// that still shares it, as long as that copy. By then a caller has to take such sources out of
+    /// its own lists. What callers made or handed in, and read configurations and translator
+    /// options that were handed in to a build again, stays as ever.
     THdlBuildFileReadResults Reload();
 
     /// The handle must outlive the build file.
@@ -99,7 +109,8 @@ public:
     /// Keeps the pointer; only a TSimWrapHdlBuildFile deletes it.
     void SetGeneralConfiguration(TProjectSimGeneralConfig* configuration);
     TV2VTranslationOptionsList* GetV2VOptions() const { return TranslationOptions; }
-    void SetV2VOptions(TV2VTranslationOptionsList* options) { TranslationOptions = options; }
+    /// Keeps the pointer.
+    void SetV2VOptions(TV2VTranslationOptionsList* options);
     const TPseudoVariables* GetPseudoEnvironmentVariables() const { return &Variables; }
     TPseudoVariables* GetPseudoEnvironmentVariables() { return &Variables; }
     /// Adds the variables for the parts of `file`. They are absolute and saved with the build: a
@@ -225,6 +236,7 @@ protected:
 private:
     void AddSourceFileToCompileList(const IHdlSourceFile* source);
     bool ReadTranslationOptions(DListIterator<TElement*>& element, bool isVerilog2Vhdl);
+    void MakeTranslationOptions(bool isVerilog2Vhdl);
     std::string GetRelativeFileNameStr(const char* path) const;
     std::string ResolveAgainstProject(const char* path) const;
     TProjectSimLanguageConfig* GetOrMakeLanguageConfig(THdlLanguage language);
@@ -233,12 +245,16 @@ private:
     void ForgetFilesAndLanguages();
     void TakeParts(const std::shared_ptr<TBuildFileParts>& parts);
     void LetGoOfParts();
+    std::shared_ptr<TBuildFileParts> LeaveParts();
     void KeepOwnGeneralConfiguration();
-    bool IsGeneralConfigurationNoted() const;
+    void LetGoOfReloaded(std::size_t kept);
 
     std::shared_ptr<TBuildFileParts> Parts;
-    // What Initialize and assignment let go of; never read again.
-    std::set<std::shared_ptr<TBuildFileParts>> FormerParts;
+    // Held and never read again: the parts that Initialize and assignment let go of, and what
+    // callers had put into those that Reload let go of.
+    std::set<std::shared_ptr<const void>> Former;
+    // What the last Reloads let go of, the latest at the end.
+    std::deque<std::shared_ptr<TBuildFileParts>> Reloaded;
     TV2VTranslationOptionsList* TranslationOptions = nullptr;
     bool IsGOFBuildFile = false;
     bool IsElaborateOnly = false;

@@ -35,7 +35,7 @@ THdbSFileName::THdbSFileName(const ISFileName* handle) : FileName(handle) {}
 THdbSFileName::THdbSFileName(const THdbSFileName& other) = default;
 
 THdbSFileName& THdbSFileName::operator=(const THdbSFileName& other) {
-    if (FileName != other.FileName) ++handleChangeCount;
+    if (FileName != other.FileName) CountHandleChange();
     ISFileName::operator=(other);
     hdb::IHDBBase::operator=(other);
     FileName = other.FileName;
@@ -296,4 +296,8 @@ bool THdbSFileName::IsProtected() const {
 
 unsigned long long THdbSFileName::GetHandleChangeCount() {
     return handleChangeCount;
+}
+
+void CountHandleChange() {
+    ++handleChangeCount;
 }

@@ -84,10 +84,14 @@ public:
     const hdb::IHDBBase* GetSourceParent(bool reserved) const override;
     bool IsProtected() const override;
 
-    /// How often an assignment made a tracked name of this process wrap another handle. An index of
-    /// names that was built at another count is stale.
+    /// How often an assignment gave a tracked name or a plain source of this process another name,
+    /// or Initialize() a plain source another dependency list. An index that was built at another
+    /// count is stale.
     static unsigned long long GetHandleChangeCount();
 
 private:
     const ISFileName* FileName;
 };
+
+/// Adds one to THdbSFileName::GetHandleChangeCount().
+void CountHandleChange();

@@ -1,9 +1,9 @@
 #include "filenames/toplevelcomponents.h"
 
+#include "filenames/componentname.h"
 #include "services/base/fold.h"
 #include "services/logging/binarylog.h"
 #include "services/xml/xmlstream.h"
-#include <utility>
 
 namespace {
 
@@ -16,19 +16,19 @@ bool IsUnknownLanguageText(const char* text, THdlLanguage language) {
 
 bool TTopLevelComponents::AddComponentName(const char* entity, const char* architecture,
                                            const char* library, THdlLanguage language) {
-    auto& list = Lists[language];
-    if (!list) list = std::make_unique<TComponentNameList>(language);
+    TComponentNameList*& list = Lists[language];
+    if (!list) CallersShare->Keep(list = new TComponentNameList(language));
     return list->AddComponentName(entity, architecture, library);
 }
 
 const TComponentNameList* TTopLevelComponents::GetComponentNameList(THdlLanguage language) const {
     const auto entry = Lists.find(language);
-    return entry == Lists.end() ? nullptr : entry->second.get();
+    return entry == Lists.end() ? nullptr : entry->second;
 }
 
 TComponentNameList* TTopLevelComponents::GetComponentNameList(THdlLanguage language) {
     const auto entry = Lists.find(language);
-    return entry == Lists.end() ? nullptr : entry->second.get();
+    return entry == Lists.end() ? nullptr : entry->second;
 }
 
 // A file may lose names here without any other message.
@@ -39,14 +39,13 @@ TComponentNameList* TTopLevelComponents::StartList(const char* languageText) {
             TBinaryLogMessageOneArg("Top-level components of the unknown language \"%1%\" are read "
                                     "as those of no language.",
                                     languageText));
-    auto& list = Lists[language];
+    TComponentNameList*& list = Lists[language];
     if (list && list->size())
         LogDiagnostic(TBinaryLogMessageOneArg(
             "A second list of top-level components replaces the first one of language \"%1%\".",
             GetStringFromHdlLanguage(language)));
-    if (list) Replaced.push_back(std::move(list));
-    list = std::make_unique<TComponentNameList>(language);
-    return list.get();
+    Read.Keep(list = new TComponentNameList(language));
+    return list;
 }
 
 bool TTopLevelComponents::ReadTopLevelComponentNames(DListIterator<TElement*>& element) {
@@ -59,7 +58,9 @@ bool TTopLevelComponents::ReadTopLevelComponentNames(DListIterator<TElement*>& e
         TComponentNameList* list = StartList(element.Current()->GetAttribute("Language"));
         ++element;
         SkipToStart(element);
-        if (!list->ReadFromFile(element)) return false;
+        const bool isWhole = list->ReadFromFile(element);
+        for (const TComponentName* name : *list) NamesRead.Keep(name);
+        if (!isWhole) return false;
     }
     return true;
 }
@@ -78,5 +79,10 @@ void TTopLevelComponents::WriteTopLevelComponentNames(TXMLList* document) const 
 }
 
 void TTopLevelComponents::Clear() {
+    for (const auto& [language, list] : Lists) {
+        CallersShare->Delete(list);
+        Read.Delete(list);
+    }
     Lists.clear();
+    NamesRead.HandOverAll();
 }

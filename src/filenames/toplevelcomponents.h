@@ -1,14 +1,15 @@
 #pragma once
 #include "filenames/componentnamelist.h"
+#include "services/base/keeper.h"
 #include <map>
 #include <memory>
-#include <vector>
 
 /// The top-level components of a build: a list of names for each language that has any, and whether
 /// they are forced on the simulators. Keeps the build file's "TopLevelComponents" section.
 class TTopLevelComponents {
 public:
     TTopLevelComponents() = default;
+    ~TTopLevelComponents() { NamesRead.HandOverAll(); }
     TTopLevelComponents(const TTopLevelComponents&) = delete;
     TTopLevelComponents& operator=(const TTopLevelComponents&) = delete;
 
@@ -16,8 +17,8 @@ public:
     bool AddComponentName(const char* entity, const char* architecture, const char* library,
                           THdlLanguage language);
 
-    /// Null when the language has no list. The list stays the set's, which frees it in Clear(), or
-    /// at its own end when a read replaced the list.
+    /// Null when the language has no list. The list stays the set's, which frees it in Clear() or
+    /// at its own end. One that AddComponentName made lives as long as GetCallersShare().
     const TComponentNameList* GetComponentNameList(THdlLanguage language) const;
     TComponentNameList* GetComponentNameList(THdlLanguage language);
 
@@ -36,11 +37,20 @@ public:
 
     /// Destroys the lists; their names stay valid, and so does the force flag.
     void Clear();
+    /// Deletes the names that were read, before the set itself goes. Otherwise they stay valid
+    /// until the process ends, as do those that callers added.
+    void DeleteNamesRead() { NamesRead.DeleteAll(); }
+
+    /// The lists that AddComponentName made. Those that were read go with the set.
+    const std::shared_ptr<TKeeper>& GetCallersShare() const { return CallersShare; }
 
 private:
     TComponentNameList* StartList(const char* languageText);
 
-    std::map<THdlLanguage, std::unique_ptr<TComponentNameList>> Lists;
+    std::map<THdlLanguage, TComponentNameList*> Lists;
     bool ForceTopLevelComponents = false;
-    std::vector<std::unique_ptr<TComponentNameList>> Replaced;
+    // The lists mapped and those that a read replaced.
+    std::shared_ptr<TKeeper> CallersShare = std::make_shared<TKeeper>();
+    TKeeper Read;
+    TKeeper NamesRead;
 };

@@ -1,5 +1,5 @@
 #include "projectfiles/dependencyindex.h"
-#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/hdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include <tuple>
 
@@ -46,13 +46,13 @@ void TDependencyIndex::Gone(TIHdlSourceFileList* list) {
 }
 
 bool TDependencyIndex::IsCurrent() const {
-    return IsBuilt && HandleChangeCount == GetSourceNameChangeCount();
+    return IsBuilt && HandleChangeCount == THdlSourceFile::GetHandleChangeCount();
 }
 
 void TDependencyIndex::Build() {
     Drop();
     IsBuilt = true;
-    HandleChangeCount = GetSourceNameChangeCount();
+    HandleChangeCount = THdlSourceFile::GetHandleChangeCount();
     Group->ReportTo(this);
 }
 

@@ -1,4 +1,5 @@
 #include "projectfiles/hdlsourcefile.h"
+#include "filenames/hdbsfilename.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "projectfiles/languageconfigmap.h"
 #include "services/base/keeper.h"
@@ -6,8 +7,6 @@
 #include "services/names/isfilename.h"
 
 namespace {
-
-unsigned long long gHandleChangeCount = 0;
 
 // Nobody frees the list when its source goes, as pointers to it stay good.
 TIHdlSourceFileList* MakeDependencyList() {
@@ -33,7 +32,7 @@ THdlSourceFile::THdlSourceFile(const THdlSourceFile& other)
 
 THdlSourceFile& THdlSourceFile::operator=(const THdlSourceFile& other) {
     if (this == &other) return *this;
-    if (FileName != other.FileName) ++gHandleChangeCount;
+    if (FileName != other.FileName) CountHandleChange();
     FileName = other.FileName;
     Language = other.Language;
     Project = other.Project;
@@ -54,7 +53,7 @@ THdlSourceFile::~THdlSourceFile() {
 void THdlSourceFile::Initialize() {
     SetLanguageFromExtension();
     // Indexes of dependencies follow the former list.
-    if (Dependencies) ++gHandleChangeCount;
+    if (Dependencies) CountHandleChange();
     Dependencies = MakeDependencyList();
     SetProjectLanguageConfig(nullptr);
     IsListedForCompile = false;
@@ -115,7 +114,7 @@ void THdlSourceFile::FlushDependencies() {
 }
 
 unsigned long long THdlSourceFile::GetHandleChangeCount() {
-    return gHandleChangeCount;
+    return THdbSFileName::GetHandleChangeCount();
 }
 
 void DeleteWithDependencies(THdlSourceFile* source) {

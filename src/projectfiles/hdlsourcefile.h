@@ -55,8 +55,7 @@ public:
     THdlProject* GetProject() const { return Project; }
     void SetProject(THdlProject* project) { Project = project; }
 
-    /// How often an assignment gave a plain source of this process another name. An index of names
-    /// that was built at another count is stale.
+    /// THdbSFileName::GetHandleChangeCount(), which counts for both.
     static unsigned long long GetHandleChangeCount();
 
 private:

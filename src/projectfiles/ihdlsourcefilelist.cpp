@@ -13,7 +13,7 @@ struct TIHdlSourceFileList::TNames {
     // Sources that were assigned names after they were added may share one: the first one has it.
     bool AreShared = false;
     bool WasFilled = false;
-    unsigned long long ChangeCount = GetSourceNameChangeCount();
+    unsigned long long ChangeCount = THdlSourceFile::GetHandleChangeCount();
     std::vector<TDependencyIndex*> Indexes;
 };
 
@@ -129,7 +129,7 @@ void TIHdlSourceFileList::Flush() {
     Entries.clear();
     Names->Places.Clear();
     Names->AreShared = false;
-    Names->ChangeCount = GetSourceNameChangeCount();
+    Names->ChangeCount = THdlSourceFile::GetHandleChangeCount();
 }
 
 TIHdlSourceFileList::TNames& TIHdlSourceFileList::MadeNames() const {
@@ -139,7 +139,7 @@ TIHdlSourceFileList::TNames& TIHdlSourceFileList::MadeNames() const {
 
 TIHdlSourceFileList::TPlace TIHdlSourceFileList::Find(const TSourceName& name) const {
     if (!Names) return Entries.end();
-    if (Names->ChangeCount != GetSourceNameChangeCount()) RebuildNames();
+    if (Names->ChangeCount != THdlSourceFile::GetHandleChangeCount()) RebuildNames();
     const TPlace* found = Names->Places.Find(name);
     return found ? *found : Entries.end();
 }
@@ -173,7 +173,7 @@ void TIHdlSourceFileList::UnlinkEvery(const IHdlSourceFile* file) {
 void TIHdlSourceFileList::RebuildNames() const {
     Names->Places.Clear();
     Names->AreShared = false;
-    Names->ChangeCount = GetSourceNameChangeCount();
+    Names->ChangeCount = THdlSourceFile::GetHandleChangeCount();
     for (TPlace place = Entries.begin(); place != Entries.end(); ++place) {
         TSourceName name;
         if (GetSourceName(*place, &name) && !Names->Places.Add(name, place))
@@ -184,7 +184,7 @@ void TIHdlSourceFileList::RebuildNames() const {
 void TIHdlSourceFileList::ReportTo(TDependencyIndex* index) {
     TNames& names = MadeNames();
     names.Indexes.push_back(index);
-    if (names.ChangeCount != GetSourceNameChangeCount()) RebuildNames();
+    if (names.ChangeCount != THdlSourceFile::GetHandleChangeCount()) RebuildNames();
     ReportAllAsAdded(index);
 }
 

@@ -2,11 +2,12 @@
 #include "services/base/keeper.h"
 #include "settings/projectsimlanguageconfig.h"
 #include <unordered_map>
+#include <utility>
 
 namespace {
 
-using TSlotsByConfig = std::unordered_map<const TProjectSimLanguageConfig*,
-                                          std::shared_ptr<const TLanguageConfigSlot>>;
+using TSlotsByConfig =
+    std::unordered_map<const TProjectSimLanguageConfig*, std::shared_ptr<TLanguageConfigSlot>>;
 
 // Never destroyed: maps with static lifetime may outlive it otherwise.
 TSlotsByConfig& SlotsByConfig() {
@@ -14,16 +15,7 @@ TSlotsByConfig& SlotsByConfig() {
     return *slots;
 }
 
-void Delete(const TProjectSimLanguageConfig* config) {
-    ForgetKept(config);
-    delete config;
-}
-
 }  // namespace
-
-TLanguageConfigMap::~TLanguageConfigMap() {
-    Clear();
-}
 
 TProjectSimLanguageConfig* TLanguageConfigMap::Find(THdlLanguage language) const {
     const auto found = Slots.find(language);
@@ -41,31 +33,31 @@ void TLanguageConfigMap::Store(THdlLanguage language, TProjectSimLanguageConfig*
     if (!slot) slot = std::make_shared<TLanguageConfigSlot>();
     TProjectSimLanguageConfig* former = slot->Config;
     slot->Config = config;
-    // A build that does not own its configurations leaves them behind, where pointers to them stay
-    // good.
-    KeepUntilExit(config);
     SlotsByConfig()[config] = slot;
-    if (!former) return;
-    SlotsByConfig().erase(former);
-    Delete(former);
+    KeepUntilExit(config);
+    if (former) DeleteLanguageConfig(former);
 }
 
 void TLanguageConfigMap::Clear() {
-    for (const auto& [language, slot] : Slots) SlotsByConfig().erase(slot->Config);
     Slots.clear();
 }
 
 void TLanguageConfigMap::DeleteAll() {
-    const TSlots slots = Slots;
-    Clear();
-    for (const auto& [language, slot] : slots) {
-        Delete(slot->Config);
-        slot->Config = nullptr;
-    }
+    const TSlots slots = std::exchange(Slots, {});
+    for (const auto& [language, slot] : slots) DeleteLanguageConfig(slot->Config);
 }
 
 std::shared_ptr<const TLanguageConfigSlot> FindLanguageConfigSlot(
     const TProjectSimLanguageConfig* config) {
     const auto found = SlotsByConfig().find(config);
     return found == SlotsByConfig().end() ? nullptr : found->second;
+}
+
+void DeleteLanguageConfig(const TProjectSimLanguageConfig* config) {
+    const auto found = SlotsByConfig().find(config);
+    if (found != SlotsByConfig().end()) {
+        if (found->second->Config == config) found->second->Config = nullptr;
+        SlotsByConfig().erase(found);
+    }
+    delete config;
 }

@@ -17,7 +17,6 @@ public:
     using TSlots = std::map<THdlLanguage, std::shared_ptr<TLanguageConfigSlot>>;
 
     TLanguageConfigMap() = default;
-    ~TLanguageConfigMap();
     TLanguageConfigMap(const TLanguageConfigMap&) = delete;
     TLanguageConfigMap& operator=(const TLanguageConfigMap&) = delete;
 
@@ -26,7 +25,7 @@ public:
     /// The slot of `language`; null when there is none.
     std::shared_ptr<const TLanguageConfigSlot> FindSlot(THdlLanguage language) const;
     /// Puts `config`, not null and in no map yet, in the place of the language's former one, which
-    /// is deleted.
+    /// is deleted. Without a keeper, `config` stays valid until the process ends.
     void Store(THdlLanguage language, TProjectSimLanguageConfig* config);
     /// Forgets all. The configurations stay, also in the sources that have them.
     void Clear();
@@ -39,6 +38,8 @@ private:
     TSlots Slots;
 };
 
-/// The slot of the map that holds `config` now; null when none does.
+/// The slot in which a map stored `config`, also when that map forgot it; null when none did.
 std::shared_ptr<const TLanguageConfigSlot> FindLanguageConfigSlot(
     const TProjectSimLanguageConfig* config);
+/// Deletes a configuration that a map stored. Sources that have it then have none.
+void DeleteLanguageConfig(const TProjectSimLanguageConfig* config);

@@ -4,27 +4,47 @@
 #include "services/names/isfilename.h"
 #include <utility>
 
-/// A source that takes itself out of its owner's list when somebody else deletes it.
-class TSourceFileOwner::TMadeSourceFile : public THdlSourceFile {
+namespace {
+
+void KeepWithDependencies(TKeeper* keeper, THdlSourceFile* source) {
+    const void* const object = source;
+    keeper->Keep(object, [](const void* kept) {
+        DeleteWithDependencies(
+            const_cast<THdlSourceFile*>(static_cast<const THdlSourceFile*>(kept)));
+    });
+}
+
+}  // namespace
+
+/// A source in its owner's list, which is shorter to enter than a keeper.
+class TSourceFileOwner::TReadSourceFile : public THdlSourceFile {
 public:
-    TMadeSourceFile(const ISFileName* name, std::list<TMadeSourceFile*>* made)
-        : THdlSourceFile(name), Made(made), Place(made->insert(made->end(), this)) {}
-    TMadeSourceFile(const TMadeSourceFile&) = delete;
-    TMadeSourceFile& operator=(const TMadeSourceFile&) = delete;
-    ~TMadeSourceFile() override { Made->erase(Place); }
+    TReadSourceFile(const ISFileName* name, std::list<TReadSourceFile*>* list)
+        : THdlSourceFile(name), List(list), Place(list->insert(list->end(), this)) {}
+    TReadSourceFile(const TReadSourceFile&) = delete;
+    TReadSourceFile& operator=(const TReadSourceFile&) = delete;
+    ~TReadSourceFile() override { LeaveList(); }
+
+    void LeaveList() {
+        if (List) List->erase(Place);
+        List = nullptr;
+    }
 
 private:
-    std::list<TMadeSourceFile*>* Made;
-    std::list<TMadeSourceFile*>::iterator Place;
+    std::list<TReadSourceFile*>* List;
+    std::list<TReadSourceFile*>::iterator Place;
 };
 
 TSourceFileOwner::~TSourceFileOwner() {
-    while (!Made.empty()) DeleteWithDependencies(Made.front());
+    while (!Read.empty()) DeleteWithDependencies(Read.front());
 }
 
 IHdlSourceFile* TSourceFileOwner::MakeSourceFile(const ISFileName* name) {
-    if (name && Request == FOR_CALLER) name->UpdateTimeFileLastLoaded(kDefaultTimeStampKey);
-    return new TMadeSourceFile(name, &Made);
+    if (Request != FOR_CALLER) return new TReadSourceFile(name, &Read);
+    if (name) name->UpdateTimeFileLastLoaded(kDefaultTimeStampKey);
+    auto* source = new THdlSourceFile(name);
+    KeepWithDependencies(CallersShare.get(), source);
+    return source;
 }
 
 IHdlSourceFile* TSourceFileOwner::AskBuild(const char* name, TRequest request) {
@@ -65,4 +85,13 @@ const TProjectSimLanguageConfig* TSourceFileOwner::GetRecordedLanguageConfig(
     const IHdlSourceFile* source) const {
     const auto found = Records.find(source);
     return found == Records.end() ? nullptr : found->second->Config;
+}
+
+void TSourceFileOwner::Clear() {
+    Records.clear();
+    while (!Read.empty()) {
+        TReadSourceFile* source = Read.front();
+        source->LeaveList();
+        KeepWithDependencies(CallersShare.get(), source);
+    }
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include "projectfiles/hdlsourcefile.h"
+#include "services/base/keeper.h"
 #include <list>
 #include <memory>
 #include <unordered_map>
@@ -12,7 +13,7 @@ class TSourceFileOwner {
 public:
     /// `build` finds sources and configurations for a read; it may be null and is not owned.
     explicit TSourceFileOwner(IBuildManager* build) : Build(build) {}
-    /// Deletes the sources made, with their dependency lists.
+    /// Deletes the sources that were read, with their dependency lists.
     ~TSourceFileOwner();
     TSourceFileOwner(const TSourceFileOwner&) = delete;
     TSourceFileOwner& operator=(const TSourceFileOwner&) = delete;
@@ -22,7 +23,8 @@ public:
 
     /// A new source, which stays the owner's; a caller that deletes it takes it off the owner's
     /// hands. Its file is marked as loaded, except during GetOrMakeSourceFile: a read marks the
-    /// files that it lists, and the disk is not asked for those that only others depend on.
+    /// files that it lists, and the disk is not asked for those that only others depend on. A
+    /// source made during GetOrMakeSourceFile goes with the owner, another with GetCallersShare().
     IHdlSourceFile* MakeSourceFile(const ISFileName* name);
 
     /// The one source of the build that has this name, made when there is none. Null without a
@@ -42,13 +44,17 @@ public:
     /// The build's configuration that stands for the one recorded; null when none was.
     const TProjectSimLanguageConfig* GetRecordedLanguageConfig(const IHdlSourceFile* source) const;
 
-    /// Forgets the records. The sources made so far stay valid as long as the owner.
-    void Clear() { Records.clear(); }
+    /// Forgets the records. The sources made so far go with GetCallersShare().
+    void Clear();
+
+    /// The sources, with their dependency lists, that were made for callers or let go of by Clear.
+    const std::shared_ptr<TKeeper>& GetCallersShare() const { return CallersShare; }
 
 private:
-    class TMadeSourceFile;
+    class TReadSourceFile;
 
-    std::list<TMadeSourceFile*> Made;
+    std::list<TReadSourceFile*> Read;
+    std::shared_ptr<TKeeper> CallersShare = std::make_shared<TKeeper>();
     enum TRequest { FOR_CALLER, FOR_DEPENDENCY, FOR_LISTING };
     IHdlSourceFile* AskBuild(const char* name, TRequest request);
 

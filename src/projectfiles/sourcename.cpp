@@ -1,7 +1,5 @@
 #include "projectfiles/sourcename.h"
-#include "projectfiles/hdlprojectfile.h"
-#include "projectfiles/hdlsourcefile.h"
-#include <utility>
+#include "projectfiles/ihdlsourcefile.h"
 
 bool GetSourceName(const ISFileName* file, TSourceName* name) {
     const ISFileName* const handle = GetInnermostHandle(file);
@@ -13,8 +11,4 @@ bool GetSourceName(const ISFileName* file, TSourceName* name) {
 
 bool GetSourceName(const IHdlSourceFile* source, TSourceName* name) {
     return GetSourceName(source->GetFileName(), name);
-}
-
-unsigned long long GetSourceNameChangeCount() {
-    return THdlProjectFile::GetHandleChangeCount() + THdlSourceFile::GetHandleChangeCount();
 }

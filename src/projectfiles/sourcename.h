@@ -23,6 +23,3 @@ struct TSourceNameHash {
 /// which match no name.
 bool GetSourceName(const ISFileName* file, TSourceName* name);
 bool GetSourceName(const IHdlSourceFile* source, TSourceName* name);
-
-/// Changes whenever a source of this process was assigned another name.
-unsigned long long GetSourceNameChangeCount();

@@ -1,5 +1,6 @@
 #include "settings/projectsimgeneralconfig.h"
 #include "services/base/booltext.h"
+#include "services/base/keeper.h"
 #include "services/ini/propcache.h"
 #include "services/xml/xmlstream.h"
 #include "settings/inikeys.h"
@@ -96,7 +97,9 @@ TProjectSimGeneralConfig::TProjectSimGeneralConfig(const TProjectSimGeneralConfi
 TProjectSimGeneralConfig& TProjectSimGeneralConfig::operator=(
     const TProjectSimGeneralConfig& other) = default;
 
-TProjectSimGeneralConfig::~TProjectSimGeneralConfig() = default;
+TProjectSimGeneralConfig::~TProjectSimGeneralConfig() {
+    ForgetKept(this);
+}
 
 void TProjectSimGeneralConfig::SetDefaults() {
     *this = TProjectSimGeneralConfig();

@@ -1,4 +1,5 @@
 #include "settings/projectsimlanguageconfig.h"
+#include "services/base/keeper.h"
 #include "services/logging/binarylog.h"
 #include "services/names/environment.h"
 #include "services/names/isfilename.h"
@@ -51,7 +52,9 @@ TProjectSimLanguageConfig& TProjectSimLanguageConfig::operator=(
     return *this;
 }
 
-TProjectSimLanguageConfig::~TProjectSimLanguageConfig() = default;
+TProjectSimLanguageConfig::~TProjectSimLanguageConfig() {
+    ForgetKept(this);
+}
 
 std::string TProjectSimLanguageConfig::GetCorbaSimulatorName() const {
     return GetSimulatorNameFromType(Tool);

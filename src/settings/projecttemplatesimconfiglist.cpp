@@ -1,4 +1,5 @@
 #include "settings/projecttemplatesimconfiglist.h"
+#include "services/base/keeper.h"
 #include "services/ini/propcache.h"
 #include "settings/inikeys.h"
 
@@ -26,9 +27,7 @@ TProjectTemplateSimConfigList& TProjectTemplateSimConfigList::operator=(
     return *this;
 }
 
-TProjectTemplateSimConfigList::~TProjectTemplateSimConfigList() {
-    for (const TProjectSimConfig* configuration : Retired) delete configuration;
-}
+TProjectTemplateSimConfigList::~TProjectTemplateSimConfigList() = default;
 
 TProjectSimConfig* TProjectTemplateSimConfigList::GetStartingConfigOrCurrentConfig() {
     TProjectSimConfig* starting = StartingName.empty() ? nullptr : Find(StartingName.c_str());
@@ -101,8 +100,8 @@ void TProjectTemplateSimConfigList::ReadFromINI() {
         const auto name = names.ReadText(NameKey(number).c_str());
         if (!name) break;
         if (number == 1) {
-            const auto dropped = ReleaseConfigurations();
-            Retired.insert(Retired.end(), dropped.begin(), dropped.end());
+            if (!Former) Former = std::make_shared<TKeeper>();
+            for (TProjectSimConfig* dropped : ReleaseConfigurations()) Former->Keep(dropped);
         }
         auto* configuration = new TProjectSimConfig(false);
         configuration->SetName(name->c_str());

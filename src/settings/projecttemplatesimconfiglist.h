@@ -1,5 +1,8 @@
 #pragma once
 #include "settings/projectsimconfiglist.h"
+#include <memory>
+
+class TKeeper;
 
 /// The template configurations of the user, kept in the INI file.
 class HDLBUILDFILE_API TProjectTemplateSimConfigList : public TProjectSimConfigList {
@@ -34,7 +37,7 @@ private:
     void ResetModelSimConfiguration();
 
     std::string StartingName;
-    std::vector<TProjectSimConfig*> Retired;
+    std::shared_ptr<TKeeper> Former;  // made when the first entries are replaced
 };
 
 namespace HdlBuildFile {

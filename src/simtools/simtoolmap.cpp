@@ -10,7 +10,7 @@ constexpr const char* kSection = "ExternalSimulatorSettings";
 
 void TSimToolMap::AddSimTool(TBaseSimTool* tool) {
     if (!tool) return;
-    if (!Owned.count(tool)) Owned.emplace(tool, tool);
+    CallersShare->Keep(tool);
     Tools[tool->GetLanguage()] = tool;
 }
 
@@ -36,7 +36,8 @@ bool TSimToolMap::ReadFromFile(DListIterator<TElement*>& element) {
         auto* tool = new TBaseSimTool;
         // A tool cut short is kept with what it has.
         (void)tool->ReadFromFile(element);
-        AddSimTool(tool);
+        Read.Keep(tool);
+        Tools[tool->GetLanguage()] = tool;
         SkipEnd(element);
     }
     return true;
@@ -50,6 +51,9 @@ void TSimToolMap::WriteToFile(TXMLList* document) const {
 }
 
 void TSimToolMap::Clear() {
-    for (const auto& [language, tool] : Tools) Owned.erase(tool);
+    for (const auto& [language, tool] : Tools) {
+        CallersShare->Delete(tool);
+        Read.Delete(tool);
+    }
     Tools.clear();
 }

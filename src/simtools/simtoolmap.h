@@ -1,8 +1,8 @@
 #pragma once
+#include "services/base/keeper.h"
 #include "simtools/basesimtool.h"
 #include <map>
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
 /// The simulator tools of a build, one for each language that has one. Keeps the build file's
@@ -14,8 +14,8 @@ public:
     TSimToolMap& operator=(const TSimToolMap&) = delete;
 
     /// Takes ownership and maps the tool under its present language; an earlier language of a tool
-    /// added again keeps it, too. A tool replaced there stays valid as long as the map. Null is
-    /// ignored.
+    /// added again keeps it, too. A tool replaced there stays valid as long as the map, and as
+    /// GetCallersShare(). Null is ignored.
     void AddSimTool(TBaseSimTool* tool);
 
     /// Null when the language has none. The tool stays the map's.
@@ -37,8 +37,12 @@ public:
     /// Deletes the mapped tools.
     void Clear();
 
+    /// The tools that callers added. Those that were read go with the map.
+    const std::shared_ptr<TKeeper>& GetCallersShare() const { return CallersShare; }
+
 private:
     std::map<THdlLanguage, TBaseSimTool*> Tools;
-    // The tools mapped and those replaced, by address: either may be handed in again.
-    std::unordered_map<const TBaseSimTool*, std::unique_ptr<TBaseSimTool>> Owned;
+    // The tools mapped and those replaced.
+    std::shared_ptr<TKeeper> CallersShare = std::make_shared<TKeeper>();
+    TKeeper Read;
 };

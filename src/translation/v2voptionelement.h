@@ -30,5 +30,9 @@ void ReadOptionStart(TElementIterator& elemI, TV2VTranslationOption* option, TCh
 /// The texts of the AdditionalOptions at `elemI`, untrimmed, "" for one without; moves past them.
 std::vector<std::string> ReadAdditionalOptions(TElementIterator& elemI);
 
+/// Deletes an option with its arguments: without a virtual destructor they go only with its exact
+/// class.
+void DeleteOption(TV2VTranslationOption* option);
+
 /// The texts with one blank between neighbours.
 std::string JoinedByBlanks(const std::vector<std::string>& texts);

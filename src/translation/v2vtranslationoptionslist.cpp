@@ -30,13 +30,6 @@ bool DestroyIfItIs(TV2VTranslationOption* option) {
     return true;
 }
 
-// Without a virtual destructor the arguments of an option go only with its exact class.
-void Destroy(TV2VTranslationOption* option) {
-    DestroyIfItIs<TV2VTranslationStringOption>(option) ||
-        DestroyIfItIs<TV2VTranslationFileOption>(option) ||
-        DestroyIfItIs<TV2VTranslationOption>(option);
-}
-
 TV2VTranslationOption* MakeOption(const TV2VCommandLineOption& row) {
     const auto make = [&row]<class T>(T*) -> TV2VTranslationOption* {
         return new T(row.Switch, row.OptionText, row.HelpText, row.Enabled);
@@ -72,6 +65,12 @@ void SkipOption(TElementIterator& elemI, const std::string& listTag) {
 
 }  // namespace
 
+void DeleteOption(TV2VTranslationOption* option) {
+    DestroyIfItIs<TV2VTranslationStringOption>(option) ||
+        DestroyIfItIs<TV2VTranslationFileOption>(option) ||
+        DestroyIfItIs<TV2VTranslationOption>(option);
+}
+
 TV2VTranslationOptionsList::TV2VTranslationOptionsList(TProjectComponent* component,
                                                        const char* tag)
     : Tag(tag ? tag : ""), Component(component) {
@@ -95,6 +94,7 @@ TV2VTranslationOptionsList& TV2VTranslationOptionsList::operator=(
 
 TV2VTranslationOptionsList::~TV2VTranslationOptionsList() {
     LetGo();
+    ForgetKept(this);
     GetLivingLists().erase(this);
 }
 
@@ -132,7 +132,7 @@ bool TV2VTranslationOptionsList::IsOptionEnabled(const char* dash) const {
 }
 
 void TV2VTranslationOptionsList::Flush() {
-    for (TV2VTranslationOption* option : Options) Destroy(option);
+    for (TV2VTranslationOption* option : Options) DeleteOption(option);
     Options.clear();
 }
 

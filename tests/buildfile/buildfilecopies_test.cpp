@@ -276,11 +276,13 @@ TEST(BuildFileParts, DeleteEachConfigurationOnceWhenABuildOwnsThem) {
     {
         TBuildFileParts parts(nullptr);
         parts.OwnsConfigs = true;
-        parts.LanguageConfigs.Store(LANGUAGE_VHDL, new MortalLanguage("cleared", &grave));
+        parts.Store(LANGUAGE_VHDL, new MortalLanguage("cleared", &grave));
         parts.Clear();
         EXPECT_EQ(grave, "");
-        parts.LanguageConfigs.Store(LANGUAGE_VHDL, new MortalLanguage("mapped", &grave));
-        parts.GeneralConfigs.insert(new MortalGeneral("general", &grave));
+        parts.StoreRead(LANGUAGE_VHDL, new MortalLanguage("mapped", &grave));
+        parts.Configs->Keep(new MortalGeneral("general", &grave));
+        parts.DeleteConfigs();
+        EXPECT_EQ(grave, "mapped cleared general ");
     }
     EXPECT_EQ(grave, "mapped cleared general ");
 }
@@ -291,9 +293,9 @@ TEST(BuildFileParts, DeleteNoConfigurationOtherwise) {
     auto* mapped = new MortalLanguage("mapped", &grave);
     {
         TBuildFileParts parts(nullptr);
-        parts.LanguageConfigs.Store(LANGUAGE_VHDL, cleared);
+        parts.Store(LANGUAGE_VHDL, cleared);
         parts.Clear();
-        parts.LanguageConfigs.Store(LANGUAGE_VHDL, mapped);
+        parts.StoreRead(LANGUAGE_VHDL, mapped);
     }
     EXPECT_EQ(grave, "");
     delete cleared;
@@ -312,7 +314,7 @@ TEST(BuildFileParts, RecordTheConfigurationsThatCameWithSources) {
     ASSERT_NE(stored, nullptr);
     EXPECT_EQ(parts.SourceFileOwner.GetRecordedLanguageConfig(&with), stored);
     EXPECT_EQ(parts.SourceFileOwner.GetRecordedLanguageConfig(&without), nullptr);
-    parts.StoreCopy(LANGUAGE_VHDL, config);
+    parts.Store(LANGUAGE_VHDL, new TProjectSimLanguageConfig(config));
     EXPECT_EQ(parts.SourceFileOwner.GetRecordedLanguageConfig(&with),
               parts.LanguageConfigs.Find(LANGUAGE_VHDL));
     parts.Clear();

@@ -52,11 +52,13 @@ TEST(LanguageConfigMap, ForgetsConfigurationsWithoutDeletingThem) {
         map.Store(LANGUAGE_VHDL, left);
         EXPECT_EQ(slot->Config, cleared);
     }
-    EXPECT_EQ(FindLanguageConfigSlot(cleared), nullptr);
-    EXPECT_EQ(FindLanguageConfigSlot(left), nullptr);
+    EXPECT_EQ(FindLanguageConfigSlot(cleared), slot);
     EXPECT_EQ(grave, "");
-    delete cleared;
-    delete left;
+    DeleteLanguageConfig(cleared);
+    EXPECT_EQ(slot->Config, nullptr);
+    EXPECT_EQ(FindLanguageConfigSlot(cleared), nullptr);
+    DeleteLanguageConfig(left);
+    EXPECT_EQ(grave, "cleared left ");
 }
 
 }  // namespace
