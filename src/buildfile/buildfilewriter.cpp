@@ -1,6 +1,7 @@
 #include "buildfile/buildfileparts.h"
 #include "buildfile/hdlbuildfile.h"
 #include "buildfile/hdlbuildfilexmllist.h"
+#include "projectfiles/sourcename.h"
 #include "services/base/booltext.h"
 #include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
@@ -11,14 +12,6 @@
 #include <algorithm>
 
 namespace {
-
-/// The path of `file` relative to the build file's directory; absolute without a build file name.
-std::string StoredPath(const ISFileName* file, const ISFileName* buildFile) {
-    if (!buildFile) return file->Canonical(false);
-    TMyString path;
-    file->GetFileNameRelativeTo(buildFile->GetPathOnly(), &path);
-    return path.Str();
-}
 
 /// Whether the test builder drives the simulation whatever the build's own top language is.
 bool IsTestBuilderForced(const THdlBuildFile& build) {
@@ -52,7 +45,7 @@ void THdlBuildFile::WriteFile(THdlBuildFileXMLList* document) {
     attributes.Psh("BaseTimeUnit", TimeBase.GetBaseTimeUnitStr());
     attributes.Psh("DisplayTimeUnit", TimeBase.GetDisplayTimeUnitStr());
     if (SugarEngineDll)
-        attributes.Psh("SugarEngineDll", StoredPath(SugarEngineDll, BuildFileName).c_str());
+        attributes.Psh("SugarEngineDll", RelativePath(SugarEngineDll, BuildFileName).c_str());
     attributes.Psh("GenerationDestinationLibrary", GenerationDestinationLibrary.c_str());
     attributes.Psh("DestinationLibrary", DestinationLibrary.c_str());
     attributes.Psh("SnapshotName", SnapshotName.c_str());
@@ -65,7 +58,7 @@ void THdlBuildFile::WriteFile(THdlBuildFileXMLList* document) {
     WriteProjectSettings(document);
     WriteV2VOptions(document);
     if (OutputDiagram)
-        PushTextElement(document, "OutputDiagram", StoredPath(OutputDiagram, BuildFileName));
+        PushTextElement(document, "OutputDiagram", RelativePath(OutputDiagram, BuildFileName));
     WriteSourceFileGroups(document, topLanguage);
     WritePseudoEnvironmentVariables(document);
     PushEnd(document, "HdlBuildFile");

@@ -1,6 +1,6 @@
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
-#include "projectfiles/sourcepath.h"
+#include "projectfiles/sourcename.h"
 #include "services/names/isfilename.h"
 #include "services/xml/xmlstream.h"
 
@@ -31,5 +31,5 @@ void TIHdlSourceFileList::WriteToFile(TXMLList* document, const char* elementNam
     if (!document) return;
     for (const IHdlSourceFile* file : Entries)
         PushTextElement(document, ElementNameOf(elementName),
-                        RelativeSourcePath(*file, relativeTo));
+                        RelativePath(file->GetFileName(), relativeTo));
 }

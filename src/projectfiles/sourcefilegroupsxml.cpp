@@ -1,7 +1,7 @@
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/sourcefilegroups.h"
 #include "projectfiles/sourcefileowner.h"
-#include "projectfiles/sourcepath.h"
+#include "projectfiles/sourcename.h"
 #include "services/base/booltext.h"
 #include "services/logging/messagebox.h"
 #include "services/xml/xmlstream.h"
@@ -29,7 +29,7 @@ bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLangu
         ++element;
         if (!element.NotAtTail()) return false;
         if (IsAtStart(element)) {
-            // A child stands where the name belongs: nothing in this element can be trusted.
+            // A child in the place of the name: nothing in this element can be trusted.
             SkipElement(start);
             element = start;
             SkipEnds(element);
@@ -96,7 +96,7 @@ void WriteSource(TXMLList* document, const IHdlSourceFile& source,
     PushStart(document, "SourceFile",
               {{"Library", ConvertBooleanToStringBool(source.IsLibrary())},
                {"PrecompiledLibrary", source.GetPrecompiledLibraryGroupName()}});
-    PushText(document, RelativeSourcePath(source, buildFileName));
+    PushText(document, RelativePath(source.GetFileName(), buildFileName));
     if (const TIHdlSourceFileList* dependencies = source.GetDependencyList())
         dependencies->WriteToFile(document, "Dependency", buildFileName);
     PushEnd(document, "SourceFile");

@@ -12,3 +12,11 @@ bool GetSourceName(const ISFileName* file, TSourceName* name) {
 bool GetSourceName(const IHdlSourceFile* source, TSourceName* name) {
     return GetSourceName(source->GetFileName(), name);
 }
+
+std::string RelativePath(const ISFileName* name, const ISFileName* file) {
+    if (!name) return {};
+    if (!file) return name->Canonical(false);
+    TMyString path;
+    name->GetFileNameRelativeTo(file->GetPathOnly(), &path);
+    return path.Str();
+}

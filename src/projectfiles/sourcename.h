@@ -1,5 +1,6 @@
 #pragma once
 #include "services/names/isfilename.h"
+#include <string>
 #include <string_view>
 
 class IHdlSourceFile;
@@ -23,3 +24,7 @@ struct TSourceNameHash {
 /// which match no name.
 bool GetSourceName(const ISFileName* file, TSourceName* name);
 bool GetSourceName(const IHdlSourceFile* source, TSourceName* name);
+
+/// The path of `name` relative to the directory of `file`, the full path when that is null; "" for
+/// a null name.
+std::string RelativePath(const ISFileName* name, const ISFileName* file);
