@@ -475,11 +475,3 @@ TEST(BuildFileWriter, IgnoresANullDocument) {
     build.WriteSourceFileGroups(nullptr, LANGUAGE_VHDL);
     EXPECT_FALSE(build.WriteToFile());
 }
-
-TEST(BuildFileXMLList, FillsNothingWithoutABuild) {
-    const TemporaryFolder folder;
-    THdlBuildFileXMLList document(nullptr);
-    EXPECT_TRUE(document.WriteFile(folder.Path("empty.xml").c_str()));
-    EXPECT_EQ(folder.Read("empty.xml"),
-              "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n<HdlBuildFileList/>\n");
-}

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 
-// Files that stand in several lists: who deletes them, and when.
+// Files that are in several lists: who deletes them, and when.
 
 namespace {
 

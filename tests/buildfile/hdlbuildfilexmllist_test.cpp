@@ -1,0 +1,35 @@
+#include "buildfile/hdlbuildfilexmllist.h"
+#include "buildfile/hdlbuildfile.h"
+#include "services/names/isfilename.h"
+#include "tests/support/temporaryfolder.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(BuildFileXMLList, FillsNothingWithoutABuild) {
+    const TemporaryFolder folder;
+    THdlBuildFileXMLList document(nullptr);
+    EXPECT_TRUE(document.WriteFile(folder.Path("empty.xml").c_str()));
+    EXPECT_EQ(folder.Read("empty.xml"),
+              "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n<HdlBuildFileList/>\n");
+}
+
+TEST(BuildFileXMLList, HandsEachSectionToItsReader) {
+    const TemporaryFolder folder;
+    const std::string path =
+        folder.Write("build.xml",
+                     "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n<HdlBuildFileList>"
+                     "<Unknown><HdlBuildFile SnapshotName='snap'></HdlBuildFile></Unknown>"
+                     "<BuildFileVariables><Variable Name='a' Value='b'/></BuildFileVariables>"
+                     "<OutputDiagram></OutputDiagram>"
+                     "<SourceFileGroup Language='Verilog'></SourceFileGroup></HdlBuildFileList>\n");
+    THdlBuildFile build;
+    build.SetBuildFileName(ISFileName::NewISFileName(path.c_str()));
+    THdlBuildFileXMLList document(&build);
+    EXPECT_TRUE(document.ReadFile(path.c_str()));
+    EXPECT_EQ(build.GetSnapshotName(), "snap");
+    EXPECT_EQ(*build.GetPseudoEnvironmentVariables(), (TPseudoVariables{{"a", "b"}}));
+    EXPECT_EQ(build.GetSourceFileLanguages(), std::vector{LANGUAGE_VERILOG});
+}
+
+}  // namespace
