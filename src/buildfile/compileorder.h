@@ -3,7 +3,7 @@
 #include <unordered_set>
 #include <vector>
 
-/// Lists sources so that each stands behind those it depends on. Of a cycle, the source met first
+/// Lists sources so that each comes after those it depends on. Of a cycle, the source met first
 /// comes last. Each source is looked at once, however many depend on it.
 class TCompileOrder {
 public:

@@ -152,6 +152,10 @@ void THdlBuildFile::KeepOwnGeneralConfiguration() {
     if (OwnsConfigurations) KeepUntilExit(GeneralConfiguration);
 }
 
+bool THdlBuildFile::IsGeneralConfigurationNoted() const {
+    return Parts->ConfigsRead.Has(GeneralConfiguration);
+}
+
 void THdlBuildFile::LetGoOfReloaded(std::size_t kept) {
     for (; Reloaded.size() > kept; Reloaded.pop_front()) {
         const auto& parts = Reloaded.front();
@@ -167,7 +171,7 @@ void THdlBuildFile::OwnConfigurations() {
 }
 
 void THdlBuildFile::DeleteConfigurations() {
-    if (!Parts->ConfigsRead.Has(GeneralConfiguration)) Parts->Configs->Keep(GeneralConfiguration);
+    if (!IsGeneralConfigurationNoted()) Parts->Configs->Keep(GeneralConfiguration);
     GeneralConfiguration = nullptr;
     if (Parts.use_count() == 1) Parts->DeleteConfigs();
 }

@@ -194,7 +194,7 @@ public:
     void WriteV2VOptions(TXMLList* document);
     void WriteSourceFileGroups(TXMLList* document, THdlLanguage topLanguage);
     void WritePseudoEnvironmentVariables(TXMLList* document);
-    // Each section reader stands on its section's START element; false ends the read.
+    // Each section reader begins at its section's START element; false ends the read.
     bool ReadAttributes(DListIterator<TElement*>& element);
     bool ReadTopLevelComponentNames(DListIterator<TElement*>& element);
     bool ReadExternalConfigurations(DListIterator<TElement*>& element);
@@ -247,6 +247,7 @@ private:
     void LetGoOfParts();
     std::shared_ptr<TBuildFileParts> LeaveParts();
     void KeepOwnGeneralConfiguration();
+    bool IsGeneralConfigurationNoted() const;
     void LetGoOfReloaded(std::size_t kept);
 
     std::shared_ptr<TBuildFileParts> Parts;

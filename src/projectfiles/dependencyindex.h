@@ -38,7 +38,7 @@ private:
     };
     struct TEntry {
         TIHdlSourceFileList* Dependencies;
-        std::size_t Count;  // sources without a name may stand in the group more than once
+        std::size_t Count;  // sources without a name may be in the group more than once
         bool HasList;
     };
     struct TWatch {

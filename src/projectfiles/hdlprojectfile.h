@@ -10,7 +10,7 @@ inline constexpr const char* kProjectFileSource = "hdlprojectfile";
 /// A file of a project: a tracked file name that knows its owner and its kind.
 ///
 /// A file counts the lists that hold it. A list that deletes its files deletes this one only when
-/// it is the last to hold it, so files may stand in several lists and in copies of lists. A file
+/// it is the last to hold it, so files may be in several lists and in copies of lists. A file
 /// that no list holds is its maker's to delete. It is deleted only while no list holds it, and
 /// after it was dropped from source file groups and dependency lists, which keep plain pointers.
 class HDLBUILDFILE_API THdlProjectFile : public THdbSFileName {
@@ -33,7 +33,7 @@ public:
     THdlProjectFile(const ISFileName* file, IProjectComponent* owner, bool typeGivenByCaller);
     /// Shares the handle and copies owner and type. No list holds the copy.
     THdlProjectFile(const THdlProjectFile& other);
-    /// The same for an existing file, also for one that stands in lists: they go on holding it and
+    /// The same for an existing file, also for one that is in lists: they go on holding it and
     /// find it under its new name.
     THdlProjectFile& operator=(const THdlProjectFile& other);
     ~THdlProjectFile() override;

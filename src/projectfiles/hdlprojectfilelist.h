@@ -21,7 +21,7 @@ class TProjectFileIndex;
 /// file-name handle equals none, and a walk that meets one logs a failed check.
 ///
 /// The list owns its files: Flush and Remove with deletion and the destructor delete them, a file
-/// that stands in several lists when the last of them lets go. Copies share the files and
+/// that is in several lists when the last of them lets go. Copies share the files and
 /// register the same observers, each for itself. A list is deleted as a list class or as
 /// hdb::IHDBBase, not as std::list.
 class HDLBUILDFILE_API THdlProjectFileList : public std::list<THdlProjectFile*>,
@@ -42,7 +42,7 @@ public:
         LIST_TYPE_UTILITIES_FILES = 10,
         LIST_TYPE_SOURCE_CODE_LIBRARY_FILES = 11
     };
-    /// The file that stands in the list under the name in question, and whether the call added it.
+    /// The file that the list has under the name in question, and whether the call added it.
     using TAddResult = std::pair<THdlProjectFile*, bool>;
 
     /// An empty list; `owner` may be null.
@@ -59,7 +59,7 @@ public:
     TRope GetFullName() override;
     hdb::TItemKind GetHDBItemKind() override;
     THdlLanguage GetLanguage() override;
-    const hdb::IHDBBase* GetSourceParent(bool spare) const override;
+    const hdb::IHDBBase* GetSourceParent(bool reserved) const override;
     bool IsProtected() const override;
 
     // Adding by name makes a file of the list's kind with the list's owner, unless one is listed;
@@ -190,7 +190,7 @@ protected:
     TAddResult push_back_no_dup(THdlProjectFile* file);
     TAddResult push_front_no_dup(THdlProjectFile* file);
     /// The listed file of that name when it is found without a walk, so that an add by name need
-    /// not make a file just to delete it; null says nothing.
+    /// not make a file just to delete it; null means unknown.
     THdlProjectFile* FindWithoutWalk(const ISFileName* name) const;
     /// The result of adding `refused` while `listed` has its name. Tells of two files that only
     /// their letter case keeps apart.

@@ -17,7 +17,7 @@ public:
 
 private:
     friend class THdlUserSourceFileList;
-    // Tells this object from another one that comes to stand at its address.
+    // Tells this object from another one made later at its address.
     const unsigned long long Serial;
     THdlSourceFileList AssociatedFiles;
 };

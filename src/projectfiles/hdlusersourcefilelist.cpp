@@ -69,7 +69,7 @@ void THdlUserSourceFileList::SetScope(THdlProjectUserSourceFile* file) {
     ScopeSerial = file ? file->Serial : 0;
 }
 
-// The scope may be deleted already, and another file may stand where it was.
+// The scope may be deleted already, and another file may be at its address.
 THdlProjectUserSourceFile* THdlUserSourceFileList::GetListedScope() const {
     if (!AssociatedFileScope) return nullptr;
     THdlProjectFile* listed = FindByAddress(AssociatedFileScope, ScopeFileName);

@@ -15,7 +15,7 @@ public:
     IBuildManager& operator=(const IBuildManager&) { return *this; }
     virtual ~IBuildManager() = default;
 
-    /// The source of that name, or a new one that stands in no group yet. It stays the build's.
+    /// The source of that name, or a new one that is in no group yet. It stays the build's.
     virtual IHdlSourceFile* CreateOrGetSourceFile(const char* fileName) = 0;
     /// The configuration that a source read from a file takes; null when there is none.
     virtual TProjectSimLanguageConfig* GetProjectLanguageConfigForFileRead(

@@ -41,7 +41,7 @@ public:
     /// Notes that the configuration in `slot` came in with `source`.
     void RecordLanguageConfig(const IHdlSourceFile* source,
                               std::shared_ptr<const TLanguageConfigSlot> slot);
-    /// The build's configuration that stands for the one recorded; null when none was.
+    /// The build's configuration that replaced the one recorded; null when none was recorded.
     const TProjectSimLanguageConfig* GetRecordedLanguageConfig(const IHdlSourceFile* source) const;
 
     /// Forgets the records. The sources made so far go with GetCallersShare().
