@@ -71,6 +71,7 @@
 #include "settings/projectsimlanguageconfig.h"
 #include "settings/projectsimsettings.h"
 #include "settings/projecttemplatesimconfiglist.h"
+#include "settings/settingtable.h"
 #include "settings/simprojectdelaytype.h"
 #include "settings/simulatordllnames.h"
 #include "settings/storedlanguages.h"

@@ -1,6 +1,6 @@
 #include "settings/inikeys.h"
+#include "services/base/fold.h"
 #include "services/ini/propcache.h"
-#include "settings/settingnumber.h"
 #include <algorithm>
 
 namespace {

@@ -1,84 +1,33 @@
 #include "settings/projectsimgeneralconfig.h"
-#include "services/base/booltext.h"
+#include "services/base/fold.h"
 #include "services/base/keeper.h"
-#include "services/ini/propcache.h"
 #include "services/xml/xmlstream.h"
 #include "settings/inikeys.h"
-#include "settings/settingnumber.h"
+#include "settings/settingtable.h"
+#include <algorithm>
 
 namespace {
 
-/// A yes-or-no setting: the name of its attribute and of its key.
-struct TFlag {
-    const char* Name;
-    bool (TProjectSimGeneralConfig::*Get)() const;
-    void (TProjectSimGeneralConfig::*Set)(bool);
-    bool MissingInElement;
-    bool MissingInIni;
-    enum { STORED, FIXED_OFF, FIXED_ON } InDiagram = STORED;
-};
-using TConfig = TProjectSimGeneralConfig;
-constexpr TFlag kFirstFlags[] = {
-    {"AddTopLevelSignals", &TConfig::GetAddTopLevelSignals, &TConfig::SetAddTopLevelSignals, true,
-     true, TFlag::FIXED_OFF},
-    {"ShowWatchSignals", &TConfig::GetShowWatchSignals, &TConfig::SetShowWatchSignals, true, true,
-     TFlag::FIXED_ON},
-    {"DumpWatchSignals", &TConfig::GetDumpWatchSignals, &TConfig::SetDumpWatchSignals, true, false},
-    {"BreakAtTimeZeroAfterCompile", &TConfig::GetBreakAtTimeZeroAfterCompile,
-     &TConfig::SetBreakAtTimeZeroAfterCompile, true, false, TFlag::FIXED_OFF},
-    {"ClearLogFileBeforeCompile", &TConfig::GetClearLogFileBeforeCompile,
-     &TConfig::SetClearLogFileBeforeCompile, true, true},
-    {"AutoParseProject", &TConfig::GetAutoParseProject, &TConfig::SetAutoParseProject, true, false,
-     TFlag::FIXED_OFF},
-    {"GenerateTestBenchOnBuildProject", &TConfig::GetGenerateTestBenchOnBuildProject,
-     &TConfig::SetGenerateTestBenchOnBuildProject, true, true},
-    {"DisablePeriodicWaveformUpdate", &TConfig::GetDisableWaveformUpdate,
-     &TConfig::SetDisableWaveformUpdate, false, false},
-    {"CompileVerilogFiles", &TConfig::GetCompileVerilogFiles, &TConfig::SetCompileVerilogFiles,
-     false, false},
-    {"CompileVHDLFiles", &TConfig::GetCompileVHDLFiles, &TConfig::SetCompileVHDLFiles, false,
-     false},
-    {"CompileCppFiles", &TConfig::GetCompileCppFiles, &TConfig::SetCompileCppFiles, false, false},
-};
-constexpr TFlag kWatchFlags[] = {
-    {"MakeConstantsWatchable", &TConfig::GetMakeConstantsWatchable,
-     &TConfig::SetMakeConstantsWatchable, true, true},
-    {"MakeArrayElementsWatchable", &TConfig::GetMakeArrayElementsWatchable,
-     &TConfig::SetMakeArrayElementsWatchable, false, false},
-};
-constexpr TFlag kLastFlags[] = {
-    {"EnableSimulatorDebugging", &TConfig::GetEnableSimulatorDebugging,
-     &TConfig::SetEnableSimulatorDebugging, true, true},
-};
-constexpr const char* kLogFileName = "LogFileName";
-constexpr const char* kArrayElementSize = "WatchableArrayElementSize";
-
-template <std::size_t Size>
-void PushFlags(TAttributeList& attributes, const TConfig& settings, const TFlag (&flags)[Size]) {
-    for (const TFlag& flag : flags) attributes.PushBool(flag.Name, (settings.*flag.Get)());
+bool IsMissing(const TGeneralSetting& setting, const char* text) {
+    return setting.Kind == SETTING_NAME ? !*text : TrimmedView(text).empty();
 }
 
-template <std::size_t Size>
-void ReadFlags(TConfig& settings, const TElement& element, const TFlag (&flags)[Size]) {
-    for (const TFlag& flag : flags)
-        (settings.*flag.Set)(element.GetAttributeBool(flag.Name, flag.MissingInElement));
+void SetUnlessNull(const TGeneralSetting& setting, TProjectSimGeneralConfig& settings,
+                   const char* text) {
+    if (text) setting.Set(settings, text);
 }
 
-template <std::size_t Size>
-void WriteFlags(const TIniKeys& keys, const TConfig& settings, bool diagram,
-                const TFlag (&flags)[Size]) {
-    for (const TFlag& flag : flags)
-        if (!diagram || flag.InDiagram == TFlag::STORED)
-            keys.WriteBool(flag.Name, (settings.*flag.Get)());
+std::vector<const TGeneralSetting*> MakeIniOrder() {
+    std::vector<const TGeneralSetting*> order;
+    for (const TGeneralSetting& setting : GetGeneralSettings()) order.push_back(&setting);
+    std::sort(order.begin(), order.end(),
+              [](auto* a, auto* b) { return a->IniPlace < b->IniPlace; });
+    return order;
 }
 
-template <std::size_t Size>
-void ReadFlags(TConfig& settings, const TIniKeys& keys, bool diagram, const TFlag (&flags)[Size]) {
-    for (const TFlag& flag : flags) {
-        const bool isStored = !diagram || flag.InDiagram == TFlag::STORED;
-        (settings.*flag.Set)(isStored ? keys.ReadBool(flag.Name, flag.MissingInIni)
-                                      : flag.InDiagram == TFlag::FIXED_ON);
-    }
+const std::vector<const TGeneralSetting*>& InIniOrder() {
+    static const auto* order = new std::vector(MakeIniOrder());
+    return *order;
 }
 
 }  // namespace
@@ -121,41 +70,36 @@ bool TProjectSimGeneralConfig::GetCompileLanguageFiles(THdlLanguage language) co
 void TProjectSimGeneralConfig::WriteToProjectFile(TXMLList* document) const {
     if (!document) return;
     TAttributeList attributes;
-    attributes.Psh(kLogFileName, LogFileName.c_str());
-    PushFlags(attributes, *this, kFirstFlags);
-    PushFlags(attributes, *this, kWatchFlags);
-    attributes.Psh(kArrayElementSize, std::to_string(WatchableArrayElementSize).c_str());
-    PushFlags(attributes, *this, kLastFlags);
+    for (const TGeneralSetting& setting : GetGeneralSettings())
+        attributes.Psh(setting.Name, setting.Get(*this).c_str());
     document->Psh("GeneralConfiguration", &attributes, TElement::START, nullptr);
     PushEnd(document, "GeneralConfiguration");
 }
 
 bool TProjectSimGeneralConfig::ReadFromFile(const TElement* element) {
     if (!element) return false;
-    const char* logFileName = element->GetAttribute(kLogFileName);
-    if (*logFileName) SetLogFileName(logFileName);
-    ReadFlags(*this, *element, kFirstFlags);
-    ReadFlags(*this, *element, kWatchFlags);
-    WatchableArrayElementSize = LeadingNumber(element->GetAttribute(kArrayElementSize));
-    ReadFlags(*this, *element, kLastFlags);
+    for (const TGeneralSetting& setting : GetGeneralSettings()) {
+        const char* const text = element->GetAttribute(setting.Name);
+        SetUnlessNull(setting, *this, IsMissing(setting, text) ? setting.MissingInElement : text);
+    }
     return true;
 }
 
 void TProjectSimGeneralConfig::WriteToINI(const char* section, bool diagram) const {
     const TIniKeys keys(section, "");
-    WriteFlags(keys, *this, diagram, kFirstFlags);
-    keys.WriteText(kLogFileName, LogFileName);
-    WriteFlags(keys, *this, diagram, kWatchFlags);
-    keys.WriteText(kArrayElementSize, std::to_string(WatchableArrayElementSize).c_str());
-    WriteFlags(keys, *this, diagram, kLastFlags);
+    for (const TGeneralSetting* setting : InIniOrder())
+        if (!diagram || !setting->FixedInDiagrams)
+            keys.WriteText(setting->Name, setting->Get(*this).c_str());
 }
 
 void TProjectSimGeneralConfig::ReadFromINI(const char* section, bool diagram) {
     const TIniKeys keys(section, "");
-    ReadFlags(*this, keys, diagram, kFirstFlags);
-    keys.ReadText(kLogFileName, &LogFileName);
-    ReadFlags(*this, keys, diagram, kWatchFlags);
-    WatchableArrayElementSize =
-        GetSystemPropCache()->GetPrivatePropInt(section ? section : "", kArrayElementSize, 0);
-    ReadFlags(*this, keys, diagram, kLastFlags);
+    for (const TGeneralSetting* setting : InIniOrder()) {
+        if (diagram && setting->FixedInDiagrams) {
+            setting->Set(*this, setting->FixedInDiagrams);
+            continue;
+        }
+        const auto text = keys.ReadText(setting->Name);
+        SetUnlessNull(*setting, *this, text ? text->c_str() : setting->MissingInIni);
+    }
 }

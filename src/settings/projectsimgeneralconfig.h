@@ -68,6 +68,7 @@ public:
     bool GetCompileCppFiles() const { return CompileCppFiles; }
     bool GetMakeConstantsWatchable() const { return MakeConstantsWatchable; }
     bool GetMakeArrayElementsWatchable() const { return MakeArrayElementsWatchable; }
+    /// The elements of an array can be watched up to this number of elements.
     int GetWatchableArrayElementSize() const { return WatchableArrayElementSize; }
     bool GetEnableSimulatorDebugging() const { return EnableSimulatorDebugging; }
 

@@ -25,32 +25,7 @@ TProjectSimLanguageConfig::TProjectSimLanguageConfig(const TProjectSimLanguageCo
 }
 
 TProjectSimLanguageConfig& TProjectSimLanguageConfig::operator=(
-    const TProjectSimLanguageConfig& other) {
-    if (this == &other) return *this;
-    ProjectFile = other.ProjectFile;
-    UseTopLevelProjectSettings = other.UseTopLevelProjectSettings;
-    Tool = other.Tool;
-    IncludeDirectories = other.IncludeDirectories;
-    LibraryDirectories = other.LibraryDirectories;
-    LibraryExtensions = other.LibraryExtensions;
-    Vhdl93DefaultSettingsEnabled = other.Vhdl93DefaultSettingsEnabled;
-    DelayType = other.DelayType;
-    PliDriven = other.PliDriven;
-    VcdExport = other.VcdExport;
-    // One dump file belongs to one configuration: two would write over each other.
-    VcdFileName = nullptr;
-    OutputFileName = other.OutputFileName;
-    RunOutputFileExecutable = other.RunOutputFileExecutable;
-    ForceTopLevel = other.ForceTopLevel;
-    AdditionalExtensions = other.AdditionalExtensions;
-    ActiveSnapshotName = other.ActiveSnapshotName;
-    DestinationLibraryName = other.DestinationLibraryName;
-    BuildOptions = other.BuildOptions;
-    TypedBuildOptions = other.TypedBuildOptions;
-    LinkerOptions = other.LinkerOptions;
-    RuntimeOptions = other.RuntimeOptions;
-    return *this;
-}
+    const TProjectSimLanguageConfig& other) = default;
 
 TProjectSimLanguageConfig::~TProjectSimLanguageConfig() {
     ForgetKept(this);

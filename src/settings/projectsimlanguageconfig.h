@@ -8,8 +8,20 @@
 
 class ISFileName;
 class TElement;
-class TIniKeys;
 class TXMLList;
+struct TLanguageSetting;
+
+/// A file name that copies do not take over, and whose target becomes null. One dump file belongs
+/// to one configuration: two would write over each other.
+struct TUncopiedFileName {
+    TUncopiedFileName() = default;
+    TUncopiedFileName(const TUncopiedFileName&) {}
+    TUncopiedFileName& operator=(const TUncopiedFileName& other) {
+        if (this != &other) File = nullptr;
+        return *this;
+    }
+    const ISFileName* File = nullptr;
+};
 
 /// The settings of one configuration for one HDL language: the simulator, the directories and
 /// extensions that it searches, the options of its three steps, and a handful of flags.
@@ -50,10 +62,10 @@ public:
     /// directory (none without a project file).
     void InitializeDefaultIncludeDirectory(bool current);
 
-    // The lists. An Add gives false, with the list unchanged, when an equal text is listed: letter
-    // case matters. With `resolve`, a directory without environment reference becomes absolute
-    // against the project file, if there is one; a directory already absolute gets a final
-    // backslash unless it ends with a delimiter.
+    // The lists. An Add gives false, with the list unchanged, when an equal text is listed (letter
+    // case matters), and for a directory that is null. With `resolve`, a directory without
+    // environment reference becomes absolute against the project file, if there is one; a directory
+    // already absolute gets a final backslash unless it ends with a delimiter.
     bool AddIncludeDirectory(const char* directory, bool resolve);
     bool AddLibraryDirectory(const char* directory, bool resolve);
     bool AddLibraryExtension(const char* extension);
@@ -88,8 +100,8 @@ public:
     void SetPliDriven(bool on) { PliDriven = on; }
     bool GetVcdExport() const { return VcdExport; }
     void SetVcdExport(bool on) { VcdExport = on; }
-    const ISFileName* GetVcdFileName() const { return VcdFileName; }
-    void SetVcdFileName(const ISFileName* file) { VcdFileName = file; }
+    const ISFileName* GetVcdFileName() const { return VcdFileName.File; }
+    void SetVcdFileName(const ISFileName* file) { VcdFileName.File = file; }
     const char* GetOutputFileName() const { return OutputFileName.c_str(); }
     void SetOutputFileName(const char* name) { OutputFileName = TMyString(name).Str(); }
     bool IsRunOutputFileExecutable() const { return RunOutputFileExecutable; }
@@ -129,6 +141,10 @@ public:
     void WriteToProjectFile(TXMLList* document, THdlLanguage language, bool buildFileForm,
                             bool lineDebug, bool forceMode3);
 
+    /// How files in the directory `base` hold `directory`: relative to it, but as it is when it
+    /// holds an environment reference, lies on another drive, or `base` is empty.
+    static std::string GetWrittenDirectory(const std::string& directory, const std::string& base);
+
     /// The keys of a section of the system's property cache, those of `language` only; every key
     /// but "SimTool" begins with the simulator's name and "_" unless `bareKeys` is set. Reading the
     /// test builder's settings writes its two directory lists instead of reading them.
@@ -139,18 +155,10 @@ private:
     bool AddDirectory(TUniqueTextList& list, const char* directory, bool resolve) const;
     bool RemoveDirectory(TUniqueTextList& list, const char* directory) const;
     void ResolveDirectories(TUniqueTextList& list) const;
-    bool ReadItem(DListIterator<TElement*>& element);
-    bool ReadDirectoryList(DListIterator<TElement*>& element, TUniqueTextList& list) const;
-    bool ReadLibraryExtensionList(DListIterator<TElement*>& element);
-    void ReadSetting(const std::string& name, const std::string& text);
     void ReadTool(const std::string& text);
-    void ReadVerilogKeys(const TIniKeys& keys, bool resolve);
-    void ReadDirectoryKeys(const TIniKeys& keys, const char* key, TUniqueTextList& list,
-                           bool resolve) const;
-    void WriteDirectoryKeys(const TIniKeys& keys) const;
+    friend HDLBUILDFILE_API const std::vector<TLanguageSetting>& GetLanguageSettings();
     void AddBuildFileOptions(THdlLanguage language, bool lineDebug);
-    void WriteOptions(TXMLList* document, THdlLanguage language, bool buildFileForm,
-                      bool forceMode3) const;
+    TProjectSimLanguageConfig WithConvertedOptions(THdlLanguage language, bool forceMode3) const;
 
     const ISFileName* ProjectFile = nullptr;
     bool UseTopLevelProjectSettings = true;
@@ -162,7 +170,7 @@ private:
     TSimProjectDelayType DelayType = DELAY_TYPE_TYPICAL;
     bool PliDriven = false;
     bool VcdExport = false;
-    const ISFileName* VcdFileName = nullptr;
+    TUncopiedFileName VcdFileName;
     std::string OutputFileName;
     bool RunOutputFileExecutable = false;
     bool ForceTopLevel = false;

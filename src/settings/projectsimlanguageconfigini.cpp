@@ -8,6 +8,8 @@
 #include "services/names/isfilename.h"
 #include "settings/inikeys.h"
 #include "settings/projectsettingsconfigurationsdata.h"
+#include "settings/settingtable.h"
+#include <algorithm>
 
 namespace {
 
@@ -24,7 +26,7 @@ std::string WrittenBaseOf(const ISFileName* projectFile) {
     return isIniFile ? GetOrvaneHomeDirectory() : projectFile->GetPathOnly();
 }
 
-/// Writes the directories as people know them, from `projectFile` on; as they are without one.
+/// Writes the directories as dialogs show them, from `projectFile` on; as they are without one.
 void WriteRelativePathToINI(const TIniKeys& keys, const char* key,
                             const std::vector<std::string>& directories,
                             const ISFileName* projectFile) {
@@ -41,6 +43,60 @@ void WriteRelativePathToINI(const TIniKeys& keys, const char* key,
     keys.WriteStringsToINI(key, nice);
 }
 
+/// A setting with a key in the INI files, and what is known of the key.
+struct TIniSetting {
+    const TLanguageSetting* Setting;
+    TIniPlace Place;
+};
+
+/// The settings of `language` that have a key, in the order of their keys.
+std::vector<TIniSetting> IniSettingsOf(THdlLanguage language) {
+    std::vector<TIniSetting> found;
+    for (const TLanguageSetting& setting : GetLanguageSettings())
+        for (const TIniPlace& place : setting.IniPlaces)
+            if (place.Language == LANGUAGE_NONE || place.Language == language)
+                found.push_back({&setting, place});
+    std::sort(found.begin(), found.end(), [](const TIniSetting& a, const TIniSetting& b) {
+        return a.Place.Place < b.Place.Place;
+    });
+    return found;
+}
+
+void ReadEntries(const TIniKeys& keys, const TLanguageSetting& setting,
+                 TProjectSimLanguageConfig& settings, bool resolve) {
+    const auto texts = keys.ReadStringsFromINI(setting.IniKey);
+    if (!texts) return;
+    (settings.*setting.Entries.Clear)();
+    for (const std::string& text : *texts) setting.Entries.Add(settings, text.c_str(), resolve);
+}
+
+void ReadKey(const TIniKeys& keys, const TLanguageSetting& setting,
+             TProjectSimLanguageConfig& settings) {
+    std::string text;
+    if (const auto found = keys.ReadText(setting.IniKey))
+        text = *found;
+    else if (setting.MissingInIni)
+        text = setting.MissingInIni;
+    else
+        return;
+    if (setting.Kind == SETTING_DELAY)
+        text = std::to_string(ParseDelayType(std::string(TrimmedView(text)).c_str()));
+    setting.Set(settings, text.c_str());
+}
+
+void WriteKey(const TIniKeys& keys, const TLanguageSetting& setting,
+              const TProjectSimLanguageConfig& settings) {
+    if (setting.Kind == SETTING_LIST)
+        return keys.WriteStringsToINI(setting.IniKey, (settings.*setting.Entries.Get)());
+    if (setting.Kind == SETTING_DIRECTORIES)
+        return WriteRelativePathToINI(keys, setting.IniKey, (settings.*setting.Entries.Get)(),
+                                      settings.GetProjectFileName());
+    const std::string text = setting.Kind == SETTING_DELAY
+                                 ? GetDelayTypeFromEnum(settings.GetDelayType())
+                                 : setting.Get(settings);
+    keys.WriteText(setting.IniKey, text.c_str());
+}
+
 }  // namespace
 
 void TProjectSimLanguageConfig::ReadFromINI(const char* section, THdlLanguage language,
@@ -48,37 +104,14 @@ void TProjectSimLanguageConfig::ReadFromINI(const char* section, THdlLanguage la
     if (const auto tool = TIniKeys(section, "").ReadText("SimTool"))
         Tool = GetSimulatorTypeFromName(tool->c_str());
     const TIniKeys keys = KeysOf(section, Tool, bareKeys);
-    if (language == LANGUAGE_VERILOG) ReadVerilogKeys(keys, bareKeys);
-    keys.ReadText("ActiveSnapshotName", &ActiveSnapshotName);
-    keys.ReadText("DestinationLibraryName", &DestinationLibraryName);
-    if (language == LANGUAGE_TESTBUILDER) {
-        // Written, not read: the directories of a test bench follow the project at hand.
-        WriteDirectoryKeys(keys);
-        RunOutputFileExecutable = keys.ReadBool("RunOutputFileExecutable", false);
-        OutputFileName = keys.ReadText("OutputFileName").value_or(OutputFileName);
+    for (const auto& [setting, place] : IniSettingsOf(language)) {
+        if (!place.IsRead)
+            WriteKey(keys, *setting, *this);
+        else if (IsListKind(setting->Kind))
+            ReadEntries(keys, *setting, *this, bareKeys && setting->Kind == SETTING_DIRECTORIES);
+        else
+            ReadKey(keys, *setting, *this);
     }
-    keys.ReadText("AdditionalExtensions", &AdditionalExtensions);
-    if (const auto options = keys.ReadText("BuildOptions")) SetBuildOptions(options->c_str());
-    keys.ReadText("LinkerOptions", &LinkerOptions);
-    keys.ReadText("RuntimeOptions", &RuntimeOptions);
-}
-
-void TProjectSimLanguageConfig::ReadVerilogKeys(const TIniKeys& keys, bool resolve) {
-    ReadDirectoryKeys(keys, "IncludeDirectory", IncludeDirectories, resolve);
-    ReadDirectoryKeys(keys, "LibraryDirectory", LibraryDirectories, resolve);
-    ReadDirectoryKeys(keys, "LibraryExtension", LibraryExtensions, false);
-    Vhdl93DefaultSettingsEnabled = keys.ReadBool("UseVhdl93Defaults", true);
-    if (const auto delayType = keys.ReadText("DelayType"))
-        DelayType = ParseDelayType(std::string(TrimmedView(*delayType)).c_str());
-    PliDriven = keys.ReadBool("PliDriven", false);
-}
-
-void TProjectSimLanguageConfig::ReadDirectoryKeys(const TIniKeys& keys, const char* key,
-                                                  TUniqueTextList& list, bool resolve) const {
-    const auto texts = keys.ReadStringsFromINI(key);
-    if (!texts) return;
-    list.Clear();
-    for (const std::string& text : *texts) AddDirectory(list, text.c_str(), resolve);
 }
 
 void TProjectSimLanguageConfig::WriteToINI(const char* section, THdlLanguage language,
@@ -89,27 +122,5 @@ void TProjectSimLanguageConfig::WriteToINI(const char* section, THdlLanguage lan
     }
     TIniKeys(section, "").WriteText("SimTool", GetSimulatorNameFromType(Tool));
     const TIniKeys keys = KeysOf(section, Tool, bareKeys);
-    if (language == LANGUAGE_VERILOG) {
-        WriteDirectoryKeys(keys);
-        keys.WriteStringsToINI("LibraryExtension", GetLibraryExtensions());
-        keys.WriteBool("UseVhdl93Defaults", Vhdl93DefaultSettingsEnabled);
-        keys.WriteText("DelayType", GetDelayTypeFromEnum(DelayType));
-        keys.WriteBool("PliDriven", PliDriven);
-    }
-    keys.WriteText("ActiveSnapshotName", ActiveSnapshotName);
-    keys.WriteText("DestinationLibraryName", DestinationLibraryName);
-    if (language == LANGUAGE_TESTBUILDER) {
-        WriteDirectoryKeys(keys);
-        keys.WriteBool("RunOutputFileExecutable", RunOutputFileExecutable);
-        keys.WriteText("OutputFileName", OutputFileName.c_str());
-    }
-    keys.WriteText("AdditionalExtensions", AdditionalExtensions);
-    keys.WriteText("BuildOptions", BuildOptions);
-    keys.WriteText("LinkerOptions", LinkerOptions);
-    keys.WriteText("RuntimeOptions", RuntimeOptions);
-}
-
-void TProjectSimLanguageConfig::WriteDirectoryKeys(const TIniKeys& keys) const {
-    WriteRelativePathToINI(keys, "IncludeDirectory", GetIncludeDirectories(), ProjectFile);
-    WriteRelativePathToINI(keys, "LibraryDirectory", GetLibraryDirectories(), ProjectFile);
+    for (const auto& [setting, place] : IniSettingsOf(language)) WriteKey(keys, *setting, *this);
 }

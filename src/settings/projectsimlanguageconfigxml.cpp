@@ -1,5 +1,4 @@
 // The project-file form of TProjectSimLanguageConfig.
-#include "services/base/booltext.h"
 #include "services/base/fold.h"
 #include "services/files/pathtext.h"
 #include "services/logging/binarylog.h"
@@ -8,93 +7,92 @@
 #include "services/xml/xmlstream.h"
 #include "settings/languageoptionconversion.h"
 #include "settings/projectsettingsconfigurationsdata.h"
-#include "settings/settingnumber.h"
+#include "settings/settingtable.h"
 #include <algorithm>
 
 namespace {
 
 using namespace ProjectSettingsConfigurationsData;
 
-/// A setting whose element holds its text verbatim.
-struct TTextSetting {
-    const char* Element;
-    void (TProjectSimLanguageConfig::*Set)(const char*);
-};
-constexpr TTextSetting kTextSettings[] = {
-    {"ActiveSnapshotName", &TProjectSimLanguageConfig::SetActiveSnapshotName},
-    {"DestinationLibraryName", &TProjectSimLanguageConfig::SetDestinationLibraryName},
-    {"AdditionalExtensions", &TProjectSimLanguageConfig::SetAdditionalExtensions},
-    {"OutputFileName", &TProjectSimLanguageConfig::SetOutputFileName},
-    {"BuildOptions", &TProjectSimLanguageConfig::SetBuildOptions},
-    // Older files name the build options so.
-    {"SimulatorOptions", &TProjectSimLanguageConfig::SetBuildOptions},
-    {"CompilerOptions", &TProjectSimLanguageConfig::SetBuildOptions},
-    {"LinkerOptions", &TProjectSimLanguageConfig::SetLinkerOptions},
-    {"RuntimeOptions", &TProjectSimLanguageConfig::SetRuntimeOptions},
-};
-
-struct TBoolSetting {
-    const char* Element;
-    void (TProjectSimLanguageConfig::*Set)(bool);
-};
-constexpr TBoolSetting kBoolSettings[] = {
-    {"UseVhdl93Defaults", &TProjectSimLanguageConfig::SetVhdl93DefaultSettingsEnabled},
-    {"PliDriven", &TProjectSimLanguageConfig::SetPliDriven},
-    {"RunOutputFileExecutable", &TProjectSimLanguageConfig::SetRunOutputFileExecutable},
-    {"ForceTopLevel", &TProjectSimLanguageConfig::SetForceTopLevel},
-};
-
-void PushBoolElement(TXMLList* document, const char* name, bool value) {
-    PushTextElement(document, name, ConvertBooleanToStringBool(value));
-}
-
 /// The directory of the document's file; "" without one.
 std::string DirectoryOf(const TXMLList& document) {
     return document.GetFileName() ? document.GetFileName()->GetPathOnly() : "";
 }
 
-std::string WrittenDirectory(const std::string& directory, const std::string& base) {
-    if (base.empty() || HasOrvaneEnvVariable(directory.c_str())) return directory;
-    std::string relative;
-    IFileName::CreateRelativeFileName(base.c_str(), directory.c_str(), &relative, false, false);
-    // On another drive nothing is gained, and the list knows the directory by its own spelling.
-    return IsRelativePath(relative.c_str()) ? relative : directory;
+void WriteEntries(TXMLList* document, const TLanguageSetting& setting,
+                  const TProjectSimLanguageConfig& settings) {
+    const std::vector<std::string>& entries = (settings.*setting.Entries.Get)();
+    if (entries.empty()) return;
+    const bool areDirectories = setting.Kind == SETTING_DIRECTORIES;
+    const std::string base = areDirectories ? DirectoryOf(*document) : "";
+    PushStart(document, setting.Name);
+    for (const std::string& entry : entries)
+        PushTextElement(
+            document, setting.Entries.Element,
+            areDirectories ? TProjectSimLanguageConfig::GetWrittenDirectory(entry, base) : entry);
+    PushEnd(document, setting.Name);
 }
 
-void WriteTexts(TXMLList* document, const char* listName, const char* entryName,
-                const std::vector<std::string>& texts) {
-    if (texts.empty()) return;
-    PushStart(document, listName);
-    for (const std::string& text : texts) PushTextElement(document, entryName, text);
-    PushEnd(document, listName);
+void WriteSettings(TXMLList* document, const TProjectSimLanguageConfig& settings) {
+    for (const TLanguageSetting& setting : GetLanguageSettings()) {
+        if (IsListKind(setting.Kind)) {
+            WriteEntries(document, setting, settings);
+            continue;
+        }
+        const std::string text = setting.Get(settings);
+        if (!text.empty() || setting.IsWrittenEmpty) PushTextElement(document, setting.Name, text);
+    }
 }
 
-void WriteDirectories(TXMLList* document, const char* listName,
-                      const std::vector<std::string>& directories) {
-    const std::string base = DirectoryOf(*document);
-    std::vector<std::string> written;
-    written.reserve(directories.size());
-    for (const std::string& directory : directories)
-        written.push_back(WrittenDirectory(directory, base));
-    WriteTexts(document, listName, "Directory", written);
-}
-
-/// Reads the entries of a list, each called `entryName`, and stops on the END of the list, which is
-/// called as the START under `element`. False when anything else is met.
+/// Reads the entries of a list and stops on the END of the list, which is called as the START under
+/// `element`. False when anything else is met.
 template <class AddEntry>
-bool ReadEntries(TElementIterator& element, const char* entryName, AddEntry addEntry) {
-    const std::string listName = element.Current()->Name.Str();
+bool ReadEntries(TElementIterator& element, const TLanguageSetting& setting, AddEntry addEntry) {
     ++element;
-    while (IsAtStart(element, entryName)) {
+    while (IsAtStart(element, setting.Entries.Element)) {
         ++element;
         if (IsAtText(element)) {
             addEntry(element.Current()->Text.c_str());
             ++element;
         }
         SkipEnd(element);
-        if (IsAtEnd(element, listName.c_str())) return true;
+        if (IsAtEnd(element, setting.Name)) return true;
     }
     return false;
+}
+
+/// Replaces the list whole, once all of it is read.
+bool ReadDirectoryList(TElementIterator& element, const TLanguageSetting& setting,
+                       TProjectSimLanguageConfig& settings) {
+    std::vector<std::string> directories;
+    if (!ReadEntries(element, setting, [&directories](const char* directory) {
+            directories.emplace_back(directory);
+        }))
+        return false;
+    (settings.*setting.Entries.Clear)();
+    for (const std::string& directory : directories)
+        setting.Entries.Add(settings, directory.c_str(), true);
+    return true;
+}
+
+/// Adds to the list, entry by entry.
+bool ReadLibraryExtensionList(TElementIterator& element, const TLanguageSetting& setting,
+                              TProjectSimLanguageConfig& settings) {
+    return ReadEntries(element, setting, [&](const char* extension) {
+        setting.Entries.Add(settings, extension, false);
+    });
+}
+
+/// Leaves `element` on the text or on the END of the item. Unknown items are ignored.
+bool ReadItem(TElementIterator& element, TProjectSimLanguageConfig& settings) {
+    const TLanguageSetting* setting = FindLanguageSetting(element.Current()->Name.Str());
+    if (setting && setting->Kind == SETTING_DIRECTORIES)
+        return ReadDirectoryList(element, *setting, settings);
+    if (setting && setting->Kind == SETTING_LIST)
+        return ReadLibraryExtensionList(element, *setting, settings);
+    ++element;
+    if (setting && IsAtText(element)) setting->Set(settings, element.Current()->Text.c_str());
+    return true;
 }
 
 bool IsCppCompilerNamed() {
@@ -118,21 +116,18 @@ void TProjectSimLanguageConfig::WriteToProjectFile(TXMLList* document, THdlLangu
             kWriteWithoutSimulator);
         site.Report();
     }
-    PushTextElement(document, "SimTool", GetSimulatorNameFromType(Tool));
-    WriteDirectories(document, "IncludeDirectories", GetIncludeDirectories());
-    WriteDirectories(document, "LibraryDirectories", GetLibraryDirectories());
-    WriteTexts(document, "LibraryExtensions", "Extension", GetLibraryExtensions());
-    PushBoolElement(document, "UseVhdl93Defaults", Vhdl93DefaultSettingsEnabled);
-    PushTextElement(document, "DelayType", std::to_string(DelayType));
-    PushBoolElement(document, "PliDriven", PliDriven);
-    PushTextElement(document, "ActiveSnapshotName", ActiveSnapshotName.Str());
-    PushTextElement(document, "DestinationLibraryName", DestinationLibraryName.Str());
-    PushTextElement(document, "AdditionalExtensions", AdditionalExtensions.Str());
-    if (buildFileForm) AddBuildFileOptions(language, lineDebug);
-    WriteOptions(document, language, buildFileForm, forceMode3);
-    if (!OutputFileName.empty()) PushTextElement(document, "OutputFileName", OutputFileName);
-    PushBoolElement(document, "RunOutputFileExecutable", RunOutputFileExecutable);
-    PushBoolElement(document, "ForceTopLevel", ForceTopLevel);
+    if (!buildFileForm) return WriteSettings(document, *this);
+    AddBuildFileOptions(language, lineDebug);
+    WriteSettings(document, WithConvertedOptions(language, forceMode3));
+}
+
+std::string TProjectSimLanguageConfig::GetWrittenDirectory(const std::string& directory,
+                                                           const std::string& base) {
+    if (base.empty() || HasOrvaneEnvVariable(directory.c_str())) return directory;
+    std::string relative;
+    IFileName::CreateRelativeFileName(base.c_str(), directory.c_str(), &relative, false, false);
+    // On another drive nothing is gained, and the list knows the directory by its own spelling.
+    return IsRelativePath(relative.c_str()) ? relative : directory;
 }
 
 // What a build file asks of the simulator beyond the user's options.
@@ -148,22 +143,22 @@ void TProjectSimLanguageConfig::AddBuildFileOptions(THdlLanguage language, bool 
         BuildOptions = BuildOptions + " " + LinkerOptions;
 }
 
-void TProjectSimLanguageConfig::WriteOptions(TXMLList* document, THdlLanguage language,
-                                             bool buildFileForm, bool forceMode3) const {
+TProjectSimLanguageConfig TProjectSimLanguageConfig::WithConvertedOptions(THdlLanguage language,
+                                                                          bool forceMode3) const {
     TLanguageOptionTexts texts{BuildOptions.Str(), LinkerOptions.Str(), RuntimeOptions.Str()};
-    if (buildFileForm) {
-        const TOptionConversionMode mode = GetOptionConversionMode(Tool);
-        // The stored text holds the linker options once for each write; words that were typed in
-        // both texts could not be told from those.
-        if (mode == MODE_MERGED && IsOptionConversionSupported(language, Tool))
-            texts.Build = TypedBuildOptions.Str() + " " + texts.Linker;
-        texts = ConvertLanguageOptions(language, Tool, mode, !forceMode3, texts);
-        // Such a file only elaborates.
-        if (forceMode3 && IsOwnHdlSimulator(Tool)) texts.Build = texts.Linker;
-    }
-    PushTextElement(document, "BuildOptions", texts.Build);
-    PushTextElement(document, "LinkerOptions", texts.Linker);
-    PushTextElement(document, "RuntimeOptions", texts.Runtime);
+    const TOptionConversionMode mode = GetOptionConversionMode(Tool);
+    // The stored text holds the linker options once for each write; words that were typed in both
+    // texts could not be told from those.
+    if (mode == MODE_MERGED && IsOptionConversionSupported(language, Tool))
+        texts.Build = TypedBuildOptions.Str() + " " + texts.Linker;
+    texts = ConvertLanguageOptions(language, Tool, mode, !forceMode3, texts);
+    TProjectSimLanguageConfig converted(*this);
+    // With the force, the file only elaborates.
+    const bool onlyElaborates = forceMode3 && IsOwnHdlSimulator(Tool);
+    converted.BuildOptions = onlyElaborates ? texts.Linker : texts.Build;
+    converted.LinkerOptions = texts.Linker;
+    converted.RuntimeOptions = texts.Runtime;
+    return converted;
 }
 
 bool TProjectSimLanguageConfig::ReadFromFile(TElementIterator& element,
@@ -187,51 +182,11 @@ bool TProjectSimLanguageConfig::ReadFromFile(TElementIterator& element,
             ++element;
             continue;
         }
-        if (!ReadItem(element)) return false;
+        if (!ReadItem(element, *this)) return false;
         if (IsAtText(element)) ++element;
         SkipEnd(element);
     }
     return false;
-}
-
-// Leaves `element` on the text or on the END of the item.
-bool TProjectSimLanguageConfig::ReadItem(TElementIterator& element) {
-    if (IsAtStart(element, "IncludeDirectories"))
-        return ReadDirectoryList(element, IncludeDirectories);
-    if (IsAtStart(element, "LibraryDirectories"))
-        return ReadDirectoryList(element, LibraryDirectories);
-    if (IsAtStart(element, "LibraryExtensions")) return ReadLibraryExtensionList(element);
-    const std::string name = element.Current()->Name.Str();
-    ++element;
-    if (IsAtText(element)) ReadSetting(name, element.Current()->Text.Str());
-    return true;
-}
-
-bool TProjectSimLanguageConfig::ReadDirectoryList(TElementIterator& element,
-                                                  TUniqueTextList& list) const {
-    TUniqueTextList directories;
-    if (!ReadEntries(element, "Directory",
-                     [&](const char* directory) { AddDirectory(directories, directory, true); }))
-        return false;
-    list = std::move(directories);
-    return true;
-}
-
-bool TProjectSimLanguageConfig::ReadLibraryExtensionList(TElementIterator& element) {
-    return ReadEntries(element, "Extension",
-                       [this](const char* extension) { AddLibraryExtension(extension); });
-}
-
-void TProjectSimLanguageConfig::ReadSetting(const std::string& name, const std::string& text) {
-    if (name == "SimTool") return ReadTool(std::string(TrimmedView(text)));
-    if (name == "DelayType") {
-        DelayType = static_cast<TSimProjectDelayType>(LeadingNumber(text));
-        return;
-    }
-    for (const TBoolSetting& setting : kBoolSettings)
-        if (name == setting.Element) (this->*setting.Set)(ConvertStringBoolToBoolean(text.c_str()));
-    for (const TTextSetting& setting : kTextSettings)
-        if (name == setting.Element) (this->*setting.Set)(text.c_str());
 }
 
 void TProjectSimLanguageConfig::ReadTool(const std::string& text) {

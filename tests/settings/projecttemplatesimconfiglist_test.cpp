@@ -27,7 +27,7 @@ const std::string kNamesSection = "[TemplateConfigurationNameList]\n";
 
 /// The lines of a file's first sections, up to those of the first configuration.
 std::string NamesPart(const std::string& text) {
-    return text.substr(0, text.find("_GeneralConfiguration]"));
+    return text.substr(0, text.find("_GeneralConfiguration"));
 }
 
 }  // namespace
@@ -209,6 +209,23 @@ TEST(ProjectTemplateSimConfigList, ReadsEachConfigurationOverTheDefaults) {
     std::string expected = TemplateText("c", false, 1, 18);
     expected.replace(expected.find("simulation.log"), 14, "c.log");
     EXPECT_EQ(TextOf(*list.GetConfigurations()[0]), expected);
+}
+
+TEST(ProjectTemplateSimConfigList, StoresANameWithLineEndsWithBlanksAndLogsIt) {
+    const IniFiles ini;
+    RecordingLog log;
+    TList list;
+    Fill(list, {"a\nb"});
+    list.GetConfigurations()[0]->GetGeneralConfiguration()->SetLogFileName("own.log");
+    list.WriteToINI();
+    EXPECT_EQ(log.Take(),
+              "INI value stored with blanks for line ends, section "
+              "\"TemplateConfigurationNameList\", key \"ConfigurationName1\"\n");
+    EXPECT_EQ(NamesPart(ini.Saved()), kSelectedSection + "SelectedConfigurationName=\n\n" +
+                                          kNamesSection + "ConfigurationName1=a b\n\n[\"a%0Ab");
+    TList read;
+    read.ReadFromINI();
+    EXPECT_EQ(TextOf(*read.Find("a b")), ConfigurationDefaults("a b", false));
 }
 
 TEST(ProjectTemplateSimConfigList, ConfigurationsDroppedByReadingStayValid) {

@@ -40,6 +40,7 @@ bool IsKept(TSettingKind kind, const std::string& text, THdlLanguage language) {
         case SETTING_NAME:
         case SETTING_TEXT:
         case SETTING_LIST:
+        case SETTING_DIRECTORIES:
             return true;
     }
     return true;
@@ -114,7 +115,7 @@ private:
     bool WalkGeneral(const std::string& configuration) {
         const std::string place = "GeneralConfiguration in " + configuration;
         for (const auto& [name, value] : Element.Current()->GetAttributes()) {
-            const TGeneralKey* key = FindGeneralKey(name);
+            const TGeneralSetting* key = FindGeneralSetting(name);
             if (!key) return LoseAttribute(name, place);
             if (!IsKept(key->Kind, value, LANGUAGE_NONE))
                 return LoseValue(name, value, "in " + configuration);
@@ -138,7 +139,7 @@ private:
 
     bool WalkSetting(std::set<std::string>* met) {
         const std::string element = Element.Current()->Name.Str();
-        const TLanguageKey* key = FindLanguageKey(element);
+        const TLanguageSetting* key = FindLanguageSetting(element);
         if (!key) return LoseElement(Place);
         if (!HasOnly({}, element + " of " + Place)) return false;
         // An element without a text sets nothing.
@@ -147,10 +148,10 @@ private:
         const bool isSet = content.NotAtTail() && content.Current()->ElemType != TElement::END;
         if (isSet && !met->insert(key->Name).second)
             return Lose(std::string(key->Name) + " of " + Place + " more than once");
-        return key->Kind == SETTING_LIST ? WalkList(*key) : WalkValue(*key, element);
+        return IsListKind(key->Kind) ? WalkList(*key) : WalkValue(*key, element);
     }
 
-    bool WalkValue(const TLanguageKey& key, const std::string& element) {
+    bool WalkValue(const TLanguageSetting& key, const std::string& element) {
         ++Element;
         if (IsText()) {
             const std::string text = Element.Current()->Text.Str();
@@ -162,7 +163,7 @@ private:
         return true;
     }
 
-    bool WalkList(const TLanguageKey& key) {
+    bool WalkList(const TLanguageSetting& key) {
         const std::string place = std::string(key.Name) + " of " + Place;
         return WalkChildren(place, [&] {
             const std::string entry = Element.Current()->Name.Str();

@@ -19,18 +19,18 @@ public:
         : Configuration(configuration), Arguments(arguments), Directory(std::move(directory)) {}
 
     std::string Make() {
-        if (const TGeneralKey* key = FindGeneralKey(Arguments.Key)) {
+        if (const TGeneralSetting* key = FindGeneralSetting(Arguments.Key)) {
             if (!Arguments.Language.empty())
                 return Arguments.Key + " does not depend on a language";
             return SetValue(*key, *Configuration.GetGeneralConfiguration(), LANGUAGE_NONE);
         }
-        const TLanguageKey* key = FindLanguageKey(Arguments.Key);
+        const TLanguageSetting* key = FindLanguageSetting(Arguments.Key);
         if (!key) return "unknown setting '" + Arguments.Key + "'; known: " + KnownKeys();
         const THdlLanguage language = GetHdlLanguageFromString(Arguments.Language.c_str());
         TProjectSimLanguageConfig* settings = Configuration.GetProjectLanguageConfig(language);
         if (!settings) return LanguageComplaint();
-        if (const TListKey* list = FindListKey(key->Name)) return ChangeList(*list, *settings);
-        return SetValue(*key, *settings, language);
+        return IsListKind(key->Kind) ? ChangeList(*key, *settings)
+                                     : SetValue(*key, *settings, language);
     }
 
 private:
@@ -50,36 +50,37 @@ private:
     }
 
     template <class TSettings>
-    std::string SetValue(const TSettingKey<TSettings>& key, TSettings& settings,
+    std::string SetValue(const TSetting<TSettings>& key, TSettings& settings,
                          THdlLanguage language) const {
         if (ChangesEntries()) return Arguments.Key + " is no list: give one VALUE";
         if (Arguments.Words.size() != 1) return Arguments.Key + " takes one VALUE";
         const std::string& text = Arguments.Words.front();
         const std::string complaint = ValueComplaint(key.Kind, text, language);
         if (!complaint.empty()) return Arguments.Key + " '" + text + "': " + complaint;
-        key.Set(settings, text.c_str());
+        key.Set(settings, FileTextOf(key.Kind, text).c_str());
         return "";
     }
 
-    std::string ChangeList(const TListKey& list, TProjectSimLanguageConfig& settings) const {
+    std::string ChangeList(const TLanguageSetting& list,
+                           TProjectSimLanguageConfig& settings) const {
         if (!ChangesEntries() || !Arguments.Words.empty())
             return Arguments.Key + " is a list: give --add, --remove or --clear";
-        if (Arguments.ClearEntries) (settings.*list.Clear)();
+        if (Arguments.ClearEntries) (settings.*list.Entries.Clear)();
         for (const std::string& entry : Arguments.RemovedEntries)
             if (!RemoveEntry(list, settings, entry))
                 return "'" + entry + "' is not listed in " + Arguments.Key +
                        "; listed: " + JoinNames(ListEntries(list, settings, Directory));
         for (const std::string& entry : Arguments.AddedEntries) {
             if (entry.empty()) return "an entry of " + Arguments.Key + " is not empty";
-            if (!IsListed(list, settings, entry)) list.Add(settings, entry.c_str());
+            if (!IsListed(list, settings, entry)) list.Entries.Add(settings, entry.c_str(), true);
         }
         return "";
     }
 
     /// The same text for all ways to write an entry: directories are listed with and without
     /// final delimiter, and relative or absolute.
-    std::string MeaningOf(const TListKey& list, const std::string& entry) const {
-        if (!list.HoldsDirectories) return entry;
+    std::string MeaningOf(const TLanguageSetting& list, const std::string& entry) const {
+        if (list.Kind != SETTING_DIRECTORIES) return entry;
         std::string text = entry;
         if (!HasOrvaneEnvVariable(entry.c_str())) {
             TUtilFileName path(Directory.c_str());
@@ -90,22 +91,22 @@ private:
         return text;
     }
 
-    bool IsListed(const TListKey& list, const TProjectSimLanguageConfig& settings,
+    bool IsListed(const TLanguageSetting& list, const TProjectSimLanguageConfig& settings,
                   const std::string& entry) const {
-        const std::vector<std::string>& entries = (settings.*list.Get)();
+        const std::vector<std::string>& entries = (settings.*list.Entries.Get)();
         return std::any_of(entries.begin(), entries.end(), [&](const std::string& listed) {
             return MeaningOf(list, listed) == MeaningOf(list, entry);
         });
     }
 
-    bool RemoveEntry(const TListKey& list, TProjectSimLanguageConfig& settings,
+    bool RemoveEntry(const TLanguageSetting& list, TProjectSimLanguageConfig& settings,
                      const std::string& entry) const {
         if (!IsListed(list, settings, entry)) return false;
-        const std::vector<std::string> entries = (settings.*list.Get)();
-        (settings.*list.Clear)();
+        const std::vector<std::string> entries = (settings.*list.Entries.Get)();
+        (settings.*list.Entries.Clear)();
         for (const std::string& kept : entries)
             if (MeaningOf(list, kept) != MeaningOf(list, entry))
-                list.Restore(settings, kept.c_str());
+                list.Entries.Add(settings, kept.c_str(), false);
         return true;
     }
 

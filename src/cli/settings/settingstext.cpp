@@ -1,24 +1,13 @@
 #include "cli/settings/settingstext.h"
 #include "cli/frame/texts.h"
-#include "services/names/environment.h"
-#include "services/names/ifilename.h"
 #include "settings/storedlanguages.h"
 
 namespace {
 
-// The form in which a project file holds a directory.
-std::string WrittenDirectory(const std::string& directory, const std::string& baseDirectory) {
-    if (baseDirectory.empty() || HasOrvaneEnvVariable(directory.c_str())) return directory;
-    std::string relative;
-    IFileName::CreateRelativeFileName(baseDirectory.c_str(), directory.c_str(), &relative, false,
-                                      false);
-    return relative;
-}
-
-TJson ValueOf(const TLanguageKey& key, const TProjectSimLanguageConfig& settings,
+TJson ValueOf(const TLanguageSetting& setting, const TProjectSimLanguageConfig& settings,
               const std::string& baseDirectory) {
-    const TListKey* list = FindListKey(key.Name);
-    return list ? TJson(ListEntries(*list, settings, baseDirectory)) : key.Get(settings);
+    return IsListKind(setting.Kind) ? TJson(ListEntries(setting, settings, baseDirectory))
+                                    : ValueOf(setting.Kind, setting.Get(settings));
 }
 
 }  // namespace
@@ -26,22 +15,25 @@ TJson ValueOf(const TLanguageKey& key, const TProjectSimLanguageConfig& settings
 std::vector<TSettingValue> ListSettings(const TProjectSimConfig& configuration,
                                         const std::string& baseDirectory) {
     std::vector<TSettingValue> values;
-    for (const TGeneralKey& key : GeneralKeys())
-        values.push_back({"", key.Name, key.Get(*configuration.GetGeneralConfiguration())});
+    for (const TGeneralSetting& setting : GetGeneralSettings())
+        values.push_back(
+            {"", setting.Name,
+             ValueOf(setting.Kind, setting.Get(*configuration.GetGeneralConfiguration()))});
     for (const THdlLanguage language : LanguagesOf(configuration))
-        for (const TLanguageKey& key : LanguageKeys())
-            values.push_back(
-                {GetStringFromHdlLanguage(language), key.Name,
-                 ValueOf(key, *configuration.GetProjectLanguageConfig(language), baseDirectory)});
+        for (const TLanguageSetting& setting : GetLanguageSettings())
+            values.push_back({GetStringFromHdlLanguage(language), setting.Name,
+                              ValueOf(setting, *configuration.GetProjectLanguageConfig(language),
+                                      baseDirectory)});
     return values;
 }
 
-std::vector<std::string> ListEntries(const TListKey& list,
+std::vector<std::string> ListEntries(const TLanguageSetting& list,
                                      const TProjectSimLanguageConfig& settings,
                                      const std::string& baseDirectory) {
-    std::vector<std::string> entries = (settings.*list.Get)();
-    if (list.HoldsDirectories)
-        for (std::string& entry : entries) entry = WrittenDirectory(entry, baseDirectory);
+    std::vector<std::string> entries = (settings.*list.Entries.Get)();
+    if (list.Kind == SETTING_DIRECTORIES)
+        for (std::string& entry : entries)
+            entry = TProjectSimLanguageConfig::GetWrittenDirectory(entry, baseDirectory);
     return entries;
 }
 

@@ -18,7 +18,7 @@ std::vector<TSettingValue> ListSettings(const TProjectSimConfig& configuration,
                                         const std::string& baseDirectory);
 
 /// The entries of a list, directories in the same form as in ListSettings.
-std::vector<std::string> ListEntries(const TListKey& list,
+std::vector<std::string> ListEntries(const TLanguageSetting& list,
                                      const TProjectSimLanguageConfig& settings,
                                      const std::string& baseDirectory);
 

@@ -1,6 +1,8 @@
 #include "services/base/fold.h"
 
+#include <charconv>
 #include <cstdint>
+#include <limits>
 
 std::string FoldCase(std::string_view text) {
     std::string folded(text);
@@ -30,4 +32,13 @@ std::string_view TrimmedView(std::string_view text) {
     const auto first = text.find_first_not_of(kWhiteSpace);
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
+}
+
+int LeadingNumber(std::string_view text) {
+    text = TrimmedView(text);
+    if (text.starts_with('+') && text.size() > 1 && IsDecimalDigit(text[1])) text.remove_prefix(1);
+    int number = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (result.ec != std::errc::result_out_of_range) return number;
+    return text.front() == '-' ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
 }

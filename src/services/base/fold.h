@@ -15,5 +15,13 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b);
 /// The hash of FoldCase(text), without making it.
 std::size_t HashIgnoringCase(std::string_view text);
 
+constexpr bool IsDecimalDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+/// The number that `text` begins with, as atoi reads it (white space and one sign allowed, 0 for a
+/// text that is none), clamped to the range of int.
+int LeadingNumber(std::string_view text);
+
 /// `text` without blank, \t, \n, \v, \f and \r at both ends.
 std::string_view TrimmedView(std::string_view text);

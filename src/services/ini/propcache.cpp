@@ -9,10 +9,8 @@
 #include "services/logging/binarylog.h"
 #include "services/names/isfilename.h"
 #include <algorithm>
-#include <charconv>
 #include <cstdlib>
 #include <cstring>
-#include <limits>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -69,16 +67,6 @@ std::string WithoutLineEnds(const std::string& value) {
         line += value[i] == '\r' || value[i] == '\n' ? ' ' : value[i];
     }
     return line;
-}
-
-int LeadingNumber(std::string_view text) {
-    text = TrimmedView(text);
-    if (text.starts_with('+')) text.remove_prefix(1);
-    int number = 0;
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (result.ec != std::errc::result_out_of_range) return number;
-    using TLimits = std::numeric_limits<int>;
-    return text.starts_with('-') ? TLimits::min() : TLimits::max();
 }
 
 }  // namespace

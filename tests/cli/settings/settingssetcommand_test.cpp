@@ -173,6 +173,18 @@ TEST(SettingsSetCommand, ReportsAListAsItReadsBack) {
               Saved("Verilog LibraryExtensions: [\".v\"] -> []"));
 }
 
+TEST(SettingsSetCommand, ReportsADirectoryOfAnotherDriveAsItIsSaved) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj", "<SimulationProject/>");
+    RunHdlbuild({"settings", "p.hpj", "copy", "NCSim", "Release"});
+    EXPECT_EQ(
+        Set({"LibraryDirectories", "--language", "Verilog", "--clear", "--add", "Q:/ip/inc/"}),
+        Saved("Verilog LibraryDirectories: [\"lib/verilog\",\"lib\"] -> [\"Q:/ip/inc/\"]"));
+    const std::string shown = RunHdlbuild({"settings", "p.hpj", "show"}).Out;
+    EXPECT_NE(shown.find("  LibraryDirectories                Q:/ip/inc/\n"), std::string::npos);
+    EXPECT_NE(folder.Read("p.hpj").find("<Directory>Q:/ip/inc/</Directory>"), std::string::npos);
+}
+
 TEST(SettingsSetCommand, KnowsADirectoryInEveryForm) {
     const WorkingFolder folder;
     folder.Write("p.hpj",

@@ -63,3 +63,32 @@ TEST(Fold, TrimsWhiteSpaceAtBothEnds) {
     };
     for (const auto& row : rows) EXPECT_EQ(TrimmedView(row.text), row.trimmed);
 }
+
+TEST(Fold, ReadsTheNumberThatATextBeginsWith) {
+    struct Row {
+        const char* text;
+        int number;
+    };
+    const Row rows[] = {
+        {"0", 0},
+        {"42", 42},
+        {" \t-7 x", -7},
+        {"+5", 5},
+        {"+-5", 0},
+        {"-+5", 0},
+        {"++5", 0},
+        {"+", 0},
+        {"-", 0},
+        {"", 0},
+        {"+ 5", 0},
+        {"12abc", 12},
+        {"abc", 0},
+        {"3.9", 3},
+        {"2147483647", 2147483647},
+        {"2147483648", 2147483647},
+        {"+99999999999", 2147483647},
+        {"-2147483648", -2147483647 - 1},
+        {"-99999999999", -2147483647 - 1},
+    };
+    for (const auto& row : rows) EXPECT_EQ(LeadingNumber(row.text), row.number) << row.text;
+}

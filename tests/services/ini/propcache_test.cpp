@@ -155,6 +155,7 @@ TEST(PropCache, ReadsBooleansAndNumbers) {
         {"42", false, 42},
         {" -7 ", false, -7},
         {"+5", false, 5},
+        {"+-5", false, 0},
         {"12abc", false, 12},
         {"abc", false, 0},
         {"YES", true, 0},
