@@ -15,8 +15,8 @@ class TXMLList;
 /// file. The lists are owned, the sources are not.
 class HDLBUILDFILE_API TSourceFileGroups {
 public:
-    /// `owner` makes the sources that are read and must outlive the groups. Outside a build there is
-    /// none to pass: with null, sources are added, none are read.
+    /// `owner` makes the sources that are read and must outlive the groups. Outside a build there
+    /// is none to pass: with null, sources are added, none are read.
     explicit TSourceFileGroups(TSourceFileOwner* owner);
     ~TSourceFileGroups();
     TSourceFileGroups(const TSourceFileGroups&) = delete;

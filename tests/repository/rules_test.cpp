@@ -79,11 +79,10 @@ TEST(Rules, ConsultOneEnvironmentVariableByName) {
               "services/files/process_windows.cpp: GetEnvironmentText(\"APPDATA\"\n"
               "settings/projectsimlanguageconfigxml.cpp: "
               "GetEnvironmentVariableText(\"ORVANE_CPP_COMPILER\"\n");
-    EXPECT_EQ(
-        MatchesInLibrary(std::regex("\\b([Gg]etenv|GetEnvironmentStrings\\w*|environ|"
-                                    "GetEnvironmentVariable[AW]?|ExpandEnvironment\\w*)\\b")),
-        "services/files/process_posix.cpp: getenv\n"
-        "services/files/process_windows.cpp: GetEnvironmentVariableW\n");
+    EXPECT_EQ(MatchesInLibrary(std::regex("\\b([Gg]etenv|GetEnvironmentStrings\\w*|environ|"
+                                          "GetEnvironmentVariable[AW]?|ExpandEnvironment\\w*)\\b")),
+              "services/files/process_posix.cpp: getenv\n"
+              "services/files/process_windows.cpp: GetEnvironmentVariableW\n");
 }
 
 TEST(Rules, HaveNoThreadsAndOneLock) {

@@ -321,9 +321,13 @@ TEST(ProjectSimConfig, ReadsBackWhatItWroteToTheIniFile) {
     TConfig read(false);
     read.SetName("Mine");
     read.ReadFromINI();
-    std::string expected = Replaced(ConfigurationDefaults("Mine", true), "log", "bench", "parse bench");
-    const std::pair<const char*, const char*> names[] = {
-        {"[0]", "Verilog"}, {"[1]", "VHDL"}, {"[2]", "Bluespec"}, {"[4]", "C++"}, {"[7]", "TestBuilder"}};
+    std::string expected =
+        Replaced(ConfigurationDefaults("Mine", true), "log", "bench", "parse bench");
+    const std::pair<const char*, const char*> names[] = {{"[0]", "Verilog"},
+                                                         {"[1]", "VHDL"},
+                                                         {"[2]", "Bluespec"},
+                                                         {"[4]", "C++"},
+                                                         {"[7]", "TestBuilder"}};
     for (const auto& [section, name] : names)
         expected = Replaced(expected, section, "snapshot=<> destination=<work>",
                             "snapshot=<" + std::string(name) + "> destination=<gates>");
