@@ -170,6 +170,8 @@ TEST(MergedIniText, StoresAwkwardNamesSoThatTheyReadBack) {
         {"\"50%\"", "k", "[\"%2250%25%22\"]\nk=v\n"},
         {"50%", "50%", "[50%]\n50%=v\n"},
         {"A", "a=b", "[A]\n\"a%3Db\"=v\n"},
+        {"A", "a=b~", "[A]\n\"a%3Db~\"=v\n"},
+        {"A~", "k~", "[A~]\nk~=v\n"},
         {"A", ";k", "[A]\n\"%3Bk\"=v\n"},
         {"A", "#k", "[A]\n\"%23k\"=v\n"},
         {"A", "[k]", "[A]\n\"%5Bk]\"=v\n"},

@@ -403,6 +403,11 @@ TEST(SFileName, MakesAVirtualFileReal) {
     EXPECT_TRUE(name->ConvertVirtualFileToTempFile());
     EXPECT_FALSE(name->IsVirtualFile());
     EXPECT_EQ(folder.Read("a.v"), "");
+    folder.Write("a.v", "kept");
+    name->SetAsVirtualFile();
+    EXPECT_TRUE(name->ConvertVirtualFileToTempFile());
+    EXPECT_FALSE(name->IsVirtualFile());
+    EXPECT_EQ(folder.Read("a.v"), "kept");
     name->SetAsVirtualFile();
     name->StripVirtualState();
     EXPECT_FALSE(name->IsVirtualFile());

@@ -51,12 +51,14 @@ TEST(UtilFileName, HoldsADirectoryAfterPushDirectory) {
         {"D:\\p", "..", "D:\\", "D:\\"},
         {"/p", "C:", "C:\\", "C:\\"},
         {"/p/q", "", HostForm("/p/q"), HostForm("/p/q")},
+        {"/p/q", nullptr, HostForm("/p/q"), HostForm("/p/q")},
     };
     for (const auto& row : rows) {
+        const std::string label = row.Pushed ? row.Pushed : "null";
         TUtilFileName name(row.Held);
         name.PushDirectory(row.Pushed);
-        EXPECT_EQ(name.Canonical(), row.Canonical) << row.Pushed;
-        EXPECT_EQ(name.CanonicalWithoutFinalSlash(), row.WithoutSlash) << row.Pushed;
+        EXPECT_EQ(name.Canonical(), row.Canonical) << label;
+        EXPECT_EQ(name.CanonicalWithoutFinalSlash(), row.WithoutSlash) << label;
     }
 }
 
@@ -91,6 +93,9 @@ TEST(UtilFileName, PopsPartByPart) {
     TUtilFileName above("/p/q/r/..");
     above.Pop();
     EXPECT_EQ(above.Canonical(), HostForm("/p/"));
+    TUtilFileName same("/p/q/.");
+    same.Pop();
+    EXPECT_EQ(same.Canonical(), HostForm("/p/"));
 }
 
 TEST(UtilFileName, TellsAndStripsParts) {

@@ -41,6 +41,7 @@ TEST(XMLText, FindsTheCharactersThatXMLCannotHold) {
         {"\x0B", 0, "U+000B"},
         {"abc\x1F with seven others", 3, "U+001F"},
         {"x\xEF\xBF\xBE", 1, "U+FFFE"},
+        {"\xEF\xBF\xBE with others", 0, "U+FFFE"},
         {"abcdefgh\xEF\xBF\xBF", 8, "U+FFFF"},
     };
     for (const Row& row : rows) {
