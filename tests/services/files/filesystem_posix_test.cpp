@@ -76,4 +76,37 @@ TEST(PosixFileSystem, TellsAMissingFileFromOneThatItCannotSee) {
     EXPECT_TRUE(unknown.IsUnknown);
 }
 
+TEST(PosixFileSystem, TellsAFileThatCannotBeReadToItsEnd) {
+    if (access("/proc/self/mem", R_OK) != 0) GTEST_SKIP() << "no file here has unreadable bytes";
+    TPosixFileSystem system;
+    std::string bytes;
+    const TFileResult result = system.Read("/proc/self/mem", &bytes);
+    EXPECT_EQ(result.Fault, TFileFault::Other);
+    EXPECT_EQ(result.Reason, "Input/output error");
+}
+
+TEST(PosixFileSystem, TakesTheRootWhenTheWorkingDirectoryIsGone) {
+    TPosixFileSystem system;
+    const std::string former = system.GetWorkingDirectory({});
+    std::string inside, gone;
+    {
+        const TemporaryFolder folder;
+        ASSERT_TRUE(system.ChangeWorkingDirectory(folder.Path()).IsDone());
+        inside = system.GetWorkingDirectory({});
+        EXPECT_EQ(inside, system.ExpandLinks(folder.Path()));
+    }
+    gone = system.GetWorkingDirectory({});
+    EXPECT_TRUE(system.ChangeWorkingDirectory(former).IsDone());
+    EXPECT_EQ(gone, "/");
+}
+
+TEST(PosixFileSystem, TellsWhatMayBeReadAndWritten) {
+    TPosixFileSystem system;
+    const TemporaryFolder folder;
+    folder.Write("file", "");
+    EXPECT_TRUE(system.CanRead(folder.Path("file")) && system.CanWrite(folder.Path("file")));
+    EXPECT_FALSE(system.CanRead(folder.Path("none")) || system.CanWrite(folder.Path("none")));
+    EXPECT_FALSE(system.CanRead("file") || system.CanWrite("file"));
+}
+
 }  // namespace

@@ -133,6 +133,7 @@ TEST(PathText, QuotesOnlyWhatNeedsIt) {
     } rows[] = {
         {"", ""},
         {"a.v", "a.v"},
+        {"a~b.v", "a~b.v"},
         {"a b.v", "\"a b.v\""},
         {"a\tb.v", "\"a\tb.v\""},
         {"a\nb.v", "a\nb.v"},

@@ -54,6 +54,27 @@ TEST(PropCache, ReadsTheUsersFileFirstThenTheSystems) {
     EXPECT_FALSE(cache.HasPrivateProp("A", "none"));
 }
 
+TEST(PropCache, TakesNothingFromAFileThatIsNoText) {
+    RecordingLog log(1);
+    const TemporaryFolder folder;
+    const auto user = folder.Write("user.ini", std::string("[A]\nk=v\n\0", 9));
+    const TPropCache cache(user.c_str(), nullptr);
+    EXPECT_EQ(cache.GetPrivatePropText("A", "k", "-"), "-");
+    EXPECT_EQ(log.Take(), "Cannot read \"" + user + "\": it is not a text file\n");
+}
+
+TEST(PropCache, LeavesAFileAloneThatHoldsAllAlready) {
+    const TemporaryFolder folder;
+    const auto user = folder.Write("user.ini", "[A]\nk=v\n");
+    const auto old = std::filesystem::last_write_time(user) - std::chrono::hours(1);
+    std::filesystem::last_write_time(user, old);
+    TPropCache cache(user.c_str(), nullptr);
+    cache.WritePrivatePropString("A", "k", "w");
+    cache.WritePrivatePropString("A", "k", "v");
+    EXPECT_TRUE(cache.Flush());
+    EXPECT_TRUE(std::filesystem::last_write_time(user) == old);
+}
+
 TEST(PropCache, WorksWithoutFiles) {
     RecordingLog log(1);
     {

@@ -29,6 +29,17 @@ TEST(XMLText, ConvertsOnlyTheBytesThatAreNotUtf8) {
     }
 }
 
+TEST(XMLText, LooksAtEachOfEightBytes) {
+    for (std::size_t i = 0; i < 8; ++i) {
+        std::string foreign = "abcdefgh", converted = "abcdefgh", forbidden = "abcdefgh";
+        foreign[i] = '\xE4';
+        converted.replace(i, 1, "\xC3\xA4");
+        forbidden[i] = '\x1F';
+        EXPECT_EQ(ToUtf8(foreign), converted);
+        EXPECT_EQ(FindForbiddenCharacter(forbidden), i);
+    }
+}
+
 TEST(XMLText, FindsTheCharactersThatXMLCannotHold) {
     struct Row {
         std::string Text;
