@@ -88,7 +88,7 @@ template struct TUseOf<TIHdlSourceFileList>;
 template struct TUseOf<TMyString>;
 template struct TUseOf<TProjectComponent>;
 template struct TUseOf<TProjectDiagramSimConfig>;
-template struct TUseOf<TProjectFile>;
+template struct TUseOf<THpjFile>;
 template struct TUseOf<TProjectSimConfig>;
 template struct TUseOf<TProjectSimConfigList>;
 template struct TUseOf<TProjectSimGeneralConfig>;

@@ -96,7 +96,7 @@ const std::vector<TClassTraits> kClasses = {
     Row<TMyString>("TMyString"),
     Row<TProjectComponent>("TProjectComponent"),
     Row<TProjectDiagramSimConfig>("TProjectDiagramSimConfig"),
-    Row<TProjectFile>("TProjectFile"),
+    Row<THpjFile>("THpjFile"),
     Row<TProjectSimConfig>("TProjectSimConfig"),
     Row<TProjectSimConfigList>("TProjectSimConfigList"),
     Row<TProjectSimGeneralConfig>("TProjectSimGeneralConfig"),

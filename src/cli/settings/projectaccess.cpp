@@ -57,17 +57,16 @@ TProjectAccess::TProjectAccess(const TSettingsArguments& arguments, const TToolS
 
 int TProjectAccess::Read(bool mayBeMissing) {
     const TQuietMessageBox quiet;
-    const TProjectFileResult result = Project.Read(&Settings);
+    const THpjFileResult result = Project.Read(&Settings);
     StateRead = StateOf(Settings);
     SavedUnchanged = StateOfSaved();
-    if (result == PROJECT_FILE_DONE || (result == PROJECT_FILE_MISSING && mayBeMissing))
-        return kExitDone;
-    if (result == PROJECT_FILE_UNREADABLE)
+    if (result == HPJ_FILE_DONE || (result == HPJ_FILE_MISSING && mayBeMissing)) return kExitDone;
+    if (result == HPJ_FILE_UNREADABLE)
         ReportReadError(Project.GetReadError(), Arguments.Project, Streams);
     else
-        ReportError(Streams, Arguments.Project + ": " + TProjectFile::GetErrorString(result));
+        ReportError(Streams, Arguments.Project + ": " + THpjFile::GetErrorString(result));
     const bool isProblem =
-        result == PROJECT_FILE_INVALID_SETTINGS || result == PROJECT_FILE_REPEATED_SETTINGS;
+        result == HPJ_FILE_INVALID_SETTINGS || result == HPJ_FILE_REPEATED_SETTINGS;
     return isProblem ? kExitProblems : kExitFile;
 }
 
@@ -108,9 +107,9 @@ int TProjectAccess::Save(const char* verb) {
 
 std::string TProjectAccess::WriteFile() {
     const TQuietMessageBox quiet;
-    const TProjectFileResult result = Project.Save(&Settings);
-    if (result == PROJECT_FILE_NOT_WRITTEN && !quiet.GetText().empty()) return quiet.GetText();
-    return TProjectFile::GetErrorString(result);
+    const THpjFileResult result = Project.Save(&Settings);
+    if (result == HPJ_FILE_NOT_WRITTEN && !quiet.GetText().empty()) return quiet.GetText();
+    return THpjFile::GetErrorString(result);
 }
 
 // Saving alone changes some values, such as the include lists of languages that the file did not

@@ -1,7 +1,7 @@
 #pragma once
 #include "cli/frame/changereport.h"
 #include "cli/settings/commands.h"
-#include "settings/projectfile.h"
+#include "settings/hpjfile.h"
 #include "settings/projectsimsettings.h"
 #include "settings/projecttemplatesimconfiglist.h"
 #include <string>
@@ -40,7 +40,7 @@ private:
     const TSettingsArguments& Arguments;
     const TToolStreams& Streams;
     const ISFileName* File;
-    TProjectFile Project;
+    THpjFile Project;
     TProjectSimSettings Settings;
     TState StateRead;
     TState SavedUnchanged;  // what a save without any change would read back as

@@ -1,4 +1,4 @@
-#include "settings/projectfile.h"
+#include "settings/hpjfile.h"
 #include "settings/projectsimsettings.h"
 #include "tests/services/names/hostform.h"
 #include "tests/settings/configurationtext.h"
@@ -55,11 +55,11 @@ std::string DifferencesOf(const std::string& before, const std::string& after) {
 }
 
 /// Reads the file and saves it with a different log file in its first configuration.
-TProjectFileResult ReadAndChange(const std::string& path) {
-    TProjectFile file(FileNamed(path.c_str()));
+THpjFileResult ReadAndChange(const std::string& path) {
+    THpjFile file(FileNamed(path.c_str()));
     TProjectSimSettings settings;
-    const TProjectFileResult result = file.Read(&settings);
-    if (result != PROJECT_FILE_DONE) return result;
+    const THpjFileResult result = file.Read(&settings);
+    if (result != HPJ_FILE_DONE) return result;
     settings.GetConfigurations()[0]->GetGeneralConfiguration()->SetLogFileName("other.log");
     return file.Save(&settings);
 }
@@ -70,7 +70,7 @@ std::string SavedSection() {
     const TemporaryFolder folder;
     const std::string path = folder.Write("p.hpj", Project(kSection));
     for (int i = 0; i < 2; ++i) {
-        TProjectFile file(FileNamed(path.c_str()));
+        THpjFile file(FileNamed(path.c_str()));
         TProjectSimSettings settings;
         file.Read(&settings);
         file.Save(&settings);
@@ -83,7 +83,7 @@ std::string SavedSection() {
 
 }  // namespace
 
-TEST(ProjectFile, ChangesOneSettingAmongForeignElements) {
+TEST(HpjFile, ChangesOneSettingAmongForeignElements) {
     const TemporaryFolder folder;
     std::string foreign[2];
     for (int i = 0; i < 200; ++i) foreign[i % 2] += ForeignSection(i);
@@ -93,7 +93,7 @@ TEST(ProjectFile, ChangesOneSettingAmongForeignElements) {
         foreign[0] + SavedSection() + foreign[1] + "</SimulationProject>\n";
     const std::string path = folder.Write("p.hpj", original);
     const std::string stream = StreamOf(folder, "p.hpj");
-    ASSERT_EQ(ReadAndChange(path), PROJECT_FILE_DONE);
+    ASSERT_EQ(ReadAndChange(path), HPJ_FILE_DONE);
     const std::string flags =
         " AddTopLevelSignals=true ShowWatchSignals=true DumpWatchSignals=false "
         "BreakAtTimeZeroAfterCompile=false ClearLogFileBeforeCompile=true AutoParseProject=false "
@@ -109,7 +109,7 @@ TEST(ProjectFile, ChangesOneSettingAmongForeignElements) {
               std::string(original).replace(original.find(former), former.size(), "\"other.log\""));
 }
 
-TEST(ProjectFile, KeepsEveryForeignElementInItsPlace) {
+TEST(HpjFile, KeepsEveryForeignElementInItsPlace) {
     const TemporaryFolder folder;
     std::string before;
     std::string after;
@@ -118,7 +118,7 @@ TEST(ProjectFile, KeepsEveryForeignElementInItsPlace) {
     const std::string path = folder.Write("p.hpj", Project(before + kSection + after));
     folder.Write("before.xml", Project(before));
     folder.Write("after.xml", Project(after));
-    ASSERT_EQ(ReadAndChange(path), PROJECT_FILE_DONE);
+    ASSERT_EQ(ReadAndChange(path), HPJ_FILE_DONE);
     const std::string root = "START SimulationProject\n";
     const std::string rootEnd = "END SimulationProject\n";
     const std::string first = StreamOf(folder, "before.xml");
@@ -132,29 +132,29 @@ TEST(ProjectFile, KeepsEveryForeignElementInItsPlace) {
     EXPECT_EQ(stream.substr(end), last.substr(root.size()));
 }
 
-TEST(ProjectFile, ReadsTheSettings) {
+TEST(HpjFile, ReadsTheSettings) {
     const TemporaryFolder folder;
     const std::string path = folder.Write("p.hpj", Project("<x/>" + kSection + "<y/>"));
     const ISFileName* name = FileNamed(path.c_str());
     TProjectSimSettings settings;
     settings.AddConfiguration(NewConfiguration("former"));
-    EXPECT_EQ(TProjectFile(name).Read(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(THpjFile(name).Read(&settings), HPJ_FILE_DONE);
     EXPECT_EQ(NamesIn(settings), "<a><b*>");
     EXPECT_EQ(settings.GetProjectFileName(), name);
 }
 
-TEST(ProjectFile, GivesAFileWithoutSettingsASection) {
+TEST(HpjFile, GivesAFileWithoutSettingsASection) {
     const TemporaryFolder folder;
     const std::string path = folder.Write("p.hpj", Project("<x>1</x>\n"));
     const ISFileName* name = FileNamed(path.c_str());
-    TProjectFile file(name);
+    THpjFile file(name);
     TProjectSimSettings settings;
     settings.AddConfiguration(NewConfiguration("former"));
-    EXPECT_EQ(file.Read(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(file.Read(&settings), HPJ_FILE_DONE);
     EXPECT_EQ(NamesIn(settings), "<former>");
     EXPECT_EQ(settings.GetProjectFileName(), name);
     settings.Clear();
-    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(file.Save(&settings), HPJ_FILE_DONE);
     EXPECT_EQ(folder.Read("p.hpj"),
               "<SimulationProject>\n"
               "  <x>1</x>\n"
@@ -162,15 +162,15 @@ TEST(ProjectFile, GivesAFileWithoutSettingsASection) {
               "</SimulationProject>\n");
 }
 
-TEST(ProjectFile, MakesAMissingFile) {
+TEST(HpjFile, MakesAMissingFile) {
     const TemporaryFolder folder;
     const ISFileName* name = FileNamed(folder.Path("new.hpj").c_str());
-    TProjectFile file(name);
+    THpjFile file(name);
     TProjectSimSettings settings;
-    EXPECT_EQ(file.Read(&settings), PROJECT_FILE_MISSING);
+    EXPECT_EQ(file.Read(&settings), HPJ_FILE_MISSING);
     EXPECT_TRUE(file.GetReadError().Missing);
     EXPECT_EQ(settings.GetProjectFileName(), name);
-    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(file.Save(&settings), HPJ_FILE_DONE);
     EXPECT_EQ(folder.Read("new.hpj"),
               "<SimulationProject>\n"
               "  <ProjectSettings CurrentConfiguration=\"new\"/>\n"
@@ -178,15 +178,15 @@ TEST(ProjectFile, MakesAMissingFile) {
     EXPECT_EQ(folder.List(), "new.hpj\n");
 }
 
-TEST(ProjectFile, KeepsWhatOthersSavedSinceTheRead) {
+TEST(HpjFile, KeepsWhatOthersSavedSinceTheRead) {
     const TemporaryFolder folder;
     const std::string path = folder.Write("p.hpj", Project(kSection));
-    TProjectFile file(FileNamed(path.c_str()));
+    THpjFile file(FileNamed(path.c_str()));
     TProjectSimSettings settings;
-    ASSERT_EQ(file.Read(&settings), PROJECT_FILE_DONE);
+    ASSERT_EQ(file.Read(&settings), HPJ_FILE_DONE);
     settings.Clear();
     folder.Write("p.hpj", Project("<Later/>" + kSection));
-    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(file.Save(&settings), HPJ_FILE_DONE);
     EXPECT_EQ(folder.Read("p.hpj"),
               "<SimulationProject>\n"
               "  <Later/>\n"
@@ -194,7 +194,7 @@ TEST(ProjectFile, KeepsWhatOthersSavedSinceTheRead) {
               "</SimulationProject>\n");
 }
 
-TEST(ProjectFile, SavesNothingOverSettingsThatChangedSinceTheRead) {
+TEST(HpjFile, SavesNothingOverSettingsThatChangedSinceTheRead) {
     const struct {
         const char* Label;
         const char* Before;  // null: no file
@@ -224,76 +224,76 @@ TEST(ProjectFile, SavesNothingOverSettingsThatChangedSinceTheRead) {
             return folder.Read("p.hpj");
         };
         give(row.Before);
-        TProjectFile file(FileNamed(folder.Path("p.hpj").c_str()));
+        THpjFile file(FileNamed(folder.Path("p.hpj").c_str()));
         TProjectSimSettings settings;
         file.Read(&settings);
         const std::string bytes = give(row.After);
-        EXPECT_EQ(file.Save(&settings), PROJECT_FILE_CHANGED) << row.Label;
+        EXPECT_EQ(file.Save(&settings), HPJ_FILE_CHANGED) << row.Label;
         EXPECT_EQ(folder.Read("p.hpj"), bytes) << row.Label;
-        EXPECT_EQ(file.Read(&settings), row.After ? PROJECT_FILE_DONE : PROJECT_FILE_MISSING);
-        EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE) << row.Label;
+        EXPECT_EQ(file.Read(&settings), row.After ? HPJ_FILE_DONE : HPJ_FILE_MISSING);
+        EXPECT_EQ(file.Save(&settings), HPJ_FILE_DONE) << row.Label;
     }
 }
 
-TEST(ProjectFile, SavesOverItsOwnSaves) {
+TEST(HpjFile, SavesOverItsOwnSaves) {
     for (const bool exists : {false, true}) {
         const TemporaryFolder folder;
         if (exists) folder.Write("p.hpj", Project(kSection));
-        TProjectFile file(FileNamed(folder.Path("p.hpj").c_str()));
+        THpjFile file(FileNamed(folder.Path("p.hpj").c_str()));
         TProjectSimSettings settings;
         file.Read(&settings);
         auto* configuration = NewConfiguration("c\r\n\xFC");  // a byte that no file holds as it is
         configuration->GetGeneralConfiguration()->SetLogFileName("\tgr\xFC.log ");
         settings.AddConfiguration(configuration);
-        EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+        EXPECT_EQ(file.Save(&settings), HPJ_FILE_DONE);
         const std::string saved = folder.Read("p.hpj");
-        EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+        EXPECT_EQ(file.Save(&settings), HPJ_FILE_DONE);
         EXPECT_EQ(folder.Read("p.hpj"), saved);
         folder.Write("p.hpj", Project(kSection));
-        EXPECT_EQ(file.Save(&settings), PROJECT_FILE_CHANGED);
+        EXPECT_EQ(file.Save(&settings), HPJ_FILE_CHANGED);
     }
 }
 
-TEST(ProjectFile, SavesOverWhatNobodyRead) {
+TEST(HpjFile, SavesOverWhatNobodyRead) {
     const TemporaryFolder folder;
     const std::string path = folder.Write("p.hpj", Project(kSection));
-    TProjectFile file(FileNamed(path.c_str()));
+    THpjFile file(FileNamed(path.c_str()));
     TProjectSimSettings settings;
-    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_DONE);
+    EXPECT_EQ(file.Save(&settings), HPJ_FILE_DONE);
     EXPECT_EQ(folder.Read("p.hpj"), Project("  <ProjectSettings CurrentConfiguration=\"\"/>\n"));
 }
 
-TEST(ProjectFile, SavesNothingAfterAReadThatFailed) {
+TEST(HpjFile, SavesNothingAfterAReadThatFailed) {
     RecordingMessageBox box;
     RecordingLog log;
     const struct {
         const char* Label;
         std::string Document;
-        TProjectFileResult Result;
+        THpjFileResult Result;
         const char* Names;  // of the configurations, after one called "former" was there
     } rows[] = {
-        {"empty", "", PROJECT_FILE_UNREADABLE, "<former*>"},
-        {"cut short", "<SimulationProject>" + kSection, PROJECT_FILE_UNREADABLE, "<former*>"},
-        {"another root", "<Other>" + kSection + "</Other>", PROJECT_FILE_FOREIGN, "<former*>"},
-        {"the section as root", kSection, PROJECT_FILE_FOREIGN, "<former*>"},
-        {"no root", "<!DOCTYPE SimulationProject>", PROJECT_FILE_FOREIGN, "<former*>"},
-        {"twice", Project(kSection + kSection), PROJECT_FILE_REPEATED_SETTINGS, "<former*>"},
+        {"empty", "", HPJ_FILE_UNREADABLE, "<former*>"},
+        {"cut short", "<SimulationProject>" + kSection, HPJ_FILE_UNREADABLE, "<former*>"},
+        {"another root", "<Other>" + kSection + "</Other>", HPJ_FILE_FOREIGN, "<former*>"},
+        {"the section as root", kSection, HPJ_FILE_FOREIGN, "<former*>"},
+        {"no root", "<!DOCTYPE SimulationProject>", HPJ_FILE_FOREIGN, "<former*>"},
+        {"twice", Project(kSection + kSection), HPJ_FILE_REPEATED_SETTINGS, "<former*>"},
         {"language without a name",
          Project("<ProjectSettings>"
                  "<ProjectSettingsConfiguration ConfigurationName=\"a\"/>"
                  "<ProjectSettingsConfiguration ConfigurationName=\"b\"><LanguageSettings/>"
                  "</ProjectSettingsConfiguration></ProjectSettings>"),
-         PROJECT_FILE_INVALID_SETTINGS, "<a>"},
+         HPJ_FILE_INVALID_SETTINGS, "<a>"},
         {"empty list",
          Project("<ProjectSettings><ProjectSettingsConfiguration>"
                  "<LanguageSettings Language=\"VHDL\"><IncludeDirectories/></LanguageSettings>"
                  "</ProjectSettingsConfiguration></ProjectSettings>"),
-         PROJECT_FILE_INVALID_SETTINGS, "<former*>"},
+         HPJ_FILE_INVALID_SETTINGS, "<former*>"},
     };
     for (const auto& row : rows) {
         const TemporaryFolder folder;
         const std::string path = folder.Write("p.hpj", row.Document);
-        TProjectFile file(FileNamed(path.c_str()));
+        THpjFile file(FileNamed(path.c_str()));
         TProjectSimSettings settings;
         settings.AddConfiguration(NewConfiguration("former"));
         settings.SelectCurrentConfig("former");
@@ -305,26 +305,26 @@ TEST(ProjectFile, SavesNothingAfterAReadThatFailed) {
     }
 }
 
-TEST(ProjectFile, SavesNothingOverAFileThatBecameMalformed) {
+TEST(HpjFile, SavesNothingOverAFileThatBecameMalformed) {
     RecordingMessageBox box;
     const TemporaryFolder folder;
     const std::string path = folder.Write("p.hpj", Project(kSection));
-    TProjectFile file(FileNamed(path.c_str()));
+    THpjFile file(FileNamed(path.c_str()));
     TProjectSimSettings settings;
-    ASSERT_EQ(file.Read(&settings), PROJECT_FILE_DONE);
+    ASSERT_EQ(file.Read(&settings), HPJ_FILE_DONE);
     folder.Write("p.hpj", "<SimulationProject>");
-    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_UNREADABLE);
+    EXPECT_EQ(file.Save(&settings), HPJ_FILE_UNREADABLE);
     EXPECT_EQ(file.GetReadError().Line, 1);
     EXPECT_EQ(folder.Read("p.hpj"), "<SimulationProject>");
 }
 
-TEST(ProjectFile, TellsWhenItCannotBeWritten) {
+TEST(HpjFile, TellsWhenItCannotBeWritten) {
     RecordingMessageBox box;
     const TemporaryFolder folder;
     const std::string path = folder.Path("no such folder/p.hpj");
-    TProjectFile file(FileNamed(path.c_str()));
+    THpjFile file(FileNamed(path.c_str()));
     TProjectSimSettings settings;
-    EXPECT_EQ(file.Save(&settings), PROJECT_FILE_NOT_WRITTEN);
+    EXPECT_EQ(file.Save(&settings), HPJ_FILE_NOT_WRITTEN);
     const std::string shown = box.Take();
     const std::string expected = "Cannot save file: \"" + path + "\": ";
     if (kOnWindows)
@@ -334,37 +334,34 @@ TEST(ProjectFile, TellsWhenItCannotBeWritten) {
     EXPECT_EQ(folder.List(), "");
 }
 
-TEST(ProjectFile, SavesNothingForNull) {
+TEST(HpjFile, SavesNothingForNull) {
     const TemporaryFolder folder;
     const std::string path = folder.Write("p.hpj", Project(kSection));
-    TProjectFile file(FileNamed(path.c_str()));
-    EXPECT_EQ(file.Save(nullptr), PROJECT_FILE_NOT_WRITTEN);
-    EXPECT_EQ(file.Read(nullptr), PROJECT_FILE_DONE);
-    EXPECT_EQ(file.Save(nullptr), PROJECT_FILE_NOT_WRITTEN);
+    THpjFile file(FileNamed(path.c_str()));
+    EXPECT_EQ(file.Save(nullptr), HPJ_FILE_NOT_WRITTEN);
+    EXPECT_EQ(file.Read(nullptr), HPJ_FILE_DONE);
+    EXPECT_EQ(file.Save(nullptr), HPJ_FILE_NOT_WRITTEN);
     EXPECT_EQ(folder.Read("p.hpj"), Project(kSection));
-    EXPECT_EQ(TProjectFile(FileNamed(folder.Path("no.hpj").c_str())).Read(nullptr),
-              PROJECT_FILE_MISSING);
+    EXPECT_EQ(THpjFile(FileNamed(folder.Path("no.hpj").c_str())).Read(nullptr), HPJ_FILE_MISSING);
 }
 
-TEST(ProjectFile, HasATextForEveryResult) {
+TEST(HpjFile, HasATextForEveryResult) {
     const struct {
         int Result;
         const char* Text;
     } rows[] = {
-        {PROJECT_FILE_DONE, ""},
-        {PROJECT_FILE_MISSING, "the file does not exist"},
-        {PROJECT_FILE_UNREADABLE, "the file cannot be read"},
-        {PROJECT_FILE_FOREIGN, "the file is no project file: its root is not SimulationProject"},
-        {PROJECT_FILE_REPEATED_SETTINGS,
-         "the file holds the section ProjectSettings more than once"},
-        {PROJECT_FILE_INVALID_SETTINGS, "the section ProjectSettings cannot be read"},
-        {PROJECT_FILE_NOT_WRITTEN, "the file cannot be written"},
-        {PROJECT_FILE_CHANGED, "the settings in the file have changed since they were read"},
+        {HPJ_FILE_DONE, ""},
+        {HPJ_FILE_MISSING, "the file does not exist"},
+        {HPJ_FILE_UNREADABLE, "the file cannot be read"},
+        {HPJ_FILE_FOREIGN, "the file is no project file: its root is not SimulationProject"},
+        {HPJ_FILE_REPEATED_SETTINGS, "the file holds the section ProjectSettings more than once"},
+        {HPJ_FILE_INVALID_SETTINGS, "the section ProjectSettings cannot be read"},
+        {HPJ_FILE_NOT_WRITTEN, "the file cannot be written"},
+        {HPJ_FILE_CHANGED, "the settings in the file have changed since they were read"},
         {8, "unknown error"},
         {-1, "unknown error"},
     };
     for (const auto& row : rows)
-        EXPECT_STREQ(TProjectFile::GetErrorString(static_cast<TProjectFileResult>(row.Result)),
-                     row.Text)
+        EXPECT_STREQ(THpjFile::GetErrorString(static_cast<THpjFileResult>(row.Result)), row.Text)
             << row.Result;
 }

@@ -1,4 +1,4 @@
-#include "settings/projectfile.h"
+#include "settings/hpjfile.h"
 
 #include "services/names/isfilename.h"
 #include "services/xml/xmlsectionfile.h"
@@ -15,11 +15,10 @@ public:
     /// Which file and settings these are, for a comparison with those on disk at another time.
     std::string GetState() const { return IsEmpty() ? "" : "file " + GetSectionText(); }
 
-    TProjectFileResult Read(const char* path) {
-        if (!ReadFile(path))
-            return GetReadError().Missing ? PROJECT_FILE_MISSING : PROJECT_FILE_UNREADABLE;
-        if (!HasParent()) return PROJECT_FILE_FOREIGN;
-        return GetSectionCount() > 1 ? PROJECT_FILE_REPEATED_SETTINGS : PROJECT_FILE_DONE;
+    THpjFileResult Read(const char* path) {
+        if (!ReadFile(path)) return GetReadError().Missing ? HPJ_FILE_MISSING : HPJ_FILE_UNREADABLE;
+        if (!HasParent()) return HPJ_FILE_FOREIGN;
+        return GetSectionCount() > 1 ? HPJ_FILE_REPEATED_SETTINGS : HPJ_FILE_DONE;
     }
 
 protected:
@@ -31,34 +30,34 @@ private:
 
 }  // namespace
 
-TProjectFileResult TProjectFile::Read(TProjectSimSettings* settings) {
+THpjFileResult THpjFile::Read(TProjectSimSettings* settings) {
     TProjectDocument document(settings);
     ReadResult = document.Read(File->Canonical(false));
     ReadError = document.GetReadError();
     StateRead = document.GetState();
     if (!settings) return ReadResult;
     settings->SetProjectFileName(File);
-    if (ReadResult != PROJECT_FILE_DONE || document.GetSectionCount() == 0) return ReadResult;
+    if (ReadResult != HPJ_FILE_DONE || document.GetSectionCount() == 0) return ReadResult;
     DListIterator<TElement*> section = document.GetSection();
-    if (!settings->ReadFromFile(section, File)) ReadResult = PROJECT_FILE_INVALID_SETTINGS;
+    if (!settings->ReadFromFile(section, File)) ReadResult = HPJ_FILE_INVALID_SETTINGS;
     return ReadResult;
 }
 
-TProjectFileResult TProjectFile::Save(TProjectSimSettings* settings) {
-    if (!settings) return PROJECT_FILE_NOT_WRITTEN;
-    if (ReadResult != PROJECT_FILE_DONE && ReadResult != PROJECT_FILE_MISSING) return ReadResult;
+THpjFileResult THpjFile::Save(TProjectSimSettings* settings) {
+    if (!settings) return HPJ_FILE_NOT_WRITTEN;
+    if (ReadResult != HPJ_FILE_DONE && ReadResult != HPJ_FILE_MISSING) return ReadResult;
     const char* const path = File->Canonical(false);
     TProjectDocument document(settings);
-    const TProjectFileResult result = document.Read(path);
+    const THpjFileResult result = document.Read(path);
     ReadError = document.GetReadError();
-    if (result != PROJECT_FILE_DONE && result != PROJECT_FILE_MISSING) return result;
-    if (StateRead && *StateRead != document.GetState()) return PROJECT_FILE_CHANGED;
-    if (!document.ReplaceSection(path)) return PROJECT_FILE_NOT_WRITTEN;
+    if (result != HPJ_FILE_DONE && result != HPJ_FILE_MISSING) return result;
+    if (StateRead && *StateRead != document.GetState()) return HPJ_FILE_CHANGED;
+    if (!document.ReplaceSection(path)) return HPJ_FILE_NOT_WRITTEN;
     StateRead = document.GetState();
-    return PROJECT_FILE_DONE;
+    return HPJ_FILE_DONE;
 }
 
-const char* TProjectFile::GetErrorString(TProjectFileResult result) {
+const char* THpjFile::GetErrorString(THpjFileResult result) {
     static constexpr const char* kTexts[] = {
         "",
         "the file does not exist",
