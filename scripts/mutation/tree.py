@@ -32,6 +32,7 @@ class Tree:
         if self.refused_file.exists():
             self.refused = {tuple(key) for key in json.loads(self.refused_file.read_text())}
         self.mutants = {}  # by file
+        self.sources = {}  # by file: what the mutants were found in
 
     @staticmethod
     def write(path, content):
@@ -41,9 +42,8 @@ class Tree:
         path.write_bytes(content)
 
     def switched_source(self, file):
-        source = (self.project.root / file).read_bytes()
         mutants = [mutant for mutant in self.mutants[file] if mutant.switch]
-        return rewrite.with_switches(source, mutants) if mutants else source
+        return rewrite.with_switches(self.sources[file], mutants) if mutants else self.sources[file]
 
     def fill(self, mutants):
         """Copies the project and puts the switched mutants into the copy."""
@@ -52,6 +52,7 @@ class Tree:
             if mutant.key() in self.refused:
                 mutant.switch = None
             self.mutants.setdefault(mutant.file, []).append(mutant)
+        self.sources = {file: (self.project.root / file).read_bytes() for file in self.mutants}
         kept = set()
         for folder, folders, names in os.walk(self.project.root):
             if Path(folder) == self.project.root:
@@ -130,8 +131,8 @@ class Tree:
 
     def put(self, mutant):
         """Writes the one mutant into its source."""
-        source = (self.project.root / mutant.file).read_bytes()
-        self.write(self.copy / mutant.file, rewrite.with_plain(source, mutant))
+        self.write(self.copy / mutant.file,
+                   rewrite.with_plain(self.sources[mutant.file], mutant))
 
     def take_back(self, mutant):
         self.write(self.copy / mutant.file, self.switched_source(mutant.file))
