@@ -19,6 +19,7 @@ PATIENCE = 20
 class Outcome:
     passed: bool
     test: str = ""  # the test that failed, or what else happened
+    output: str = ""
 
 
 def culprit(output, status):
@@ -64,6 +65,14 @@ def wait(process):
     return status
 
 
+def slow_tests(output):
+    """The tests that take more than a tenth of a program's time, where that is worth the second start."""
+    times = [(name, int(time)) for name, time in
+             re.findall(r"^\[       OK \] ([\w./]+) \((\d+) ms\)", output, re.MULTILINE)]
+    total = sum(time for _, time in times)
+    return [name for name, time in times if total >= 500 and 10 * time > total]
+
+
 class Programs:
     """Runs the test programs at `paths`. `scratch` is their temporary, home and working folder, and
     empty before each of them: what a mutant writes to a wrong place lands there."""
@@ -71,6 +80,7 @@ class Programs:
     def __init__(self, scratch):
         self.scratch = Path(scratch)
         self.seconds = {}  # of the processor, without a mutant
+        self.slow = {}  # by program: its slow tests
 
     def measure(self, paths):
         """Runs those that have not been measured without a mutant. Returns what failed."""
@@ -83,20 +93,25 @@ class Programs:
             after = resource.getrusage(resource.RUSAGE_CHILDREN)
             self.seconds[path] = (after.ru_utime + after.ru_stime
                                   - before.ru_utime - before.ru_stime)
+            self.slow[path] = slow_tests(outcome.output)
             if not outcome.passed:
                 failures.append(outcome.test)
         return failures
 
     def try_mutant(self, paths, number):
-        """The quickest first; stops at the first one that fails."""
-        for path in sorted(paths, key=lambda path: self.seconds[path]):
-            outcome = self.run(path, number, int(5 + 4 * self.seconds[path]))
+        """The quickest programs first, and their slow tests when all others have passed; stops at the
+        first that fails."""
+        ordered = sorted(paths, key=lambda path: self.seconds[path])
+        parts = [(path, "-" + ":".join(self.slow[path])) for path in ordered]
+        parts += [(path, ":".join(self.slow[path])) for path in ordered if self.slow[path]]
+        for path, tests in parts:
+            outcome = self.run(path, number, int(5 + 4 * self.seconds[path]), tests)
             if not outcome.passed:
                 return outcome
         return Outcome(True)
 
-    def run(self, path, number, seconds):
-        """`seconds` of the processor for the program and for each one that it starts."""
+    def run(self, path, number, seconds, tests="*"):
+        """Gives the program `seconds` of the processor, and each one that it starts."""
         shutil.rmtree(self.scratch, ignore_errors=True)
         (self.scratch / "tmp").mkdir(parents=True)
         (self.scratch / "home").mkdir()
@@ -112,13 +127,13 @@ class Programs:
         output = self.scratch / "output"
         with open(output, "wb") as stream:
             process = subprocess.Popen(
-                [str(path), "--gtest_fail_fast", "--gtest_color=no"], cwd=self.scratch / "tmp",
-                env=environment, stdin=subprocess.DEVNULL, stdout=stream, stderr=stream,
-                start_new_session=True, preexec_fn=limit)
+                [str(path), "--gtest_fail_fast", "--gtest_color=no", "--gtest_filter=" + tests],
+                cwd=self.scratch / "tmp", env=environment, stdin=subprocess.DEVNULL, stdout=stream,
+                stderr=stream, start_new_session=True, preexec_fn=limit)
             status = wait(process)
-        if status == 0:
-            return Outcome(True)
         text = output.read_bytes().decode("utf-8", "replace")
+        if status == 0:
+            return Outcome(True, output=text)
         if status is None or status in (-signal.SIGXCPU, -signal.SIGKILL):
             return Outcome(False, f"{path.name}: endless")
         return Outcome(False, f"{path.name}: {culprit(text, status)}")
