@@ -11,6 +11,10 @@ import time
 
 LARGEST_FILE = 512 << 20
 LARGEST_MEMORY = 8 << 30
+# So many seconds of the processor more than so many times what they use without a mutant may tests
+# use, and each program that they start.
+ALLOWANCE = 4
+ALLOWED_TIMES = 5
 # So many seconds without any use of the processor are a deadlock.
 PATIENCE = 20
 
@@ -66,11 +70,21 @@ def wait(process):
 
 
 def slow_tests(output):
-    """The tests that take more than a tenth of a program's time, where that is worth the second start."""
+    """The tests that take more than a tenth of a program's time, where that is worth the second start,
+    and their part of the time."""
     times = [(name, int(time)) for name, time in
              re.findall(r"^\[       OK \] ([\w./]+) \((\d+) ms\)", output, re.MULTILINE)]
     total = sum(time for _, time in times)
-    return [name for name, time in times if total >= 500 and 10 * time > total]
+    slow = [(name, time) for name, time in times if total >= 500 and 10 * time > total]
+    return [name for name, _ in slow], sum(time for _, time in slow) / max(total, 1)
+
+
+@dataclass
+class Part:
+    """Tests of a program that are run together."""
+    path: Path
+    tests: str  # for --gtest_filter
+    seconds: float  # of the processor, without a mutant
 
 
 class Programs:
@@ -79,39 +93,40 @@ class Programs:
 
     def __init__(self, scratch):
         self.scratch = Path(scratch)
-        self.seconds = {}  # of the processor, without a mutant
-        self.slow = {}  # by program: its slow tests
+        self.parts = {}  # by program: all but its slow tests, and these, if there are any
 
     def measure(self, paths):
         """Runs those that have not been measured without a mutant. Returns what failed."""
         failures = []
         for path in paths:
-            if path in self.seconds:
+            if path in self.parts:
                 continue
             before = resource.getrusage(resource.RUSAGE_CHILDREN)
-            outcome = self.run(path, 0, 600)
+            outcome = self.run(Part(path, "*", 300))
             after = resource.getrusage(resource.RUSAGE_CHILDREN)
-            self.seconds[path] = (after.ru_utime + after.ru_stime
-                                  - before.ru_utime - before.ru_stime)
-            self.slow[path] = slow_tests(outcome.output)
             if not outcome.passed:
                 failures.append(outcome.test)
+            self.parts[path] = self.cut(path, outcome.output, after.ru_utime + after.ru_stime
+                                        - before.ru_utime - before.ru_stime)
         return failures
 
+    @staticmethod
+    def cut(path, output, seconds):
+        slow, share = slow_tests(output)
+        quick = Part(path, "-" + ":".join(slow), seconds * (1 - share))
+        return [quick] + ([Part(path, ":".join(slow), seconds * share)] if slow else [])
+
     def try_mutant(self, paths, number):
-        """The quickest programs first, and their slow tests when all others have passed; stops at the
-        first that fails."""
-        ordered = sorted(paths, key=lambda path: self.seconds[path])
-        parts = [(path, "-" + ":".join(self.slow[path])) for path in ordered]
-        parts += [(path, ":".join(self.slow[path])) for path in ordered if self.slow[path]]
-        for path, tests in parts:
-            outcome = self.run(path, number, int(5 + 4 * self.seconds[path]), tests)
+        """The quickest part first; stops at the first that fails."""
+        parts = [part for path in paths for part in self.parts[path]]
+        for part in sorted(parts, key=lambda part: part.seconds):
+            outcome = self.run(part, number)
             if not outcome.passed:
                 return outcome
         return Outcome(True)
 
-    def run(self, path, number, seconds, tests="*"):
-        """Gives the program `seconds` of the processor, and each one that it starts."""
+    def run(self, part, number=0):
+        seconds = int(ALLOWANCE + ALLOWED_TIMES * part.seconds)
         shutil.rmtree(self.scratch, ignore_errors=True)
         (self.scratch / "tmp").mkdir(parents=True)
         (self.scratch / "home").mkdir()
@@ -127,7 +142,8 @@ class Programs:
         output = self.scratch / "output"
         with open(output, "wb") as stream:
             process = subprocess.Popen(
-                [str(path), "--gtest_fail_fast", "--gtest_color=no", "--gtest_filter=" + tests],
+                [str(part.path), "--gtest_fail_fast", "--gtest_color=no",
+                 "--gtest_filter=" + part.tests],
                 cwd=self.scratch / "tmp", env=environment, stdin=subprocess.DEVNULL, stdout=stream,
                 stderr=stream, start_new_session=True, preexec_fn=limit)
             status = wait(process)
@@ -135,5 +151,5 @@ class Programs:
         if status == 0:
             return Outcome(True, output=text)
         if status is None or status in (-signal.SIGXCPU, -signal.SIGKILL):
-            return Outcome(False, f"{path.name}: endless")
-        return Outcome(False, f"{path.name}: {culprit(text, status)}")
+            return Outcome(False, f"{part.path.name}: endless")
+        return Outcome(False, f"{part.path.name}: {culprit(text, status)}")

@@ -205,10 +205,10 @@ class Programs(unittest.TestCase):
         times = {"A.Quick": 90, "A.Slow": 101, "A.Slower": 400, "B.Quick": 9}
         output = "".join(f"[       OK ] {name} ({time} ms)\n" for name, time in times.items())
         output += "[       OK ] Not.ATest (x ms)\n[----------] 4 tests from A (600 ms total)\n"
-        self.assertEqual(programs.slow_tests(output), ["A.Quick", "A.Slow", "A.Slower"])
-        self.assertEqual(programs.slow_tests(output.replace("(400 ms)", "(200 ms)")), [])
+        self.assertEqual(programs.slow_tests(output), (["A.Quick", "A.Slow", "A.Slower"], 591 / 600))
+        self.assertEqual(programs.slow_tests(output.replace("(400 ms)", "(200 ms)")), ([], 0))
         self.assertEqual(programs.slow_tests(output.replace("A.Quick (90", "A.Quick (50")),
-                         ["A.Slow", "A.Slower"])
+                         (["A.Slow", "A.Slower"], 501 / 560))
 
     def test_ends_only_what_no_longer_uses_the_processor(self):
         rows = [("exit 3", 3), ("sleep 60", None),
