@@ -5,6 +5,7 @@ import dataclasses
 import hashlib
 import json
 import os
+import signal
 import sys
 
 import equivalents
@@ -122,6 +123,8 @@ def finish(found, options):
 
 
 def main(arguments):
+    # To be ended is to be interrupted: what was found is reported.
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
     options = parse_arguments(arguments)
     from project import Project
     project = Project(options.project)
