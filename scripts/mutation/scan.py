@@ -85,13 +85,18 @@ class Scanner:
             constant = False
         if kind == CursorKind.VAR_DECL:
             constant = constant or "constexpr" in self.head(cursor)
+        before = len(self.mutants)
         if kind.is_expression():
             file = cursor.extent.start.file
             if file is None or file.name != self.path or len(set(self.range(cursor))) == 1:
                 return  # not written here: a default argument, an implicit value
-            self.visit_expression(cursor, parent, constant)
+            self.visit_expression(cursor, parent)
         elif kind.is_statement():
             self.visit_statement(cursor)
+        if constant:
+            # Which change is on would have to be known to the compiler.
+            for mutant in self.mutants[before:]:
+                mutant.switch = None
         children = list(cursor.get_children())
         for place, child in enumerate(children):
             self.visit(child, cursor,
@@ -206,9 +211,8 @@ class Scanner:
                  [[start, end, f"!static_cast<bool>({text})"]],
                  {"before": f"({self.on()} != static_cast<bool>(", "behind": "))"})
 
-    def visit_expression(self, cursor, parent, constant):
+    def visit_expression(self, cursor, parent):
         kind = cursor.kind
-        before = len(self.mutants)
         if kind == CursorKind.BINARY_OPERATOR:
             self.visit_binary(cursor)
         elif kind == CursorKind.CONDITIONAL_OPERATOR:
@@ -217,11 +221,8 @@ class Scanner:
             self.visit_literal(cursor, parent)
         elif kind == CursorKind.INIT_LIST_EXPR and cursor.type.kind == TypeKind.CONSTANTARRAY:
             self.visit_rows(cursor)
-        elif kind == CursorKind.DECL_REF_EXPR and not constant:
+        elif kind == CursorKind.DECL_REF_EXPR:
             self.visit_enumerator(cursor)
-        if constant:
-            for mutant in self.mutants[before:]:
-                mutant.switch = None
 
     def visit_binary(self, cursor):
         left, right = cursor.get_children()

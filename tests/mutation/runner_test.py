@@ -97,6 +97,8 @@ class Scan(unittest.TestCase):
             ("constexpr int k = 1;", False),
             ("int f(int a) { switch (a) { case 1: return a; } return a; }", False),
             ("constexpr int f() { return 1; }", False),
+            ("constexpr void f(int a) { switch (a) { default: break; } }", False),
+            ("enum E { A, B }; constexpr E k = B;", False),
         ]
         for source, is_switched in rows:
             with self.subTest(source):
