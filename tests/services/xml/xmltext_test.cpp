@@ -35,6 +35,7 @@ TEST(XMLText, LooksAtEachOfEightBytes) {
         foreign[i] = '\xE4';
         converted.replace(i, 1, "\xC3\xA4");
         forbidden[i] = '\x1F';
+        EXPECT_FALSE(IsUtf8(foreign)) << i;
         EXPECT_EQ(ToUtf8(foreign), converted);
         EXPECT_EQ(FindForbiddenCharacter(forbidden), i);
     }
