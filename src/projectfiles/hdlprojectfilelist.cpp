@@ -47,10 +47,10 @@ constexpr TFolderRow kFolders[] = {
     {"Test Vector Files", TList::LIST_TYPE_NONE},
 };
 
-// Deletes `file`. A deletion that comes up meanwhile waits for its end: associated files may have
-// associated files in turn, to any depth.
+// Deletes `file`. Its destructor deletes its associated files, and theirs, to any depth: those
+// calls only add to the waiting files of the outermost one, which deletes them in turn.
 void DeleteFile(THdlProjectFile* file) {
-    thread_local std::vector<THdlProjectFile*>* waiting = nullptr;
+    static std::vector<THdlProjectFile*>* waiting = nullptr;
     if (waiting) return waiting->push_back(file);
     std::vector<THdlProjectFile*> files{file};
     waiting = &files;
