@@ -8,7 +8,7 @@ using options::TConvertedOptionResults;
 constexpr int kSingleStep =
     options::STAGE_COMPILE | options::STAGE_ELABORATE | options::STAGE_SIMULATE;
 
-// What is known of a run of simulators.
+// How the options of the simulators from First to Last are converted.
 struct TSimulatorConversion {
     TSimulatorType First;
     TSimulatorType Last;
@@ -18,21 +18,22 @@ struct TSimulatorConversion {
 };
 
 constexpr TSimulatorConversion kConversions[] = {
-    {SIM_ZORVIK_VERILOG, SIM_ZORVIK_VERILOG_32, 1, MODE_EACH_STEP, true},
-    {SIM_ZORVIK_VERILOG_64, SIM_ZORVIK_VERILOG_64, 2, MODE_EACH_STEP, true},
-    {SIM_ZORVIK_VHDL, SIM_ZORVIK_VHDL_32, 1, MODE_EACH_STEP, true},
-    {SIM_ZORVIK_VHDL_64, SIM_ZORVIK_VHDL_64, 2, MODE_EACH_STEP, true},
-    {SIM_ZORVIK_CL, SIM_ZORVIK_CL, 7, MODE_ONE_STEP, false},
-    {SIM_ACTIVEHDL_VHDL, SIM_ACTIVEHDL_VERILOG, 8, MODE_MERGED, false},
-    {SIM_MODELSIM_VERILOG, SIM_MODELSIM_VERILOG_SE, 3, MODE_MERGED, true},
-    {SIM_MODELSIM_VHDL, SIM_MODELSIM_VHDL_PE, 3, MODE_MERGED, false},
-    {SIM_NC_VHDL, SIM_NC_VHDL_64, 4, MODE_EACH_STEP, false},
-    {SIM_NC_VERILOG, SIM_NC_VERILOG_64, 4, MODE_EACH_STEP, true},
-    {SIM_VCS, SIM_VERILOGXL, 0, MODE_ONE_STEP, false},
+    {SIM_ZORVIK_VERILOG, SIM_ZORVIK_VERILOG_32, options::FAMILY_ZORVIK, MODE_EACH_STEP, true},
+    {SIM_ZORVIK_VERILOG_64, SIM_ZORVIK_VERILOG_64, options::FAMILY_ZORVIK_64, MODE_EACH_STEP, true},
+    {SIM_ZORVIK_VHDL, SIM_ZORVIK_VHDL_32, options::FAMILY_ZORVIK, MODE_EACH_STEP, true},
+    {SIM_ZORVIK_VHDL_64, SIM_ZORVIK_VHDL_64, options::FAMILY_ZORVIK_64, MODE_EACH_STEP, true},
+    {SIM_ZORVIK_CL, SIM_ZORVIK_CL, options::FAMILY_ZORVIK_CL, MODE_ONE_STEP, false},
+    {SIM_ACTIVEHDL_VHDL, SIM_ACTIVEHDL_VERILOG, options::FAMILY_ACTIVEHDL, MODE_MERGED, false},
+    {SIM_MODELSIM_VERILOG, SIM_MODELSIM_VERILOG_SE, options::FAMILY_MODELSIM, MODE_MERGED, true},
+    {SIM_MODELSIM_VHDL, SIM_MODELSIM_VHDL_PE, options::FAMILY_MODELSIM, MODE_MERGED, false},
+    {SIM_NC_VHDL, SIM_NC_VHDL_64, options::FAMILY_NCSIM, MODE_EACH_STEP, false},
+    {SIM_NC_VERILOG, SIM_NC_VERILOG_64, options::FAMILY_NCSIM, MODE_EACH_STEP, true},
+    {SIM_VCS, SIM_VERILOGXL, options::FAMILY_NONE, MODE_ONE_STEP, false},
 };
 
 const TSimulatorConversion& ConversionOf(TSimulatorType simulator) {
-    static constexpr TSimulatorConversion kOther{SIM_NONE, SIM_NONE, 0, MODE_EACH_STEP, false};
+    static constexpr TSimulatorConversion kOther{SIM_NONE, SIM_NONE, options::FAMILY_NONE,
+                                                 MODE_EACH_STEP, false};
     for (const TSimulatorConversion& row : kConversions)
         if (simulator >= row.First && simulator <= row.Last) return row;
     return kOther;
@@ -102,7 +103,7 @@ TLanguageOptionTexts ConvertLanguageOptions(THdlLanguage language, TSimulatorTyp
         return {AssembleStage(build, kSingleStep), "", ""};
     }
 
-    // Texts that share their results share their options' destinations.
+    // An option may move to another step only where the texts of both go to the same results.
     TConvertedOptionResults ownLinker;
     TConvertedOptionResults ownRuntime;
     const bool isMerged = mode == MODE_MERGED;

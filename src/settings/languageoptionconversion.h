@@ -14,7 +14,7 @@ struct TLanguageOptionTexts {
 /// Whether options are converted for this pair at all; the texts of every other pair are copied.
 bool IsOptionConversionSupported(THdlLanguage language, TSimulatorType simulator);
 
-/// The target family of the option conversion; 0 for a simulator without one.
+/// The options::TOptionFamily of a simulator; FAMILY_NONE for one without.
 int GetOptionSimulatorFamily(TSimulatorType simulator);
 
 /// How the three texts share the steps of a simulator.

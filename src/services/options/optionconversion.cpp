@@ -21,7 +21,7 @@ TOptionDestination HomeOf(int stage) {
 }
 
 bool HasConversion(int family) {
-    return family == 3 || family == 4 || family == 8;
+    return family == FAMILY_MODELSIM || family == FAMILY_NCSIM || family == FAMILY_ACTIVEHDL;
 }
 
 // The values that follow the row's text.
@@ -118,7 +118,7 @@ private:
     void AddConverted(const TOptionRow& row, const std::string& typed,
                       const std::vector<std::string>& values) {
         if (row.Form == FORM_LIST && values.empty()) return Report(typed, kEmptyList);
-        const TConvertedForm& form = Target.Family == 4 ? row.Family4 : row.Family3;
+        const TConvertedForm& form = Target.Family == FAMILY_NCSIM ? row.Family4 : row.Family3;
         if (form.Conversion == OMITTED) return Report(typed, kNoCounterpart);
         const bool isFlag = row.Form == FORM_FLAG;
         Results->Add({TextOf(row, form, typed, values), form.AtHome ? Home : form.Destination,

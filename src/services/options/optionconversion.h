@@ -15,9 +15,20 @@ public:
 /// Where a text was typed.
 enum TOptionSourceKind : int { SOURCE_BUILD_OR_LINKER = 3, SOURCE_RUNTIME = 4 };
 
+/// The simulators that take the same options.
+enum TOptionFamily : int {
+    FAMILY_NONE = 0,  ///< any number that is not listed counts as this one
+    FAMILY_ZORVIK = 1,
+    FAMILY_ZORVIK_64 = 2,
+    FAMILY_MODELSIM = 3,
+    FAMILY_NCSIM = 4,
+    FAMILY_ZORVIK_CL = 7,
+    FAMILY_ACTIVEHDL = 8
+};
+
 /// Who a text is converted for.
 struct TOptionTarget {
-    int Family;  ///< 1, 2 and 7 the own simulators, 3 and 8 and 4 outside ones; others none known
+    int Family;  ///< a TOptionFamily
     THdlLanguage Language;
 };
 

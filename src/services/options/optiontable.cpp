@@ -1,5 +1,7 @@
 #include "services/options/optiontable.h"
 
+#include "services/options/optionconversion.h"
+
 namespace options {
 
 namespace {
@@ -26,7 +28,8 @@ constexpr unsigned Family(int family) {
     return 1U << family;
 }
 
-constexpr unsigned kOwnFamilies = Family(1) | Family(2) | Family(7);
+constexpr unsigned kOwnFamilies =
+    Family(FAMILY_ZORVIK) | Family(FAMILY_ZORVIK_64) | Family(FAMILY_ZORVIK_CL);
 
 // The spellings of families 3 and 4 are those of the documented options of these simulators. No
 // VHDL compiler knows macros. Verbosity, debugging and the own tool chain have no counterpart where
@@ -71,9 +74,9 @@ constexpr TOptionRow kOptionTable[] = {
     {"--qdx_", FORM_NAME_FLAG, ANY, kOmit, kOmit},
     // Line debugging is asked for in these words whatever the target is.
     {"--simz_options", FORM_FORCED, ANY, kOmit, kOmit, kOwnFamilies, "+linedebug"},
-    {"--modelsim_options", FORM_FORCED, ANY, kOmit, kOmit, Family(3)},
-    {"--ncsim_options", FORM_FORCED, ANY, kOmit, kOmit, Family(4)},
-    {"--activehdl_options", FORM_FORCED, ANY, kOmit, kOmit, Family(8)},
+    {"--modelsim_options", FORM_FORCED, ANY, kOmit, kOmit, Family(FAMILY_MODELSIM)},
+    {"--ncsim_options", FORM_FORCED, ANY, kOmit, kOmit, Family(FAMILY_NCSIM)},
+    {"--activehdl_options", FORM_FORCED, ANY, kOmit, kOmit, Family(FAMILY_ACTIVEHDL)},
 };
 
 bool HoldsFor(const TOptionRow& row, THdlLanguage language) {
