@@ -65,7 +65,7 @@ std::vector<TCommand> SettingsVerbs(const TSharedArguments& values) {
          {},
          "VALUE may begin with '-'; write --add=ENTRY for an entry that does. A list is emptied\n"
          "first, then entries are removed, then added. Directories are relative to the project.\n"
-         "What stands behind '--' is no option, whatever it looks like.",
+         "What follows '--' is no option, whatever it looks like.",
          {"[VALUE]", &values->Words}},
     };
 }

@@ -18,7 +18,7 @@ std::vector<TCommand> TranslatorVerbs(const TValues& values) {
          with(RunTranslatorEnable),
          {json, dryRun},
          {},
-         "ARGS replace the arguments that the switch has. What stands behind '--' is no option,\n"
+         "ARGS replace the arguments that the switch has. What follows '--' is no option,\n"
          "whatever it looks like.",
          {"SWITCH [ARGS...]", &values->Words}},
         {"disable",
