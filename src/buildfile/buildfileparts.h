@@ -24,7 +24,8 @@ struct TBuildFileParts {
 
     /// `build` shares the parts from now on.
     void Join(IBuildManager* build) { Builds.insert(build); }
-    /// It does so no longer; another sharer then serves the source file owner in its place.
+    /// `build` no longer shares the parts. If it was the source file owner's build manager, another
+    /// build that shares the parts becomes that.
     void Leave(IBuildManager* build);
     /// Puts `config` in the place of the language's configuration, which is deleted.
     void Store(THdlLanguage language, TProjectSimLanguageConfig* config);

@@ -150,7 +150,7 @@ void THdlBuildFile::MakeTranslationOptions(bool isVerilog2Vhdl) {
         TV2VTranslationOptionsList::PopulateWithDefaultVerilog2VhdlOptions(TranslationOptions);
     else
         TV2VTranslationOptionsList::PopulateWithDefaultVhdl2VerilogOptions(TranslationOptions);
-    // The list first: it looks at its options when it goes.
+    // Kept first, so deleted first: the list's destructor uses the options.
     Parts->OptionsRead.Keep(TranslationOptions);
     for (const void* option : *TranslationOptions)
         Parts->OptionsRead.Keep(option, [](const void* kept) {

@@ -14,8 +14,8 @@ void TCompileOrder::Add(const IHdlSourceFile* file) {
     }
 }
 
-// The mark comes before the descent: it ends cycles, and spares a second descent into what is
-// listed.
+// A file is marked as listed before its dependencies are visited: that ends cycles, and no file is
+// visited twice.
 void TCompileOrder::Enter(const IHdlSourceFile* file) {
     if (!Listed->insert(file).second) return;
     TVisit visit{file, {}, {}, nullptr};

@@ -60,9 +60,9 @@ public:
     /// All that the former reads made (sources, groups, tools, components, translator options,
     /// language and general configurations, also of a plain THdlBuildFile) stays valid until the
     /// second Reload() after this one is done, or this build file ends; with a copy of the build
-    /// that still shares it, as long as that copy. By then a caller has to take such sources out of
-    /// its own lists. What callers made or handed in, and read configurations and translator
-    /// options that were handed in to a build again, stays as ever.
+    /// that still shares it, as long as that copy. Before that, callers must take such sources out
+    /// of their own lists. Nothing changes for what callers made or handed in, nor for read
+    /// configurations and translator options that were handed in to a build again.
     THdlBuildFileReadResults Reload();
 
     /// The handle must outlive the build file.
@@ -284,6 +284,6 @@ private:
     bool OwnsConfigurations = false;
 };
 
-/// Appends `path` as people read it, relative to `directory` when it is there or below, with
-/// forward slashes, and in double quotes when it holds a blank.
+/// Appends `path` in the form for command files: relative to `directory` when it is there or below,
+/// with forward slashes, and in double quotes when it holds a blank.
 HDLBUILDFILE_API void AddRelativePath(const char* directory, const char* path, std::string* out);

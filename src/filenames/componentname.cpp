@@ -9,7 +9,8 @@ TComponentName::TComponentName(TTBIdentifier entity, TTBIdentifier architecture,
       Entity(std::move(entity)),
       Architecture(std::move(architecture)) {}
 
-// The lists keep their names until exit; whoever deletes one must take it off there.
+// Lists keep their names valid until the process ends: one that is deleted before must be
+// forgotten there.
 TComponentName::~TComponentName() {
     ForgetKept(this);
 }

@@ -11,7 +11,7 @@ constexpr const char* kRefused = "false";
 
 unsigned long long handleChangeCount = 0;
 
-// What answers for a tracked name: its handle, or the blank name where there is none.
+// The name that questions are passed to: the handle, or the blank name where there is none.
 const ISFileName& HandleOrBlank(const ISFileName* handle) {
     return handle ? *handle : *ISFileName::BlankFileName;
 }

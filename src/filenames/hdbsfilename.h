@@ -84,9 +84,9 @@ public:
     const hdb::IHDBBase* GetSourceParent(bool reserved) const override;
     bool IsProtected() const override;
 
-    /// How often an assignment gave a tracked name or a plain source of this process another name,
-    /// or Initialize() a plain source another dependency list. An index that was built at another
-    /// count is stale.
+    /// How many times in this process an assignment gave a tracked name or a plain source another
+    /// handle, or THdlSourceFile::Initialize() gave a plain source a new dependency list. An index
+    /// of names or dependencies that was built at another count is out of date.
     static unsigned long long GetHandleChangeCount();
 
 private:

@@ -37,8 +37,8 @@ public:
 
     /// Destroys the lists; their names stay valid, and so does the force flag.
     void Clear();
-    /// Deletes the names that were read, before the set itself goes. Otherwise they stay valid
-    /// until the process ends, as do those that callers added.
+    /// Deletes the names that were read; to be called before the destructor. Otherwise they stay
+    /// valid until the process ends, as do those that callers added.
     void DeleteNamesRead() { NamesRead.DeleteAll(); }
 
     /// The lists that AddComponentName made. Those that were read go with the set.

@@ -1,7 +1,7 @@
 #pragma once
 #include "services/base/api.h"
 
-/// Hears of each file inserted into a project file list that it is registered with.
+/// Is told of each file inserted into a project file list that it is registered with.
 class HDLBUILDFILE_SHARED_TYPE AHdbObjectObserver {
 public:
     virtual ~AHdbObjectObserver() = default;

@@ -192,8 +192,8 @@ protected:
     /// The listed file of that name when it is found without a walk, so that an add by name need
     /// not make a file just to delete it; null means unknown.
     THdlProjectFile* FindWithoutWalk(const ISFileName* name) const;
-    /// The result of adding `refused` while `listed` has its name. Tells of two files that only
-    /// their letter case keeps apart.
+    /// The result of adding `refused` while `listed` has its name. Writes a diagnostic line
+    /// when the two names differ in letter case only.
     static TAddResult Refused(const ISFileName* refused, THdlProjectFile* listed);
     /// Ends an add by name: deletes the file made for it unless it was added.
     static TAddResult DeleteUnlessAdded(THdlProjectFile* made, TAddResult result);

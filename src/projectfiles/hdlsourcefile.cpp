@@ -8,7 +8,7 @@
 
 namespace {
 
-// Nobody frees the list when its source goes, as pointers to it stay good.
+// The list is not deleted with its source: pointers to it stay valid.
 TIHdlSourceFileList* MakeDependencyList() {
     auto* list = new TIHdlSourceFileList;
     KeepUntilExit(list);
@@ -52,7 +52,7 @@ THdlSourceFile::~THdlSourceFile() {
 
 void THdlSourceFile::Initialize() {
     SetLanguageFromExtension();
-    // Indexes of dependencies follow the former list.
+    // Indexes of dependencies know the former list only.
     if (Dependencies) CountHandleChange();
     Dependencies = MakeDependencyList();
     SetProjectLanguageConfig(nullptr);

@@ -8,7 +8,7 @@ struct TLanguageConfigSlot;
 
 /// A plain HDL source: a file name with the language of its extension, flags and dependencies.
 ///
-/// The dependency list outlives the source: pointers to it stay good until the process ends, or
+/// The dependency list outlives the source: pointers to it stay valid until the process ends, or
 /// until the build that made the source ends.
 class HDLBUILDFILE_API THdlSourceFile : public IHdlSourceFile {
 public:
@@ -55,7 +55,8 @@ public:
     THdlProject* GetProject() const { return Project; }
     void SetProject(THdlProject* project) { Project = project; }
 
-    /// THdbSFileName::GetHandleChangeCount(), which counts for both.
+    /// THdbSFileName::GetHandleChangeCount(): one count for tracked names and plain sources, to
+    /// which Initialize() adds one, too, unless a constructor calls it.
     static unsigned long long GetHandleChangeCount();
 
 private:

@@ -46,7 +46,7 @@ public:
     /// As TIHdlSourceFileList::RemoveSourceFile.
     virtual bool RemoveDependency(IHdlSourceFile* dependency) = 0;
     virtual bool RemoveDependency(const ISFileName* name) = 0;
-    /// The form for a source, as a project source is a name as well.
+    /// A project source is a source and a file name: it is taken as a source.
     bool RemoveDependency(THdlProjectSourceFile* dependency);
     virtual void FlushDependencies() = 0;
 };

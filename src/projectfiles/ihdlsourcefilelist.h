@@ -47,7 +47,7 @@ public:
     /// False for null and when no entry has the name of `file`. Otherwise drops `file` itself: a
     /// different source of its name stays, and the result is true all the same.
     bool RemoveSourceFile(IHdlSourceFile* file);
-    /// The form for a source, as a project source is a name as well.
+    /// A project source is a source and a file name: it is taken as a source.
     bool RemoveSourceFile(THdlProjectSourceFile* file);
     /// Drops the source of that name; false when there is none.
     bool RemoveSourceFile(const ISFileName* name);

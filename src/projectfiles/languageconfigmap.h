@@ -6,7 +6,7 @@
 class TProjectSimLanguageConfig;
 
 /// The place of one language's configuration in a build. Sources that took the configuration from
-/// the build keep the place, so that replacing it is one write however many they are.
+/// the build refer to the place, so that a replacement reaches all of them by one write.
 struct TLanguageConfigSlot {
     TProjectSimLanguageConfig* Config = nullptr;
 };

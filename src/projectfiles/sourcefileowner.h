@@ -21,10 +21,10 @@ public:
     IBuildManager* GetBuildManager() const { return Build; }
     void SetBuildManager(IBuildManager* build) { Build = build; }
 
-    /// A new source, which stays the owner's; a caller that deletes it takes it off the owner's
-    /// hands. Its file is marked as loaded, except during GetOrMakeSourceFile: a read marks the
-    /// files that it lists, and the disk is not asked for those that only others depend on. A
-    /// source made during GetOrMakeSourceFile goes with the owner, another with GetCallersShare().
+    /// A new source, which the owner deletes unless a caller deletes it before. Its file is marked
+    /// as loaded, except during GetOrMakeSourceFile: a read marks the files that it lists, and the
+    /// disk is not asked for those that only others depend on. A source made during
+    /// GetOrMakeSourceFile goes with the owner, another with GetCallersShare().
     IHdlSourceFile* MakeSourceFile(const ISFileName* name);
 
     /// The one source of the build that has this name, made when there is none. Null without a

@@ -21,8 +21,8 @@ bool IsIniFileText(const char* path) {
 
 std::string ResolveRelative(const char* directory, const char* base) {
     TUtilFileName path(base);
-    // Templates and diagrams live in the INI file, which may stand anywhere: what they name is
-    // installed with the environment.
+    // Templates and diagrams are kept in the INI file. Its folder may be any: the directories that
+    // they name belong to the installed environment, so they are relative to the home directory.
     if (IsIniFileText(path.Canonical())) path = TUtilFileName(GetOrvaneHomeDirectory());
     if (path.HasParts(kFilePart)) path.StripParts(kFilePart);
     path.PushDirectory(*directory ? directory : ".");

@@ -27,17 +27,17 @@ public:
     explicit THpjFile(const ISFileName* file) : File(file) {}
 
     /// Reads the settings; a file without them, and a missing one, leaves the configurations of
-    /// `settings` as they are. In every case they belong to this file afterwards. Null only tells
-    /// how reading goes.
+    /// `settings` as they are. In every case they belong to this file afterwards. With null
+    /// the file is only read, for the result.
     THpjFileResult Read(TProjectSimSettings* settings);
 
-    /// Replaces the settings in the file as it is on disk by now, so that a save keeps what other
-    /// components saved meanwhile. A missing file is made. Settings that are no longer those of the
-    /// last Read or Save, a file made and a file deleted since included, are not replaced:
-    /// HPJ_FILE_CHANGED. (Who saves after this comparison, while the new file is written, is
-    /// not noticed.) Without a Read there is nothing to compare. After a read that failed nothing
-    /// is saved, as `settings` may lack configurations: the result of that read is repeated. On
-    /// failure the file stays as it was. Null: HPJ_FILE_NOT_WRITTEN.
+    /// Reads the file again and replaces only the settings in it, so that what other components
+    /// saved since the last Read is kept. A missing file is made. When the settings in the file are
+    /// no longer those of the last Read or Save, or the file was made or deleted since, nothing is
+    /// replaced: HPJ_FILE_CHANGED. (A save by another program between this comparison and the end
+    /// of the writing is not noticed.) Without a Read there is nothing to compare. After a Read
+    /// that failed nothing is saved, as `settings` may lack configurations: the result of that Read
+    /// is returned again. On failure the file stays as it was. Null: HPJ_FILE_NOT_WRITTEN.
     THpjFileResult Save(TProjectSimSettings* settings);
 
     /// Of the last Read or Save.

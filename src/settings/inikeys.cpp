@@ -52,7 +52,7 @@ std::optional<std::vector<std::string>> TIniKeys::ReadStringsFromINI(const char*
     const int count = LeadingNumber(ReadText((name + " Count").c_str()).value_or("-1"));
     if (count < 0) return std::nullopt;
     std::vector<std::string> texts;
-    // Over the keys that exist: a huge count costs nothing.
+    // Only the keys that exist are visited, so that a huge count in the file costs nothing.
     for (const int number : NumberedKeys(Section.c_str(), Prefix + name, 0)) {
         if (number >= count) break;
         texts.push_back(ReadText((name + std::to_string(number)).c_str()).value_or(""));

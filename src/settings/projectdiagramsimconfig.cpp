@@ -26,7 +26,7 @@ void ReadLanguageKeys(TProjectSimLanguageConfig& settings, const TLanguageSectio
     if (!tool) return;
     settings.SetTool(SupportedSimulator(stored.Language, GetSimulatorTypeFromName(tool->c_str())));
     settings.ReadFromINI(stored.Section, stored.Language, true);
-    // The keys name a simulator once more, which may not suit the language.
+    // The keys just read hold a simulator, too, which may not support the language.
     settings.SetTool(SupportedSimulator(stored.Language, settings.GetTool()));
 }
 

@@ -5,13 +5,13 @@
 /// fixed.
 ///
 /// Preparing for diagram use resets everything, so the source of a copying constructor and the
-/// settings given to SetGeneralConfiguration leave no trace. Assignment copies plainly. The
-/// operations here hide those of the base, which do not prepare.
+/// settings given to SetGeneralConfiguration have no effect. Assignment copies without preparing.
+/// The operations here hide those of the base, which do not prepare.
 class HDLBUILDFILE_API TProjectDiagramSimConfig : public TProjectSimConfig {
 public:
     TProjectDiagramSimConfig();
     explicit TProjectDiagramSimConfig(const TProjectSimConfig& configuration);
-    /// Null is as good as any other.
+    /// The argument has no effect, so it may be null.
     explicit TProjectDiagramSimConfig(const TProjectSimConfig* configuration);
     explicit TProjectDiagramSimConfig(std::nullptr_t);
     TProjectDiagramSimConfig(const TProjectDiagramSimConfig& other);

@@ -2,7 +2,7 @@
 #include "settings/projectsimsettings.h"
 
 /// The source name and the lines under which the failed checks of a project's settings are logged.
-/// They never change, wherever the code stands.
+/// They never change, even when the code moves.
 namespace ProjectSettings {
 
 inline constexpr const char* kSource = "projectsettings";

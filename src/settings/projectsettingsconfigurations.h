@@ -5,7 +5,7 @@
 #include "settings/projecttemplatesimconfiglist.h"
 
 /// The source name and the lines under which the failed checks of a configuration are logged. They
-/// never change, wherever the code stands.
+/// never change, even when the code moves.
 namespace ProjectSettingsConfigurations {
 
 inline constexpr const char* kSource = "projectsettingsconfigurations";

@@ -3,7 +3,7 @@
 #include "settings/projectsimlanguageconfig.h"
 
 /// The source name and the lines under which the failed checks of the general and of the language
-/// settings are logged. They never change, wherever the code stands.
+/// settings are logged. They never change, even when the code moves.
 namespace ProjectSettingsConfigurationsData {
 
 inline constexpr const char* kSource = "projectsettingsconfigurationsdata";

@@ -16,13 +16,13 @@ inline constexpr const char* DEFAULT_LOG_FILE_NAME = "simulation.log";
 class HDLBUILDFILE_API TProjectSimGeneralConfig : public ICorbaProjectSimGeneralSettingsImpl,
                                                   public ACorbaImpl {
 public:
-    /// The values of SetDefaults(). The argument is spare.
+    /// The values of SetDefaults(). The argument is reserved: no effect.
     explicit TProjectSimGeneralConfig(int = 1) {}
-    /// Copies every setting; a remote proxy stays with its object. Null gives the defaults. The
-    /// second argument is spare.
+    /// Copies every setting; a remote proxy stays with its object. Null gives the defaults.
+    /// `reserved` has no effect.
     TProjectSimGeneralConfig(const TProjectSimGeneralConfig& other);
-    TProjectSimGeneralConfig(const TProjectSimGeneralConfig& other, int);
-    TProjectSimGeneralConfig(const TProjectSimGeneralConfig* other, int);
+    TProjectSimGeneralConfig(const TProjectSimGeneralConfig& other, int reserved);
+    TProjectSimGeneralConfig(const TProjectSimGeneralConfig* other, int reserved);
     TProjectSimGeneralConfig& operator=(const TProjectSimGeneralConfig& other);
     ~TProjectSimGeneralConfig() override;
 

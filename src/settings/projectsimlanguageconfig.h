@@ -31,13 +31,13 @@ struct TUncopiedFileName {
 class HDLBUILDFILE_API TProjectSimLanguageConfig : public ICorbaProjectSimLanguageSettingsImpl,
                                                    public ACorbaImpl {
 public:
-    /// No simulator, empty lists and options, library "work". The argument is spare.
+    /// No simulator, empty lists and options, library "work". The argument is reserved: no effect.
     explicit TProjectSimLanguageConfig(int = 1) {}
-    /// Copies as assignment does. Null gives the values of the default constructor. The second
-    /// argument is spare.
+    /// Copies as assignment does. Null gives the values of the default constructor.
+    /// `reserved` has no effect.
     TProjectSimLanguageConfig(const TProjectSimLanguageConfig& other);
-    TProjectSimLanguageConfig(const TProjectSimLanguageConfig& other, int);
-    TProjectSimLanguageConfig(const TProjectSimLanguageConfig* other, int);
+    TProjectSimLanguageConfig(const TProjectSimLanguageConfig& other, int reserved);
+    TProjectSimLanguageConfig(const TProjectSimLanguageConfig* other, int reserved);
     /// Copies every setting but the VCD file name, which becomes null; a remote proxy stays with
     /// its object.
     TProjectSimLanguageConfig& operator=(const TProjectSimLanguageConfig& other);

@@ -126,11 +126,11 @@ std::string TProjectSimLanguageConfig::GetWrittenDirectory(const std::string& di
     if (base.empty() || HasOrvaneEnvVariable(directory.c_str())) return directory;
     std::string relative;
     IFileName::CreateRelativeFileName(base.c_str(), directory.c_str(), &relative, false, false);
-    // On another drive nothing is gained, and the list knows the directory by its own spelling.
+    // A directory on another drive has no relative form: it is written as the list spells it.
     return IsRelativePath(relative.c_str()) ? relative : directory;
 }
 
-// What a build file asks of the simulator beyond the user's options.
+// The options that only build files hold, in addition to the user's.
 void TProjectSimLanguageConfig::AddBuildFileOptions(THdlLanguage language, bool lineDebug) {
     if (lineDebug && IsOptionConversionSupported(language, Tool))
         LinkerOptions += " --simz_options +linedebug";
@@ -153,7 +153,7 @@ TProjectSimLanguageConfig TProjectSimLanguageConfig::WithConvertedOptions(THdlLa
         texts.Build = TypedBuildOptions.Str() + " " + texts.Linker;
     texts = ConvertLanguageOptions(language, Tool, mode, !forceMode3, texts);
     TProjectSimLanguageConfig converted(*this);
-    // With the force, the file only elaborates.
+    // A build file written with `forceMode3` only elaborates.
     const bool onlyElaborates = forceMode3 && IsOwnHdlSimulator(Tool);
     converted.BuildOptions = onlyElaborates ? texts.Linker : texts.Build;
     converted.LinkerOptions = texts.Linker;

@@ -84,7 +84,7 @@ bool TProjectSimSettings::ReadFromFile(TElementIterator& element, const ISFileNa
     return isDone;
 }
 
-// Into an empty configuration, so that nothing of the defaults joins what the file says.
+// The configuration is empty before it is read, so that no default is mixed with the file.
 bool TProjectSimSettings::ReadConfiguration(TElementIterator& element, bool* isListNew) {
     auto configuration = std::make_unique<TProjectSimConfig>(nullptr);
     if (!configuration->ReadFromFile(element, ProjectFile)) return false;

@@ -118,7 +118,7 @@ void TProjectTemplateSimConfigList::WriteToINI() const {
     for (const TProjectSimConfig* configuration : GetConfigurations())
         names.WriteText(NameKey(static_cast<std::size_t>(++number)).c_str(),
                         configuration->GetName());
-    // Reading goes on as long as there are names: those of removed configurations must not stay.
+    // A reader takes names until a number is missing: those of removed configurations must go.
     for (const int old : NumberedKeys(kNamesSection, kNameKey, number + 1))
         names.WriteText(NameKey(static_cast<std::size_t>(old)).c_str(), nullptr);
     for (const TProjectSimConfig* configuration : GetConfigurations()) configuration->WriteToINI();

@@ -1,7 +1,7 @@
 #pragma once
 #include "services/base/api.h"
 
-/// Hears of changes of the tools that a courier keeps.
+/// Is told when the tools that a courier keeps change.
 class HDLBUILDFILE_SHARED_TYPE ABaseSimToolCourierObserver {
 public:
     virtual ~ABaseSimToolCourierObserver() = default;

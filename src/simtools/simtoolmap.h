@@ -13,9 +13,9 @@ public:
     TSimToolMap(const TSimToolMap&) = delete;
     TSimToolMap& operator=(const TSimToolMap&) = delete;
 
-    /// Takes ownership and maps the tool under its present language; an earlier language of a tool
-    /// added again keeps it, too. A tool replaced there stays valid as long as the map, and as
-    /// GetCallersShare(). Null is ignored.
+    /// Takes ownership and maps the tool under its present language. A tool that is added again
+    /// with another language stays mapped under the earlier one, too. A tool that this one replaces
+    /// stays valid as long as the map or GetCallersShare(). Null is ignored.
     void AddSimTool(TBaseSimTool* tool);
 
     /// Null when the language has none. The tool stays the map's.

@@ -201,7 +201,7 @@ void TBaseSimToolServerClientCourier::AppendTool(TSimTools& tools, TBaseSimTool 
 }
 
 // The last record of the block that AppendTool made. A simulator without languages has no block:
-// the last record of all answers for it.
+// for it the result is the vector's last record.
 TBaseSimTool* TBaseSimToolServerClientCourier::FindLastAdded(TSimTools* tools,
                                                              TSimulatorType type) {
     if (!tools) return nullptr;

@@ -14,15 +14,15 @@ class TSimToolSettings;
 /// writes the current server's tools from and to the simulators file. Server names are compared
 /// byte by byte; null names count as empty.
 ///
-/// A simulator stands in its server's vector once for each language that it supports, one record
-/// after the other. A pointer to a record, or to a server's vector, lives until the next operation
-/// that adds tools to that server or removes tools from it. Copies share the registered observers.
+/// A server's vector holds one record for each language that a simulator supports, one after the
+/// other. A pointer to a record, or to a server's vector, lives until the next operation that adds
+/// tools to that server or removes tools from it. Copies share the registered observers.
 class HDLBUILDFILE_API TBaseSimToolServerClientCourier
     : public TEmbeddedObserverMgr<ABaseSimToolCourierObserver> {
 public:
     using TSimTools = std::vector<TBaseSimTool>;
 
-    /// Knows the server "localhost" with the tools of simulator 7; there is no current server.
+    /// Knows the server "localhost" with the tools of SIM_ZORVIK_CL; there is no current server.
     TBaseSimToolServerClientCourier();
     TBaseSimToolServerClientCourier(const TBaseSimToolServerClientCourier& other) = default;
     TBaseSimToolServerClientCourier& operator=(const TBaseSimToolServerClientCourier& other) =
@@ -76,7 +76,7 @@ public:
     /// Writes the current server's tools. False when that failed; an unknown current server logs a
     /// failed check and leaves the file alone.
     bool WriteCurrentServerConfigToFile(const ISFileName* file);
-    /// The same to the default file. The argument has no effect.
+    /// The same to the default file. The argument is reserved: no effect.
     bool WriteServerConfigToFile(const char* server);
     bool WriteServerConfigToFile(TSimToolSettings* settings);
 

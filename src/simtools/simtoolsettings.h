@@ -17,7 +17,7 @@ public:
     const char* GetExecutablePath() const override;
     const char* GetPliLibrary() const override;
 
-    // Whatever the flag. Paths are stored in canonical form, PLI libraries as typed.
+    // These ignore the flag. Paths are stored in canonical form, PLI libraries as typed.
     const std::string& GetLocalExecutablePath() const { return ExecutablePath; }
     void SetLocalExecutablePath(const char* path);
     const std::string& GetLocalPliLibrary() const { return PliLibrary; }
@@ -49,7 +49,7 @@ public:
     /// Stores the canonical form.
     void SetRemotePath(const char* path);
 
-    /// Whether the simulator is one of the environment's own, numbers 1 to 6.
+    /// IsOwnHdlSimulator(type).
     static bool IsOrvaneSimulator(TSimulatorType type);
 
 private:

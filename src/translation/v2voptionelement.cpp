@@ -11,7 +11,7 @@ constexpr const char* kTagPrefix = "v2v";
 constexpr const char* kArgumentTag = "AdditionalOptions";
 
 // Bytes beyond ASCII are left to the writer of the file, which knows the characters they make up.
-bool MayStandInName(char c) {
+bool IsAllowedInName(char c) {
     const auto byte = static_cast<unsigned char>(c);
     return byte >= 0x80 || (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
            (c >= 'a' && c <= 'z') || std::strchr("-_.:", c);
@@ -20,7 +20,7 @@ bool MayStandInName(char c) {
 // A reader finds the switch from the first '-' of the name on.
 bool IsFoundInTag(const std::string& dashOption) {
     return dashOption.front() == '-' &&
-           std::all_of(dashOption.begin(), dashOption.end(), MayStandInName);
+           std::all_of(dashOption.begin(), dashOption.end(), IsAllowedInName);
 }
 
 bool CanNameElement(const std::string& dashOption) {

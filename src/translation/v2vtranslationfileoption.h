@@ -10,8 +10,9 @@ class ISFileName;
 
 /// A switch with files as arguments, for example "-p" with packages.
 ///
-/// Files are written relative to the component of the owning list but read as they stand, against
-/// the working directory; without a component they are written with their canonical names.
+/// Files are written relative to the component of the owning list, but the names that are read
+/// count from the working directory; without a component they are written with their canonical
+/// names.
 class HDLBUILDFILE_API TV2VTranslationFileOption : public TV2VTranslationOption {
 public:
     /// As TV2VTranslationOption, without files.

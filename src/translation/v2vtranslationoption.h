@@ -32,7 +32,7 @@ public:
     /// Reads the element at `elemI`, whatever its name, though another's fails a check. Moves past
     /// the START and the arguments, which are added to those already there. Always true.
     virtual bool ReadFromFile(DListIterator<TElement*>& elemI);
-    /// The arguments as they stand on a command line; "" for an option without. Lives until the
+    /// The arguments as the command line holds them; "" for an option without. Lives until the
     /// next call for any option.
     virtual const char* GetListDisplayString();
     /// The arguments as the user edits them; as above.
@@ -46,7 +46,8 @@ public:
     bool IsEnabled() const { return Enabled; }
     void SetEnabled(bool enabled) { Enabled = enabled; }
 
-    /// The list that the option was last added to, which may be gone by now; null before.
+    /// The list that the option was last added to, which may have been destroyed since; null
+    /// before.
     TV2VTranslationOptionsList* GetOwningList() const { return OwningList; }
     void SetOwningList(TV2VTranslationOptionsList* list) { OwningList = list; }
 

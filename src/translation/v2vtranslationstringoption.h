@@ -24,7 +24,7 @@ public:
     /// Whether an argument equals `text` exactly; null counts as empty.
     virtual bool FindString(const char* text);
     virtual void ClearList();
-    /// Appends one argument as it stands, blanks and all; null counts as empty.
+    /// Appends one argument unchanged, blanks included; null counts as empty.
     virtual void AddAnOption(const char* text);
 
     /// Replaces the arguments by the words of `text`, split at blanks; null just clears.

@@ -18,7 +18,7 @@ std::string StreamOf(const TemporaryFolder& folder, const char* name) {
     return ElementsOf(list);
 }
 
-/// Another component's section, as a save lays it out: text stands before, between and behind its
+/// Another component's section, as a save lays it out, with text before, between and behind its
 /// children.
 std::string ForeignSection(int number) {
     const std::string text = std::to_string(number);

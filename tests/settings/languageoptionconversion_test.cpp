@@ -117,7 +117,7 @@ const TConversionCase kConversionCases[] = {
      {20, LANGUAGE_VERILOG, 3, true},
      {"-u +define+A=1 +maxdelays -lint", "-u +maxdelays -lint", "+define+A=1 -u"},
      {"-upcase -define A=1 -lint -define A=1", "-maxdelays -lint", ""}},
-    {"forced words of all steps stand last",
+    {"forced words of all steps come last",
      {20, LANGUAGE_VERILOG, 3, true},
      {"--ncsim_options -b -lint", "--ncsim_options -l +maxdelays", "--ncsim_options -r +go"},
      {"-lint -b", "-maxdelays -l", "+go -r"}},

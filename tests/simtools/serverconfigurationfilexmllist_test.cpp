@@ -18,7 +18,7 @@ namespace {
 // Reads a stream as the courier would after parsing.
 class StreamCourier : public TBaseSimToolServerClientCourier {
 public:
-    // The result and where the iterator stands.
+    // The result, then the element that the iterator is left at.
     std::string ReadElements(const std::string& elements) {
         TXMLList document;
         PushElements(&document, elements);

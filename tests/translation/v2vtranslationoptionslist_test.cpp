@@ -343,7 +343,7 @@ TEST(TranslationOptionsListCopies, HaveTheComponent) {
 
 TEST(TranslationOptionsListLifetime, LeavesItsOptionsToWhomeverKnowsThem) {
     auto* option = new TV2VTranslationStringOption("-e", "", "", true);
-    option->AddAnOption("an argument long enough to stand in a piece of memory of its own");
+    option->AddAnOption("an argument too long to be kept inside the text object itself");
     {
         TV2VTranslationOptionsList list(nullptr, kTag);
         list.AddOptionNoDup(option);
@@ -351,7 +351,7 @@ TEST(TranslationOptionsListLifetime, LeavesItsOptionsToWhomeverKnowsThem) {
     }
     EXPECT_FALSE(TV2VTranslationOptionsList::IsAlive(option->GetOwningList()));
     EXPECT_EQ(option->GetCommandLineOption(),
-              "-e an argument long enough to stand in a piece of memory of its own");
+              "-e an argument too long to be kept inside the text object itself");
     TV2VTranslationOptionsList heir(nullptr, "Tag");
     heir.AddOptionNoDup(option);
     heir.Flush();

@@ -34,7 +34,7 @@ public:
     bool IsEmpty() const { return Objects.empty(); }
     /// Deletes an object that this keeper has.
     void Delete(const void* object);
-    /// Deletes all, those kept first first.
+    /// Deletes all, in the order in which they were kept.
     void DeleteAll();
     /// Takes what `other` has.
     void TakeAll(TKeeper* other);

@@ -152,6 +152,6 @@ bool TPosixFileSystem::IsProcessGone(const std::string& mark) {
     if (mark.compare(0, dot + 1, own, 0, dot + 1) != 0) return false;
     pid_t process = 0;
     std::from_chars(mark.data() + dot + 1, mark.data() + mark.size(), process);
-    // Asks for a signal's leave and sends none; numbers below 1 mean groups of processes.
+    // Signal 0 is not sent: it asks whether the process exists. Numbers below 1 mean groups.
     return process > 0 && kill(process, 0) != 0 && errno == ESRCH;
 }

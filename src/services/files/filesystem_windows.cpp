@@ -127,7 +127,7 @@ TFileResult TWindowsFileSystem::ReadLink(const std::string& path, std::string* t
     const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return FailWith(GetLastError());
     if (!(attributes & FILE_ATTRIBUTE_REPARSE_POINT)) return {TFileFault::NotALink, "not a link"};
-    // Other things than links are told the same way: cloud drives have such files.
+    // Files of cloud drives are marked like links without being any.
     const std::string expanded = CanonicalPath(ExpandLinks(path));
     if (expanded.empty()) return {TFileFault::Other, ErrorText(GetLastError())};
     if (EqualIgnoringCase(expanded, path)) return {TFileFault::NotALink, "not a link"};

@@ -61,12 +61,13 @@ void TakeOverOwner(int descriptor, const struct stat& from) {
 }
 
 #ifdef __linux__
-/// Checksums of the bytes, which the system makes anew.
+/// Whether the attribute is a checksum of the file's bytes, which the system computes anew.
 bool BelongsToBytes(const std::string& attribute) {
     return attribute == "security.ima" || attribute == "security.evm";
 }
 
-/// The user may not set it, or the file system does not know it; or it was taken away meanwhile.
+/// Whether an attribute may be left out: the user is not allowed to set it, the file system does
+/// not know attributes, or it was removed since the list was made.
 bool MayBeMissed(int error) {
     return error == EPERM || error == EACCES || error == ENOTSUP || error == ENODATA;
 }

@@ -25,7 +25,7 @@ public:
     bool IsEmpty() const { return Content.empty(); }
 
     /// The text under which `language` reads this identifier back as an equal one; empty stays
-    /// empty. The other three arguments are reserved and have no effect.
+    /// empty. The other three arguments are reserved: no effect.
     TRope GetEscapedName(THdlLanguage language, char reserved, bool, bool) const;
 
 private:

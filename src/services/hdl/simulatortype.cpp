@@ -7,8 +7,8 @@ namespace {
 using TLanguages = std::vector<THdlLanguage>;
 
 // Names are prefixes of INI keys: no '=', no brackets, no outer blanks, and never digits alone,
-// which readers take for a simulator's number. The prefixes of 13 to 17 are irregular on purpose:
-// the DLLs are built under these names.
+// which readers take for a simulator's number. The prefixes from SIM_MODELSIM_VERILOG_SE
+// to SIM_MODELSIM_VHDL_PE are irregular on purpose: the DLLs are built under these names.
 // clang-format off
 std::vector<TSimulatorRecord>* MakeSimulatorTable() {
     const TLanguages none;

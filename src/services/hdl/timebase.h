@@ -6,7 +6,7 @@ enum TUnit : int { UNIT_FS = 0, UNIT_PS = 1, UNIT_NS = 2, UNIT_US = 3, UNIT_MS =
 /// The time unit that a simulation counts in, and the one in which times are shown.
 class HDLBUILDFILE_API TTimeBase {
 public:
-    /// Base unit ps, display unit ns, whatever the argument.
+    /// Base unit ps, display unit ns. The argument is reserved: no effect.
     explicit TTimeBase(int = 1) {}
 
     TUnit GetBaseTimeUnit() const { return BaseUnit; }

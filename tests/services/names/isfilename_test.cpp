@@ -76,7 +76,7 @@ public:
     char* GetExtOnly() const override { return nullptr; }
     char* GetNameOnly() const override { return nullptr; }
 
-    /// Stands for a class that keeps its name itself.
+    /// What a class that keeps its name itself answers instead of a wrapped name.
     static const ISFileName* const kItself;
     const char* Text = "";
     mutable std::string Calls;
