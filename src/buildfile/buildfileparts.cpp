@@ -45,7 +45,8 @@ void TBuildFileParts::StoreCopyFor(IHdlSourceFile* source) {
     const THdlLanguage language = source->GetLanguage();
     const bool isOurs = config == LanguageConfigs.Find(language);
     Store(language, new TProjectSimLanguageConfig(*config, 1));
-    // Plain sources follow by themselves, those of other classes may hold what was just deleted.
+    // A THdlSourceFile finds the new configuration itself; a source of another class may still
+    // point to the one just deleted.
     if (isOurs) source->SetProjectLanguageConfig(LanguageConfigs.Find(language));
     SourceFileOwner.RecordLanguageConfig(source, LanguageConfigs.FindSlot(language));
 }

@@ -146,8 +146,8 @@ std::shared_ptr<TBuildFileParts> THdlBuildFile::LeaveParts() {
     return std::move(Parts);
 }
 
-// One that the reader made is in a keeper of the parts; one that a caller handed in may be in use
-// there.
+// The general configuration stays valid: a keeper of the parts has the one that the reader made,
+// and one that a caller handed in is kept until the process ends, as the caller may still use it.
 void THdlBuildFile::KeepOwnGeneralConfiguration() {
     if (OwnsConfigurations) KeepUntilExit(GeneralConfiguration);
 }

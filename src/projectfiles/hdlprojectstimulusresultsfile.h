@@ -17,7 +17,7 @@ public:
     void Accept(IBaseVisitor* visitor) const override;
     ISimulationResults* GetOwnerResults() const { return OwnerResults; }
     void SetOwnerResults(ISimulationResults* results) { OwnerResults = results; }
-    /// Whether the results were put away in the archive; false without results.
+    /// Whether the results are archived ones; false without results.
     bool IsArchive() const;
 
 private:

@@ -5,6 +5,6 @@
 class HDLBUILDFILE_SHARED_TYPE ISimulationResults {
 public:
     virtual ~ISimulationResults() = default;
-    /// Whether the results were put away in the archive.
+    /// Whether the results are archived ones.
     virtual bool IsArchive() const = 0;
 };

@@ -16,7 +16,8 @@ void KeepWithDependencies(TKeeper* keeper, THdlSourceFile* source) {
 
 }  // namespace
 
-/// A source in its owner's list, which is shorter to enter than a keeper.
+/// A source that was read. It is in its owner's list, and takes itself out when it is deleted: that
+/// costs less for each source than an entry in a keeper.
 class TSourceFileOwner::TReadSourceFile : public THdlSourceFile {
 public:
     TReadSourceFile(const ISFileName* name, std::list<TReadSourceFile*>* list)

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A configuration that notes its end.
+/// A configuration that records its destruction.
 template <class TConfig>
 class Mortal : public TConfig {
 public:

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// A configuration that notes its end.
+/// A configuration that records its destruction.
 template <class TConfig>
 class Mortal : public TConfig {
 public:

@@ -120,7 +120,7 @@ TEST_F(BuildFileReload, LeavesWhatACopyShares) {
     EXPECT_FALSE(TV2VTranslationOptionsList::IsAlive(shared.Options));
 }
 
-/// A tool that notes its end.
+/// A tool that records its destruction.
 class MortalTool : public TBaseSimTool {
 public:
     explicit MortalTool(std::string* grave) : Grave(grave) { SetPliLibrary("callers"); }
@@ -130,7 +130,7 @@ private:
     std::string* Grave;
 };
 
-/// A general configuration that notes its end.
+/// A general configuration that records its destruction.
 class MortalGeneral : public TProjectSimGeneralConfig {
 public:
     explicit MortalGeneral(std::string* grave) : Grave(grave) {}

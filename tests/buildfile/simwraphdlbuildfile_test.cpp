@@ -6,7 +6,8 @@
 
 namespace {
 
-/// A general configuration that notes, when it goes, whether the configuration of `source` is gone.
+/// A general configuration that records, when it is destroyed, whether the configuration of
+/// `source` is destroyed already.
 class LastToGo : public TProjectSimGeneralConfig {
 public:
     LastToGo(THdlSourceFile* source, std::string* note) : Source(source), Note(note) {}

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// A configuration that notes its end.
+/// A configuration that records its destruction.
 class MortalConfig : public TProjectSimLanguageConfig {
 public:
     MortalConfig(std::string name, std::string* grave) : Name(std::move(name)), Grave(grave) {}

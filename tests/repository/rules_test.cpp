@@ -69,9 +69,8 @@ TEST(Rules, AreLookedForInCodeOnly) {
     EXPECT_EQ(CodeOf("x = R\"q(throw \")\" throw)q\" + y;"), "x = R\"\" + y;");
 }
 
-// Variables in the user's own texts are expanded by `environment`, whatever their names.
 // Variables in the user's own texts are expanded by `environment`, whatever their names. The folder
-// for the user's files is found as the desktop's rules tell.
+// for the user's files follows from the rules of the desktop.
 TEST(Rules, ConsultOneEnvironmentVariableByName) {
     EXPECT_EQ(MatchesInLibrary(std::regex("GetEnvironment(Variable)?Text\\(\"[^\"]*\""), true),
               "services/files/process_posix.cpp: GetEnvironmentText(\"HOME\"\n"

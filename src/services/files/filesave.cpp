@@ -119,9 +119,9 @@ private:
     }
 
     /// The renaming must survive a power failure as well. When it cannot be flushed, the old file
-    /// comes back under its second name.
+    /// comes back from its hard link.
     bool PutInPlace() {
-        if (TargetExists) KeepSecondName();
+        if (TargetExists) KeepHardLink();
         if (!Check(System.Rename(*Temporary, Target))) return false;
         Temporary.reset();
         if (Check(System.FlushFolder(Folder))) return true;
@@ -132,8 +132,8 @@ private:
         return false;
     }
 
-    /// Not every file system knows second names.
-    void KeepSecondName() {
+    /// Not every file system has hard links.
+    void KeepHardLink() {
         const std::string name = NewTemporaryName();
         if (System.Link(Target, name).IsDone()) Former = name;
     }
@@ -151,7 +151,7 @@ private:
     std::string Folder;  // with the delimiter that ends it
     std::string TemporaryBegin;
     std::optional<std::string> Temporary;  // what is to be removed at the end
-    std::optional<std::string> Former;     // the old file under a second name
+    std::optional<std::string> Former;     // a hard link to the old file
     std::string Reason;
     bool TargetExists = false;
 };

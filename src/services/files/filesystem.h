@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-/// Why an operation failed, as far as the library goes on differently.
+/// Why an operation failed, as far as the library treats the reasons differently.
 enum class TFileFault {
     None,
     Missing,    ///< there is no such file or folder
@@ -56,13 +56,14 @@ public:
     /// Writes some of the bytes; `*count` tells how many.
     virtual TFileResult Write(TFileNumber file, std::string_view bytes, std::size_t* count) = 0;
     /// Gives the new file owner, permissions and extended attributes of the file `from`, as far as
-    /// the user may. Where the owner or group cannot be kept, nobody runs the file in their name.
+    /// the user may. Where the owner or group cannot be kept, the bits that let others run the file
+    /// in their name are not kept either.
     virtual TFileResult TakeOver(TFileNumber file, const std::string& from) = 0;
     /// Waits until the bytes are on the disk.
     virtual TFileResult Flush(TFileNumber file) = 0;
     /// The number is not to be used afterwards, whatever the result.
     virtual TFileResult Close(TFileNumber file) = 0;
-    /// A second name for a file; fails where the file system knows no such names.
+    /// Makes the hard link `secondName` to a file; fails where the file system has no such links.
     virtual TFileResult Link(const std::string& path, const std::string& secondName) = 0;
     /// Puts `from` in the place of `to` in one step.
     virtual TFileResult Rename(const std::string& from, const std::string& to) = 0;

@@ -44,7 +44,7 @@ std::string MarkOfMachine() {
     char text[256] = {};
     gethostname(text, sizeof text - 1);
     std::string machine = text;
-    // The container's space of process numbers, where the system has such.
+    // The container's PID namespace, where the system has namespaces.
     const ssize_t length = readlink("/proc/self/ns/pid", text, sizeof text);
     if (length > 0) machine.append(text, static_cast<std::size_t>(length));
     return std::to_string(HashIgnoringCase(machine));

@@ -73,7 +73,7 @@ TFileStatus StatusOfTarget(const std::string& path) {
             NanosecondsOf(info.ftLastWriteTime), SizeOf(info.nFileSizeHigh, info.nFileSizeLow)};
 }
 
-/// Process numbers count within one machine only.
+/// Process numbers are unique within one machine only.
 std::string MarkOfMachine() {
     wchar_t name[MAX_COMPUTERNAME_LENGTH + 1] = {};
     DWORD size = MAX_COMPUTERNAME_LENGTH + 1;

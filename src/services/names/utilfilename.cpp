@@ -5,7 +5,7 @@
 
 namespace {
 
-// Beside the sums of the TFileNameParts bits.
+// Keys of Results that are no sums of TFileNameParts bits.
 constexpr unsigned kCanonical = 1U << 16;
 constexpr unsigned kWithoutFinalSlash = 1U << 17;
 

@@ -5,7 +5,8 @@
 namespace {
 
 // Expat copies what it is given and scans a token that does not end there again with the next part.
-// Parts that double keep both small and the work linear, however long a token is.
+// With parts that double in size the copies stay small and the work is linear, however long a token
+// is.
 constexpr std::size_t kLargestPart = std::size_t{1} << 26;
 
 int ReadUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding) {

@@ -19,8 +19,7 @@ struct TXMLEncoding {
 TXMLEncoding DetectXMLEncoding(std::string_view document);
 
 /// Whether a high surrogate of a document in UTF-16 lacks its low one. Each such unit is replaced
-/// in
-/// `*refused`, a copy of the document, by a low surrogate: the parser refuses that at its place,
+/// in `*refused`, a copy of the document, by a low surrogate: the parser refuses that at its place,
 /// while it takes a high surrogate together with whatever follows.
 bool HasLoneHighSurrogate(std::string_view document, const TXMLEncoding& encoding,
                           std::string* refused);

@@ -42,7 +42,7 @@ void NoteRead(const ISFileName* file, bool succeeded) {
         GetUnreadFiles()[name] = GetUnreadFiles()[target] = target;
 }
 
-// Also when the disk does not tell whether the file is there: the backup finds out.
+// True also when the disk does not tell whether the file exists: making the backup shows it.
 bool MustBeKept(const ISFileName* file) {
     if (!GetUnreadFiles().contains(GetNameKey(file->Canonical(false))) &&
         !GetUnreadFiles().contains(GetNameKey(file->CanonicalWithExpandedLinks())))

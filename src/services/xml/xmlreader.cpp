@@ -24,8 +24,9 @@ public:
         XML_SetDefaultHandler(parser, OnTokenBeforeRoot);
     }
 
-    /// `prologue` replaces the first bytes of the document. That a document type may come without
-    /// any element is for us to say: of other documents the prologue's reader has made sure.
+    /// `prologue` replaces the first bytes of the document. A document type
+    /// without any element is accepted, though Expat refuses it; the reader of the prologue has
+    /// refused other documents without elements.
     bool Read(std::string_view prologue) {
         if (Run.Feed(prologue, false) && Run.Feed(Document.substr(prologue.size()), true))
             return true;

@@ -61,7 +61,8 @@ void TXMLSectionFile::FillElements() {
     PushKept(isThere ? Section.End + 1 : Parent.End, Kept.size());
 }
 
-// What could not be read, and what holds no elements, may not be taken for a file to be made.
+// Whether the save makes a new file: not for a file that could not be read, nor for one that was
+// read and holds no elements.
 bool TXMLSectionFile::MayBeNew() const {
     return GetReadError().IsError() ? GetReadError().Missing : !WasRead;
 }
