@@ -3,18 +3,10 @@
 #include "settings/projecttemplatesimconfiglist.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
 namespace {
-
-const std::string kGeneralLines =
-    "AddTopLevelSignals=true\nShowWatchSignals=true\nDumpWatchSignals=false\n"
-    "BreakAtTimeZeroAfterCompile=false\nClearLogFileBeforeCompile=true\n"
-    "AutoParseProject=false\nGenerateTestBenchOnBuildProject=true\n"
-    "DisablePeriodicWaveformUpdate=false\nCompileVerilogFiles=false\nCompileVHDLFiles=false\n"
-    "CompileCppFiles=false\nLogFileName=simulation.log\nMakeConstantsWatchable=true\n"
-    "MakeArrayElementsWatchable=false\nWatchableArrayElementSize=0\n"
-    "EnableSimulatorDebugging=true\n";
 
 constexpr THdlLanguage kNotStored[] = {LANGUAGE_SYSTEMC, LANGUAGE_RESERVED5, LANGUAGE_SPECMAN};
 
@@ -50,10 +42,11 @@ TEST(IniRules, TheSelectedNameIsThatOfTheCurrentConfigurationNotOfTheStartingOne
         list.SelectCurrentConfig(current);
         list.WriteToINI();
         EXPECT_STREQ(list.GetStartingConfigOrCurrentConfigName(), "b");
-        EXPECT_EQ(ini.Saved(), selected + current +
-                                   "\n\n[TemplateConfigurationNameList]\nConfigurationName1=a\n"
-                                   "ConfigurationName2=b\n\n[a_GeneralConfiguration]\n" +
-                                   kGeneralLines + "\n[b_GeneralConfiguration]\n" + kGeneralLines);
+        EXPECT_EQ(WithoutUnknown(ini.Saved()),
+                  selected + current +
+                      "\n\n[TemplateConfigurationNameList]\nConfigurationName1=a\n"
+                      "ConfigurationName2=b\n\n[a_GeneralConfiguration]\n" +
+                      GeneralIni() + "\n[b_GeneralConfiguration]\n" + GeneralIni());
     }
 }
 
@@ -65,7 +58,7 @@ TEST(IniRules, LanguagesWithoutStoredSettingsAreNotWritten) {
     for (const THdlLanguage language : kNotStored)
         FillLanguageConfig(*configuration.GetProjectLanguageConfig(language));
     configuration.WriteToINI();
-    EXPECT_EQ(ini.Saved(), "[N_GeneralConfiguration]\n" + kGeneralLines);
+    EXPECT_EQ(WithoutUnknown(ini.Saved()), "[N_GeneralConfiguration]\n" + GeneralIni());
 }
 
 TEST(IniRules, LanguagesWithoutStoredSettingsAreNotRead) {

@@ -1,6 +1,7 @@
 #include "settings/projectdiagramsimconfig.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -101,26 +102,17 @@ TEST(ProjectDiagramSimConfig, WritesItsThreeSections) {
     TConfig diagram;
     diagram.GetProjectLanguageConfig(LANGUAGE_VHDL)->SetBuildOptions("-b");
     diagram.WriteToINI();
-    EXPECT_EQ(ini.Saved(),
-              kGeneralSection +
-                  "DumpWatchSignals=false\nClearLogFileBeforeCompile=true\n"
-                  "GenerateTestBenchOnBuildProject=true\nDisablePeriodicWaveformUpdate=false\n"
-                  "CompileVerilogFiles=false\nCompileVHDLFiles=false\nCompileCppFiles=false\n"
-                  "LogFileName=simulation.log\nMakeConstantsWatchable=true\n"
-                  "MakeArrayElementsWatchable=false\nWatchableArrayElementSize=0\n"
-                  "EnableSimulatorDebugging=true\n\n" +
-                  kVerilogSection + "SelectedSimTool=" + NameOf(SIM_ZORVIK_CL) +
-                  "\nSimTool=" + NameOf(SIM_ZORVIK_CL) +
-                  "\nIncludeDirectory Count=1\nIncludeDirectory0=./\nLibraryDirectory Count=2\n"
-                  "LibraryDirectory0=lib/verilog\nLibraryDirectory1=lib\n"
-                  "LibraryExtension Count=2\nLibraryExtension0=.v\nLibraryExtension1=.vo\n"
-                  "UseVhdl93Defaults=true\nDelayType=typical\nPliDriven=false\n"
-                  "ActiveSnapshotName=\nDestinationLibraryName=work\nAdditionalExtensions=\n"
-                  "BuildOptions=\nLinkerOptions=\nRuntimeOptions=\n\n" +
-                  kVhdlSection + "SelectedSimTool=" + NameOf(SIM_ZORVIK_VHDL) +
-                  "\nSimTool=" + NameOf(SIM_ZORVIK_VHDL) +
-                  "\nActiveSnapshotName=\nDestinationLibraryName=work\nAdditionalExtensions=\n"
-                  "BuildOptions=-b\nLinkerOptions=\nRuntimeOptions=\n");
+    EXPECT_EQ(WithoutUnknown(ini.Saved()),
+              kGeneralSection + GeneralIniOfDiagrams() + "\n" + kVerilogSection +
+                  "SelectedSimTool=" + NameOf(SIM_ZORVIK_CL) + "\n" +
+                  LanguageIni("Verilog", "",
+                              {{"SimTool", NameOf(SIM_ZORVIK_CL)},
+                               {"IncludeDirectories", "./"},
+                               {"LibraryDirectories", "lib/verilog, lib"},
+                               {"LibraryExtensions", ".v, .vo"}}) +
+                  "\n" + kVhdlSection + "SelectedSimTool=" + NameOf(SIM_ZORVIK_VHDL) + "\n" +
+                  LanguageIni("VHDL", "",
+                              {{"SimTool", NameOf(SIM_ZORVIK_VHDL)}, {"BuildOptions", "-b"}}));
 }
 
 TEST(ProjectDiagramSimConfig, ReadsBackWhatItWrote) {

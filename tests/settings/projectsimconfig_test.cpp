@@ -4,6 +4,7 @@
 #include "tests/settings/settingstext.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/settingtexts.h"
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>
 
@@ -277,31 +278,11 @@ TEST(ProjectSimConfig, WritesASectionForEachLanguage) {
     }
     configuration.WriteToINI();
     const std::string name = GetSimulatorNameFromType(SIM_VCS);
-    const auto keys = [&name](const std::string& section, const std::string& verilog,
-                              const std::string& testBuilder) {
-        return "\n[" + section + "]\nSimTool=" + name + "\n" + verilog + name +
-               "_ActiveSnapshotName=\n" + name + "_DestinationLibraryName=work\n" + testBuilder +
-               name + "_AdditionalExtensions=\n" + name + "_BuildOptions=\n" + name +
-               "_LinkerOptions=\n" + name + "_RuntimeOptions=\n";
-    };
-    EXPECT_EQ(ini.Saved(),
-              "[My Config_GeneralConfiguration]\n"
-              "AddTopLevelSignals=true\nShowWatchSignals=true\nDumpWatchSignals=false\n"
-              "BreakAtTimeZeroAfterCompile=false\nClearLogFileBeforeCompile=true\n"
-              "AutoParseProject=false\nGenerateTestBenchOnBuildProject=true\n"
-              "DisablePeriodicWaveformUpdate=false\nCompileVerilogFiles=false\n"
-              "CompileVHDLFiles=false\nCompileCppFiles=false\nLogFileName=simulation.log\n"
-              "MakeConstantsWatchable=true\nMakeArrayElementsWatchable=false\n"
-              "WatchableArrayElementSize=0\nEnableSimulatorDebugging=true\n" +
-                  keys("My ConfigVerilogSettingsConfiguration",
-                       name + "_UseVhdl93Defaults=true\n" + name + "_DelayType=typical\n" + name +
-                           "_PliDriven=false\n",
-                       "") +
-                  keys("My ConfigVHDLSettingsConfiguration", "", "") +
-                  keys("My ConfigBluespecSettingsConfiguration", "", "") +
-                  keys("My ConfigC++SettingsConfiguration", "", "") +
-                  keys("My ConfigTestBuilderSettingsConfiguration", "",
-                       name + "_RunOutputFileExecutable=false\n" + name + "_OutputFileName=\n"));
+    std::string expected = "[My Config_GeneralConfiguration]\n" + GeneralIni();
+    for (const char* language : {"Verilog", "VHDL", "Bluespec", "C++", "TestBuilder"})
+        expected += std::string("\n[My Config") + language + "SettingsConfiguration]\n" +
+                    LanguageIni(language, name + "_", {{"SimTool", name}});
+    EXPECT_EQ(WithoutUnknown(ini.Saved()), expected);
 }
 
 TEST(ProjectSimConfig, ReadsBackWhatItWroteToTheIniFile) {

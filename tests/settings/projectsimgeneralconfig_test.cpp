@@ -3,6 +3,7 @@
 #include "tests/settings/settingstext.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/settingtexts.h"
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>
 
@@ -193,17 +194,41 @@ TEST(ProjectSimGeneralConfig, CompilesALanguageByItsOwnFlagAndOthersAlways) {
 }
 
 TEST(ProjectSimGeneralConfig, WritesOneElementWithAllAttributesInOrder) {
+    const char* const expected =
+        "START GeneralConfiguration LogFileName=simulation.log AddTopLevelSignals=true"
+        " ShowWatchSignals=true DumpWatchSignals=false BreakAtTimeZeroAfterCompile=false"
+        " ClearLogFileBeforeCompile=true AutoParseProject=false"
+        " GenerateTestBenchOnBuildProject=true DisablePeriodicWaveformUpdate=false"
+        " CompileVerilogFiles=false CompileVHDLFiles=false CompileCppFiles=false"
+        " MakeConstantsWatchable=true MakeArrayElementsWatchable=false"
+        " WatchableArrayElementSize=12 EnableSimulatorDebugging=true\n"
+        "END GeneralConfiguration\n";
     TConfig general;
     general.SetWatchableArrayElementSize(12);
     EXPECT_EQ(ElementsWrittenBy([&](TXMLList* list) { general.WriteToProjectFile(list); }),
-              "START GeneralConfiguration LogFileName=simulation.log AddTopLevelSignals=true"
-              " ShowWatchSignals=true DumpWatchSignals=false BreakAtTimeZeroAfterCompile=false"
-              " ClearLogFileBeforeCompile=true AutoParseProject=false"
-              " GenerateTestBenchOnBuildProject=true DisablePeriodicWaveformUpdate=false"
-              " CompileVerilogFiles=false CompileVHDLFiles=false CompileCppFiles=false"
-              " MakeConstantsWatchable=true MakeArrayElementsWatchable=false"
-              " WatchableArrayElementSize=12 EnableSimulatorDebugging=true\n"
-              "END GeneralConfiguration\n");
+              expected);
+    EXPECT_EQ(GeneralElements({{"WatchableArrayElementSize", "12"}}), expected);
+}
+
+TEST(ProjectSimGeneralConfig, WritesEachAttributeThatItRead) {
+    const TSettingValues missing = GeneralValues(&TGeneralSettingText::MissingInElement);
+    const auto afterReading = [](const TAttributeList& attributes) {
+        TXMLList list;
+        list.Psh("GeneralConfiguration", &attributes, TElement::START, nullptr);
+        TConfig general;
+        EXPECT_TRUE(general.ReadFromFile(TElementIterator(list).Current()));
+        return WithoutUnknown(
+            ElementsWrittenBy([&](TXMLList* written) { general.WriteToProjectFile(written); }));
+    };
+    EXPECT_EQ(afterReading(TAttributeList()), GeneralElements(missing));
+    for (const TGeneralSettingText& row : GeneralSettingTexts())
+        for (const char* value : {row.Default, row.Changed}) {
+            TAttributeList attributes;
+            attributes.Psh(row.Name, value);
+            TSettingValues expected = missing;
+            expected[row.Name] = value;
+            EXPECT_EQ(afterReading(attributes), GeneralElements(expected)) << row.Name;
+        }
 }
 
 TEST(ProjectSimGeneralConfig, WritesNothingWithoutADocument) {
@@ -332,26 +357,44 @@ TEST(ProjectSimGeneralConfig, ReadingNullFailsAndChangesNothing) {
 }
 
 TEST(ProjectSimGeneralConfig, WritesItsIniKeysInOrder) {
+    const char* const expected =
+        "AddTopLevelSignals=true\n"
+        "ShowWatchSignals=true\n"
+        "DumpWatchSignals=false\n"
+        "BreakAtTimeZeroAfterCompile=false\n"
+        "ClearLogFileBeforeCompile=true\n"
+        "AutoParseProject=false\n"
+        "GenerateTestBenchOnBuildProject=true\n"
+        "DisablePeriodicWaveformUpdate=false\n"
+        "CompileVerilogFiles=false\n"
+        "CompileVHDLFiles=false\n"
+        "CompileCppFiles=false\n"
+        "LogFileName=simulation.log\n"
+        "MakeConstantsWatchable=true\n"
+        "MakeArrayElementsWatchable=false\n"
+        "WatchableArrayElementSize=0\n"
+        "EnableSimulatorDebugging=true\n";
     const IniFiles ini;
     TConfig().WriteToINI("S", false);
-    EXPECT_EQ(ini.Saved(),
-              "[S]\n"
-              "AddTopLevelSignals=true\n"
-              "ShowWatchSignals=true\n"
-              "DumpWatchSignals=false\n"
-              "BreakAtTimeZeroAfterCompile=false\n"
-              "ClearLogFileBeforeCompile=true\n"
-              "AutoParseProject=false\n"
-              "GenerateTestBenchOnBuildProject=true\n"
-              "DisablePeriodicWaveformUpdate=false\n"
-              "CompileVerilogFiles=false\n"
-              "CompileVHDLFiles=false\n"
-              "CompileCppFiles=false\n"
-              "LogFileName=simulation.log\n"
-              "MakeConstantsWatchable=true\n"
-              "MakeArrayElementsWatchable=false\n"
-              "WatchableArrayElementSize=0\n"
-              "EnableSimulatorDebugging=true\n");
+    EXPECT_EQ(ini.Saved(), std::string("[S]\n") + expected);
+    EXPECT_EQ(GeneralIni(), expected);
+}
+
+TEST(ProjectSimGeneralConfig, WritesEachKeyThatItRead) {
+    const TSettingValues missing = GeneralValues(&TGeneralSettingText::MissingInIni);
+    for (const TGeneralSettingText& row : GeneralSettingTexts())
+        for (const char* value : {row.Default, row.Changed}) {
+            const IniFiles ini;
+            ini.Give("[S]\n" + std::string(row.Name) + "=" + value + "\n");
+            TConfig general;
+            general.ReadFromINI("S", false);
+            general.WriteToINI("GeneralConfiguration", false);
+            TSettingValues expected = missing;
+            expected[row.Name] = value;
+            EXPECT_EQ(WithoutUnknown(ini.Saved()), "[S]\n" + std::string(row.Name) + "=" + value +
+                                                       "\n\n[GeneralConfiguration]\n" +
+                                                       GeneralIni(expected));
+        }
 }
 
 TEST(ProjectSimGeneralConfig, ReadsBackWhatItWroteToTheIniFile) {
@@ -391,26 +434,15 @@ TEST(ProjectSimGeneralConfig, ReadsALogFileNameUpTo315Bytes) {
 }
 
 TEST(ProjectSimGeneralConfig, WritesNoKeysThatDiagramsFix) {
+    const TSettingValues changed = GeneralValues(&TGeneralSettingText::Changed);
+    const std::string kept = "[GeneralConfiguration]\nAutoParseProject=maybe\n";
     const IniFiles ini;
-    ini.Give("[S]\nAutoParseProject=maybe\n");
+    ini.Give("[S]\n" + GeneralIni(changed) + "\n" + kept);
     TConfig general;
-    Invert(general);
-    general.WriteToINI("S", true);
-    EXPECT_EQ(ini.Saved(),
-              "[S]\n"
-              "AutoParseProject=maybe\n"
-              "DumpWatchSignals=true\n"
-              "ClearLogFileBeforeCompile=false\n"
-              "GenerateTestBenchOnBuildProject=false\n"
-              "DisablePeriodicWaveformUpdate=true\n"
-              "CompileVerilogFiles=true\n"
-              "CompileVHDLFiles=true\n"
-              "CompileCppFiles=true\n"
-              "LogFileName=my log.txt\n"
-              "MakeConstantsWatchable=false\n"
-              "MakeArrayElementsWatchable=true\n"
-              "WatchableArrayElementSize=-17\n"
-              "EnableSimulatorDebugging=false\n");
+    general.ReadFromINI("S", false);
+    general.WriteToINI("GeneralConfiguration", true);
+    EXPECT_EQ(WithoutUnknown(ini.Saved()),
+              "[S]\n" + GeneralIni(changed) + "\n" + kept + GeneralIniOfDiagrams(changed));
 }
 
 TEST(ProjectSimGeneralConfig, FixesFourSettingsWhenReadForDiagrams) {

@@ -3,6 +3,7 @@
 #include "tests/settings/settingstext.h"
 #include "tests/support/growth.h"
 #include "tests/support/recorders.h"
+#include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -102,6 +103,27 @@ const TLanguageLines kLines[] = {
 };
 
 }  // namespace
+
+TEST(ProjectSimLanguageConfigIni, RendersTheKeysOfEachLanguage) {
+    const TSettingValues values = {{"SimTool", NameOf(SIM_NC_VERILOG)},
+                                   {"IncludeDirectories", "inc, ${IP}/inc"},
+                                   {"LibraryDirectories", "E:\\lib\\"},
+                                   {"LibraryExtensions", ".v, .vo"},
+                                   {"UseVhdl93Defaults", "false"},
+                                   {"DelayType", "max"},
+                                   {"PliDriven", "true"},
+                                   {"ActiveSnapshotName", "snap"},
+                                   {"DestinationLibraryName", "gates"},
+                                   {"AdditionalExtensions", ".svp"},
+                                   {"BuildOptions", "-b 1"},
+                                   {"LinkerOptions", "\" -l 2\""},
+                                   {"RuntimeOptions", "-r 3"},
+                                   {"OutputFileName", "bench.exe"},
+                                   {"RunOutputFileExecutable", "true"}};
+    EXPECT_EQ(LanguageIni("Verilog", "", values), kVerilogLines);
+    for (const char* language : {"VHDL", "Bluespec", "C++"})
+        EXPECT_EQ(LanguageIni(language, "", values), kOtherLines) << language;
+}
 
 TEST(ProjectSimLanguageConfigIni, WritesTheKeysOfEachLanguageInOrder) {
     for (const TLanguageLines& row : kLines)
@@ -320,12 +342,8 @@ TEST(ProjectSimLanguageConfigIni, AnEmptyListWritesNothing) {
     TConfig settings;
     settings.SetTool(SIM_VCS);
     settings.WriteToINI("S", LANGUAGE_VERILOG, true);
-    EXPECT_EQ(ini.Saved(),
-              "[S]\nLibraryExtension Count=1\nLibraryExtension0=.v\nSimTool=" + NameOf(SIM_VCS) +
-                  "\nUseVhdl93Defaults=true\nDelayType=typical\nPliDriven=false\n"
-                  "ActiveSnapshotName=\nDestinationLibraryName=work\n"
-                  "AdditionalExtensions=\nBuildOptions=\nLinkerOptions=\n"
-                  "RuntimeOptions=\n");
+    EXPECT_EQ(ini.Saved(), "[S]\nLibraryExtension Count=1\nLibraryExtension0=.v\n" +
+                               LanguageIni("Verilog", "", {{"SimTool", NameOf(SIM_VCS)}}));
 }
 
 TEST(ProjectSimLanguageConfigIni, WritesNoSimulatorAfterLoggingIt) {
@@ -335,10 +353,7 @@ TEST(ProjectSimLanguageConfigIni, WritesNoSimulatorAfterLoggingIt) {
     settings.WriteToINI("S", LANGUAGE_VHDL, false);
     EXPECT_EQ(log.Take(),
               "projectsettingsconfigurationsdata(854): Check failed: \"SimTool != SIM_NONE\"\n");
-    EXPECT_EQ(ini.Saved(),
-              "[S]\nSimTool=None\nNone_ActiveSnapshotName=\nNone_DestinationLibraryName=work\n"
-              "None_AdditionalExtensions=\nNone_BuildOptions=\nNone_LinkerOptions=\n"
-              "None_RuntimeOptions=\n");
+    EXPECT_EQ(ini.Saved(), "[S]\n" + LanguageIni("VHDL", "None_", {{"SimTool", "None"}}));
 }
 
 TEST(ProjectSimLanguageConfigIni, WritesDirectoriesAsPeopleKnowThem) {

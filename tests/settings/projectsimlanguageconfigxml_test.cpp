@@ -4,6 +4,7 @@
 #include "tests/settings/settingstext.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -27,15 +28,6 @@ std::string Directories(const std::string& list, const std::vector<std::string>&
     for (const std::string& text : texts) elements += TextElement("Directory", text);
     return elements + "END " + list + "\n";
 }
-
-/// What settings with the defaults write after the simulator and the lists.
-const std::string kWrittenDefaults =
-    TextElement("UseVhdl93Defaults", "true") + TextElement("DelayType", "1") +
-    TextElement("PliDriven", "false") + TextElement("ActiveSnapshotName", "") +
-    TextElement("DestinationLibraryName", "work") + TextElement("AdditionalExtensions", "") +
-    TextElement("BuildOptions", "") + TextElement("LinkerOptions", "") +
-    TextElement("RuntimeOptions", "") + TextElement("RunOutputFileExecutable", "false") +
-    TextElement("ForceTopLevel", "false");
 
 /// Reads `elements` into `settings` with a project file on a drive. Gives the result and the
 /// element at which the reader stopped.
@@ -84,37 +76,65 @@ const std::string kWriteNone = std::string(kSource) +
 }  // namespace
 
 TEST(ProjectSimLanguageConfigXml, WritesEverySettingInOrder) {
+    const char* const expected =
+        "START SimTool\nTEXT NCSim Verilog\nEND SimTool\n"
+        "START IncludeDirectories\n"
+        "START Directory\nTEXT inc\nEND Directory\n"
+        "START Directory\nTEXT ${IP}/inc\nEND Directory\n"
+        "END IncludeDirectories\n"
+        "START LibraryDirectories\n"
+        "START Directory\nTEXT E:\\lib\\\nEND Directory\n"
+        "END LibraryDirectories\n"
+        "START LibraryExtensions\n"
+        "START Extension\nTEXT .v\nEND Extension\n"
+        "START Extension\nTEXT .vo\nEND Extension\n"
+        "END LibraryExtensions\n"
+        "START UseVhdl93Defaults\nTEXT false\nEND UseVhdl93Defaults\n"
+        "START DelayType\nTEXT 2\nEND DelayType\n"
+        "START PliDriven\nTEXT true\nEND PliDriven\n"
+        "START ActiveSnapshotName\nTEXT snap\nEND ActiveSnapshotName\n"
+        "START DestinationLibraryName\nTEXT gates\nEND DestinationLibraryName\n"
+        "START AdditionalExtensions\nTEXT .svp\nEND AdditionalExtensions\n"
+        "START BuildOptions\nTEXT -b 1\nEND BuildOptions\n"
+        "START LinkerOptions\nTEXT  -l 2\nEND LinkerOptions\n"
+        "START RuntimeOptions\nTEXT -r 3\nEND RuntimeOptions\n"
+        "START OutputFileName\nTEXT bench.exe\nEND OutputFileName\n"
+        "START RunOutputFileExecutable\nTEXT true\nEND RunOutputFileExecutable\n"
+        "START ForceTopLevel\nTEXT true\nEND ForceTopLevel\n";
     TConfig settings;
     FillLanguageConfig(settings);
-    EXPECT_EQ(
-        Written(settings, "D:\\p\\design.hpj"),
-        TextElement("SimTool", GetSimulatorNameFromType(SIM_NC_VERILOG)) +
-            Directories("IncludeDirectories", {"inc", "${IP}/inc"}) +
-            Directories("LibraryDirectories", {"E:\\lib\\"}) + "START LibraryExtensions\n" +
-            TextElement("Extension", ".v") + TextElement("Extension", ".vo") +
-            "END LibraryExtensions\n" + TextElement("UseVhdl93Defaults", "false") +
-            TextElement("DelayType", "2") + TextElement("PliDriven", "true") +
-            TextElement("ActiveSnapshotName", "snap") +
-            TextElement("DestinationLibraryName", "gates") +
-            TextElement("AdditionalExtensions", ".svp") + TextElement("BuildOptions", "-b 1") +
-            TextElement("LinkerOptions", " -l 2") + TextElement("RuntimeOptions", "-r 3") +
-            TextElement("OutputFileName", "bench.exe") +
-            TextElement("RunOutputFileExecutable", "true") + TextElement("ForceTopLevel", "true"));
+    EXPECT_EQ(Written(settings, "D:\\p\\design.hpj"), expected);
     EXPECT_EQ(TextOf(settings), kFullLanguageConfig);
+    EXPECT_EQ(LanguageContent({{"SimTool", "NCSim Verilog"},
+                               {"IncludeDirectories", "inc, ${IP}/inc"},
+                               {"LibraryDirectories", "E:\\lib\\"},
+                               {"LibraryExtensions", ".v, .vo"},
+                               {"UseVhdl93Defaults", "false"},
+                               {"DelayType", "max"},
+                               {"PliDriven", "true"},
+                               {"ActiveSnapshotName", "snap"},
+                               {"DestinationLibraryName", "gates"},
+                               {"AdditionalExtensions", ".svp"},
+                               {"BuildOptions", "-b 1"},
+                               {"LinkerOptions", " -l 2"},
+                               {"RuntimeOptions", "-r 3"},
+                               {"OutputFileName", "bench.exe"},
+                               {"RunOutputFileExecutable", "true"},
+                               {"ForceTopLevel", "true"}}),
+              expected);
 }
 
 TEST(ProjectSimLanguageConfigXml, LeavesOutEmptyListsAndOutputFile) {
     TConfig settings;
     settings.SetTool(SIM_ZORVIK_VERILOG);
-    EXPECT_EQ(
-        Written(settings, "D:\\p\\x.hpj"),
-        TextElement("SimTool", GetSimulatorNameFromType(SIM_ZORVIK_VERILOG)) + kWrittenDefaults);
+    EXPECT_EQ(Written(settings, "D:\\p\\x.hpj"),
+              LanguageContent({{"SimTool", "SimZorvik Verilog"}}));
 }
 
 TEST(ProjectSimLanguageConfigXml, WritesNoSimulatorAfterLoggingIt) {
     RecordingLog log;
     TConfig settings;
-    EXPECT_EQ(Written(settings, nullptr), TextElement("SimTool", "None") + kWrittenDefaults);
+    EXPECT_EQ(Written(settings, nullptr), LanguageContent({}));
     EXPECT_EQ(log.Take(), kWriteNone);
 }
 
@@ -151,9 +171,12 @@ TEST(ProjectSimLanguageConfigXml, WritesDirectoriesRelativeToTheDocument) {
         for (const char* directory : {"D:\\p\\inc", "D:\\p\\", "D:\\q", "C:\\c\\", "C:/a/",
                                       "C:/b/../c\\", "./", "%IP%", "D:\\p\\$IP"})
             settings.AddIncludeDirectory(directory, false);
+        std::string directories;
+        for (const std::string& directory : row.Expected)
+            directories += (directories.empty() ? "" : ", ") + directory;
         EXPECT_EQ(Written(settings, row.Document),
-                  TextElement("SimTool", GetSimulatorNameFromType(SIM_ZORVIK_VERILOG)) +
-                      Directories("IncludeDirectories", row.Expected) + kWrittenDefaults)
+                  LanguageContent(
+                      {{"SimTool", "SimZorvik Verilog"}, {"IncludeDirectories", directories}}))
             << row.Label;
     }
 }

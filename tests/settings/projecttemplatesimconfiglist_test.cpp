@@ -1,6 +1,7 @@
 #include "settings/projecttemplatesimconfiglist.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -91,18 +92,10 @@ TEST(ProjectTemplateSimConfigList, WritesNamesAndThenEveryConfiguration) {
     Fill(list, {"b", "a"});
     list.SelectCurrentConfig("a");
     list.WriteToINI();
-    const std::string general =
-        "AddTopLevelSignals=true\nShowWatchSignals=true\nDumpWatchSignals=false\n"
-        "BreakAtTimeZeroAfterCompile=false\nClearLogFileBeforeCompile=true\n"
-        "AutoParseProject=false\nGenerateTestBenchOnBuildProject=true\n"
-        "DisablePeriodicWaveformUpdate=false\nCompileVerilogFiles=false\nCompileVHDLFiles=false\n"
-        "CompileCppFiles=false\nLogFileName=simulation.log\nMakeConstantsWatchable=true\n"
-        "MakeArrayElementsWatchable=false\nWatchableArrayElementSize=0\n"
-        "EnableSimulatorDebugging=true\n";
-    EXPECT_EQ(ini.Saved(), kSelectedSection + "SelectedConfigurationName=a\n\n" + kNamesSection +
-                               "ConfigurationName1=b\nConfigurationName2=a\n\n"
-                               "[b_GeneralConfiguration]\n" +
-                               general + "\n[a_GeneralConfiguration]\n" + general);
+    EXPECT_EQ(WithoutUnknown(ini.Saved()),
+              kSelectedSection + "SelectedConfigurationName=a\n\n" + kNamesSection +
+                  "ConfigurationName1=b\nConfigurationName2=a\n\n[b_GeneralConfiguration]\n" +
+                  GeneralIni() + "\n[a_GeneralConfiguration]\n" + GeneralIni());
 }
 
 TEST(ProjectTemplateSimConfigList, WritesAnEmptyNameWithoutCurrent) {

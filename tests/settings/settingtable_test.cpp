@@ -1,4 +1,5 @@
 #include "settings/settingtable.h"
+#include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 #include <set>
 
@@ -8,11 +9,11 @@ std::string OrDash(const char* text) {
     return text ? text : "-";
 }
 
-/// "name kind | missing in an element, in INI files | place | fixed in diagrams".
+/// "name | missing in an element, in INI files | place | fixed in diagrams".
 std::string TextOf(const TGeneralSetting& setting) {
-    return std::string(setting.Name) + " " + std::to_string(setting.Kind) + " | " +
-           OrDash(setting.MissingInElement) + " " + OrDash(setting.MissingInIni) + " | " +
-           std::to_string(setting.IniPlace) + " | " + OrDash(setting.FixedInDiagrams) + "\n";
+    return std::string(setting.Name) + " | " + OrDash(setting.MissingInElement) + " " +
+           OrDash(setting.MissingInIni) + " | " + std::to_string(setting.IniPlace) + " | " +
+           OrDash(setting.FixedInDiagrams) + "\n";
 }
 
 /// "name kind (older names) | key: place[/language][ written], ... | missing | entries".
@@ -40,23 +41,12 @@ std::string TextOf(const std::vector<TSettings>& settings) {
 }  // namespace
 
 TEST(SettingTable, HoldsEveryGeneralSetting) {
-    EXPECT_EQ(TextOf(GetGeneralSettings()),
-              "LogFileName 1 | - - | 12 | -\n"
-              "AddTopLevelSignals 2 | true true | 1 | false\n"
-              "ShowWatchSignals 2 | true true | 2 | true\n"
-              "DumpWatchSignals 2 | true false | 3 | -\n"
-              "BreakAtTimeZeroAfterCompile 2 | true false | 4 | false\n"
-              "ClearLogFileBeforeCompile 2 | true true | 5 | -\n"
-              "AutoParseProject 2 | true false | 6 | false\n"
-              "GenerateTestBenchOnBuildProject 2 | true true | 7 | -\n"
-              "DisablePeriodicWaveformUpdate 2 | false false | 8 | -\n"
-              "CompileVerilogFiles 2 | false false | 9 | -\n"
-              "CompileVHDLFiles 2 | false false | 10 | -\n"
-              "CompileCppFiles 2 | false false | 11 | -\n"
-              "MakeConstantsWatchable 2 | true true | 13 | -\n"
-              "MakeArrayElementsWatchable 2 | false false | 14 | -\n"
-              "WatchableArrayElementSize 3 | 0 0 | 15 | -\n"
-              "EnableSimulatorDebugging 2 | true true | 16 | -\n");
+    std::string expected;
+    for (const TGeneralSettingText& row : GeneralSettingTexts())
+        expected += std::string(row.Name) + " | " + OrDash(row.MissingInElement) + " " +
+                    OrDash(row.MissingInIni) + " | " + std::to_string(row.IniPlace) + " | " +
+                    OrDash(row.FixedInDiagrams) + "\n";
+    EXPECT_EQ(TextOf(GetGeneralSettings()), expected);
 }
 
 TEST(SettingTable, HoldsEverySettingOfALanguage) {

@@ -1,6 +1,7 @@
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
 #include "tests/cli/userinifile.h"
+#include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -11,11 +12,21 @@ std::string Settings(std::vector<std::string> arguments) {
     return ResultOf(arguments);
 }
 
+const TSettingValues kCpp = {{"SimTool", "Microsoft C++"},
+                             {"BuildOptions", "/MD /W3 /GR /GX /D NDEBUG /c"},
+                             {"LinkerOptions", " /dll /machine:I386 /PDB:NONE kernel32.lib"}};
+
 const std::string kOtherLanguages =
-    TextOf({"Bluespec", "Bluespec", "."}) +
-    TextOf({"C++", "Microsoft C++", "", "", "", "typical", "/MD /W3 /GR /GX /D NDEBUG /c",
-            " /dll /machine:I386 /PDB:NONE kernel32.lib"}) +
-    TextOf({"TestBuilder", "Microsoft C++", ""});
+    ShownLanguage("VHDL", {{"SimTool", "SimZorvik VHDL"}, {"IncludeDirectories", "."}}) +
+    ShownLanguage("Bluespec", {{"SimTool", "Bluespec"}, {"IncludeDirectories", "."}}) +
+    ShownLanguage("C++", kCpp) + ShownLanguage("TestBuilder", {{"SimTool", "Microsoft C++"}});
+
+/// What the project's text gives Verilog in the configuration Release.
+const TSettingValues kReleaseVerilog = {{"SimTool", "VCS"},
+                                        {"IncludeDirectories", "inc, ${IP}/inc"},
+                                        {"LibraryExtensions", ".v"},
+                                        {"DelayType", "max"},
+                                        {"LinkerOptions", " -l 2"}};
 
 }  // namespace
 
@@ -54,21 +65,58 @@ TEST(SettingsCommand, ListsAProjectWithoutSettings) {
 }
 
 TEST(SettingsCommand, ShowsTheCurrentConfiguration) {
+    const std::string general =
+        "  LogFileName                       simulation.log\n"
+        "  AddTopLevelSignals                true\n"
+        "  ShowWatchSignals                  true\n"
+        "  DumpWatchSignals                  false\n"
+        "  BreakAtTimeZeroAfterCompile       false\n"
+        "  ClearLogFileBeforeCompile         true\n"
+        "  AutoParseProject                  false\n"
+        "  GenerateTestBenchOnBuildProject   true\n"
+        "  DisablePeriodicWaveformUpdate     false\n"
+        "  CompileVerilogFiles               false\n"
+        "  CompileVHDLFiles                  false\n"
+        "  CompileCppFiles                   false\n"
+        "  MakeConstantsWatchable            true\n"
+        "  MakeArrayElementsWatchable        false\n"
+        "  WatchableArrayElementSize         0\n"
+        "  EnableSimulatorDebugging          true\n";
+    const std::string verilog =
+        "Verilog\n"
+        "  SimTool                           VCS\n"
+        "  IncludeDirectories                inc, ${IP}/inc\n"
+        "  LibraryDirectories\n"
+        "  LibraryExtensions                 .v\n"
+        "  UseVhdl93Defaults                 true\n"
+        "  DelayType                         max\n"
+        "  PliDriven                         false\n"
+        "  ActiveSnapshotName\n"
+        "  DestinationLibraryName            work\n"
+        "  AdditionalExtensions\n"
+        "  BuildOptions\n"
+        "  LinkerOptions                      -l 2\n"
+        "  RuntimeOptions\n"
+        "  OutputFileName\n"
+        "  RunOutputFileExecutable           false\n"
+        "  ForceTopLevel                     false\n";
     const WorkingFolder folder;
     folder.Write("p.hpj", ProjectText());
-    EXPECT_EQ(Settings({"show"}),
-              std::string("Release (current)\n") + kGeneralText +
-                  TextOf({"Verilog", "VCS", "inc, ${IP}/inc", "", ".v", "max", "", " -l 2"}) +
-                  TextOf({"VHDL", "SimZorvik VHDL", "."}) + kOtherLanguages);
+    EXPECT_EQ(Settings({"show"}), "Release (current)\n" + general + verilog + kOtherLanguages);
+    EXPECT_EQ(ShownGeneral(), general);
+    EXPECT_EQ(ShownLanguage("Verilog", kReleaseVerilog), verilog);
 }
 
 TEST(SettingsCommand, ShowsANamedConfiguration) {
     const WorkingFolder folder;
     folder.Write("p.hpj", ProjectText());
-    EXPECT_EQ(Settings({"show", "Debug"}),
-              std::string("Debug\n") + kGeneralText +
-                  TextOf({"Verilog", "SimZorvik Verilog", ".", "lib/verilog, lib", ".v, .vo"}) +
-                  TextOf({"VHDL", "SimZorvik VHDL", "."}) + kOtherLanguages);
+    EXPECT_EQ(WithoutUnknown(Settings({"show", "Debug"})),
+              "Debug\n" + ShownGeneral() +
+                  ShownLanguage("Verilog", {{"SimTool", "SimZorvik Verilog"},
+                                            {"IncludeDirectories", "."},
+                                            {"LibraryDirectories", "lib/verilog, lib"},
+                                            {"LibraryExtensions", ".v, .vo"}}) +
+                  kOtherLanguages);
     EXPECT_EQ(Settings({"show", "Default"}), Settings({"show", "Release"}));
 }
 
@@ -78,10 +126,53 @@ TEST(SettingsCommand, ShowsDirectoriesAsTheyAreHeld) {
     const std::string text = Settings({"show", "--absolute"});
     const std::size_t begin = text.find("  IncludeDirectories");
     EXPECT_EQ(text.substr(begin, text.find('\n', begin) + 1 - begin),
-              LineOf("IncludeDirectories", folder.Path("inc") + ", ${IP}/inc"));
+              ShownLine("IncludeDirectories", folder.Path("inc") + ", ${IP}/inc"));
 }
 
 TEST(SettingsCommand, ShowsOneJsonObject) {
+    const std::string general =
+        "  \"general\": {\n"
+        "    \"LogFileName\": \"simulation.log\",\n"
+        "    \"AddTopLevelSignals\": true,\n"
+        "    \"ShowWatchSignals\": true,\n"
+        "    \"DumpWatchSignals\": false,\n"
+        "    \"BreakAtTimeZeroAfterCompile\": false,\n"
+        "    \"ClearLogFileBeforeCompile\": true,\n"
+        "    \"AutoParseProject\": false,\n"
+        "    \"GenerateTestBenchOnBuildProject\": true,\n"
+        "    \"DisablePeriodicWaveformUpdate\": false,\n"
+        "    \"CompileVerilogFiles\": false,\n"
+        "    \"CompileVHDLFiles\": false,\n"
+        "    \"CompileCppFiles\": false,\n"
+        "    \"MakeConstantsWatchable\": true,\n"
+        "    \"MakeArrayElementsWatchable\": false,\n"
+        "    \"WatchableArrayElementSize\": 0,\n"
+        "    \"EnableSimulatorDebugging\": true\n"
+        "  }";
+    const std::string verilog =
+        "    \"Verilog\": {\n"
+        "      \"SimTool\": \"VCS\",\n"
+        "      \"IncludeDirectories\": [\n"
+        "        \"inc\",\n"
+        "        \"${IP}/inc\"\n"
+        "      ],\n"
+        "      \"LibraryDirectories\": [],\n"
+        "      \"LibraryExtensions\": [\n"
+        "        \".v\"\n"
+        "      ],\n"
+        "      \"UseVhdl93Defaults\": true,\n"
+        "      \"DelayType\": \"max\",\n"
+        "      \"PliDriven\": false,\n"
+        "      \"ActiveSnapshotName\": \"\",\n"
+        "      \"DestinationLibraryName\": \"work\",\n"
+        "      \"AdditionalExtensions\": \"\",\n"
+        "      \"BuildOptions\": \"\",\n"
+        "      \"LinkerOptions\": \" -l 2\",\n"
+        "      \"RuntimeOptions\": \"\",\n"
+        "      \"OutputFileName\": \"\",\n"
+        "      \"RunOutputFileExecutable\": false,\n"
+        "      \"ForceTopLevel\": false\n"
+        "    }";
     const WorkingFolder folder;
     folder.Write("p.hpj", ProjectText());
     const std::string text = Settings({"show", "--json"});
@@ -91,49 +182,10 @@ TEST(SettingsCommand, ShowsOneJsonObject) {
               "  \"version\": 1,\n"
               "  \"project\": \"p.hpj\",\n"
               "  \"name\": \"Release\",\n"
-              "  \"current\": true,\n"
-              "  \"general\": {\n"
-              "    \"LogFileName\": \"simulation.log\",\n"
-              "    \"AddTopLevelSignals\": true,\n"
-              "    \"ShowWatchSignals\": true,\n"
-              "    \"DumpWatchSignals\": false,\n"
-              "    \"BreakAtTimeZeroAfterCompile\": false,\n"
-              "    \"ClearLogFileBeforeCompile\": true,\n"
-              "    \"AutoParseProject\": false,\n"
-              "    \"GenerateTestBenchOnBuildProject\": true,\n"
-              "    \"DisablePeriodicWaveformUpdate\": false,\n"
-              "    \"CompileVerilogFiles\": false,\n"
-              "    \"CompileVHDLFiles\": false,\n"
-              "    \"CompileCppFiles\": false,\n"
-              "    \"MakeConstantsWatchable\": true,\n"
-              "    \"MakeArrayElementsWatchable\": false,\n"
-              "    \"WatchableArrayElementSize\": 0,\n"
-              "    \"EnableSimulatorDebugging\": true\n"
-              "  },\n"
-              "  \"languages\": {\n"
-              "    \"Verilog\": {\n"
-              "      \"SimTool\": \"VCS\",\n"
-              "      \"IncludeDirectories\": [\n"
-              "        \"inc\",\n"
-              "        \"${IP}/inc\"\n"
-              "      ],\n"
-              "      \"LibraryDirectories\": [],\n"
-              "      \"LibraryExtensions\": [\n"
-              "        \".v\"\n"
-              "      ],\n"
-              "      \"UseVhdl93Defaults\": true,\n"
-              "      \"DelayType\": \"max\",\n"
-              "      \"PliDriven\": false,\n"
-              "      \"ActiveSnapshotName\": \"\",\n"
-              "      \"DestinationLibraryName\": \"work\",\n"
-              "      \"AdditionalExtensions\": \"\",\n"
-              "      \"BuildOptions\": \"\",\n"
-              "      \"LinkerOptions\": \" -l 2\",\n"
-              "      \"RuntimeOptions\": \"\",\n"
-              "      \"OutputFileName\": \"\",\n"
-              "      \"RunOutputFileExecutable\": false,\n"
-              "      \"ForceTopLevel\": false\n"
-              "    },\n");
+              "  \"current\": true,\n" +
+                  general + ",\n  \"languages\": {\n" + verilog + ",\n");
+    EXPECT_EQ(GeneralJson(), general);
+    EXPECT_EQ(LanguageJson("Verilog", kReleaseVerilog), verilog);
 }
 
 TEST(SettingsCommand, ChangesTheListOfConfigurations) {
@@ -176,15 +228,21 @@ TEST(SettingsCommand, CopiesATemplateIntoANewProject) {
               "configurations: [] -> [\"Simulate\"]\n"
               "p.hpj: saved\n");
     EXPECT_EQ(folder.List(), "p.hpj\n");
+    // Empty include lists are not stored, and read as the project's directory.
+    TSettingValues cpp = kCpp;
+    cpp["IncludeDirectories"] = ".";
     EXPECT_EQ(
-        Settings({"show"}),
-        std::string("Simulate (current)\n") + kGeneralText +
-            TextOf({"Verilog", "NCSim Verilog", ".", "lib/verilog, lib", ".v, .vo"}) +
-            TextOf({"VHDL", "NCSim VHDL", "."}) + TextOf({"Bluespec", "Bluespec", "."}) +
-            // Empty include lists are not stored, and read as the project's directory.
-            TextOf({"C++", "Microsoft C++", ".", "", "", "typical", "/MD /W3 /GR /GX /D NDEBUG /c",
-                    " /dll /machine:I386 /PDB:NONE kernel32.lib"}) +
-            TextOf({"TestBuilder", "Microsoft C++", "."}));
+        WithoutUnknown(Settings({"show"})),
+        "Simulate (current)\n" + ShownGeneral() +
+            ShownLanguage("Verilog", {{"SimTool", "NCSim Verilog"},
+                                      {"IncludeDirectories", "."},
+                                      {"LibraryDirectories", "lib/verilog, lib"},
+                                      {"LibraryExtensions", ".v, .vo"}}) +
+            ShownLanguage("VHDL", {{"SimTool", "NCSim VHDL"}, {"IncludeDirectories", "."}}) +
+            ShownLanguage("Bluespec", {{"SimTool", "Bluespec"}, {"IncludeDirectories", "."}}) +
+            ShownLanguage("C++", cpp) +
+            ShownLanguage("TestBuilder",
+                          {{"SimTool", "Microsoft C++"}, {"IncludeDirectories", "."}}));
 }
 
 TEST(SettingsCommand, ResetsAConfiguration) {

@@ -1,5 +1,6 @@
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
+#include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -115,7 +116,9 @@ TEST(SettingsLoss, ShowsWhatIsKnownOfSuchAFile) {
     const std::string text = Settings({"show", "a"});
     const std::size_t begin = text.find("Verilog\n");
     EXPECT_EQ(text.substr(begin, text.find("VHDL\n") - begin),
-              TextOf({"Verilog", "SimZorvik Verilog", ".", "", "", "max"}));
+              ShownLanguage("Verilog", {{"SimTool", "SimZorvik Verilog"},
+                                        {"IncludeDirectories", "."},
+                                        {"DelayType", "max"}}));
 }
 
 TEST(SettingsLoss, TakesOtherFormsOfWhatASaveKeeps) {

@@ -1,5 +1,6 @@
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
+#include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -25,43 +26,30 @@ std::string Error(const std::string& message) {
 TEST(SettingsSetCommand, SetsEveryGeneralSetting) {
     const WorkingFolder folder;
     folder.Write("p.hpj", ProjectText());
-    const struct {
-        const char* Key;
-        const char* Value;
-        const char* Change;
-    } rows[] = {
-        {"LogFileName", "run 1.log", "\"simulation.log\" -> \"run 1.log\""},
-        {"AddTopLevelSignals", "false", "true -> false"},
-        {"ShowWatchSignals", "no", "true -> false"},
-        {"DumpWatchSignals", "true", "false -> true"},
-        {"BreakAtTimeZeroAfterCompile", "yes", "false -> true"},
-        {"ClearLogFileBeforeCompile", "0", "true -> false"},
-        {"AutoParseProject", "on", "false -> true"},
-        {"GenerateTestBenchOnBuildProject", "off", "true -> false"},
-        {"DisablePeriodicWaveformUpdate", "1", "false -> true"},
-        {"CompileVerilogFiles", "true", "false -> true"},
-        {"CompileVHDLFiles", "true", "false -> true"},
-        {"CompileCppFiles", "true", "false -> true"},
-        {"MakeConstantsWatchable", "false", "true -> false"},
-        {"MakeArrayElementsWatchable", "true", "false -> true"},
-        {"WatchableArrayElementSize", "64", "0 -> 64"},
-        {"EnableSimulatorDebugging", "false", "true -> false"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(Set({row.Key, row.Value}), Saved(std::string(row.Key) + ": " + row.Change));
-        EXPECT_EQ(Set({row.Key, row.Value}), "p.hpj: nothing to change\n") << row.Key;
+    for (const TGeneralSettingText& row : GeneralSettingTexts()) {
+        const std::string quote = row.Form == FORM_TEXT ? "\"" : "";
+        EXPECT_EQ(Set({row.Name, row.Changed}),
+                  Saved(row.Name + (": " + quote) + row.Default + quote + " -> " + quote +
+                        row.Changed + quote));
+        EXPECT_EQ(Set({row.Name, row.Changed}), "p.hpj: nothing to change\n") << row.Name;
     }
-    const std::string text = folder.Read("p.hpj");
+    const std::string text = WithoutUnknown(folder.Read("p.hpj"));
     const std::size_t begin = text.find("<GeneralConfiguration");
     EXPECT_EQ(text.substr(begin, text.find('\n', begin) - begin),
-              "<GeneralConfiguration LogFileName=\"run 1.log\" AddTopLevelSignals=\"false\" "
-              "ShowWatchSignals=\"false\" DumpWatchSignals=\"true\" "
-              "BreakAtTimeZeroAfterCompile=\"true\" ClearLogFileBeforeCompile=\"false\" "
-              "AutoParseProject=\"true\" GenerateTestBenchOnBuildProject=\"false\" "
-              "DisablePeriodicWaveformUpdate=\"true\" CompileVerilogFiles=\"true\" "
-              "CompileVHDLFiles=\"true\" CompileCppFiles=\"true\" MakeConstantsWatchable=\"false\" "
-              "MakeArrayElementsWatchable=\"true\" WatchableArrayElementSize=\"64\" "
-              "EnableSimulatorDebugging=\"false\"/>");
+              GeneralXml(GeneralValues(&TGeneralSettingText::Changed)));
+}
+
+TEST(SettingsSetCommand, TakesEveryFormOfABoolean) {
+    const WorkingFolder folder;
+    folder.Write("p.hpj", ProjectText());
+    const std::pair<const char*, bool> rows[] = {{"no", false},    {"yes", true},  {"0", false},
+                                                 {"1", true},      {"off", false}, {"on", true},
+                                                 {"false", false}, {"true", true}};
+    for (const auto& [form, value] : rows)
+        EXPECT_EQ(
+            Set({"ShowWatchSignals", form}),
+            Saved(std::string("ShowWatchSignals: ") + (value ? "false -> true" : "true -> false")))
+            << form;
 }
 
 TEST(SettingsSetCommand, SetsEverySettingOfALanguage) {
@@ -105,34 +93,22 @@ TEST(SettingsSetCommand, SetsEverySettingOfALanguage) {
     const std::string text = folder.Read("p.hpj");
     const std::size_t begin = text.find("      <LanguageSettings Language=\"Verilog\">");
     EXPECT_EQ(text.substr(begin, text.find("      <LanguageSettings Language=\"VHDL\">") - begin),
-              "      <LanguageSettings Language=\"Verilog\">\n"
-              "        <SimTool>VCSi</SimTool>\n"
-              "        <IncludeDirectories>\n"
-              "          <Directory>inc</Directory>\n"
-              "          <Directory>${IP}/inc</Directory>\n"
-              "          <Directory>a b</Directory>\n"
-              "          <Directory>../up</Directory>\n"
-              "        </IncludeDirectories>\n"
-              "        <LibraryDirectories>\n"
-              "          <Directory>lib</Directory>\n"
-              "        </LibraryDirectories>\n"
-              "        <LibraryExtensions>\n"
-              "          <Extension>.v</Extension>\n"
-              "          <Extension>.sv</Extension>\n"
-              "        </LibraryExtensions>\n"
-              "        <UseVhdl93Defaults>false</UseVhdl93Defaults>\n"
-              "        <DelayType>0</DelayType>\n"
-              "        <PliDriven>true</PliDriven>\n"
-              "        <ActiveSnapshotName>snap</ActiveSnapshotName>\n"
-              "        <DestinationLibraryName><![CDATA[]]></DestinationLibraryName>\n"
-              "        <AdditionalExtensions>.svp</AdditionalExtensions>\n"
-              "        <BuildOptions>-v</BuildOptions>\n"
-              "        <LinkerOptions>--gc</LinkerOptions>\n"
-              "        <RuntimeOptions>+go</RuntimeOptions>\n"
-              "        <OutputFileName>a.out</OutputFileName>\n"
-              "        <RunOutputFileExecutable>true</RunOutputFileExecutable>\n"
-              "        <ForceTopLevel>true</ForceTopLevel>\n"
-              "      </LanguageSettings>\n");
+              LanguageXml("Verilog", {{"SimTool", "VCSi"},
+                                      {"IncludeDirectories", "inc, ${IP}/inc, a b, ../up"},
+                                      {"LibraryDirectories", "lib"},
+                                      {"LibraryExtensions", ".v, .sv"},
+                                      {"UseVhdl93Defaults", "false"},
+                                      {"DelayType", "min"},
+                                      {"PliDriven", "true"},
+                                      {"ActiveSnapshotName", "snap"},
+                                      {"DestinationLibraryName", ""},
+                                      {"AdditionalExtensions", ".svp"},
+                                      {"BuildOptions", "-v"},
+                                      {"LinkerOptions", "--gc"},
+                                      {"RuntimeOptions", "+go"},
+                                      {"OutputFileName", "a.out"},
+                                      {"RunOutputFileExecutable", "true"},
+                                      {"ForceTopLevel", "true"}}));
 }
 
 TEST(SettingsSetCommand, TakesASimulatorsNumberAndADelaysWord) {
@@ -239,21 +215,12 @@ TEST(SettingsSetCommand, KnowsADirectoryInEveryForm) {
 TEST(SettingsSetCommand, RefusesWhatASettingDoesNotTake) {
     const WorkingFolder folder;
     folder.Write("p.hpj", ProjectText());
-    const std::string keys =
-        "LogFileName, AddTopLevelSignals, ShowWatchSignals, DumpWatchSignals, "
-        "BreakAtTimeZeroAfterCompile, ClearLogFileBeforeCompile, AutoParseProject, "
-        "GenerateTestBenchOnBuildProject, DisablePeriodicWaveformUpdate, CompileVerilogFiles, "
-        "CompileVHDLFiles, CompileCppFiles, MakeConstantsWatchable, MakeArrayElementsWatchable, "
-        "WatchableArrayElementSize, EnableSimulatorDebugging, SimTool, IncludeDirectories, "
-        "LibraryDirectories, LibraryExtensions, UseVhdl93Defaults, DelayType, PliDriven, "
-        "ActiveSnapshotName, DestinationLibraryName, AdditionalExtensions, BuildOptions, "
-        "LinkerOptions, RuntimeOptions, OutputFileName, RunOutputFileExecutable, ForceTopLevel";
     const std::string languages = "; known: Verilog, VHDL, Bluespec, C++, TestBuilder";
     const struct {
         std::vector<std::string> Arguments;
         std::string Message;
     } rows[] = {
-        {{"logfilename", "a"}, "unknown setting 'logfilename'; known: " + keys},
+        {{"logfilename", "a"}, "unknown setting 'logfilename'; known: " + SettingNames()},
         {{"LogFileName"}, "LogFileName takes one VALUE"},
         {{"LogFileName", "a", "b"}, "LogFileName takes one VALUE"},
         {{"LogFileName", ""}, "LogFileName '': a text that is not empty is wanted"},

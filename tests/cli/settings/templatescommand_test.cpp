@@ -2,6 +2,7 @@
 #include "tests/cli/toolrun.h"
 #include "tests/cli/userinifile.h"
 #include "tests/support/recorders.h"
+#include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -51,16 +52,23 @@ TEST(TemplatesCommand, ShowsATemplate) {
     const TToolRun run = RunHdlbuild({"templates", "show", "SimZorvik_Debug"});
     EXPECT_EQ(run.Status, kExitDone);
     EXPECT_EQ(run.Err, "");
-    EXPECT_EQ(run.Out,
-              std::string("SimZorvik_Debug\n") + kGeneralText +
-                  TextOf({"Verilog", "SimZorvik Verilog", "./", "lib/verilog, lib", ".v, .vo",
-                          "typical", "+define+_DEBUG"}) +
-                  TextOf({"VHDL", "SimZorvik VHDL", "./", "", "", "typical", "+define+_DEBUG"}) +
-                  TextOf({"Bluespec", "Bluespec", "./"}) +
-                  TextOf({"C++", "Microsoft C++", "", "", "", "typical",
-                          "/Zi /MDd /W3 /GR /GX /Od /GZ /D _DEBUG /c",
-                          " /dll /debug /machine:I386 /PDB:NONE kernel32.lib"}) +
-                  TextOf({"TestBuilder", "Microsoft C++", ""}));
+    EXPECT_EQ(
+        WithoutUnknown(run.Out),
+        "SimZorvik_Debug\n" + ShownGeneral() +
+            ShownLanguage("Verilog", {{"SimTool", "SimZorvik Verilog"},
+                                      {"IncludeDirectories", "./"},
+                                      {"LibraryDirectories", "lib/verilog, lib"},
+                                      {"LibraryExtensions", ".v, .vo"},
+                                      {"BuildOptions", "+define+_DEBUG"}}) +
+            ShownLanguage("VHDL", {{"SimTool", "SimZorvik VHDL"},
+                                   {"IncludeDirectories", "./"},
+                                   {"BuildOptions", "+define+_DEBUG"}}) +
+            ShownLanguage("Bluespec", {{"SimTool", "Bluespec"}, {"IncludeDirectories", "./"}}) +
+            ShownLanguage(
+                "C++", {{"SimTool", "Microsoft C++"},
+                        {"BuildOptions", "/Zi /MDd /W3 /GR /GX /Od /GZ /D _DEBUG /c"},
+                        {"LinkerOptions", " /dll /debug /machine:I386 /PDB:NONE kernel32.lib"}}) +
+            ShownLanguage("TestBuilder", {{"SimTool", "Microsoft C++"}}));
 }
 
 TEST(TemplatesCommand, ShowsATemplateOfTheIniFile) {
@@ -70,8 +78,11 @@ TEST(TemplatesCommand, ShowsATemplateOfTheIniFile) {
               "Nightly\n  LogFileName                       nightly.log\n");
     const std::size_t begin = text.find("Verilog\n");
     EXPECT_EQ(text.substr(begin, text.find("VHDL\n") - begin),
-              TextOf({"Verilog", "VCS", "./", "lib/verilog, lib", ".v, .vo", "typical",
-                      "+define+NIGHT"}));
+              ShownLanguage("Verilog", {{"SimTool", "VCS"},
+                                        {"IncludeDirectories", "./"},
+                                        {"LibraryDirectories", "lib/verilog, lib"},
+                                        {"LibraryExtensions", ".v, .vo"},
+                                        {"BuildOptions", "+define+NIGHT"}}));
     const std::string json = RunHdlbuild({"templates", "show", "Nightly", "--json"}).Out;
     EXPECT_EQ(json.substr(0, json.find("    \"AddTopLevelSignals\"")),
               "{\n"
