@@ -43,7 +43,7 @@ private:
     };
     struct TWatch {
         IHdlSourceFile* Entry;
-        std::size_t Count;  // of entries that give this list as theirs
+        std::size_t Count;  // of entries whose GetDependencyList() is this list
     };
 
     bool IsCurrent() const;

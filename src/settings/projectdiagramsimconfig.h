@@ -1,8 +1,8 @@
 #pragma once
 #include "settings/projectsimconfig.h"
 
-/// The configuration that diagrams simulate with: the defaults, with what the simulator shows
-/// fixed.
+/// The configuration that diagrams simulate with: the defaults, where the settings of what the
+/// simulator shows have fixed values.
 ///
 /// Preparing for diagram use resets everything, so the source of a copying constructor and the
 /// settings given to SetGeneralConfiguration have no effect. Assignment copies without preparing.

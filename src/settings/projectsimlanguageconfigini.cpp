@@ -26,7 +26,8 @@ std::string WrittenBaseOf(const ISFileName* projectFile) {
     return isIniFile ? GetOrvaneHomeDirectory() : projectFile->GetPathOnly();
 }
 
-/// Writes the directories as dialogs show them, from `projectFile` on; as they are without one.
+/// Writes the directories in the form that dialogs show, relative to `projectFile`; unchanged
+/// without one.
 void WriteRelativePathToINI(const TIniKeys& keys, const char* key,
                             const std::vector<std::string>& directories,
                             const ISFileName* projectFile) {
@@ -36,7 +37,7 @@ void WriteRelativePathToINI(const TIniKeys& keys, const char* key,
     std::vector<std::string> nice;
     for (const std::string& directory : directories) {
         nice.push_back(directory);
-        // What is already relative starts from the project, not from the working directory.
+        // A relative directory counts from the project, not from the working directory.
         if (!HasOrvaneEnvVariable(directory.c_str()) && !IsRelativePath(directory.c_str()))
             IFileName::CreateNiceFileNameForUI(base.c_str(), directory.c_str(), &nice.back());
     }

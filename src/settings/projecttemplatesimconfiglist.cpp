@@ -45,7 +45,7 @@ const char* TProjectTemplateSimConfigList::GetStartingConfigOrCurrentConfigName(
 }
 
 void TProjectTemplateSimConfigList::ResetAllTemplateConfigurations() {
-    // A copy: resetting the current configuration empties its name for a while.
+    // A copy of the name: resetting the current configuration empties it for a while.
     const std::string current = GetCurrentConfigName();
     const bool hasCurrent = GetCurrentConfig() != nullptr;
     ResetSimZConfiguration();

@@ -19,7 +19,7 @@ struct TFileStatus {
 /// Looks at the file of a canonical path: the one way in which the library asks what the disk
 /// holds.
 TFileStatus LookAtFile(const std::string& path);
-/// May the file be read, or written?
+/// Whether the file may be read, or written.
 bool LookWhetherReadable(const std::string& path);
 bool LookWhetherWritable(const std::string& path);
 
