@@ -37,6 +37,14 @@ const char* const kGiven =
     "<BuildFileVariables><Variable Name='A' Value='\"1\"'/></BuildFileVariables>"
     "</HdlBuildFileList>";
 
+/// The general settings of that file, which has two of the attributes.
+TSettingValues ReadGeneral() {
+    TSettingValues values = GeneralValues(&TGeneralSettingText::MissingInElement);
+    values["CompileVerilogFiles"] = "true";
+    values["EnableSimulatorDebugging"] = "false";
+    return values;
+}
+
 /// The same as the writer puts it down.
 const std::string kWritten =
     "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n"
@@ -55,11 +63,7 @@ const std::string kWritten =
     "      <Tool Name=\"VCS\" Path=\"\" PliLibPath=\"x y.so\">Verilog</Tool>\n"
     "    </ExternalSimulatorSettings>\n"
     "    " +
-    GeneralXml({{"DumpWatchSignals", "true"},
-                {"BreakAtTimeZeroAfterCompile", "true"},
-                {"AutoParseProject", "true"},
-                {"CompileVerilogFiles", "true"},
-                {"EnableSimulatorDebugging", "false"}}) +
+    GeneralXml(ReadGeneral()) +
     "\n"
     "    <ProjectLanguageConfigurationList>\n" +
     LanguageXml("VHDL", {{"SimTool", "Scirocco"},
