@@ -278,6 +278,12 @@ TEST_F(BuildOnDisk, IsOutdatedWhenTheFileChangedSinceItWasRead) {
     EXPECT_FALSE(build.IsOutdated());
 }
 
+TEST_F(BuildOnDisk, IsNotOutdatedBeforeItWasEverRead) {
+    THdlBuildFile build;
+    build.SetBuildFileName(Name);
+    EXPECT_FALSE(build.IsOutdated());
+}
+
 TEST_F(BuildOnDisk, IsOutdatedWhenTheFileCameAfterItWasFoundMissing) {
     const ISFileName* name = Handle(Folder.Path("late.hbf"));
     THdlBuildFile build(name);

@@ -11,6 +11,9 @@
 
 namespace {
 
+// Taken before any test can assign a name.
+const unsigned long long kChangeCountAtStart = THdbSFileName::GetHandleChangeCount();
+
 // Both interfaces are called through the base that introduces the operation, as callers hold it.
 using TFileCall = std::string (*)(IFileName&);
 using TSharedCall = std::string (*)(const ISFileName&);
@@ -403,4 +406,8 @@ TEST(HdbSFileName, IsAHandleFirstAndAnItemBehindIt) {
     const void* const item = static_cast<hdb::IHDBBase*>(&name);
     EXPECT_EQ(handle, &name);
     EXPECT_GT(item, handle);
+}
+
+TEST(HdbSFileName, CountsHandleChangesFromZero) {
+    EXPECT_EQ(kChangeCountAtStart, 0u);
 }

@@ -158,6 +158,12 @@ TEST(PathPieces, SqueezesTheMiddleToALength) {
         EXPECT_EQ(SqueezePath(row.Path, row.Length), row.Expected) << row.Path << row.Length;
 }
 
+TEST(PathPieces, SqueezesWithoutALookBehindTheText) {
+    // The text ends inside a run of bytes that begin no character.
+    const std::string_view longer = "abcdefgh\x80\x80\x80\x80";
+    EXPECT_EQ(SqueezePath(longer.substr(0, 10), 7), "ab...");
+}
+
 TEST(PathPieces, KeepsEveryTextOnce) {
     const std::string first = "kept/a.v";
     char* const kept = KeptPathText(first);

@@ -58,6 +58,17 @@ TEST(IniLine, KeepsTheEndsOfValuesInQuotes) {
     }
 }
 
+TEST(IniLine, KeepsAPercentSignWithoutTwoDigitsInAName) {
+    const struct {
+        const char* Stored;
+        const char* Name;
+    } rows[] = {
+        {"\"%1G\"", "%1G"}, {"\"%G1\"", "%G1"}, {"\"%1\"", "%1"},
+        {"\"%\"", "%"},     {"\"%41%\"", "A%"}, {"\"%%41\"", "%A"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(NameFromIni(row.Stored), row.Name) << row.Stored;
+}
+
 TEST(IniLine, LosesTheByteOrderMarkOnly) {
     EXPECT_EQ(WithoutByteOrderMark("\xEF\xBB\xBF[a]"), "[a]");
     EXPECT_EQ(WithoutByteOrderMark("\xEF\xBB"), "\xEF\xBB");

@@ -5,6 +5,7 @@
 #include <atomic>
 #include <chrono>
 #include <cstring>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <thread>
 
@@ -255,3 +256,21 @@ TEST(BuiltInLog, StaysSilentWhenItsFileCannotBeOpened) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_EQ(folder.List(), "blocked\n");
 }
+
+#ifdef __linux__
+TEST(BuiltInLog, ClosesItsFileForAnotherSink) {
+    const TemporaryFolder folder;
+    const BuiltInLog log(folder.Path());
+    const auto isOpen = [file = folder.Path("hdlbuildfile.log")] {
+        std::error_code gone;  // the descriptor that the listing itself had
+        for (const auto& open : std::filesystem::directory_iterator("/proc/self/fd"))
+            if (std::filesystem::read_symlink(open.path(), gone) == file) return true;
+        return false;
+    };
+    TCheckSite site("false", "hdbsfilename", 20);
+    site.Report();
+    EXPECT_TRUE(isOpen());
+    const RecordingLog other;
+    EXPECT_FALSE(isOpen());
+}
+#endif

@@ -98,6 +98,17 @@ TEST(SFileName, IsOnePerCanonicalText) {
     EXPECT_EQ(Handle("/p/A.v"), handle);
 }
 
+TEST(SFileName, IsOnePerTextOfMany) {
+    constexpr std::size_t kMany = 3000;
+    const auto text = [](std::size_t i) { return "/many/" + std::to_string(i) + ".v"; };
+    std::vector<const ISFileName*> handles;
+    for (std::size_t i = 0; i < kMany; ++i) handles.push_back(Handle(text(i).c_str()));
+    for (std::size_t i = 0; i < kMany; ++i) {
+        EXPECT_EQ(Handle(text(i).c_str()), handles[i]);
+        EXPECT_EQ(handles[i]->Canonical(false), HostForm(text(i)));
+    }
+}
+
 TEST(SFileName, IsBlankForEmptyAndNullNames) {
     EXPECT_EQ(Handle(""), ISFileName::BlankFileName);
     EXPECT_EQ(ISFileName::NewISFileName(nullptr), ISFileName::BlankFileName);

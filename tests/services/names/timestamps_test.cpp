@@ -1,3 +1,4 @@
+#include "services/names/timestamps.h"
 #include "services/files/filestatus.h"
 #include "services/names/isfilename.h"
 #include "tests/services/names/hostform.h"
@@ -261,6 +262,14 @@ TEST(MarkLoadedAndTestExists, RecordsAMissingFile) {
     EXPECT_TRUE(file.Name->IsFileModifiedSinceLastLoaded("key", false));
     EXPECT_FALSE(MarkLoadedAndTestExists(nullptr, "key"));
     EXPECT_FALSE(MarkLoadedAndTestExists(ISFileName::BlankFileName, "key"));
+}
+
+TEST(TimeStamps, KeepFilesOfOneHashApart) {
+    const TStampedFile one{"/one", 1};
+    const TStampedFile other{"/other", 1};
+    RecordLoaded(one, "key", {});
+    EXPECT_NE(FindTimeStamps(one, "key"), nullptr);
+    EXPECT_EQ(FindTimeStamps(other, "key"), nullptr);
 }
 
 }  // namespace

@@ -93,6 +93,9 @@ TEST(UtilFileName, PopsPartByPart) {
     TUtilFileName above("/p/q/r/..");
     above.Pop();
     EXPECT_EQ(above.Canonical(), HostForm("/p/"));
+    TUtilFileName aboveOnDrive("C:\\p\\q\\..");
+    aboveOnDrive.Pop();
+    EXPECT_STREQ(aboveOnDrive.Canonical(), "C:\\");
     TUtilFileName same("/p/q/.");
     same.Pop();
     EXPECT_EQ(same.Canonical(), HostForm("/p/"));

@@ -63,5 +63,11 @@ TEST(XMLText, FindsTheCharactersThatXMLCannotHold) {
     for (const char* allowed :
          {"", "\t\n\r", "\x7F", "\xC2\x80", "\xEF\xBF\xBD", "\xF0\x9F\x98\x80"})
         EXPECT_EQ(FindForbiddenCharacter(allowed), std::string::npos) << allowed;
+}
+
+TEST(XMLText, DescribesCharactersOfEveryLength) {
+    EXPECT_EQ(DescribeCharacter("\x7F", 0), "U+007F");
+    EXPECT_EQ(DescribeCharacter("\xDF\xBF", 0), "U+07FF");
+    EXPECT_EQ(DescribeCharacter("\xEF\xBF\xBD", 0), "U+FFFD");
     EXPECT_EQ(DescribeCharacter("\xF0\x9F\x98\x80", 0), "U+1F600");
 }

@@ -346,6 +346,22 @@ TEST(XMLWriting, TellsTheElementThatAListFailsToSave) {
     EXPECT_EQ(DocumentOf(list), "cannot be written: element \"b\" cannot be written");
 }
 
+TEST(XMLWriting, TellsTheInnerElementWhoseMissingEndAListFailsToSave) {
+    class FailingList : public TXMLList {
+    public:
+        void SaveElement(TElement* element, std::ostream& stream, int indent) override {
+            if (element->ElemType == TElement::END) stream.setstate(std::ios_base::badbit);
+            TXMLList::SaveElement(element, stream, indent);
+        }
+    } list;
+    RecordingLog log;
+    PushElements(&list, "START a\nSTART b\nTEXT x\nEND a\n");
+    EXPECT_EQ(DocumentOf(list), "cannot be written: element \"b\" cannot be written");
+    EXPECT_EQ(log.Take(),
+              "xmllist(102): Check failed: \"openElements.empty() && \\\"A START has no "
+              "END.\\\"\"\n");
+}
+
 TEST(XMLWriting, PassesOverNullElementsAndAllowsNullResults) {
     TXMLList list;
     list.AddAtTail(nullptr);
