@@ -67,6 +67,8 @@ void DeleteFile(THdlProjectFile* file) {
 THdlProjectFileList::THdlProjectFileList(TFileListType type, IProjectComponent* owner)
     : OwningProjectComponent(owner), ListType(type), Index(std::make_unique<TProjectFileIndex>()) {}
 
+// The base's copy constructor would share the registrations.
+// NOLINTNEXTLINE(bugprone-copy-constructor-init)
 THdlProjectFileList::THdlProjectFileList(const THdlProjectFileList& other)
     : std::list<THdlProjectFile*>(other),
       hdb::IHDBBase(other),
