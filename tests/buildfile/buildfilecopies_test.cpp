@@ -5,25 +5,12 @@
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/buildfile/filledbuild.h"
+#include "tests/buildfile/mortalconfig.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
-
-/// A configuration that records its destruction.
-template <class TConfig>
-class Mortal : public TConfig {
-public:
-    Mortal(std::string name, std::string* grave) : Name(std::move(name)), Grave(grave) {}
-    ~Mortal() override { *Grave += Name + " "; }
-
-private:
-    std::string Name;
-    std::string* Grave;
-};
-using MortalGeneral = Mortal<TProjectSimGeneralConfig>;
-using MortalLanguage = Mortal<TProjectSimLanguageConfig>;
 
 template <class TBuild>
 std::unique_ptr<TBuild> MakeBuild(const char* options = "-93") {

@@ -1,23 +1,10 @@
 #include "buildfile/buildfileparts.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
+#include "tests/buildfile/mortalconfig.h"
 #include <gtest/gtest.h>
 
 namespace {
-
-/// A configuration that records its destruction.
-template <class TConfig>
-class Mortal : public TConfig {
-public:
-    Mortal(std::string name, std::string* grave) : Name(std::move(name)), Grave(grave) {}
-    ~Mortal() override { *Grave += Name + " "; }
-
-private:
-    std::string Name;
-    std::string* Grave;
-};
-using MortalGeneral = Mortal<TProjectSimGeneralConfig>;
-using MortalLanguage = Mortal<TProjectSimLanguageConfig>;
 
 /// Parts with a configuration that was cleared, two that were read and one of a caller's.
 std::unique_ptr<TBuildFileParts> MakeParts(std::string* grave, bool ownsConfigs) {
