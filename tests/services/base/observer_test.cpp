@@ -23,6 +23,7 @@ private:
 
 class Manager : public TEmbeddedObserverMgr<Observer> {
 public:
+    using TEmbeddedObserverMgr::CopyRegistrations;
     using TEmbeddedObserverMgr::HasObservers;
     void NotifyAll() const {
         TNotifyNoArg<Observer> notify(&Observer::ToolsChanged);
@@ -147,4 +148,32 @@ TEST_F(ObserverTest, AssignmentTakesTheOthersRegistrations) {
     assigned = self;
     assigned.NotifyAll();
     EXPECT_EQ(Taken(), "first\n");
+}
+
+TEST_F(ObserverTest, CopiedRegistrationsChangeApart) {
+    Observers.AddObserver(&First);
+    Observers.AddObserver(&Second);
+    Manager other;
+    other.AddObserver(&Third);
+    other.CopyRegistrations(Observers);
+    other.NotifyAll();
+    EXPECT_EQ(Taken(), "first\nsecond\n");
+    other.DeleteObserver(&First);
+    Observers.AddObserver(&Third);
+    other.NotifyAll();
+    EXPECT_EQ(Taken(), "second\n");
+    Observers.NotifyAll();
+    EXPECT_EQ(Taken(), "first\nsecond\nthird\n");
+}
+
+TEST_F(ObserverTest, CopiedRegistrationsOfNobodyAreNone) {
+    Manager other;
+    other.AddObserver(&First);
+    other.CopyRegistrations(Observers);
+    EXPECT_FALSE(other.HasObservers());
+    other.AddObserver(&Second);
+    Observers.NotifyAll();
+    EXPECT_EQ(Taken(), "");
+    other.NotifyAll();
+    EXPECT_EQ(Taken(), "second\n");
 }

@@ -110,3 +110,11 @@ TEST(SimulatorType, IsNoneOutsideItsRange) {
         EXPECT_STREQ(GetSimulatorDllNamePrefix(static_cast<TSimulatorType>(number)), "NONE");
     }
 }
+
+TEST(SimulatorType, HasTheEnvironmentsOwnForVerilogAndVhdlFrom1To6) {
+    std::string own;
+    for (int number = -1; number <= 31; ++number)
+        if (IsOwnHdlSimulator(static_cast<TSimulatorType>(number)))
+            own += std::to_string(number) + " ";
+    EXPECT_EQ(own, "1 2 3 4 5 6 ");
+}

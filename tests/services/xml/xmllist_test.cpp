@@ -147,7 +147,7 @@ TEST(XMLList, FindsTheNextStartWithinItsBound) {
 
 TEST(XMLList, TakesNoBoundForNoNameOfAnElement) {
     TXMLList list;
-    PushElements(&list, "START \nEND \nSTART tag\nEND tag\n");
+    PushElements(&list, "START \nEND \nSTART ~\nEND ~\nSTART tag\nEND tag\n");
     for (const char* bound : {static_cast<const char*>(nullptr), ""}) {
         DListIterator<TElement*> position(list);
         EXPECT_TRUE(TXMLList::FindNext(position, "tag", bound));
