@@ -82,8 +82,6 @@ bool CopyAttribute(const char* from, const char* name, int descriptor) {
 
 /// Access lists are among the extended attributes.
 bool TakeOverAttributes(int descriptor, const char* from) {
-    const ssize_t expectedSize = listxattr(from, nullptr, 0);
-    if (expectedSize <= 0) return expectedSize == 0 || MayBeMissed(errno);
     std::string names(XATTR_LIST_MAX, '\0');
     const ssize_t size = listxattr(from, names.data(), names.size());
     if (size < 0) return MayBeMissed(errno);

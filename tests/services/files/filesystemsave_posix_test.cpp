@@ -229,6 +229,17 @@ TEST(FileReplace, KeepsExtendedAttributes) {
         EXPECT_EQ(getxattr(file.c_str(), "user.empty", buffer, sizeof buffer), 0) << file;
     }
 }
+
+TEST(FileReplace, LeavesOutChecksumsOfTheFormerBytes) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.txt", "old");
+    for (const char* checksum : {"security.ima", "security.evm"})
+        if (setxattr(path.c_str(), checksum, "sum", 3, 0) != 0)
+            GTEST_SKIP() << "the system lets nobody set them";
+    EXPECT_TRUE(ReplaceWholeFile(path.c_str(), "new", nullptr));
+    for (const char* checksum : {"security.ima", "security.evm"})
+        EXPECT_LT(getxattr(path.c_str(), checksum, nullptr, 0), 0) << checksum;
+}
 #endif
 
 TEST(FileReplace, LeavesAWholeFileWhenTwoProcessesSaveAtOnce) {
