@@ -2,11 +2,13 @@
 #include "buildfile/simwraphdlbuildfile.h"
 #include "filenames/componentname.h"
 #include "filenames/componentnamelist.h"
+#include "services/base/keeper.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "simtools/basesimtool.h"
 #include "tests/buildfile/buildtexts.h"
 #include "tests/support/temporaryfolder.h"
+#include "translation/v2voptionelement.h"
 #include "translation/v2vtranslationoptions.h"
 #include <gtest/gtest.h>
 
@@ -238,6 +240,17 @@ TEST_F(BuildFileReload, LetsCallersDeleteWhatAPlainBuildRead) {
     const Held latter(*build);
     ReloadTimes(*build, 2);
     EXPECT_EQ(latter.Text(), kHeldText);
+}
+
+TEST_F(BuildFileReload, KeepsEachTranslationOptionThatWasReadToDeleteIt) {
+    auto build = Read();
+    const std::vector<TV2VTranslationOption*> options(build->GetV2VOptions()->begin(),
+                                                      build->GetV2VOptions()->end());
+    ASSERT_FALSE(options.empty());
+    for (TV2VTranslationOption* option : options)
+        EXPECT_TRUE(HandOver(option)) << option->GetDashOption();
+    build.reset();
+    for (TV2VTranslationOption* option : options) DeleteOption(option);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "filenames/componentname.h"
 
+#include "tests/support/keptobjects.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -53,4 +54,8 @@ TEST(ComponentName, EqualsOnlyTheSameThreeParts) {
                                  TTBIdentifier(row.Architecture, LANGUAGE_VHDL), row.Library),
                   row.Equal)
             << row.Label;
+}
+
+TEST(ComponentName, IsForgottenWhenDeleted) {
+    EXPECT_TRUE(IsForgottenWhenDeleted(new TComponentName(kTop, kRtl, "work")));
 }

@@ -1,26 +1,13 @@
 #include "filenames/componentnamelist.h"
 
 #include "filenames/componentname.h"
+#include "tests/filenames/destroyednames.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
 #include <chrono>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
-
-namespace {
-int Destructions = 0;
-}
-
-// The linker puts the second in the place of the first in every call from another file.
-// NOLINTBEGIN(bugprone-reserved-identifier)
-extern "C" void __real__ZN14TComponentNameD1Ev(TComponentName* name);
-extern "C" void __wrap__ZN14TComponentNameD1Ev(TComponentName* name);
-void __wrap__ZN14TComponentNameD1Ev(TComponentName* name) {
-    ++Destructions;
-    __real__ZN14TComponentNameD1Ev(name);
-}
-// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 
@@ -162,19 +149,19 @@ TEST(ComponentNameList, FlushEmptiesTheList) {
 }
 
 TEST(ComponentNameList, DeletesItsNamesWhenFlushedOnly) {
-    const int before = Destructions;
+    const int before = CountOfDestroyedNames();
     {
         TComponentNameList names(LANGUAGE_VHDL);
         names.AddComponentName("top", "rtl", "work");
         names.AddComponentName("sub", "rtl", "work");
         names.AddComponentName("sub", "rtl", "work");
         const TComponentNameList copy = names;
-        EXPECT_EQ(Destructions - before, 0);
+        EXPECT_EQ(CountOfDestroyedNames() - before, 0);
         names.Flush();
-        EXPECT_EQ(Destructions - before, 2);
+        EXPECT_EQ(CountOfDestroyedNames() - before, 2);
         names.AddComponentName("top", "rtl", "work");
     }
-    EXPECT_EQ(Destructions - before, 2);
+    EXPECT_EQ(CountOfDestroyedNames() - before, 2);
 }
 
 TEST(ComponentNameList, ReportsNothingWhenAReadFails) {

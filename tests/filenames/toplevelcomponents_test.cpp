@@ -1,6 +1,7 @@
 #include "filenames/toplevelcomponents.h"
 
 #include "filenames/componentname.h"
+#include "tests/filenames/destroyednames.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
 #include <gtest/gtest.h>
@@ -349,4 +350,27 @@ TEST(TopLevelComponents, ClearDropsTheListsButNeitherNamesNorFlag) {
     EXPECT_EQ(components.GetComponentNameList(LANGUAGE_VHDL), nullptr);
     EXPECT_EQ(ElementsOf(components), Forced(""));
     EXPECT_EQ(name->GetDestinationLibraryName(), "lib");
+}
+
+TEST(TopLevelComponents, LeavesTheNamesItReadUnlessTheyAreDeleted) {
+    const int before = CountOfDestroyedNames();
+    TComponentNameList names(LANGUAGE_VHDL);
+    {
+        TTopLevelComponents components;
+        Read(components, kSection);
+        names = *components.GetComponentNameList(LANGUAGE_VHDL);
+        components.Clear();
+        components.DeleteNamesRead();
+        Read(components, kSection);
+    }
+    EXPECT_EQ(CountOfDestroyedNames() - before, 0);
+    EXPECT_EQ((*names.begin())->GetDestinationLibraryName(), "lib");
+    {
+        TTopLevelComponents components;
+        Read(components, kSection);
+        components.AddComponentName("callers", "", "", LANGUAGE_CPLUSPLUS);
+        components.DeleteNamesRead();
+        EXPECT_EQ(CountOfDestroyedNames() - before, 3);
+    }
+    EXPECT_EQ(CountOfDestroyedNames() - before, 3);
 }

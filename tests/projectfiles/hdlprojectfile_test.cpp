@@ -1,5 +1,6 @@
 #include "projectfiles/hdlprojectfile.h"
 #include "projectfilefakes.h"
+#include "tests/support/keptobjects.h"
 #include "tests/support/recorders.h"
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>
@@ -106,6 +107,10 @@ TEST(HdlProjectFile, AppendsItsOperationsInOrder) {
     EXPECT_EQ(TableEntryOf(TConstList(&THdlProjectFile::GetAssociatedFileList)), first + 5);
     EXPECT_EQ(TableEntryOf(TList(&THdlProjectFile::GetAssociatedFileList)), first + 6);
     EXPECT_GT(first, TableEntryOf(&ISFileName::IsEquivalent));
+}
+
+TEST(HdlProjectFile, IsForgottenWhenDeleted) {
+    EXPECT_TRUE(IsForgottenWhenDeleted(new THdlProjectFile(Name("a.hpj"), nullptr, false)));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "projectfiles/languageconfigmap.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/projectfiles/sourcefakes.h"
+#include "tests/support/keptobjects.h"
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>
 
@@ -261,6 +262,10 @@ TEST(IBuildManagerTable, HasItsOperationsInOrder) {
     EXPECT_EQ(SlotOf(&IBuildManager::GetCompileOptions), 4);
     EXPECT_EQ(SlotOf(&IBuildManager::GetElaboratorOptions), 5);
     EXPECT_EQ(SlotOf(&IBuildManager::GetRuntimeOptions), 6);
+}
+
+TEST(HdlSourceFile, IsForgottenWhenDeleted) {
+    EXPECT_TRUE(IsForgottenWhenDeleted(new THdlSourceFile("/p/a.vhd")));
 }
 
 }  // namespace

@@ -109,7 +109,10 @@ TEST_P(HdlUserSourceFileList, KeepsAScopeThatGotAnotherName) {
     static_cast<THdlProjectFile&>(*A) = THdlProjectFile(Name("renamed.v"), nullptr, true);
     EXPECT_TRUE(List.AddAssociatedFileToScopeFile(Name("x.v")));
     EXPECT_TRUE(List.AddAssociatedFileToScopeFile(Name("y.v")));
-    EXPECT_EQ(AssociatedFilesOf(A), "x.v y.v ");
+    const THdlProjectFile* successor = List.AddAtTailAndSetOwner(Name("a.v")).first;
+    EXPECT_TRUE(List.AddAssociatedFileToScopeFile(Name("z.v")));
+    EXPECT_EQ(AssociatedFilesOf(A), "x.v y.v z.v ");
+    EXPECT_EQ(AssociatedFilesOf(successor), "") << "which took the name that the scope had";
 }
 
 TEST_P(HdlUserSourceFileList, SharesScopeAndFilesWithACopy) {

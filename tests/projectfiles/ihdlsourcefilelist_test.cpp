@@ -2,6 +2,7 @@
 #include "projectfiles/hdlprojectusersourcefile.h"
 #include "tests/projectfiles/sourcefakes.h"
 #include "tests/services/names/hostform.h"
+#include "tests/support/keptobjects.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
@@ -216,6 +217,10 @@ TEST(IHdlSourceFileListOfManyEntries, ManySourcesAreAddedFoundAndRemoved) {
     for (int i = kCount; i-- > 0;)
         ASSERT_TRUE(list.RemoveSourceFile(Handle("/P/F" + std::to_string(i) + ".vhd")));
     EXPECT_TRUE(list.empty());
+}
+
+TEST(IHdlSourceFileListMade, IsForgottenWhenDeleted) {
+    EXPECT_TRUE(IsForgottenWhenDeleted(new TIHdlSourceFileList));
 }
 
 }  // namespace

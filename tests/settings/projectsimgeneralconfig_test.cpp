@@ -2,6 +2,7 @@
 #include "services/xml/xmlstream.h"
 #include "tests/settings/settingstext.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/keptobjects.h"
 #include "tests/support/recorders.h"
 #include "tests/support/settingtexts.h"
 #include "tests/support/slots.h"
@@ -468,4 +469,8 @@ TEST(ProjectSimGeneralConfigIni, TakesNoSectionForTheOneWithoutAName) {
     TConfig again;
     again.ReadFromINI(nullptr, false);
     EXPECT_STREQ(again.GetSimulationLogFileName(), "a.log");
+}
+
+TEST(ProjectSimGeneralConfig, IsForgottenWhenDeleted) {
+    EXPECT_TRUE(IsForgottenWhenDeleted(new TConfig));
 }

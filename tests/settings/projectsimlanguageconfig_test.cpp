@@ -1,6 +1,7 @@
 #include "settings/projectsimlanguageconfig.h"
 #include "settings/directoryresolution.h"
 #include "tests/settings/settingstext.h"
+#include "tests/support/keptobjects.h"
 #include "tests/support/recorders.h"
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>
@@ -461,4 +462,8 @@ TEST(ProjectSimLanguageConfig, GivesOnlyAnEmptyIncludeListItsDefault) {
         EXPECT_EQ(settings.GetIncludeDirectories(), TTexts{"own"}) << row.Label;
         EXPECT_EQ(log.Take(), "") << row.Label;
     }
+}
+
+TEST(ProjectSimLanguageConfig, IsForgottenWhenDeleted) {
+    EXPECT_TRUE(IsForgottenWhenDeleted(new TConfig));
 }

@@ -1,5 +1,6 @@
 #include "services/names/isfilename.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/keptobjects.h"
 #include "tests/support/recorders.h"
 #include "translation/v2vtranslationoptions.h"
 #include <gtest/gtest.h>
@@ -377,4 +378,20 @@ TEST(TranslationOptionsListLifetime, OutlivesTheListThatItIsACopyOf) {
               "END Verilog2VhdlTranslationOptions\n");
     copy.clear();
     EXPECT_EQ(copy.size(), 0U);
+}
+
+TEST(TranslationOptionsListLifetime, FlushDeletesTheOptionsWhichAreForgotten) {
+    TV2VTranslationOptionsList list(nullptr, kTag);
+    TKeeper keeper;
+    for (const char* dash : {"-r", "-s"}) {
+        auto* option = new TV2VTranslationOption(dash, "", "", false);
+        list.AddOptionNoDup(option);
+        keeper.Keep(option, [](const void*) {});
+    }
+    list.Flush();
+    EXPECT_TRUE(keeper.IsEmpty());
+}
+
+TEST(TranslationOptionsListLifetime, IsForgottenWhenDeleted) {
+    EXPECT_TRUE(IsForgottenWhenDeleted(new TV2VTranslationOptionsList(nullptr, kTag)));
 }

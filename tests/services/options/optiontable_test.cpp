@@ -42,3 +42,17 @@ TEST(OptionTable, HasAMacroRowForVhdlAndOneForTheRest) {
     EXPECT_EQ(vhdl->Languages, ONLY_VHDL);
     EXPECT_EQ(verilog->Languages, NOT_VHDL);
 }
+
+TEST(OptionTable, TakesAFlagWhateverFollows) {
+    for (const char* flag : {"+librescan", "+liborder",    "+mindelays",
+                             "+typdelays", "+maxdelays",   "+notimingchecks",
+                             "+nospecify", "+no_notifier", "+sdf_verbose",
+                             "-u",         "-w",           "-s",
+                             "-c",         "-a",           "-d",
+                             "-x",         "+linedebug",   "-linedebug",
+                             "-87",        "-93"})
+        for (const char* next : {"", "-y", "top.v"}) {
+            const TOptionRow* found = FindOptionRow(flag, next, LANGUAGE_VHDL);
+            EXPECT_STREQ(found ? found->Option : nullptr, flag) << next;
+        }
+}

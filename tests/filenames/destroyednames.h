@@ -1,0 +1,4 @@
+#pragma once
+
+/// How many component names were destroyed so far.
+int CountOfDestroyedNames();
