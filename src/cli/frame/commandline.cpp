@@ -35,9 +35,10 @@ struct TArgumentAdder {
     }
     void operator()(std::vector<std::string>* value) const {
         KeepPreset(value);
-        // It takes the words up to the next option, and those of each further mention.
+        // Each mention takes one word, as it is; those behind it are arguments of their own.
         App.add_option(Argument.Name, *value, Argument.Help)
             ->expected(1)
+            ->allow_extra_args(false)
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     }
 };

@@ -57,7 +57,12 @@ TEST(CommandLine, GivesACommandItsArguments) {
     } rows[] = {
         {{"call", "here"}, "7\nhere preset\n"},
         {{"call", "--option", "x", "here", "--json"}, "7\nhere x json\n"},
-        {{"call", "here", "--add", "a", "b", "--add=-c"}, "7\nhere preset +a +b +-c\n"},
+        {{"call", "here", "--add", "a", "--add=-c", "--add", ""}, "7\nhere preset +a +-c +\n"},
+        {{"call", "--add", "a", "here", "--add", "b"}, "7\nhere preset +a +b\n"},
+        {{"call", "here", "--add", "[a,b]"}, "7\nhere preset +[a,b]\n"},
+        {{"call", "here", "--add", "{}"}, "7\nhere preset +{}\n"},
+        {{"call", "here", "--add", "%%"}, "7\nhere preset +%%\n"},
+        {{"say", "--add", "a", "here", "b"}, "7\nhere preset +a 'b'\n"},
         {{"call", "here", "--two"}, "7\nhere preset form 2\n"},
         {{"call", "--", "--json"}, "7\n--json preset\n"},
         {{"both", "here", "one"}, "7\nhere preset\n"},
@@ -83,6 +88,8 @@ TEST(CommandLine, ReportsWrongUsage) {
               std::string("2\nThe following argument was not expected: -x\n") + kHint);
     EXPECT_EQ(Call({"call", "here", "\x1b[2J"}),
               std::string("2\nThe following argument was not expected: \\x1B[2J\n") + kHint);
+    EXPECT_EQ(Call({"call", "here", "--add", "a", "b"}),
+              std::string("2\nThe following argument was not expected: b\n") + kHint);
     EXPECT_EQ(Call({"call", "here", "--one", "--two"}),
               std::string("2\n--one excludes --two\n") + kHint);
 }

@@ -133,6 +133,10 @@ TEST(SettingsSetCommand, RemovesEntriesOfLists) {
         Saved("Verilog IncludeDirectories: [\"inc\"] -> [\"b\",\"a\"]"));
     EXPECT_EQ(Set({"LibraryExtensions", "--language", "Verilog", "--remove", ".v", "--add", ".v"}),
               "p.hpj: nothing to change\n");
+    EXPECT_EQ(Set({"--add", ".sv", "--language", "Verilog", "--remove", ".v", "LibraryExtensions"}),
+              Saved("Verilog LibraryExtensions: [\".v\"] -> [\".sv\"]"));
+    EXPECT_EQ(Set({"--language", "Verilog", "--add", ".v", "LibraryExtensions", "--remove", ".sv"}),
+              Saved("Verilog LibraryExtensions: [\".sv\"] -> [\".v\"]"));
     EXPECT_EQ(Set({"LibraryExtensions", "--language", "Verilog", "--remove", ".vo"}),
               Error("'.vo' is not listed in LibraryExtensions; listed: .v"));
 }
