@@ -1,8 +1,8 @@
 #include "tests/support/settingtexts.h"
+#include "settings/settingtable.h"
 #include <algorithm>
-#include <cctype>
 #include <gtest/gtest.h>
-#include <sstream>
+#include <regex>
 
 namespace {
 
@@ -107,29 +107,26 @@ std::string Shown(const std::vector<TRow>& rows, const TSettingValues& values) {
     return text;
 }
 
-bool IsKnown(const std::string& name) {
-    const auto has = [&name](const auto& rows) {
-        return std::any_of(rows.begin(), rows.end(),
-                           [&name](const auto& row) { return name == row.Name; });
-    };
-    return has(GeneralSettingTexts()) || has(LanguageSettingTexts());
+/// The settings of the library that `rows` lacks.
+template <class TSettings, class TRow>
+std::vector<std::string> UnknownIn(const TSettings& settings, const std::vector<TRow>& rows) {
+    std::vector<std::string> names;
+    for (const auto& setting : settings)
+        if (std::none_of(rows.begin(), rows.end(), [&setting](const TRow& row) {
+                return std::string(row.Name) == setting.Name;
+            }))
+            names.emplace_back(setting.Name);
+    return names;
 }
 
-/// A line with an element's attributes, without those of unknown names.
-std::string WithoutUnknownAttributes(std::string line) {
-    std::size_t begin = line.find(' ', line.find("GeneralConfiguration"));
-    while (begin != std::string::npos) {
-        const std::size_t equals = line.find('=', begin);
-        if (equals == std::string::npos) break;
-        // A value may hold blanks: the next attribute begins at the blank before the next '='.
-        const std::size_t next = line.find('=', equals + 1);
-        const std::size_t end =
-            next == std::string::npos ? line.find_last_not_of("/>") + 1 : line.rfind(' ', next);
-        const bool known = IsKnown(line.substr(begin + 1, equals - begin - 1));
-        if (!known) line.erase(begin, end - begin);
-        begin = next == std::string::npos ? next : known ? end : begin;
-    }
-    return line;
+/// A setting in any format but JSON, with the line end before it where it has lines of its own.
+std::regex EveryFormOf(const std::string& name) {
+    const std::string attribute = " " + name + "=(\"[^\"]*\"|[^ \n]*)";
+    const std::string element = "\n *<" + name + ">[^\n]*</" + name + ">";
+    const std::string pushed = "\nSTART " + name + "(\nTEXT [^\n]*)?\nEND " + name;
+    const std::string key = "\n[^\n=]*\\b" + name + "=[^\n]*";
+    const std::string shown = "\n  " + name + "( [^\n]*)?(?=\n)";
+    return std::regex(attribute + "|" + element + "|" + pushed + "|" + key + "|" + shown);
 }
 
 std::string GeneralKeys(const TSettingValues& values, bool fixed) {
@@ -197,23 +194,12 @@ TSettingValues GeneralValues(const char* TGeneralSettingText::*column) {
     return values;
 }
 
-std::string WithoutUnknown(const std::string& text) {
-    const std::string head = "GeneralConfiguration";
-    std::string known;
-    std::istringstream lines(text);
-    bool inSection = false;
-    for (std::string line; std::getline(lines, line);) {
-        if (line.empty() || line[0] == '[') inSection = line.ends_with(head + "]");
-        const bool isKey = inSection && line[0] != '[';
-        const bool isShown = line.size() > 2 && line.starts_with("  ") &&
-                             std::isalpha(static_cast<unsigned char>(line[2]));
-        if (isKey && !IsKnown(line.substr(0, line.find('=')))) continue;
-        if (isShown && !IsKnown(line.substr(2, line.find(' ', 2) - 2))) continue;
-        const bool isElement = line.starts_with("START " + head + " ") ||
-                               line.find("<" + head + " ") != std::string::npos;
-        known += (isElement ? WithoutUnknownAttributes(line) : line) + "\n";
-    }
-    return known;
+std::string WithoutUnknown(std::string text) {
+    for (const std::string& name : UnknownIn(GetGeneralSettings(), GeneralSettingTexts()))
+        text = std::regex_replace(text, EveryFormOf(name), "");
+    for (const std::string& name : UnknownIn(GetLanguageSettings(), LanguageSettingTexts()))
+        text = std::regex_replace(text, EveryFormOf(name), "");
+    return text;
 }
 
 std::string SettingNames() {

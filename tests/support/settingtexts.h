@@ -50,9 +50,9 @@ using TSettingValues = std::map<std::string, std::string>;
 /// A column of the general settings, without its nulls.
 TSettingValues GeneralValues(const char* TGeneralSettingText::*column);
 
-/// `text`, in any format but JSON, without settings that the tables lack: a new setting fails only
-/// the tests that show all settings of a format.
-std::string WithoutUnknown(const std::string& text);
+/// `text`, in any format but JSON, without the library's settings that the tables lack: a new
+/// setting fails only the tests that show all settings of a format.
+std::string WithoutUnknown(std::string text);
 
 /// The names of all settings, general ones first, with ", " between them.
 std::string SettingNames();
