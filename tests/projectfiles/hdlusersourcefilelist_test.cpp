@@ -109,10 +109,16 @@ TEST_P(HdlUserSourceFileList, KeepsAScopeThatGotAnotherName) {
     static_cast<THdlProjectFile&>(*A) = THdlProjectFile(Name("renamed.v"), nullptr, true);
     EXPECT_TRUE(List.AddAssociatedFileToScopeFile(Name("x.v")));
     EXPECT_TRUE(List.AddAssociatedFileToScopeFile(Name("y.v")));
+    EXPECT_EQ(AssociatedFilesOf(A), "x.v y.v ");
+}
+
+TEST_P(HdlUserSourceFileList, KeepsAScopeWhoseNameAnotherFileGot) {
+    EXPECT_TRUE(List.SetAssociatedFileScope(Name("a.v")));
+    static_cast<THdlProjectFile&>(*A) = THdlProjectFile(Name("renamed.v"), nullptr, true);
     const THdlProjectFile* successor = List.AddAtTailAndSetOwner(Name("a.v")).first;
-    EXPECT_TRUE(List.AddAssociatedFileToScopeFile(Name("z.v")));
-    EXPECT_EQ(AssociatedFilesOf(A), "x.v y.v z.v ");
-    EXPECT_EQ(AssociatedFilesOf(successor), "") << "which took the name that the scope had";
+    EXPECT_TRUE(List.AddAssociatedFileToScopeFile(Name("x.v")));
+    EXPECT_EQ(AssociatedFilesOf(A), "x.v ");
+    EXPECT_EQ(AssociatedFilesOf(successor), "");
 }
 
 TEST_P(HdlUserSourceFileList, SharesScopeAndFilesWithACopy) {
