@@ -84,12 +84,17 @@ TEST(Rules, ConsultOneEnvironmentVariableByName) {
               "services/files/process_windows.cpp: GetEnvironmentVariableW\n");
 }
 
-TEST(Rules, HaveNoThreadsAndOneLock) {
+// Besides the log's: the pool that all lists share, and the count of what is left in a block.
+TEST(Rules, HaveNoThreadsAndLockWhatAllShare) {
     EXPECT_EQ(MatchesInLibrary(std::regex(
                   "#include <(thread|future|mutex|shared_mutex|condition_variable|latch|"
                   "semaphore|barrier|stop_token|atomic|pthread\\.h|threads\\.h)>|"
                   "\\b(pthread_\\w+|CreateThread\\w*|_beginthread\\w*|std::(j?thread|async|"
                   "mutex|recursive_mutex|condition_variable|call_once|atomic))\\b")),
+              "services/base/countedblock.h: #include <atomic>\n"
+              "services/base/countedblock.h: std::atomic\n"
+              "services/base/dlist.cpp: #include <mutex>\n"
+              "services/base/dlist.cpp: std::mutex\n"
               "services/logging/binarylog.h: #include <atomic>\n"
               "services/logging/binarylog.h: #include <mutex>\n"
               "services/logging/binarylog.h: std::atomic\n"

@@ -2,21 +2,27 @@
 #include "services/base/api.h"
 #include <cstddef>
 
-/// The process-wide pool behind the nodes of every DList. It outlives every list.
+/// The process-wide pool behind the nodes of every DList. It outlives every list. All threads may
+/// use it at a time.
 class HDLBUILDFILE_API TDListNodePool {
 public:
     /// Room for one node of `kNodeSize` bytes; never null. Not initialised.
     static void* Allocate();
-    /// Takes back what Allocate() gave, for the next list that asks. Null is ignored.
+    /// Takes back what Allocate() gave, on any thread, for the next list that asks. Null is
+    /// ignored.
     static void Release(void* node);
-    static constexpr std::size_t kNodeSize = 3 * sizeof(void*);
+    static constexpr std::size_t kNodeSize = 2 * sizeof(void*);
+
+    /// The node that lies in front of `item`, in the same part of a TCountedBlock, is no longer in
+    /// use.
+    static void ReleaseInFrontOf(const void* item);
 };
 
 template <class T>
 class DListIterator;
 
-/// A doubly linked list of pointers, T being the pointer type. Nodes hold the pointer; elements
-/// know nothing of the lists that hold them. The list deletes elements only in Flush(1).
+/// A linked list of pointers, T being the pointer type. Nodes hold the pointer; elements know
+/// nothing of the lists that hold them. The list deletes elements only in Flush(1).
 template <class T>
 class DList {
 public:
@@ -46,15 +52,25 @@ public:
     std::size_t GetCount() const { return Count; }
     bool IsEmpty() const { return Count == 0; }
 
+protected:
+    /// AddAtTail for an item in front of which lies room for its node, in the same part of a
+    /// TCountedBlock.
+    void AddAtTailWithNode(T item);
+    /// Unlinks the first item and notifies nobody. True when its node lies in front of it: the
+    /// caller then gives the node's part of the block back. Not for the empty list.
+    bool UnlinkHead(T* item);
+
 private:
     friend class DListIterator<T>;
+    // A node lies in front of its item exactly when both are in one part of a TCountedBlock: behind
+    // each node of the pool, there is memory of the pool.
     struct TNode {
-        TNode* Previous;
         TNode* Next;
         T Item;
+        bool IsInFrontOfItem() const { return static_cast<const void*>(this + 1) == Item; }
     };
-    TNode* Link(T item, TNode* before);
-    void Unlink(TNode* node);
+    void LinkAtTail(TNode* node);
+    static void Release(TNode* node);
 
     TNode* Head = nullptr;
     TNode* Tail = nullptr;
@@ -68,6 +84,15 @@ class DListIterator {
 public:
     DListIterator() = default;
     explicit DListIterator(const DList<T>& list) : Node(list.Head) {}
+    /// The first element of a list that is walked once: it, and whoever gets a copy, may take off
+    /// the list what lies before his position.
+    static DListIterator ForOneWalk(DList<T>* list) {
+        DListIterator first(*list);
+        first.WalkedOnce = list;
+        return first;
+    }
+    /// The list of ForOneWalk; null for any other iterator.
+    DList<T>* GetListWalkedOnce() const { return WalkedOnce; }
 
     bool NotAtTail() const { return Node != nullptr; }
     /// The element at the position; null at the tail.
@@ -77,10 +102,11 @@ public:
         if (Node) Node = Node->Next;
         return *this;
     }
-    bool operator==(const DListIterator&) const = default;
+    bool operator==(const DListIterator& other) const { return Node == other.Node; }
 
 private:
     const typename DList<T>::TNode* Node = nullptr;
+    DList<T>* WalkedOnce = nullptr;
 };
 
 #include "services/base/dlist.inl"

@@ -3,12 +3,17 @@
 
 template <class T>
 DList<T>::DList(const DList& other) {
-    for (const TNode* node = other.Head; node; node = node->Next) Link(node->Item, nullptr);
+    for (const TNode* node = other.Head; node; node = node->Next)
+        LinkAtTail(new (TDListNodePool::Allocate()) TNode{nullptr, node->Item});
 }
 
 template <class T>
 DList<T>::~DList() {
-    while (Head) Unlink(Head);
+    while (Head) {
+        TNode* const node = Head;
+        Head = node->Next;
+        Release(node);
+    }
 }
 
 template <class T>
@@ -17,35 +22,53 @@ void DList<T>::ObjectAdded(T) {}
 template <class T>
 void DList<T>::ObjectRemoved(T) {}
 
-// Before `before`; at the tail when it is null.
 template <class T>
-typename DList<T>::TNode* DList<T>::Link(T item, TNode* before) {
+void DList<T>::LinkAtTail(TNode* node) {
     static_assert(sizeof(TNode) <= TDListNodePool::kNodeSize);
-    TNode* previous = before ? before->Previous : Tail;
-    auto* node = new (TDListNodePool::Allocate()) TNode{previous, before, item};
-    (previous ? previous->Next : Head) = node;
-    (before ? before->Previous : Tail) = node;
+    (Tail ? Tail->Next : Head) = node;
+    Tail = node;
     ++Count;
-    return node;
 }
 
 template <class T>
-void DList<T>::Unlink(TNode* node) {
-    (node->Previous ? node->Previous->Next : Head) = node->Next;
-    (node->Next ? node->Next->Previous : Tail) = node->Previous;
+void DList<T>::Release(TNode* node) {
+    if (node->IsInFrontOfItem())
+        TDListNodePool::ReleaseInFrontOf(node->Item);
+    else
+        TDListNodePool::Release(node);
+}
+
+template <class T>
+bool DList<T>::UnlinkHead(T* item) {
+    TNode* const node = Head;
+    Head = node->Next;
+    if (!Head) Tail = nullptr;
     --Count;
+    *item = node->Item;
+    if (node->IsInFrontOfItem()) return true;
     TDListNodePool::Release(node);
+    return false;
 }
 
 template <class T>
 void DList<T>::AddAtTail(T item) {
-    Link(item, nullptr);
+    LinkAtTail(new (TDListNodePool::Allocate()) TNode{nullptr, item});
+    ObjectAdded(item);
+}
+
+template <class T>
+void DList<T>::AddAtTailWithNode(T item) {
+    auto* const room = reinterpret_cast<std::byte*>(item) - sizeof(TNode);
+    LinkAtTail(new (room) TNode{nullptr, item});
     ObjectAdded(item);
 }
 
 template <class T>
 void DList<T>::AddAtHead(T item) {
-    Link(item, Head);
+    auto* const node = new (TDListNodePool::Allocate()) TNode{Head, item};
+    Head = node;
+    if (!Tail) Tail = node;
+    ++Count;
     ObjectAdded(item);
 }
 
@@ -65,9 +88,13 @@ int DList<T>::AddAtHeadNoDup(T item) {
 
 template <class T>
 bool DList<T>::Remove(T item) {
-    for (TNode* node = Head; node; node = node->Next) {
+    TNode* previous = nullptr;
+    for (TNode* node = Head; node; previous = node, node = node->Next) {
         if (node->Item != item) continue;
-        Unlink(node);
+        (previous ? previous->Next : Head) = node->Next;
+        if (node == Tail) Tail = previous;
+        --Count;
+        Release(node);
         ObjectRemoved(item);
         return true;
     }
@@ -77,8 +104,8 @@ bool DList<T>::Remove(T item) {
 template <class T>
 void DList<T>::Flush(int deleteItems) {
     while (Head) {
-        T item = Head->Item;
-        Unlink(Head);
+        T item = nullptr;
+        if (UnlinkHead(&item)) TDListNodePool::ReleaseInFrontOf(item);
         ObjectRemoved(item);
         if (deleteItems) delete item;
     }

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <set>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -177,6 +179,21 @@ TEST(DList, IteratesFromItsFirstElementToTheTailAndStaysThere) {
     EXPECT_EQ(position, DListIterator<Item*>());
 }
 
+TEST(DListIterator, TellsTheListOfAWalkThatIsTheOnlyOne) {
+    Item one(1), two(2);
+    DList<Item*> list;
+    list.AddAtTail(&one);
+    list.AddAtTail(&two);
+    auto position = DListIterator<Item*>::ForOneWalk(&list);
+    EXPECT_EQ(position, DListIterator<Item*>(list));
+    ++position;
+    const auto copy = position;
+    EXPECT_EQ(copy.Current(), &two);
+    EXPECT_EQ(copy.GetListWalkedOnce(), &list);
+    EXPECT_EQ(DListIterator<Item*>(list).GetListWalkedOnce(), nullptr);
+    EXPECT_EQ(DListIterator<Item*>().GetListWalkedOnce(), nullptr);
+}
+
 TEST(DListNodePool, GivesReleasedNodesToTheNextListThatAsks) {
     void* first = TDListNodePool::Allocate();
     void* second = TDListNodePool::Allocate();
@@ -201,4 +218,59 @@ TEST(DListNodePool, KeepsManyListsApart) {
         ASSERT_EQ(item.Current()->Number, expected);
     EXPECT_EQ(expected, 20000);
     EXPECT_EQ(odd.GetIndex(&items.back()), 9999);
+}
+
+TEST(DListNodePool, ServesListsOfSeveralThreads) {
+    const auto fillAndEmpty = [](std::string* result) {
+        std::vector<Item> items;
+        for (int number = 0; number < 5000; ++number) items.emplace_back(number);
+        DList<Item*> list;
+        for (int round = 0; round < 20; ++round) {
+            for (Item& item : items) list.AddAtTail(&item);
+            int number = 0;
+            for (DListIterator<Item*> item(list); item.NotAtTail(); ++item, ++number)
+                if (item.Current()->Number != number) *result = "mixed up";
+            list.Flush(0);
+        }
+    };
+    std::string first = "done", second = "done";
+    std::thread other(fillAndEmpty, &first);
+    fillAndEmpty(&second);
+    other.join();
+    EXPECT_EQ(first, "done");
+    EXPECT_EQ(second, "done");
+}
+
+TEST(DListNodePool, PassesOnWhatAnotherThreadReleased) {
+    constexpr std::size_t kNodes = 20000;
+    std::vector<void*> nodes(kNodes);
+    const auto allocateAll = [&] {
+        for (void*& node : nodes) node = TDListNodePool::Allocate();
+    };
+    const auto releaseAll = [&] {
+        for (void* node : nodes) TDListNodePool::Release(node);
+    };
+    std::set<void*> ever;
+    for (int round = 0; round < 10; ++round) {
+        std::thread(allocateAll).join();
+        ASSERT_EQ(std::set<void*>(nodes.begin(), nodes.end()).size(), kNodes);
+        ever.insert(nodes.begin(), nodes.end());
+        std::thread(releaseAll).join();
+    }
+    // A thread leaves behind no more than it has at hand.
+    EXPECT_LT(ever.size(), 2 * kNodes);
+}
+
+TEST(DListNodePool, PassesOnWhatAThreadThatGoesOnReleased) {
+    constexpr std::size_t kNodes = 20000;
+    std::vector<void*> nodes(kNodes);
+    std::set<void*> ever;
+    for (int round = 0; round < 10; ++round) {
+        std::thread([&] {
+            for (void*& node : nodes) node = TDListNodePool::Allocate();
+        }).join();
+        ever.insert(nodes.begin(), nodes.end());
+        for (void* node : nodes) TDListNodePool::Release(node);
+    }
+    EXPECT_LT(ever.size(), 2 * kNodes);
 }
