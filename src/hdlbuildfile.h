@@ -33,6 +33,7 @@
 #include "services/base/booltext.h"
 #include "services/base/corbaimpl.h"
 #include "services/base/dlist.h"
+#include "services/base/fixedtext.h"
 #include "services/base/languagenumber.h"
 #include "services/base/mystring.h"
 #include "services/base/observer.h"

@@ -65,6 +65,7 @@ THdlBuildFileReadResults THdlBuildFile::ReadFromFile() {
     ReadError = {};
     if (!BuildFileName) return ReadResult;
     THdlBuildFileXMLList document(this);
+    document.SetWalkedOnce(true);
     // A missing or malformed file leaves the build as it was: only ReadError tells.
     document.ReadFile(BuildFileName->GetParts(PART_ALL));
     ReadError = document.GetReadError();

@@ -45,7 +45,7 @@ void THdlBuildFileXMLList::FillElements() {
 
 bool THdlBuildFileXMLList::InterpretElements() {
     if (!Build) return true;
-    TElementIterator element(*this);
+    TElementIterator element = GetFirst();
     while (element.NotAtTail()) {
         const TElementIterator before = element;
         const TSection* section = FindSection(element);

@@ -25,6 +25,7 @@ bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLangu
                                     TSeenNames* seen) {
     TIHdlSourceFileList* group = GetOrCreateGroup(language);
     while (IsAtStart(element, "SourceFile")) {
+        DropWhatWasRead(element);
         DListIterator<TElement*> start = element;
         ++element;
         if (!element.NotAtTail()) return false;

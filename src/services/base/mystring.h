@@ -1,5 +1,6 @@
 #pragma once
 #include "services/base/api.h"
+#include "services/base/fixedtext.h"
 #include <string>
 #include <string_view>
 
@@ -11,6 +12,7 @@ public:
     TMyString(const char* text) : Text(text ? text : "") {}
     TMyString(std::string text) : Text(std::move(text)) {}
     TMyString(std::string_view text) : Text(text) {}
+    TMyString(const TFixedText& text) : Text(text.View()) {}
 
     /// Valid until the string changes or dies, never null.
     operator const char*() const { return Text.c_str(); }
@@ -26,6 +28,7 @@ public:
     friend TMyString operator+(const char* a, const TMyString& b) { return TMyString(a) + b; }
     friend bool operator==(const TMyString& a, const TMyString& b) { return a.Text == b.Text; }
     friend bool operator==(const TMyString& a, const char* b) { return a.Text == (b ? b : ""); }
+    friend bool operator==(const TMyString& a, const TFixedText& b) { return b == a.Text; }
     friend bool operator<(const TMyString& a, const TMyString& b) { return a.Text < b.Text; }
 
     /// Removes `c`, or when it is 0 blank, \t, \n, \v, \f and \r, from both ends. `ends` is

@@ -4,10 +4,9 @@
 
 namespace {
 
-// Expat copies what it is given and scans a token that does not end there again with the next part.
-// With parts that double in size the copies stay small and the work is linear, however long a token
-// is.
-constexpr std::size_t kLargestPart = std::size_t{1} << 26;
+// Expat copies each part. Small parts stay in the processor's cache, and keep Expat's copy small.
+constexpr std::size_t kUsualPart = std::size_t{1} << 16;
+constexpr std::size_t kLargestPart = std::size_t{1} << 30;
 
 int ReadUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding) {
     encoding->data = nullptr;
@@ -31,7 +30,6 @@ TExpatRun::~TExpatRun() {
 bool TExpatRun::Feed(std::string_view part, bool isLast) {
     do {
         const std::size_t size = std::min(part.size(), PartSize);
-        PartSize = std::min(2 * PartSize, kLargestPart);
         const bool isEnd = isLast && size == part.size();
         if (XML_Parse(Parser, part.data(), static_cast<int>(size), isEnd) != XML_STATUS_OK) {
             if (Stopped) return false;
@@ -40,6 +38,10 @@ bool TExpatRun::Feed(std::string_view part, bool isLast) {
             return false;
         }
         part.remove_prefix(size);
+        Fed += size;
+        // A token that does not end there is scanned again with the next part, which is as long as
+        // what there is of it: so the work is linear, however long a token is.
+        PartSize = std::clamp(Fed - GetTokenBegin(), kUsualPart, kLargestPart);
     } while (!part.empty());
     return true;
 }

@@ -36,7 +36,8 @@ public:
 
 private:
     XML_Parser Parser;
-    std::size_t PartSize = 4096;
+    std::size_t PartSize = 4096;  // of the next part
+    std::size_t Fed = 0;
     std::string Reason;
     std::size_t FailurePlace = 0;
     bool Stopped = false;

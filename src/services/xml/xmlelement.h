@@ -1,9 +1,15 @@
 #pragma once
+#include "services/base/fixedtext.h"
 #include "services/base/mystring.h"
-#include <memory>
+#include <cstdint>
+#include <new>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
+
+struct TElementAttributes;
 
 /// A text as TXMLList::MakeXMLString gives it, ready for an XML document. Pushing it stores the
 /// plain text that it was made from, so that the writer of a file escapes every value exactly once.
@@ -34,20 +40,47 @@ public:
     const std::vector<TAttribute>& GetAttributes() const { return Attributes; }
 
 private:
+    std::string& ValueOf(const char* name);
+
     std::vector<TAttribute> Attributes;
+    std::unordered_map<std::string, std::size_t> Places;  // by name; empty while they are few
 };
 
 /// One event of a document: an element opens or closes, or there is character data between.
+///
+/// The elements that a TXMLList makes lie in blocks with their texts. Each may be taken off its
+/// list and deleted like any other, on another thread, too; a block is freed when no element is
+/// left in it.
 class HDLBUILDFILE_API TElement {
 public:
     enum ElemTypes : int { START = 0, END = 1, TEXT = 2 };
 
-    TElement(ElemTypes type, std::string_view name, std::string_view text)
-        : Name(name), Text(text), ElemType(type) {}
+    /// Copies both texts.
+    TElement(ElemTypes type, std::string_view name, std::string_view text);
+    /// As a copy: `other` stays what it is.
+    TElement(TElement&& other);
+    TElement& operator=(TElement&& other);
+    ~TElement();
+    void operator delete(TElement* element, std::destroying_delete_t);
 
-    TMyString Name;  ///< empty for character data
-    TMyString Text;  ///< the character data; empty for START and END
+private:
+    friend class TElementBlocks;
+    friend class TElementPrinter;
+    enum TFlags : std::uint8_t {
+        OWNS_TEXTS = 1,    // Name and Text are memory of its own, which begins with the name
+        PRINTS_AS_IS = 2,  // names and values are printed as they are: nothing to escape or convert
+    };
+    TElement(ElemTypes type, std::uint16_t distance) : Distance(distance), ElemType(type) {}
+    void CopyAttributes(const TElement& other);
+    void DropAttributes();
+
+    std::uint16_t Distance = 0;  // a TCountedBlock's; 0 outside of one
+    std::uint8_t Flags = 0;
+
+public:
     ElemTypes ElemType;
+    TFixedText Name;  ///< empty for character data
+    TFixedText Text;  ///< the character data; empty for START and END
 
     /// The attribute's text; "" when absent, on END and on character data. Lives as long as the
     /// element.
@@ -63,6 +96,7 @@ public:
     void SetAttributes(std::vector<TAttributeList::TAttribute> attributes);
 
 private:
-    // Most elements have none: one pointer instead of an empty vector.
-    std::unique_ptr<std::vector<TAttributeList::TAttribute>> Attributes;
+    const char* FindAttribute(const char* name) const;
+
+    TElementAttributes* Attributes = nullptr;  // most elements have none
 };

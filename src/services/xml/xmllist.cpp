@@ -9,6 +9,7 @@
 #include "services/logging/binarylog.h"
 #include "services/logging/messagebox.h"
 #include "services/names/isfilename.h"
+#include "services/xml/elementsequence.h"
 #include "services/xml/xmlprint.h"
 #include "services/xml/xmlprologue.h"
 #include "services/xml/xmlreader.h"
@@ -98,6 +99,42 @@ TXMLString TXMLList::MakeXMLString(const char* text) {
 
 TXMLList::~TXMLList() {
     TXMLList::Flush(1);
+    delete Blocks;
+}
+
+void TXMLList::Flush(int deleteItems) {
+    DeleteUpTo({}, deleteItems != 0);
+    if (Blocks) Blocks->Close();
+}
+
+void TXMLList::DeleteBefore(const DListIterator<TElement*>& position) {
+    DeleteUpTo(position, true);
+}
+
+DListIterator<TElement*> TXMLList::GetFirst() {
+    return WalkedOnce ? DListIterator<TElement*>::ForOneWalk(this)
+                      : DListIterator<TElement*>(*this);
+}
+
+void TXMLList::DeleteUpTo(const DListIterator<TElement*>& position, bool deleteItems) {
+    TReturnedParts returned;
+    while (!IsEmpty() && DListIterator<TElement*>(*this) != position) {
+        TElement* element = nullptr;
+        if (UnlinkHead(&element)) returned.Add(element);
+        ObjectRemoved(element);
+        if (deleteItems) TElementBlocks::Delete(element, &returned);
+    }
+}
+
+// Links one after the other, as whoever overrides ObjectAdded() expects.
+void TXMLList::TakeOver(TElementSequence* elements) {
+    while (!elements->IsEmpty()) {
+        TElement* element = nullptr;
+        if (elements->UnlinkHead(&element))
+            AddAtTailWithNode(element);
+        else
+            AddAtTail(element);
+    }
 }
 
 void TXMLList::Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
@@ -107,10 +144,13 @@ void TXMLList::Psh(const char* name, const TAttributeList* attributes, TElement:
 
 void TXMLList::Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
                    const TXMLString& text, const char*, bool) {
+    if (!Blocks) Blocks = new TElementBlocks;
+    std::vector<TAttributeView> views;
+    if (attributes && type == TElement::START)
+        views.assign(attributes->GetAttributes().begin(), attributes->GetAttributes().end());
     const bool isText = type == TElement::TEXT;
-    auto* element = new TElement(type, name && !isText ? name : "", isText ? text.GetPlain() : "");
-    if (attributes && type == TElement::START) element->SetAttributes(attributes->GetAttributes());
-    AddAtTail(element);
+    AddAtTailWithNode(Blocks->Make(type, name && !isText ? name : "",
+                                   isText ? std::string_view(text.GetPlain()) : "", views));
 }
 
 bool TXMLList::FindNext(DListIterator<TElement*>& position, const char* name,
@@ -123,7 +163,7 @@ bool TXMLList::FindNext(DListIterator<TElement*>& position, const char* name,
             position = next;
             return true;
         }
-        if (element->ElemType == TElement::END && !bound.empty() && element->Name.Str() == bound)
+        if (element->ElemType == TElement::END && !bound.empty() && element->Name == bound)
             return false;
     }
     return false;
@@ -135,9 +175,7 @@ bool TXMLList::ReadFile(const char* path, const char*) {
     SetFileName(file.c_str());
     Flush(1);
     ReadError = {};
-    std::string bytes;
-    const bool isRead =
-        ReadBytes(file.c_str(), &bytes, &ReadError) && ReadFromText(bytes, &ReadError);
+    const bool isRead = ReadDocument(file.c_str());
     ReadError.File = file;
     NoteRead(FileName, isRead || ReadError.Missing);
     if (isRead)
@@ -147,15 +185,21 @@ bool TXMLList::ReadFile(const char* path, const char*) {
     return isRead;
 }
 
+// The bytes are gone before anybody makes something of the elements.
+bool TXMLList::ReadDocument(const char* path) {
+    std::string bytes;
+    return ReadBytes(path, &bytes, &ReadError) && ReadFromText(bytes, &ReadError);
+}
+
 bool TXMLList::ReadFromText(const std::string& document, TXMLReadError* error) {
-    std::vector<std::unique_ptr<TElement>> elements;
+    TElementSequence elements;
     TXMLReadError found;
     const std::string droppedRoot = RootHeld ? "" : GetDocumentTypeRoot(ToUtf8(DocumentType));
     const bool isRead = ReadXMLDocument(document, droppedRoot, &elements, &found,
                                         RootHeld ? &DocumentType : nullptr);
     // The document may have been a text of this list.
     Flush(1);
-    for (auto& element : elements) AddAtTail(element.release());
+    TakeOver(&elements);
     if (error) *error = found;
     return isRead;
 }

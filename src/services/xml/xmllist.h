@@ -5,6 +5,8 @@
 #include <string>
 
 class ISFileName;
+class TElementBlocks;
+class TElementSequence;
 
 /// Why a file could not be read.
 struct TXMLReadError {
@@ -39,6 +41,19 @@ public:
 
     /// Null gives the empty text.
     static TXMLString MakeXMLString(const char* text);
+
+    /// DList::Flush.
+    void Flush(int deleteItems);
+    /// Unlinks and deletes the elements before `position`, a place in this list.
+    void DeleteBefore(const DListIterator<TElement*>& position);
+
+    /// Whether what ReadFile read is walked once, by InterpretElements: elements that a reader is
+    /// done with are then deleted (see DropWhatWasRead), so that a long document needs no memory
+    /// beside what is made of it.
+    bool IsWalkedOnce() const { return WalkedOnce; }
+    void SetWalkedOnce(bool once) { WalkedOnce = once; }
+    /// At the first element; an iterator for one walk when the list is walked once.
+    DListIterator<TElement*> GetFirst();
 
     /// Moves `position` to the first START element called `name` at or after it; stops without
     /// success at an END called `enclosing` (null or empty: no bound) or at the tail. False: not
@@ -99,8 +114,14 @@ protected:
     virtual void HandleMissingOrInvalidFile(const char* path);
 
 private:
+    void DeleteUpTo(const DListIterator<TElement*>& position, bool deleteItems);
+    bool ReadDocument(const char* path);
+    void TakeOver(TElementSequence* elements);
+
+    TElementBlocks* Blocks = nullptr;  // where pushed elements lie; null: nothing was pushed yet
     std::string DocumentType;
     bool RootHeld = false;
+    bool WalkedOnce = false;
     const ISFileName* FileName = nullptr;
     TXMLReadError ReadError;
 };

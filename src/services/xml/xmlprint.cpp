@@ -38,7 +38,7 @@ public:
             case TElement::END:
                 return PrintEnd();
             case TElement::TEXT:
-                return PrintText(Element.Text.Str());
+                return PrintText(Element.Text.View());
         }
     }
 
@@ -65,9 +65,9 @@ private:
     }
 
     void PrintStart() {
-        if (!IsXMLName(Element.Name.Str())) ReportNoName();
+        if (!IsXMLName(Element.Name.View())) ReportNoName();
         Append("<");
-        AppendName(Element.Name.Str());
+        AppendName(Element.Name.View());
         for (const auto& [name, value] : GetDistinctAttributes()) {
             Append(" ");
             Append(name);
@@ -80,7 +80,7 @@ private:
 
     void PrintEnd() {
         Append("</");
-        AppendName(Element.Name.Str());
+        AppendName(Element.Name.View());
         Append(">");
     }
 

@@ -1,5 +1,7 @@
 #include "services/xml/xmlreader.h"
 
+#include <vector>
+
 #include "services/xml/expatrun.h"
 #include "services/xml/xmlprologue.h"
 #include "services/xml/xmltext.h"
@@ -9,8 +11,7 @@ namespace {
 class TDocumentReader {
 public:
     TDocumentReader(std::string_view document, const TXMLEncoding& encoding,
-                    std::string_view droppedRoot, bool holdsRoot,
-                    std::vector<std::unique_ptr<TElement>>* elements)
+                    std::string_view droppedRoot, bool holdsRoot, TElementSequence* elements)
         : Run(encoding, this),
           Document(document),
           UnitSize(encoding.UnitSize),
@@ -49,7 +50,7 @@ private:
         From(userData).Start(name, attributes);
     }
 
-    static void OnEnd(void* userData, const XML_Char* name) { From(userData).End(name); }
+    static void OnEnd(void* userData, const XML_Char*) { From(userData).End(); }
 
     static void OnText(void* userData, const XML_Char* text, int length) {
         From(userData).AddText({text, static_cast<std::size_t>(length)});
@@ -70,25 +71,26 @@ private:
         if (isDroppedRoot) return;
         if (Open.size() == MaxLevels)
             return Run.Refuse("elements are nested deeper than " + std::to_string(kMaxXMLNesting));
-        TElement* element = Push(TElement::START, name, {});
-        Open.push_back(element);
-        if (attributes[0]) element->SetAttributes(CopyAttributes(attributes));
+        Attributes.clear();
+        for (; attributes[0]; attributes += 2)
+            Attributes.emplace_back(attributes[0], attributes[1]);
+        Open.push_back(Elements.Push(TElement::START, name, {}, Attributes));
     }
 
-    void End(const XML_Char* name) {
+    void End() {
         FinishText();
         if (Open.empty()) return;  // the dropped root
+        Elements.PushEnd(*Open.back());
         Open.pop_back();
-        Push(TElement::END, name, {});
     }
 
     void AddText(std::string_view text) {
-        if (!TextCounts) TextCounts = !IsXMLBlank(text) || IsReference();
+        if (!TextCounts) TextCounts = !IsXMLBlank(text) || (text.size() == 1 && IsReference());
         Text += text;
     }
 
     void FinishText() {
-        if (TextCounts) Push(TElement::TEXT, {}, Text);
+        if (TextCounts) Elements.Push(TElement::TEXT, {}, Text);
         Text.clear();
         TextCounts = false;
     }
@@ -98,28 +100,14 @@ private:
         return Document.substr(Run.GetTokenBegin(), UnitSize).find('&') != std::string_view::npos;
     }
 
-    TElement* Push(TElement::ElemTypes type, std::string_view name, std::string_view text) {
-        Elements.push_back(std::make_unique<TElement>(type, name, text));
-        return Elements.back().get();
-    }
-
-    static std::vector<TAttributeList::TAttribute> CopyAttributes(const XML_Char** attributes) {
-        std::vector<TAttributeList::TAttribute> copies;
-        std::size_t count = 0;
-        while (attributes[2 * count]) ++count;
-        copies.reserve(count);
-        for (std::size_t i = 0; i < count; ++i)
-            copies.emplace_back(attributes[2 * i], attributes[2 * i + 1]);
-        return copies;
-    }
-
     TExpatRun Run;
     std::string_view Document;
     std::size_t UnitSize;
     std::string_view DroppedRoot;
     std::size_t MaxLevels;
-    std::vector<std::unique_ptr<TElement>>& Elements;
+    TElementSequence& Elements;
     std::vector<const TElement*> Open;
+    std::vector<TAttributeView> Attributes;  // of the present tag
     std::string Text;
     bool TextCounts = false;
     bool RootSeen = false;
@@ -148,9 +136,8 @@ std::string BlankDocumentType(std::string_view document, const TXMLEncoding& enc
 }  // namespace
 
 bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
-                     std::vector<std::unique_ptr<TElement>>* elements, TXMLReadError* error,
-                     std::string* documentType) {
-    elements->clear();
+                     TElementSequence* elements, TXMLReadError* error, std::string* documentType) {
+    elements->Clear();
     if (documentType) documentType->clear();
     const TXMLEncoding encoding = DetectXMLEncoding(document);
     if (encoding.Refusal) return Fail(document, encoding, 0, encoding.Refusal, error);
@@ -163,6 +150,6 @@ bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
     TDocumentReader reader(document, encoding, droppedRoot, documentType != nullptr, elements);
     if (reader.Read(BlankDocumentType(document, encoding, prologue))) return true;
     const std::string reason = reader.GetReason();
-    elements->clear();
+    elements->Clear();
     return Fail(document, encoding, reader.GetFailurePlace(), reason, error);
 }

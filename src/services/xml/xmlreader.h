@@ -1,9 +1,8 @@
 #pragma once
+#include "services/xml/elementsequence.h"
 #include "services/xml/xmllist.h"
-#include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 /// Elements nested deeper are a failure, for reading and writing alike. The root that a document
 /// type names does not count, whether it is dropped or held.
@@ -16,5 +15,5 @@ inline constexpr std::size_t kMaxXMLNesting = 512;
 /// null, is given the document type line in UTF-8, empty when there is none: the elements are then
 /// those of a list that holds the root.
 bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
-                     std::vector<std::unique_ptr<TElement>>* elements, TXMLReadError* error,
+                     TElementSequence* elements, TXMLReadError* error,
                      std::string* documentType = nullptr);

@@ -6,14 +6,14 @@
 namespace {
 
 // With its length, so that one text cannot look like two. Files hold UTF-8.
-void AppendText(const std::string& text, std::string* all) {
+void AppendText(std::string_view text, std::string* all) {
     const std::string written = ToUtf8(text);
     all->append(std::to_string(written.size())).append(1, ' ').append(written);
 }
 
 void AppendElement(const TElement& element, std::string* all) {
     *all += std::to_string(element.ElemType) + " ";
-    AppendText(element.ElemType == TElement::TEXT ? element.Text.Str() : element.Name.Str(), all);
+    AppendText(element.ElemType == TElement::TEXT ? element.Text.View() : element.Name.View(), all);
     for (const auto& [name, value] : element.GetAttributes()) {
         AppendText(name, all);
         AppendText(value, all);

@@ -74,7 +74,16 @@ void SkipElement(TElementIterator& element) {
     } while (open > 0 && element.NotAtTail());
 }
 
+void DropWhatWasRead(const TElementIterator& element) {
+    // Only a TXMLList makes such iterators.
+    if (DList<TElement*>* list = element.GetListWalkedOnce())
+        static_cast<TXMLList*>(list)->DeleteBefore(element);
+}
+
 std::string TrimmedText(const TElementIterator& element) {
-    return IsAtText(element) ? std::string(TrimmedView(element.Current()->Text.Str()))
-                             : std::string();
+    return std::string(TrimmedTextView(element));
+}
+
+std::string_view TrimmedTextView(const TElementIterator& element) {
+    return IsAtText(element) ? TrimmedView(element.Current()->Text.View()) : std::string_view();
 }

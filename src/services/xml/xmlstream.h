@@ -2,6 +2,7 @@
 #include "services/xml/xmllist.h"
 #include <initializer_list>
 #include <string>
+#include <string_view>
 #include <utility>
 
 // The steps that all section readers and writers are made of. An iterator at the tail answers every
@@ -31,5 +32,9 @@ void SkipEnds(TElementIterator& element);
 void SkipEnd(TElementIterator& element);
 /// From a START past its own END, children included; anything else: one step.
 void SkipElement(TElementIterator& element);
+/// The caller is done with the elements before `element`: a list that is walked once deletes them.
+void DropWhatWasRead(const TElementIterator& element);
 /// The current element's text without surrounding white space; "" at the tail and on START and END.
 std::string TrimmedText(const TElementIterator& element);
+/// The same as a part of the element's text, which lives as long as the element.
+std::string_view TrimmedTextView(const TElementIterator& element);

@@ -1,5 +1,6 @@
 #include "services/xml/xmltext.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -21,6 +22,15 @@ bool AreEightPlainBytes(const char* bytes) {
     std::memcpy(&word, bytes, sizeof word);
     const std::uint64_t below20 = (word - kEveryByte * 0x20) & ~word;
     return ((word | below20) & (kEveryByte * 0x80)) == 0;
+}
+
+std::size_t SkipAscii(std::string_view text, std::size_t position) {
+    std::uint64_t word;
+    for (; position + sizeof word <= text.size(); position += sizeof word) {
+        std::memcpy(&word, text.data() + position, sizeof word);
+        if ((word & (kEveryByte * 0x80)) != 0) break;
+    }
+    return position;
 }
 
 std::size_t SkipPlainBytes(std::string_view text, std::size_t position) {
@@ -125,7 +135,7 @@ std::size_t Utf8LengthAt(std::string_view text, std::size_t position) {
 }
 
 bool IsUtf8(std::string_view text) {
-    for (std::size_t i = SkipPlainBytes(text, 0); i < text.size(); i = SkipPlainBytes(text, i)) {
+    for (std::size_t i = SkipAscii(text, 0); i < text.size(); i = SkipAscii(text, i)) {
         const std::size_t length = Utf8LengthAt(text, i);
         if (length == 0) return false;
         i += length;
@@ -169,5 +179,6 @@ std::string DescribeCharacter(std::string_view text, std::size_t position) {
 }
 
 bool IsXMLBlank(std::string_view text) {
-    return text.find_first_not_of(" \t\n\r") == std::string_view::npos;
+    const auto isBlank = [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; };
+    return std::all_of(text.begin(), text.end(), isBlank);
 }

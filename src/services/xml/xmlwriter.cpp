@@ -83,11 +83,11 @@ private:
         HasForeignBytes = !IsUtf8(List.GetDocumentType());
         const std::string type = ToUtf8(List.GetDocumentType());
         const std::string name = GetDocumentTypeRoot(type);
-        std::vector<std::unique_ptr<TElement>> none;
+        TElementSequence none;
         TXMLReadError error;
         if (!ReadXMLDocument(type, {}, &none, &error))
             return Fail("the document type is malformed: " + error.Reason);
-        if (name.empty() || !none.empty()) return Fail("the document type names no root element");
+        if (name.empty() || !none.IsEmpty()) return Fail("the document type names no root element");
         Document = type;
         if (List.HoldsRoot()) return true;
         RootLevels = 1;
@@ -138,7 +138,7 @@ private:
 
     // Turns a tag that nothing followed into an empty-element tag.
     bool CloseInnermost() {
-        TElement end(TElement::END, Open.back()->Name.Str(), "");
+        TElement end(TElement::END, Open.back()->Name.View(), "");
         Open.pop_back();
         bool isDone = true;
         if (AfterStart)
@@ -170,7 +170,7 @@ private:
 
     static bool HoldsForeignBytes(const TElement& element) {
         const auto& attributes = element.GetAttributes();
-        return !IsUtf8(element.Name.Str()) || !IsUtf8(element.Text.Str()) ||
+        return !IsUtf8(element.Name.View()) || !IsUtf8(element.Text.View()) ||
                std::any_of(attributes.begin(), attributes.end(), [](const auto& attribute) {
                    return !IsUtf8(attribute.first) || !IsUtf8(attribute.second);
                });
@@ -180,15 +180,15 @@ private:
         const bool isText = element.ElemType == TElement::TEXT;
         const TElement& owner = isText && !Open.empty() ? *Open.back() : element;
         const std::string place = "element \"" + owner.Name.Str() + "\"";
-        if (HasForbiddenCharacter(element.Text.Str()))
-            return place + DescribeForbidden(element.Text.Str());
+        if (HasForbiddenCharacter(element.Text.View()))
+            return place + DescribeForbidden(element.Text.View());
         for (const auto& [name, value] : element.GetAttributes())
             if (HasForbiddenCharacter(value))
                 return ("attribute \"" + name + "\" of ").append(place + DescribeForbidden(value));
         return place + " cannot be written";
     }
 
-    static std::string DescribeForbidden(const std::string& text) {
+    static std::string DescribeForbidden(std::string_view text) {
         return " holds the character " + DescribeCharacter(text, FindForbiddenCharacter(text)) +
                ", which no XML document can hold";
     }

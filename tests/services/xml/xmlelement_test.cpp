@@ -44,6 +44,28 @@ TEST(AttributeList, TakesNullAsEmpty) {
     EXPECT_EQ(TextOf(list), "a=;=b;");
 }
 
+TEST(AttributeList, KeepsPlacesAndLastValuesOfManyNames) {
+    TAttributeList list;
+    std::string expected;
+    for (int round = 0; round < 2; ++round) {
+        expected.clear();
+        for (int i = 0; i < 20000; ++i) {
+            const std::string name = "n" + std::to_string(i);
+            const std::string value = std::to_string(round) + "/" + std::to_string(i);
+            list.Psh(name.c_str(), value.c_str());
+            expected.append(name).append("=").append(value).append(";");
+        }
+    }
+    EXPECT_EQ(TextOf(list), expected);
+    TAttributeList copy(list);
+    copy.Psh("n3", "copied");
+    copy.Psh("n20000", "new");
+    EXPECT_EQ(TextOf(list), expected);
+    const std::string old = "n3=1/3;";
+    expected.replace(expected.find(old), old.size(), "n3=copied;");
+    EXPECT_EQ(TextOf(copy), expected + "n20000=new;");
+}
+
 TEST(Element, AnswersAbsentAttributesWithTheEmptyText) {
     TElement element(TElement::START, "a", "");
     EXPECT_STREQ(element.GetAttribute("x"), "");
@@ -98,4 +120,64 @@ TEST(Element, ComparesItsNameByContent) {
     const std::string same = "Component";
     EXPECT_TRUE(element.Name == same.c_str());
     EXPECT_FALSE(element.Name == "component");
+}
+
+TEST(Element, GivesItsNameAndTextAsStrings) {
+    const TElement element(TElement::TEXT, "Name", " text ");
+    EXPECT_EQ(strcmp(element.Name, "Name"), 0);
+    EXPECT_STREQ(element.Text.c_str(), " text ");
+    EXPECT_EQ(element.Text.Str() + element.Name.Str(), " text Name");
+    TMyString text = element.Text;
+    text.Trim(1, 0);
+    EXPECT_EQ(text, "text");
+}
+
+TEST(Element, IsMovedAsACopy) {
+    TElement element(TElement::START, "a", "b");
+    element.SetAttributes({{"x", "1"}});
+    TElement other(std::move(element));
+    element.SetAttributes({{"y", "2"}});
+    EXPECT_EQ(other.Name, "a");
+    EXPECT_EQ(other.Text, "b");
+    EXPECT_EQ(other.ElemType, TElement::START);
+    EXPECT_STREQ(other.GetAttribute("x"), "1");
+    EXPECT_FALSE(other.HasAttribute("y"));
+
+    other = TElement(TElement::END, "c", "");
+    EXPECT_EQ(other.Name, "c");
+    EXPECT_EQ(other.Text, "");
+    EXPECT_EQ(other.ElemType, TElement::END);
+    EXPECT_FALSE(other.HasAttribute("x"));
+    TElement& self = other;
+    other = std::move(self);
+    EXPECT_EQ(other.Name, "c");
+}
+
+TEST(Element, IsAssignedInItsListsMemory) {
+    TXMLList list;
+    TAttributeList attributes;
+    attributes.Psh("x", "1");
+    list.Psh("a", &attributes, TElement::START, nullptr);
+    TElement& element = *DListIterator<TElement*>(list).Current();
+    TElement taken(std::move(element));
+    element = TElement(TElement::TEXT, "", "a text that is its own");
+    EXPECT_EQ(element.Text, "a text that is its own");
+    EXPECT_FALSE(element.HasAttribute("x"));
+    EXPECT_EQ(taken.Name, "a");
+    EXPECT_STREQ(taken.GetAttribute("x"), "1");
+    // Both kinds of memory are given back: the leak checker tells.
+}
+
+TEST(Element, KeepsAttributeTextsWhenAllAreAskedFor) {
+    TXMLList list;
+    ASSERT_TRUE(list.ReadFromText("<a x='1' y='&lt;2'/>", nullptr));
+    TElement& element = *DListIterator<TElement*>(list).Current();
+    const char* const value = element.GetAttribute("y");
+    EXPECT_EQ(element.GetAttributes(),
+              (std::vector<TAttributeList::TAttribute>{{"x", "1"}, {"y", "<2"}}));
+    EXPECT_EQ(element.GetAttribute("y"), value);
+    EXPECT_STREQ(value, "<2");
+    element.SetAttributes({{"z", "3"}});
+    EXPECT_FALSE(element.HasAttribute("x"));
+    EXPECT_STREQ(element.GetAttribute("z"), "3");
 }

@@ -1,0 +1,121 @@
+#include "services/xml/elementblocks.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "services/base/dlist.h"
+
+namespace {
+
+// A document of a few elements needs a small block. The largest fill up one of the allocator's
+// units of memory, which it gives to other sizes or back to the system when they are freed.
+constexpr std::size_t kSmallestBlock = 1000;
+constexpr std::size_t kLargestBlock = 65000;
+constexpr std::size_t kElementSize = TDListNodePool::kNodeSize + sizeof(TElement);
+
+constexpr std::size_t Align(std::size_t size) {
+    return (size + TCountedBlock::kUnit - 1) / TCountedBlock::kUnit * TCountedBlock::kUnit;
+}
+
+std::size_t SizeOf(std::span<const TAttributeView> attributes) {
+    if (attributes.empty()) return 0;
+    std::size_t size = TCountedBlock::kUnit + sizeof(TElementAttributes);
+    for (const auto& [name, value] : attributes)
+        size += sizeof(TElementAttributes::TEntry) + TFixedText::SizeOf(name.size()) +
+                TFixedText::SizeOf(value.size());
+    return size;
+}
+
+}  // namespace
+
+TElement* TElementBlocks::Make(TElement::ElemTypes type, std::string_view name,
+                               std::string_view text, std::span<const TAttributeView> attributes) {
+    Reserve(TCountedBlock::kUnit + kElementSize + TFixedText::SizeOf(name.size()) +
+            TFixedText::SizeOf(text.size()) + SizeOf(attributes));
+    // The texts come behind their element: the distance of an element is limited.
+    TElement* const element = Place(type);
+    element->Name = Intern(name);
+    element->Text = Store(text);
+    if (!attributes.empty()) element->Attributes = StoreAttributes(attributes);
+    return element;
+}
+
+TElement* TElementBlocks::MakeEnd(const TElement& start) {
+    Reserve(TCountedBlock::kUnit + kElementSize + TFixedText::SizeOf(start.Name.Length()));
+    TElement* const element = Place(TElement::END);
+    const bool isNear = IsInPresentBlock(start.Name.c_str());
+    element->Name = isNear ? start.Name : Intern(start.Name.View());
+    return element;
+}
+
+void TElementBlocks::Delete(TElement* element, TReturnedParts* returned) {
+    if (!element || element->Distance == 0) return delete element;
+    const TCountedBlock::TDistance distance = element->Distance;
+    // Of most elements there is nothing but what lies in the block.
+    if (element->Attributes || element->Flags != 0) element->~TElement();
+    returned->Add(new (element) TCountedBlock::TDistance(distance));
+}
+
+void TElementBlocks::Close() {
+    if (Block) Block->Close(Given);
+    Block = nullptr;
+    Next = End = nullptr;
+    BlockSize = 0;
+}
+
+void TElementBlocks::Reserve(std::size_t size) {
+    if (static_cast<std::size_t>(End - Next) >= size) return;
+    const std::size_t grown = std::clamp(4 * BlockSize, kSmallestBlock, kLargestBlock);
+    Close();
+    BlockSize = grown;
+    const std::size_t room = std::max(size, grown);
+    Block = TCountedBlock::Make(room);
+    Next = Block->GetRoom();
+    End = Next + room;
+    Given = 0;
+    Names.fill({});
+}
+
+// Behind the node, which is the list's: the two are two parts, though one distance serves both.
+TElement* TElementBlocks::Place(TElement::ElemTypes type) {
+    std::byte* const begin = Block->GetRoom();
+    Next = begin + Align(static_cast<std::size_t>(Next - begin));
+    void* const place = Next + TDListNodePool::kNodeSize;
+    Next += kElementSize;
+    Given += 2;
+    return new (place) TElement(type, Block->GetDistance(place));
+}
+
+TFixedText TElementBlocks::Intern(std::string_view name) {
+    if (name.empty()) return {};
+    const auto first = static_cast<unsigned char>(name.front());
+    const auto last = static_cast<unsigned char>(name.back());
+    TFixedText& known = Names[(name.size() + first + 8 * std::size_t{last}) % Names.size()];
+    if (known != name) known = Store(name);
+    return known;
+}
+
+TFixedText TElementBlocks::Store(std::string_view text) {
+    if (text.empty()) return {};
+    const TFixedText stored = TFixedText::Store(text, Next);
+    Next += TFixedText::SizeOf(text.size());
+    return stored;
+}
+
+TElementAttributes* TElementBlocks::StoreAttributes(std::span<const TAttributeView> attributes) {
+    std::byte* const begin = Block->GetRoom();
+    Next = begin + Align(static_cast<std::size_t>(Next - begin));
+    auto* const stored = new (Next) TElementAttributes;
+    Next += sizeof(TElementAttributes);
+    auto* entry = reinterpret_cast<TElementAttributes::TEntry*>(Next);
+    Next += attributes.size() * sizeof(TElementAttributes::TEntry);
+    for (const auto& [name, value] : attributes)
+        new (entry++) TElementAttributes::TEntry{Intern(name), Store(value)};
+    stored->Count = static_cast<std::uint32_t>(attributes.size());
+    stored->IsInBlock = true;
+    return stored;
+}
+
+bool TElementBlocks::IsInPresentBlock(const void* place) const {
+    return std::less_equal<>()(Block->GetRoom(), place) && std::less<>()(place, End);
+}
