@@ -7,7 +7,7 @@
 #include "tests/buildfile/filledbuild.h"
 #include "tests/buildfile/mortalconfig.h"
 #include "tests/support/elementtext.h"
-#include "tests/support/temporaryfolder.h"
+#include "tests/support/memoryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -83,7 +83,7 @@ TEST(BuildFileCopy, MayBeAssignedBackAndForthManyTimes) {
 }
 
 TEST(BuildFileCopy, ReadsAgainstItsOwnDirectoryAlsoAfterTheOriginalIsGone) {
-    TemporaryFolder folder;
+    MemoryFolder folder;
     folder.Write("one/a.vhd", "");
     folder.Write("two/a.vhd", "");
     folder.Write("two/b.vhd", "");
@@ -185,7 +185,7 @@ TEST(BuildFileConfigurations, OfAPlainCopyLiveAsLongAsTheCopy) {
 }
 
 TEST(BuildFileConfigurations, OfASimWrapBuildThatReadOrStartedAfreshGoWithItsLastCopy) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const ISFileName* name = Handle(folder.Write("build.hbf", "<HdlBuildFile/>"));
     TProjectSimLanguageConfig config;
     const auto expectDeleted = [&config](std::unique_ptr<TSimWrapHdlBuildFile> owner,
@@ -206,7 +206,7 @@ TEST(BuildFileConfigurations, OfASimWrapBuildThatReadOrStartedAfreshGoWithItsLas
 }
 
 TEST(BuildFileConfigurations, ThatASimWrapBuildLetsGoOfStayReadable) {
-    TemporaryFolder folder;
+    MemoryFolder folder;
     const std::string path =
         folder.Write("build.hbf",
                      "<HdlBuildFile><GeneralConfiguration LogFileName='run.log'/>"
@@ -232,7 +232,7 @@ TEST(BuildFileConfigurations, ThatASimWrapBuildLetsGoOfStayReadable) {
 
 // A second deletion ends the program under the address sanitizer.
 TEST(BuildFileConfigurations, SetAgainAfterAReloadIsDeletedOnce) {
-    TemporaryFolder folder;
+    MemoryFolder folder;
     const std::string path = folder.Write(
         "build.hbf", "<HdlBuildFile><GeneralConfiguration LogFileName='a.log'/></HdlBuildFile>\n");
     TSimWrapHdlBuildFile build(Handle(path));

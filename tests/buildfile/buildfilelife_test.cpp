@@ -167,7 +167,7 @@ TEST(BuildFileConfigurations, OfALanguageWithoutStoredSettingsAreFoundButNotWrit
 }
 
 TEST(BuildFileSaves, RecordNoStamp) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     THdlBuildFile build(Handle(folder.Write("build.hbf", "<HdlBuildFile/>")));
     EXPECT_FALSE(build.IsOutdated());
     build.SetSnapshotName("longer than before");

@@ -11,8 +11,8 @@
 #include "settings/projectsimlanguageconfig.h"
 #include "simtools/basesimtool.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
-#include "tests/support/temporaryfolder.h"
 #include "translation/v2vtranslationoptionslist.h"
 #include <gtest/gtest.h>
 
@@ -37,13 +37,13 @@ public:
         delete Build.GetV2VOptions();
     }
 
-    TemporaryFolder Folder;
+    MemoryFolder Folder;
     RecordingMessageBox Messages;
     RecordingLog Log;
     TSimWrapHdlBuildFile Build;
 };
 
-std::string PathsOf(const TIHdlSourceFileList* files, const TemporaryFolder& folder) {
+std::string PathsOf(const TIHdlSourceFileList* files, const MemoryFolder& folder) {
     std::string paths;
     for (const IHdlSourceFile* file : *files) {
         TMyString path;
@@ -179,7 +179,7 @@ TEST(BuildFileReader, ReadsSectionsInAnyOrderAndNumber) {
 }
 
 TEST(BuildFileReader, LeavesABuildWithoutFileAsItWas) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     RecordingMessageBox messages;
     THdlBuildFile build;
     build.SetTopLanguage(LANGUAGE_VHDL);
@@ -410,7 +410,7 @@ TEST(BuildFileReader, OrdersFilesThatAreListedBehindThoseThatNeedThem) {
 }
 
 TEST(BuildFileReader, RebuildsTheLibraryGroupsAlsoWithoutAFile) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     THdlSourceFile vhdl(folder.Path("a.vhd").c_str());
     THdlSourceFile verilog(folder.Path("b.v").c_str());
     vhdl.SetPrecompiledLibraryGroupName("one");
@@ -441,7 +441,7 @@ TEST(BuildFileReader, RebuildsTheLibraryGroupsFromTheHdlGroup) {
 
 // The folders are the library's own to make: other programs may not know paths of this length.
 TEST(BuildFileReader, ReadsAndSavesBesideFilesOfAnyNameAndLength) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     RecordingMessageBox messages;
     std::string directory = folder.Path();
     for (int i = 0; i < 12; ++i) directory += "/a folder of some length " + std::to_string(i);
@@ -481,7 +481,7 @@ TEST(BuildFileReader, ReadsAndSavesBesideFilesOfAnyNameAndLength) {
 }
 
 TEST(BuildFileReader, ReadsAtConstruction) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("build.xml", "<HdlBuildFile TopLevelLanguage='VHDL'/>");
     const THdlBuildFile build(ISFileName::NewISFileName(path.c_str()));
     EXPECT_EQ(build.GetTopLanguage(), LANGUAGE_VHDL);

@@ -7,7 +7,7 @@
 #include "settings/projectsimlanguageconfig.h"
 #include "simtools/basesimtool.h"
 #include "tests/buildfile/buildtexts.h"
-#include "tests/support/temporaryfolder.h"
+#include "tests/support/memoryfolder.h"
 #include "translation/v2voptionelement.h"
 #include "translation/v2vtranslationoptions.h"
 #include <gtest/gtest.h>
@@ -65,7 +65,7 @@ protected:
         return std::make_unique<TBuild>(Handle(Path));
     }
 
-    TemporaryFolder Folder;
+    MemoryFolder Folder;
     const std::string Path = Folder.Write(
         "build.hbf",
         "<HdlBuildFile TopLevelLanguage='VHDL'>"

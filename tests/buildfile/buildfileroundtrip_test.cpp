@@ -1,8 +1,8 @@
 #include "buildfile/simwraphdlbuildfile.h"
 #include "services/names/isfilename.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
 #include "tests/support/settingtexts.h"
-#include "tests/support/temporaryfolder.h"
 #include "translation/v2vtranslationoptionslist.h"
 #include <gtest/gtest.h>
 
@@ -109,7 +109,7 @@ protected:
     std::string Missing(const char* name) const {
         return "HdlBuildFile: Missing File: \"" + Folder.Path(name) + "\" [0]\n";
     }
-    TemporaryFolder Folder;
+    MemoryFolder Folder;
     RecordingMessageBox Messages;
 };
 

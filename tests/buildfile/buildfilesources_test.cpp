@@ -4,8 +4,8 @@
 #include "tests/buildfile/buildtexts.h"
 #include "tests/services/names/hostform.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
-#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -181,7 +181,7 @@ TEST(BuildFileSources, AreFoundInGroupsAndAmongTheirDependencies) {
 }
 
 TEST(BuildFileSources, TellOfAFileTakenForAnotherForItsLetterCase) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     folder.Write("A.vhd", "");
     folder.Write("a.vhd", "");
     RecordingLog log(1);
@@ -212,7 +212,7 @@ TEST(BuildFileSources, ThatAreListedAreFoundBeforeDependenciesOfTheirName) {
 }
 
 TEST(BuildFileSources, ReadIntoTheListedObjectOfTwoOfOneName) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     folder.Write("a.vhd", "");
     THdlBuildFile build;
     build.SetBuildFileName(
@@ -236,7 +236,7 @@ TEST(BuildFileSources, ReadIntoTheListedObjectOfTwoOfOneName) {
 }
 
 TEST(BuildFileSources, AreSpelledAsListedWhenADependencyCameFirst) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     folder.Write("top.vhd", "");
     folder.Write("f1.vhd", "");
     RecordingMessageBox box;
@@ -301,7 +301,7 @@ public:
 };
 
 TEST(BuildFileSources, AreAskedOfADerivedBuildByTheReader) {
-    TemporaryFolder folder;
+    MemoryFolder folder;
     folder.Write("a.vhd", "");
     CustomBuild build;
     build.SetBuildFileName(

@@ -9,9 +9,9 @@
 #include "simtools/basesimtool.h"
 #include "tests/buildfile/projectfolder.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
 #include "tests/support/settingtexts.h"
-#include "tests/support/temporaryfolder.h"
 #include "translation/v2vtranslationoption.h"
 #include "translation/v2vtranslationoptionslist.h"
 #include <gtest/gtest.h>
@@ -341,7 +341,7 @@ TEST(BuildFileWriter, WritesAbsolutePathsWithoutABuildFileName) {
 }
 
 TEST(BuildFileWriter, WritesAFileWithDocumentTypeAndRoot) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     THdlBuildFile build;
     build.SetBuildFileName(NameOf(folder.Path("build.xml")));
     build.SetSnapshotName("a<b & \"c\"");
@@ -362,7 +362,7 @@ TEST(BuildFileWriter, WritesAFileWithDocumentTypeAndRoot) {
 }
 
 TEST(BuildFileWriter, KeepsTheOldFileWhenASaveFails) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     RecordingMessageBox messages;
     RecordingLog log;
     folder.Write("build.xml", "old");

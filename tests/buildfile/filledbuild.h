@@ -5,8 +5,8 @@
 #include "settings/projectsimlanguageconfig.h"
 #include "simtools/basesimtool.h"
 #include "tests/buildfile/buildtexts.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
-#include "tests/support/temporaryfolder.h"
 #include "translation/v2vtranslationoptionslist.h"
 #include <gtest/gtest.h>
 
@@ -68,7 +68,7 @@ protected:
         Build.AddLanguageConfig(LANGUAGE_VHDL, &config);
     }
     RecordingMessageBox Box;
-    TemporaryFolder Folder;
+    MemoryFolder Folder;
     // Malformed, so that there is a read error.
     const ISFileName* Name = Handle(Folder.Write("build.hbf", "<HdlBuildFile></Other>"));
     const ISFileName* Sugar = Handle(Folder.Path("sugar.dll"));

@@ -7,9 +7,9 @@
 #include "simtools/basesimtool.h"
 #include "tests/buildfile/filledbuild.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
 #include "tests/support/slots.h"
-#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -64,7 +64,7 @@ TEST(HdlBuildFile, DoesNothingWithTheDiskWithoutAName) {
 }
 
 TEST(HdlBuildFile, GivesTheDirectoryOfItsFileWithTheFinalDelimiter) {
-    TemporaryFolder folder;
+    MemoryFolder folder;
     THdlBuildFile build;
     build.SetBuildFileName(Handle(folder.Path("build.hbf")));
     const std::string file = folder.Path("build.hbf");
@@ -73,7 +73,7 @@ TEST(HdlBuildFile, GivesTheDirectoryOfItsFileWithTheFinalDelimiter) {
 }
 
 TEST(HdlBuildFile, AddsVariablesForTheParts) {
-    TemporaryFolder folder;
+    MemoryFolder folder;
     const std::string file = folder.Path("top.vhd");
     THdlBuildFile build;
     build.AddPseudoEnvironmentVariablesForFilename(Handle(file), "TOP");
@@ -219,7 +219,7 @@ protected:
                "precompiled lib\n"
                "result 0 error ''\n";
     }
-    TemporaryFolder Folder;
+    MemoryFolder Folder;
     const ISFileName* Name = Handle(WriteBuild("1"));
     RecordingMessageBox Box;
 };

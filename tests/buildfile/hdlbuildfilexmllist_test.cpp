@@ -1,13 +1,13 @@
 #include "buildfile/hdlbuildfilexmllist.h"
 #include "buildfile/hdlbuildfile.h"
 #include "services/names/isfilename.h"
-#include "tests/support/temporaryfolder.h"
+#include "tests/support/memoryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
 
 TEST(BuildFileXMLList, FillsNothingWithoutABuild) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     THdlBuildFileXMLList document(nullptr);
     EXPECT_TRUE(document.WriteFile(folder.Path("empty.xml").c_str()));
     EXPECT_EQ(folder.Read("empty.xml"),
@@ -15,7 +15,7 @@ TEST(BuildFileXMLList, FillsNothingWithoutABuild) {
 }
 
 TEST(BuildFileXMLList, HandsEachSectionToItsReader) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path =
         folder.Write("build.xml",
                      "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n<HdlBuildFileList>"

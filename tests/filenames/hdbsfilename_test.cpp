@@ -2,9 +2,9 @@
 
 #include "services/designdatabase/visitor.h"
 #include "tests/filenames/recordingfilename.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
 #include "tests/support/slots.h"
-#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -339,7 +339,7 @@ TEST(HdbSFileName, IsAnItemNamedByItsCanonicalName) {
 }
 
 TEST(HdbSFileName, SharesTheTimeStampsOfItsFile) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("top.vhd", "one");
     const THdbSFileName loading(path.c_str());
     const THdbSFileName asking(path.c_str());

@@ -1,7 +1,7 @@
 #include "projectfiles/hdlprojectfilelist.h"
 #include "projectfilefakes.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
-#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -443,7 +443,7 @@ TEST(HdlProjectFileList, AddsAnyNumberOfFilesWithoutHandle) {
 }
 
 TEST(HdlProjectFileList, IsModifiedWhenOneOfItsFilesIs) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     TList list(kFolder, nullptr);
     EXPECT_FALSE(list.IsModified(true));
     const THdlProjectFile* first = list.AddAtTailAndSetOwner(Name(folder.Write("a.v", "1"))).first;
@@ -459,7 +459,7 @@ TEST(HdlProjectFileList, IsModifiedWhenOneOfItsFilesIs) {
 
 TEST(HdlProjectFileList, AsksEveryFileWhetherItIsModified) {
     RecordingLog log;
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     TList list(kFolder, nullptr);
     list.push_back(NewHandlelessFile());
     list.push_back(NewFile(folder.Write("never-loaded.v", "")));

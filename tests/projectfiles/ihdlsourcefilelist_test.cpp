@@ -3,8 +3,8 @@
 #include "tests/projectfiles/sourcefakes.h"
 #include "tests/services/names/hostform.h"
 #include "tests/support/keptobjects.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
-#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -49,7 +49,7 @@ TEST_F(IHdlSourceFileList, RefusesNullAndANameListedInAnyLetterCase) {
 }
 
 TEST_F(IHdlSourceFileList, TellsOfAFileRefusedForItsLetterCase) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     THdlSourceFile* listed = Made.Make(folder.Write("D.vhd", ""));
     THdlSourceFile* refused = Made.Make(folder.Write("d.vhd", ""));
     RecordingLog log(1);

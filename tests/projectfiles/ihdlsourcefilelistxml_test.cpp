@@ -2,7 +2,7 @@
 #include "tests/projectfiles/sourcefakes.h"
 #include "tests/services/names/hostform.h"
 #include "tests/support/elementtext.h"
-#include "tests/support/temporaryfolder.h"
+#include "tests/support/memoryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -56,7 +56,7 @@ std::string ReadInto(TIHdlSourceFileList* list, const std::string& elements,
 }
 
 TEST(IHdlSourceFileListReader, ReadsWhatItHoldsAndWhereItStops) {
-    TemporaryFolder folder;
+    MemoryFolder folder;
     const std::string a = folder.Write("a.vhd", "");
     const std::string b = folder.Write("b.vhd", "");
     const std::string none = folder.Path("none.vhd");
@@ -98,7 +98,7 @@ TEST(IHdlSourceFileListReader, ReadsWhatItHoldsAndWhereItStops) {
 }
 
 TEST(IHdlSourceFileListReader, ReadsBackWhatWasWritten) {
-    TemporaryFolder folder;
+    MemoryFolder folder;
     Sources made;
     TIHdlSourceFileList written;
     written.AddSourceFile(made.Make(folder.Write("a b.vhd", "")), false);
@@ -112,7 +112,7 @@ TEST(IHdlSourceFileListReader, ReadsBackWhatWasWritten) {
 }
 
 TEST(IHdlSourceFileListReader, MakesSourcesThatOutliveTheListAndThatACallerMayDelete) {
-    TemporaryFolder folder;
+    MemoryFolder folder;
     const std::string a = folder.Write("a.vhd", "");
     auto list = std::make_unique<TIHdlSourceFileList>();
     ReadInto(list.get(), "START File\nTEXT " + a + "\nEND File\n", "");

@@ -2,8 +2,8 @@
 #include "projectfilefakes.h"
 #include "projectfiles/hdlusersourcefilelist.h"
 #include "tests/services/names/hostform.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
-#include "tests/support/temporaryfolder.h"
 #include <ctime>
 #include <gtest/gtest.h>
 #include <memory>
@@ -200,7 +200,7 @@ TEST_F(ProjectFileIndex, TellsOfAFileRefusedForItsLetterCaseAsAWalkDoes) {
              return list.InsertFileAndSetOwner(file, nullptr, true);
          }},
     };
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const ISFileName* const listed = Name(folder.Write("Fifo.v", ""));
     THdlProjectFile refused(Name(folder.Write("fifo.v", "")), nullptr, false);
     const std::string line = "[Default] File \"" + folder.Path("fifo.v") + "\" is taken for \"" +

@@ -6,9 +6,9 @@
 #include "projectfiles/hdlusersourcefilelist.h"
 #include "projectfiles/hdlutilitiessourcefilelist.h"
 #include "tests/services/names/hostform.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
 #include "tests/support/slots.h"
-#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 #include <memory>
 #include <typeinfo>
@@ -89,7 +89,7 @@ TEST(ProjectFolders, RefuseAListedName) {
 }
 
 TEST(ProjectFolders, TellOfAFileRefusedForItsLetterCase) {
-    const TemporaryFolder files;
+    const MemoryFolder files;
     const ISFileName* const listed = Name(files.Write("Fifo.v", ""));
     const ISFileName* const refused = Name(files.Write("fifo.v", ""));
     const std::string line = kOnWindows ? ""

@@ -1,7 +1,7 @@
 #include "projectfiles/sourcefilegroups.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/projectfiles/sourcefakes.h"
-#include "tests/support/temporaryfolder.h"
+#include "tests/support/memoryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -89,7 +89,7 @@ private:
 };
 
 TEST(SourceFileGroups, AskForModifiedSourcesUpToTheFirstAndForNoDependency) {
-    TemporaryFolder folder;
+    MemoryFolder folder;
     std::string asked;
     AskedSource clean(folder.Write("clean.v", ""), &asked);
     AskedSource modified(folder.Write("modified.v", ""), &asked);

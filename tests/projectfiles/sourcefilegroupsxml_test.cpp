@@ -3,8 +3,8 @@
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/projectfiles/sourcefakes.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
-#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -26,7 +26,7 @@ protected:
     std::string Missing(const std::string& name) {
         return "HdlBuildFile: Missing File: \"" + Folder.Path(name) + "\" [0]\n";
     }
-    TemporaryFolder Folder;
+    MemoryFolder Folder;
     RecordingMessageBox Box;
     FakeBuild Build{Folder.Path()};
 };

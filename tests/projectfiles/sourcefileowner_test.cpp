@@ -2,7 +2,7 @@
 #include "projectfiles/languageconfigmap.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/projectfiles/sourcefakes.h"
-#include "tests/support/temporaryfolder.h"
+#include "tests/support/memoryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -64,7 +64,7 @@ TEST(SourceFileOwner, SpellsADependencyAsItIsListed) {
 }
 
 TEST(SourceFileOwner, MarksWhatItMakesAsLoadedUnlessForARead) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     folder.Write("made.vhd", "1");
     folder.Write("read.vhd", "1");
     FakeBuild build(folder.Path());

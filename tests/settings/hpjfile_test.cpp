@@ -5,6 +5,7 @@
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
 #include "tests/support/settingtexts.h"
+#include "tests/support/temporaryfolder.h"
 #include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -12,7 +13,7 @@
 namespace {
 
 /// The stream of a project file, its root included.
-std::string StreamOf(const TemporaryFolder& folder, const char* name) {
+std::string StreamOf(const MemoryFolder& folder, const char* name) {
     TXMLList list;
     TXMLReadError error;
     if (!list.ReadFromText(folder.Read(name), &error)) return error.Reason;
@@ -68,7 +69,7 @@ THpjFileResult ReadAndChange(const std::string& path) {
 /// A settings section as a save leaves it, which a further save would not change: an empty include
 /// list, which is not stored, has been read as the project's directory.
 std::string SavedSection() {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("p.hpj", Project(kSection));
     for (int i = 0; i < 2; ++i) {
         THpjFile file(FileNamed(path.c_str()));
@@ -85,7 +86,7 @@ std::string SavedSection() {
 }  // namespace
 
 TEST(HpjFile, ChangesOneSettingAmongForeignElements) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     std::string foreign[2];
     for (int i = 0; i < 200; ++i) foreign[i % 2] += ForeignSection(i);
     const std::string original =
@@ -103,7 +104,7 @@ TEST(HpjFile, ChangesOneSettingAmongForeignElements) {
 }
 
 TEST(HpjFile, KeepsEveryForeignElementInItsPlace) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     std::string before;
     std::string after;
     for (int i = 0; i < 100; ++i) before += ForeignSection(i);
@@ -126,7 +127,7 @@ TEST(HpjFile, KeepsEveryForeignElementInItsPlace) {
 }
 
 TEST(HpjFile, ReadsTheSettings) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("p.hpj", Project("<x/>" + kSection + "<y/>"));
     const ISFileName* name = FileNamed(path.c_str());
     TProjectSimSettings settings;
@@ -137,7 +138,7 @@ TEST(HpjFile, ReadsTheSettings) {
 }
 
 TEST(HpjFile, GivesAFileWithoutSettingsASection) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("p.hpj", Project("<x>1</x>\n"));
     const ISFileName* name = FileNamed(path.c_str());
     THpjFile file(name);
@@ -156,7 +157,7 @@ TEST(HpjFile, GivesAFileWithoutSettingsASection) {
 }
 
 TEST(HpjFile, MakesAMissingFile) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const ISFileName* name = FileNamed(folder.Path("new.hpj").c_str());
     THpjFile file(name);
     TProjectSimSettings settings;
@@ -172,7 +173,7 @@ TEST(HpjFile, MakesAMissingFile) {
 }
 
 TEST(HpjFile, KeepsWhatOthersSavedSinceTheRead) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("p.hpj", Project(kSection));
     THpjFile file(FileNamed(path.c_str()));
     TProjectSimSettings settings;
@@ -210,9 +211,9 @@ TEST(HpjFile, SavesNothingOverSettingsThatChangedSinceTheRead) {
         {"file without settings deleted", "", nullptr},
     };
     for (const auto& row : rows) {
-        const TemporaryFolder folder;
+        const MemoryFolder folder;
         const auto give = [&folder](const char* section) {
-            std::filesystem::remove(folder.Path("p.hpj"));
+            folder.Remove("p.hpj");
             if (section) folder.Write("p.hpj", Project(section));
             return folder.Read("p.hpj");
         };
@@ -230,7 +231,7 @@ TEST(HpjFile, SavesNothingOverSettingsThatChangedSinceTheRead) {
 
 TEST(HpjFile, SavesOverItsOwnSaves) {
     for (const bool exists : {false, true}) {
-        const TemporaryFolder folder;
+        const MemoryFolder folder;
         if (exists) folder.Write("p.hpj", Project(kSection));
         THpjFile file(FileNamed(folder.Path("p.hpj").c_str()));
         TProjectSimSettings settings;
@@ -248,7 +249,7 @@ TEST(HpjFile, SavesOverItsOwnSaves) {
 }
 
 TEST(HpjFile, SavesOverWhatNobodyRead) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("p.hpj", Project(kSection));
     THpjFile file(FileNamed(path.c_str()));
     TProjectSimSettings settings;
@@ -284,7 +285,7 @@ TEST(HpjFile, SavesNothingAfterAReadThatFailed) {
          HPJ_FILE_INVALID_SETTINGS, "<former*>"},
     };
     for (const auto& row : rows) {
-        const TemporaryFolder folder;
+        const MemoryFolder folder;
         const std::string path = folder.Write("p.hpj", row.Document);
         THpjFile file(FileNamed(path.c_str()));
         TProjectSimSettings settings;
@@ -300,7 +301,7 @@ TEST(HpjFile, SavesNothingAfterAReadThatFailed) {
 
 TEST(HpjFile, SavesNothingOverAFileThatBecameMalformed) {
     RecordingMessageBox box;
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("p.hpj", Project(kSection));
     THpjFile file(FileNamed(path.c_str()));
     TProjectSimSettings settings;
@@ -328,7 +329,7 @@ TEST(HpjFile, TellsWhenItCannotBeWritten) {
 }
 
 TEST(HpjFile, SavesNothingForNull) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("p.hpj", Project(kSection));
     THpjFile file(FileNamed(path.c_str()));
     EXPECT_EQ(file.Save(nullptr), HPJ_FILE_NOT_WRITTEN);

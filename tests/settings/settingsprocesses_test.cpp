@@ -3,6 +3,7 @@
 #include "settings/projectdiagramsimconfig.h"
 #include "settings/projecttemplatesimconfiglist.h"
 #include "tests/settings/configurationtext.h"
+#include "tests/support/temporaryfolder.h"
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -10,6 +11,8 @@
 #include <unistd.h>
 
 namespace {
+
+using IniFilesOnDisk = IniFilesIn<TemporaryFolder>;
 
 const THdlLanguage kStored[] = {LANGUAGE_VERILOG, LANGUAGE_VHDL, LANGUAGE_BLUESPECVERILOG,
                                 LANGUAGE_CPLUSPLUS, LANGUAGE_TESTBUILDER};
@@ -87,7 +90,7 @@ std::vector<std::set<std::string>> LinesSavedAlone() {
     std::vector<std::set<std::string>> files;
     for (const char* name : {"first", "second"})
         for (const int rounds : {1, 2}) {
-            const IniFiles ini;
+            const IniFilesOnDisk ini;
             SaveManyTimes(name, rounds);
             files.push_back(LinesOf(ini.Saved()));
         }
@@ -97,7 +100,7 @@ std::vector<std::set<std::string>> LinesSavedAlone() {
 }  // namespace
 
 TEST(SettingsProcesses, OneReadsTheTemplatesThatAnotherWrote) {
-    const IniFiles ini;
+    const IniFilesOnDisk ini;
     ASSERT_TRUE(Succeeds(Start(WriteTemplates)));
     TProjectTemplateSimConfigList list;
     list.ReadFromINI();
@@ -125,7 +128,7 @@ TEST(SettingsProcesses, OneReadsTheTemplatesThatAnotherWrote) {
 }
 
 TEST(SettingsProcesses, OneReadsTheDiagramSettingsThatAnotherWrote) {
-    const IniFiles ini;
+    const IniFilesOnDisk ini;
     ASSERT_TRUE(Succeeds(Start(WriteDiagram)));
     TProjectDiagramSimConfig diagram;
     diagram.GetProjectLanguageConfig(LANGUAGE_VERILOG)
@@ -148,7 +151,7 @@ TEST(SettingsProcesses, OneReadsTheDiagramSettingsThatAnotherWrote) {
 TEST(SettingsProcesses, LeaveAWholeFileWhenTwoSaveAtOnce) {
     const std::vector<std::set<std::string>> savedAlone = LinesSavedAlone();
     const std::string foreign = "; of another component\n[Foreign]\nb = 2\n# a is last\na=1\n";
-    const IniFiles ini;
+    const IniFilesOnDisk ini;
     ini.Give(foreign);
     constexpr int kRounds = 50;
     const pid_t first = Start([] { SaveManyTimes("first", kRounds); });
@@ -172,7 +175,7 @@ TEST(SettingsProcesses, LeaveAWholeFileWhenTwoSaveAtOnce) {
 }
 
 TEST(SettingsProcesses, KeepWhatAnotherSavedMeanwhile) {
-    const IniFiles ini;
+    const IniFilesOnDisk ini;
     GetSystemPropCache()->HasPrivateProp("S", "k");
     ASSERT_TRUE(Succeeds(Start([] { SaveManyTimes("first", 1); })));
     SaveManyTimes("second", 1);

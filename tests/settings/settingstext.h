@@ -4,7 +4,7 @@
 #include "services/ini/propcache.h"
 #include "services/names/isfilename.h"
 #include "settings/projectsimconfig.h"
-#include "tests/support/temporaryfolder.h"
+#include "tests/support/memoryfolder.h"
 #include <string>
 
 /// The library only carries pointers to proxies.
@@ -12,14 +12,15 @@ class ICorbaProxy {};
 
 /// INI files of the test's own, and an installation directory on a drive, so that what is resolved
 /// against it reads the same on both systems.
-class IniFiles {
+template <class TFolder>
+class IniFilesIn {
 public:
-    IniFiles() {
+    IniFilesIn() {
         SetIniFile(Folder.Path("user.ini").c_str());
         SetSystemIniFile(Folder.Path("system.ini").c_str());
         SetOrvaneHomeDirectory("H:\\home\\");
     }
-    ~IniFiles() {
+    ~IniFilesIn() {
         ResetSystemPropCache();
         SetIniFile(nullptr);
         SetSystemIniFile(nullptr);
@@ -37,8 +38,9 @@ public:
     }
 
 private:
-    TemporaryFolder Folder;
+    TFolder Folder;
 };
+using IniFiles = IniFilesIn<MemoryFolder>;
 
 inline const ISFileName* FileNamed(const char* path) {
     return ISFileName::NewISFileName(path);

@@ -8,6 +8,7 @@
 #include "tests/simtools/recordingobserver.h"
 #include "tests/simtools/tooltext.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
@@ -51,8 +52,8 @@ std::string Document(const std::string& content) {
 }
 
 // The application-data directory of this program's tests: the courier asks for it once a process.
-const TemporaryFolder& DefaultFolder() {
-    static const TemporaryFolder folder;
+const MemoryFolder& DefaultFolder() {
+    static const MemoryFolder folder;
     SetTalveraAppDataDirectory(folder.Path().c_str());
     TBaseSimToolServerClientCourier::GetDefaultSimConfigFile();
     return folder;
@@ -141,7 +142,7 @@ TEST(ServerConfigurationFileXMLList, InterpretsOnlyADocumentThatBeginsWithItsSec
 }
 
 TEST(SimulatorsFile, HoldsTheToolsOfTheCurrentServer) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     TBaseSimToolServerClientCourier courier;
     AddGcc(courier);
     courier.CreateOrGetSimTool("farm", SIM_VCS);
@@ -152,7 +153,7 @@ TEST(SimulatorsFile, HoldsTheToolsOfTheCurrentServer) {
 }
 
 TEST(SimulatorsFile, IsWithoutSectionWhenTheServerHasNoTools) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const ISFileName* file = HandleOf(folder.Path("simulators.cfg"));
     TBaseSimToolServerClientCourier courier;
     TBaseSimTool own;
@@ -168,7 +169,7 @@ TEST(SimulatorsFile, IsWithoutSectionWhenTheServerHasNoTools) {
 TEST(SimulatorsFile, StaysAsItIsWhenTheCurrentServerIsUnknown) {
     RecordingLog log;
     RecordingMessageBox messages;
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     folder.Write("simulators.cfg", "old");
     StreamCourier courier;
     EXPECT_FALSE(courier.WriteCurrentServerConfigToFile(HandleOf(folder.Path("simulators.cfg"))));
@@ -208,7 +209,7 @@ TEST(SimulatorsFile, ReportsAFolderThatDoesNotExist) {
 
 // The last record of a new block is filled first: two languages of a simulator change places.
 TEST(SimulatorsFile, ComesBackWithTheLanguagesOfANewSimulatorSwapped) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("simulators.cfg", kLocalFile);
     TBaseSimToolServerClientCourier courier;
     EXPECT_TRUE(courier.ReadCurrentServerConfigFromFile(HandleOf(path), "localhost"));
@@ -221,7 +222,7 @@ TEST(SimulatorsFile, ComesBackWithTheLanguagesOfANewSimulatorSwapped) {
 
 // Of a known simulator only the first record is filled, by each element in turn.
 TEST(SimulatorsFile, OverwritesTheFirstRecordOfAKnownSimulator) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("simulators.cfg", kLocalFile);
     TBaseSimToolServerClientCourier courier;
     courier.CreateOrGetSimTool("localhost", SIM_VCS)->SetExecutablePath("C:/vcs");
@@ -236,7 +237,7 @@ TEST(SimulatorsFile, OverwritesTheFirstRecordOfAKnownSimulator) {
 
 TEST(SimulatorsFile, IsReadIntoAServerThatIsNotKnownYet) {
     RecordingLog log;
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("simulators.cfg", kLocalFile);
     TBaseSimToolServerClientCourier courier;
     RecordingObserver observer;
@@ -282,7 +283,7 @@ TEST(SimulatorsFile, ReadsOrRefusesAWholeFile) {
     for (const auto& row : rows) {
         RecordingLog log;
         RecordingMessageBox messages;
-        const TemporaryFolder folder;
+        const MemoryFolder folder;
         const std::string path = folder.Write("simulators.cfg", row.Bytes);
         TBaseSimToolServerClientCourier courier;
         EXPECT_EQ(courier.ReadCurrentServerConfigFromFile(HandleOf(path), "localhost"), row.Result)
@@ -296,7 +297,7 @@ TEST(SimulatorsFile, ReadsOrRefusesAWholeFile) {
 TEST(SimulatorsFile, LeavesTheToolsAloneWhenMissing) {
     RecordingLog log;
     RecordingMessageBox messages;
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     TBaseSimToolServerClientCourier courier;
     EXPECT_FALSE(
         courier.ReadCurrentServerConfigFromFile(HandleOf(folder.Path("missing.cfg")), "farm"));
@@ -388,17 +389,17 @@ TEST(SimulatorsFile, SkipsAnUnknownSimulatorOnANewServer) {
 }
 
 TEST(DefaultSimulatorsFile, StandsInTheApplicationDataDirectoryOfTheFirstCall) {
-    const TemporaryFolder& folder = DefaultFolder();
+    const MemoryFolder& folder = DefaultFolder();
     const ISFileName* file = TBaseSimToolServerClientCourier::GetDefaultSimConfigFile();
     EXPECT_EQ(file->Canonical(false), folder.Path("simulators.cfg"));
-    const TemporaryFolder later;
+    const MemoryFolder later;
     SetTalveraAppDataDirectory(later.Path().c_str());
     EXPECT_EQ(TBaseSimToolServerClientCourier::GetDefaultSimConfigFile(), file);
     SetTalveraAppDataDirectory(folder.Path().c_str());
 }
 
 TEST(DefaultSimulatorsFile, IsWrittenForTheCurrentServerWhateverTheArgument) {
-    const TemporaryFolder& folder = DefaultFolder();
+    const MemoryFolder& folder = DefaultFolder();
     TSimToolSettings local;
     TSimToolSettings remote;
     remote.SetOnRemoteHost(true);

@@ -3,7 +3,7 @@
 #include "services/ini/propcache.h"
 #include "services/names/isfilename.h"
 #include "tests/services/names/hostform.h"
-#include "tests/support/temporaryfolder.h"
+#include "tests/support/memoryfolder.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -17,7 +17,7 @@ protected:
         SetIniFile(nullptr);
         SetSystemIniFile(nullptr);
     }
-    TemporaryFolder Folder;
+    MemoryFolder Folder;
 };
 
 TEST_F(IniFileNames, AreInTheDirectoriesUnlessTheyAreSet) {

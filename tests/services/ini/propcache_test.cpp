@@ -2,6 +2,7 @@
 #include "services/files/directories.h"
 #include "services/ini/inifilenames.h"
 #include "tests/support/growth.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
@@ -37,7 +38,7 @@ std::string Buffered(const TPropCache& cache, const char* section, const char* k
 }  // namespace
 
 TEST(PropCache, ReadsTheUsersFileFirstThenTheSystems) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const auto user = folder.Write("user.ini", "[A]\nboth=user\nuser=1\nempty=\n");
     const auto system =
         folder.Write("system.ini", "[A]\nboth=system\nsystem=2\nempty=full\n[B]\nb=3\n");
@@ -56,7 +57,7 @@ TEST(PropCache, ReadsTheUsersFileFirstThenTheSystems) {
 
 TEST(PropCache, TakesNothingFromAFileThatIsNoText) {
     RecordingLog log(1);
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const auto user = folder.Write("user.ini", std::string("[A]\nk=v\n\0", 9));
     const TPropCache cache(user.c_str(), nullptr);
     EXPECT_EQ(cache.GetPrivatePropText("A", "k", "-"), "-");
@@ -144,7 +145,7 @@ TEST(PropCache, CutsAtAWholeCharacterAndLogsIt) {
 }
 
 TEST(PropCache, LeavesTheWholeValueAloneWhenTheCutOneIsWrittenBack) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string whole = std::string(400, 'a');
     const auto user = folder.Write("user.ini", "[A]\nk=" + whole + "\n");
     TPropCache cache(user.c_str(), nullptr);
@@ -201,7 +202,7 @@ TEST(PropCache, ReadsBooleansAndNumbers) {
 }
 
 TEST(PropCache, WritesReachReadsAtOnceAndTheUsersFileOnFlush) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const auto user = folder.Path("new/folder/user.ini");
     const auto system = folder.Write("system.ini", "[A]\nk=system\n");
     TPropCache cache(user.c_str(), system.c_str());
@@ -219,7 +220,7 @@ TEST(PropCache, WritesReachReadsAtOnceAndTheUsersFileOnFlush) {
 }
 
 TEST(PropCache, SavesWhenDestroyedAndReadsBack) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const auto user = folder.Path("user.ini");
     const std::vector<std::string> values{"",
                                           " ",
@@ -259,7 +260,7 @@ TEST(PropCache, StoresLineEndsAsBlanksAndLogsIt) {
 }
 
 TEST(PropCache, DeletesKeysOfTheUsersFile) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const auto user = folder.Write("user.ini", "[A]\nk=1\nl=2\nm=3\n");
     const auto system = folder.Write("system.ini", "[A]\nm=system\n");
     TPropCache cache(user.c_str(), system.c_str());
@@ -280,7 +281,7 @@ TEST(PropCache, DeletesKeysOfTheUsersFile) {
 
 TEST(PropCache, ListsTheKeysOfASectionInBothFilesAndTheChanges) {
     using TKeys = std::vector<std::string>;
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const auto user = folder.Write("user.ini", "[A]\nb=1\ngone=1\nb=2\n[B]\nx=1\n");
     const auto system = folder.Write("system.ini", "[A]\nb=1\na=1\n");
     TPropCache cache(user.c_str(), system.c_str());
@@ -299,7 +300,7 @@ TEST(PropCache, ListsTheKeysOfASectionInBothFilesAndTheChanges) {
 }
 
 TEST(PropCache, MergesIntoAFileChangedMeanwhile) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const auto user = folder.Write("user.ini", "[A]\nmine=1\ntheirs=1\nsame=1\ngone=1\n");
     TPropCache cache(user.c_str(), nullptr);
     cache.WritePrivatePropString("A", "mine", "2");
@@ -315,7 +316,7 @@ TEST(PropCache, MergesIntoAFileChangedMeanwhile) {
 }
 
 TEST(PropCache, SavesAChangeOnce) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const auto user = folder.Path("user.ini");
     TPropCache cache(user.c_str(), nullptr);
     cache.WritePrivatePropString("A", "k", "mine");
@@ -329,7 +330,7 @@ TEST(PropCache, SavesAChangeOnce) {
 }
 
 TEST(PropCache, KeepsForeignContentByteForByte) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string head =
         "\xEF\xBB\xBF# Latin-1: \xE4\r\nstray\r\n\r\n[ Other ]\r\n  a = 1 ; c\r\n[broken\r\n";
     const auto user = folder.Write("user.ini", head + "[A]\r\nk=1");
@@ -340,7 +341,7 @@ TEST(PropCache, KeepsForeignContentByteForByte) {
 }
 
 TEST(PropCache, WritesNothingWithoutAChange) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const auto user = folder.Path("user.ini");
     TPropCache cache(user.c_str(), nullptr);
     cache.DeletePrivateProp("A", "k");
@@ -366,7 +367,7 @@ TEST(PropCache, LogsAnUnwritableFileAndKeepsTheChanges) {
 }
 
 TEST(PropCache, NeverMergesIntoAFileThatIsNoText) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string utf16("\xFF\xFE[\0A\0]\0", 8);
     const auto user = folder.Write("user.ini", utf16);
     const std::string complaint = "Cannot read \"" + user + "\": it is not a text file\n";
@@ -412,7 +413,7 @@ TEST(PropCache, TellsWhichFileCouldNotBeRead) {
 
 TEST(PropCache, TakesLinearTimeForManyKeys) {
     const auto writeTwiceAndRead = [](int keys) {
-        const TemporaryFolder folder;
+        const MemoryFolder folder;
         const auto user = folder.Path("user.ini");
         for (int round = 0; round < 2; ++round) {
             TPropCache cache(user.c_str(), nullptr);
@@ -433,7 +434,7 @@ TEST(PropCache, TakesLinearTimeForManyKeys) {
 }
 
 TEST(SystemPropCache, StandsOverTheEnvironmentsTwoIniFiles) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     SetIniFile(folder.Write("user.ini", "[A]\nk=user\n").c_str());
     SetSystemIniFile(folder.Write("system.ini", "[A]\nk=system\nl=system\n").c_str());
     EXPECT_EQ(GetSystemPropCache(), GetSystemPropCache());

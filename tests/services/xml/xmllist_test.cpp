@@ -6,6 +6,7 @@
 #include "services/names/isfilename.h"
 #include "tests/services/xml/documents.h"
 #include "tests/support/memoryfilesystem.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 
@@ -155,7 +156,7 @@ TEST(XMLList, TakesNoBoundForNoNameOfAnElement) {
 }
 
 TEST(XMLList, ReadsAFileAndThenInterpretsIt) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "<List>\n<a x='1'>t</a>\n</List>");
     RecordingMessageBox box;
     RecordingLog log;
@@ -169,7 +170,7 @@ TEST(XMLList, ReadsAFileAndThenInterpretsIt) {
 }
 
 TEST(XMLList, HasReadAFileWhateverTheInterpretationMakesOfIt) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "<a/>");
     RecordingMessageBox box;
     HookedList list("", false);
@@ -180,7 +181,7 @@ TEST(XMLList, HasReadAFileWhateverTheInterpretationMakesOfIt) {
 }
 
 TEST(XMLList, IsSilentAboutAMissingFile) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     for (const char* name : {"missing.xml", "missing/missing.xml"}) {
         const std::string path = folder.Path(name);
         RecordingMessageBox box;
@@ -208,7 +209,7 @@ TEST(XMLList, TakesANullPathForAMissingFile) {
 }
 
 TEST(XMLList, TellsWhereAFileIsMalformed) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "<List>\n  <a>\n</List>\n");
     RecordingMessageBox box;
     RecordingLog log;
@@ -243,7 +244,7 @@ TEST(XMLList, TellsThatAFileCannotBeRead) {
 }
 
 TEST(XMLList, ForgetsTheErrorOfAnEarlierRead) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "<a/>");
     HookedList list;
     RecordingMessageBox box;
@@ -261,7 +262,7 @@ TEST(XMLList, ForgetsTheErrorOfAnEarlierRead) {
 }
 
 TEST(XMLList, TakesPathsAndDocumentsThatStandInItself) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "<a");
     RecordingMessageBox box;
     RecordingLog log;
@@ -283,7 +284,7 @@ TEST(XMLList, TakesPathsAndDocumentsThatStandInItself) {
 }
 
 TEST(XMLList, WritesWhatItsFillOperationPushes) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     HookedList list;
     PushElements(&list, "START old\nEND old\n");
     EXPECT_TRUE(list.WriteFile(folder.Path("new.xml").c_str()));
@@ -293,7 +294,7 @@ TEST(XMLList, WritesWhatItsFillOperationPushes) {
 }
 
 TEST(XMLList, ReadsBackTheFileThatItWrote) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string elements = "START a x=&<>\"'\nTEXT  t & u \nEND a\nSTART b\nTEXT \nEND b\n";
     const std::string path = folder.Path("a.xml");
     ASSERT_TRUE(HookedList(elements).WriteFile(path.c_str()));
@@ -303,7 +304,7 @@ TEST(XMLList, ReadsBackTheFileThatItWrote) {
 }
 
 TEST(XMLList, MakesAWholeFileOfBrokenPushes) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Path("a.xml");
     RecordingLog log;
     RecordingMessageBox box;
@@ -321,7 +322,7 @@ TEST(XMLList, MakesAWholeFileOfBrokenPushes) {
 }
 
 TEST(XMLList, ReplacesAFileWithoutKeepingIt) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "<List><old/></List>");
     ASSERT_TRUE(ReadQuietly(path));
     EXPECT_TRUE(WriteHooked(path));
@@ -330,7 +331,7 @@ TEST(XMLList, ReplacesAFileWithoutKeepingIt) {
 }
 
 TEST(XMLList, KeepsTheOldFileWhenATextCannotBeWritten) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "old");
     RecordingMessageBox box;
     HookedList list("START a Path=\x01\nEND a\n");
@@ -344,7 +345,7 @@ TEST(XMLList, KeepsTheOldFileWhenATextCannotBeWritten) {
 }
 
 TEST(XMLList, FailsToSaveIntoAFolderThatDoesNotExist) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Path("missing/a.xml");
     RecordingMessageBox box;
     EXPECT_FALSE(WriteHooked(path));
@@ -364,7 +365,7 @@ TEST(XMLList, FailsToSaveOverAFolder) {
 }
 
 TEST(XMLList, KeepsBesideAFileWhoseLastReadFailed) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "damaged");
     ASSERT_FALSE(ReadQuietly(path));
     EXPECT_TRUE(WriteHooked(path));
@@ -373,7 +374,7 @@ TEST(XMLList, KeepsBesideAFileWhoseLastReadFailed) {
 }
 
 TEST(XMLList, KnowsAnUnreadFileByItsCanonicalPath) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "damaged");
     ASSERT_FALSE(ReadQuietly(folder.Path("other/../a.xml")));
     EXPECT_TRUE(WriteHooked(path));
@@ -381,7 +382,7 @@ TEST(XMLList, KnowsAnUnreadFileByItsCanonicalPath) {
 }
 
 TEST(XMLList, DoesNotReplaceTheKeptFileByALaterSave) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "damaged");
     ASSERT_FALSE(ReadQuietly(path));
     ASSERT_TRUE(WriteHooked(path));
@@ -390,7 +391,7 @@ TEST(XMLList, DoesNotReplaceTheKeptFileByALaterSave) {
 }
 
 TEST(XMLList, KeepsNothingOnceTheFileWasReadAgain) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "damaged");
     ASSERT_FALSE(ReadQuietly(path));
     folder.Write("a.xml", "<mended/>");
@@ -400,17 +401,17 @@ TEST(XMLList, KeepsNothingOnceTheFileWasReadAgain) {
 }
 
 TEST(XMLList, KeepsNothingOfAFileThatIsGone) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "damaged");
     ASSERT_FALSE(ReadQuietly(path));
-    std::filesystem::remove(std::filesystem::path(std::u8string(path.begin(), path.end())));
+    folder.Remove("a.xml");
     EXPECT_TRUE(WriteHooked(path));
     EXPECT_EQ(folder.Read("a.xml"), kHookedDocument);
     EXPECT_EQ(folder.List(), "a.xml\n");
 }
 
 TEST(XMLList, KeepsNothingOfAFileThatWasMissingWhenRead) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Path("a.xml");
     ASSERT_FALSE(ReadQuietly(path));
     folder.Write("a.xml", "written by another program");
@@ -419,7 +420,7 @@ TEST(XMLList, KeepsNothingOfAFileThatWasMissingWhenRead) {
 }
 
 TEST(XMLList, DoesNotReplaceAnUnreadFileThatItCannotKeep) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "damaged");
     folder.Write("a.xml.bak/inner", "in the way");
     ASSERT_FALSE(ReadQuietly(path));
@@ -491,7 +492,7 @@ TEST(XMLList, KeepsItsFileNameAndDocumentType) {
     TXMLList list;
     EXPECT_EQ(list.GetFileName(), nullptr);
     EXPECT_EQ(list.GetDocumentType(), "");
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Path("a.xml");
     list.SetFileName(path.c_str());
     EXPECT_EQ(list.GetFileName(), ISFileName::NewISFileName(path.c_str()));
@@ -502,7 +503,7 @@ TEST(XMLList, KeepsItsFileNameAndDocumentType) {
 }
 
 TEST(XMLList, WritesNothingOfItsOwn) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     TXMLList list;
     list.SetDocumentType(kListType);
     ASSERT_TRUE(list.WriteFile(folder.Path("a.xml").c_str()));

@@ -4,8 +4,8 @@
 
 #include "services/xml/xmlstream.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
-#include "tests/support/temporaryfolder.h"
 
 namespace {
 
@@ -23,7 +23,7 @@ protected:
 
 /// What the file holds after its section was read and replaced, with what was found in it.
 std::string Replaced(const std::string& document, TXMLSectionFile::TPlacement placement) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", document);
     TSection file(placement);
     if (!file.ReadFile(path.c_str())) return "not read";
@@ -159,7 +159,7 @@ TEST(XMLSectionFile, ReplacesNothingAfterAReadThatFailed) {
         {"a document type without elements", "<!DOCTYPE Root SYSTEM \"root.dtd\">\n", nullptr},
     };
     for (const TRow& row : rows) {
-        const TemporaryFolder folder;
+        const MemoryFolder folder;
         const std::string path = folder.Write("a.xml", row.Document);
         TSection file(TXMLSectionFile::ANYWHERE);
         file.ReadFile(path.c_str());
@@ -172,7 +172,7 @@ TEST(XMLSectionFile, ReplacesNothingAfterAReadThatFailed) {
 TEST(XMLSectionFile, HoldsNothingAfterAReadThatFailed) {
     RecordingMessageBox box;
     RecordingLog log;
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string good = folder.Write("a.xml", "<Root><Section><b/></Section></Root>");
     folder.Write("malformed.xml", "<Root><a></Root>");
     for (const char* name : {"malformed.xml", "missing.xml"}) {
@@ -188,7 +188,7 @@ TEST(XMLSectionFile, HoldsNothingAfterAReadThatFailed) {
 }
 
 TEST(XMLSectionFile, HoldsNothingOfAnEmptiedList) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Write("a.xml", "<Root><Section/></Root>");
     TSection file(TXMLSectionFile::CHILD_OF_ROOT);
     ASSERT_TRUE(file.ReadFile(path.c_str()));
@@ -199,7 +199,7 @@ TEST(XMLSectionFile, HoldsNothingOfAnEmptiedList) {
 }
 
 TEST(XMLSectionFile, MakesAMissingFile) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     TSection file(TXMLSectionFile::CHILD_OF_ROOT);
     EXPECT_FALSE(file.ReadFile(folder.Path("new.xml").c_str()));
     EXPECT_TRUE(file.ReplaceSection(folder.Path("new.xml").c_str()));
@@ -207,7 +207,7 @@ TEST(XMLSectionFile, MakesAMissingFile) {
 }
 
 TEST(XMLSectionFile, MakesANewDocumentAndFindsItsSectionAgain) {
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     const std::string path = folder.Path("new.xml");
     TSection file(TXMLSectionFile::CHILD_OF_ROOT);
     EXPECT_TRUE(file.ReplaceSection(path.c_str()));
@@ -219,7 +219,7 @@ TEST(XMLSectionFile, MakesANewDocumentAndFindsItsSectionAgain) {
 
 TEST(XMLSectionFile, TellsWhenTheFileCannotBeWritten) {
     RecordingMessageBox box;
-    const TemporaryFolder folder;
+    const MemoryFolder folder;
     folder.Write("a.xml", "<Root/>\n");
     TSection file(TXMLSectionFile::CHILD_OF_ROOT);
     ASSERT_TRUE(file.ReadFile(folder.Path("a.xml").c_str()));
