@@ -54,19 +54,19 @@ std::string MarkOfMachine() {
 
 IFileSystem& GetNativeFileSystem() {
     // Never destroyed: files are written until the very end of the process.
-    static TPosixFileSystem& system = *new TPosixFileSystem;
+    static TNativeFileSystem& system = *new TNativeFileSystem;
     return system;
 }
 
-TFileResult TPosixFileSystem::FailWith(int error) {
+TFileResult FailWith(int error) {
     return {FaultOf(error), std::strerror(error)};
 }
 
-TFileResult TPosixFileSystem::ResultOf(int status) {
+TFileResult ResultOf(int status) {
     return status == 0 ? TFileResult() : FailWith(errno);
 }
 
-TFileStatus TPosixFileSystem::GetStatus(const std::string& path) {
+TFileStatus TNativeFileSystem::GetStatus(const std::string& path) {
     struct stat status = {};
     TFileStatus result;
     if (stat(Native(path), &status) == 0)
@@ -75,15 +75,15 @@ TFileStatus TPosixFileSystem::GetStatus(const std::string& path) {
     return result;
 }
 
-bool TPosixFileSystem::CanRead(const std::string& path) {
+bool TNativeFileSystem::CanRead(const std::string& path) {
     return access(Native(path), R_OK) == 0;
 }
 
-bool TPosixFileSystem::CanWrite(const std::string& path) {
+bool TNativeFileSystem::CanWrite(const std::string& path) {
     return access(Native(path), W_OK) == 0;
 }
 
-std::string TPosixFileSystem::ExpandLinks(const std::string& path) {
+std::string TNativeFileSystem::ExpandLinks(const std::string& path) {
     char* const real = realpath(Native(path), nullptr);
     if (!real) return {};
     std::string text = real;
@@ -92,7 +92,7 @@ std::string TPosixFileSystem::ExpandLinks(const std::string& path) {
     return text;
 }
 
-TFileResult TPosixFileSystem::ReadLink(const std::string& path, std::string* target) {
+TFileResult TNativeFileSystem::ReadLink(const std::string& path, std::string* target) {
     char text[PATH_MAX];
     const ssize_t length = readlink(Native(path), text, sizeof text);
     if (length < 0) return FailWith(errno);
@@ -103,8 +103,8 @@ TFileResult TPosixFileSystem::ReadLink(const std::string& path, std::string* tar
     return {};
 }
 
-TFileResult TPosixFileSystem::ListFolder(const std::string& folder,
-                                         std::vector<std::string>* names) {
+TFileResult TNativeFileSystem::ListFolder(const std::string& folder,
+                                          std::vector<std::string>* names) {
     names->clear();
     const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(Native(folder)), closedir);
     if (!entries) return FailWith(errno);
@@ -113,19 +113,19 @@ TFileResult TPosixFileSystem::ListFolder(const std::string& folder,
     return ResultOf(errno);
 }
 
-TFileResult TPosixFileSystem::Remove(const std::string& path) {
+TFileResult TNativeFileSystem::Remove(const std::string& path) {
     return ResultOf(std::remove(Native(path)));
 }
 
-TFileResult TPosixFileSystem::MakeFolder(const std::string& path) {
+TFileResult TNativeFileSystem::MakeFolder(const std::string& path) {
     return ResultOf(mkdir(Native(path), 0777));
 }
 
-TFileResult TPosixFileSystem::ChangeWorkingDirectory(const std::string& path) {
+TFileResult TNativeFileSystem::ChangeWorkingDirectory(const std::string& path) {
     return ResultOf(chdir(Native(path)));
 }
 
-std::string TPosixFileSystem::GetWorkingDirectory(std::string_view) {
+std::string TNativeFileSystem::GetWorkingDirectory(std::string_view) {
     char buffer[PATH_MAX];
     if (const char* directory = getcwd(buffer, sizeof buffer)) return directory;
     std::vector<char> longer(sizeof buffer);
@@ -136,17 +136,17 @@ std::string TPosixFileSystem::GetWorkingDirectory(std::string_view) {
     return "/";
 }
 
-std::int64_t TPosixFileSystem::GetTime() {
+std::int64_t TNativeFileSystem::GetTime() {
     using namespace std::chrono;
     return duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();
 }
 
-std::string TPosixFileSystem::GetProcessMark() {
+std::string TNativeFileSystem::GetProcessMark() {
     static const std::string machine = MarkOfMachine();
     return machine + "." + std::to_string(getpid());
 }
 
-bool TPosixFileSystem::IsProcessGone(const std::string& mark) {
+bool TNativeFileSystem::IsProcessGone(const std::string& mark) {
     const std::string own = GetProcessMark();
     const std::size_t dot = own.find('.');
     if (mark.compare(0, dot + 1, own, 0, dot + 1) != 0) return false;

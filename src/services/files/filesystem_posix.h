@@ -1,41 +1,12 @@
 #pragma once
-#include "services/files/filesystem.h"
+#include "services/files/nativefilesystem.h"
 
-/// The files of a POSIX system.
-class TPosixFileSystem : public IFileSystem {
-public:
-    TFileStatus GetStatus(const std::string& path) override;
-    bool CanRead(const std::string& path) override;
-    bool CanWrite(const std::string& path) override;
-    std::string ExpandLinks(const std::string& path) override;
-    TFileResult ReadLink(const std::string& path, std::string* target) override;
-    TFileResult ListFolder(const std::string& folder, std::vector<std::string>* names) override;
-    TFileResult Read(const std::string& path, std::string* bytes) override;
+// What the sources of TNativeFileSystem for POSIX systems share.
 
-    TFileResult CheckReplaceable(const std::string& path) override;
-    TFileResult Create(const std::string& path, bool isPrivate, TFileNumber* file) override;
-    TFileResult Write(TFileNumber file, std::string_view bytes, std::size_t* count) override;
-    TFileResult TakeOver(TFileNumber file, const std::string& from) override;
-    TFileResult Flush(TFileNumber file) override;
-    TFileResult Close(TFileNumber file) override;
-    TFileResult Link(const std::string& path, const std::string& secondName) override;
-    TFileResult Rename(const std::string& from, const std::string& to) override;
-    TFileResult FlushFolder(const std::string& folder) override;
-
-    TFileResult Remove(const std::string& path) override;
-    TFileResult MakeFolder(const std::string& path) override;
-    TFileResult ChangeWorkingDirectory(const std::string& path) override;
-    std::string GetWorkingDirectory(std::string_view drive) override;
-
-    std::int64_t GetTime() override;
-    std::string GetProcessMark() override;
-    bool IsProcessGone(const std::string& mark) override;
-
-    /// Canonical paths that begin otherwise belong to another system; "" names no file.
-    static const char* Native(const std::string& path) {
-        return !path.empty() && path[0] == '/' ? path.c_str() : "";
-    }
-    static TFileResult FailWith(int error);
-    /// Of a system call that returns 0 when done.
-    static TFileResult ResultOf(int status);
-};
+/// Canonical paths that begin otherwise belong to another system; "" names no file.
+inline const char* Native(const std::string& path) {
+    return !path.empty() && path[0] == '/' ? path.c_str() : "";
+}
+TFileResult FailWith(int error);
+/// Of a system call that returns 0 when done.
+TFileResult ResultOf(int status);

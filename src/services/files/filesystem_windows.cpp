@@ -85,19 +85,19 @@ std::string MarkOfMachine() {
 
 IFileSystem& GetNativeFileSystem() {
     // Never destroyed: files are written until the very end of the process.
-    static TWindowsFileSystem& system = *new TWindowsFileSystem;
+    static TNativeFileSystem& system = *new TNativeFileSystem;
     return system;
 }
 
-TFileResult TWindowsFileSystem::FailWith(unsigned long error) {
+TFileResult FailWith(unsigned long error) {
     return {FaultOf(error), ErrorText(error)};
 }
 
-TFileResult TWindowsFileSystem::ResultOf(bool isDone) {
+TFileResult ResultOf(bool isDone) {
     return isDone ? TFileResult() : FailWith(GetLastError());
 }
 
-TFileStatus TWindowsFileSystem::GetStatus(const std::string& path) {
+TFileStatus TNativeFileSystem::GetStatus(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data = {};
     if (path.empty()) return {};
     if (!GetFileAttributesExW(NativePath(path).c_str(), GetFileExInfoStandard, &data))
@@ -107,15 +107,15 @@ TFileStatus TWindowsFileSystem::GetStatus(const std::string& path) {
             NanosecondsOf(data.ftLastWriteTime), SizeOf(data.nFileSizeHigh, data.nFileSizeLow)};
 }
 
-bool TWindowsFileSystem::CanRead(const std::string& path) {
+bool TNativeFileSystem::CanRead(const std::string& path) {
     return !path.empty() && THandle(path, GENERIC_READ).IsOpen();
 }
 
-bool TWindowsFileSystem::CanWrite(const std::string& path) {
+bool TNativeFileSystem::CanWrite(const std::string& path) {
     return !path.empty() && THandle(path, GENERIC_WRITE).IsOpen();
 }
 
-std::string TWindowsFileSystem::ExpandLinks(const std::string& path) {
+std::string TNativeFileSystem::ExpandLinks(const std::string& path) {
     const THandle file(path, FILE_READ_ATTRIBUTES);
     if (!file.IsOpen()) return {};
     return Narrow(TextFrom([&file](wchar_t* buffer, DWORD size) {
@@ -123,7 +123,7 @@ std::string TWindowsFileSystem::ExpandLinks(const std::string& path) {
     }));
 }
 
-TFileResult TWindowsFileSystem::ReadLink(const std::string& path, std::string* target) {
+TFileResult TNativeFileSystem::ReadLink(const std::string& path, std::string* target) {
     const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return FailWith(GetLastError());
     if (!(attributes & FILE_ATTRIBUTE_REPARSE_POINT)) return {TFileFault::NotALink, "not a link"};
@@ -135,8 +135,8 @@ TFileResult TWindowsFileSystem::ReadLink(const std::string& path, std::string* t
     return {};
 }
 
-TFileResult TWindowsFileSystem::ListFolder(const std::string& folder,
-                                           std::vector<std::string>* names) {
+TFileResult TNativeFileSystem::ListFolder(const std::string& folder,
+                                          std::vector<std::string>* names) {
     names->clear();
     WIN32_FIND_DATAW entry = {};
     const HANDLE search = FindFirstFileW(NativePath(folder + "*").c_str(), &entry);
@@ -148,22 +148,22 @@ TFileResult TWindowsFileSystem::ListFolder(const std::string& folder,
     return error == ERROR_NO_MORE_FILES ? TFileResult() : FailWith(error);
 }
 
-TFileResult TWindowsFileSystem::Remove(const std::string& path) {
+TFileResult TNativeFileSystem::Remove(const std::string& path) {
     const std::wstring native = NativePath(path);
     return ResultOf(DeleteFileW(native.c_str()) || RemoveDirectoryW(native.c_str()));
 }
 
-TFileResult TWindowsFileSystem::MakeFolder(const std::string& path) {
+TFileResult TNativeFileSystem::MakeFolder(const std::string& path) {
     return ResultOf(CreateDirectoryW(NativePath(path).c_str(), nullptr) != 0);
 }
 
-TFileResult TWindowsFileSystem::ChangeWorkingDirectory(const std::string& path) {
+TFileResult TNativeFileSystem::ChangeWorkingDirectory(const std::string& path) {
     if (path.empty()) return FailWith(ERROR_FILE_NOT_FOUND);
     // The working directory itself is limited in length and takes no prefix.
     return ResultOf(SetCurrentDirectoryW(Widen(path).c_str()) != 0);
 }
 
-std::string TWindowsFileSystem::GetWorkingDirectory(std::string_view drive) {
+std::string TNativeFileSystem::GetWorkingDirectory(std::string_view drive) {
     std::wstring directory;
     if (drive.empty()) {
         directory = TextFrom(
@@ -177,18 +177,18 @@ std::string TWindowsFileSystem::GetWorkingDirectory(std::string_view drive) {
     return directory.empty() ? "\\" : Narrow(directory);
 }
 
-std::int64_t TWindowsFileSystem::GetTime() {
+std::int64_t TNativeFileSystem::GetTime() {
     FILETIME now = {};
     GetSystemTimeAsFileTime(&now);
     return NanosecondsOf(now);
 }
 
-std::string TWindowsFileSystem::GetProcessMark() {
+std::string TNativeFileSystem::GetProcessMark() {
     static const std::string machine = MarkOfMachine();
     return machine + "." + std::to_string(GetCurrentProcessId());
 }
 
-bool TWindowsFileSystem::IsProcessGone(const std::string& mark) {
+bool TNativeFileSystem::IsProcessGone(const std::string& mark) {
     const std::string own = GetProcessMark();
     const std::size_t dot = own.find('.');
     if (mark.compare(0, dot + 1, own, 0, dot + 1) != 0) return false;

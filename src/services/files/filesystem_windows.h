@@ -1,38 +1,9 @@
 #pragma once
-#include "services/files/filesystem.h"
+#include "services/files/nativefilesystem.h"
 
-/// The files of Windows.
-class TWindowsFileSystem : public IFileSystem {
-public:
-    TFileStatus GetStatus(const std::string& path) override;
-    bool CanRead(const std::string& path) override;
-    bool CanWrite(const std::string& path) override;
-    std::string ExpandLinks(const std::string& path) override;
-    TFileResult ReadLink(const std::string& path, std::string* target) override;
-    TFileResult ListFolder(const std::string& folder, std::vector<std::string>* names) override;
-    TFileResult Read(const std::string& path, std::string* bytes) override;
+// What the sources of TNativeFileSystem for Windows share.
 
-    TFileResult CheckReplaceable(const std::string& path) override;
-    TFileResult Create(const std::string& path, bool isPrivate, TFileNumber* file) override;
-    TFileResult Write(TFileNumber file, std::string_view bytes, std::size_t* count) override;
-    TFileResult TakeOver(TFileNumber file, const std::string& from) override;
-    TFileResult Flush(TFileNumber file) override;
-    TFileResult Close(TFileNumber file) override;
-    TFileResult Link(const std::string& path, const std::string& secondName) override;
-    TFileResult Rename(const std::string& from, const std::string& to) override;
-    TFileResult FlushFolder(const std::string& folder) override;
-
-    TFileResult Remove(const std::string& path) override;
-    TFileResult MakeFolder(const std::string& path) override;
-    TFileResult ChangeWorkingDirectory(const std::string& path) override;
-    std::string GetWorkingDirectory(std::string_view drive) override;
-
-    std::int64_t GetTime() override;
-    std::string GetProcessMark() override;
-    bool IsProcessGone(const std::string& mark) override;
-
-    /// `error` as GetLastError gives it.
-    static TFileResult FailWith(unsigned long error);
-    /// Of a system call that returns false, and sets the last error, when it failed.
-    static TFileResult ResultOf(bool isDone);
-};
+/// `error` as GetLastError gives it.
+TFileResult FailWith(unsigned long error);
+/// Of a system call that returns false, and sets the last error, when it failed.
+TFileResult ResultOf(bool isDone);

@@ -101,7 +101,7 @@ bool TakeOverAttributes(int, const char*) {
 
 }  // namespace
 
-TFileResult TPosixFileSystem::Read(const std::string& path, std::string* bytes) {
+TFileResult TNativeFileSystem::Read(const std::string& path, std::string* bytes) {
     // A pipe without a writer must not keep us waiting.
     const TDescriptor descriptor(open(Native(path), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status = {};
@@ -117,7 +117,7 @@ TFileResult TPosixFileSystem::Read(const std::string& path, std::string* bytes) 
     return ResultOf(isRead ? 0 : -1);
 }
 
-TFileResult TPosixFileSystem::CheckReplaceable(const std::string& path) {
+TFileResult TNativeFileSystem::CheckReplaceable(const std::string& path) {
     struct stat status = {};
     if (stat(Native(path), &status) != 0) return FailWith(errno);
     if (S_ISDIR(status.st_mode)) return FailWith(EISDIR);
@@ -127,14 +127,14 @@ TFileResult TPosixFileSystem::CheckReplaceable(const std::string& path) {
     return ResultOf(access(Native(path), W_OK));
 }
 
-TFileResult TPosixFileSystem::Create(const std::string& path, bool isPrivate, TFileNumber* file) {
+TFileResult TNativeFileSystem::Create(const std::string& path, bool isPrivate, TFileNumber* file) {
     const int descriptor = open(Native(path), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
                                 static_cast<mode_t>(isPrivate ? 0600 : 0666));
     *file = descriptor;
     return ResultOf(descriptor < 0 ? -1 : 0);
 }
 
-TFileResult TPosixFileSystem::Write(TFileNumber file, std::string_view bytes, std::size_t* count) {
+TFileResult TNativeFileSystem::Write(TFileNumber file, std::string_view bytes, std::size_t* count) {
     ssize_t written = -1;
     do written = write(static_cast<int>(file), bytes.data(), bytes.size());
     while (written < 0 && errno == EINTR);
@@ -143,7 +143,7 @@ TFileResult TPosixFileSystem::Write(TFileNumber file, std::string_view bytes, st
 }
 
 /// Owner and attributes come first: changing them changes some permissions.
-TFileResult TPosixFileSystem::TakeOver(TFileNumber file, const std::string& from) {
+TFileResult TNativeFileSystem::TakeOver(TFileNumber file, const std::string& from) {
     const int descriptor = static_cast<int>(file);
     struct stat former = {};
     struct stat present = {};
@@ -159,24 +159,24 @@ TFileResult TPosixFileSystem::TakeOver(TFileNumber file, const std::string& from
     return ResultOf(fchmod(descriptor, permissions));
 }
 
-TFileResult TPosixFileSystem::Flush(TFileNumber file) {
+TFileResult TNativeFileSystem::Flush(TFileNumber file) {
     return ResultOf(FlushToDisk(static_cast<int>(file)));
 }
 
 /// Also a late write error of a network drive arrives here.
-TFileResult TPosixFileSystem::Close(TFileNumber file) {
+TFileResult TNativeFileSystem::Close(TFileNumber file) {
     return ResultOf(close(static_cast<int>(file)));
 }
 
-TFileResult TPosixFileSystem::Link(const std::string& path, const std::string& secondName) {
+TFileResult TNativeFileSystem::Link(const std::string& path, const std::string& secondName) {
     return ResultOf(link(Native(path), Native(secondName)));
 }
 
-TFileResult TPosixFileSystem::Rename(const std::string& from, const std::string& to) {
+TFileResult TNativeFileSystem::Rename(const std::string& from, const std::string& to) {
     return ResultOf(rename(Native(from), Native(to)));
 }
 
-TFileResult TPosixFileSystem::FlushFolder(const std::string& folder) {
+TFileResult TNativeFileSystem::FlushFolder(const std::string& folder) {
     const TDescriptor descriptor(open(Native(folder), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (descriptor.IsOpen()) return ResultOf(FlushToDisk(descriptor.Get()));
     // A folder that takes files without letting the user list them cannot be flushed by him.

@@ -45,7 +45,7 @@ bool PutInPlace(const std::wstring& from, const std::wstring& to) {
 
 }  // namespace
 
-TFileResult TWindowsFileSystem::Read(const std::string& path, std::string* bytes) {
+TFileResult TNativeFileSystem::Read(const std::string& path, std::string* bytes) {
     const TFileStatus status = GetStatus(path);
     if (path.empty()) return FailWith(ERROR_FILE_NOT_FOUND);
     if (status.IsDirectory) return FailWith(ERROR_ACCESS_DENIED);
@@ -60,21 +60,20 @@ TFileResult TWindowsFileSystem::Read(const std::string& path, std::string* bytes
     return result;
 }
 
-TFileResult TWindowsFileSystem::CheckReplaceable(const std::string& path) {
+TFileResult TNativeFileSystem::CheckReplaceable(const std::string& path) {
     const DWORD attributes = GetFileAttributesW(NativePath(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return FailWith(GetLastError());
     const bool isProtected = attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY);
     return isProtected ? FailWith(ERROR_ACCESS_DENIED) : TFileResult();
 }
 
-TFileResult TWindowsFileSystem::Create(const std::string& path, bool, TFileNumber* file) {
+TFileResult TNativeFileSystem::Create(const std::string& path, bool, TFileNumber* file) {
     const HANDLE handle = Open(path, GENERIC_WRITE, CREATE_NEW);
     *file = reinterpret_cast<TFileNumber>(handle);
     return ResultOf(handle != INVALID_HANDLE_VALUE);
 }
 
-TFileResult TWindowsFileSystem::Write(TFileNumber file, std::string_view bytes,
-                                      std::size_t* count) {
+TFileResult TNativeFileSystem::Write(TFileNumber file, std::string_view bytes, std::size_t* count) {
     const auto length = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
     DWORD written = 0;
     const bool isWritten = WriteFile(HandleOf(file), bytes.data(), length, &written, nullptr);
@@ -84,25 +83,25 @@ TFileResult TWindowsFileSystem::Write(TFileNumber file, std::string_view bytes,
 
 /// A new file inherits the access rights of its folder, and replacing an old one keeps the old
 /// one's.
-TFileResult TWindowsFileSystem::TakeOver(TFileNumber, const std::string&) {
+TFileResult TNativeFileSystem::TakeOver(TFileNumber, const std::string&) {
     return {};
 }
 
-TFileResult TWindowsFileSystem::Flush(TFileNumber file) {
+TFileResult TNativeFileSystem::Flush(TFileNumber file) {
     return ResultOf(FlushFileBuffers(HandleOf(file)) != 0);
 }
 
-TFileResult TWindowsFileSystem::Close(TFileNumber file) {
+TFileResult TNativeFileSystem::Close(TFileNumber file) {
     return ResultOf(CloseHandle(HandleOf(file)) != 0);
 }
 
 /// Not needed: a folder's names are flushed with the renaming.
-TFileResult TWindowsFileSystem::Link(const std::string&, const std::string&) {
+TFileResult TNativeFileSystem::Link(const std::string&, const std::string&) {
     return FailWith(ERROR_NOT_SUPPORTED);
 }
 
 /// Virus scanners, and other processes that save the same file, hold it for moments.
-TFileResult TWindowsFileSystem::Rename(const std::string& from, const std::string& to) {
+TFileResult TNativeFileSystem::Rename(const std::string& from, const std::string& to) {
     constexpr int kMostTries = 20;
     constexpr DWORD kPauseInMilliseconds = 10;
     const std::wstring nativeFrom = NativePath(from);
@@ -117,6 +116,6 @@ TFileResult TWindowsFileSystem::Rename(const std::string& from, const std::strin
     }
 }
 
-TFileResult TWindowsFileSystem::FlushFolder(const std::string&) {
+TFileResult TNativeFileSystem::FlushFolder(const std::string&) {
     return {};
 }

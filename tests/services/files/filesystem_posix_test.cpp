@@ -1,4 +1,4 @@
-#include "services/files/filesystem_posix.h"
+#include "services/files/nativefilesystem.h"
 #include "tests/services/names/hostform.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
@@ -11,7 +11,7 @@
 namespace {
 
 TEST(PosixFileSystem, TellsAProcessThatIsGone) {
-    TPosixFileSystem system;
+    TNativeFileSystem system;
     const pid_t living = fork();
     if (living == 0) {
         pause();
@@ -40,7 +40,7 @@ TEST(PosixFileSystem, TellsAProcessThatIsGone) {
 }
 
 TEST(PosixFileSystem, TellsWhatALinkLeadsTo) {
-    TPosixFileSystem system;
+    TNativeFileSystem system;
     const TemporaryFolder folder;
     folder.Write("file", "x");
     ASSERT_EQ(symlink("../else", folder.Path("relative").c_str()), 0);
@@ -57,7 +57,7 @@ TEST(PosixFileSystem, TellsWhatALinkLeadsTo) {
 }
 
 TEST(PosixFileSystem, ListsTheNamesInAFolder) {
-    TPosixFileSystem system;
+    TNativeFileSystem system;
     const TemporaryFolder folder;
     folder.Write("b", "");
     folder.Write("a/inner", "");
@@ -70,7 +70,7 @@ TEST(PosixFileSystem, ListsTheNamesInAFolder) {
 }
 
 TEST(PosixFileSystem, TellsAMissingFileFromOneThatItCannotSee) {
-    TPosixFileSystem system;
+    TNativeFileSystem system;
     const TemporaryFolder folder;
     folder.Write("file", "four");
     const TFileStatus there = system.GetStatus(folder.Path("file"));
@@ -88,7 +88,7 @@ TEST(PosixFileSystem, TellsAMissingFileFromOneThatItCannotSee) {
 
 TEST(PosixFileSystem, TellsAFileThatCannotBeReadToItsEnd) {
     if (access("/proc/self/mem", R_OK) != 0) GTEST_SKIP() << "no file here has unreadable bytes";
-    TPosixFileSystem system;
+    TNativeFileSystem system;
     std::string bytes;
     const TFileResult result = system.Read("/proc/self/mem", &bytes);
     EXPECT_EQ(result.Fault, TFileFault::Other);
@@ -96,7 +96,7 @@ TEST(PosixFileSystem, TellsAFileThatCannotBeReadToItsEnd) {
 }
 
 TEST(PosixFileSystem, TakesTheRootWhenTheWorkingDirectoryIsGone) {
-    TPosixFileSystem system;
+    TNativeFileSystem system;
     const std::string former = system.GetWorkingDirectory({});
     std::string inside, gone;
     {
@@ -111,7 +111,7 @@ TEST(PosixFileSystem, TakesTheRootWhenTheWorkingDirectoryIsGone) {
 }
 
 TEST(PosixFileSystem, TellsWhatMayBeReadAndWritten) {
-    TPosixFileSystem system;
+    TNativeFileSystem system;
     const TemporaryFolder folder;
     folder.Write("file", "");
     EXPECT_TRUE(system.CanRead(folder.Path("file")) && system.CanWrite(folder.Path("file")));

@@ -1,5 +1,5 @@
 #include "services/files/filereplace.h"
-#include "services/files/filesystem_posix.h"
+#include "services/files/nativefilesystem.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
 #include <csignal>
@@ -146,7 +146,7 @@ TEST(FileReplace, RemovesItsTemporaryFileWhenTheDiskIsFull) {
 }
 
 /// The process is killed in the middle of a save.
-class TDyingSystem : public TPosixFileSystem {
+class TDyingSystem : public TNativeFileSystem {
 public:
     TFileResult Rename(const std::string&, const std::string&) override {
         raise(SIGKILL);
