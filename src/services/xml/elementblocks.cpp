@@ -4,6 +4,8 @@
 #include <memory>
 
 #include "services/base/dlist.h"
+#include "services/xml/xmlname.h"
+#include "services/xml/xmltext.h"
 
 namespace {
 
@@ -15,6 +17,11 @@ constexpr std::size_t kElementSize = TDListNodePool::kNodeSize + sizeof(TElement
 
 constexpr std::size_t Align(std::size_t size) {
     return (size + TCountedBlock::kUnit - 1) / TCountedBlock::kUnit * TCountedBlock::kUnit;
+}
+
+// Blank text and the empty one are not printed as they are.
+bool IsPlainContent(std::string_view text) {
+    return !text.empty() && text[0] != ' ' && IsPlainXMLText(text);
 }
 
 std::size_t SizeOf(std::span<const TAttributeView> attributes) {
@@ -29,14 +36,21 @@ std::size_t SizeOf(std::span<const TAttributeView> attributes) {
 }  // namespace
 
 TElement* TElementBlocks::Make(TElement::ElemTypes type, std::string_view name,
-                               std::string_view text, std::span<const TAttributeView> attributes) {
+                               std::string_view text, std::span<const TAttributeView> attributes,
+                               bool toPrint) {
     Reserve(TCountedBlock::kUnit + kElementSize + TFixedText::SizeOf(name.size()) +
             TFixedText::SizeOf(text.size()) + SizeOf(attributes));
     // The texts come behind their element: the distance of an element is limited.
     TElement* const element = Place(type);
-    element->Name = Intern(name);
+    const TName& known = Intern(name);
+    element->Name = known.Text;
     element->Text = Store(text);
-    if (!attributes.empty()) element->Attributes = StoreAttributes(attributes);
+    bool isPlain = type == TElement::TEXT ? toPrint && IsPlainContent(text) : known.IsAscii;
+    if (!attributes.empty()) {
+        element->Attributes = StoreAttributes(attributes);
+        isPlain = isPlain && toPrint && ArePlain(attributes);
+    }
+    if (isPlain) element->Flags = TElement::PRINTS_AS_IS;
     return element;
 }
 
@@ -44,15 +58,27 @@ TElement* TElementBlocks::MakeEnd(const TElement& start) {
     Reserve(TCountedBlock::kUnit + kElementSize + TFixedText::SizeOf(start.Name.Length()));
     TElement* const element = Place(TElement::END);
     const bool isNear = IsInPresentBlock(start.Name.c_str());
-    element->Name = isNear ? start.Name : Intern(start.Name.View());
+    element->Name = isNear ? start.Name : Intern(start.Name.View()).Text;
     return element;
+}
+
+// Of names that were all interned just now.
+bool TElementBlocks::ArePlain(std::span<const TAttributeView> attributes) {
+    return std::all_of(attributes.begin(), attributes.end(), [this](const TAttributeView& one) {
+        return Intern(one.first).IsAscii && IsPlainXMLText(one.second);
+    });
+}
+
+std::span<const TElementAttributes::TEntry> TElementBlocks::GetEntries(const TElement& element) {
+    if (!element.Attributes) return {};
+    return element.Attributes->GetEntries();
 }
 
 void TElementBlocks::Delete(TElement* element, TReturnedParts* returned) {
     if (!element || element->Distance == 0) return delete element;
     const TCountedBlock::TDistance distance = element->Distance;
     // Of most elements there is nothing but what lies in the block.
-    if (element->Attributes || element->Flags != 0) element->~TElement();
+    if (element->Attributes || (element->Flags & TElement::OWNS_TEXTS) != 0) element->~TElement();
     returned->Add(new (element) TCountedBlock::TDistance(distance));
 }
 
@@ -86,12 +112,13 @@ TElement* TElementBlocks::Place(TElement::ElemTypes type) {
     return new (place) TElement(type, Block->GetDistance(place));
 }
 
-TFixedText TElementBlocks::Intern(std::string_view name) {
-    if (name.empty()) return {};
+const TElementBlocks::TName& TElementBlocks::Intern(std::string_view name) {
+    static constexpr TName kNone = {};
+    if (name.empty()) return kNone;
     const auto first = static_cast<unsigned char>(name.front());
     const auto last = static_cast<unsigned char>(name.back());
-    TFixedText& known = Names[(name.size() + first + 8 * std::size_t{last}) % Names.size()];
-    if (known != name) known = Store(name);
+    TName& known = Names[(name.size() + first + 8 * std::size_t{last}) % Names.size()];
+    if (known.Text != name) known = {Store(name), IsAsciiXMLName(name)};
     return known;
 }
 
@@ -110,7 +137,7 @@ TElementAttributes* TElementBlocks::StoreAttributes(std::span<const TAttributeVi
     auto* entry = reinterpret_cast<TElementAttributes::TEntry*>(Next);
     Next += attributes.size() * sizeof(TElementAttributes::TEntry);
     for (const auto& [name, value] : attributes)
-        new (entry++) TElementAttributes::TEntry{Intern(name), Store(value)};
+        new (entry++) TElementAttributes::TEntry{Intern(name).Text, Store(value)};
     stored->Count = static_cast<std::uint32_t>(attributes.size());
     stored->IsInBlock = true;
     return stored;

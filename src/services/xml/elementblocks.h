@@ -24,9 +24,6 @@ struct TElementAttributes {
     }
 };
 
-/// An attribute to be copied.
-using TAttributeView = std::pair<std::string_view, std::string_view>;
-
 /// Makes elements in blocks, each block with the names and texts of its elements, and each element
 /// with room for its list's node in front.
 class TElementBlocks {
@@ -36,26 +33,39 @@ public:
     TElementBlocks& operator=(const TElementBlocks&) = delete;
     ~TElementBlocks() { Close(); }
 
-    /// Copies everything. To be linked by AddAtTailWithNode.
+    /// Copies everything; the names of attributes differ. To be linked by AddAtTailWithNode.
     TElement* Make(TElement::ElemTypes type, std::string_view name, std::string_view text,
-                   std::span<const TAttributeView> attributes = {});
+                   std::span<const TAttributeView> attributes = {}, bool toPrint = false);
     /// The END of `start`, which is one of these elements.
     TElement* MakeEnd(const TElement& start);
+    /// Whether the printer need not look at names and values. Of an element with values that is
+    /// known only when it was made to be printed.
+    static bool PrintsAsIs(const TElement& element) {
+        return (element.Flags & TElement::PRINTS_AS_IS) != 0;
+    }
+    /// The attributes of an element that was made here and not changed.
+    static std::span<const TElementAttributes::TEntry> GetEntries(const TElement& element);
     /// Deletes an element of whatever origin.
     static void Delete(TElement* element, TReturnedParts* returned);
     /// Lets go of the present block, which then ends with its elements.
     void Close();
 
 private:
+    struct TName {
+        TFixedText Text;
+        bool IsAscii = false;  // IsAsciiXMLName
+    };
+
     void Reserve(std::size_t size);
     TElement* Place(TElement::ElemTypes type);
-    TFixedText Intern(std::string_view name);
+    const TName& Intern(std::string_view name);
     TFixedText Store(std::string_view text);
     TElementAttributes* StoreAttributes(std::span<const TAttributeView> attributes);
+    bool ArePlain(std::span<const TAttributeView> attributes);
     bool IsInPresentBlock(const void* place) const;
 
     // Formats have few names, so that most are found where the last of the same look was.
-    std::array<TFixedText, 32> Names;
+    std::array<TName, 32> Names;
     TCountedBlock* Block = nullptr;
     std::byte* Next = nullptr;
     std::byte* End = nullptr;

@@ -25,6 +25,9 @@ private:
     std::string Plain;
 };
 
+/// An attribute, as views of texts that are somebody else's.
+using TAttributeView = std::pair<std::string_view, std::string_view>;
+
 /// The attributes of one START element, in the order pushed. A name pushed again keeps its first
 /// place and takes the last value.
 class HDLBUILDFILE_API TAttributeList {

@@ -139,18 +139,27 @@ void TXMLList::TakeOver(TElementSequence* elements) {
 
 void TXMLList::Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
                    const char* text, const char*, bool) {
-    Psh(name, attributes, type, MakeXMLString(text));
+    PushChecked(name, attributes, type, text ? text : "");
 }
 
 void TXMLList::Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
                    const TXMLString& text, const char*, bool) {
-    if (!Blocks) Blocks = new TElementBlocks;
+    PushChecked(name, attributes, type, text.GetPlain());
+}
+
+void TXMLList::PushChecked(const char* name, const TAttributeList* attributes,
+                           TElement::ElemTypes type, std::string_view text) {
+    if (type == TElement::TEXT) return Push(type, {}, text);
     std::vector<TAttributeView> views;
     if (attributes && type == TElement::START)
         views.assign(attributes->GetAttributes().begin(), attributes->GetAttributes().end());
-    const bool isText = type == TElement::TEXT;
-    AddAtTailWithNode(Blocks->Make(type, name && !isText ? name : "",
-                                   isText ? std::string_view(text.GetPlain()) : "", views));
+    Push(type, name ? name : "", {}, views);
+}
+
+void TXMLList::Push(TElement::ElemTypes type, std::string_view name, std::string_view text,
+                    std::span<const TAttributeView> attributes) {
+    if (!Blocks) Blocks = new TElementBlocks;
+    AddAtTailWithNode(Blocks->Make(type, name, text, attributes, true));
 }
 
 bool TXMLList::FindNext(DListIterator<TElement*>& position, const char* name,

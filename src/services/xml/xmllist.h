@@ -2,7 +2,9 @@
 #include "services/base/dlist.h"
 #include "services/xml/xmlelement.h"
 #include <iosfwd>
+#include <span>
 #include <string>
+#include <string_view>
 
 class ISFileName;
 class TElementBlocks;
@@ -38,6 +40,11 @@ public:
              const char* text, const char* = nullptr, bool = false);
     void Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
              const TXMLString& text, const char* = nullptr, bool = false);
+
+    /// Appends one element; everything is copied. A TEXT has no name, START and END have no text,
+    /// and only a START has attributes, whose names differ.
+    void Push(TElement::ElemTypes type, std::string_view name, std::string_view text,
+              std::span<const TAttributeView> attributes = {});
 
     /// Null gives the empty text.
     static TXMLString MakeXMLString(const char* text);
@@ -114,6 +121,8 @@ protected:
     virtual void HandleMissingOrInvalidFile(const char* path);
 
 private:
+    void PushChecked(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
+                     std::string_view text);
     void DeleteUpTo(const DListIterator<TElement*>& position, bool deleteItems);
     bool ReadDocument(const char* path);
     void TakeOver(TElementSequence* elements);

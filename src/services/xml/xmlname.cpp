@@ -47,9 +47,12 @@ std::string ToXMLName(std::string_view name) {
     return result.empty() ? "_" : result;
 }
 
+bool IsAsciiXMLName(std::string_view name) {
+    return !name.empty() && IsAsciiNameStart(name[0]) &&
+           std::all_of(name.begin(), name.end(), IsAsciiNameCharacter);
+}
+
 bool IsXMLName(std::string_view name) {
     // Most names are ASCII, and every element asks.
-    const bool isAsciiName = !name.empty() && IsAsciiNameStart(name[0]) &&
-                             std::all_of(name.begin(), name.end(), IsAsciiNameCharacter);
-    return isAsciiName || ToXMLName(name) == ToUtf8(name);
+    return IsAsciiXMLName(name) || ToXMLName(name) == ToUtf8(name);
 }

@@ -1,12 +1,15 @@
 #include "services/xml/xmlprint.h"
 
 #include <algorithm>
+#include <cstring>
 #include <ostream>
 #include <streambuf>
 #include <unordered_map>
 #include <vector>
 
 #include "services/logging/binarylog.h"
+#include "services/xml/elementblocks.h"
+#include "services/xml/printbuffer.h"
 #include "services/xml/xmlname.h"
 #include "services/xml/xmltext.h"
 
@@ -133,8 +136,57 @@ private:
     TAttributes Distinct;
 };
 
+char* Put(char* place, std::string_view text) {
+    std::memcpy(place, text.data(), text.size());
+    return place + text.size();
+}
+
+std::size_t SizeOf(std::span<const TElementAttributes::TEntry> attributes) {
+    constexpr std::size_t kSigns = std::string_view(" =\"\"").size();
+    std::size_t size = 0;
+    for (const auto& [name, value] : attributes) size += kSigns + name.Length() + value.Length();
+    return size;
+}
+
+char* PutTag(char* place, const TElement& element,
+             std::span<const TElementAttributes::TEntry> attributes) {
+    *place++ = '<';
+    if (element.ElemType == TElement::END) *place++ = '/';
+    place = Put(place, element.Name.View());
+    for (const auto& [name, value] : attributes) {
+        *place++ = ' ';
+        place = Put(place, name.View());
+        *place++ = '=';
+        *place++ = '"';
+        place = Put(place, value.View());
+        *place++ = '"';
+    }
+    *place++ = '>';
+    return place;
+}
+
+// False, with nothing printed, for more than the buffer takes at a time.
+bool PrintAsItIs(const TElement& element, TPrintBuffer* buffer, int indent) {
+    constexpr std::size_t kSigns = std::string_view("\n</>").size();
+    const auto blanks = static_cast<std::size_t>(std::max(indent, 0));
+    const auto attributes = TElementBlocks::GetEntries(element);
+    char* place = buffer->Reserve(kSigns + blanks + element.Name.Length() + element.Text.Length() +
+                                  SizeOf(attributes));
+    if (!place) return false;
+    if (indent >= 0) {
+        *place++ = '\n';
+        place = std::fill_n(place, blanks, ' ');
+    }
+    const bool isText = element.ElemType == TElement::TEXT;
+    buffer->Advance(isText ? Put(place, element.Text.View()) : PutTag(place, element, attributes));
+    return true;
+}
+
 }  // namespace
 
 void PrintXMLElement(const TElement& element, std::ostream& stream, int indent) {
+    TPrintBuffer* const buffer = TPrintBuffer::Of(stream);
+    if (buffer && TElementBlocks::PrintsAsIs(element) && PrintAsItIs(element, buffer, indent))
+        return;
     TElementPrinter(element, stream).Print(indent);
 }

@@ -13,24 +13,35 @@ bool IsAt(const TElementIterator& element, TElement::ElemTypes type, const char*
     return IsAt(element, type) && element.Current()->Name == name;
 }
 
+// The code that calls names few.
+bool HasRepeatedName(TAttributeTexts attributes) {
+    for (const TAttributeView* one = attributes.begin(); one != attributes.end(); ++one)
+        for (const TAttributeView* other = attributes.begin(); other != one; ++other)
+            if (one->first == other->first) return true;
+    return false;
+}
+
 }  // namespace
 
 void PushStart(TXMLList* document, const char* name, TAttributeTexts attributes) {
     if (!document) return;
+    if (!HasRepeatedName(attributes))
+        return document->Push(TElement::START, name ? name : "", {}, attributes);
     TAttributeList list;
-    for (const auto& [attribute, value] : attributes) list.Psh(attribute, TXMLString(value));
+    for (const auto& [attribute, value] : attributes)
+        list.Psh(std::string(attribute).c_str(), TXMLString(std::string(value)));
     document->Psh(name, &list, TElement::START, nullptr);
 }
 
 void PushEnd(TXMLList* document, const char* name) {
-    if (document) document->Psh(name, nullptr, TElement::END, nullptr);
+    if (document) document->Push(TElement::END, name ? name : "", {});
 }
 
-void PushText(TXMLList* document, const std::string& text) {
-    if (document) document->Psh("", nullptr, TElement::TEXT, TXMLString(text));
+void PushText(TXMLList* document, std::string_view text) {
+    if (document) document->Push(TElement::TEXT, {}, text);
 }
 
-void PushTextElement(TXMLList* document, const char* name, const std::string& text,
+void PushTextElement(TXMLList* document, const char* name, std::string_view text,
                      TAttributeTexts attributes) {
     PushStart(document, name, attributes);
     PushText(document, text);

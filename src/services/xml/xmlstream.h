@@ -9,13 +9,15 @@
 // question with false and stays where it is.
 
 using TElementIterator = DListIterator<TElement*>;
-using TAttributeTexts = std::initializer_list<std::pair<const char*, std::string>>;
+using TAttributeTexts = std::initializer_list<TAttributeView>;
 
+// Pushing copies every text, once. Of attributes of one name the last value counts, at the first
+// place.
 void PushStart(TXMLList* document, const char* name, TAttributeTexts attributes = {});
 void PushEnd(TXMLList* document, const char* name);
-void PushText(TXMLList* document, const std::string& text);
+void PushText(TXMLList* document, std::string_view text);
 /// START with the attributes, the text, END.
-void PushTextElement(TXMLList* document, const char* name, const std::string& text,
+void PushTextElement(TXMLList* document, const char* name, std::string_view text,
                      TAttributeTexts attributes = {});
 
 bool IsAtStart(const TElementIterator& element);

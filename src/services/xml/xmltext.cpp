@@ -113,6 +113,26 @@ constexpr std::array<const char*, 256> MakeEscapes(std::string_view characters) 
     return references;
 }
 
+constexpr bool IsPlainByte(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return (byte >= 0x20) & (byte < 0x80) & (c != '&') & (c != '<') & (c != '>') & (c != '"');
+}
+
+// The highest bit of a byte is set where one of the word is zero, and nowhere when none is.
+constexpr std::uint64_t MarkZeros(std::uint64_t word) {
+    return (word - kEveryByte) & ~word & (kEveryByte * 0x80);
+}
+
+// Without a branch: '<' and '>' differ in one bit, '"' and '&' in another.
+bool AreEightPlainTextBytes(const char* bytes) {
+    std::uint64_t word;
+    std::memcpy(&word, bytes, sizeof word);
+    const std::uint64_t brackets = MarkZeros((word & (kEveryByte * 0xFD)) ^ (kEveryByte * '<'));
+    const std::uint64_t others = MarkZeros((word & (kEveryByte * 0xFB)) ^ (kEveryByte * '"'));
+    const std::uint64_t below20 = (word - kEveryByte * 0x20) & ~word;
+    return ((word | below20 | brackets | others) & (kEveryByte * 0x80)) == 0;
+}
+
 }  // namespace
 
 const TXMLEscapes TXMLEscapes::kAnywhere{MakeEscapes("&<>\"'")};
@@ -166,6 +186,15 @@ std::size_t FindForbiddenCharacter(std::string_view text) {
         ++i;
     }
     return std::string_view::npos;
+}
+
+bool IsPlainXMLText(std::string_view text) {
+    constexpr std::size_t kStep = 8;
+    if (text.size() < kStep) return std::all_of(text.begin(), text.end(), IsPlainByte);
+    const char* const last = text.data() + text.size() - kStep;
+    for (const char* bytes = text.data(); bytes < last; bytes += kStep)
+        if (!AreEightPlainTextBytes(bytes)) return false;
+    return AreEightPlainTextBytes(last);
 }
 
 std::string DescribeCharacter(std::string_view text, std::size_t position) {

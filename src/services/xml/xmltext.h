@@ -26,6 +26,9 @@ std::string DescribeCharacter(std::string_view text, std::size_t position);
 /// Blank, tab, line feed and carriage return: what XML calls white space.
 bool IsXMLBlank(std::string_view text);
 
+/// Whether all of `text` is ASCII that is written as it is, in character data and in attributes.
+bool IsPlainXMLText(std::string_view text);
+
 /// Which characters are written as references, by their byte; null means the byte itself.
 struct TXMLEscapes {
     std::array<const char*, 256> References;

@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <memory>
 #include <ostream>
-#include <streambuf>
 #include <vector>
 
 #include "services/logging/binarylog.h"
+#include "services/xml/elementblocks.h"
+#include "services/xml/printbuffer.h"
 #include "services/xml/xmlprologue.h"
 #include "services/xml/xmlreader.h"
 #include "services/xml/xmltext.h"
@@ -26,25 +27,6 @@ void FailCheck(TWriterCheck check) {
     sites[check].Report();
 }
 
-// Appends to a string without the detours of a string stream.
-class TStringBuffer : public std::streambuf {
-public:
-    explicit TStringBuffer(std::string* text) : Text(*text) {}
-
-protected:
-    std::streamsize xsputn(const char* bytes, std::streamsize count) override {
-        Text.append(bytes, static_cast<std::size_t>(count));
-        return count;
-    }
-    int_type overflow(int_type c) override {
-        if (!traits_type::eq_int_type(c, traits_type::eof())) Text += traits_type::to_char_type(c);
-        return traits_type::not_eof(c);
-    }
-
-private:
-    std::string& Text;
-};
-
 bool HasForbiddenCharacter(std::string_view text) {
     return FindForbiddenCharacter(text) != std::string_view::npos;
 }
@@ -52,10 +34,9 @@ bool HasForbiddenCharacter(std::string_view text) {
 class TDocumentWriter {
 public:
     TDocumentWriter(TXMLList* list, std::string* document)
-        : List(*list), Document(*document), Buffer(document), Stream(&Buffer) {}
+        : List(*list), Document(*document), Stream(&Buffer) {}
 
     bool Write() {
-        Document.clear();
         if (!WriteProlog()) return false;
         for (DListIterator<TElement*> element(List); element.NotAtTail(); ++element)
             if (element.Current() && !WriteElement(*element.Current())) return false;
@@ -66,7 +47,8 @@ public:
         if (RootLevels > 0 && !CloseInnermost()) return false;
         if (!HasElement) return Fail("the document has no root element");
         if (HasForeignBytes) FailCheck(CHECK_UTF8);
-        Document += '\n';
+        Buffer.Append("\n");
+        Document = Buffer.TakeText();
         return true;
     }
 
@@ -88,7 +70,7 @@ private:
         if (!ReadXMLDocument(type, {}, &none, &error))
             return Fail("the document type is malformed: " + error.Reason);
         if (name.empty() || !none.IsEmpty()) return Fail("the document type names no root element");
-        Document = type;
+        Buffer.Append(type);
         if (List.HoldsRoot()) return true;
         RootLevels = 1;
         Root = std::make_unique<TElement>(TElement::START, name, "");
@@ -96,7 +78,8 @@ private:
     }
 
     bool WriteElement(TElement& element) {
-        HasForeignBytes = HasForeignBytes || HoldsForeignBytes(element);
+        HasForeignBytes =
+            HasForeignBytes || (!TElementBlocks::PrintsAsIs(element) && HoldsForeignBytes(element));
         switch (element.ElemType) {
             case TElement::START:
                 return OpenElement(element);
@@ -114,16 +97,17 @@ private:
         if (Open.size() == RootLevels + heldLevels + kMaxXMLNesting)
             return Fail("elements are nested deeper than " + std::to_string(kMaxXMLNesting));
         HasElement = true;
-        const std::size_t size = Document.size();
+        const std::size_t size = Buffer.GetSize();
         if (!Save(element, GetIndent())) return false;
         Open.push_back(&element);
-        AfterStart = Document.size() > size && Document.ends_with('>');
+        AfterStart = Buffer.GetSize() > size && Buffer.GetLast() == '>';
         AfterText = false;
         return true;
     }
 
     bool CloseElement(TElement& element) {
         const auto isCalledSo = [&](const TElement* open) { return open->Name == element.Name; };
+        if (Open.size() > RootLevels && isCalledSo(Open.back())) return CloseInnermost(&element);
         const auto outermost = Open.begin() + static_cast<std::ptrdiff_t>(RootLevels);
         if (std::none_of(outermost, Open.end(), isCalledSo)) {
             FailCheck(CHECK_STRAY_END);
@@ -133,18 +117,23 @@ private:
             FailCheck(CHECK_UNCLOSED_START);
             if (!CloseInnermost()) return false;
         }
-        return CloseInnermost();
+        return CloseInnermost(&element);
     }
 
     // Turns a tag that nothing followed into an empty-element tag.
-    bool CloseInnermost() {
-        TElement end(TElement::END, Open.back()->Name.View(), "");
+    bool CloseInnermost(TElement* end = nullptr) {
+        const TElement& start = *Open.back();
         Open.pop_back();
         bool isDone = true;
-        if (AfterStart)
-            Document.replace(Document.size() - 1, 1, "/>");
-        else
-            isDone = Save(end, GetIndent());
+        if (AfterStart) {
+            Buffer.DropLast();
+            Buffer.Append("/>");
+        } else if (end) {
+            isDone = Save(*end, GetIndent());
+        } else {
+            TElement missing(TElement::END, start.Name.View(), "");
+            isDone = Save(missing, GetIndent());
+        }
         AfterStart = AfterText = false;
         return isDone;
     }
@@ -159,7 +148,7 @@ private:
 
     // Nothing may be added next to a text, and nothing before the first line.
     int GetIndent() const {
-        if (AfterText || Document.empty()) return -1;
+        if (AfterText || Buffer.GetSize() == 0) return -1;
         return kBlanksALevel * static_cast<int>(Open.size());
     }
 
@@ -195,7 +184,7 @@ private:
 
     TXMLList& List;
     std::string& Document;
-    TStringBuffer Buffer;
+    TPrintBuffer Buffer;
     std::ostream Stream;
     std::string Error;
     std::unique_ptr<TElement> Root;

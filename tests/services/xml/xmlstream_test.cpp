@@ -137,3 +137,39 @@ TEST(XMLStream, TakesAMissingElementForNone) {
     SkipToStart(position);
     EXPECT_FALSE(position.NotAtTail());
 }
+
+TEST(XMLStream, KeepsThePlaceAndTheLastValueOfARepeatedAttribute) {
+    EXPECT_EQ(ElementsWrittenBy([](TXMLList* list) {
+                  PushStart(list, "a", {{"x", "1"}, {"y", "2"}, {"x", "3"}});
+              }),
+              "START a x=3 y=2\n");
+}
+
+TEST(XMLStream, PushesCopiesOfTextsThatMayHoldZeros) {
+    TXMLList list;
+    {
+        std::string text("a\0b", 3);
+        PushText(&list, text);
+        text = "xyz";
+    }
+    PushStart(&list, nullptr);
+    PushEnd(&list, nullptr);
+    TElementIterator element(list);
+    EXPECT_EQ(element.Current()->Text.View(), std::string_view("a\0b", 3));
+    ++element;
+    EXPECT_TRUE(IsAtStart(element, ""));
+    ++element;
+    EXPECT_TRUE(IsAtEnd(element, ""));
+}
+
+TEST(XMLStream, GivesTheTrimmedTextWithoutACopy) {
+    TXMLList list;
+    PushElements(&list, "TEXT  t u \nSTART a\n");
+    TElementIterator element(list);
+    EXPECT_EQ(TrimmedTextView(element), "t u");
+    EXPECT_EQ(TrimmedTextView(element).data(), element.Current()->Text.c_str() + 1);
+    ++element;
+    EXPECT_EQ(TrimmedTextView(element), "");
+    ++element;
+    EXPECT_EQ(TrimmedTextView(element), "");
+}

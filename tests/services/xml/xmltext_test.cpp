@@ -71,3 +71,23 @@ TEST(XMLText, DescribesCharactersOfEveryLength) {
     EXPECT_EQ(DescribeCharacter("\xEF\xBF\xBD", 0), "U+FFFD");
     EXPECT_EQ(DescribeCharacter("\xF0\x9F\x98\x80", 0), "U+1F600");
 }
+
+TEST(XMLText, TellsPlainTextFromTextThatIsPrintedInAnotherWay) {
+    for (const char* plain :
+         {"", "a", "a path/to a 'file'.vhd", "~ =;!()[]{}#$%*+,-.:?@^_`|", "0123456"})
+        EXPECT_TRUE(IsPlainXMLText(plain)) << plain;
+    // Each such byte at each place of texts shorter and longer than a step.
+    const std::string_view others("&<>\"\t\n\r\0\x01\x1F\x80\xC3\xFF", 13);
+    for (std::size_t length = 1; length < 40; ++length)
+        for (std::size_t place = 0; place < length; ++place)
+            for (const char other : others) {
+                std::string text(length, '~');
+                text[place] = other;
+                EXPECT_FALSE(IsPlainXMLText(text)) << length << " " << place << " " << int{other};
+            }
+    for (int c = 0x20; c < 0x80; ++c) {
+        const bool isPlain =
+            std::string_view("&<>\"").find(static_cast<char>(c)) == std::string::npos;
+        EXPECT_EQ(IsPlainXMLText(std::string(20, static_cast<char>(c))), isPlain) << c;
+    }
+}

@@ -2,6 +2,7 @@
 
 #include <sstream>
 
+#include "services/xml/xmlstream.h"
 #include "tests/services/xml/documents.h"
 #include "tests/support/recorders.h"
 
@@ -368,4 +369,38 @@ TEST(XMLWriting, PassesOverNullElementsAndAllowsNullResults) {
     PushElements(&list, "START a\nEND a\n");
     EXPECT_EQ(DocumentOf(list), "<a/>\n");
     EXPECT_TRUE(list.WriteToText(nullptr, nullptr));
+}
+
+TEST(XMLWriting, WritesPushedAndReadElementsAlike) {
+    const std::string odd = "\x09 a & b < c > d \" e ' \xC3\xA9 \xE9";
+    TXMLList list;
+    const auto push = [&](const std::string& text) {
+        PushStart(&list, "e", {{"plain", "x"}, {"text", text}});
+        PushText(&list, text);
+        PushEnd(&list, "e");
+    };
+    PushStart(&list, "list");
+    for (const std::string& text : {std::string("plain text of some length"), std::string(" "),
+                                    std::string(), odd, std::string(40000, 'x')})
+        push(text);
+    PushEnd(&list, "list");
+    std::string written;
+    {
+        RecordingLog log;
+        written = DocumentOf(list);
+    }
+    const std::string escaped = " a &amp; b &lt; c &gt; d ";
+    const std::string letters = " e ' \xC3\xA9 \xC3\xA9";
+    const std::string many(40000, 'x');
+    EXPECT_EQ(written,
+              "<list>\n"
+              "  <e plain=\"x\" text=\"plain text of some length\">plain text of some length</e>\n"
+              "  <e plain=\"x\" text=\" \">&#32;</e>\n"
+              "  <e plain=\"x\" text=\"\"><![CDATA[]]></e>\n"
+              "  <e plain=\"x\" text=\"&#9;" +
+                  escaped + "&quot;" + letters + "\">\t" + escaped + "\"" + letters + "</e>\n" +
+                  "  <e plain=\"x\" text=\"" + many + "\">" + many + "</e>\n" + "</list>\n");
+    TXMLList read;
+    ASSERT_TRUE(read.ReadFromText(written, nullptr));
+    EXPECT_EQ(DocumentOf(read), written);
 }

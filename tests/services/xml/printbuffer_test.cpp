@@ -1,0 +1,58 @@
+#include "services/xml/printbuffer.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+TEST(PrintBuffer, CollectsWhatStreamAndPrintersPutIntoIt) {
+    TPrintBuffer buffer;
+    std::ostream stream(&buffer);
+    ASSERT_EQ(TPrintBuffer::Of(stream), &buffer);
+    stream << "one " << 2 << ' ';
+    char* place = buffer.Reserve(10);
+    ASSERT_NE(place, nullptr);
+    *place++ = '3';
+    buffer.Advance(place);
+    buffer.Append(" four");
+    EXPECT_EQ(buffer.GetSize(), 12U);
+    EXPECT_EQ(buffer.TakeText(), "one 2 3 four");
+    EXPECT_EQ(buffer.GetSize(), 0U);
+    EXPECT_EQ(buffer.TakeText(), "");
+    EXPECT_TRUE(stream.good());
+}
+
+TEST(PrintBuffer, TakesTheLastByteBackWhereverItIs) {
+    TPrintBuffer buffer;
+    EXPECT_EQ(buffer.GetLast(), '\0');
+    buffer.DropLast();
+    EXPECT_EQ(buffer.GetSize(), 0U);
+    // The byte is at hand, or so long ago that others were printed in between.
+    for (const std::size_t size : {3U, 100000U}) {
+        const std::string text = std::string(size, 'a') + ">";
+        buffer.Append(text);
+        EXPECT_EQ(buffer.GetLast(), '>') << size;
+        buffer.DropLast();
+        EXPECT_EQ(buffer.GetLast(), 'a') << size;
+        EXPECT_EQ(buffer.TakeText(), std::string(size, 'a')) << size;
+    }
+}
+
+TEST(PrintBuffer, HoldsMoreThanItHasRoomForAtATime) {
+    TPrintBuffer buffer;
+    std::ostream stream(&buffer);
+    EXPECT_EQ(buffer.Reserve(1000000), nullptr);
+    std::string expected;
+    for (int i = 0; i < 50000; ++i) {
+        stream.put(static_cast<char>('a' + i % 26));
+        stream << i;
+        expected += static_cast<char>('a' + i % 26) + std::to_string(i);
+    }
+    EXPECT_EQ(buffer.TakeText(), expected);
+}
+
+TEST(PrintBuffer, IsNotFoundInOtherStreams) {
+    std::ostringstream other;
+    EXPECT_EQ(TPrintBuffer::Of(other), nullptr);
+    std::ostream none(nullptr);
+    EXPECT_EQ(TPrintBuffer::Of(none), nullptr);
+}
