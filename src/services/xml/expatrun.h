@@ -18,6 +18,10 @@ public:
 
     /// Parses the next part of the document. False when the document is malformed or was refused.
     bool Feed(std::string_view part, bool isLast);
+    /// The same in two steps. The copy is where the part is parsed; it lives until the next part is
+    /// copied. Empty when the part is too long to be parsed at a time: Feed() does it.
+    std::string_view Copy(std::string_view part);
+    bool ParseCopy(std::string_view copy, bool isLast);
 
     /// Called by a handler: the document fails at the present token, for `reason`.
     void Refuse(std::string reason);
@@ -35,8 +39,10 @@ public:
     std::size_t GetFailurePlace() const { return FailurePlace; }
 
 private:
+    bool Fail();
+
     XML_Parser Parser;
-    std::size_t PartSize = 4096;  // of the next part
+    std::size_t PartSize = 4096;  // of the next part, unless it is the last
     std::size_t Fed = 0;
     std::string Reason;
     std::size_t FailurePlace = 0;

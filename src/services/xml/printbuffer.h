@@ -15,6 +15,8 @@ public:
     /// The buffer of `stream`; null for a stream over any other.
     static TPrintBuffer* Of(std::ostream& stream);
 
+    /// Makes room for as many bytes, so that they need not be moved when there are more.
+    void Expect(std::size_t size) { Flushed.reserve(size); }
     /// Room for `size` bytes, to be followed by Advance() with what was used; null for more than
     /// the buffer ever has at a time.
     char* Reserve(std::size_t size) {
@@ -46,5 +48,5 @@ private:
     void Flush();
 
     std::string Flushed;
-    std::array<char, 16384> Area;
+    std::array<char, 2048> Area;  // copied in a few steps, while it is in the cache
 };

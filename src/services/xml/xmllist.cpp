@@ -197,15 +197,19 @@ bool TXMLList::ReadFile(const char* path, const char*) {
 // The bytes are gone before anybody makes something of the elements.
 bool TXMLList::ReadDocument(const char* path) {
     std::string bytes;
-    return ReadBytes(path, &bytes, &ReadError) && ReadFromText(bytes, &ReadError);
+    return ReadBytes(path, &bytes, &ReadError) && Parse(bytes, &bytes, &ReadError);
 }
 
 bool TXMLList::ReadFromText(const std::string& document, TXMLReadError* error) {
+    return Parse(document, nullptr, error);
+}
+
+bool TXMLList::Parse(std::string_view document, std::string* released, TXMLReadError* error) {
     TElementSequence elements;
     TXMLReadError found;
     const std::string droppedRoot = RootHeld ? "" : GetDocumentTypeRoot(ToUtf8(DocumentType));
     const bool isRead = ReadXMLDocument(document, droppedRoot, &elements, &found,
-                                        RootHeld ? &DocumentType : nullptr);
+                                        RootHeld ? &DocumentType : nullptr, released);
     // The document may have been a text of this list.
     Flush(1);
     TakeOver(&elements);

@@ -125,6 +125,7 @@ private:
                      std::string_view text);
     void DeleteUpTo(const DListIterator<TElement*>& position, bool deleteItems);
     bool ReadDocument(const char* path);
+    bool Parse(std::string_view document, std::string* released, TXMLReadError* error);
     void TakeOver(TElementSequence* elements);
 
     TElementBlocks* Blocks = nullptr;  // where pushed elements lie; null: nothing was pushed yet

@@ -13,7 +13,7 @@ public:
     TDocumentReader(std::string_view document, const TXMLEncoding& encoding,
                     std::string_view droppedRoot, bool holdsRoot, TElementSequence* elements)
         : Run(encoding, this),
-          Document(document),
+          Rest(document),
           UnitSize(encoding.UnitSize),
           DroppedRoot(droppedRoot),
           MaxLevels(kMaxXMLNesting + (holdsRoot ? 1 : 0)),
@@ -28,9 +28,8 @@ public:
     /// `prologue` replaces the first bytes of the document. A document type
     /// without any element is accepted, though Expat refuses it; the reader of the prologue has
     /// refused other documents without elements.
-    bool Read(std::string_view prologue) {
-        if (Run.Feed(prologue, false) && Run.Feed(Document.substr(prologue.size()), true))
-            return true;
+    bool Read(std::string_view prologue, std::string* released) {
+        if (Run.Feed(prologue, false) && ReadRest(prologue.size(), released)) return true;
         return Run.GetError() == XML_ERROR_NO_ELEMENTS && !RootSeen;
     }
 
@@ -40,8 +39,20 @@ public:
                (Open.empty() ? std::string(DroppedRoot) : Open.back()->Name.Str()) + "\"";
     }
     std::size_t GetFailurePlace() const { return Run.GetFailurePlace(); }
+    /// The document behind the prologue, which may be elsewhere by now.
+    std::string_view GetRest() const { return Rest; }
 
 private:
+    bool ReadRest(std::size_t begin, std::string* released) {
+        RestBegin = begin;
+        Rest.remove_prefix(begin);
+        const std::string_view copy = released ? Run.Copy(Rest) : std::string_view();
+        if (copy.empty()) return Run.Feed(Rest, true);
+        Rest = copy;
+        std::string().swap(*released);
+        return Run.ParseCopy(copy, true);
+    }
+
     static TDocumentReader& From(void* userData) {
         return *static_cast<TDocumentReader*>(userData);
     }
@@ -97,11 +108,13 @@ private:
 
     // Whether blank text at the present token was written as a reference.
     bool IsReference() const {
-        return Document.substr(Run.GetTokenBegin(), UnitSize).find('&') != std::string_view::npos;
+        const std::string_view begin = Rest.substr(Run.GetTokenBegin() - RestBegin, UnitSize);
+        return begin.find('&') != std::string_view::npos;
     }
 
     TExpatRun Run;
-    std::string_view Document;
+    std::string_view Rest;  // of the document, behind the prologue
+    std::size_t RestBegin = 0;
     std::size_t UnitSize;
     std::string_view DroppedRoot;
     std::size_t MaxLevels;
@@ -136,20 +149,28 @@ std::string BlankDocumentType(std::string_view document, const TXMLEncoding& enc
 }  // namespace
 
 bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
-                     TElementSequence* elements, TXMLReadError* error, std::string* documentType) {
+                     TElementSequence* elements, TXMLReadError* error, std::string* documentType,
+                     std::string* released) {
     elements->Clear();
     if (documentType) documentType->clear();
     const TXMLEncoding encoding = DetectXMLEncoding(document);
     if (encoding.Refusal) return Fail(document, encoding, 0, encoding.Refusal, error);
     std::string refused;
-    if (HasLoneHighSurrogate(document, encoding, &refused)) document = refused;
+    if (HasLoneHighSurrogate(document, encoding, &refused)) {
+        document = refused;
+        released = nullptr;
+    }
     const TXMLPrologue prologue = ReadXMLPrologue(document, encoding);
     if (!prologue.Reason.empty())
         return Fail(document, encoding, prologue.FailurePlace, prologue.Reason, error);
     if (documentType) *documentType = prologue.DocumentType;
     TDocumentReader reader(document, encoding, droppedRoot, documentType != nullptr, elements);
-    if (reader.Read(BlankDocumentType(document, encoding, prologue))) return true;
+    const std::string beginning(document.substr(0, prologue.DocumentTypeEnd));
+    if (reader.Read(BlankDocumentType(document, encoding, prologue), released)) return true;
     const std::string reason = reader.GetReason();
     elements->Clear();
-    return Fail(document, encoding, reader.GetFailurePlace(), reason, error);
+    const std::size_t place = reader.GetFailurePlace();
+    if (released && released->empty())
+        return Fail(beginning + std::string(reader.GetRest()), encoding, place, reason, error);
+    return Fail(document, encoding, place, reason, error);
 }

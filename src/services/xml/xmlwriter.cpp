@@ -15,6 +15,8 @@
 namespace {
 
 constexpr int kBlanksALevel = 2;
+// Of an element, in bytes of the document.
+constexpr std::size_t kUsualSize = 28;
 
 enum TWriterCheck { CHECK_UNCLOSED_START, CHECK_STRAY_END, CHECK_UTF8 };
 
@@ -37,6 +39,7 @@ public:
         : List(*list), Document(*document), Stream(&Buffer) {}
 
     bool Write() {
+        Buffer.Expect(List.GetCount() * kUsualSize);
         if (!WriteProlog()) return false;
         for (DListIterator<TElement*> element(List); element.NotAtTail(); ++element)
             if (element.Current() && !WriteElement(*element.Current())) return false;

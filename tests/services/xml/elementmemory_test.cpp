@@ -225,8 +225,7 @@ TEST(ElementMemory, GivesEveryKindOfText) {
         EXPECT_EQ(StreamOf(row.Document), "START a\nTEXT " + row.Text + "\nEND a\n") << row.Label;
 }
 
-TEST(ElementMemory, GivesTextsThatLieAcrossThePartsOfALongDocument) {
-    // Every place that a part of the document can end at, within a token and between two.
+TEST(ElementMemory, GivesTextsAtEveryPlaceOfALongDocument) {
     const std::string token = "<b x='1'>one &amp; two\r\n<![CDATA[three]]></b>";
     for (std::size_t size = 65400; size < 65600; ++size) {
         const std::string blanks(size, ' ');
