@@ -1,30 +1,12 @@
 #include "projectfiles/dependencyindex.h"
-#include "projectfiles/sourcefilegroups.h"
-#include "tests/projectfiles/sourcefakes.h"
+#include "tests/projectfiles/sourcesintwogroups.h"
 #include <gtest/gtest.h>
 
 // The index is asked through the groups, each of which has one.
 
 namespace {
 
-/// Verilog: v.v needs p.vhd (one object) and q.v. VHDL: p.vhd (another object), which needs r.vhd.
-class DependencyIndex : public testing::Test {
-protected:
-    DependencyIndex() {
-        V->AddDependency(PStub);
-        V->AddDependency(Q);
-        P->AddDependency(R);
-        Groups.AddSourceFile(V, false);
-        Groups.AddSourceFile(P, false);
-    }
-    Sources Made;
-    THdlSourceFile* V = Made.Make("/p/v.v");
-    THdlSourceFile* PStub = Made.Make("/p/p.vhd");
-    THdlSourceFile* Q = Made.Make("/p/q.v");
-    THdlSourceFile* P = Made.Make("/p/p.vhd");
-    THdlSourceFile* R = Made.Make("/p/r.vhd");
-    TSourceFileGroups Groups{nullptr};
-};
+class DependencyIndex : public SourcesInTwoGroups {};
 
 TEST_F(DependencyIndex, DependenciesThatComeAndGoAfterTheFirstSearch) {
     const ISFileName* name = Handle("/p/late.vhd");

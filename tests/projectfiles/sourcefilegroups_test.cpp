@@ -1,6 +1,6 @@
 #include "projectfiles/sourcefilegroups.h"
 #include "settings/projectsimlanguageconfig.h"
-#include "tests/projectfiles/sourcefakes.h"
+#include "tests/projectfiles/sourcesintwogroups.h"
 #include "tests/support/memoryfolder.h"
 #include <gtest/gtest.h>
 
@@ -114,24 +114,7 @@ TEST(SourceFileGroups, AskForModifiedSourcesUpToTheFirstAndForNoDependency) {
     EXPECT_EQ(asked, "clean.v modified.v ");
 }
 
-/// Verilog: v.v needs p.vhd (one object) and q.v. VHDL: p.vhd (another object), which needs r.vhd.
-class SourceFileGroupsFind : public testing::Test {
-protected:
-    SourceFileGroupsFind() {
-        V->AddDependency(PStub);
-        V->AddDependency(Q);
-        P->AddDependency(R);
-        Groups.AddSourceFile(V, false);
-        Groups.AddSourceFile(P, false);
-    }
-    Sources Made;
-    THdlSourceFile* V = Made.Make("/p/v.v");
-    THdlSourceFile* PStub = Made.Make("/p/p.vhd");
-    THdlSourceFile* Q = Made.Make("/p/q.v");
-    THdlSourceFile* P = Made.Make("/p/p.vhd");
-    THdlSourceFile* R = Made.Make("/p/r.vhd");
-    TSourceFileGroups Groups{nullptr};
-};
+class SourceFileGroupsFind : public SourcesInTwoGroups {};
 
 TEST_F(SourceFileGroupsFind, EntriesByName) {
     EXPECT_EQ(Groups.GetSourceFile(Handle("/p/V.v")), V);

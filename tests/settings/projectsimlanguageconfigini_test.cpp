@@ -105,21 +105,9 @@ const TLanguageLines kLines[] = {
 }  // namespace
 
 TEST(ProjectSimLanguageConfigIni, RendersTheKeysOfEachLanguage) {
-    const TSettingValues values = {{"SimTool", NameOf(SIM_NC_VERILOG)},
-                                   {"IncludeDirectories", "inc, ${IP}/inc"},
-                                   {"LibraryDirectories", "E:\\lib\\"},
-                                   {"LibraryExtensions", ".v, .vo"},
-                                   {"UseVhdl93Defaults", "false"},
-                                   {"DelayType", "max"},
-                                   {"PliDriven", "true"},
-                                   {"ActiveSnapshotName", "snap"},
-                                   {"DestinationLibraryName", "gates"},
-                                   {"AdditionalExtensions", ".svp"},
-                                   {"BuildOptions", "-b 1"},
-                                   {"LinkerOptions", "\" -l 2\""},
-                                   {"RuntimeOptions", "-r 3"},
-                                   {"OutputFileName", "bench.exe"},
-                                   {"RunOutputFileExecutable", "true"}};
+    TSettingValues values = FullLanguageValues();
+    // INI files quote a text that begins with a blank.
+    values["LinkerOptions"] = "\" -l 2\"";
     EXPECT_EQ(LanguageIni("Verilog", "", values), kVerilogLines);
     for (const char* language : {"VHDL", "Bluespec", "C++"})
         EXPECT_EQ(LanguageIni(language, "", values), kOtherLines) << language;

@@ -105,23 +105,7 @@ TEST(ProjectSimLanguageConfigXml, WritesEverySettingInOrder) {
     FillLanguageConfig(settings);
     EXPECT_EQ(Written(settings, "D:\\p\\design.hpj"), expected);
     EXPECT_EQ(TextOf(settings), kFullLanguageConfig);
-    EXPECT_EQ(LanguageContent({{"SimTool", "NCSim Verilog"},
-                               {"IncludeDirectories", "inc, ${IP}/inc"},
-                               {"LibraryDirectories", "E:\\lib\\"},
-                               {"LibraryExtensions", ".v, .vo"},
-                               {"UseVhdl93Defaults", "false"},
-                               {"DelayType", "max"},
-                               {"PliDriven", "true"},
-                               {"ActiveSnapshotName", "snap"},
-                               {"DestinationLibraryName", "gates"},
-                               {"AdditionalExtensions", ".svp"},
-                               {"BuildOptions", "-b 1"},
-                               {"LinkerOptions", " -l 2"},
-                               {"RuntimeOptions", "-r 3"},
-                               {"OutputFileName", "bench.exe"},
-                               {"RunOutputFileExecutable", "true"},
-                               {"ForceTopLevel", "true"}}),
-              expected);
+    EXPECT_EQ(LanguageContent(FullLanguageValues()), expected);
 }
 
 TEST(ProjectSimLanguageConfigXml, LeavesOutEmptyListsAndOutputFile) {

@@ -5,6 +5,7 @@
 #include "services/names/isfilename.h"
 #include "settings/projectsimconfig.h"
 #include "tests/support/memoryfolder.h"
+#include "tests/support/settingtexts.h"
 #include <string>
 
 /// The library only carries pointers to proxies.
@@ -147,3 +148,23 @@ inline constexpr const char* kFullLanguageConfig =
     "include=<D:\\p\\inc><${IP}/inc>\nlibrary=<E:\\lib\\>\nextensions=<.v><.vo>\n"
     "output=<bench.exe> additional=<.svp> snapshot=<snap> destination=<gates>\n"
     "build=<-b 1> linker=< -l 2> runtime=<-r 3>\n";
+
+/// The settings above as project files hold them.
+inline TSettingValues FullLanguageValues() {
+    return {{"SimTool", "NCSim Verilog"},
+            {"IncludeDirectories", "inc, ${IP}/inc"},
+            {"LibraryDirectories", "E:\\lib\\"},
+            {"LibraryExtensions", ".v, .vo"},
+            {"UseVhdl93Defaults", "false"},
+            {"DelayType", "max"},
+            {"PliDriven", "true"},
+            {"ActiveSnapshotName", "snap"},
+            {"DestinationLibraryName", "gates"},
+            {"AdditionalExtensions", ".svp"},
+            {"BuildOptions", "-b 1"},
+            {"LinkerOptions", " -l 2"},
+            {"RuntimeOptions", "-r 3"},
+            {"OutputFileName", "bench.exe"},
+            {"RunOutputFileExecutable", "true"},
+            {"ForceTopLevel", "true"}};
+}
