@@ -11,16 +11,9 @@ const TIHdlSourceFileList* THdlBuildFile::GetFilesToCompile(THdlLanguage languag
 void THdlBuildFile::OrderFilesForCompile(THdlLanguage language) {
     if (language != LANGUAGE_VHDL) return;
     // In place: callers may hold the list.
-    Parts->CompileList.LookUpGroup(language)->Flush();
-    CompiledFiles.clear();
-    for (const IHdlSourceFile* source : *GetSourceFileGroup(language))
-        AddSourceFileToCompileList(source);
-}
-
-void THdlBuildFile::AddSourceFileToCompileList(const IHdlSourceFile* source) {
-    TCompileOrder(*GetSourceFileGroup(LANGUAGE_VHDL), Parts->CompileList.LookUpGroup(LANGUAGE_VHDL),
-                  &CompiledFiles)
-        .Add(source);
+    TIHdlSourceFileList* ordered = Parts->CompileList.LookUpGroup(language);
+    ordered->Flush();
+    TCompileOrder(*GetSourceFileGroup(language)).Fill(ordered);
 }
 
 const std::vector<std::string>& THdlBuildFile::GetPrecompiledLibraryGroups() const {

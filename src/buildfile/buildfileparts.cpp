@@ -1,6 +1,8 @@
 #include "buildfile/buildfileparts.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "services/base/keeper.h"
+#include "services/files/filenameparts.h"
+#include "services/names/isfilename.h"
 #include "settings/projectsimlanguageconfig.h"
 
 namespace {
@@ -81,4 +83,14 @@ std::vector<std::shared_ptr<const TKeeper>> TBuildFileParts::GetCallersShares() 
                                                        SourceFileOwner.GetCallersShare()};
     if (OwnsConfigs) shares.push_back(Configs);
     return shares;
+}
+
+TBaseDirectory& TBuildFileParts::DirectoryOf(const ISFileName* file) {
+    const ISFileName* handle = GetInnermostHandle(file);
+    // The text of a name of another kind may change.
+    const bool isLasting = IsSharedHandle(handle);
+    if (!isLasting || handle != DirectoryFile)
+        Directory = TBaseDirectory(file ? file->GetParts(PART_DIRECTORY) : "");
+    DirectoryFile = isLasting ? handle : nullptr;
+    return Directory;
 }

@@ -4,6 +4,7 @@
 #include "projectfiles/sourcefilegroups.h"
 #include "projectfiles/sourcefileowner.h"
 #include "services/base/keeper.h"
+#include "services/files/basedirectory.h"
 #include "simtools/simtoolmap.h"
 #include <memory>
 #include <unordered_set>
@@ -11,6 +12,7 @@
 
 class IBuildManager;
 class IHdlSourceFile;
+class ISFileName;
 class TProjectSimLanguageConfig;
 
 /// The sub-objects of a build file, shared by its copies and freed with the last of them.
@@ -43,6 +45,9 @@ struct TBuildFileParts {
     /// to stay valid.
     std::vector<std::shared_ptr<const TKeeper>> GetCallersShares() const;
 
+    /// The directory of `file`, without one for null. Valid until the next call.
+    TBaseDirectory& DirectoryOf(const ISFileName* file);
+
     TSimToolMap SimTools;
     TLanguageConfigMap LanguageConfigs;
     /// Relative names are taken against the directory of its build manager: a build that reads sets
@@ -62,4 +67,6 @@ struct TBuildFileParts {
 
 private:
     std::unordered_set<IBuildManager*> Builds;
+    TBaseDirectory Directory;
+    const ISFileName* DirectoryFile = nullptr;  // a shared handle
 };

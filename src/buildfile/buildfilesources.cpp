@@ -3,7 +3,6 @@
 #include "projectfiles/ihdlsourcefile.h"
 #include "services/files/pathtext.h"
 #include "services/names/isfilename.h"
-#include "services/names/utilfilename.h"
 #include "settings/projectsimlanguageconfig.h"
 
 void THdlBuildFile::AddLanguageConfig(THdlLanguage language,
@@ -44,7 +43,11 @@ bool THdlBuildFile::AddSourceFile(IHdlSourceFile* source, bool atHead) {
 }
 
 IHdlSourceFile* THdlBuildFile::CreateOrGetSourceFile(const char* fileName) {
-    const ISFileName* name = ISFileName::NewISFileName(ResolveAgainstProject(fileName).c_str());
+    const ISFileName* name =
+        BuildFileName && IsRelativePath(fileName)
+            ? NewHandleOfCanonicalPath(
+                  Parts->DirectoryOf(BuildFileName).Resolve(fileName ? fileName : ""))
+            : ISFileName::NewISFileName(fileName);
     IHdlSourceFile* source = Parts->SourceFileGroups.GetSourceFile(name);
     if (!source) {
         source = Parts->SourceFileGroups.GetDependency(name);
@@ -58,9 +61,7 @@ IHdlSourceFile* THdlBuildFile::CreateOrGetSourceFile(const char* fileName) {
 std::string THdlBuildFile::ResolveAgainstProject(const char* path) const {
     const char* const text = path ? path : "";
     if (!BuildFileName || !IsRelativePath(text)) return text;
-    TUtilFileName name(BuildFileName->GetParts(PART_DIRECTORY));
-    name.PushFileName(text);
-    return name.Canonical();
+    return std::string(Parts->DirectoryOf(BuildFileName).Resolve(text));
 }
 
 TIHdlSourceFileList* THdlBuildFile::GetSourceFileGroup(THdlLanguage language) {

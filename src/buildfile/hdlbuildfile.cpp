@@ -45,7 +45,6 @@ THdlBuildFile& THdlBuildFile::operator=(const THdlBuildFile& other) {
     SingleFileOnlyBuild = other.SingleFileOnlyBuild;
     PrecompiledLibraryGroups = other.PrecompiledLibraryGroups;
     PrecompiledLibraryNames = other.PrecompiledLibraryNames;
-    CompiledFiles = other.CompiledFiles;
     BuildFileName = other.BuildFileName;
     TopLanguage = other.TopLanguage;
     HvlLanguage = other.HvlLanguage;
@@ -116,7 +115,6 @@ void THdlBuildFile::SetDefaults() {
     SingleFileOnlyBuild = false;
     PrecompiledLibraryGroups.clear();
     PrecompiledLibraryNames.clear();
-    CompiledFiles.clear();
     TimeBase = TTimeBase(1);
     VerilogUserDefines.clear();
     VerilogOtherPlusOptions.clear();

@@ -234,7 +234,6 @@ protected:
     void DeleteConfigurations();
 
 private:
-    void AddSourceFileToCompileList(const IHdlSourceFile* source);
     bool ReadTranslationOptions(DListIterator<TElement*>& element, bool isVerilog2Vhdl);
     void MakeTranslationOptions(bool isVerilog2Vhdl);
     std::string GetRelativeFileNameStr(const char* path) const;
@@ -262,7 +261,6 @@ private:
     bool SingleFileOnlyBuild = false;
     std::vector<std::string> PrecompiledLibraryGroups;
     std::unordered_set<std::string> PrecompiledLibraryNames;  // the same, for the look-up
-    std::unordered_set<const IHdlSourceFile*> CompiledFiles;
     const ISFileName* BuildFileName = nullptr;
     THdlLanguage TopLanguage = LANGUAGE_NONE;
     THdlLanguage HvlLanguage = LANGUAGE_NONE;

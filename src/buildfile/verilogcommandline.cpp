@@ -1,6 +1,8 @@
+#include "buildfile/buildfileparts.h"
 #include "buildfile/hdlbuildfile.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include "projectfiles/sourcesahead.h"
 #include "services/base/mystring.h"
 #include "services/files/pathtext.h"
 #include "services/names/isfilename.h"
@@ -10,6 +12,9 @@
 #include <ostream>
 
 namespace {
+
+// So many bytes of lines are handed to a stream at a time.
+constexpr std::size_t kLinesAtOnce = 16 * 1024;
 
 /// Without general settings the options are those of the default ones.
 const TProjectSimGeneralConfig& OrDefault(const TProjectSimGeneralConfig* general) {
@@ -114,14 +119,27 @@ void THdlBuildFile::GenerateVerilogCommandFile(std::ostream& out) {
 }
 
 void THdlBuildFile::AddSourceFilesToCommandFile(std::ostream& out, THdlLanguage language) const {
-    for (const IHdlSourceFile* source : *GetSourceFileGroup(language)) {
+    std::string lines;
+    TBaseDirectory& directory = Parts->DirectoryOf(BuildFileName);
+    const TIHdlSourceFileList& sources = *GetSourceFileGroup(language);
+    TSourcesAhead ahead(sources);
+    for (const IHdlSourceFile* source : sources) {
+        ahead.Step();
         const ISFileName* name = source->GetFileName();
         if (!name || source->IsExcludeFromBuild()) continue;
-        std::string path = GetRelativeFileNameStr(name->GetParts(PART_ALL));
-        std::replace(path.begin(), path.end(), '\\', '/');
-        if (source->IsLibrary()) out << "-v ";
-        out << path << '\n';
+        if (source->IsLibrary()) lines += "-v ";
+        const std::size_t begin = lines.size();
+        if (IsSharedHandle(name))
+            lines += directory.MakeRelative(GetSharedText(name));
+        else
+            lines += GetRelativeFileNameStr(name->GetParts(PART_ALL));
+        std::replace(lines.begin() + static_cast<std::ptrdiff_t>(begin), lines.end(), '\\', '/');
+        lines += '\n';
+        if (lines.size() < kLinesAtOnce) continue;
+        out << lines;
+        lines.clear();
     }
+    out << lines;
 }
 
 std::string THdlBuildFile::GetRelativeFileNameStr(const char* path) const {

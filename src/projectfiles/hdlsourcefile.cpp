@@ -3,6 +3,7 @@
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "projectfiles/languageconfigmap.h"
 #include "services/base/keeper.h"
+#include "services/files/pathpieces.h"
 #include "services/hdl/sourcefileextensions.h"
 #include "services/names/isfilename.h"
 
@@ -25,6 +26,11 @@ THdlSourceFile::THdlSourceFile(const ISFileName* name) : FileName(name) {
     Initialize();
 }
 
+THdlSourceFile::THdlSourceFile(const ISFileName* name, TIHdlSourceFileList* dependencies)
+    : FileName(name), MayBeKept(false), Dependencies(dependencies) {
+    SetLanguageFromExtension();
+}
+
 THdlSourceFile::THdlSourceFile(const THdlSourceFile& other)
     : IHdlSourceFile(other), FileName(other.FileName), Dependencies(MakeDependencyList()) {
     *this = other;
@@ -41,13 +47,13 @@ THdlSourceFile& THdlSourceFile::operator=(const THdlSourceFile& other) {
     IsListedForCompile = other.IsListedForCompile;
     LibraryFlag = other.LibraryFlag;
     ExcludeFromBuild = other.ExcludeFromBuild;
-    PrecompiledLibraryGroupName = other.PrecompiledLibraryGroupName;
+    SetPrecompiledLibraryGroupName(other.GetPrecompiledLibraryGroupName());
     ConfigSlot = other.ConfigSlot;
     return *this;
 }
 
 THdlSourceFile::~THdlSourceFile() {
-    ForgetKept(this);
+    if (MayBeKept) ForgetKept(this);
 }
 
 void THdlSourceFile::Initialize() {
@@ -64,16 +70,21 @@ void THdlSourceFile::Initialize() {
 void THdlSourceFile::SetLanguageFromExtension() {
     Language = LANGUAGE_NONE;
     if (!FileName) return;
-    Language = TSourceFileExtensions::GetInstance()->GetSourceFileLanguageFromExtension(
-        FileName->GetParts(PART_EXTENSION));
+    const std::string extension(IsSharedHandle(FileName)
+                                    ? SplitPath(GetSharedText(FileName)).Extension
+                                    : FileName->GetParts(PART_EXTENSION));
+    Language =
+        TSourceFileExtensions::GetInstance()->GetSourceFileLanguageFromExtension(extension.c_str());
 }
 
 const char* THdlSourceFile::GetPrecompiledLibraryGroupName() const {
-    return PrecompiledLibraryGroupName.c_str();
+    return PrecompiledLibraryGroupName ? PrecompiledLibraryGroupName->c_str() : "";
 }
 
 void THdlSourceFile::SetPrecompiledLibraryGroupName(const char* name) {
-    PrecompiledLibraryGroupName = std::string(name ? name : "");
+    // The new name may be a part of the former one.
+    const std::string text = name ? name : "";
+    PrecompiledLibraryGroupName = text.empty() ? nullptr : std::make_unique<std::string>(text);
 }
 
 void THdlSourceFile::SetProjectLanguageConfig(TProjectSimLanguageConfig* config) {

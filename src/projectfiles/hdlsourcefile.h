@@ -1,5 +1,6 @@
 #pragma once
 #include "projectfiles/ihdlsourcefile.h"
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -60,18 +61,25 @@ public:
     static unsigned long long GetHandleChangeCount();
 
 private:
+    friend class TCompileOrder;
+    friend class TReadSourceFile;
     friend class TSourceFileOwner;
+    /// A source whose owner also has `dependencies`, an empty list, and frees both.
+    THdlSourceFile(const ISFileName* name, TIHdlSourceFileList* dependencies);
     void SetLanguageFromExtension();
 
     const ISFileName* FileName;
     THdlLanguage Language = LANGUAGE_NONE;
-    THdlProject* Project = nullptr;
-    TIHdlSourceFileList* Dependencies = nullptr;
-    TProjectSimLanguageConfig* ProjectLanguageConfig = nullptr;
     bool IsListedForCompile = false;
     bool LibraryFlag = false;
     bool ExcludeFromBuild = false;
-    std::string PrecompiledLibraryGroupName;
+    bool MayBeKept = true;  // false for a source that its owner keeps in another way
+    THdlProject* Project = nullptr;
+    TIHdlSourceFileList* Dependencies = nullptr;
+    // What the last compile order that met the source knows of it.
+    mutable std::uint64_t CompileMark = 0;
+    TProjectSimLanguageConfig* ProjectLanguageConfig = nullptr;
+    std::unique_ptr<const std::string> PrecompiledLibraryGroupName;  // null: none
     // Where a build keeps ProjectLanguageConfig; null for a configuration of the caller's own.
     std::shared_ptr<const TLanguageConfigSlot> ConfigSlot;
 };

@@ -5,16 +5,32 @@
 #include "projectfiles/sourcenametable.h"
 #include "services/base/keeper.h"
 #include <algorithm>
+#include <functional>
 #include <vector>
 
-/// What a list knows of the names of its entries.
+namespace {
+
+// So many names are compared one by one.
+constexpr std::size_t kFewEntries = 8;
+
+thread_local unsigned long long listChangeCount = 0;
+
+}  // namespace
+
+/// What only long and watched lists have.
 struct TIHdlSourceFileList::TNames {
-    TSourceNameTable Places;
-    // Sources that were assigned names after they were added may share one: the first one has it.
-    bool AreShared = false;
-    bool WasFilled = false;
-    unsigned long long ChangeCount = THdlSourceFile::GetHandleChangeCount();
+    TSourceNameTable<TEntry*> Places;
+    bool HasPlaces = false;
+    // Entries that were made together; none of them is freed alone.
+    std::vector<TEntry> Together;
+    bool AreHandles = false;  // the names of these, until somebody asks for a name
     std::vector<TDependencyIndex*> Indexes;
+
+    bool IsOneOfMany(const TEntry* entry) const {
+        const std::less<const TEntry*> isBefore;
+        return !isBefore(entry, Together.data()) &&
+               isBefore(entry, Together.data() + Together.size());
+    }
 };
 
 TIHdlSourceFileList::TIHdlSourceFileList() = default;
@@ -27,32 +43,33 @@ TIHdlSourceFileList& TIHdlSourceFileList::operator=(const TIHdlSourceFileList& o
     Language = other.Language;
     if (this == &other) return *this;
     Flush();
-    for (IHdlSourceFile* file : other.Entries) {
+    for (IHdlSourceFile* file : other) {
         TSourceName name;
-        const bool isNamed = GetSourceName(file, &name);
-        Link(Entries.end(), file, isNamed ? &name : nullptr);
+        GetSourceName(file, &name);
+        Link(&Ring, file, name, Find(name) != nullptr);
     }
     return *this;
 }
 
 TIHdlSourceFileList::~TIHdlSourceFileList() {
-    ForgetKept(this);
-    if (!Names) return;
-    for (TDependencyIndex* index : Names->Indexes) {
-        ReportAllAsRemoved(index);
-        index->Gone(this);
-    }
+    if (Source == NO_SOURCE) ForgetKept(this);
+    if (Names)
+        for (TDependencyIndex* index : Names->Indexes) {
+            ReportAllAsRemoved(index);
+            index->Gone(this);
+        }
+    DropAll();
 }
 
 bool TIHdlSourceFileList::AddSourceFile(IHdlSourceFile* file, bool atHead) {
     if (!file) return false;
     TSourceName name;
-    const bool isNamed = GetSourceName(file, &name);
-    if (const TPlace listed = isNamed ? Find(name) : Entries.end(); listed != Entries.end()) {
-        ReportNamesake((*listed)->GetFileName(), file->GetFileName());
+    GetSourceName(file, &name);
+    if (const TEntry* listed = Find(name)) {
+        ReportNamesake(listed->File->GetFileName(), file->GetFileName());
         return false;
     }
-    Link(atHead ? Entries.begin() : Entries.end(), file, isNamed ? &name : nullptr);
+    Link(atHead ? Ring.Next : &Ring, file, name, false);
     return true;
 }
 
@@ -67,42 +84,37 @@ bool TIHdlSourceFileList::AddSourceFile(const char* name) {
 }
 
 IHdlSourceFile* TIHdlSourceFileList::GetSourceFile(const ISFileName* name) {
-    TSourceName key;
-    if (!GetSourceName(name, &key)) return nullptr;
-    const TPlace place = Find(key);
-    return place == Entries.end() ? nullptr : *place;
+    const TEntry* entry = FindEntry(name);
+    return entry ? entry->File : nullptr;
 }
 
 const IHdlSourceFile* TIHdlSourceFileList::GetSourceFile(const ISFileName* name) const {
-    TSourceName key;
-    if (!GetSourceName(name, &key)) return nullptr;
-    const TPlace place = Find(key);
-    return place == Entries.end() ? nullptr : *place;
+    const TEntry* entry = FindEntry(name);
+    return entry ? entry->File : nullptr;
 }
 
 IHdlSourceFile* TIHdlSourceFileList::GetSourceFileOrDependency(const ISFileName* name) {
     if (IHdlSourceFile* file = GetSourceFile(name)) return file;
-    for (IHdlSourceFile* file : Entries)
+    for (IHdlSourceFile* file : *this)
         if (IHdlSourceFile* dependency = file->GetDependency(name)) return dependency;
     return nullptr;
 }
 
 const IHdlSourceFile* TIHdlSourceFileList::GetSourceFileOrDependency(const ISFileName* name) const {
     if (const IHdlSourceFile* file = GetSourceFile(name)) return file;
-    for (const IHdlSourceFile* file : Entries)
+    for (const IHdlSourceFile* file : *this)
         if (const IHdlSourceFile* dependency = file->GetDependency(name)) return dependency;
     return nullptr;
 }
 
 bool TIHdlSourceFileList::RemoveSourceFile(IHdlSourceFile* file) {
-    TSourceName name;
-    if (!file || !GetSourceName(file, &name)) return false;
-    const TPlace place = Find(name);
-    if (place == Entries.end()) return false;
-    if (Names->AreShared)
+    if (!file) return false;
+    TEntry* entry = FindEntry(file->GetFileName());
+    if (!entry) return false;
+    if (AreNamesShared)
         UnlinkEvery(file);
-    else if (*place == file)
-        Unlink(place, name);
+    else if (entry->File == file)
+        Unlink(entry);
     return true;
 }
 
@@ -112,24 +124,31 @@ bool TIHdlSourceFileList::RemoveSourceFile(THdlProjectSourceFile* file) {
 }
 
 bool TIHdlSourceFileList::RemoveSourceFile(const ISFileName* name) {
-    TSourceName key;
-    if (!GetSourceName(name, &key)) return false;
-    const TPlace place = Find(key);
-    if (place == Entries.end()) return false;
-    if (Names->AreShared)
-        UnlinkEvery(*place);
+    TEntry* entry = FindEntry(name);
+    if (!entry) return false;
+    if (AreNamesShared)
+        UnlinkEvery(entry->File);
     else
-        Unlink(place, key);
+        Unlink(entry);
     return true;
 }
 
 void TIHdlSourceFileList::Flush() {
+    if (!empty()) ++listChangeCount;
+    if (Names)
+        for (TDependencyIndex* index : Names->Indexes) ReportAllAsRemoved(index);
+    DropAll();
+    NameCount = THdlSourceFile::GetHandleChangeCount();
+}
+
+void TIHdlSourceFileList::DropAll() {
+    while (Ring.Next != &Ring) Drop(static_cast<TEntry*>(Ring.Next));
+    AreNamesShared = false;
     if (!Names) return;
-    for (TDependencyIndex* index : Names->Indexes) ReportAllAsRemoved(index);
-    Entries.clear();
     Names->Places.Clear();
-    Names->AreShared = false;
-    Names->ChangeCount = THdlSourceFile::GetHandleChangeCount();
+    Names->HasPlaces = false;
+    Names->Together = {};
+    Names->AreHandles = false;
 }
 
 TIHdlSourceFileList::TNames& TIHdlSourceFileList::MadeNames() const {
@@ -137,54 +156,166 @@ TIHdlSourceFileList::TNames& TIHdlSourceFileList::MadeNames() const {
     return *Names;
 }
 
-TIHdlSourceFileList::TPlace TIHdlSourceFileList::Find(const TSourceName& name) const {
-    if (!Names) return Entries.end();
-    if (Names->ChangeCount != THdlSourceFile::GetHandleChangeCount()) RebuildNames();
-    const TPlace* found = Names->Places.Find(name);
-    return found ? *found : Entries.end();
+TIHdlSourceFileList::TEntry* TIHdlSourceFileList::FindEntry(const ISFileName* name) const {
+    TSourceName key;
+    return GetSourceName(name, &key) ? Find(key) : nullptr;
 }
 
-// `name` is null for a source without one.
-void TIHdlSourceFileList::Link(TPlace before, IHdlSourceFile* file, const TSourceName* name) {
-    TNames& names = MadeNames();
-    const TPlace place = Entries.insert(before, file);
-    names.WasFilled = true;
-    if (name && !names.Places.Add(*name, place)) {
-        names.AreShared = true;
-        name = nullptr;
+// Null for the name of no file.
+TIHdlSourceFileList::TEntry* TIHdlSourceFileList::Find(const TFileIdentity& name) const {
+    if (empty() || name.IsNone()) return nullptr;
+    RefreshNames();
+    NameHandles();
+    return FindNamed(name);
+}
+
+// Among the names that are known; never touches a source.
+TIHdlSourceFileList::TEntry* TIHdlSourceFileList::FindNamed(const TFileIdentity& name) const {
+    if (name.IsNone()) return nullptr;
+    if (Names && Names->HasPlaces) {
+        TEntry* const* found = Names->Places.Find(name);
+        return found ? *found : nullptr;
     }
-    for (TDependencyIndex* index : names.Indexes) index->Added(this, file, name);
+    for (TLink* link = Ring.Next; link != &Ring; link = link->Next)
+        if (auto* entry = static_cast<TEntry*>(link); entry->Name == name) return entry;
+    return nullptr;
+}
+
+// `isShared` tells whether an entry has the name already.
+void TIHdlSourceFileList::Link(TLink* before, IHdlSourceFile* file, const TFileIdentity& name,
+                               bool isShared) {
+    NameHandles();
+    if (Count == kFewEntries) MakePlaces();
+    auto* entry = new TEntry{{nullptr, nullptr}, file, name};
+    Insert(entry, before);
+    AreNamesShared = AreNamesShared || isShared;
+    if (!Names) return;
+    if (Names->HasPlaces && !name.IsNone()) Names->Places.Add(name, entry);
+    const TSourceName* found = isShared || name.IsNone() ? nullptr : &name;
+    for (TDependencyIndex* index : Names->Indexes) index->Added(this, file, found);
+}
+
+void TIHdlSourceFileList::Insert(TEntry* entry, TLink* before) {
+    ++listChangeCount;
+    if (empty()) NameCount = THdlSourceFile::GetHandleChangeCount();
+    entry->Previous = before->Previous;
+    entry->Next = before;
+    before->Previous->Next = entry;
+    before->Previous = entry;
+    ++Count;
+    IsFilled = true;
 }
 
 // For a list in which no two entries share a name.
-void TIHdlSourceFileList::Unlink(TPlace place, const TSourceName& name) {
-    for (TDependencyIndex* index : Names->Indexes) index->Removed(this, *place, &name);
-    Names->Places.Remove(name);
-    Entries.erase(place);
+void TIHdlSourceFileList::Unlink(TEntry* entry) {
+    ++listChangeCount;
+    if (Names) {
+        for (TDependencyIndex* index : Names->Indexes)
+            index->Removed(this, entry->File, &entry->Name);
+        Names->Places.Remove(entry->Name);
+    }
+    Drop(entry);
 }
 
 void TIHdlSourceFileList::UnlinkEvery(const IHdlSourceFile* file) {
-    for (TDependencyIndex* index : Names->Indexes) ReportAllAsRemoved(index);
-    Entries.remove_if([file](const IHdlSourceFile* entry) { return entry == file; });
+    ++listChangeCount;
+    if (Names)
+        for (TDependencyIndex* index : Names->Indexes) ReportAllAsRemoved(index);
+    for (TLink* link = Ring.Next; link != &Ring;) {
+        auto* entry = static_cast<TEntry*>(link);
+        link = link->Next;
+        if (entry->File == file) Drop(entry);
+    }
     RebuildNames();
-    for (TDependencyIndex* index : Names->Indexes) ReportAllAsAdded(index);
+    if (Names)
+        for (TDependencyIndex* index : Names->Indexes) ReportAllAsAdded(index);
 }
 
+void TIHdlSourceFileList::Drop(TEntry* entry) {
+    entry->Previous->Next = entry->Next;
+    entry->Next->Previous = entry->Previous;
+    --Count;
+    if (!Names || !Names->IsOneOfMany(entry)) delete entry;
+}
+
+void TIHdlSourceFileList::RefreshNames() const {
+    if (NameCount != THdlSourceFile::GetHandleChangeCount()) RebuildNames();
+}
+
+// Looks at the entries again: some may have another name now, and two may share one.
 void TIHdlSourceFileList::RebuildNames() const {
-    Names->Places.Clear();
-    Names->AreShared = false;
-    Names->ChangeCount = THdlSourceFile::GetHandleChangeCount();
-    for (TPlace place = Entries.begin(); place != Entries.end(); ++place) {
-        TSourceName name;
-        if (GetSourceName(*place, &name) && !Names->Places.Add(name, place))
-            Names->AreShared = true;
+    AreNamesShared = false;
+    NameCount = THdlSourceFile::GetHandleChangeCount();
+    if (Names) {
+        Names->Places.Clear();
+        Names->AreHandles = false;
+    }
+    TSourceNameTable<TEntry*> places;
+    places.Reserve(Count);
+    for (TLink* link = Ring.Next; link != &Ring; link = link->Next) {
+        auto* entry = static_cast<TEntry*>(link);
+        if (GetSourceName(entry->File, &entry->Name) && !places.Add(entry->Name, entry).second)
+            AreNamesShared = true;
+    }
+    if (Count <= kFewEntries) {
+        if (Names) Names->HasPlaces = false;
+        return;
+    }
+    MadeNames().Places = std::move(places);
+    Names->HasPlaces = true;
+}
+
+// Turns the handles in the entries into names.
+void TIHdlSourceFileList::NameHandles() const {
+    if (!Names || !Names->AreHandles) return;
+    Names->AreHandles = false;
+    for (TEntry& entry : Names->Together) entry.Name = GetFileIdentity(entry.Name.GetFile());
+    if (Count > kFewEntries) MakePlaces();
+}
+
+void TIHdlSourceFileList::MakePlaces() const {
+    TNames& names = MadeNames();
+    names.HasPlaces = true;
+    names.Places.Reserve(Count + 1);
+    for (TLink* link = Ring.Next; link != &Ring; link = link->Next) {
+        auto* entry = static_cast<TEntry*>(link);
+        if (!entry->Name.IsNone()) names.Places.Add(entry->Name, entry);
     }
 }
 
-void TIHdlSourceFileList::ReportTo(TDependencyIndex* index) {
+bool TIHdlSourceFileList::HasDistinctNames() const {
+    RefreshNames();
+    return !AreNamesShared;
+}
+
+void TIHdlSourceFileList::FillDistinct(const std::vector<TNamedSource>& sources) {
+    if (sources.empty()) return;
     TNames& names = MadeNames();
-    names.Indexes.push_back(index);
-    if (names.ChangeCount != THdlSourceFile::GetHandleChangeCount()) RebuildNames();
+    names.Together.reserve(sources.size());
+    for (const TNamedSource& source : sources)
+        names.Together.push_back({{nullptr, nullptr}, source.File, TFileIdentity(source.Name)});
+    TLink* last = &Ring;
+    for (TEntry& entry : names.Together) {
+        entry.Previous = last;
+        last->Next = &entry;
+        last = &entry;
+    }
+    last->Next = &Ring;
+    Ring.Previous = last;
+    Count = sources.size();
+    IsFilled = true;
+    NameCount = THdlSourceFile::GetHandleChangeCount();
+    names.AreHandles = true;
+    ++listChangeCount;
+    if (names.Indexes.empty()) return;
+    NameHandles();
+    for (TDependencyIndex* index : names.Indexes) ReportAllAsAdded(index);
+}
+
+void TIHdlSourceFileList::ReportTo(TDependencyIndex* index) {
+    MadeNames().Indexes.push_back(index);
+    RefreshNames();
+    NameHandles();
     ReportAllAsAdded(index);
 }
 
@@ -194,29 +325,27 @@ void TIHdlSourceFileList::StopReportingTo(TDependencyIndex* index) {
 }
 
 void TIHdlSourceFileList::ReportAllAsAdded(TDependencyIndex* index) {
-    if (index->IsGroup(this)) {
-        for (IHdlSourceFile* file : Entries) index->Added(this, file, nullptr);
-        return;
+    const bool isGroup = index->IsGroup(this);
+    for (TLink* link = Ring.Next; link != &Ring; link = link->Next) {
+        const auto* entry = static_cast<const TEntry*>(link);
+        if (isGroup)
+            index->Added(this, entry->File, nullptr);
+        else if (FindNamed(entry->Name) == entry)
+            index->Added(this, entry->File, &entry->Name);
     }
-    Names->Places.ForEach([this, index](const TSourceName& name, TPlace place) {
-        index->Added(this, *place, &name);
-    });
 }
 
 void TIHdlSourceFileList::ReportAllAsRemoved(TDependencyIndex* index) {
-    if (index->IsGroup(this)) {
-        for (IHdlSourceFile* file : Entries) index->Removed(this, file, nullptr);
-        return;
+    const bool isGroup = index->IsGroup(this);
+    for (TLink* link = Ring.Next; link != &Ring; link = link->Next) {
+        const auto* entry = static_cast<const TEntry*>(link);
+        if (isGroup)
+            index->Removed(this, entry->File, nullptr);
+        else if (FindNamed(entry->Name) == entry)
+            index->Removed(this, entry->File, &entry->Name);
     }
-    Names->Places.ForEach([this, index](const TSourceName& name, TPlace place) {
-        index->Removed(this, *place, &name);
-    });
 }
 
-bool TIHdlSourceFileList::WasFilled() const {
-    return Names && Names->WasFilled;
-}
-
-void TIHdlSourceFileList::ForgetFilling() {
-    if (Names) Names->WasFilled = false;
+unsigned long long TIHdlSourceFileList::GetListChangeCount() {
+    return listChangeCount;
 }

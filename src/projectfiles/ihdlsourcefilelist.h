@@ -1,17 +1,17 @@
 #pragma once
 #include "services/base/dlist.h"
 #include "services/hdl/hdllanguage.h"
+#include "services/names/isfilename.h"
 #include <cstddef>
-#include <list>
+#include <iterator>
 #include <memory>
+#include <vector>
 
 class IHdlSourceFile;
-class ISFileName;
 class THdlProjectSourceFile;
 class TDependencyIndex;
 class TElement;
 class TXMLList;
-struct TSourceName;
 
 /// Sources in insertion order, unique by name: the canonical file names compared without regard to
 /// case. Serves as a language's group of a build and as the dependency list of a source.
@@ -20,8 +20,54 @@ struct TSourceName;
 /// it had when added (or when a source was last assigned to), so searching and destroying a list
 /// never touch its entries. A source without a name is always accepted and never found.
 class HDLBUILDFILE_API TIHdlSourceFileList {
+    // The list is a ring of links: its own one stands before the first entry and after the last.
+    struct TLink {
+        TLink* Previous;
+        TLink* Next;
+    };
+    struct TEntry : TLink {
+        IHdlSourceFile* File;
+        TFileIdentity Name;  // that of no file for a source without a name
+    };
+
 public:
-    using const_iterator = std::list<IHdlSourceFile*>::const_iterator;
+    /// A position in the list, valid while its entry stays.
+    class const_iterator {
+    public:
+        using iterator_category = std::bidirectional_iterator_tag;
+        using value_type = IHdlSourceFile*;
+        using difference_type = std::ptrdiff_t;
+        using pointer = IHdlSourceFile* const*;
+        using reference = IHdlSourceFile* const&;
+
+        const_iterator() = default;
+        reference operator*() const { return static_cast<const TEntry*>(Link)->File; }
+        pointer operator->() const { return &**this; }
+        const_iterator& operator++() {
+            Link = Link->Next;
+            return *this;
+        }
+        const_iterator operator++(int) {
+            const const_iterator former = *this;
+            Link = Link->Next;
+            return former;
+        }
+        const_iterator& operator--() {
+            Link = Link->Previous;
+            return *this;
+        }
+        const_iterator operator--(int) {
+            const const_iterator former = *this;
+            Link = Link->Previous;
+            return former;
+        }
+        bool operator==(const const_iterator&) const = default;
+
+    private:
+        friend class TIHdlSourceFileList;
+        explicit const_iterator(const TLink* link) : Link(link) {}
+        const TLink* Link = nullptr;
+    };
 
     /// An empty list of LANGUAGE_NONE.
     TIHdlSourceFileList();
@@ -54,10 +100,10 @@ public:
     /// Drops all entries.
     void Flush();
 
-    const_iterator begin() const { return Entries.begin(); }
-    const_iterator end() const { return Entries.end(); }
-    std::size_t size() const { return Entries.size(); }
-    bool empty() const { return Entries.empty(); }
+    const_iterator begin() const { return const_iterator(Ring.Next); }
+    const_iterator end() const { return const_iterator(&Ring); }
+    std::size_t size() const { return Count; }
+    bool empty() const { return Count == 0; }
 
     /// Reads a run of `elementName` elements (null and "": "File") and adds a new source for each;
     /// these live until the process ends, unless a caller deletes them. Relative names are taken
@@ -70,29 +116,59 @@ public:
                      const ISFileName* relativeTo) const;
 
 private:
+    friend class TCompileOrder;
     friend class TDependencyIndex;
+    friend class THdlSourceFile;
+    friend class TGroupsReading;
     friend class TSourceFileGroups;
+    friend class TReadSourceFile;
+    friend class TReadSources;
     struct TNames;
-    using TPlace = const_iterator;
+    // Whether the memory of a source that was read has the list, which then outlives the source.
+    enum TSource : unsigned char { NO_SOURCE, HAS_SOURCE, HAD_SOURCE };
 
     bool AddSourceFile(const char* name);
     TNames& MadeNames() const;
-    TPlace Find(const TSourceName& name) const;
-    void Link(TPlace before, IHdlSourceFile* file, const TSourceName* name);
-    void Unlink(TPlace place, const TSourceName& name);
+    TEntry* Find(const TFileIdentity& name) const;
+    TEntry* FindNamed(const TFileIdentity& name) const;
+    TEntry* FindEntry(const ISFileName* name) const;
+    void Link(TLink* before, IHdlSourceFile* file, const TFileIdentity& name, bool isShared);
+    void Insert(TEntry* entry, TLink* before);
+    void Unlink(TEntry* entry);
     void UnlinkEvery(const IHdlSourceFile* file);
+    void Drop(TEntry* entry);
+    void DropAll();
+    void RefreshNames() const;
+    bool HasDistinctNames() const;
     void RebuildNames() const;
+    void NameHandles() const;
+    void MakePlaces() const;
+    struct TNamedSource {
+        IHdlSourceFile* File;
+        const ISFileName* Name;
+    };
+    // Fills the empty list with sources whose names differ from each other. The names are looked
+    // at when somebody asks for one: they outlive the list.
+    void FillDistinct(const std::vector<TNamedSource>& sources);
     // Tells `index` what is listed, from then on every change.
     void ReportTo(TDependencyIndex* index);
     void StopReportingTo(TDependencyIndex* index);
     void ReportAllAsAdded(TDependencyIndex* index);
     void ReportAllAsRemoved(TDependencyIndex* index);
     // Whether a source was listed since the last ForgetFilling.
-    bool WasFilled() const;
-    void ForgetFilling();
+    bool WasFilled() const { return IsFilled; }
+    void ForgetFilling() { IsFilled = false; }
+    // How often this thread changed a list.
+    static unsigned long long GetListChangeCount();
 
-    std::list<IHdlSourceFile*> Entries;
+    TLink Ring{&Ring, &Ring};
+    std::size_t Count = 0;
+    mutable unsigned long long NameCount = 0;  // of changes of names when those here were looked at
     THdlLanguage Language = LANGUAGE_NONE;
-    // Behind a pointer, as most lists are those of sources without dependencies.
+    bool IsFilled = false;
+    // Sources that were assigned names after they were added may share one: the first one has it.
+    mutable bool AreNamesShared = false;
+    TSource Source = NO_SOURCE;
+    // Of long lists and those that an index watches.
     mutable std::unique_ptr<TNames> Names;
 };

@@ -29,7 +29,7 @@ bool TIHdlSourceFileList::ReadFromFile(DListIterator<TElement*>& element, const 
 void TIHdlSourceFileList::WriteToFile(TXMLList* document, const char* elementName,
                                       const ISFileName* relativeTo) const {
     if (!document) return;
-    for (const IHdlSourceFile* file : Entries)
+    for (const IHdlSourceFile* file : *this)
         PushTextElement(document, ElementNameOf(elementName),
                         RelativePath(file->GetFileName(), relativeTo));
 }

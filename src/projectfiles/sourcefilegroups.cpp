@@ -1,4 +1,5 @@
 #include "projectfiles/sourcefilegroups.h"
+#include "projectfiles/groupsreading.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include <algorithm>
 #include <utility>
@@ -73,6 +74,8 @@ IHdlSourceFile* TSourceFileGroups::GetSourceFileOrDependency(const ISFileName* n
 }
 
 IHdlSourceFile* TSourceFileGroups::GetDependency(const ISFileName* name) {
+    IHdlSourceFile* known = nullptr;
+    if (Reading && Reading->FindDependency(name, &known)) return known;
     for (auto& [language, group] : Groups)
         if (IHdlSourceFile* dependency = FindDependency(&group, name)) return dependency;
     return nullptr;
@@ -83,6 +86,11 @@ IHdlSourceFile* TSourceFileGroups::FindDependency(TGroup* group, const ISFileNam
     IHdlSourceFile* dependency = nullptr;
     if (group->Dependencies.Find(name, &dependency)) return dependency;
     return group->List.GetSourceFileOrDependency(name);
+}
+
+bool TSourceFileGroups::IsAnythingListed() const {
+    return std::any_of(Groups.begin(), Groups.end(),
+                       [](const auto& entry) { return !entry.second.List.empty(); });
 }
 
 bool TSourceFileGroups::IsAnySourceFileModifiedSinceLastCompiled() const {

@@ -4,9 +4,9 @@
 #include "services/hdl/hdllanguage.h"
 #include <map>
 #include <memory>
-#include <unordered_set>
 #include <vector>
 
+class TGroupsReading;
 class TProjectSimGeneralConfig;
 class TSourceFileOwner;
 class TXMLList;
@@ -72,17 +72,19 @@ private:
         bool IsCreated = false;
         bool IsStored() const { return IsCreated || List.WasFilled(); }
     };
-    using TSeenNames = std::unordered_set<TSourceName, TSourceNameHash>;
-
     TGroup& GroupOf(THdlLanguage language);
     static IHdlSourceFile* FindDependency(TGroup* group, const ISFileName* name);
-    bool ReadSources(DListIterator<TElement*>& element, THdlLanguage language, TSeenNames* seen);
+    bool ReadGroups(DListIterator<TElement*>& element);
+    bool ReadSources(DListIterator<TElement*>& element, THdlLanguage language);
     bool ReadDependencies(DListIterator<TElement*>& element, IHdlSourceFile* source);
+    void ReadDependency(const std::string& name, IHdlSourceFile* source);
     IHdlSourceFile* ReadSource(const TElement& start, const std::string& name,
-                               THdlLanguage language, TSeenNames* seen);
-    void TestExists(const IHdlSourceFile& source, TSeenNames* seen);
+                               THdlLanguage language);
+    void TestExists(const IHdlSourceFile& source);
+    bool IsAnythingListed() const;
 
     TSourceFileOwner* SourceFileOwner;
     std::map<THdlLanguage, TGroup> Groups;
     bool FilesMissing = false;
+    std::unique_ptr<TGroupsReading> Reading;  // null unless a read is under way
 };

@@ -1,3 +1,4 @@
+#include "projectfiles/groupsreading.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/sourcefilegroups.h"
 #include "projectfiles/sourcefileowner.h"
@@ -9,20 +10,26 @@
 
 bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element) {
     FilesMissing = false;
-    TSeenNames seen;
+    // A message box may let the user start another read.
+    auto outer = std::exchange(Reading, std::make_unique<TGroupsReading>(!IsAnythingListed()));
+    const bool isRead = ReadGroups(element);
+    Reading = std::move(outer);
+    return isRead;
+}
+
+bool TSourceFileGroups::ReadGroups(DListIterator<TElement*>& element) {
     while (IsAtStart(element, "SourceFileGroup")) {
         const char* const text = element.Current()->GetAttribute("Language");
         const THdlLanguage language = GetHdlLanguageFromString(text);
         ++element;
         if (!element.NotAtTail()) return false;
-        if (!ReadSources(element, language, &seen)) return false;
+        if (!ReadSources(element, language)) return false;
         SkipEnds(element);
     }
     return true;
 }
 
-bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLanguage language,
-                                    TSeenNames* seen) {
+bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLanguage language) {
     TIHdlSourceFileList* group = GetOrCreateGroup(language);
     while (IsAtStart(element, "SourceFile")) {
         DropWhatWasRead(element);
@@ -36,8 +43,11 @@ bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLangu
             SkipEnds(element);
             continue;
         }
-        IHdlSourceFile* source = ReadSource(*start.Current(), TrimmedText(element), language, seen);
-        group->AddSourceFile(source, false);
+        IHdlSourceFile* source = ReadSource(*start.Current(), TrimmedText(element), language);
+        Reading->Expect();
+        const bool wasAdded = group->AddSourceFile(source, false);
+        Reading->CatchUp();
+        Reading->NoteSource(source, *group, wasAdded);
         ++element;
         if (!ReadDependencies(element, source)) return false;
         SkipEnds(element);
@@ -47,21 +57,20 @@ bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLangu
 
 // Null without a name.
 IHdlSourceFile* TSourceFileGroups::ReadSource(const TElement& start, const std::string& name,
-                                              THdlLanguage language, TSeenNames* seen) {
+                                              THdlLanguage language) {
     if (name.empty() || !SourceFileOwner) return nullptr;
     IHdlSourceFile* source = SourceFileOwner->GetOrMakeSourceFile(name.c_str(), language);
     if (!source) return nullptr;
     if (ConvertStringBoolToBoolean(start.GetAttribute("Library"))) source->SetLibraryFlag(true);
     const char* const precompiled = start.GetAttribute("PrecompiledLibrary");
     if (*precompiled) source->SetPrecompiledLibraryGroupName(precompiled);
-    TestExists(*source, seen);
+    TestExists(*source);
     return source;
 }
 
 // The disk is asked once for each file, however often it is listed.
-void TSourceFileGroups::TestExists(const IHdlSourceFile& source, TSeenNames* seen) {
-    TSourceName name;
-    if (!GetSourceName(&source, &name) || !seen->insert(name).second) return;
+void TSourceFileGroups::TestExists(const IHdlSourceFile& source) {
+    if (!Reading->IsNew(source)) return;
     if (MarkLoadedAndTestExists(source.GetFileName(), kDefaultTimeStampKey)) return;
     const std::string path = source.GetFileName()->Canonical(false);
     Fileservices::GetMessageBox()->ShowMessage(("Missing File: \"" + path + "\"").c_str(),
@@ -82,12 +91,19 @@ bool TSourceFileGroups::ReadDependencies(DListIterator<TElement*>& element,
             continue;
         }
         const std::string name = TrimmedText(element);
-        if (source && !name.empty())
-            source->AddDependency(SourceFileOwner->GetOrMakeSourceFile(name.c_str()));
+        if (source && !name.empty()) ReadDependency(name, source);
         ++element;
         SkipEnd(element);
     }
     return true;
+}
+
+void TSourceFileGroups::ReadDependency(const std::string& name, IHdlSourceFile* source) {
+    IHdlSourceFile* dependency = SourceFileOwner->GetOrMakeSourceFile(name.c_str());
+    Reading->Expect();
+    const bool wasAdded = source->AddDependency(dependency);
+    Reading->CatchUp();
+    if (wasAdded) Reading->NoteDependency(dependency);
 }
 
 namespace {

@@ -1,6 +1,7 @@
 #include "projectfiles/sourcefileowner.h"
 #include "projectfiles/ibuildmanager.h"
 #include "projectfiles/languageconfigmap.h"
+#include "projectfiles/readsources.h"
 #include "services/names/isfilename.h"
 #include <utility>
 
@@ -16,32 +17,15 @@ void KeepWithDependencies(TKeeper* keeper, THdlSourceFile* source) {
 
 }  // namespace
 
-/// A source that was read. It is in its owner's list, and takes itself out when it is deleted: that
-/// costs less for each source than an entry in a keeper.
-class TSourceFileOwner::TReadSourceFile : public THdlSourceFile {
-public:
-    TReadSourceFile(const ISFileName* name, std::list<TReadSourceFile*>* list)
-        : THdlSourceFile(name), List(list), Place(list->insert(list->end(), this)) {}
-    TReadSourceFile(const TReadSourceFile&) = delete;
-    TReadSourceFile& operator=(const TReadSourceFile&) = delete;
-    ~TReadSourceFile() override { LeaveList(); }
+TSourceFileOwner::TSourceFileOwner(IBuildManager* build) : Build(build) {}
 
-    void LeaveList() {
-        if (List) List->erase(Place);
-        List = nullptr;
-    }
-
-private:
-    std::list<TReadSourceFile*>* List;
-    std::list<TReadSourceFile*>::iterator Place;
-};
-
-TSourceFileOwner::~TSourceFileOwner() {
-    while (!Read.empty()) DeleteWithDependencies(Read.front());
-}
+TSourceFileOwner::~TSourceFileOwner() = default;
 
 IHdlSourceFile* TSourceFileOwner::MakeSourceFile(const ISFileName* name) {
-    if (Request != FOR_CALLER) return new TReadSourceFile(name, &Read);
+    if (Request != FOR_CALLER) {
+        if (!Read) Read = std::make_unique<TReadSources>();
+        return Read->Make(name);
+    }
     if (name) name->UpdateTimeFileLastLoaded(kDefaultTimeStampKey);
     auto* source = new THdlSourceFile(name);
     KeepWithDependencies(CallersShare.get(), source);
@@ -90,9 +74,5 @@ const TProjectSimLanguageConfig* TSourceFileOwner::GetRecordedLanguageConfig(
 
 void TSourceFileOwner::Clear() {
     Records.clear();
-    while (!Read.empty()) {
-        TReadSourceFile* source = Read.front();
-        source->LeaveList();
-        KeepWithDependencies(CallersShare.get(), source);
-    }
+    if (Read) CallersShare->Keep(Read.release());
 }

@@ -1,18 +1,18 @@
 #pragma once
 #include "projectfiles/hdlsourcefile.h"
 #include "services/base/keeper.h"
-#include <list>
 #include <memory>
 #include <unordered_map>
 
 class IBuildManager;
+class TReadSources;
 
 /// Makes the source files of a build, keeps them, and records which configuration came in with
 /// which source.
 class TSourceFileOwner {
 public:
     /// `build` finds sources and configurations for a read; it may be null and is not owned.
-    explicit TSourceFileOwner(IBuildManager* build) : Build(build) {}
+    explicit TSourceFileOwner(IBuildManager* build);
     /// Deletes the sources that were read, with their dependency lists.
     ~TSourceFileOwner();
     TSourceFileOwner(const TSourceFileOwner&) = delete;
@@ -51,9 +51,7 @@ public:
     const std::shared_ptr<TKeeper>& GetCallersShare() const { return CallersShare; }
 
 private:
-    class TReadSourceFile;
-
-    std::list<TReadSourceFile*> Read;
+    std::unique_ptr<TReadSources> Read;  // made when first needed
     std::shared_ptr<TKeeper> CallersShare = std::make_shared<TKeeper>();
     enum TRequest { FOR_CALLER, FOR_DEPENDENCY, FOR_LISTING };
     IHdlSourceFile* AskBuild(const char* name, TRequest request);

@@ -2,11 +2,9 @@
 #include "projectfiles/ihdlsourcefile.h"
 
 bool GetSourceName(const ISFileName* file, TSourceName* name) {
-    const ISFileName* const handle = GetInnermostHandle(file);
-    if (!handle) return false;
-    const TFileIdentity identity = GetFileIdentity(handle);
-    *name = {identity.Folded, identity.Hash};
-    return true;
+    const bool isNamed = IsSharedHandle(file) || GetInnermostHandle(file);
+    *name = isNamed ? GetFileIdentity(file) : TSourceName();
+    return isNamed;
 }
 
 bool GetSourceName(const IHdlSourceFile* source, TSourceName* name) {

@@ -1,8 +1,12 @@
 #include "buildfile/compileorder.h"
 #include "buildfile/hdlbuildfile.h"
 #include "tests/buildfile/filledbuild.h"
+#include "tests/support/recorders.h"
+#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 #include <map>
+#include <random>
+#include <set>
 #include <sstream>
 
 namespace {
@@ -44,6 +48,52 @@ private:
     std::map<std::string, THdlSourceFile*> Files;
 };
 
+/// The same with a group that was read from a file.
+class ReadGraph {
+public:
+    ReadGraph(const std::string& listed, const std::string& edges) {
+        std::string group;
+        std::istringstream words(listed);
+        for (std::string word; words >> word;) {
+            // Lists compare names by the spelling that was met first.
+            (void)Handle(Folder.Path(word + ".VHD"));
+            group += "<SourceFile>" + word + ".vhd</SourceFile>";
+        }
+        const RecordingMessageBox box;
+        Build.SetBuildFileName(Handle(Folder.Write(
+            "build.xml", "<SourceFileGroup Language='VHDL'>" + group + "</SourceFileGroup>")));
+        (void)Build.ReadFromFile();
+        words = std::istringstream(edges);
+        for (std::string word; words >> word;) {
+            const auto colon = word.find(':');
+            File(word.substr(0, colon))->AddDependency(File(word.substr(colon + 1)));
+        }
+    }
+    IHdlSourceFile* File(const std::string& name) {
+        const ISFileName* path = Handle(Folder.Path(name + ".vhd"));
+        if (IHdlSourceFile* listed = Build.GetSourceFileGroup(LANGUAGE_VHDL)->GetSourceFile(path))
+            return listed;
+        IHdlSourceFile*& other = Others[name];
+        if (!other) other = Build.CreateOrGetSourceFile((name + ".vhd").c_str());
+        return other;
+    }
+    std::string Order() {
+        Build.OrderFilesForCompile(LANGUAGE_VHDL);
+        std::string names;
+        for (const IHdlSourceFile* file : *Build.GetFilesToCompile(LANGUAGE_VHDL)) {
+            const std::string name = NameOf(file);
+            names += name.substr(0, name.find('.')) + " ";
+        }
+        return names;
+    }
+    TemporaryFolder Folder;
+    THdlBuildFile Build;
+    Sources Made;
+
+private:
+    std::map<std::string, IHdlSourceFile*> Others;
+};
+
 TEST(CompileOrder, PutsEveryFileBehindWhatItDependsOn) {
     const struct {
         const char* Label;
@@ -66,8 +116,10 @@ TEST(CompileOrder, PutsEveryFileBehindWhatItDependsOn) {
         {"a cycle behind a file", "t", "t:a a:b b:a b:c", "c b a t "},
         {"two cycles with a common file", "a", "a:b b:a a:c c:a", "b c a "},
     };
-    for (const auto& row : rows)
+    for (const auto& row : rows) {
         EXPECT_EQ(Graph(row.Files, row.Edges).Order(), row.Expected) << row.Label;
+        EXPECT_EQ(ReadGraph(row.Files, row.Edges).Order(), row.Expected) << row.Label;
+    }
 }
 
 TEST(CompileOrder, TakesExcludedAndLibrarySourcesLikeOthers) {
@@ -192,6 +244,84 @@ TEST(CompileOrder, ReachesTheEndOfALongChain) {
     for (const IHdlSourceFile* file : *build.GetFilesToCompile(LANGUAGE_VHDL))
         ASSERT_EQ(NameOf(file), "f" + std::to_string(--expected) + ".vhd");
     EXPECT_EQ(expected, 0);
+}
+
+TEST(CompileOrder, OfSourcesThatWereReadTakesBareNamesForThem) {
+    ReadGraph graph("top pkg base", "pkg:base");
+    THdlSourceFile* stub = graph.Made.Make(graph.Folder.Path("PKG.vhd"));
+    graph.File("top")->AddDependency(stub);
+    EXPECT_EQ(graph.Order(), "base PKG top ");
+    EXPECT_EQ(graph.Order(), "base PKG top ") << "again";
+    graph.File("top")->RemoveDependency(stub);
+    EXPECT_EQ(graph.Order(), "top base pkg ");
+}
+
+TEST(CompileOrder, OfSourcesThatWereReadListsTheFirstOfTwoObjectsOfANameOutsideTheGroup) {
+    ReadGraph graph("a b", "a:x");
+    THdlSourceFile* other = graph.Made.Make(graph.Folder.Path("X.vhd"));
+    graph.File("b")->AddDependency(other);
+    other->AddDependency(graph.File("y"));
+    EXPECT_EQ(graph.Order(), "x a y b ");
+}
+
+TEST(CompileOrder, FindsEverySourceThatWasReadByItsName) {
+    std::string listed;
+    for (int i = 0; i < 20; ++i) listed += "f" + std::to_string(i) + " ";
+    for (const std::string& some : {std::string("f0 f1 f2 "), listed}) {
+        ReadGraph graph(some, "f0:f2");
+        graph.Order();
+        const TIHdlSourceFileList& ordered = *graph.Build.GetFilesToCompile(LANGUAGE_VHDL);
+        EXPECT_EQ(NamesOf(ordered).substr(0, 21), "f2.vhd f0.vhd f1.vhd ");
+        for (const IHdlSourceFile* source : ordered) {
+            std::string name = source->GetFileName()->Canonical(false);
+            name.replace(name.size() - 3, 3, "VHD");
+            EXPECT_EQ(ordered.GetSourceFile(Handle(name)), source) << name;
+        }
+        EXPECT_EQ(ordered.GetSourceFile(Handle(graph.Folder.Path("g.vhd"))), nullptr);
+        TIHdlSourceFileList copy(ordered);
+        EXPECT_FALSE(copy.AddSourceFile(graph.File("f2"), false));
+        EXPECT_TRUE(copy.RemoveSourceFile(graph.File("f2")));
+        EXPECT_TRUE(copy.AddSourceFile(graph.File("f2"), false));
+        EXPECT_EQ(copy.size(), ordered.size());
+    }
+}
+
+TEST(CompileOrder, SeesThatASourceThatWasReadWasGivenAnotherName) {
+    ReadGraph graph("a b c", "a:c");
+    auto* b = dynamic_cast<THdlSourceFile*>(graph.File("b"));
+    *b = THdlSourceFile(graph.File("c")->GetFileName());
+    EXPECT_EQ(graph.Order(), "c a ") << "the second of two of one name";
+}
+
+/// The order that plain recursion gives.
+void AddRecursively(IHdlSourceFile* file, std::set<IHdlSourceFile*>* met, std::string* order) {
+    if (!met->insert(file).second) return;
+    for (IHdlSourceFile* dependency : *file->GetDependencyList())
+        AddRecursively(dependency, met, order);
+    const std::string name = NameOf(file);
+    *order += name.substr(0, name.find('.')) + " ";
+}
+
+TEST(CompileOrder, IsThatOfPlainRecursionForRandomGraphs) {
+    std::mt19937 random(5);
+    for (int round = 0; round < 60; ++round) {
+        std::string listed;
+        std::string edges;
+        const auto count = static_cast<int>(2 + random() % 30);
+        const int outside = round % 2 == 0 ? 0 : 4;
+        const auto name = [&] {
+            return "n" + std::to_string(static_cast<int>(random() % 64) % (count + outside));
+        };
+        for (int i = 0; i < count; ++i) listed += "n" + std::to_string(i) + " ";
+        for (int i = 0; i < 3 * count; ++i) edges += name() + ":" + name() + " ";
+        ReadGraph graph(listed, edges);
+        std::set<IHdlSourceFile*> met;
+        std::string expected;
+        for (IHdlSourceFile* source : *graph.Build.GetSourceFileGroup(LANGUAGE_VHDL))
+            AddRecursively(source, &met, &expected);
+        ASSERT_EQ(graph.Order(), expected) << edges;
+        ASSERT_EQ(Graph(listed, edges).Order(), expected) << edges;
+    }
 }
 
 TEST(CompileOrder, VisitsTheFilesOfManyLayersOnceEach) {

@@ -207,6 +207,38 @@ TEST(IHdlSourceFileListEntries, AreNotTouchedBySearchingAndDestroying) {
     list.reset();
 }
 
+TEST(IHdlSourceFileListOfManyEntries, IsTheSameForFewAndForMany) {
+    // Few names are compared one by one, more are looked up.
+    for (const std::size_t count : {1U, 2U, 7U, 8U, 9U, 10U, 30U}) {
+        SCOPED_TRACE(count);
+        Sources made;
+        TIHdlSourceFileList list;
+        std::vector<THdlSourceFile*> files;
+        for (std::size_t i = 0; i < count; ++i) {
+            files.push_back(made.Make("/p/f" + std::to_string(i) + ".vhd"));
+            ASSERT_TRUE(list.AddSourceFile(files.back(), false));
+        }
+        for (std::size_t i = 0; i < count; ++i) {
+            const std::string name = "/p/F" + std::to_string(i) + ".vhd";
+            ASSERT_EQ(list.GetSourceFile(Handle(name)), files[i]);
+            ASSERT_FALSE(list.AddSourceFile(made.Make(name), false));
+        }
+        EXPECT_EQ(list.GetSourceFile(Handle("/p/g.vhd")), nullptr);
+        const TIHdlSourceFileList copy(list);
+        EXPECT_TRUE(list.RemoveSourceFile(files[0]));
+        EXPECT_EQ(list.GetSourceFile(Handle("/p/f0.vhd")), nullptr);
+        EXPECT_TRUE(list.AddSourceFile(files[0], true));
+        EXPECT_EQ(NamesOf(list), NamesOf(copy)) << "at the head again";
+        EXPECT_EQ(*--list.end(), files.back());
+        EXPECT_EQ(std::distance(list.begin(), list.end()), static_cast<std::ptrdiff_t>(count));
+        list.Flush();
+        EXPECT_TRUE(list.empty());
+        EXPECT_EQ(list.GetSourceFile(Handle("/p/f0.vhd")), nullptr);
+        EXPECT_EQ(copy.size(), count);
+        EXPECT_EQ(copy.GetSourceFile(Handle("/p/f0.vhd")), files[0]);
+    }
+}
+
 TEST(IHdlSourceFileListOfManyEntries, ManySourcesAreAddedFoundAndRemoved) {
     Sources made;
     TIHdlSourceFileList list;

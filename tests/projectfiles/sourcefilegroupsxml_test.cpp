@@ -5,6 +5,7 @@
 #include "tests/support/elementtext.h"
 #include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -164,6 +165,81 @@ TEST_F(SourceFileGroupsFiles, ThatAreMissingAreToldOnceAndKept) {
     EXPECT_EQ(Box.Take(), Missing("x.vhd") + Missing("z.vhd"));
     EXPECT_TRUE(Build.Groups.GetFilesMissing());
     EXPECT_EQ(GroupsOf(Build.Groups), "Verilog: x.vhd(y.vhd )\nVHDL: x.vhd(y.vhd ) z.vhd\n");
+}
+
+/// Changes the build while its user is told of a missing file.
+class MeddlingMessageBox : public RecordingMessageBox {
+public:
+    explicit MeddlingMessageBox(std::function<void()> change) : Change(std::move(change)) {}
+    void ShowMessage(const char*, const char*, int) override { Change(); }
+
+private:
+    std::function<void()> Change;
+};
+
+TEST_F(SourceFileGroupsFiles, KnowWhatWasAddedWhileTheyAreRead) {
+    Sources made;
+    THdlSourceFile* listed = made.Make(Folder.Path("listed.vhd"));
+    THdlSourceFile* dependency = made.Make(Folder.Path("dependency.vhd"));
+    listed->AddDependency(dependency);
+    const MeddlingMessageBox box([&] { Build.Groups.AddSourceFile(listed, false); });
+    Read(
+        "START SourceFileGroup Language=VHDL\n"
+        "START SourceFile\nTEXT gone.vhd\n"
+        "START Dependency\nTEXT dependency.vhd\nEND Dependency\n"
+        "START Dependency\nTEXT listed.vhd\nEND Dependency\n"
+        "START Dependency\nTEXT other.vhd\nEND Dependency\nEND SourceFile\n"
+        "START SourceFile\nTEXT other.vhd\nEND SourceFile\nEND SourceFileGroup\n");
+    EXPECT_EQ(GroupsOf(Build.Groups),
+              "VHDL: listed.vhd(dependency.vhd ) "
+              "gone.vhd(dependency.vhd listed.vhd other.vhd ) other.vhd\n");
+    const IHdlSourceFile* gone = Build.Groups.GetSourceFile(Handle(Folder.Path("gone.vhd")));
+    EXPECT_EQ(gone->GetDependency(dependency->GetFileName()), dependency);
+    EXPECT_EQ(gone->GetDependency(listed->GetFileName()), listed);
+    EXPECT_EQ(gone->GetDependency(Handle(Folder.Path("other.vhd"))),
+              Build.Groups.GetSourceFile(Handle(Folder.Path("other.vhd"))));
+}
+
+/// Lists a source of its own when it is asked for one.
+class MeddlingBuild : public FakeBuild {
+public:
+    using FakeBuild::FakeBuild;
+    IHdlSourceFile* CreateOrGetSourceFile(const char* fileName) override {
+        if (fileName == std::string("dependency.vhd")) Groups.AddSourceFile(&Listed, false);
+        return FakeBuild::CreateOrGetSourceFile(fileName);
+    }
+    THdlSourceFile Listed{"/p/listed.vhd"};
+};
+
+TEST(SourceFileGroupsRead, KnowsWhatTheBuildListsMeanwhile) {
+    const RecordingMessageBox box;
+    MeddlingBuild build("/p");
+    THdlSourceFile dependency("/p/dependency.vhd");
+    build.Listed.AddDependency(&dependency);
+    TXMLList xml;
+    PushElements(&xml,
+                 "START SourceFileGroup Language=VHDL\nSTART SourceFile\nTEXT a.vhd\n"
+                 "START Dependency\nTEXT dependency.vhd\nEND Dependency\nEND SourceFile\n"
+                 "END SourceFileGroup\n");
+    DListIterator<TElement*> position(xml);
+    EXPECT_TRUE(build.Groups.ReadSourceFileGroups(position));
+    const IHdlSourceFile* read = build.Groups.GetSourceFile(Handle("/p/a.vhd"));
+    EXPECT_EQ(read->GetDependency(dependency.GetFileName()), &dependency);
+    build.Groups.Flush();
+}
+
+TEST_F(SourceFileGroupsFiles, KnowWhatWasThereBeforeTheyAreRead) {
+    Sources made;
+    THdlSourceFile* listed = made.Make(Folder.Path("a.vhd"));
+    THdlSourceFile* dependency = made.Make(Folder.Path("dependency.vhd"));
+    listed->AddDependency(dependency);
+    Build.Groups.AddSourceFile(listed, false);
+    Read(
+        "START SourceFileGroup Language=VHDL\nSTART SourceFile\nTEXT b.vhd\n"
+        "START Dependency\nTEXT dependency.vhd\nEND Dependency\nEND SourceFile\n"
+        "END SourceFileGroup\n");
+    const IHdlSourceFile* read = Build.Groups.GetSourceFile(Handle(Folder.Path("b.vhd")));
+    EXPECT_EQ(read->GetDependency(dependency->GetFileName()), dependency);
 }
 
 TEST_F(SourceFileGroupsFiles, AreToldAgainByTheNextReadWhichClearsTheFlagFirst) {

@@ -84,13 +84,16 @@ TEST(Rules, ConsultOneEnvironmentVariableByName) {
               "services/files/process_windows.cpp: GetEnvironmentVariableW\n");
 }
 
-// Besides the log's: the pool that all lists share, and the count of what is left in a block.
+// Besides the log's: the pool that all lists share, the count of what is left in a block, the file
+// names and their times, and the number of orders.
 TEST(Rules, HaveNoThreadsAndLockWhatAllShare) {
     EXPECT_EQ(MatchesInLibrary(std::regex(
                   "#include <(thread|future|mutex|shared_mutex|condition_variable|latch|"
                   "semaphore|barrier|stop_token|atomic|pthread\\.h|threads\\.h)>|"
                   "\\b(pthread_\\w+|CreateThread\\w*|_beginthread\\w*|std::(j?thread|async|"
                   "mutex|recursive_mutex|condition_variable|call_once|atomic))\\b")),
+              "buildfile/compileorder.cpp: #include <atomic>\n"
+              "buildfile/compileorder.cpp: std::atomic\n"
               "services/base/countedblock.h: #include <atomic>\n"
               "services/base/countedblock.h: std::atomic\n"
               "services/base/dlist.cpp: #include <mutex>\n"
@@ -98,7 +101,11 @@ TEST(Rules, HaveNoThreadsAndLockWhatAllShare) {
               "services/logging/binarylog.h: #include <atomic>\n"
               "services/logging/binarylog.h: #include <mutex>\n"
               "services/logging/binarylog.h: std::atomic\n"
-              "services/logging/binarylog.h: std::mutex\n");
+              "services/logging/binarylog.h: std::mutex\n"
+              "services/names/isfilename.cpp: #include <mutex>\n"
+              "services/names/isfilename.cpp: std::mutex\n"
+              "services/names/timestamps.cpp: #include <mutex>\n"
+              "services/names/timestamps.cpp: std::mutex\n");
 }
 
 // But for memory that runs out: the language has the allocator ask a handler that may throw.

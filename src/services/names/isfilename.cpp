@@ -3,52 +3,33 @@
 #include "services/logging/binarylog.h"
 #include "services/names/filenamequeries.h"
 #include "services/names/timestamps.h"
-#include <functional>
-#include <memory_resource>
+#include <algorithm>
+#include <array>
+#include <mutex>
 #include <new>
 #include <typeinfo>
+#include <utility>
 #include <vector>
 
 namespace {
-
-/// Where handles and their texts live; nothing in it is ever freed.
-std::pmr::memory_resource& HandleStore() {
-    static auto& store = *new std::pmr::monotonic_buffer_resource;
-    return store;
-}
-
-/// `text` with a zero after it, for the life of the process.
-std::string_view StoredText(std::string_view text) {
-    char* const copy = static_cast<char*>(HandleStore().allocate(text.size() + 1, 1));
-    text.copy(copy, text.size());
-    copy[text.size()] = '\0';
-    return {copy, text.size()};
-}
-
-bool IsFolded(std::string_view text) {
-    for (const char c : text)
-        if (FoldChar(c) != c) return false;
-    return true;
-}
 
 /// The handle behind NewISFileName. Many callers share it, so that what would change it does
 /// nothing.
 class TSharedFileName final : public TFileNameQueries<ISFileName> {
 public:
-    explicit TSharedFileName(std::string_view storedText) { SetText(storedText); }
+    /// `storedText` lives as long as the process; `first` is the handle that was the first one of
+    /// all that differ in letter case alone, null for this one.
+    TSharedFileName(std::string_view storedText, const TSharedFileName* first)
+        : First(first ? first : this) {
+        SetText(storedText);
+    }
 
     std::string_view GetText() const { return View(); }
-    TFileIdentity GetIdentity() const {
-        if (!Folded) {
-            Folded = IsFolded(View()) ? View().data() : StoredText(FoldCase(View())).data();
-            Hash = HashIgnoringCase(View());
-        }
-        return {View(), {Folded, View().size()}, Hash};
-    }
+    const TSharedFileName* GetFirst() const { return First; }
     bool MarkLoaded(const char* key) const {
         if (IsBlank()) return false;
         const TFileStatus status = Look();
-        RecordLoaded(GetStampedFile(), KeyText(key), status);
+        GetStamps().Record(TFileStamps::LOADED, KeyText(key), status);
         TellObservers();
         return status.Exists;
     }
@@ -72,7 +53,7 @@ public:
     unsigned long GetFileModificationTime(unsigned long* out) const override;
     bool CompareModificationTimeTo(unsigned long low, unsigned long high) const override;
     bool IsEquivalent(const ISFileName& other) const override {
-        return GetIdentity() == GetFileIdentity(&other);
+        return TFileIdentity(First) == GetFileIdentity(&other);
     }
     const ISFileName* GetFileName() const override { return this; }
 
@@ -83,11 +64,8 @@ private:
         return recorded ? !(Look() == *recorded) : whenUnknown;
     }
     /// Where case makes no difference, all spellings share one record.
-    TStampedFile GetStampedFile() const {
-        const TFileIdentity identity = GetIdentity();
-        return {kPathsIgnoreCase ? identity.Folded : identity.Canonical, identity.Hash};
-    }
-    static std::string_view KeyText(const char* key) { return key ? key : ""; }
+    TFileStamps& GetStamps() const { return kPathsIgnoreCase ? First->Stamps : Stamps; }
+    static const char* KeyText(const char* key) { return key ? key : ""; }
     void TellObservers() const {
         if (!HasObservers()) return;
         TNotifyOneArg<ASFileNameObserver, const ISFileName*> changed(
@@ -95,39 +73,38 @@ private:
         ForEach(changed);
     }
 
-    mutable const char* Folded = nullptr;  // null until somebody asks
-    mutable std::size_t Hash = 0;
+    const TSharedFileName* First;
+    mutable TFileStamps Stamps;
 };
 
 void TSharedFileName::SetDateAndTimeFlag(const char* key) const {
     if (IsBlank()) return;
     const TFileStatus status = Look();
-    RecordLoaded(GetStampedFile(), KeyText(key), status);
-    RecordCompiled(GetStampedFile(), KeyText(key), status);
+    GetStamps().Record(TFileStamps::LOADED, KeyText(key), status);
+    GetStamps().Record(TFileStamps::COMPILED, KeyText(key), status);
     TellObservers();
 }
 
 void TSharedFileName::UpdateTimeFileLastCompiled(const char* key) const {
     if (IsBlank()) return;
-    RecordCompiled(GetStampedFile(), KeyText(key), Look());
+    GetStamps().Record(TFileStamps::COMPILED, KeyText(key), Look());
     TellObservers();
 }
 
 bool TSharedFileName::IsFileModifiedSinceLastLoaded(const char* key, bool whenUnknown) const {
     if (IsBlank()) return false;
-    const TTimeStamps* stamps = FindTimeStamps(GetStampedFile(), KeyText(key));
-    return DiffersFrom(stamps ? stamps->Loaded : std::nullopt, whenUnknown);
+    return DiffersFrom(GetStamps().Find(TFileStamps::LOADED, KeyText(key)), whenUnknown);
 }
 
 bool TSharedFileName::IsFileModifiedSinceLastCompiled(const char* key, bool whenUnknown) const {
     if (IsBlank()) return false;
-    const TTimeStamps* stamps = FindTimeStamps(GetStampedFile(), KeyText(key));
-    if (!stamps) return whenUnknown;
-    return DiffersFrom(stamps->Compiled ? stamps->Compiled : stamps->Loaded, whenUnknown);
+    const auto compiled = GetStamps().Find(TFileStamps::COMPILED, KeyText(key));
+    if (compiled) return DiffersFrom(compiled, whenUnknown);
+    return IsFileModifiedSinceLastLoaded(key, whenUnknown);
 }
 
 unsigned long TSharedFileName::GetLastCompiledTimestamp(unsigned long* out) const {
-    const TFileStatus* compiled = FindLastCompiled(GetStampedFile());
+    const auto compiled = GetStamps().FindLastCompiled();
     const unsigned long time = compiled ? TimeWordOf(*compiled) : 0;
     if (out) *out = time;
     return time;
@@ -148,22 +125,42 @@ bool TSharedFileName::CompareModificationTimeTo(unsigned long low, unsigned long
     return !IsBlank() && high == 0 && TimeWordOf(Look()) == low;
 }
 
-/// All handles by their canonical texts: an open-addressing table, because builds name files by the
-/// million.
+/// Where handles and their texts lie, in the order in which a thread made them; nothing in it is
+/// ever freed.
+void* AllocateForever(std::size_t size) {
+    constexpr std::size_t kFirstBlock = 4 * 1024;
+    constexpr std::size_t kLargestBlock = 64 * 1024;
+    thread_local std::byte* begin = nullptr;
+    thread_local std::size_t left = 0;
+    thread_local std::size_t block = kFirstBlock;
+    size =
+        (size + alignof(TSharedFileName) - 1) / alignof(TSharedFileName) * alignof(TSharedFileName);
+    if (size > kLargestBlock / 4) return ::operator new(size);
+    if (size > left) {
+        begin = static_cast<std::byte*>(::operator new(block));
+        left = block;
+        block = std::min(2 * block, kLargestBlock);
+    }
+    left -= size;
+    return std::exchange(begin, begin + size);
+}
+
+/// A part of all handles, those whose texts have certain hashes: an open-addressing table, because
+/// builds name files by the million. Texts that differ in letter case alone have one hash.
 class THandleTable {
 public:
-    const TSharedFileName* Find(std::string_view text) const {
-        return Slots[FindSlot(text, HashOf(text))].Handle;
+    /// Null when there is none yet.
+    const TSharedFileName* Find(std::string_view text, std::size_t hash) {
+        const std::lock_guard guard(Lock);
+        return Slots[FindSlot(text, hash)].Handle;
     }
-    const TSharedFileName* FindOrMake(std::string_view text) {
-        const std::size_t hash = HashOf(text);
+    const TSharedFileName* FindOrMake(std::string_view text, std::size_t hash) {
+        const std::lock_guard guard(Lock);
         TSlot& slot = Slots[FindSlot(text, hash)];
         if (slot.Handle) return slot.Handle;
-        void* const place =
-            HandleStore().allocate(sizeof(TSharedFileName), alignof(TSharedFileName));
-        const TSharedFileName* const handle = new (place) TSharedFileName(StoredText(text));
+        const auto* const handle = MakeHandle(text, FindFirst(text, hash));
         slot = {hash, handle};
-        if (++Count * 2 > Slots.size()) Grow();
+        if (++Count * 4 > Slots.size() * 3) Grow();
         return handle;
     }
 
@@ -173,13 +170,29 @@ private:
         const TSharedFileName* Handle = nullptr;
     };
 
-    static std::size_t HashOf(std::string_view text) { return std::hash<std::string_view>()(text); }
+    // The number of slots is a power of two, and a quarter of them are free. The lowest bits of the
+    // hash tell the table.
+    std::size_t FirstSlot(std::size_t hash) const { return hash / 16 & (Slots.size() - 1); }
+    std::size_t After(std::size_t slot) const { return (slot + 1) & (Slots.size() - 1); }
     std::size_t FindSlot(std::string_view text, std::size_t hash) const {
-        // The number of slots is a power of two, and at least half of them are free.
-        std::size_t i = hash & (Slots.size() - 1);
+        std::size_t i = FirstSlot(hash);
         while (Slots[i].Handle && !(Slots[i].Hash == hash && Slots[i].Handle->GetText() == text))
-            i = (i + 1) & (Slots.size() - 1);
+            i = After(i);
         return i;
+    }
+    const TSharedFileName* FindFirst(std::string_view text, std::size_t hash) const {
+        for (std::size_t i = FirstSlot(hash); Slots[i].Handle; i = After(i))
+            if (Slots[i].Hash == hash && EqualIgnoringCase(Slots[i].Handle->GetText(), text))
+                return Slots[i].Handle->GetFirst();
+        return nullptr;
+    }
+    /// With its text behind it, and a zero behind that.
+    static const TSharedFileName* MakeHandle(std::string_view text, const TSharedFileName* first) {
+        void* const place = AllocateForever(sizeof(TSharedFileName) + text.size() + 1);
+        char* const copy = static_cast<char*>(place) + sizeof(TSharedFileName);
+        text.copy(copy, text.size());
+        copy[text.size()] = '\0';
+        return new (place) TSharedFileName({copy, text.size()}, first);
     }
     void Grow() {
         std::vector<TSlot> former(Slots.size() * 2);
@@ -188,30 +201,50 @@ private:
             if (slot.Handle) Slots[FindSlot(slot.Handle->GetText(), slot.Hash)] = slot;
     }
 
-    std::vector<TSlot> Slots = std::vector<TSlot>(1024);
+    std::mutex Lock;
+    std::vector<TSlot> Slots = std::vector<TSlot>(64);
     std::size_t Count = 0;
 };
 
+/// Several tables, so that threads seldom wait for each other.
+THandleTable& TableOf(std::size_t hash) {
+    // Never destroyed: handles live until the process ends.
+    static auto& tables = *new std::array<THandleTable, 16>;
+    return tables[hash % tables.size()];
+}
+
+bool IsShared(const ISFileName& file) {
+    // Much cheaper than a dynamic_cast, for a class that nobody derives from.
+    return typeid(file) == typeid(TSharedFileName);
+}
+
 /// The shared handle behind `file`. Null when there is none or when it is of a caller's own class.
 const TSharedFileName* SharedHandleOf(const ISFileName* file) {
-    const ISFileName* const handle = GetInnermostHandle(file);
-    // Much cheaper than a dynamic_cast, for a class that nobody derives from.
-    const bool isShared = handle && typeid(*handle) == typeid(TSharedFileName);
-    return isShared ? static_cast<const TSharedFileName*>(handle) : nullptr;
+    if (!file || !IsShared(*file)) file = GetInnermostHandle(file);
+    return file && IsShared(*file) ? static_cast<const TSharedFileName*>(file) : nullptr;
+}
+
+std::string CanonicalTextOf(const ISFileName* file) {
+    if (const TSharedFileName* handle = SharedHandleOf(file)) return std::string(handle->GetText());
+    return file ? file->Canonical(false) : "";
 }
 
 }  // namespace
 
 const ISFileName* ISFileName::NewISFileName(const char* name) {
-    // Never destroyed: handles live until the process ends.
-    static THandleTable& handles = *new THandleTable;
     const std::string_view text = name ? name : "";
+    const std::size_t hash = HashIgnoringCase(text);
     // Most names come in canonical form, which needs no second look at the text.
-    if (const TSharedFileName* handle = handles.Find(text)) return handle;
-    return handles.FindOrMake(CanonicalPath(text));
+    if (const TSharedFileName* handle = TableOf(hash).Find(text, hash)) return handle;
+    return NewHandleOfCanonicalPath(CanonicalPath(text));
 }
 
 const ISFileName* const ISFileName::BlankFileName = ISFileName::NewISFileName("");
+
+const ISFileName* NewHandleOfCanonicalPath(std::string_view path) {
+    const std::size_t hash = HashIgnoringCase(path);
+    return TableOf(hash).FindOrMake(path, hash);
+}
 
 const ISFileName* GetInnermostHandle(const ISFileName* file) {
     // A handle gives itself, a tracked name what it wraps.
@@ -224,17 +257,26 @@ const ISFileName* GetInnermostHandle(const ISFileName* file) {
 }
 
 TFileIdentity GetFileIdentity(const ISFileName* file) {
-    if (const TSharedFileName* handle = SharedHandleOf(file)) return handle->GetIdentity();
+    if (const TSharedFileName* handle = SharedHandleOf(file))
+        return TFileIdentity(handle->GetFirst());
     const char* const text = file ? file->Canonical(false) : "";
-    return SharedHandleOf(ISFileName::NewISFileName(text))->GetIdentity();
+    return TFileIdentity(SharedHandleOf(ISFileName::NewISFileName(text))->GetFirst());
+}
+
+bool IsSharedHandle(const ISFileName* file) {
+    return file && IsShared(*file);
+}
+
+std::string_view GetSharedText(const ISFileName* sharedHandle) {
+    return static_cast<const TSharedFileName*>(sharedHandle)->GetText();
 }
 
 void ReportNamesake(const ISFileName* listed, const ISFileName* file) {
     // Where case makes no difference, two spellings are one file.
     if (kPathsIgnoreCase || listed == file || !__BinaryLogDiagnosticGroupDefault.IsEnabled(1))
         return;
-    const std::string kept(GetFileIdentity(listed).Canonical);
-    const std::string other(GetFileIdentity(file).Canonical);
+    const std::string kept = CanonicalTextOf(listed);
+    const std::string other = CanonicalTextOf(file);
     if (kept == other || !LookAtFile(kept).Exists || !LookAtFile(other).Exists) return;
     LogDiagnostic(TBinaryLogMessageTwoArgs("[Default] File \"%1%\" is taken for \"%2%\"",
                                            other.c_str(), kept.c_str()));

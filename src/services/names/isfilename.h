@@ -2,6 +2,7 @@
 #include "services/base/observer.h"
 #include "services/names/ifilename.h"
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 class ISFileName;
@@ -61,20 +62,36 @@ public:
 /// The handle at the bottom of `file`, which may be a tracked name around others; null without one.
 const ISFileName* GetInnermostHandle(const ISFileName* file);
 
-/// A file's identity, computed once for a handle.
-struct TFileIdentity {
-    std::string_view Canonical;
-    std::string_view Folded;  ///< Canonical as compared without regard to case
-    std::size_t Hash;         ///< of Folded
+/// Which file a name means, whatever its letter case: one word, equal for names of one file.
+class TFileIdentity {
+public:
+    /// No file, equal to no file's.
+    TFileIdentity() = default;
+    explicit TFileIdentity(const ISFileName* first) : First(first) {}
 
-    bool operator==(const TFileIdentity& other) const {
-        return Hash == other.Hash && Folded == other.Folded;
+    bool operator==(const TFileIdentity&) const = default;
+    bool IsNone() const { return !First; }
+    /// The handle that it was made of.
+    const ISFileName* GetFile() const { return First; }
+    std::size_t GetHash() const {
+        // Handles lie side by side: what differs has to reach the lowest bits.
+        const std::uint64_t word = reinterpret_cast<std::uintptr_t>(First) * 0x9E3779B97F4A7C15U;
+        return static_cast<std::size_t>(word >> 32);
     }
+
+private:
+    const ISFileName* First = nullptr;  // of all handles that differ in letter case alone
 };
 
-/// The identity of `file`, which lives as long as the handle; of the blank name for null and for a
-/// tracked name without handle.
+/// The identity of `file`; of the blank name for null and for a tracked name without handle.
 TFileIdentity GetFileIdentity(const ISFileName* file);
+
+/// Whether `file` is a handle that NewISFileName made: its text never changes.
+bool IsSharedHandle(const ISFileName* file);
+/// The text of such a handle, which lives as long as the process and has a zero behind it.
+std::string_view GetSharedText(const ISFileName* sharedHandle);
+/// NewISFileName for a path that is canonical.
+const ISFileName* NewHandleOfCanonicalPath(std::string_view path);
 
 /// To be called when `file` is taken for `listed`, whose identity it has: writes a diagnostic line
 /// when they are two files, known by letter case alone. The disk is only looked at when the

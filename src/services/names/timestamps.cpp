@@ -1,53 +1,71 @@
 #include "services/names/timestamps.h"
 #include "services/files/pathpieces.h"
-#include <unordered_map>
+#include <array>
+#include <cstring>
+#include <functional>
+#include <mutex>
+
+/// Small, as every file of a build has one: what TFileStatus compares, and no more.
+struct TFileStamps::TStamp {
+    TStamp* Next;
+    const char* Key;  // one text per distinct key; null: whatever key
+    std::int64_t Time;
+    std::int64_t Size;
+    bool Exists;
+    TKind Kind;
+
+    TFileStatus GetStatus() const {
+        TFileStatus status;
+        status.Exists = Exists;
+        status.Time = Time;
+        status.Size = Size;
+        return status;
+    }
+};
 
 namespace {
 
-/// A file and a key, which is one text per distinct key; null means all keys together.
-struct TRecordName {
-    TStampedFile File;
-    const char* Key;
-
-    bool operator==(const TRecordName& other) const {
-        return Key == other.Key && File.Text == other.File.Text;
-    }
-};
-
-struct THashOfRecordName {
-    std::size_t operator()(const TRecordName& name) const {
-        return name.File.Hash ^ std::hash<const char*>()(name.Key);
-    }
-};
-
-using TRecords = std::unordered_map<TRecordName, TTimeStamps, THashOfRecordName>;
-
-TRecords& Records() {
-    static TRecords& records = *new TRecords;
-    return records;
+bool IsSameKey(const char* a, const char* b) {
+    return a == b || (a && b && std::strcmp(a, b) == 0);
 }
 
-const TTimeStamps* Find(const TRecordName& name) {
-    const auto record = Records().find(name);
-    return record == Records().end() ? nullptr : &record->second;
+// A lock for each file would cost more memory than what it guards.
+std::mutex& LockOf(const TFileStamps* stamps) {
+    static auto& locks = *new std::array<std::mutex, 16>;
+    // The lowest bits are the same for all.
+    return locks[(std::hash<const void*>()(stamps) >> 6) % locks.size()];
 }
 
 }  // namespace
 
-const TTimeStamps* FindTimeStamps(const TStampedFile& file, std::string_view key) {
-    return Find({file, KeptPathText(key)});
+std::optional<TFileStatus> TFileStamps::Find(TKind kind, const char* key) const {
+    const std::lock_guard guard(LockOf(this));
+    const TStamp* stamp = FindStamp(kind, key);
+    return stamp ? std::optional(stamp->GetStatus()) : std::nullopt;
 }
 
-void RecordLoaded(const TStampedFile& file, std::string_view key, const TFileStatus& status) {
-    Records()[{file, KeptPathText(key)}].Loaded = status;
+std::optional<TFileStatus> TFileStamps::FindLastCompiled() const {
+    return Find(COMPILED, nullptr);
 }
 
-void RecordCompiled(const TStampedFile& file, std::string_view key, const TFileStatus& status) {
-    Records()[{file, KeptPathText(key)}].Compiled = status;
-    Records()[{file, nullptr}].Compiled = status;
+void TFileStamps::Record(TKind kind, const char* key, const TFileStatus& status) {
+    const std::lock_guard guard(LockOf(this));
+    Set(kind, key, status);
+    if (kind == COMPILED) Set(kind, nullptr, status);
 }
 
-const TFileStatus* FindLastCompiled(const TStampedFile& file) {
-    const TTimeStamps* stamps = Find({file, nullptr});
-    return stamps ? &*stamps->Compiled : nullptr;
+TFileStamps::TStamp* TFileStamps::FindStamp(TKind kind, const char* key) const {
+    for (TStamp* stamp = First; stamp; stamp = stamp->Next)
+        if (stamp->Kind == kind && IsSameKey(stamp->Key, key)) return stamp;
+    return nullptr;
+}
+
+void TFileStamps::Set(TKind kind, const char* key, const TFileStatus& status) {
+    TStamp* stamp = FindStamp(kind, key);
+    if (!stamp) {
+        stamp = First = new TStamp{First, key ? KeptPathText(key) : nullptr, 0, 0, false, kind};
+    }
+    stamp->Time = status.Time;
+    stamp->Size = status.Size;
+    stamp->Exists = status.Exists;
 }

@@ -1,25 +1,29 @@
 #pragma once
 #include "services/files/filestatus.h"
-#include <cstddef>
 #include <optional>
-#include <string_view>
 
-/// The times of one file under one key. Full resolution and the size beside it show an edit within
-/// the same second.
-struct TTimeStamps {
-    std::optional<TFileStatus> Loaded;
-    std::optional<TFileStatus> Compiled;
+/// The times recorded for one file. Full resolution and the size beside it show an edit within the
+/// same second. What was recorded stays until the process ends.
+///
+/// Any thread may ask and record.
+class TFileStamps {
+public:
+    enum TKind : unsigned char { LOADED, COMPILED };
+
+    TFileStamps() = default;
+    TFileStamps(const TFileStamps&) = delete;
+    TFileStamps& operator=(const TFileStamps&) = delete;
+
+    /// What was recorded last under `key`, not null; nothing without a record.
+    std::optional<TFileStatus> Find(TKind kind, const char* key) const;
+    /// What was recorded last as compiled, under whatever key.
+    std::optional<TFileStatus> FindLastCompiled() const;
+    void Record(TKind kind, const char* key, const TFileStatus& status);
+
+private:
+    struct TStamp;
+    TStamp* FindStamp(TKind kind, const char* key) const;
+    void Set(TKind kind, const char* key, const TFileStatus& status);
+
+    TStamp* First = nullptr;
 };
-
-/// A file whose stamps are kept: a text that lives as long as the process, and its hash.
-struct TStampedFile {
-    std::string_view Text;
-    std::size_t Hash;
-};
-
-/// Null without a record; valid for the life of the process.
-const TTimeStamps* FindTimeStamps(const TStampedFile& file, std::string_view key);
-void RecordLoaded(const TStampedFile& file, std::string_view key, const TFileStatus& status);
-void RecordCompiled(const TStampedFile& file, std::string_view key, const TFileStatus& status);
-/// What was recorded last as compiled, under whatever key; null when nothing was.
-const TFileStatus* FindLastCompiled(const TStampedFile& file);

@@ -231,19 +231,41 @@ TEST(SFileName, IsIdentifiedWithoutRegardToCase) {
     EXPECT_FALSE(Handle("/\xC3\x89.v")->IsEquivalent(*Handle("/\xC3\xA9.v")));
 
     const TFileIdentity identity = GetFileIdentity(upper);
-    EXPECT_EQ(identity.Canonical, HostForm("/Ident/Fifo.vhd"));
-    EXPECT_EQ(identity.Folded, HostForm("/ident/fifo.vhd"));
-    EXPECT_EQ(identity.Hash, HashIgnoringCase(HostForm("/IDENT/FIFO.VHD")));
+    EXPECT_EQ(identity.GetFile(), upper) << "the first of these handles";
     EXPECT_TRUE(identity == GetFileIdentity(lower));
+    EXPECT_EQ(identity.GetHash(), GetFileIdentity(lower).GetHash());
     EXPECT_FALSE(identity == GetFileIdentity(other));
+    EXPECT_FALSE(identity.IsNone());
+    EXPECT_TRUE(TFileIdentity().IsNone());
+    EXPECT_FALSE(TFileIdentity() == GetFileIdentity(nullptr));
 }
 
-TEST(SFileName, SharesTheFoldedTextWithTheCanonicalOneWhenEqual) {
-    const TFileIdentity identity = GetFileIdentity(Handle("/share/fifo.vhd"));
-    EXPECT_EQ(identity.Folded.data(), identity.Canonical.data());
-    EXPECT_EQ(identity.Canonical.data(), Handle("/share/fifo.vhd")->Canonical(false));
-    EXPECT_EQ(GetFileIdentity(Handle("/share/Fifo.vhd")).Folded.data(),
-              GetFileIdentity(Handle("/share/Fifo.vhd")).Folded.data());
+TEST(SFileName, ManySpellingsOfManyFilesKeepTheirHandles) {
+    // More than any table holds before it grows.
+    std::vector<const ISFileName*> lower;
+    std::vector<const ISFileName*> upper;
+    for (int i = 0; i < 5000; ++i) {
+        lower.push_back(Handle(("/many/file" + std::to_string(i) + ".v").c_str()));
+        upper.push_back(Handle(("/MANY/FILE" + std::to_string(i) + ".V").c_str()));
+    }
+    for (std::size_t i = 0; i < lower.size(); ++i) {
+        const std::string number = std::to_string(i);
+        ASSERT_EQ(Handle(("/many/file" + number + ".v").c_str()), lower[i]);
+        ASSERT_EQ(Handle(("/MANY/FILE" + number + ".V").c_str()), upper[i]);
+        ASSERT_EQ(lower[i]->Canonical(false), HostForm(("/many/file" + number + ".v").c_str()));
+        ASSERT_EQ(GetFileIdentity(upper[i]).GetFile(), lower[i]);
+    }
+}
+
+TEST(SFileName, SharedHandlesAreToldFromOtherNames) {
+    const ISFileName* const handle = Handle("/shared/a.v");
+    const WrappingName wrapper(handle);
+    EXPECT_TRUE(IsSharedHandle(handle));
+    EXPECT_EQ(GetSharedText(handle), HostForm("/shared/a.v"));
+    EXPECT_EQ(GetSharedText(handle).data(), handle->Canonical(false));
+    EXPECT_EQ(NewHandleOfCanonicalPath(HostForm("/shared/a.v")), handle);
+    EXPECT_FALSE(IsSharedHandle(&wrapper));
+    EXPECT_FALSE(IsSharedHandle(nullptr));
 }
 
 TEST(FileIdentity, LooksThroughWrappers) {
@@ -251,10 +273,10 @@ TEST(FileIdentity, LooksThroughWrappers) {
     const WrappingName inner(handle);
     const WrappingName outer(&inner);
     EXPECT_TRUE(GetFileIdentity(&outer) == GetFileIdentity(handle));
-    EXPECT_EQ(GetFileIdentity(&outer).Canonical, HostForm("/p/Wrapped.v"));
-    EXPECT_EQ(GetFileIdentity(nullptr).Canonical, "");
+    EXPECT_EQ(GetFileIdentity(&outer).GetFile(), handle);
+    EXPECT_EQ(GetFileIdentity(nullptr).GetFile(), ISFileName::BlankFileName);
     const WrappingName nothing(nullptr);
-    EXPECT_EQ(GetFileIdentity(&nothing).Canonical, "");
+    EXPECT_EQ(GetFileIdentity(&nothing).GetFile(), ISFileName::BlankFileName);
     WrappingName own(WrappingName::kItself);
     own.Text = "/p/Wrapped.v";
     EXPECT_TRUE(GetFileIdentity(&own) == GetFileIdentity(handle));

@@ -264,12 +264,45 @@ TEST(MarkLoadedAndTestExists, RecordsAMissingFile) {
     EXPECT_FALSE(MarkLoadedAndTestExists(ISFileName::BlankFileName, "key"));
 }
 
-TEST(TimeStamps, KeepFilesOfOneHashApart) {
-    const TStampedFile one{"/one", 1};
-    const TStampedFile other{"/other", 1};
-    RecordLoaded(one, "key", {});
-    EXPECT_NE(FindTimeStamps(one, "key"), nullptr);
-    EXPECT_EQ(FindTimeStamps(other, "key"), nullptr);
+TEST(FileStamps, KeepKindsAndKeysApart) {
+    TFileStamps stamps;
+    const auto sizeOf = [&](TFileStamps::TKind kind, const char* key) {
+        const auto status = stamps.Find(kind, key);
+        return status ? status->Size : -1;
+    };
+    EXPECT_EQ(sizeOf(TFileStamps::LOADED, "a"), -1);
+    EXPECT_FALSE(stamps.FindLastCompiled());
+    TFileStatus status;
+    const auto record = [&](TFileStamps::TKind kind, const char* key, int size) {
+        status.Size = size;
+        stamps.Record(kind, key, status);
+    };
+    record(TFileStamps::LOADED, "a", 1);
+    EXPECT_FALSE(stamps.FindLastCompiled()) << "loaded is not compiled";
+    record(TFileStamps::COMPILED, "a", 2);
+    record(TFileStamps::COMPILED, "b", 3);
+    record(TFileStamps::LOADED, "b", 4);
+    EXPECT_EQ(stamps.FindLastCompiled()->Size, 3);
+    record(TFileStamps::COMPILED, std::string("a").c_str(), 5);
+    EXPECT_EQ(sizeOf(TFileStamps::LOADED, "a"), 1);
+    EXPECT_EQ(sizeOf(TFileStamps::COMPILED, std::string("a").c_str()), 5);
+    EXPECT_EQ(sizeOf(TFileStamps::COMPILED, "b"), 3);
+    EXPECT_EQ(sizeOf(TFileStamps::LOADED, "b"), 4);
+    EXPECT_EQ(sizeOf(TFileStamps::LOADED, "c"), -1);
+    EXPECT_EQ(stamps.FindLastCompiled()->Size, 5);
+}
+
+TEST(FileStamps, GiveBackWhatTellsAFileFromItsLaterSelf) {
+    TFileStamps stamps;
+    for (const bool exists : {true, false}) {
+        const TFileStatus status{exists, false, 7, 9};
+        stamps.Record(TFileStamps::LOADED, "key", status);
+        EXPECT_TRUE(*stamps.Find(TFileStamps::LOADED, "key") == status);
+        EXPECT_FALSE(*stamps.Find(TFileStamps::LOADED, "key") ==
+                     (TFileStatus{!exists, false, 7, 9}));
+        EXPECT_FALSE(*stamps.Find(TFileStamps::LOADED, "key") ==
+                     (TFileStatus{exists, false, 8, 9}));
+    }
 }
 
 }  // namespace

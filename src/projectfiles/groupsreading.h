@@ -1,0 +1,40 @@
+#pragma once
+#include "projectfiles/hdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
+#include "projectfiles/sourcenametable.h"
+
+/// What is known while the groups are read.
+///
+/// A read asks for each dependency whether the build has it. An index of all dependencies that is
+/// kept up to date with every change would cost more than the rest of the read; as long as nobody
+/// but the read changes a list, its own notes answer.
+class TGroupsReading {
+public:
+    explicit TGroupsReading(bool isBuildEmpty) : AreNotesComplete(isBuildEmpty) {}
+
+    /// Whether the notes tell what the build depends on under `name`: `*found`, null for nothing.
+    bool FindDependency(const ISFileName* name, IHdlSourceFile** found);
+
+    /// To be called before and after the read changes a list.
+    void Expect() { AreNotesComplete = AreNotesComplete && IsUnchanged(); }
+    void CatchUp();
+    /// `source` was read for `group`, which took it when `wasAdded`.
+    void NoteSource(const IHdlSourceFile* source, const TIHdlSourceFileList& group, bool wasAdded);
+    /// `dependency` was added to what the source last noted depends on.
+    void NoteDependency(IHdlSourceFile* dependency);
+
+    /// Whether the file is met for the first time; not for a source without a name.
+    bool IsNew(const IHdlSourceFile& source);
+
+private:
+    struct TNote {
+        IHdlSourceFile* Dependency = nullptr;
+        bool IsMet = false;
+    };
+    bool IsUnchanged() const;
+
+    TSourceNameTable<TNote> Notes;
+    bool AreNotesComplete;
+    unsigned long long ListChanges = TIHdlSourceFileList::GetListChangeCount();
+    unsigned long long NameChanges = THdlSourceFile::GetHandleChangeCount();
+};

@@ -1,0 +1,28 @@
+#pragma once
+#include <string>
+#include <string_view>
+
+/// A directory against which many names are taken: what most of them need is prepared once. The
+/// texts that it returns as views are valid until the next question.
+class TBaseDirectory {
+public:
+    /// No directory: paths stay as they are.
+    TBaseDirectory() = default;
+    /// `canonical` ends with a delimiter or is empty.
+    explicit TBaseDirectory(std::string_view canonical);
+
+    const std::string& GetText() const { return Text; }
+
+    /// The canonical path of `relative`, a relative path, below the directory.
+    std::string_view Resolve(std::string_view relative);
+    /// RelativeToDirectory(GetText(), canonical): a part of `canonical` where that will do.
+    std::string_view MakeRelative(std::string_view canonical);
+
+private:
+    bool AppendPlain(std::string_view relative);
+
+    std::string Text;
+    std::string Buffer;  // Text with a name behind it, or the last result
+    char Delimiter = '/';
+    bool IsPlain = false;  // not one whose beginning may turn into something else
+};
