@@ -23,6 +23,9 @@ public:
     /// `dependency` was added to what the source last noted depends on.
     void NoteDependency(IHdlSourceFile* dependency);
 
+    /// The text that is being read: kept here for its memory.
+    std::string Text;
+
     /// Whether the file is met for the first time; not for a source without a name.
     bool IsNew(const IHdlSourceFile& source);
 

@@ -1,6 +1,6 @@
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
-#include "projectfiles/sourcename.h"
+#include "projectfiles/relativepaths.h"
 #include "services/names/isfilename.h"
 #include "services/xml/xmlstream.h"
 
@@ -29,7 +29,7 @@ bool TIHdlSourceFileList::ReadFromFile(DListIterator<TElement*>& element, const 
 void TIHdlSourceFileList::WriteToFile(TXMLList* document, const char* elementName,
                                       const ISFileName* relativeTo) const {
     if (!document) return;
+    TRelativePaths paths(relativeTo);
     for (const IHdlSourceFile* file : *this)
-        PushTextElement(document, ElementNameOf(elementName),
-                        RelativePath(file->GetFileName(), relativeTo));
+        PushTextElement(document, ElementNameOf(elementName), paths.Of(file->GetFileName()));
 }

@@ -1,8 +1,10 @@
 #include "projectfiles/groupsreading.h"
 #include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/relativepaths.h"
 #include "projectfiles/sourcefilegroups.h"
 #include "projectfiles/sourcefileowner.h"
 #include "projectfiles/sourcename.h"
+#include "projectfiles/sourcesahead.h"
 #include "services/base/booltext.h"
 #include "services/logging/messagebox.h"
 #include "services/xml/xmlstream.h"
@@ -43,7 +45,9 @@ bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLangu
             SkipEnds(element);
             continue;
         }
-        IHdlSourceFile* source = ReadSource(*start.Current(), TrimmedText(element), language);
+        std::string& name = Reading->Text;
+        name = TrimmedTextView(element);
+        IHdlSourceFile* source = ReadSource(*start.Current(), name, language);
         Reading->Expect();
         const bool wasAdded = group->AddSourceFile(source, false);
         Reading->CatchUp();
@@ -90,7 +94,8 @@ bool TSourceFileGroups::ReadDependencies(DListIterator<TElement*>& element,
             element = start;
             continue;
         }
-        const std::string name = TrimmedText(element);
+        std::string& name = Reading->Text;
+        name = TrimmedTextView(element);
         if (source && !name.empty()) ReadDependency(name, source);
         ++element;
         SkipEnd(element);
@@ -108,14 +113,14 @@ void TSourceFileGroups::ReadDependency(const std::string& name, IHdlSourceFile* 
 
 namespace {
 
-void WriteSource(TXMLList* document, const IHdlSourceFile& source,
-                 const ISFileName* buildFileName) {
+void WriteSource(TXMLList* document, const IHdlSourceFile& source, TRelativePaths* paths) {
     PushStart(document, "SourceFile",
               {{"Library", ConvertBooleanToStringBool(source.IsLibrary())},
                {"PrecompiledLibrary", source.GetPrecompiledLibraryGroupName()}});
-    PushText(document, RelativePath(source.GetFileName(), buildFileName));
+    PushText(document, paths->Of(source.GetFileName()));
     if (const TIHdlSourceFileList* dependencies = source.GetDependencyList())
-        dependencies->WriteToFile(document, "Dependency", buildFileName);
+        for (const IHdlSourceFile* dependency : *dependencies)
+            PushTextElement(document, "Dependency", paths->Of(dependency->GetFileName()));
     PushEnd(document, "SourceFile");
 }
 
@@ -125,13 +130,17 @@ void TSourceFileGroups::WriteSourceFileGroups(TXMLList* document, const ISFileNa
                                               THdlLanguage topLanguage,
                                               const TProjectSimGeneralConfig* general) const {
     if (!document) return;
+    TRelativePaths paths(buildFileName);
     for (const auto& [language, group] : Groups) {
         if (!group.IsStored()) continue;
         if (language != topLanguage && !(general && general->GetCompileLanguageFiles(language)))
             continue;
         PushStart(document, "SourceFileGroup", {{"Language", GetStringFromHdlLanguage(language)}});
-        for (const IHdlSourceFile* source : group.List)
-            WriteSource(document, *source, buildFileName);
+        TSourcesAhead ahead(group.List);
+        for (const IHdlSourceFile* source : group.List) {
+            ahead.Step();
+            WriteSource(document, *source, &paths);
+        }
         PushEnd(document, "SourceFileGroup");
     }
 }
