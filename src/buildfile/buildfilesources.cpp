@@ -48,12 +48,16 @@ IHdlSourceFile* THdlBuildFile::CreateOrGetSourceFile(const char* fileName) {
             ? NewHandleOfCanonicalPath(
                   Parts->DirectoryOf(BuildFileName).Resolve(fileName ? fileName : ""))
             : ISFileName::NewISFileName(fileName);
-    IHdlSourceFile* source = Parts->SourceFileGroups.GetSourceFile(name);
-    if (!source) {
-        source = Parts->SourceFileGroups.GetDependency(name);
-        if (!source) return Parts->SourceFileOwner.MakeSourceFile(name);
-        Parts->SourceFileOwner.TakeOverSpelling(source, name);
+    TSourceFileGroups& groups = Parts->SourceFileGroups;
+    IHdlSourceFile* source = nullptr;
+    bool isListed = false;
+    if (!groups.FindWhileReading(name, &source, &isListed)) {
+        source = groups.GetSourceFile(name);
+        isListed = source != nullptr;
+        if (!isListed) source = groups.GetDependency(name);
     }
+    if (!source) return Parts->SourceFileOwner.MakeSourceFile(name);
+    if (!isListed) Parts->SourceFileOwner.TakeOverSpelling(source, name);
     ReportNamesake(source->GetFileName(), name);
     return source;
 }

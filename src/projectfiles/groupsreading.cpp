@@ -3,12 +3,12 @@
 #include <typeinfo>
 #include <utility>
 
-bool TGroupsReading::FindDependency(const ISFileName* name, IHdlSourceFile** found) {
+bool TGroupsReading::Find(const ISFileName* name, TNote* note) {
     Expect();
     TSourceName key;
     if (!AreNotesComplete || !GetSourceName(name, &key)) return false;
-    const TNote* note = Notes.Find(key);
-    *found = note ? note->Dependency : nullptr;
+    const TNote* found = Notes.Find(key);
+    *note = found ? *found : TNote();
     return true;
 }
 
@@ -22,22 +22,29 @@ bool TGroupsReading::IsUnchanged() const {
            NameChanges == THdlSourceFile::GetHandleChangeCount();
 }
 
-void TGroupsReading::NoteSource(const IHdlSourceFile* source, const TIHdlSourceFileList& group,
+// Null when the notes do not tell all any more, and for a source without a name.
+TGroupsReading::TNote* TGroupsReading::NoteOf(IHdlSourceFile* source) {
+    TSourceName name;
+    if (!AreNotesComplete || !GetSourceName(source, &name)) return nullptr;
+    TNote* note = Notes.Add(name, {}).first;
+    if (!note->Source) note->Source = source;
+    // The order of the groups decides between two.
+    AreNotesComplete = note->Source == source;
+    return note;
+}
+
+void TGroupsReading::NoteSource(IHdlSourceFile* source, const TIHdlSourceFileList& group,
                                 bool wasAdded) {
     if (!source || !AreNotesComplete) return;
     // What a source of a caller's class depends on, and one that a namesake keeps out of the group,
     // has to be looked for.
     const bool isListed = wasAdded || group.GetSourceFile(source->GetFileName()) == source;
     AreNotesComplete = isListed && typeid(*source) == typeid(TReadSourceFile);
+    if (TNote* note = NoteOf(source)) note->IsListed = true;
 }
 
 void TGroupsReading::NoteDependency(IHdlSourceFile* dependency) {
-    TSourceName name;
-    if (!AreNotesComplete || !GetSourceName(dependency, &name)) return;
-    TNote* note = Notes.Add(name, {}).first;
-    if (!note->Dependency) note->Dependency = dependency;
-    // The order of the groups decides between two.
-    AreNotesComplete = note->Dependency == dependency;
+    if (TNote* note = NoteOf(dependency)) note->IsDependency = true;
 }
 
 bool TGroupsReading::IsNew(const IHdlSourceFile& source) {

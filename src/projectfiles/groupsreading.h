@@ -5,21 +5,28 @@
 
 /// What is known while the groups are read.
 ///
-/// A read asks for each dependency whether the build has it. An index of all dependencies that is
-/// kept up to date with every change would cost more than the rest of the read; as long as nobody
-/// but the read changes a list, its own notes answer.
+/// A read asks for each name whether the build has it. An index of all dependencies that is kept up
+/// to date with every change would cost more than the rest of the read; as long as nobody but the
+/// read changes a list, its own notes answer.
 class TGroupsReading {
 public:
     explicit TGroupsReading(bool isBuildEmpty) : AreNotesComplete(isBuildEmpty) {}
 
-    /// Whether the notes tell what the build depends on under `name`: `*found`, null for nothing.
-    bool FindDependency(const ISFileName* name, IHdlSourceFile** found);
+    /// What is known under a name.
+    struct TNote {
+        IHdlSourceFile* Source = nullptr;  ///< null: the build has none
+        bool IsListed = false;             ///< by a group
+        bool IsDependency = false;         ///< of a listed source
+        bool IsMet = false;
+    };
+    /// False when the notes do not tell what the build has under `name`.
+    bool Find(const ISFileName* name, TNote* note);
 
     /// To be called before and after the read changes a list.
     void Expect() { AreNotesComplete = AreNotesComplete && IsUnchanged(); }
     void CatchUp();
     /// `source` was read for `group`, which took it when `wasAdded`.
-    void NoteSource(const IHdlSourceFile* source, const TIHdlSourceFileList& group, bool wasAdded);
+    void NoteSource(IHdlSourceFile* source, const TIHdlSourceFileList& group, bool wasAdded);
     /// `dependency` was added to what the source last noted depends on.
     void NoteDependency(IHdlSourceFile* dependency);
 
@@ -30,10 +37,7 @@ public:
     bool IsNew(const IHdlSourceFile& source);
 
 private:
-    struct TNote {
-        IHdlSourceFile* Dependency = nullptr;
-        bool IsMet = false;
-    };
+    TNote* NoteOf(IHdlSourceFile* source);
     bool IsUnchanged() const;
 
     TSourceNameTable<TNote> Notes;

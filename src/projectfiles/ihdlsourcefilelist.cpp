@@ -251,7 +251,6 @@ void TIHdlSourceFileList::RebuildNames() const {
         Names->AreHandles = false;
     }
     TSourceNameTable<TEntry*> places;
-    places.Reserve(Count);
     for (TLink* link = Ring.Next; link != &Ring; link = link->Next) {
         auto* entry = static_cast<TEntry*>(link);
         if (GetSourceName(entry->File, &entry->Name) && !places.Add(entry->Name, entry).second)
@@ -276,7 +275,6 @@ void TIHdlSourceFileList::NameHandles() const {
 void TIHdlSourceFileList::MakePlaces() const {
     TNames& names = MadeNames();
     names.HasPlaces = true;
-    names.Places.Reserve(Count + 1);
     for (TLink* link = Ring.Next; link != &Ring; link = link->Next) {
         auto* entry = static_cast<TEntry*>(link);
         if (!entry->Name.IsNone()) names.Places.Add(entry->Name, entry);

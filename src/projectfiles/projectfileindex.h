@@ -35,7 +35,7 @@ private:
         std::vector<TPlace> Later;
     };
     struct THashOf {
-        std::size_t operator()(const TFileIdentity& identity) const { return identity.GetHash(); }
+        std::size_t operator()(const TFileIdentity& identity) const { return identity.GetNumber(); }
     };
     bool Fits(std::size_t size) const;
     void Build(const TFiles& files);

@@ -65,6 +65,15 @@ const IHdlSourceFile* TSourceFileGroups::GetSourceFile(const ISFileName* name) c
     return nullptr;
 }
 
+bool TSourceFileGroups::FindWhileReading(const ISFileName* name, IHdlSourceFile** source,
+                                         bool* isListed) {
+    TGroupsReading::TNote known;
+    if (!Reading || !Reading->Find(name, &known)) return false;
+    *isListed = known.IsListed;
+    *source = known.IsListed || known.IsDependency ? known.Source : nullptr;
+    return true;
+}
+
 IHdlSourceFile* TSourceFileGroups::GetSourceFileOrDependency(const ISFileName* name) {
     for (auto& [language, group] : Groups) {
         if (IHdlSourceFile* source = group.List.GetSourceFile(name)) return source;
@@ -74,8 +83,8 @@ IHdlSourceFile* TSourceFileGroups::GetSourceFileOrDependency(const ISFileName* n
 }
 
 IHdlSourceFile* TSourceFileGroups::GetDependency(const ISFileName* name) {
-    IHdlSourceFile* known = nullptr;
-    if (Reading && Reading->FindDependency(name, &known)) return known;
+    TGroupsReading::TNote known;
+    if (Reading && Reading->Find(name, &known)) return known.IsDependency ? known.Source : nullptr;
     for (auto& [language, group] : Groups)
         if (IHdlSourceFile* dependency = FindDependency(&group, name)) return dependency;
     return nullptr;

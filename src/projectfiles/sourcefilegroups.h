@@ -46,6 +46,10 @@ public:
     /// The first dependency of that name, which no group lists; null when there is none.
     IHdlSourceFile* GetDependency(const ISFileName* name);
 
+    /// What GetSourceFile, `*isListed`, or else GetDependency finds, by a shorter way. False when a
+    /// read is not under way, or others change the build meanwhile.
+    bool FindWhileReading(const ISFileName* name, IHdlSourceFile** source, bool* isListed);
+
     /// Whether a source changed on disk since it was compiled or, when it never was, since it was
     /// read.
     bool IsAnySourceFileModifiedSinceLastCompiled() const;

@@ -8,7 +8,7 @@ class IHdlSourceFile;
 using TSourceName = TFileIdentity;
 
 struct TSourceNameHash {
-    std::size_t operator()(const TSourceName& name) const noexcept { return name.GetHash(); }
+    std::size_t operator()(const TSourceName& name) const noexcept { return name.GetNumber(); }
 };
 
 /// Sets `*name` to the name of `file`. False, with the name of no file, for null and for a tracked

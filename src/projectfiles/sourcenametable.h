@@ -1,83 +1,88 @@
 #pragma once
 #include "projectfiles/sourcename.h"
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
-/// Finds a value by the name of a source. Slots in one piece of memory: a build asks for a million
-/// names, and each step into a node of its own would miss the cache.
+/// Finds a value by the name of a source. Numbers of files that were named together follow each
+/// other, and so do the values here: a build asks for a million names, and each step to some other
+/// place in memory would miss the processor's cache.
 template <class TValue>
 class TSourceNameTable {
 public:
     /// Null when the name is not in the table. Valid until the table changes.
     TValue* Find(const TSourceName& name) {
-        if (Slots.empty()) return nullptr;
-        TSlot& slot = Slots[SlotOf(name)];
-        return slot.IsUsed() ? &slot.Value : nullptr;
+        TPage* page = FindPage(name.GetNumber() / kPageSize);
+        const std::size_t i = name.GetNumber() % kPageSize;
+        return page && page->Has(i) ? &page->Values[i] : nullptr;
     }
     const TValue* Find(const TSourceName& name) const {
         return const_cast<TSourceNameTable*>(this)->Find(name);
     }
     /// The value of `name`, not that of no file, and whether it was put in now.
     std::pair<TValue*, bool> Add(const TSourceName& name, const TValue& value) {
-        if ((Count + 1) * 4 > Slots.size() * 3) Resize(Slots.empty() ? 16 : Slots.size() * 2);
-        TSlot& slot = Slots[SlotOf(name)];
-        if (slot.IsUsed()) return {&slot.Value, false};
-        slot = {name, value};
-        ++Count;
-        return {&slot.Value, true};
+        TPage& page = GetOrMakePage(name.GetNumber() / kPageSize);
+        const std::size_t i = name.GetNumber() % kPageSize;
+        const bool isNew = !page.Has(i);
+        if (isNew) page.Values[i] = value;
+        page.Used |= std::uint32_t{1} << i;
+        return {&page.Values[i], isNew};
     }
     /// Does nothing when the name is not in the table.
-    void Remove(const TSourceName& name);
+    void Remove(const TSourceName& name) {
+        TPage* page = FindPage(name.GetNumber() / kPageSize);
+        if (page) page->Used &= ~(std::uint32_t{1} << name.GetNumber() % kPageSize);
+    }
     /// Frees the memory, too.
     void Clear() {
-        Slots = {};
-        Count = 0;
-    }
-    /// Makes room for so many names in all.
-    void Reserve(std::size_t count) {
-        std::size_t size = 16;
-        while (count * 4 > size * 3) size *= 2;
-        if (size > Slots.size()) Resize(size);
+        Pages = {};
+        Places = {};
     }
 
 private:
-    struct TSlot {
-        TSourceName Name;
-        TValue Value{};
-        bool IsUsed() const { return !Name.IsNone(); }
+    static constexpr std::size_t kPageSize = 32;
+    static constexpr std::size_t kFirstPlaces = 4;
+
+    /// The values of neighbouring numbers.
+    struct TPage {
+        std::size_t Number;
+        std::uint32_t Used = 0;  // a bit for each value
+        std::array<TValue, kPageSize> Values;
+
+        bool Has(std::size_t i) const { return (Used >> i & 1U) != 0; }
     };
-    std::size_t After(std::size_t slot) const { return (slot + 1) & (Slots.size() - 1); }
-    /// The slot of `name`, or the free one where it belongs. The table must have a free slot.
-    std::size_t SlotOf(const TSourceName& name) const {
-        std::size_t slot = name.GetHash() & (Slots.size() - 1);
-        while (Slots[slot].IsUsed() && !(Slots[slot].Name == name)) slot = After(slot);
-        return slot;
+
+    TPage* FindPage(std::size_t number) {
+        if (Places.empty()) return nullptr;
+        const std::uint32_t place = Places[PlaceOf(number)];
+        return place == 0 ? nullptr : &Pages[place - 1];
     }
-    void Resize(std::size_t size) {
-        const std::vector<TSlot> former = std::exchange(Slots, std::vector<TSlot>(size));
-        for (const TSlot& slot : former)
-            if (slot.IsUsed()) Slots[SlotOf(slot.Name)] = slot;
+    TPage& GetOrMakePage(std::size_t number) {
+        if (TPage* page = FindPage(number)) return *page;
+        Pages.push_back({number, 0, {}});
+        if (Pages.size() * 2 > Places.size()) {
+            Places.assign(Places.empty() ? kFirstPlaces : Places.size() * 2, 0);
+            for (std::size_t i = 0; i < Pages.size(); ++i) Enter(i);
+        } else {
+            Enter(Pages.size() - 1);
+        }
+        return Pages.back();
+    }
+    void Enter(std::size_t page) {
+        Places[PlaceOf(Pages[page].Number)] = static_cast<std::uint32_t>(page + 1);
+    }
+    /// The place of the page, or the free one where it belongs.
+    std::size_t PlaceOf(std::size_t number) const {
+        const std::uint64_t mixed = number * std::uint64_t{0x9E3779B97F4A7C15};
+        std::size_t place = static_cast<std::size_t>(mixed >> 32) & (Places.size() - 1);
+        while (Places[place] != 0 && Pages[Places[place] - 1].Number != number)
+            place = (place + 1) & (Places.size() - 1);
+        return place;
     }
 
-    std::vector<TSlot> Slots;  // none or a power of two, never more than three quarters in use
-    std::size_t Count = 0;
+    std::vector<TPage> Pages;
+    // Where each page is, plus one; 0 is free. None or a power of two, at most half of them in use.
+    std::vector<std::uint32_t> Places;
 };
-
-template <class TValue>
-void TSourceNameTable<TValue>::Remove(const TSourceName& name) {
-    if (Slots.empty()) return;
-    std::size_t hole = SlotOf(name);
-    if (!Slots[hole].IsUsed()) return;
-    --Count;
-    // A name is looked for from its own slot up to the next free one: those behind the hole move up
-    // unless that would take them in front of their slot.
-    const std::size_t mask = Slots.size() - 1;
-    for (std::size_t slot = After(hole); Slots[slot].IsUsed(); slot = After(slot)) {
-        const std::size_t distance = (slot - Slots[slot].Name.GetHash()) & mask;
-        if (distance < ((slot - hole) & mask)) continue;
-        Slots[hole] = Slots[slot];
-        hole = slot;
-    }
-    Slots[hole] = {};
-}

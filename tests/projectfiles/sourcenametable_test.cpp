@@ -8,11 +8,14 @@
 
 namespace {
 
-/// So many names that some crowd, in small tables, and wrap around the end.
+/// Names some of which have numbers side by side and others far apart.
 std::vector<TSourceName> MakeNames() {
     std::vector<TSourceName> names;
-    for (int i = 0; i < 64; ++i)
-        names.push_back(GetFileIdentity(Handle(("/table/" + std::to_string(i)).c_str())));
+    for (int i = 0; i < 64; ++i) {
+        names.push_back(GetFileIdentity(Handle("/table/" + std::to_string(i))));
+        for (int k = 0; k < (i % 4 == 0 ? 50 : 0); ++k)
+            Handle("/table/" + std::to_string(i) + "/" + std::to_string(k));
+    }
     return names;
 }
 
@@ -22,8 +25,6 @@ TEST(SourceNameTable, FindsNothingWhenEmpty) {
     EXPECT_EQ(table.Find(name), nullptr);
     table.Remove(name);
     table.Clear();
-    EXPECT_EQ(table.Find(name), nullptr);
-    table.Reserve(100);
     EXPECT_EQ(table.Find(name), nullptr);
 }
 
@@ -37,8 +38,6 @@ TEST(SourceNameTable, KeepsTheFirstValueOfAName) {
     *value = 50;
     EXPECT_EQ(*table.Find(names[3]), 50);
     EXPECT_EQ(table.Find(names[4]), nullptr);
-    table.Reserve(1000);
-    EXPECT_EQ(*table.Find(names[3]), 50);
     table.Clear();
     EXPECT_EQ(table.Find(names[3]), nullptr);
 }

@@ -102,7 +102,9 @@ TEST(Rules, HaveNoThreadsAndLockWhatAllShare) {
               "services/logging/binarylog.h: #include <mutex>\n"
               "services/logging/binarylog.h: std::atomic\n"
               "services/logging/binarylog.h: std::mutex\n"
+              "services/names/isfilename.cpp: #include <atomic>\n"
               "services/names/isfilename.cpp: #include <mutex>\n"
+              "services/names/isfilename.cpp: std::atomic\n"
               "services/names/isfilename.cpp: std::mutex\n"
               "services/names/timestamps.cpp: #include <mutex>\n"
               "services/names/timestamps.cpp: std::mutex\n");

@@ -5,6 +5,7 @@
 #include "services/names/timestamps.h"
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <mutex>
 #include <new>
 #include <typeinfo>
@@ -20,12 +21,13 @@ public:
     /// `storedText` lives as long as the process; `first` is the handle that was the first one of
     /// all that differ in letter case alone, null for this one.
     TSharedFileName(std::string_view storedText, const TSharedFileName* first)
-        : First(first ? first : this) {
+        : First(first ? first : this), Number(first ? first->Number : NewNumber()) {
         SetText(storedText);
     }
 
     std::string_view GetText() const { return View(); }
     const TSharedFileName* GetFirst() const { return First; }
+    std::size_t GetNumber() const { return Number; }
     bool MarkLoaded(const char* key) const {
         if (IsBlank()) return false;
         const TFileStatus status = Look();
@@ -73,7 +75,13 @@ private:
         ForEach(changed);
     }
 
+    static std::size_t NewNumber() {
+        static std::atomic<std::size_t> last = 0;
+        return ++last;
+    }
+
     const TSharedFileName* First;
+    const std::size_t Number;
     mutable TFileStamps Stamps;
 };
 
@@ -261,6 +269,10 @@ TFileIdentity GetFileIdentity(const ISFileName* file) {
         return TFileIdentity(handle->GetFirst());
     const char* const text = file ? file->Canonical(false) : "";
     return TFileIdentity(SharedHandleOf(ISFileName::NewISFileName(text))->GetFirst());
+}
+
+std::size_t TFileIdentity::GetNumber() const {
+    return static_cast<const TSharedFileName*>(First)->GetNumber();
 }
 
 bool IsSharedHandle(const ISFileName* file) {

@@ -2,7 +2,6 @@
 #include "services/base/observer.h"
 #include "services/names/ifilename.h"
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
 
 class ISFileName;
@@ -73,11 +72,9 @@ public:
     bool IsNone() const { return !First; }
     /// The handle that it was made of.
     const ISFileName* GetFile() const { return First; }
-    std::size_t GetHash() const {
-        // Handles lie side by side: what differs has to reach the lowest bits.
-        const std::uint64_t word = reinterpret_cast<std::uintptr_t>(First) * 0x9E3779B97F4A7C15U;
-        return static_cast<std::size_t>(word >> 32);
-    }
+    /// A number for each file, in the order in which the process met them, so that what was named
+    /// together lies together in a table. Not of no file.
+    std::size_t GetNumber() const;
 
 private:
     const ISFileName* First = nullptr;  // of all handles that differ in letter case alone

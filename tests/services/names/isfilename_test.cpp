@@ -233,7 +233,8 @@ TEST(SFileName, IsIdentifiedWithoutRegardToCase) {
     const TFileIdentity identity = GetFileIdentity(upper);
     EXPECT_EQ(identity.GetFile(), upper) << "the first of these handles";
     EXPECT_TRUE(identity == GetFileIdentity(lower));
-    EXPECT_EQ(identity.GetHash(), GetFileIdentity(lower).GetHash());
+    EXPECT_EQ(identity.GetNumber(), GetFileIdentity(lower).GetNumber());
+    EXPECT_NE(identity.GetNumber(), GetFileIdentity(other).GetNumber());
     EXPECT_FALSE(identity == GetFileIdentity(other));
     EXPECT_FALSE(identity.IsNone());
     EXPECT_TRUE(TFileIdentity().IsNone());
