@@ -49,7 +49,7 @@ void MeasureAnchorWrite(const std::string& build) {
 void MeasureAnchorMemory(const std::string& build) {
     ShareAllocator();
     pugi::xml_document document;
-    MeasureMemory([&] {
+    MeasureMemory(build, [&] {
         document.load_file(build.c_str());
         return CountSources(document);
     });

@@ -84,7 +84,7 @@ void CommandFile() {
 
 void Memory() {
     std::unique_ptr<THdlBuildFile> build;
-    MeasureMemory([&build] {
+    MeasureMemory(buildFile, [&build] {
         build = ReadBuild();
         return CountSources(*build);
     });

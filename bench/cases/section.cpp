@@ -1,6 +1,7 @@
 #include "bench/cases/section.h"
 #include <cstdio>
 #include <ctime>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <unistd.h>
@@ -40,11 +41,12 @@ void MeasureTime(void (*work)(void*), void* context) {
     PrintValue("seconds", GetProcessorTime() - begin);
 }
 
-void MeasureMemory(std::uint64_t (*work)(void*), void* context) {
+void MeasureMemory(const std::string& input, std::uint64_t (*work)(void*), void* context) {
     const std::uint64_t before = GetResidentMemory();
     const auto sources = static_cast<double>(work(context));
     PrintValue("live", static_cast<double>(GetResidentMemory() - before) / sources);
-    PrintValue("peak", static_cast<double>(ReadStatus("VmHWM:") - before) / sources);
+    const std::uint64_t peak = ReadStatus("VmHWM:") - before - std::filesystem::file_size(input);
+    PrintValue("peak", static_cast<double>(peak) / sources);
 }
 
 void PrintValue(const char* name, double value) {

@@ -14,12 +14,13 @@ void MeasureTime(Work work) {
     MeasureTime([](void* context) { (*static_cast<Work*>(context))(); }, &work);
 }
 
-/// Runs `work` and prints how much resident memory it left and how much it took at most, both in
-/// bytes for each of the sources that it says it has read.
-void MeasureMemory(std::uint64_t (*work)(void*), void* context);
+/// Runs `work` and prints how much resident memory it left and how much it took at most without the
+/// bytes of `input`, a file, both in bytes for each of the sources that it says it has read.
+void MeasureMemory(const std::string& input, std::uint64_t (*work)(void*), void* context);
 template <class Work>
-void MeasureMemory(Work work) {
-    MeasureMemory([](void* context) { return (*static_cast<Work*>(context))(); }, &work);
+void MeasureMemory(const std::string& input, Work work) {
+    MeasureMemory(
+        input, [](void* context) { return (*static_cast<Work*>(context))(); }, &work);
 }
 
 /// Prints one value for the program that started this one.

@@ -9,8 +9,15 @@ namespace {
 
 using TIndex = std::size_t;
 constexpr TIndex kNone = static_cast<TIndex>(-1);
-// A shortest cycle is sought with at most so many steps for each edge and file of a set.
+// A shortest cycle is sought with at most so many steps for each edge and file of a set, of a large
+// set with fewer: a user who waits would rather have a cycle that is a little longer.
 constexpr std::size_t kStepsPerEdge = 64;
+constexpr std::size_t kStepsPerEdgeOfManyFiles = 2;
+constexpr std::size_t kManySteps = 4'000'000;
+
+std::size_t MostSteps(std::size_t size) {
+    return std::min(kStepsPerEdge * size, std::max(kManySteps, kStepsPerEdgeOfManyFiles * size));
+}
 
 struct TGraph {
     std::vector<const IHdlSourceFile*> Files;
@@ -134,7 +141,7 @@ public:
     }
 
     std::vector<const IHdlSourceFile*> Find() {
-        const std::size_t budget = kStepsPerEdge * (Members.size() + EdgeCount);
+        const std::size_t budget = MostSteps(Members.size() + EdgeCount);
         for (TIndex place = 0; place < Members.size(); ++place) {
             if (!Alive[place]) continue;
             SearchFrom(place);
