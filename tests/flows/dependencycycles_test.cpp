@@ -89,3 +89,24 @@ TEST(DependencyCycles, WalksALongRingWithoutDeepRecursion) {
     EXPECT_EQ(cycles.front().Files.size(), static_cast<std::size_t>(kCount));
     EXPECT_EQ(cycles.front().Shortest.size(), static_cast<std::size_t>(kCount));
 }
+
+TEST(DependencyCycles, TakesTheShortestWayAroundALargeRingWithChords) {
+    constexpr std::size_t kCount = 70000;
+    std::vector<std::unique_ptr<THdlSourceFile>> files;
+    std::vector<const IHdlSourceFile*> roots;
+    for (std::size_t i = 0; i < kCount; ++i) {
+        files.push_back(std::make_unique<THdlSourceFile>(("/c/" + std::to_string(i)).c_str()));
+        roots.push_back(files.back().get());
+    }
+    for (std::size_t i = 0; i < kCount; ++i)
+        for (const std::size_t step : {1U, 7U})
+            files[i]->AddDependency(files[(i + step) % kCount].get());
+    const auto cycles = FindDependencyCycles(roots);
+    ASSERT_EQ(cycles.size(), 1u);
+    const auto& shortest = cycles.front().Shortest;
+    ASSERT_EQ(shortest.size(), kCount / 7);
+    for (std::size_t i = 0; i < shortest.size(); ++i) {
+        const IHdlSourceFile* next = shortest[(i + 1) % shortest.size()];
+        ASSERT_EQ(shortest[i]->GetDependency(next->GetFileName()), next);
+    }
+}
