@@ -2,6 +2,7 @@
 
 #include "services/designdatabase/visitor.h"
 #include "services/logging/binarylog.h"
+#include <atomic>
 
 namespace {
 
@@ -9,7 +10,9 @@ constexpr const char* kSource = "hdbsfilename";
 constexpr const char* kHasHandle = "FileName";
 constexpr const char* kRefused = "false";
 
-unsigned long long handleChangeCount = 0;
+// One count for all threads, not one for each: a model may be handed to another thread and back,
+// changed in between.
+std::atomic<unsigned long long> handleChangeCount = 0;
 
 // The name that questions are passed to: the handle, or the blank name where there is none.
 const ISFileName& HandleOrBlank(const ISFileName* handle) {
@@ -295,9 +298,9 @@ bool THdbSFileName::IsProtected() const {
 }
 
 unsigned long long THdbSFileName::GetHandleChangeCount() {
-    return handleChangeCount;
+    return handleChangeCount.load(std::memory_order_relaxed);
 }
 
 void CountHandleChange() {
-    ++handleChangeCount;
+    handleChangeCount.fetch_add(1, std::memory_order_relaxed);
 }

@@ -86,7 +86,8 @@ public:
 
     /// How many times in this process an assignment gave a tracked name or a plain source another
     /// handle, or THdlSourceFile::Initialize() gave a plain source a new dependency list. An index
-    /// of names or dependencies that was built at another count is out of date.
+    /// of names or dependencies that was built at another count is out of date. The count is one
+    /// for all threads: a change on one makes the lists of all look at their own entries again.
     static unsigned long long GetHandleChangeCount();
 
 private:

@@ -2,31 +2,43 @@
 
 #include "services/designdatabase/visitor.h"
 #include <cstddef>
+#include <mutex>
 #include <unordered_map>
 
 namespace {
 
-// For each element that is in more than one list, how many hold it beside one. Never destroyed:
-// lists may outlive this file's static objects.
-std::unordered_map<const THdbSFileName*, std::size_t>& ExtraHolders() {
-    static auto* holders = new std::unordered_map<const THdbSFileName*, std::size_t>;
-    return *holders;
-}
+/// For each element that is in more than one list, how many hold it beside one.
+class TExtraHolders {
+public:
+    static TExtraHolders& GetInstance() {
+        // Never destroyed: lists may outlive this file's static objects.
+        static auto& holders = *new TExtraHolders;
+        return holders;
+    }
+    void Add(const THdbSFileName* file) {
+        const std::lock_guard guard(Lock);
+        ++Counts[file];
+    }
+    /// Whether no list holds `file` any more.
+    bool LetGoOf(const THdbSFileName* file) {
+        const std::lock_guard guard(Lock);
+        const auto entry = Counts.find(file);
+        if (entry == Counts.end()) return true;
+        if (--entry->second == 0) Counts.erase(entry);
+        return false;
+    }
 
-// Whether no list holds `file` any more.
-bool LetGoOf(const THdbSFileName* file) {
-    const auto entry = ExtraHolders().find(file);
-    if (entry == ExtraHolders().end()) return true;
-    if (--entry->second == 0) ExtraHolders().erase(entry);
-    return false;
-}
+private:
+    std::mutex Lock;
+    std::unordered_map<const THdbSFileName*, std::size_t> Counts;
+};
 
 }  // namespace
 
 THdbSFileNameList::THdbSFileNameList(const THdbSFileNameList& other)
     : DList<THdbSFileName*>(other), hdb::IHDBBase(other), Name(other.Name) {
     for (DListIterator<THdbSFileName*> file(*this); file.NotAtTail(); ++file)
-        ++ExtraHolders()[file.Current()];
+        TExtraHolders::GetInstance().Add(file.Current());
 }
 
 THdbSFileNameList& THdbSFileNameList::operator=(const THdbSFileNameList& other) {
@@ -70,13 +82,13 @@ void THdbSFileNameList::Flush(int deleteItems) {
     while (!IsEmpty()) {
         THdbSFileName* file = DListIterator<THdbSFileName*>(*this).Current();
         DList<THdbSFileName*>::Remove(file);
-        if (LetGoOf(file) && deleteItems) delete file;
+        if (TExtraHolders::GetInstance().LetGoOf(file) && deleteItems) delete file;
     }
 }
 
 bool THdbSFileNameList::Remove(THdbSFileName* file) {
     if (!DList<THdbSFileName*>::Remove(file)) return false;
-    LetGoOf(file);
+    TExtraHolders::GetInstance().LetGoOf(file);
     return true;
 }
 

@@ -50,7 +50,7 @@ constexpr TFolderRow kFolders[] = {
 // Deletes `file`. Its destructor deletes its associated files, and theirs, to any depth: those
 // calls only add to the waiting files of the outermost one, which deletes them in turn.
 void DeleteFile(THdlProjectFile* file) {
-    static std::vector<THdlProjectFile*>* waiting = nullptr;
+    thread_local std::vector<THdlProjectFile*>* waiting = nullptr;
     if (waiting) return waiting->push_back(file);
     std::vector<THdlProjectFile*> files{file};
     waiting = &files;

@@ -1,10 +1,11 @@
 #include "projectfiles/hdlprojectusersourcefile.h"
 #include "services/designdatabase/visitor.h"
+#include <atomic>
 
 namespace {
 
 unsigned long long NextSerial() {
-    static unsigned long long last = 0;
+    static std::atomic<unsigned long long> last = 0;
     return ++last;
 }
 

@@ -1,19 +1,45 @@
 #include "projectfiles/languageconfigmap.h"
 #include "services/base/keeper.h"
 #include "settings/projectsimlanguageconfig.h"
+#include <mutex>
 #include <unordered_map>
 #include <utility>
 
 namespace {
 
-using TSlotsByConfig =
-    std::unordered_map<const TProjectSimLanguageConfig*, std::shared_ptr<TLanguageConfigSlot>>;
+using TSlot = std::shared_ptr<TLanguageConfigSlot>;
 
-// Never destroyed: maps with static lifetime may outlive it otherwise.
-TSlotsByConfig& SlotsByConfig() {
-    static auto* slots = new TSlotsByConfig;
-    return *slots;
-}
+/// The slots of the configurations of all builds, on all threads.
+class TSlotsByConfig {
+public:
+    static TSlotsByConfig& GetInstance() {
+        // Never destroyed: maps with static lifetime may outlive it otherwise.
+        static auto& slots = *new TSlotsByConfig;
+        return slots;
+    }
+    void Set(const TProjectSimLanguageConfig* config, const TSlot& slot) {
+        const std::lock_guard guard(Lock);
+        Slots[config] = slot;
+    }
+    /// Null when no map stored `config`.
+    TSlot Find(const TProjectSimLanguageConfig* config) {
+        const std::lock_guard guard(Lock);
+        const auto found = Slots.find(config);
+        return found == Slots.end() ? nullptr : found->second;
+    }
+    TSlot Take(const TProjectSimLanguageConfig* config) {
+        const std::lock_guard guard(Lock);
+        const auto found = Slots.find(config);
+        if (found == Slots.end()) return nullptr;
+        TSlot slot = std::move(found->second);
+        Slots.erase(found);
+        return slot;
+    }
+
+private:
+    std::mutex Lock;
+    std::unordered_map<const TProjectSimLanguageConfig*, TSlot> Slots;
+};
 
 }  // namespace
 
@@ -33,7 +59,7 @@ void TLanguageConfigMap::Store(THdlLanguage language, TProjectSimLanguageConfig*
     if (!slot) slot = std::make_shared<TLanguageConfigSlot>();
     TProjectSimLanguageConfig* former = slot->Config;
     slot->Config = config;
-    SlotsByConfig()[config] = slot;
+    TSlotsByConfig::GetInstance().Set(config, slot);
     KeepUntilExit(config);
     if (former) DeleteLanguageConfig(former);
 }
@@ -49,15 +75,11 @@ void TLanguageConfigMap::DeleteAll() {
 
 std::shared_ptr<const TLanguageConfigSlot> FindLanguageConfigSlot(
     const TProjectSimLanguageConfig* config) {
-    const auto found = SlotsByConfig().find(config);
-    return found == SlotsByConfig().end() ? nullptr : found->second;
+    return TSlotsByConfig::GetInstance().Find(config);
 }
 
 void DeleteLanguageConfig(const TProjectSimLanguageConfig* config) {
-    const auto found = SlotsByConfig().find(config);
-    if (found != SlotsByConfig().end()) {
-        if (found->second->Config == config) found->second->Config = nullptr;
-        SlotsByConfig().erase(found);
-    }
+    const TSlot slot = TSlotsByConfig::GetInstance().Take(config);
+    if (slot && slot->Config == config) slot->Config = nullptr;
     delete config;
 }

@@ -1,6 +1,8 @@
 #include "simtools/simtoolsettings.h"
 
 #include "services/names/utilfilename.h"
+#include <mutex>
+#include <set>
 
 namespace {
 
@@ -12,9 +14,17 @@ std::string TextOf(const char* text) {
     return text ? text : "";
 }
 
+// One copy of each path that was ever set. Never destroyed: references to it are with callers.
+const std::string* KeepPath(const std::string& path) {
+    static auto& lock = *new std::mutex;
+    static auto& paths = *new std::set<std::string>;
+    const std::lock_guard guard(lock);
+    return &*paths.insert(path).first;
+}
+
 }  // namespace
 
-std::string TSimToolSettings::LocalWrapperExecutablePath;
+std::atomic<const std::string*> TSimToolSettings::LocalWrapperExecutablePath = nullptr;
 
 void TSimToolSettings::SetExecutablePath(const char* path) {
     if (OnRemoteHost)
@@ -55,7 +65,10 @@ void TSimToolSettings::SetRemotePliLibrary(const char* library) {
 }
 
 const std::string& TSimToolSettings::GetWrapperExecutablePath() const {
-    return OnRemoteHost ? WrapperExecutablePath : LocalWrapperExecutablePath;
+    static const std::string none;
+    if (OnRemoteHost) return WrapperExecutablePath;
+    const std::string* const local = LocalWrapperExecutablePath;
+    return local ? *local : none;
 }
 
 void TSimToolSettings::SetWrapperExecutablePath(const char* path) {
@@ -63,7 +76,7 @@ void TSimToolSettings::SetWrapperExecutablePath(const char* path) {
 }
 
 void TSimToolSettings::SetLocalWrapperExecutablePath(const char* path) {
-    LocalWrapperExecutablePath = CanonicalPath(path);
+    LocalWrapperExecutablePath = KeepPath(CanonicalPath(path));
 }
 
 void TSimToolSettings::SetTargetOS(const char* targetOS) {

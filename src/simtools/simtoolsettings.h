@@ -1,5 +1,6 @@
 #pragma once
 #include "simtools/basesimtool.h"
+#include <atomic>
 
 /// A simulator tool that may run on a remote host. The record's own executable path and PLI library
 /// are the local ones; the flag SetOnRemoteHost() says whether the general accessors of
@@ -31,7 +32,7 @@ public:
     const std::string& GetWrapperExecutablePath() const;
     /// Stores the remote path, in canonical form.
     void SetWrapperExecutablePath(const char* path);
-    /// Stores the path that all local tools share, in canonical form.
+    /// Stores the path that all local tools share, on all threads, in canonical form.
     static void SetLocalWrapperExecutablePath(const char* path);
 
     bool GetSkipSourceFileReanalysis() const { return SkipSourceFileReanalysis; }
@@ -53,7 +54,8 @@ public:
     static bool IsOrvaneSimulator(TSimulatorType type);
 
 private:
-    static std::string LocalWrapperExecutablePath;
+    // Null for an empty one; kept until the process ends, as callers hold references to it.
+    static std::atomic<const std::string*> LocalWrapperExecutablePath;
 
     std::string TargetOS;
     std::string RemoteExecutablePath;

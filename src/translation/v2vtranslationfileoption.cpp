@@ -1,4 +1,5 @@
 #include "translation/v2vtranslationfileoption.h"
+#include "services/base/threadtext.h"
 #include "services/designdatabase/projectcomponent.h"
 #include "services/files/pathtext.h"
 #include "services/names/isfilename.h"
@@ -60,15 +61,12 @@ bool TV2VTranslationFileOption::ReadFromFile(DListIterator<TElement*>& elemI) {
 }
 
 const char* TV2VTranslationFileOption::GetListDisplayString() {
-    static std::string buffer;
-    buffer = QuotedAndJoined(GetNames(Files, ""));
-    return buffer.c_str();
+    return KeepTextOfThread<struct TFilesForDisplay>(QuotedAndJoined(GetNames(Files, "")));
 }
 
 const char* TV2VTranslationFileOption::GetListString() {
-    static std::string buffer;
-    buffer = QuotedAndJoined(GetNames(Files, GetBaseDirectory(*this)));
-    return buffer.c_str();
+    return KeepTextOfThread<struct TFiles>(
+        QuotedAndJoined(GetNames(Files, GetBaseDirectory(*this))));
 }
 
 void TV2VTranslationFileOption::AddAnOption(const char* text) {

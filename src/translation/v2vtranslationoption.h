@@ -33,7 +33,7 @@ public:
     /// the START and the arguments, which are added to those already there. Always true.
     virtual bool ReadFromFile(DListIterator<TElement*>& elemI);
     /// The arguments as the command line holds them; "" for an option without. Lives until the
-    /// next call for any option.
+    /// next call for any option on the same thread.
     virtual const char* GetListDisplayString();
     /// The arguments as the user edits them; as above.
     virtual const char* GetListString();

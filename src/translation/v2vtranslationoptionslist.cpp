@@ -1,24 +1,44 @@
 #include "translation/v2vtranslationoptionslist.h"
 #include "services/base/keeper.h"
+#include "services/base/threadtext.h"
 #include "services/xml/xmlstream.h"
 #include "translation/v2vcatalogues.h"
 #include "translation/v2voptionelement.h"
 #include "translation/v2vtranslationfileoption.h"
 #include "translation/v2vtranslationstringoption.h"
 #include <iterator>
+#include <mutex>
 #include <new>
 #include <unordered_set>
 #include <utility>
 
 namespace {
 
-using TLists = std::unordered_set<const TV2VTranslationOptionsList*>;
+/// The lists that are not destroyed, on all threads.
+class TLivingLists {
+public:
+    static TLivingLists& GetInstance() {
+        // Never destroyed: a list may be static.
+        static auto& lists = *new TLivingLists;
+        return lists;
+    }
+    void Add(const TV2VTranslationOptionsList* list) {
+        const std::lock_guard guard(Lock);
+        Lists.insert(list);
+    }
+    void Remove(const TV2VTranslationOptionsList* list) {
+        const std::lock_guard guard(Lock);
+        Lists.erase(list);
+    }
+    bool Has(const TV2VTranslationOptionsList* list) {
+        const std::lock_guard guard(Lock);
+        return Lists.contains(list);
+    }
 
-// Never destroyed: a list may be static.
-TLists& GetLivingLists() {
-    static TLists* const lists = new TLists;
-    return *lists;
-}
+private:
+    std::mutex Lock;
+    std::unordered_set<const TV2VTranslationOptionsList*> Lists;
+};
 
 template <class T>
 bool DestroyIfItIs(TV2VTranslationOption* option) {
@@ -74,12 +94,12 @@ void DeleteOption(TV2VTranslationOption* option) {
 TV2VTranslationOptionsList::TV2VTranslationOptionsList(TProjectComponent* component,
                                                        const char* tag)
     : Tag(tag ? tag : ""), Component(component) {
-    GetLivingLists().insert(this);
+    TLivingLists::GetInstance().Add(this);
 }
 
 TV2VTranslationOptionsList::TV2VTranslationOptionsList(const TV2VTranslationOptionsList& other)
     : Options(other.Options), Tag(other.Tag), Component(other.Component) {
-    GetLivingLists().insert(this);
+    TLivingLists::GetInstance().Add(this);
 }
 
 TV2VTranslationOptionsList& TV2VTranslationOptionsList::operator=(
@@ -95,11 +115,11 @@ TV2VTranslationOptionsList& TV2VTranslationOptionsList::operator=(
 TV2VTranslationOptionsList::~TV2VTranslationOptionsList() {
     LetGo();
     ForgetKept(this);
-    GetLivingLists().erase(this);
+    TLivingLists::GetInstance().Remove(this);
 }
 
 bool TV2VTranslationOptionsList::IsAlive(const TV2VTranslationOptionsList* list) {
-    return GetLivingLists().count(list) != 0;
+    return TLivingLists::GetInstance().Has(list);
 }
 
 // Without a look at the options: a copy of the list may have deleted them.
@@ -137,11 +157,9 @@ void TV2VTranslationOptionsList::Flush() {
 }
 
 const char* TV2VTranslationOptionsList::GetCommandLineOptions() const {
-    static std::string buffer;
     std::vector<std::string> texts;
     for (TV2VTranslationOption* option : Options) texts.push_back(option->GetCommandLineOption());
-    buffer = JoinedByBlanks(texts);
-    return buffer.c_str();
+    return KeepTextOfThread<struct TCommandLineOptions>(JoinedByBlanks(texts));
 }
 
 bool TV2VTranslationOptionsList::ReadFromFile(DListIterator<TElement*>& elemI) {

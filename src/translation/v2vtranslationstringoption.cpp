@@ -1,4 +1,5 @@
 #include "translation/v2vtranslationstringoption.h"
+#include "services/base/threadtext.h"
 #include "translation/v2voptionelement.h"
 #include <algorithm>
 #include <memory>
@@ -26,16 +27,11 @@ bool TV2VTranslationStringOption::ReadFromFile(DListIterator<TElement*>& elemI) 
 
 // The two operations keep a buffer each: a call of one leaves the result of the other alone.
 const char* TV2VTranslationStringOption::GetListDisplayString() {
-    static std::string buffer;
-    std::string text = GetListString();
-    buffer = std::move(text);
-    return buffer.c_str();
+    return KeepTextOfThread<struct TStringsForDisplay>(GetListString());
 }
 
 const char* TV2VTranslationStringOption::GetListString() {
-    static std::string buffer;
-    buffer = JoinedByBlanks(AdditionalOptions);
-    return buffer.c_str();
+    return KeepTextOfThread<struct TStrings>(JoinedByBlanks(AdditionalOptions));
 }
 
 bool TV2VTranslationStringOption::FindString(const char* text) {

@@ -1,34 +1,43 @@
 #include "services/base/keeper.h"
 
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <mutex>
 #include <unordered_map>
 
-/// Where each kept object is: in a keeper, or without one until the process ends.
+/// Where kept objects are: in a keeper, or without one until the process ends. A part of all
+/// objects, those with certain addresses, so that threads seldom wait for each other. The lock
+/// guards the places alone: a keeper belongs to the thread that has its objects.
 class TKeptObjects {
 public:
-    static TKeptObjects& GetInstance() {
+    static TKeptObjects& Of(const void* object) {
         // Never destroyed: objects are dropped and deleted while the process ends, too.
-        static auto* kept = new TKeptObjects;
-        return *kept;
+        static auto& parts = *new std::array<TKeptObjects, 16>;
+        // The lowest bits are the same for all.
+        return parts[(reinterpret_cast<std::uintptr_t>(object) >> 6) % parts.size()];
     }
-    void KeepUntilExit(const void* object) { Places.try_emplace(object); }
+    void KeepUntilExit(const void* object) {
+        const std::lock_guard guard(Lock);
+        Places.try_emplace(object);
+        NoteCount();
+    }
     void Keep(TKeeper* keeper, const TKeeper::TKept& kept) {
         Forget(kept.Object);
         keeper->Objects.push_back(kept);
+        const std::lock_guard guard(Lock);
         Places[kept.Object] = {keeper, --keeper->Objects.end()};
+        NoteCount();
     }
-    const TKeeper* Find(const void* object) const {
-        const auto place = Places.find(object);
-        return place == Places.end() ? nullptr : place->second.Keeper;
-    }
+    const TKeeper* Find(const void* object) { return PlaceOf(object).Keeper; }
     /// Of an object that a keeper has.
-    const TKeeper::TKept& EntryOf(const void* object) const {
-        return *Places.find(object)->second.Entry;
-    }
+    const TKeeper::TKept& EntryOf(const void* object) { return *PlaceOf(object).Entry; }
     void Forget(const void* object) {
-        const auto place = Places.find(object);
-        if (place == Places.end()) return;
-        if (TKeeper* keeper = place->second.Keeper) keeper->Objects.erase(place->second.Entry);
-        Places.erase(place);
+        // Most objects are in no place. What this thread may delete was put there before, by this
+        // thread or by one that has handed it over.
+        if (Count.load(std::memory_order_relaxed) == 0) return;
+        const TPlace place = TakePlace(object);
+        if (place.Keeper) place.Keeper->Objects.erase(place.Entry);
     }
 
 private:
@@ -36,36 +45,54 @@ private:
         TKeeper* Keeper = nullptr;
         std::list<TKeeper::TKept>::iterator Entry;
     };
+    TPlace PlaceOf(const void* object) {
+        const std::lock_guard guard(Lock);
+        const auto place = Places.find(object);
+        return place == Places.end() ? TPlace() : place->second;
+    }
+    TPlace TakePlace(const void* object) {
+        const std::lock_guard guard(Lock);
+        const auto found = Places.find(object);
+        if (found == Places.end()) return {};
+        const TPlace place = found->second;
+        Places.erase(found);
+        NoteCount();
+        return place;
+    }
+    void NoteCount() { Count.store(Places.size(), std::memory_order_relaxed); }
+
+    std::mutex Lock;
     std::unordered_map<const void*, TPlace> Places;
+    std::atomic<std::size_t> Count = 0;
 };
 
 void KeepUntilExit(const void* object) {
-    if (object) TKeptObjects::GetInstance().KeepUntilExit(object);
+    if (object) TKeptObjects::Of(object).KeepUntilExit(object);
 }
 
 void ForgetKept(const void* object) {
-    if (object) TKeptObjects::GetInstance().Forget(object);
+    if (object) TKeptObjects::Of(object).Forget(object);
 }
 
 bool HandOver(const void* object) {
-    if (!TKeptObjects::GetInstance().Find(object)) return false;
+    if (!TKeptObjects::Of(object).Find(object)) return false;
     ForgetKept(object);
     KeepUntilExit(object);
     return true;
 }
 
 void TKeeper::Keep(const void* object, TDelete deleteObject) {
-    if (object) TKeptObjects::GetInstance().Keep(this, {object, deleteObject});
+    if (object) TKeptObjects::Of(object).Keep(this, {object, deleteObject});
 }
 
 bool TKeeper::Has(const void* object) const {
-    return TKeptObjects::GetInstance().Find(object) == this;
+    return TKeptObjects::Of(object).Find(object) == this;
 }
 
 void TKeeper::Delete(const void* object) {
     if (!Has(object)) return;
     // Out of here first: deleting an object may delete others.
-    const TKept kept = TKeptObjects::GetInstance().EntryOf(object);
+    const TKept kept = TKeptObjects::Of(object).EntryOf(object);
     ForgetKept(object);
     kept.Delete(object);
 }

@@ -4,6 +4,9 @@
 // Some rules drop an object without destroying it: pointers that were handed out stay valid. Such
 // an object is kept in one place, either until the process ends or by the TKeeper that deletes it.
 // Its destructor calls ForgetKept, so that whoever knows the object may still delete it.
+//
+// All threads may keep and forget objects at the same time. An object, the keeper that has it and
+// the one that takes it belong to one thread at a time.
 
 /// Keeps an object reachable, and never deletes it. An object that a TKeeper has stays there. Null
 /// is ignored, here and below.

@@ -1,63 +1,115 @@
 #include "services/base/observer.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
+#include <mutex>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 // Each registration has a serial number: the numbers give the order, and one that is gone tells a
 // walk that its observer was deleted meanwhile, even when a new one has the same address.
-struct AEmbeddedObserverMgr::TObservers {
+class AEmbeddedObserverMgr::TObservers {
+public:
+    using TRegistrations = std::vector<std::pair<std::uint64_t, void*>>;
+
+    TObservers() = default;
+    /// The same observers.
+    explicit TObservers(const TRegistrations& registrations) {
+        for (const auto& [serial, observer] : registrations) Add(observer);
+    }
+    void Hold() { HolderCount.fetch_add(1, std::memory_order_relaxed); }
+    void LetGo() {
+        if (HolderCount.fetch_sub(1, std::memory_order_acq_rel) == 1) delete this;
+    }
+    void Add(void* observer) {
+        const std::lock_guard guard(Lock);
+        if (!Serials.emplace(observer, NextSerial).second) return;
+        InOrder.emplace(NextSerial++, observer);
+    }
+    void Remove(void* observer) {
+        const std::lock_guard guard(Lock);
+        const auto registration = Serials.find(observer);
+        if (registration == Serials.end()) return;
+        InOrder.erase(registration->second);
+        Serials.erase(registration);
+    }
+    TRegistrations GetRegistrations() {
+        const std::lock_guard guard(Lock);
+        return {InOrder.begin(), InOrder.end()};
+    }
+    bool IsRegistered(std::uint64_t serial) {
+        const std::lock_guard guard(Lock);
+        return InOrder.contains(serial);
+    }
+    bool IsEmpty() {
+        const std::lock_guard guard(Lock);
+        return InOrder.empty();
+    }
+
+private:
+    std::atomic<std::size_t> HolderCount = 1;
+    std::mutex Lock;
     std::map<std::uint64_t, void*> InOrder;
     std::unordered_map<void*, std::uint64_t> Serials;
     std::uint64_t NextSerial = 0;
 };
 
-AEmbeddedObserverMgr::AEmbeddedObserverMgr(const AEmbeddedObserverMgr& other)
-    : Observers(other.Registrations()) {}
+AEmbeddedObserverMgr::AEmbeddedObserverMgr(const AEmbeddedObserverMgr& other) {
+    *this = other;
+}
 
+// A manager whose registrations are to be shared makes them first.
 AEmbeddedObserverMgr& AEmbeddedObserverMgr::operator=(const AEmbeddedObserverMgr& other) {
-    Observers = other.Registrations();
+    TObservers& shared = other.Registrations();
+    shared.Hold();
+    Replace(&shared);
     return *this;
 }
 
-AEmbeddedObserverMgr::~AEmbeddedObserverMgr() = default;
+AEmbeddedObserverMgr::~AEmbeddedObserverMgr() {
+    Replace(nullptr);
+}
+
+void AEmbeddedObserverMgr::Replace(TObservers* observers) {
+    if (TObservers* former = Observers.exchange(observers)) former->LetGo();
+}
 
 void AEmbeddedObserverMgr::Register(void* observer) const {
-    if (!observer) return;
-    auto& observers = *Registrations();
-    if (!observers.Serials.emplace(observer, observers.NextSerial).second) return;
-    observers.InOrder.emplace(observers.NextSerial++, observer);
+    if (observer) Registrations().Add(observer);
 }
 
 void AEmbeddedObserverMgr::Unregister(void* observer) const {
-    if (!Observers) return;
-    const auto registration = Observers->Serials.find(observer);
-    if (registration == Observers->Serials.end()) return;
-    Observers->InOrder.erase(registration->second);
-    Observers->Serials.erase(registration);
+    if (TObservers* observers = Observers) observers->Remove(observer);
 }
 
 void AEmbeddedObserverMgr::CallEach(IObserverCaller& caller) const {
+    if (!HasObservers()) return;
     // Held here: an observer may destroy this manager, or assign to it.
-    const auto observers = Observers;
-    if (!observers) return;
-    const std::vector<std::pair<std::uint64_t, void*>> snapshot(observers->InOrder.begin(),
-                                                                observers->InOrder.end());
-    for (const auto& [serial, observer] : snapshot)
-        if (observers->InOrder.contains(serial)) caller.Call(observer);
+    const AEmbeddedObserverMgr held(*this);
+    TObservers& observers = held.Registrations();
+    for (const auto& [serial, observer] : observers.GetRegistrations())
+        if (observers.IsRegistered(serial)) caller.Call(observer);
 }
 
 bool AEmbeddedObserverMgr::HasObservers() const {
-    return Observers && !Observers->InOrder.empty();
+    TObservers* const observers = Observers;
+    return observers && !observers->IsEmpty();
 }
 
 void AEmbeddedObserverMgr::CopyRegistrations(const AEmbeddedObserverMgr& other) {
-    Observers = other.HasObservers() ? std::make_shared<TObservers>(*other.Observers) : nullptr;
+    TObservers* const others = other.Observers;
+    const bool isWatched = others && !others->IsEmpty();
+    Replace(isWatched ? new TObservers(others->GetRegistrations()) : nullptr);
 }
 
-const std::shared_ptr<AEmbeddedObserverMgr::TObservers>& AEmbeddedObserverMgr::Registrations()
-    const {
-    if (!Observers) Observers = std::make_shared<TObservers>();
-    return Observers;
+AEmbeddedObserverMgr::TObservers& AEmbeddedObserverMgr::Registrations() const {
+    if (TObservers* made = Observers) return *made;
+    auto* const own = new TObservers;
+    TObservers* first = nullptr;
+    if (Observers.compare_exchange_strong(first, own)) return *own;
+    // Another thread was faster.
+    own->LetGo();
+    return *first;
 }

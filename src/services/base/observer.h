@@ -1,6 +1,6 @@
 #pragma once
 #include "services/base/api.h"
-#include <memory>
+#include <atomic>
 
 /// Does one thing to each observer that ForEach hands it.
 class HDLBUILDFILE_SHARED_TYPE IObserverCaller {
@@ -13,6 +13,11 @@ public:
 /// A registration list. Observers are not owned: unregister before deleting one. Copies share the
 /// registrations, so that adding or deleting through either is seen by both, unless a derived class
 /// copies them.
+///
+/// All threads may register, unregister and call the observers of one manager at the same time;
+/// an observer is called on the thread that has something to tell, without a lock. Before one is
+/// deleted, no other thread may be about to call it. Assigning to a manager and its end belong to
+/// one thread.
 class HDLBUILDFILE_API AEmbeddedObserverMgr {
 public:
     AEmbeddedObserverMgr() = default;
@@ -31,9 +36,10 @@ protected:
     void CopyRegistrations(const AEmbeddedObserverMgr& other);
 
 private:
-    struct TObservers;
-    const std::shared_ptr<TObservers>& Registrations() const;
-    mutable std::shared_ptr<TObservers> Observers;  // made when first needed
+    class TObservers;
+    TObservers& Registrations() const;
+    void Replace(TObservers* observers);
+    mutable std::atomic<TObservers*> Observers = nullptr;  // made when first needed
 };
 
 /// The observers of class T.

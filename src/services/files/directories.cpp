@@ -4,13 +4,14 @@
 #include "services/files/pathpieces.h"
 #include "services/files/pathtext.h"
 #include "services/files/process.h"
-#include <optional>
+#include <atomic>
+#include <mutex>
 
 namespace {
 
 constexpr const char* kFolderName = "hdlbuildfile";
 
-void (*beforeChange)() = nullptr;
+std::atomic<void (*)()> directoriesChange = nullptr;
 
 std::string DirectoryText(const std::string& path) {
     const std::string canonical = CanonicalPath(path);
@@ -28,21 +29,36 @@ std::string ConfigurationDirectory() {
 }
 
 /// A directory that is found out when first asked for, unless somebody sets it.
-struct TPlace {
-    std::string (*FindOut)();
-    std::optional<std::string> Directory = {};
+class TPlace {
+public:
+    explicit TPlace(std::string (*findOut)()) : FindOut(findOut) {}
 
     const char* GetDirectory() {
-        if (!Directory) Directory = FindOut();
-        return Directory->c_str();
+        const std::lock_guard guard(Lock);
+        if (!Directory) Directory = KeptPathText(FindOut());
+        return Directory;
     }
     void SetDirectory(const char* directory) {
-        if (beforeChange) beforeChange();
-        if (directory && *directory)
-            Directory = DirectoryText(directory);
-        else
-            Directory.reset();
+        // Another thread may hold the former text, so it stays.
+        const char* const text =
+            directory && *directory ? KeptPathText(DirectoryText(directory)) : nullptr;
+        TellChange();
+        Set(text);
+        TellChange();
     }
+
+private:
+    static void TellChange() {
+        if (const auto call = directoriesChange.load()) call();
+    }
+    void Set(const char* text) {
+        const std::lock_guard guard(Lock);
+        Directory = text;
+    }
+
+    std::string (*FindOut)();
+    std::mutex Lock;
+    const char* Directory = nullptr;
 };
 
 // Never destroyed: what uses them is saved while the process ends.
@@ -71,6 +87,6 @@ void SetTalveraAppDataDirectory(const char* directory) {
     ApplicationData().SetDirectory(directory);
 }
 
-void CallBeforeDirectoriesChange(void (*callback)()) {
-    beforeChange = callback;
+void CallWhenDirectoriesChange(void (*callback)()) {
+    directoriesChange = callback;
 }

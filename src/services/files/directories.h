@@ -1,7 +1,7 @@
 #pragma once
 #include "services/base/api.h"
 
-// Every directory text is in UTF-8, ends with a delimiter and is valid until its setter is called.
+// Every directory text is in UTF-8, ends with a delimiter and is valid until the process ends.
 
 /// The installation directory: that of the running module (library or program).
 HDLBUILDFILE_API const char* GetOrvaneHomeDirectory();
@@ -14,6 +14,7 @@ HDLBUILDFILE_API const char* GetTalveraAppDataDirectory();
 HDLBUILDFILE_API void SetOrvaneHomeDirectory(const char* directory);
 HDLBUILDFILE_API void SetTalveraAppDataDirectory(const char* directory);
 
-/// `callback` is called before either directory changes, while both still have their old values.
+/// `callback` is called before either directory changes, while both still have their old values,
+/// and again when the change is done, as another thread may have asked for the old ones meanwhile.
 /// There is one callback for the process; null takes it away.
-void CallBeforeDirectoriesChange(void (*callback)());
+void CallWhenDirectoriesChange(void (*callback)());

@@ -3,17 +3,51 @@
 #include "services/files/filesystem.h"
 #include "services/files/pathconventions.h"
 #include <algorithm>
+#include <atomic>
+#include <mutex>
 #include <optional>
+#include <unordered_set>
 #include <vector>
 
 namespace {
 
 constexpr std::string_view kTemporaryEnd = ".tmp";
 
+/// The temporary files of the saves that other threads, and this one, have begun and not ended.
+class TTemporariesInUse {
+public:
+    static TTemporariesInUse& GetInstance() {
+        // Never destroyed: files are saved while the process ends, too.
+        static auto& names = *new TTemporariesInUse;
+        return names;
+    }
+    void Add(const std::string& name) {
+        const std::lock_guard guard(Lock);
+        Names.insert(name);
+    }
+    void Remove(const std::string& name) {
+        const std::lock_guard guard(Lock);
+        Names.erase(name);
+    }
+    bool Has(const std::string& name) {
+        const std::lock_guard guard(Lock);
+        return Names.contains(name);
+    }
+
+private:
+    std::mutex Lock;
+    std::unordered_set<std::string> Names;
+};
+
 /// One save, a step an operation. An operation answers false when the save fails.
 class TFileSave {
 public:
     TFileSave(IFileSystem& system, const std::string& path) : System(system), Target(path) {}
+    TFileSave(const TFileSave&) = delete;
+    TFileSave& operator=(const TFileSave&) = delete;
+    ~TFileSave() {
+        for (const std::string& name : NamesTaken) TTemporariesInUse::GetInstance().Remove(name);
+    }
 
     bool Run(std::string_view bytes, const std::string& like) {
         if (!FollowLinks() || !LookAtTarget()) return false;
@@ -71,16 +105,20 @@ private:
         if (!name.starts_with(TemporaryBegin) || !name.ends_with(kTemporaryEnd)) return false;
         const std::size_t begin = TemporaryBegin.size();
         const std::string mark = name.substr(begin, name.find('-', begin) - begin);
-        // One save at a time: those of this process have ended.
-        return mark == System.GetProcessMark() || System.IsProcessGone(mark);
+        // A save of this process that ended has left it, unless another thread's save goes on.
+        if (mark == System.GetProcessMark())
+            return !TTemporariesInUse::GetInstance().Has(Folder + name);
+        return System.IsProcessGone(mark);
     }
 
     /// A name that no other file in the folder has, of another process or machine neither.
-    std::string NewTemporaryName() const {
-        static unsigned number = 0;
-        return Folder + TemporaryBegin + System.GetProcessMark() + "-" +
-               std::to_string(System.GetTime()) + "-" + std::to_string(number++) +
-               std::string(kTemporaryEnd);
+    std::string NewTemporaryName() {
+        static std::atomic<unsigned> number = 0;
+        NamesTaken.push_back(Folder + TemporaryBegin + System.GetProcessMark() + "-" +
+                             std::to_string(System.GetTime()) + "-" + std::to_string(number++) +
+                             std::string(kTemporaryEnd));
+        TTemporariesInUse::GetInstance().Add(NamesTaken.back());
+        return NamesTaken.back();
     }
 
     /// Nobody else reads the bytes before the permissions are those of the file `like`.
@@ -150,6 +188,7 @@ private:
     std::string Target;
     std::string Folder;  // with the delimiter that ends it
     std::string TemporaryBegin;
+    std::vector<std::string> NamesTaken;   // of temporary files
     std::optional<std::string> Temporary;  // what is to be removed at the end
     std::optional<std::string> Former;     // a hard link to the old file
     std::string Reason;

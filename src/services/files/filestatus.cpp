@@ -1,25 +1,30 @@
 #include "services/files/filestatus.h"
 #include "services/files/filesystem.h"
+#include <atomic>
 
 namespace {
-std::uint64_t LookCount = 0;
+std::atomic<std::uint64_t> LookCount = 0;
+
+void CountLook() {
+    LookCount.fetch_add(1, std::memory_order_relaxed);
+}
 
 constexpr std::int64_t kNanosecondsPerWordUnit =
     sizeof(unsigned long) >= sizeof(std::int64_t) ? 1 : 1'000'000'000;
 }  // namespace
 
 TFileStatus LookAtFile(const std::string& path) {
-    ++LookCount;
+    CountLook();
     return GetFileSystem().GetStatus(path);
 }
 
 bool LookWhetherReadable(const std::string& path) {
-    ++LookCount;
+    CountLook();
     return GetFileSystem().CanRead(path);
 }
 
 bool LookWhetherWritable(const std::string& path) {
-    ++LookCount;
+    CountLook();
     return GetFileSystem().CanWrite(path);
 }
 

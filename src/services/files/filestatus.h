@@ -23,7 +23,7 @@ TFileStatus LookAtFile(const std::string& path);
 bool LookWhetherReadable(const std::string& path);
 bool LookWhetherWritable(const std::string& path);
 
-/// How often the library has looked so far, so that tests can count disk accesses.
+/// How often the library has looked so far, on all threads, so that tests can count disk accesses.
 std::uint64_t CountOfFileLooks();
 
 /// The time as the word that callers pass around: nanoseconds since 1970 UTC where `unsigned long`

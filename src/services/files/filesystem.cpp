@@ -1,14 +1,15 @@
 #include "services/files/filesystem.h"
-#include <utility>
+#include <atomic>
 
 namespace {
-IFileSystem* ReplacedSystem = nullptr;
+std::atomic<IFileSystem*> ReplacedSystem = nullptr;
 }  // namespace
 
 IFileSystem& GetFileSystem() {
-    return ReplacedSystem ? *ReplacedSystem : GetNativeFileSystem();
+    IFileSystem* const replaced = ReplacedSystem;
+    return replaced ? *replaced : GetNativeFileSystem();
 }
 
 IFileSystem* SetFileSystem(IFileSystem* system) {
-    return std::exchange(ReplacedSystem, system);
+    return ReplacedSystem.exchange(system);
 }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <mutex>
 #include <unordered_set>
 #include <utility>
 
@@ -70,7 +71,11 @@ struct THashOfText {
     }
 };
 
-using TKeptTexts = std::unordered_set<std::string, THashOfText, std::equal_to<>>;
+/// A part of all texts, those of certain hashes: threads seldom wait for each other.
+struct TKeptTexts {
+    std::mutex Lock;
+    std::unordered_set<std::string, THashOfText, std::equal_to<>> Texts;
+};
 
 }  // namespace
 
@@ -167,9 +172,11 @@ std::string SqueezePath(std::string_view path, int length) {
 
 char* KeptPathText(std::string_view text) {
     // Never destroyed: handles are asked until the very end of the process.
-    static TKeptTexts& texts = *new TKeptTexts;
-    auto place = texts.find(text);
-    if (place == texts.end()) place = texts.emplace(text).first;
+    static auto& parts = *new std::array<TKeptTexts, 16>;
+    TKeptTexts& part = parts[THashOfText()(text) % parts.size()];
+    const std::lock_guard guard(part.Lock);
+    auto place = part.Texts.find(text);
+    if (place == part.Texts.end()) place = part.Texts.emplace(text).first;
     // Callers must not change the text; some operations only lack the const.
     return const_cast<char*>(place->c_str());
 }

@@ -1,8 +1,10 @@
 #include "services/files/process.h"
+#include <cerrno>
 #include <cstdlib>
 #include <dlfcn.h>
 #include <pwd.h>
 #include <unistd.h>
+#include <vector>
 
 namespace {
 
@@ -18,7 +20,11 @@ std::string RealPath(const char* path) {
 std::string GetHomeFolder() {
     std::string home = GetEnvironmentText("HOME");
     if (!home.empty()) return home;
-    const passwd* user = getpwuid(getuid());
+    passwd entry = {};
+    passwd* user = nullptr;
+    std::vector<char> texts(1024);
+    while (getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &user) == ERANGE)
+        texts.resize(2 * texts.size());
     return user && user->pw_dir ? user->pw_dir : "/";
 }
 

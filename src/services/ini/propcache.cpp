@@ -9,8 +9,10 @@
 #include "services/logging/binarylog.h"
 #include "services/names/isfilename.h"
 #include <algorithm>
+#include <atomic>
 #include <cstdlib>
 #include <cstring>
+#include <mutex>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -21,15 +23,28 @@ const char* OrEmpty(const char* text) {
     return text ? text : "";
 }
 
-// Not a diagnostic line: something of the user's is lost or not saved.
-void LogLine(const std::string& text) {
-    gBinaryLogMessageLoggingMutex.Acquire();
-    TBinaryLogFile::GetInstance()->Write(text.c_str(), "", 0);
-    gBinaryLogMessageLoggingMutex.Release();
-}
+/// Lines for the log, written at the end of the object's life: a cache's lock is free by then. Not
+/// diagnostic lines: something of the user's is lost or not saved.
+class TLogLines {
+public:
+    TLogLines() = default;
+    ~TLogLines() {
+        for (const std::string& line : Lines) {
+            gBinaryLogMessageLoggingMutex.Acquire();
+            TBinaryLogFile::GetInstance()->Write(line.c_str(), "", 0);
+            gBinaryLogMessageLoggingMutex.Release();
+        }
+    }
+    TLogLines(const TLogLines&) = delete;
+    TLogLines& operator=(const TLogLines&) = delete;
+    void Add(std::string line) { Lines.push_back(std::move(line)); }
+
+private:
+    std::vector<std::string> Lines;
+};
 
 /// A missing file is an empty one. False, logged, when the file is there and cannot be used.
-bool ReadIniText(const std::string& path, std::string* text, TIniReadError* error) {
+bool ReadIniText(const std::string& path, std::string* text, TIniReadError* error, TLogLines* log) {
     text->clear();
     if (path.empty()) return true;
     std::string reason;
@@ -39,15 +54,15 @@ bool ReadIniText(const std::string& path, std::string* text, TIniReadError* erro
     const bool hasZero = text->find('\0') != std::string::npos;
     if (result == FILE_READ_DONE && !hasZero) return true;
     *error = {path, hasZero ? "it is not a text file" : reason};
-    LogLine("Cannot read \"" + path + "\": " + error->Reason);
+    log->Add("Cannot read \"" + path + "\": " + error->Reason);
     text->clear();
     return false;
 }
 
-bool ReplaceIniText(const std::string& path, const std::string& text) {
+bool ReplaceIniText(const std::string& path, const std::string& text, TLogLines* log) {
     std::string reason = "its directory cannot be made";
     if (MakeDirectoryOf(path.c_str()) && ReplaceWholeFile(path.c_str(), text, &reason)) return true;
-    LogLine("Cannot write \"" + path + "\": " + reason);
+    log->Add("Cannot write \"" + path + "\": " + reason);
     return false;
 }
 
@@ -83,9 +98,29 @@ struct TPropCache::TState {
     std::unordered_map<std::string, std::vector<std::string>> ChangedKeys;  // addresses, by section
     std::unordered_map<std::string, std::string> CutValues;  // handed out, by address
 
+    std::mutex Lock;  // of everything here; the operations below are called with it
+
+    void Read(const std::string& userFile, const std::string& systemFile, TLogLines* log);
     std::optional<std::string> Find(const std::string& address) const;
     void Change(const std::string& address, std::optional<std::string> value);
+    bool Flush(TLogLines* log);
+    void DropChanges();
 };
+
+void TPropCache::TState::Read(const std::string& userFile, const std::string& systemFile,
+                              TLogLines* log) {
+    UserFile = userFile;
+    SystemFile = systemFile;
+    ReadError = {};
+    DropChanges();
+    CutValues.clear();
+    std::string text;
+    // The user's file is read last, so that its error is the one that stays.
+    ReadIniText(SystemFile, &text, &ReadError, log);
+    System.Parse(text);
+    ReadIniText(UserFile, &text, &ReadError, log);
+    User.Parse(text);
+}
 
 std::optional<std::string> TPropCache::TState::Find(const std::string& address) const {
     const auto place = ChangePlaces.find(address);
@@ -113,14 +148,8 @@ void TPropCache::TState::Change(const std::string& address, std::optional<std::s
 
 TPropCache::TPropCache(const char* userFile, const char* systemFile)
     : State(std::make_unique<TState>()) {
-    State->UserFile = OrEmpty(userFile);
-    State->SystemFile = OrEmpty(systemFile);
-    std::string text;
-    // The user's file is read last, so that its error is the one that stays.
-    ReadIniText(State->SystemFile, &text, &State->ReadError);
-    State->System.Parse(text);
-    ReadIniText(State->UserFile, &text, &State->ReadError);
-    State->User.Parse(text);
+    TLogLines log;
+    State->Read(OrEmpty(userFile), OrEmpty(systemFile), &log);
 }
 
 TPropCache::~TPropCache() {
@@ -134,6 +163,7 @@ const TIniReadError& TPropCache::GetReadError() const {
 bool TPropCache::GetPrivatePropString(const char* section, const char* key, const char* missing,
                                       char* buffer, int size) const {
     const auto address = IniAddress(OrEmpty(section), OrEmpty(key));
+    std::unique_lock guard(State->Lock);
     const auto found = State->Find(address);
     if (!buffer || size <= 0) return found.has_value();
     const std::string value = found ? *found : OrEmpty(missing);
@@ -142,6 +172,7 @@ bool TPropCache::GetPrivatePropString(const char* section, const char* key, cons
     buffer[length] = 0;
     if (found && length < value.size()) {
         State->CutValues[address] = buffer;
+        guard.unlock();
         LogDiagnostic(TBinaryLogMessageTwoArgs(
             "[Default] INI value cut, section \"%1%\", key \"%2%\"", section, key));
     }
@@ -150,16 +181,19 @@ bool TPropCache::GetPrivatePropString(const char* section, const char* key, cons
 
 std::string TPropCache::GetPrivatePropText(const char* section, const char* key,
                                            const char* missing) const {
+    const std::lock_guard guard(State->Lock);
     return State->Find(IniAddress(OrEmpty(section), OrEmpty(key))).value_or(OrEmpty(missing));
 }
 
 bool TPropCache::HasPrivateProp(const char* section, const char* key) const {
+    const std::lock_guard guard(State->Lock);
     return State->Find(IniAddress(OrEmpty(section), OrEmpty(key))).has_value();
 }
 
 std::vector<std::string> TPropCache::GetPrivatePropKeys(const char* section) const {
     const auto stored = IniSectionOf(IniAddress(OrEmpty(section), ""));
     std::vector<std::string> addresses;
+    const std::lock_guard guard(State->Lock);
     State->User.AppendAddresses(stored, &addresses);
     State->System.AppendAddresses(stored, &addresses);
     const auto changed = State->ChangedKeys.find(stored);
@@ -174,17 +208,21 @@ std::vector<std::string> TPropCache::GetPrivatePropKeys(const char* section) con
 }
 
 bool TPropCache::GetPrivatePropBool(const char* section, const char* key, bool missing) const {
+    const std::lock_guard guard(State->Lock);
     const auto value = State->Find(IniAddress(OrEmpty(section), OrEmpty(key)));
     return value ? ConvertStringBoolToBoolean(value->c_str()) : missing;
 }
 
 int TPropCache::GetPrivatePropInt(const char* section, const char* key, int missing) const {
+    const std::lock_guard guard(State->Lock);
     const auto value = State->Find(IniAddress(OrEmpty(section), OrEmpty(key)));
     return value ? LeadingNumber(*value) : missing;
 }
 
 void TPropCache::WritePrivatePropString(const char* section, const char* key, const char* value) {
     const auto address = IniAddress(OrEmpty(section), OrEmpty(key));
+    TLogLines log;
+    const std::lock_guard guard(State->Lock);
     if (!value) {
         State->Change(address, {});
         return;
@@ -193,7 +231,7 @@ void TPropCache::WritePrivatePropString(const char* section, const char* key, co
     if (cut != State->CutValues.end() && cut->second == value) return;
     const auto line = WithoutLineEnds(value);
     if (line != value)
-        LogLine(std::string("INI value stored with blanks for line ends, section \"") +
+        log.Add(std::string("INI value stored with blanks for line ends, section \"") +
                 OrEmpty(section) + "\", key \"" + OrEmpty(key) + "\"");
     State->Change(address, line);
 }
@@ -207,41 +245,74 @@ void TPropCache::DeletePrivateProp(const char* section, const char* key) {
 }
 
 bool TPropCache::Flush() {
-    if (State->Changes.empty() || State->UserFile.empty()) return true;
+    TLogLines log;
+    const std::lock_guard guard(State->Lock);
+    return State->Flush(&log);
+}
+
+bool TPropCache::TState::Flush(TLogLines* log) {
+    if (Changes.empty() || UserFile.empty()) return true;
     std::string text;
     TIniReadError error;
-    if (!ReadIniText(State->UserFile, &text, &error)) return false;
-    const auto merged = MergedIniText(text, State->Changes);
-    if (merged != text && !ReplaceIniText(State->UserFile, merged)) return false;
-    State->User.Parse(merged);
-    State->Changes.clear();
-    State->ChangePlaces.clear();
-    State->ChangedKeys.clear();
+    if (!ReadIniText(UserFile, &text, &error, log)) return false;
+    const auto merged = MergedIniText(text, Changes);
+    if (merged != text && !ReplaceIniText(UserFile, merged, log)) return false;
+    User.Parse(merged);
+    DropChanges();
     return true;
 }
 
-namespace {
-
-TPropCache* systemPropCache = nullptr;
-
-void FlushSystemPropCache() {
-    if (systemPropCache) systemPropCache->Flush();
+void TPropCache::TState::DropChanges() {
+    Changes.clear();
+    ChangePlaces.clear();
+    ChangedKeys.clear();
 }
 
-}  // namespace
+/// The process's cache. It stays in its place when it is dropped: other threads may be using it.
+class TSystemPropCache {
+public:
+    static TSystemPropCache& GetInstance() {
+        // Never destroyed: other objects may write to it while the process ends.
+        static auto& cache = *new TSystemPropCache;
+        return cache;
+    }
+    TPropCache* GetCache() {
+        if (IsRead) return &Cache;
+        const std::string user = GetIniFile()->Canonical(false);
+        const std::string system = GetSystemIniFile()->Canonical(false);
+        TLogLines log;
+        const std::lock_guard guard(Cache.State->Lock);
+        if (!IsRead) {
+            // What was written since the cache was dropped.
+            Cache.State->Flush(&log);
+            Cache.State->Read(user, system, &log);
+            IsRead = true;
+        }
+        return &Cache;
+    }
+    void Drop() {
+        TLogLines log;
+        const std::lock_guard guard(Cache.State->Lock);
+        Cache.State->Flush(&log);
+        Cache.State->DropChanges();
+        IsRead = false;
+    }
+
+private:
+    TSystemPropCache() {
+        // What was changed so far belongs to the files in the present directories.
+        CallWhenDirectoriesChange(ResetSystemPropCache);
+        std::atexit([] { GetInstance().Cache.Flush(); });
+    }
+
+    TPropCache Cache{nullptr, nullptr};
+    std::atomic<bool> IsRead = false;
+};
 
 TPropCache* GetSystemPropCache() {
-    // The cache is never destroyed: other objects may write to it while the process ends.
-    [[maybe_unused]] static const int registered = std::atexit(FlushSystemPropCache);
-    if (!systemPropCache) {
-        // What was changed so far belongs to the files in the present directories.
-        CallBeforeDirectoriesChange(ResetSystemPropCache);
-        systemPropCache =
-            new TPropCache(GetIniFile()->Canonical(false), GetSystemIniFile()->Canonical(false));
-    }
-    return systemPropCache;
+    return TSystemPropCache::GetInstance().GetCache();
 }
 
 void ResetSystemPropCache() {
-    delete std::exchange(systemPropCache, nullptr);
+    TSystemPropCache::GetInstance().Drop();
 }

@@ -19,6 +19,8 @@ struct TIniReadError {
 /// empty. A value with outer blanks or outer double quotes is stored in double quotes, of which
 /// reading strips one pair; a line end in a value becomes one blank (logged). Foreign sections,
 /// comments and their order survive a save.
+///
+/// All threads may use one cache at the same time.
 class HDLBUILDFILE_API TPropCache {
 public:
     /// Reads both files; either path may be null or empty, either file may be missing. One that is
@@ -28,7 +30,8 @@ public:
     TPropCache(const TPropCache&) = delete;
     TPropCache& operator=(const TPropCache&) = delete;
 
-    /// What kept the constructor from reading the user's file, else the system's.
+    /// What kept the constructor from reading the user's file, else the system's. For the process's
+    /// cache what kept the last read from it; valid until the cache is dropped.
     const TIniReadError& GetReadError() const;
 
     /// Copies the value into `buffer` of `size` bytes, the ending zero included, cut at a whole
@@ -57,11 +60,14 @@ public:
     bool Flush();
 
 private:
+    friend class TSystemPropCache;
     struct TState;
     std::unique_ptr<TState> State;
 };
 
-/// The process's cache over GetIniFile() and GetSystemIniFile(), made on first use; never null.
+/// The process's cache over GetIniFile() and GetSystemIniFile(), read on first use; never null,
+/// never destroyed.
 HDLBUILDFILE_API TPropCache* GetSystemPropCache();
-/// Flushes and drops the process's cache: the next use reads the files anew.
+/// Flushes and drops what the process's cache holds: the next GetSystemPropCache() reads the files
+/// anew. What another thread writes until then is saved as well.
 HDLBUILDFILE_API void ResetSystemPropCache();

@@ -1,7 +1,7 @@
 #include "services/logging/messagebox.h"
+#include <atomic>
 #include <cstdio>
 #include <string>
-#include <utility>
 
 namespace {
 
@@ -17,16 +17,17 @@ public:
     }
 };
 
-IMessageBox* HostsBox = nullptr;
+std::atomic<IMessageBox*> HostsBox = nullptr;
 
 }  // namespace
 
 IMessageBox* Fileservices::GetMessageBox() {
     // Never destroyed: messages may come while the process ends.
     static IMessageBox* const builtIn = new TStandardErrorBox;
-    return HostsBox ? HostsBox : builtIn;
+    IMessageBox* const hostsBox = HostsBox;
+    return hostsBox ? hostsBox : builtIn;
 }
 
 IMessageBox* Fileservices::SetMessageBox(IMessageBox* box) {
-    return std::exchange(HostsBox, box);
+    return HostsBox.exchange(box);
 }

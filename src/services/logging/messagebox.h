@@ -1,7 +1,8 @@
 #pragma once
 #include "services/base/api.h"
 
-/// Tells the user something.
+/// Tells the user something. Called on the thread whose work has something to tell, on several at a
+/// time when they work at the same time, and never with a lock held.
 class HDLBUILDFILE_SHARED_TYPE IMessageBox {
 public:
     virtual ~IMessageBox() = default;

@@ -9,7 +9,8 @@ class ISFileName;
 /// The key of the time stamps that the library records itself.
 inline constexpr const char* kDefaultTimeStampKey = "DEFAULT_TIME_STAMP_KEY";
 
-/// Is told when a file name's record changes.
+/// Is told when a file name's record changes, on the thread that changes it. The record of a handle
+/// is shared by all threads.
 class HDLBUILDFILE_SHARED_TYPE ASFileNameObserver {
 public:
     virtual ~ASFileNameObserver() = default;

@@ -1,5 +1,6 @@
 #include "services/xml/xmllist.h"
 
+#include <mutex>
 #include <unordered_map>
 
 #include "services/base/fold.h"
@@ -20,13 +21,35 @@ namespace {
 
 constexpr int kReadFailureLine = 105;
 
-// The files whose last read failed, whichever list read them: every read and every write has a list
-// of its own. Under each name is the file that it led to: a save goes through links, which cannot
-// be followed every time. Never destroyed, as lists may be used until the process ends.
-std::unordered_map<std::string, std::string>& GetUnreadFiles() {
-    static auto* const files = new std::unordered_map<std::string, std::string>;
-    return *files;
-}
+/// The files whose last read failed, whichever list read them: every read and every write has a
+/// list of its own. Under each name is the file that it led to: a save goes through links, which
+/// cannot be followed every time.
+class TUnreadFiles {
+public:
+    static TUnreadFiles& GetInstance() {
+        // Never destroyed: lists may be used until the process ends.
+        static auto& files = *new TUnreadFiles;
+        return files;
+    }
+    void Add(const std::string& name, const std::string& target) {
+        const std::lock_guard guard(Lock);
+        Targets[name] = Targets[target] = target;
+    }
+    void Remove(const std::string& name, const std::string& target) {
+        const std::lock_guard guard(Lock);
+        std::erase_if(Targets, [&](const auto& unread) {
+            return unread.first == name || unread.second == target;
+        });
+    }
+    bool Has(const std::string& name) {
+        const std::lock_guard guard(Lock);
+        return Targets.contains(name);
+    }
+
+private:
+    std::mutex Lock;
+    std::unordered_map<std::string, std::string> Targets;
+};
 
 std::string GetNameKey(const char* name) {
     return kPathsIgnoreCase ? FoldCase(name) : name;
@@ -36,17 +59,16 @@ void NoteRead(const ISFileName* file, bool succeeded) {
     const std::string name = GetNameKey(file->Canonical(false));
     const std::string target = GetNameKey(file->CanonicalWithExpandedLinks());
     if (succeeded)
-        std::erase_if(GetUnreadFiles(), [&](const auto& unread) {
-            return unread.first == name || unread.second == target;
-        });
+        TUnreadFiles::GetInstance().Remove(name, target);
     else
-        GetUnreadFiles()[name] = GetUnreadFiles()[target] = target;
+        TUnreadFiles::GetInstance().Add(name, target);
 }
 
 // True also when the disk does not tell whether the file exists: making the backup shows it.
 bool MustBeKept(const ISFileName* file) {
-    if (!GetUnreadFiles().contains(GetNameKey(file->Canonical(false))) &&
-        !GetUnreadFiles().contains(GetNameKey(file->CanonicalWithExpandedLinks())))
+    TUnreadFiles& unread = TUnreadFiles::GetInstance();
+    if (!unread.Has(GetNameKey(file->Canonical(false))) &&
+        !unread.Has(GetNameKey(file->CanonicalWithExpandedLinks())))
         return false;
     const TFileStatus status = LookAtFile(file->Canonical(false));
     return status.Exists || status.IsUnknown;

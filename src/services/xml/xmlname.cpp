@@ -1,7 +1,9 @@
 #include "services/xml/xmlname.h"
 
 #include <algorithm>
-#include <map>
+#include <mutex>
+#include <optional>
+#include <unordered_map>
 
 #include "services/xml/expatrun.h"
 #include "services/xml/xmltext.h"
@@ -16,16 +18,33 @@ bool IsAsciiNameCharacter(char c) {
     return IsAsciiNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
 }
 
+/// Documents that were parsed, and whether they are well-formed.
+class TKnownDocuments {
+public:
+    std::optional<bool> Find(const std::string& document) {
+        const std::lock_guard guard(Lock);
+        const auto found = Documents.find(document);
+        return found == Documents.end() ? std::nullopt : std::optional(found->second);
+    }
+    void Add(const std::string& document, bool isWellFormed) {
+        const std::lock_guard guard(Lock);
+        Documents.emplace(document, isWellFormed);
+    }
+
+private:
+    std::mutex Lock;
+    std::unordered_map<std::string, bool> Documents;
+};
+
 // Editions of XML differ in the letters beyond ASCII. Our own parser's opinion counts: what it
 // refuses could not be read back.
 bool IsAcceptedInName(std::string_view character, bool first) {
-    static auto* const known = new std::map<std::string, bool, std::less<>>;
-    std::string document = (first ? "<" : "<_") + std::string(character) + "/>";
-    const auto found = known->find(document);
-    if (found != known->end()) return found->second;
-    const bool accepted = IsWellFormed(document);
-    known->emplace(std::move(document), accepted);
-    return accepted;
+    static auto& known = *new TKnownDocuments;
+    const std::string document = (first ? "<" : "<_") + std::string(character) + "/>";
+    if (const auto isAccepted = known.Find(document)) return *isAccepted;
+    const bool isAccepted = IsWellFormed(document);
+    known.Add(document, isAccepted);
+    return isAccepted;
 }
 
 bool CanStandInName(std::string_view character, bool first) {

@@ -1,8 +1,11 @@
 #include "services/base/observer.h"
+#include <atomic>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -176,4 +179,31 @@ TEST_F(ObserverTest, CopiedRegistrationsOfNobodyAreNone) {
     EXPECT_EQ(Taken(), "");
     other.NotifyAll();
     EXPECT_EQ(Taken(), "second\n");
+}
+
+TEST_F(ObserverTest, MayBeUsedByManyThreadsAtOnce) {
+    class Counter {
+    public:
+        void ToolsChanged() { ++Count; }
+        std::atomic<int> Count = 0;
+    };
+    class Counters : public TEmbeddedObserverMgr<Counter> {
+    } counters;
+    constexpr int kThreads = 4;
+    constexpr int kRounds = 1000;
+    Counter common;
+    std::vector<Counter> own(kThreads);
+    std::vector<std::thread> threads;
+    for (Counter& counter : own)
+        threads.emplace_back([&] {
+            for (int i = 0; i < kRounds; ++i) {
+                counters.AddObserver(&common);
+                counters.AddObserver(&counter);
+                TNotifyNoArg<Counter> notify(&Counter::ToolsChanged);
+                counters.ForEach(notify);
+            }
+        });
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(common.Count, kThreads * kRounds);
+    for (const Counter& counter : own) EXPECT_GE(counter.Count, kRounds);
 }

@@ -68,6 +68,24 @@ TEST_F(Directories, EndWithADelimiterHoweverTheyAreSet) {
     EXPECT_STREQ(GetOrvaneHomeDirectory(), "\\\\h\\s\\");
 }
 
+TEST_F(Directories, LeaveATextThatWasHandedOutAsItIs) {
+    SetOrvaneHomeDirectory("/first");
+    const char* const first = GetOrvaneHomeDirectory();
+    SetOrvaneHomeDirectory("/second");
+    EXPECT_EQ(first, HostForm("/first/"));
+    EXPECT_EQ(GetOrvaneHomeDirectory(), HostForm("/second/"));
+}
+
+TEST_F(Directories, TellBeforeAndAfterAChange) {
+    static std::string told;
+    told.clear();
+    SetOrvaneHomeDirectory("/first");
+    CallWhenDirectoriesChange([] { told += std::string(GetOrvaneHomeDirectory()) + " "; });
+    SetOrvaneHomeDirectory("/second");
+    CallWhenDirectoriesChange(nullptr);
+    EXPECT_EQ(told, HostForm("/first/") + " " + HostForm("/second/") + " ");
+}
+
 TEST_F(Directories, AreNotMadeByReading) {
     SetTalveraAppDataDirectory(Folder.Path("data").c_str());
     EXPECT_EQ(GetTalveraAppDataDirectory(), Folder.Path("data") + HostForm("/"));

@@ -4,6 +4,7 @@
 #include "tests/services/names/hostform.h"
 #include "tests/support/memoryfilesystem.h"
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace {
 
@@ -201,4 +202,29 @@ TEST(FileSave, KeepsAFileThatMayNotBeReplaced) {
     EXPECT_FALSE(SaveFile(HostForm("/p/a"), "new", "", &reason));
     EXPECT_EQ(reason, "Too many levels of symbolic links");
     EXPECT_FALSE(SaveFile(HostForm("/p/a"), "new", "", nullptr));
+}
+
+TEST(FileSave, LeavesTheTemporaryFileOfAnotherThreadsSave) {
+    /// Saves the same file once more while the first save waits for the disk.
+    class TWaitingDisk : public MemoryFileSystem {
+    public:
+        TFileResult Flush(TFileNumber file) override {
+            if (!IsWaiting) {
+                IsWaiting = true;
+                std::thread([this] { Second = Saved("second"); }).join();
+                SeenBetween = Text(kPath);
+            }
+            return MemoryFileSystem::Flush(file);
+        }
+        bool IsWaiting = false;
+        std::string Second;
+        std::string SeenBetween;
+    };
+    TWaitingDisk disk;
+    disk.Put(kPath, "old");
+    EXPECT_EQ(Saved("first"), "done");
+    EXPECT_EQ(disk.Second, "done");
+    EXPECT_EQ(disk.SeenBetween, "second");
+    EXPECT_EQ(disk.Text(kPath), "first");
+    EXPECT_EQ(disk.List(), "/p/a.xml\n");
 }

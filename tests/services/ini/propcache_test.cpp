@@ -457,3 +457,33 @@ TEST(SystemPropCache, StandsOverTheEnvironmentsTwoIniFiles) {
 TEST(SystemPropCacheDeathTest, SavesWhenTheProcessEnds) {
     EXPECT_EXIT(WriteAPropertyAndEnd(), testing::ExitedWithCode(0), "saved: .A.;k=v;");
 }
+
+TEST(SystemPropCache, StaysInItsPlaceWhenItIsDropped) {
+    const MemoryFolder folder;
+    SetIniFile(folder.Write("user.ini", "[A]\nk=1\n").c_str());
+    TPropCache* const cache = GetSystemPropCache();
+    ResetSystemPropCache();
+    // As another thread would that got the cache before.
+    cache->WritePrivatePropString("A", "l", "2");
+    SetIniFile(folder.Path("other.ini").c_str());
+    EXPECT_EQ(folder.Read("user.ini"), "[A]\nk=1\nl=2\n");
+    EXPECT_EQ(GetSystemPropCache(), cache);
+    EXPECT_EQ(cache->GetPrivatePropText("A", "l", "-"), "-");
+    SetIniFile(nullptr);
+}
+
+TEST(SystemPropCache, LosesWhatCouldNotBeSavedWhenItIsDropped) {
+    RecordingLog log;
+    const MemoryFolder folder;
+    const std::string path = folder.Write("user.ini", std::string("[A]\0", 4));
+    SetIniFile(path.c_str());
+    GetSystemPropCache()->WritePrivatePropString("A", "k", "lost");
+    const std::string line = "Cannot read \"" + path + "\": it is not a text file\n";
+    EXPECT_EQ(log.Take(), line);
+    ResetSystemPropCache();
+    EXPECT_EQ(log.Take(), line);
+    folder.Write("user.ini", "[A]\n");
+    EXPECT_EQ(GetSystemPropCache()->GetPrivatePropText("A", "k", "-"), "-");
+    SetIniFile(nullptr);
+    EXPECT_EQ(log.Take(), "");
+}
