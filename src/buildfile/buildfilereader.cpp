@@ -179,7 +179,9 @@ bool THdlBuildFile::ReadOutputDiagram(DListIterator<TElement*>& element) {
 bool THdlBuildFile::ReadSourceFileGroups(DListIterator<TElement*>& element) {
     // A copy has a directory of its own.
     Parts->SourceFileOwner.SetBuildManager(this);
-    if (!Parts->SourceFileGroups.ReadSourceFileGroups(element)) {
+    const ISFileName* handle = GetInnermostHandle(BuildFileName);
+    if (!IsSharedHandle(handle)) handle = nullptr;
+    if (!Parts->SourceFileGroups.ReadSourceFileGroups(element, handle)) {
         ReadResult = READ_SOURCE_FILES_FAILED;
         return false;
     }

@@ -43,11 +43,7 @@ bool THdlBuildFile::AddSourceFile(IHdlSourceFile* source, bool atHead) {
 }
 
 IHdlSourceFile* THdlBuildFile::CreateOrGetSourceFile(const char* fileName) {
-    const ISFileName* name =
-        BuildFileName && IsRelativePath(fileName)
-            ? NewHandleOfCanonicalPath(
-                  Parts->DirectoryOf(BuildFileName).Resolve(fileName ? fileName : ""))
-            : ISFileName::NewISFileName(fileName);
+    const ISFileName* name = HandleOf(fileName);
     TSourceFileGroups& groups = Parts->SourceFileGroups;
     IHdlSourceFile* source = nullptr;
     bool isListed = false;
@@ -60,6 +56,15 @@ IHdlSourceFile* THdlBuildFile::CreateOrGetSourceFile(const char* fileName) {
     if (!isListed) Parts->SourceFileOwner.TakeOverSpelling(source, name);
     ReportNamesake(source->GetFileName(), name);
     return source;
+}
+
+// The handle of ResolveAgainstProject(path).
+const ISFileName* THdlBuildFile::HandleOf(const char* path) const {
+    if (!BuildFileName || !IsRelativePath(path)) return ISFileName::NewISFileName(path);
+    const ISFileName* known =
+        Parts->SourceFileGroups.FindHandleWhileReading(path, GetInnermostHandle(BuildFileName));
+    if (known) return known;
+    return NewHandleOfCanonicalPath(Parts->DirectoryOf(BuildFileName).Resolve(path ? path : ""));
 }
 
 std::string THdlBuildFile::ResolveAgainstProject(const char* path) const {

@@ -1,6 +1,7 @@
 #include "buildfile/compileorder.h"
 #include "projectfiles/readsources.h"
 #include "projectfiles/sourcesahead.h"
+#include "services/base/fetchahead.h"
 #include <atomic>
 #include <typeinfo>
 
@@ -95,8 +96,5 @@ void TCompileOrder::Descend(const TIHdlSourceFileList* dependencies, TVisit* vis
     visit->Next = dependencies->begin();
     visit->End = dependencies->end();
     // The walk jumps about in memory: what it needs next is on its way while it looks at the first.
-    for (auto next = visit->Next; next != visit->End; ++next) {
-        __builtin_prefetch(*next);
-        __builtin_prefetch(reinterpret_cast<const char*>(*next) + 64);
-    }
+    for (auto next = visit->Next; next != visit->End; ++next) FetchAhead(*next);
 }

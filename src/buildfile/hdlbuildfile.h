@@ -238,6 +238,7 @@ private:
     void MakeTranslationOptions(bool isVerilog2Vhdl);
     std::string GetRelativeFileNameStr(const char* path) const;
     std::string ResolveAgainstProject(const char* path) const;
+    const ISFileName* HandleOf(const char* path) const;
     TProjectSimLanguageConfig* GetOrMakeLanguageConfig(THdlLanguage language);
     TProjectSimGeneralConfig* GetOrMakeGeneralConfiguration();
     void SetDefaults();

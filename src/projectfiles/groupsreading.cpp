@@ -1,5 +1,6 @@
 #include "projectfiles/groupsreading.h"
 #include "projectfiles/readsources.h"
+#include "services/base/fetchahead.h"
 #include <typeinfo>
 #include <utility>
 
@@ -10,6 +11,47 @@ bool TGroupsReading::Find(const ISFileName* name, TNote* note) {
     const TNote* found = Notes.Find(key);
     *note = found ? *found : TNote();
     return true;
+}
+
+void TGroupsReading::BeginGroup(const TElementIterator& element) {
+    if (!Ahead) return;
+    Ahead->DropAll();
+    Announced = element;
+    AnnounceMore();
+}
+
+void TGroupsReading::MeetText(const TElementIterator& element) {
+    IsAtName = Ahead && IsAtText(element);
+    // A text that no reader asks for was announced: what follows cannot be told.
+    if (IsAtName && !Ahead->IsNext(Text)) LoseTrack();
+}
+
+void TGroupsReading::LeaveText() {
+    if (!Ahead || !IsAtName) return;
+    Ahead->DropNext();
+    AnnounceMore();
+    FetchNotes();
+}
+
+const ISFileName* TGroupsReading::FindHandle(const char* name, const ISFileName* file) {
+    return Ahead && name ? Ahead->FindNext(name, file) : nullptr;
+}
+
+void TGroupsReading::AnnounceMore() {
+    for (; !Ahead->IsFull() && Announced.NotAtTail(); ++Announced) {
+        if (IsAtEnd(Announced, "SourceFileGroup")) return;
+        if (IsAtText(Announced)) Ahead->Announce(TrimmedTextView(Announced));
+    }
+}
+
+// Has what is noted of the names ahead, and their sources, on the way from memory.
+void TGroupsReading::FetchNotes() {
+    constexpr std::size_t kNote = 4;
+    constexpr std::size_t kSource = 2;
+    if (const ISFileName* name = Ahead->Peek(kNote))
+        if (const TNote* note = Notes.Find(GetFileIdentity(name))) __builtin_prefetch(note);
+    if (const ISFileName* name = Ahead->Peek(kSource))
+        if (const TNote* note = Notes.Find(GetFileIdentity(name))) FetchAhead(note->Source);
 }
 
 void TGroupsReading::CatchUp() {

@@ -1,7 +1,9 @@
 #pragma once
 #include "projectfiles/hdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include "projectfiles/namesahead.h"
 #include "projectfiles/sourcenametable.h"
+#include "services/xml/xmlstream.h"
 
 /// What is known while the groups are read.
 ///
@@ -30,6 +32,19 @@ public:
     /// `dependency` was added to what the source last noted depends on.
     void NoteDependency(IHdlSourceFile* dependency);
 
+    /// Names are taken against the directory of `file`, a shared handle: those that follow are
+    /// looked for ahead of the reader.
+    void LookAheadFrom(const ISFileName* file) { Ahead = std::make_unique<TNamesAhead>(file); }
+    /// The reader is at the beginning of a group's sources.
+    void BeginGroup(const TElementIterator& element);
+    /// The reader has put the text at `element` into Text, and is done with it.
+    void MeetText(const TElementIterator& element);
+    void LeaveText();
+    /// The reader passes elements over: names are not looked for ahead any more.
+    void LoseTrack() { Ahead.reset(); }
+    /// The handle of the name that is being read; null when it has to be looked for.
+    const ISFileName* FindHandle(const char* name, const ISFileName* file);
+
     /// The text that is being read: kept here for its memory.
     std::string Text;
 
@@ -40,7 +55,13 @@ private:
     TNote* NoteOf(IHdlSourceFile* source);
     bool IsUnchanged() const;
 
+    void AnnounceMore();
+    void FetchNotes();
+
     TSourceNameTable<TNote> Notes;
+    std::unique_ptr<TNamesAhead> Ahead;
+    bool IsAtName = false;
+    TElementIterator Announced;  // the first element that was not looked at for names ahead
     bool AreNotesComplete;
     unsigned long long ListChanges = TIHdlSourceFileList::GetListChangeCount();
     unsigned long long NameChanges = THdlSourceFile::GetHandleChangeCount();

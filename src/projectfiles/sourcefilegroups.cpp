@@ -65,6 +65,11 @@ const IHdlSourceFile* TSourceFileGroups::GetSourceFile(const ISFileName* name) c
     return nullptr;
 }
 
+const ISFileName* TSourceFileGroups::FindHandleWhileReading(const char* name,
+                                                            const ISFileName* buildFile) {
+    return Reading ? Reading->FindHandle(name, buildFile) : nullptr;
+}
+
 bool TSourceFileGroups::FindWhileReading(const ISFileName* name, IHdlSourceFile** source,
                                          bool* isListed) {
     TGroupsReading::TNote known;

@@ -59,6 +59,12 @@ public:
     /// element's language; a source's own language follows from its extension. Names are trimmed;
     /// an element without a name makes no source. False when the stream ends inside an element.
     bool ReadSourceFileGroups(DListIterator<TElement*>& element);
+    /// The same when the owner's build takes relative names against the directory of `buildFile`, a
+    /// shared handle, as far as it asks FindHandleWhileReading for them. Null: it does not.
+    bool ReadSourceFileGroups(DListIterator<TElement*>& element, const ISFileName* buildFile);
+    /// The handle of the name that is being read, taken against the directory of `buildFile`; null
+    /// when it has to be looked for.
+    const ISFileName* FindHandleWhileReading(const char* name, const ISFileName* buildFile);
     /// Whether the last read listed a file that does not exist.
     bool GetFilesMissing() const { return FilesMissing; }
 

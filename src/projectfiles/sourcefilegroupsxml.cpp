@@ -11,9 +11,15 @@
 #include "settings/projectsimgeneralconfig.h"
 
 bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element) {
+    return ReadSourceFileGroups(element, nullptr);
+}
+
+bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element,
+                                             const ISFileName* buildFile) {
     FilesMissing = false;
     // A message box may let the user start another read.
     auto outer = std::exchange(Reading, std::make_unique<TGroupsReading>(!IsAnythingListed()));
+    if (buildFile) Reading->LookAheadFrom(buildFile);
     const bool isRead = ReadGroups(element);
     Reading = std::move(outer);
     return isRead;
@@ -33,6 +39,7 @@ bool TSourceFileGroups::ReadGroups(DListIterator<TElement*>& element) {
 
 bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLanguage language) {
     TIHdlSourceFileList* group = GetOrCreateGroup(language);
+    Reading->BeginGroup(element);
     while (IsAtStart(element, "SourceFile")) {
         DropWhatWasRead(element);
         DListIterator<TElement*> start = element;
@@ -40,6 +47,7 @@ bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLangu
         if (!element.NotAtTail()) return false;
         if (IsAtStart(element)) {
             // A child in the place of the name: nothing in this element can be trusted.
+            Reading->LoseTrack();
             SkipElement(start);
             element = start;
             SkipEnds(element);
@@ -47,11 +55,13 @@ bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLangu
         }
         std::string& name = Reading->Text;
         name = TrimmedTextView(element);
+        Reading->MeetText(element);
         IHdlSourceFile* source = ReadSource(*start.Current(), name, language);
         Reading->Expect();
         const bool wasAdded = group->AddSourceFile(source, false);
         Reading->CatchUp();
         Reading->NoteSource(source, *group, wasAdded);
+        Reading->LeaveText();
         ++element;
         if (!ReadDependencies(element, source)) return false;
         SkipEnds(element);
@@ -90,13 +100,16 @@ bool TSourceFileGroups::ReadDependencies(DListIterator<TElement*>& element,
         ++element;
         if (!element.NotAtTail()) return false;
         if (IsAtStart(element)) {
+            Reading->LoseTrack();
             SkipElement(start);
             element = start;
             continue;
         }
         std::string& name = Reading->Text;
         name = TrimmedTextView(element);
+        Reading->MeetText(element);
         if (source && !name.empty()) ReadDependency(name, source);
+        Reading->LeaveText();
         ++element;
         SkipEnd(element);
     }

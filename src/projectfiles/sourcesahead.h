@@ -1,6 +1,7 @@
 #pragma once
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include "services/base/fetchahead.h"
 
 /// Has the sources of a list and their names on the way from memory before a walk along the list
 /// comes to them: for lists whose sources do not fit into the processor's cache.
@@ -13,22 +14,16 @@ public:
     /// To be called for each source of the walk.
     void Step() {
         if (Steps++ >= kDistance && Name != End) {
-            Fetch((*Name)->GetFileName());
+            FetchAhead((*Name)->GetFileName());
             ++Name;
         }
         if (Source == End) return;
-        Fetch(*Source);
+        FetchAhead(*Source);
         ++Source;
     }
 
 private:
     static constexpr int kDistance = 8;
-    static void Fetch(const void* object) {
-        // An object of two cache lines, or a handle and the beginning of its text.
-        __builtin_prefetch(object);
-        __builtin_prefetch(static_cast<const char*>(object) + 64);
-    }
-
     TIHdlSourceFileList::const_iterator Source;
     TIHdlSourceFileList::const_iterator Name;
     TIHdlSourceFileList::const_iterator End;

@@ -70,6 +70,21 @@ std::string OutputDiagramOf(THdlBuildFile& build) {
     return element.Current()->Text.Str();
 }
 
+/// The sources of a language's group, each with its dependencies.
+std::string SourcesOf(THdlBuildFile& build, THdlLanguage language) {
+    std::string names;
+    const auto nameOf = [](const IHdlSourceFile* file) {
+        return std::string(file->GetFileName()->GetNameAndExt());
+    };
+    for (const IHdlSourceFile* source : *build.GetSourceFileGroup(language)) {
+        names += nameOf(source) + "(";
+        for (const IHdlSourceFile* dependency : *source->GetDependencyList())
+            names += nameOf(dependency) + " ";
+        names += ") ";
+    }
+    return names;
+}
+
 }  // namespace
 
 TEST(BuildFileReader, ReadsEveryAttribute) {
@@ -487,4 +502,56 @@ TEST(BuildFileReader, ReadsAtConstruction) {
     EXPECT_EQ(build.GetTopLanguage(), LANGUAGE_VHDL);
     EXPECT_EQ(build.GetReadResult(), READ_NO_ERROR);
     EXPECT_FALSE(build.IsOutdated());
+}
+
+// Names are looked for ahead of the reader, which must not lose its way in what is not a name.
+TEST(BuildFileReader, ReadsLongGroupsWithElementsThatAreNoSourcesAmongThem) {
+    const struct {
+        const char* Label;
+        const char* Between;
+        const char* Read;
+    } rows[] = {
+        {"nothing", "", ""},
+        {"a source without a name", "<SourceFile/>", ""},
+        {"a blank name", "<SourceFile><![CDATA[ ]]></SourceFile>", ""},
+        {"dependencies without a source",
+         "<SourceFile><![CDATA[]]><Dependency>x</Dependency><Dependency>y</Dependency></"
+         "SourceFile>",
+         ""},
+        {"an element in the place of the name",
+         "<SourceFile><a>1</a><b>2</b><c>3</c><d>4</d></SourceFile>", ""},
+        {"an element in the place of a dependency's name",
+         "<SourceFile>p.vhd<Dependency><a>1</a><b>2</b></Dependency></SourceFile>", "p.vhd() "},
+        {"an absolute name", "<SourceFile>/q/abs.vhd<Dependency>d.vhd</Dependency></SourceFile>",
+         "abs.vhd(d.vhd ) "},
+        {"names to normalise", "<SourceFile> ./x/../n.vhd </SourceFile>", "n.vhd() "},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.Label);
+        std::string document = "<SourceFileGroup Language='VHDL'>";
+        std::string expected;
+        for (int i = 0; i < 40; ++i) {
+            const std::string number = std::to_string(i);
+            const std::string next = std::to_string((i * 7) % 40);
+            document += "<SourceFile>s" + number + ".vhd<Dependency>s" + next +
+                        ".vhd</Dependency><Dependency>only" + number +
+                        ".vhd</Dependency></SourceFile>";
+            expected += "s" + number + ".vhd(s" + next + ".vhd only" + number + ".vhd ) ";
+            if (i % 15 != 5) continue;
+            document += row.Between;
+            if (i == 5) expected += row.Read;
+        }
+        document +=
+            "</SourceFileGroup><SourceFileGroup Language='Verilog'>"
+            "<SourceFile>t.v<Dependency>s3.vhd</Dependency></SourceFile></SourceFileGroup>"
+            "<BuildFileVariables><Variable Name='A' Value='1'/></BuildFileVariables>";
+        RecordingMessageBox box;
+        ReadBuild read(document);
+        (void)read.Build.ReadFromFile();
+        EXPECT_EQ(SourcesOf(read.Build, LANGUAGE_VHDL), expected);
+        EXPECT_EQ(SourcesOf(read.Build, LANGUAGE_VERILOG), "t.v(s3.vhd ) ");
+        const TIHdlSourceFileList& group = *read.Build.GetSourceFileGroup(LANGUAGE_VHDL);
+        const IHdlSourceFile* source = *group.begin();
+        EXPECT_EQ(source->GetDependency(source->GetFileName()), source) << "one object a name";
+    }
 }

@@ -32,17 +32,15 @@ std::string_view TBaseDirectory::Resolve(std::string_view relative) {
 // False for a name that has to be normalised.
 bool TBaseDirectory::AppendPlain(std::string_view relative) {
     if (relative.empty() || MayHaveDrive(relative)) return false;
-    bool hasOtherDelimiter = false;
-    const char* part = relative.data();
-    const char* const end = part + relative.size();
-    for (const char* at = part; at != end; ++at) {
-        const char c = *at;
-        if (c != '/' && c != '\\') continue;
-        if (IsStep({part, at})) return false;
-        hasOtherDelimiter = hasOtherDelimiter || c != Delimiter;
-        part = at + 1;
+    const bool hasBackslash = relative.find('\\') != std::string_view::npos;
+    std::size_t part = 0;
+    for (std::size_t end = 0; end != std::string_view::npos; part = end + 1) {
+        end = hasBackslash ? relative.find_first_of("/\\", part) : relative.find('/', part);
+        const std::string_view text = relative.substr(part, end - part);
+        // A delimiter at the end is that of a directory.
+        if (IsStep(text) && !(text.empty() && end == std::string_view::npos)) return false;
     }
-    if (part != end && IsStep({part, end})) return false;
+    const bool hasOtherDelimiter = hasBackslash || Delimiter != '/';
     Buffer.replace(0, Buffer.size(), Text);
     Buffer += relative;
     if (hasOtherDelimiter)

@@ -1,4 +1,5 @@
 #include "services/names/isfilename.h"
+#include "services/base/fetchahead.h"
 #include "services/base/fold.h"
 #include "services/logging/binarylog.h"
 #include "services/names/filenamequeries.h"
@@ -162,6 +163,18 @@ public:
         const std::lock_guard guard(Lock);
         return Slots[FindSlot(text, hash)].Handle;
     }
+    void FetchSlot(std::size_t hash) {
+        const std::lock_guard guard(Lock);
+        FetchAhead(&Slots[FirstSlot(hash)]);
+    }
+    void FetchHandle(std::size_t hash) {
+        const std::lock_guard guard(Lock);
+        for (std::size_t i = FirstSlot(hash); Slots[i].Handle; i = After(i)) {
+            if (Slots[i].Hash != hash) continue;
+            FetchAhead(Slots[i].Handle);
+            return;
+        }
+    }
     const TSharedFileName* FindOrMake(std::string_view text, std::size_t hash) {
         const std::lock_guard guard(Lock);
         TSlot& slot = Slots[FindSlot(text, hash)];
@@ -262,6 +275,20 @@ const ISFileName* GetInnermostHandle(const ISFileName* file) {
         file = wrapped;
     }
     return file;
+}
+
+void THandleSearch::Begin(std::string_view canonical) {
+    Text = canonical;
+    Hash = HashIgnoringCase(canonical);
+    TableOf(Hash).FetchSlot(Hash);
+}
+
+void THandleSearch::Approach() {
+    TableOf(Hash).FetchHandle(Hash);
+}
+
+const ISFileName* THandleSearch::Finish() {
+    return TableOf(Hash).FindOrMake(Text, Hash);
 }
 
 TFileIdentity GetFileIdentity(const ISFileName* file) {
