@@ -16,7 +16,7 @@ execute_process(COMMAND "${NM}" "${OBJECT}" OUTPUT_VARIABLE symbols COMMAND_ERRO
 string(REGEX MATCHALL " T _Z[A-Za-z0-9_]+" symbols "${symbols}")
 list(FILTER symbols INCLUDE REGEX "^ T _ZNK?(3hdb)?(${classes})")
 # Nested classes are the business of the class around them.
-list(FILTER symbols EXCLUDE REGEX "(10TPropCache6TState|17TSourceFileGroups6TGroup)")
+list(FILTER symbols EXCLUDE REGEX "(10TPropCache6TState|17TSourceFileGroups6TGroup|19TIHdlSourceFileList14const_iterator)")
 list(TRANSFORM symbols REPLACE "^ T " "    ")
 list(JOIN symbols "\n" symbols)
 file(WRITE "${DEFINITIONS}" "EXPORTS\n${symbols}\n")

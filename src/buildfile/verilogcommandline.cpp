@@ -14,7 +14,7 @@
 namespace {
 
 // So many bytes of lines are handed to a stream at a time.
-constexpr std::size_t kLinesAtOnce = 16 * 1024;
+constexpr std::size_t kLinesAtOnce = 16384;
 
 /// Without general settings the options are those of the default ones.
 const TProjectSimGeneralConfig& OrDefault(const TProjectSimGeneralConfig* general) {

@@ -58,11 +58,13 @@ TElement::TElement(ElemTypes type, std::string_view name, std::string_view text)
     Flags = OWNS_TEXTS;
 }
 
+// NOLINTNEXTLINE(performance-noexcept-move-constructor): a copy takes memory.
 TElement::TElement(TElement&& other)
     : TElement(other.ElemType, other.Name.View(), other.Text.View()) {
     CopyAttributes(other);
 }
 
+// NOLINTNEXTLINE(performance-noexcept-move-constructor): a copy takes memory.
 TElement& TElement::operator=(TElement&& other) {
     if (this == &other) return *this;
     TElement copy(std::move(other));

@@ -61,10 +61,10 @@ public:
     /// Copies both texts.
     TElement(ElemTypes type, std::string_view name, std::string_view text);
     /// As a copy: `other` stays what it is.
-    // NOLINTBEGIN(performance-noexcept-move-constructor): a copy takes memory.
+    // NOLINTNEXTLINE(performance-noexcept-move-constructor): a copy takes memory.
     TElement(TElement&& other);
+    // NOLINTNEXTLINE(performance-noexcept-move-constructor)
     TElement& operator=(TElement&& other);
-    // NOLINTEND(performance-noexcept-move-constructor)
     ~TElement();
     void operator delete(TElement* element, std::destroying_delete_t);
 
