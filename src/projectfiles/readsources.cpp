@@ -34,7 +34,7 @@ TReadSourceFile::~TReadSourceFile() {
 }
 
 struct TReadSources::TBlock {
-    static constexpr std::size_t kSize = 64 * 1024 / sizeof(TRecord) - 1;
+    static constexpr std::size_t kSize = 65536 / sizeof(TRecord) - 1;
 
     TBlock() = default;
     TBlock(const TBlock&) = delete;

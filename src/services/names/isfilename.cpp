@@ -137,8 +137,8 @@ bool TSharedFileName::CompareModificationTimeTo(unsigned long low, unsigned long
 /// Where handles and their texts lie, in the order in which a thread made them; nothing in it is
 /// ever freed.
 void* AllocateForever(std::size_t size) {
-    constexpr std::size_t kFirstBlock = 4 * 1024;
-    constexpr std::size_t kLargestBlock = 64 * 1024;
+    constexpr std::size_t kFirstBlock = 4096;
+    constexpr std::size_t kLargestBlock = 65536;
     thread_local std::byte* begin = nullptr;
     thread_local std::size_t left = 0;
     thread_local std::size_t block = kFirstBlock;
