@@ -46,6 +46,11 @@ void PassOn(TFreeNode* batch) {
     batch->NextBatch = std::exchange(commonBatches, batch);
 }
 
+#ifdef _WIN32
+// MinGW-w64 frees a thread's variables before it calls their destructors: nobody can tell then what
+// the thread had. Its two batches stay unused.
+void AwaitThreadEnd() {}
+#else
 // Passes on what a thread leaves.
 struct TThreadEnd {
     bool IsAwaited = false;
@@ -60,6 +65,7 @@ void AwaitThreadEnd() {
     thread_local TThreadEnd end;
     if (!threadNodes.IsEnding) end.IsAwaited = true;
 }
+#endif
 
 TFreeNode* MakeBatch() {
     auto* const block = new TBlock;
