@@ -19,11 +19,6 @@ constexpr std::size_t Align(std::size_t size) {
     return (size + TCountedBlock::kUnit - 1) / TCountedBlock::kUnit * TCountedBlock::kUnit;
 }
 
-// Blank text and the empty one are not printed as they are.
-bool IsPlainContent(std::string_view text) {
-    return !text.empty() && text[0] != ' ' && IsPlainXMLText(text);
-}
-
 std::size_t SizeOf(std::span<const TAttributeView> attributes) {
     if (attributes.empty()) return 0;
     std::size_t size = TCountedBlock::kUnit + sizeof(TElementAttributes);
@@ -31,6 +26,12 @@ std::size_t SizeOf(std::span<const TAttributeView> attributes) {
         size += sizeof(TElementAttributes::TEntry) + TFixedText::SizeOf(name.size()) +
                 TFixedText::SizeOf(value.size());
     return size;
+}
+
+bool AreValuesPlain(std::span<const TAttributeView> attributes) {
+    return std::all_of(attributes.begin(), attributes.end(), [](const TAttributeView& attribute) {
+        return IsPlainXMLText(attribute.second);
+    });
 }
 
 }  // namespace
@@ -45,10 +46,11 @@ TElement* TElementBlocks::Make(TElement::ElemTypes type, std::string_view name,
     const TName& known = Intern(name);
     element->Name = known.Text;
     element->Text = Store(text);
-    bool isPlain = type == TElement::TEXT ? toPrint && IsPlainContent(text) : known.IsAscii;
+    bool isPlain = type == TElement::TEXT ? toPrint && IsPlainXMLContent(text) : known.IsAscii;
     if (!attributes.empty()) {
-        element->Attributes = StoreAttributes(attributes);
-        isPlain = isPlain && toPrint && ArePlain(attributes);
+        bool areNamesAscii = true;
+        element->Attributes = StoreAttributes(attributes, &areNamesAscii);
+        isPlain = isPlain && toPrint && areNamesAscii && AreValuesPlain(attributes);
     }
     if (isPlain) element->Flags = TElement::PRINTS_AS_IS;
     return element;
@@ -60,13 +62,6 @@ TElement* TElementBlocks::MakeEnd(const TElement& start) {
     const bool isNear = IsInPresentBlock(start.Name.c_str());
     element->Name = isNear ? start.Name : Intern(start.Name.View()).Text;
     return element;
-}
-
-// Of names that were all interned just now.
-bool TElementBlocks::ArePlain(std::span<const TAttributeView> attributes) {
-    return std::all_of(attributes.begin(), attributes.end(), [this](const TAttributeView& one) {
-        return Intern(one.first).IsAscii && IsPlainXMLText(one.second);
-    });
 }
 
 std::span<const TElementAttributes::TEntry> TElementBlocks::GetEntries(const TElement& element) {
@@ -129,15 +124,20 @@ TFixedText TElementBlocks::Store(std::string_view text) {
     return stored;
 }
 
-TElementAttributes* TElementBlocks::StoreAttributes(std::span<const TAttributeView> attributes) {
+TElementAttributes* TElementBlocks::StoreAttributes(std::span<const TAttributeView> attributes,
+                                                    bool* areNamesAscii) {
     std::byte* const begin = Block->GetRoom();
     Next = begin + Align(static_cast<std::size_t>(Next - begin));
     auto* const stored = new (Next) TElementAttributes;
     Next += sizeof(TElementAttributes);
     auto* entry = reinterpret_cast<TElementAttributes::TEntry*>(Next);
     Next += attributes.size() * sizeof(TElementAttributes::TEntry);
-    for (const auto& [name, value] : attributes)
-        new (entry++) TElementAttributes::TEntry{Intern(name).Text, Store(value)};
+    for (const auto& [name, value] : attributes) {
+        // Once: names of the same look take each other's place, and room is reserved for each once.
+        const TName& known = Intern(name);
+        *areNamesAscii = *areNamesAscii && known.IsAscii;
+        new (entry++) TElementAttributes::TEntry{known.Text, Store(value)};
+    }
     stored->Count = static_cast<std::uint32_t>(attributes.size());
     stored->IsInBlock = true;
     return stored;

@@ -60,8 +60,8 @@ private:
     TElement* Place(TElement::ElemTypes type);
     const TName& Intern(std::string_view name);
     TFixedText Store(std::string_view text);
-    TElementAttributes* StoreAttributes(std::span<const TAttributeView> attributes);
-    bool ArePlain(std::span<const TAttributeView> attributes);
+    TElementAttributes* StoreAttributes(std::span<const TAttributeView> attributes,
+                                        bool* areNamesAscii);
     bool IsInPresentBlock(const void* place) const;
 
     // Formats have few names, so that most are found where the last of the same look was.

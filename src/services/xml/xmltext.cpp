@@ -197,6 +197,10 @@ bool IsPlainXMLText(std::string_view text) {
     return AreEightPlainTextBytes(last);
 }
 
+bool IsPlainXMLContent(std::string_view text) {
+    return !text.empty() && text[0] != ' ' && IsPlainXMLText(text);
+}
+
 std::string DescribeCharacter(std::string_view text, std::size_t position) {
     const std::size_t length = Utf8LengthAt(text, position);
     unsigned code = ByteAt(text, position);

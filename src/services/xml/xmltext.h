@@ -28,6 +28,9 @@ bool IsXMLBlank(std::string_view text);
 
 /// Whether all of `text` is ASCII that is written as it is, in character data and in attributes.
 bool IsPlainXMLText(std::string_view text);
+/// The same for a whole text between two tags: blank text and the empty one are not written as they
+/// are.
+bool IsPlainXMLContent(std::string_view text);
 
 /// Which characters are written as references, by their byte; null means the byte itself.
 struct TXMLEscapes {

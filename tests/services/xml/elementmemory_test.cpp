@@ -94,6 +94,20 @@ TEST(ElementMemory, HoldsMoreNamesThanFormatsHave) {
     EXPECT_EQ(StreamOf(document + "</list>"), lines + "END list\n");
 }
 
+TEST(ElementMemory, HoldsAttributesWhoseNamesTakeEachOthersPlace) {
+    TXMLList list;
+    std::string expected;
+    const std::string one = std::string(300, 'n') + "1x";
+    const std::string other = std::string(300, 'n') + "2x";
+    // Elements of every size, so that some fill a block to its end.
+    for (std::size_t i = 0; i < 3000; ++i) {
+        const std::string value(i % 61, 'v');
+        PushStart(&list, "e", {{one, value}, {other, value}});
+        expected += "START e " + one + "=" + value + " " + other + "=" + value + "\n";
+    }
+    EXPECT_EQ(ElementsOf(list), expected);
+}
+
 TEST(ElementMemory, KeepsTheTextsOfAnElementThatOutlivesItsList) {
     std::vector<std::unique_ptr<TElement>> kept;
     {
