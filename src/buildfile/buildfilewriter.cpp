@@ -1,6 +1,7 @@
 #include "buildfile/buildfileparts.h"
 #include "buildfile/hdlbuildfile.h"
 #include "buildfile/hdlbuildfilexmllist.h"
+#include "buildfile/simwraphdlbuildfile.h"
 #include "projectfiles/sourcename.h"
 #include "services/base/booltext.h"
 #include "services/hdl/hdllanguagetable.h"
@@ -8,8 +9,10 @@
 #include "services/xml/xmlstream.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
+#include "translation/v2voptionelement.h"
 #include "translation/v2vtranslationoptions.h"
 #include <algorithm>
+#include <typeinfo>
 
 namespace {
 
@@ -22,11 +25,20 @@ bool IsTestBuilderForced(const THdlBuildFile& build) {
     return config && (config->IsForceTopLevel() || languages.size() == 1);
 }
 
+/// Whether no code of a caller's can see the document: an override may look at what was pushed
+/// before, or bring in options of its own.
+bool IsWrittenByTheLibrary(const THdlBuildFile& build, const TV2VTranslationOptionsList* options) {
+    const std::type_info& type = typeid(build);
+    return (type == typeid(THdlBuildFile) || type == typeid(TSimWrapHdlBuildFile)) &&
+           (!options || AreOptionsOfTheLibrary(*options));
+}
+
 }  // namespace
 
 bool THdlBuildFile::WriteToFile() {
     if (!BuildFileName) return false;
     THdlBuildFileXMLList document(this);
+    document.SetPrintedAtOnce(IsWrittenByTheLibrary(*this, TranslationOptions));
     return document.WriteFile(BuildFileName->GetParts(PART_ALL));
 }
 

@@ -1,10 +1,10 @@
+#include "projectfiles/dependenciesahead.h"
 #include "projectfiles/groupsreading.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/relativepaths.h"
 #include "projectfiles/sourcefilegroups.h"
 #include "projectfiles/sourcefileowner.h"
 #include "projectfiles/sourcename.h"
-#include "projectfiles/sourcesahead.h"
 #include "services/base/booltext.h"
 #include "services/logging/messagebox.h"
 #include "services/xml/xmlstream.h"
@@ -149,7 +149,7 @@ void TSourceFileGroups::WriteSourceFileGroups(TXMLList* document, const ISFileNa
         if (language != topLanguage && !(general && general->GetCompileLanguageFiles(language)))
             continue;
         PushStart(document, "SourceFileGroup", {{"Language", GetStringFromHdlLanguage(language)}});
-        TSourcesAhead ahead(group.List);
+        TDependenciesAhead ahead(group.List);
         for (const IHdlSourceFile* source : group.List) {
             ahead.Step();
             WriteSource(document, *source, &paths);

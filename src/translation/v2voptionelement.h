@@ -5,6 +5,7 @@
 #include <vector>
 
 class TV2VTranslationOption;
+class TV2VTranslationOptionsList;
 
 // The element of one option, as the readers and writers of all kinds of options share it:
 // <v2v-ncc Enabled="true"> with one <AdditionalOptions> for each argument.
@@ -33,6 +34,10 @@ std::vector<std::string> ReadAdditionalOptions(TElementIterator& elemI);
 /// Deletes an option with its arguments: without a virtual destructor they go only with its exact
 /// class.
 void DeleteOption(TV2VTranslationOption* option);
+
+/// Whether all options are exactly of the library's classes: no override of a caller's sees the
+/// document that they are written to.
+bool AreOptionsOfTheLibrary(const TV2VTranslationOptionsList& options);
 
 /// The texts with one blank between neighbours.
 std::string JoinedByBlanks(const std::vector<std::string>& texts);

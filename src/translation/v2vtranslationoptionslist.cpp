@@ -6,9 +6,11 @@
 #include "translation/v2voptionelement.h"
 #include "translation/v2vtranslationfileoption.h"
 #include "translation/v2vtranslationstringoption.h"
+#include <algorithm>
 #include <iterator>
 #include <mutex>
 #include <new>
+#include <typeinfo>
 #include <unordered_set>
 #include <utility>
 
@@ -84,6 +86,15 @@ void SkipOption(TElementIterator& elemI, const std::string& listTag) {
 }
 
 }  // namespace
+
+bool AreOptionsOfTheLibrary(const TV2VTranslationOptionsList& options) {
+    return std::all_of(options.begin(), options.end(), [](const TV2VTranslationOption* option) {
+        const std::type_info& type = typeid(*option);
+        return type == typeid(TV2VTranslationOption) ||
+               type == typeid(TV2VTranslationStringOption) ||
+               type == typeid(TV2VTranslationFileOption);
+    });
+}
 
 void DeleteOption(TV2VTranslationOption* option) {
     DestroyIfItIs<TV2VTranslationStringOption>(option) ||

@@ -17,6 +17,8 @@
 #include <gtest/gtest.h>
 #include <memory>
 
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"  // as the options
+
 namespace {
 
 const ISFileName* NameOf(const std::string& path) {
@@ -40,6 +42,59 @@ void AddTool(THdlBuildFile* build, THdlLanguage language, TSimulatorType type) {
 /// The "HdlBuildFile" line of a document.
 std::string FirstLine(const std::string& document) {
     return document.substr(0, document.find('\n'));
+}
+
+/// An option that notes what the document holds when it is written.
+class TCuriousOption final : public TV2VTranslationOption {
+public:
+    explicit TCuriousOption(std::string* seen)
+        : TV2VTranslationOption("-ncc", "", "", true), Seen(seen) {}
+    void WriteToFile(TXMLList* document) override {
+        *Seen = ElementsOf(*document);
+        TV2VTranslationOption::WriteToFile(document);
+    }
+
+private:
+    std::string* Seen;
+};
+
+/// A list that walks what the build has pushed and adds to it.
+class TWalkingList : public THdlBuildFileXMLList {
+public:
+    using THdlBuildFileXMLList::THdlBuildFileXMLList;
+    std::string Seen;
+
+protected:
+    void FillElements() override {
+        THdlBuildFileXMLList::FillElements();
+        Seen = ElementsOf(*this);
+        AddAtTail(new TElement(TElement::START, "More", ""));
+        AddAtTail(new TElement(TElement::END, "More", ""));
+    }
+};
+
+class TDerivedBuild : public THdlBuildFile {};
+
+/// The elements of a fresh build up to its end, and what its file holds.
+constexpr const char* kFreshStart =
+    "START HdlBuildFile TopLevelLanguage=None QmvVersion=x.x IdlVersion=x.x "
+    "HvlLanguage=None HdlLanguage=None BaseTimeUnit=ps DisplayTimeUnit=ns "
+    "GenerationDestinationLibrary= DestinationLibrary= SnapshotName=\n"
+    "START TopLevelComponents\n"
+    "END TopLevelComponents\n"
+    "START ProjectLanguageConfigurationList\n"
+    "END ProjectLanguageConfigurationList\n";
+
+std::string FreshFile(const std::string& inside, const std::string& behind) {
+    return "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n"
+           "<HdlBuildFileList>\n"
+           "  <HdlBuildFile TopLevelLanguage=\"None\" QmvVersion=\"x.x\" IdlVersion=\"x.x\" "
+           "HvlLanguage=\"None\" HdlLanguage=\"None\" BaseTimeUnit=\"ps\" "
+           "DisplayTimeUnit=\"ns\" GenerationDestinationLibrary=\"\" DestinationLibrary=\"\" "
+           "SnapshotName=\"\">\n"
+           "    <TopLevelComponents/>\n"
+           "    <ProjectLanguageConfigurationList/>\n" +
+           inside + "  </HdlBuildFile>\n" + behind + "</HdlBuildFileList>\n";
 }
 
 }  // namespace
@@ -376,6 +431,47 @@ TEST(BuildFileWriter, KeepsTheOldFileWhenASaveFails) {
                   "U+0007, which no XML document can hold [0]\n");
     EXPECT_EQ(folder.Read("build.xml"), "old");
     EXPECT_EQ(folder.List(), "build.xml\n");
+}
+
+TEST(BuildFileWriter, WritesTheSameFileForEveryClassOfBuilds) {
+    const MemoryFolder folder;
+    THdlBuildFile plain;
+    TSimWrapHdlBuildFile wrap;
+    TDerivedBuild derived;
+    for (THdlBuildFile* build :
+         {&plain, static_cast<THdlBuildFile*>(&wrap), static_cast<THdlBuildFile*>(&derived)}) {
+        folder.Write("build.xml", "old");
+        build->SetBuildFileName(NameOf(folder.Path("build.xml")));
+        EXPECT_TRUE(build->WriteToFile());
+        EXPECT_EQ(folder.Read("build.xml"), FreshFile("", ""));
+    }
+}
+
+TEST(BuildFileWriter, ShowsACallersListAllElements) {
+    const MemoryFolder folder;
+    THdlBuildFile build;
+    TWalkingList document(&build);
+    EXPECT_TRUE(document.WriteFile(folder.Path("build.xml").c_str()));
+    EXPECT_EQ(document.Seen, std::string(kFreshStart) + "END HdlBuildFile\n");
+    EXPECT_EQ(folder.Read("build.xml"), FreshFile("", "  <More/>\n"));
+    EXPECT_EQ(ElementsOf(document), document.Seen + "START More\nEND More\n");
+}
+
+TEST(BuildFileWriter, ShowsACallersOptionTheElementsBeforeIt) {
+    const MemoryFolder folder;
+    std::string seen;
+    THdlBuildFile build;
+    build.SetBuildFileName(NameOf(folder.Path("build.xml")));
+    TV2VTranslationOptionsList options(nullptr, "Verilog2VhdlTranslationOptions");
+    options.AddOptionNoDup(new TCuriousOption(&seen));
+    build.SetV2VOptions(&options);
+    EXPECT_TRUE(build.WriteToFile());
+    EXPECT_EQ(seen, std::string(kFreshStart) + "START Verilog2VhdlTranslationOptions\n");
+    EXPECT_EQ(folder.Read("build.xml"), FreshFile("    <Verilog2VhdlTranslationOptions>\n"
+                                                  "      <v2v-ncc Enabled=\"true\"/>\n"
+                                                  "    </Verilog2VhdlTranslationOptions>\n",
+                                                  ""));
+    options.Flush();
 }
 
 TEST(BuildFileWriter, WritesNothingWithoutAName) {

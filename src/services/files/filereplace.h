@@ -1,5 +1,6 @@
 #pragma once
 #include "services/base/api.h"
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -17,6 +18,11 @@ HDLBUILDFILE_API TFileReadResult ReadWholeFile(const char* path, std::string* by
 /// this file left behind, because its process was killed, is removed.
 HDLBUILDFILE_API bool ReplaceWholeFile(const char* path, std::string_view bytes,
                                        std::string* reason);
+
+/// The bytes of a file, one part after the other.
+using TFileParts = std::span<const std::string_view>;
+/// ReplaceWholeFile with the bytes in parts.
+bool ReplaceWholeFileByParts(const char* path, TFileParts parts, std::string* reason);
 
 /// Copies `path` to `path` + ".bak", replacing an older one.
 HDLBUILDFILE_API bool KeepBackup(const char* path, std::string* reason);

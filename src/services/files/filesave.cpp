@@ -49,10 +49,10 @@ public:
         for (const std::string& name : NamesTaken) TTemporariesInUse::GetInstance().Remove(name);
     }
 
-    bool Run(std::string_view bytes, const std::string& like) {
+    bool Run(TFileParts parts, const std::string& like) {
         if (!FollowLinks() || !LookAtTarget()) return false;
         RemoveLeftovers();
-        const bool isDone = WriteTemporary(bytes, TargetExists ? Target : like) && PutInPlace();
+        const bool isDone = WriteTemporary(parts, TargetExists ? Target : like) && PutInPlace();
         RemoveTemporaries();
         return isDone;
     }
@@ -132,10 +132,11 @@ private:
         }
     }
 
-    bool WriteTemporary(std::string_view bytes, const std::string& like) {
+    bool WriteTemporary(TFileParts parts, const std::string& like) {
         TFileNumber file = 0;
         if (!Create(!like.empty(), &file)) return false;
-        const bool isWritten = WriteAll(file, bytes) &&
+        const auto writeAll = [&](std::string_view bytes) { return WriteAll(file, bytes); };
+        const bool isWritten = std::all_of(parts.begin(), parts.end(), writeAll) &&
                                (like.empty() || Check(System.TakeOver(file, like))) &&
                                Check(System.Flush(file));
         // Also a late write error arrives here.
@@ -199,8 +200,13 @@ private:
 
 bool SaveFile(const std::string& path, std::string_view bytes, const std::string& like,
               std::string* reason) {
+    return SaveFileOfParts(path, TFileParts(&bytes, 1), like, reason);
+}
+
+bool SaveFileOfParts(const std::string& path, TFileParts parts, const std::string& like,
+                     std::string* reason) {
     TFileSave save(GetFileSystem(), path);
-    if (save.Run(bytes, like)) return true;
+    if (save.Run(parts, like)) return true;
     if (reason) *reason = save.GetReason();
     return false;
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include "services/files/filereplace.h"
 #include <string>
 #include <string_view>
 
@@ -10,3 +11,6 @@
 /// this file left behind when their process was killed is removed. `reason` may be null.
 bool SaveFile(const std::string& path, std::string_view bytes, const std::string& like,
               std::string* reason);
+/// The same with the bytes in parts.
+bool SaveFileOfParts(const std::string& path, TFileParts parts, const std::string& like,
+                     std::string* reason);

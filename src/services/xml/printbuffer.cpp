@@ -1,7 +1,15 @@
 #include "services/xml/printbuffer.h"
 
+#include <algorithm>
 #include <typeinfo>
-#include <utility>
+
+namespace {
+
+// A document of a few elements needs a small part.
+constexpr std::size_t kSmallestRoom = 4000;
+constexpr std::size_t kLargestRoom = 256000;
+
+}  // namespace
 
 TPrintBuffer* TPrintBuffer::Of(std::ostream& stream) {
     std::streambuf* const buffer = stream.rdbuf();
@@ -11,45 +19,64 @@ TPrintBuffer* TPrintBuffer::Of(std::ostream& stream) {
 
 char TPrintBuffer::GetLast() const {
     if (pptr() > pbase()) return pptr()[-1];
-    return Flushed.empty() ? '\0' : Flushed.back();
+    return Full.empty() ? '\0' : Full.back().Bytes[Full.back().Size - 1];
 }
 
 void TPrintBuffer::DropLast() {
-    if (pptr() > pbase())
-        pbump(-1);
-    else if (!Flushed.empty())
-        Flushed.pop_back();
+    if (pptr() > pbase()) return pbump(-1);
+    if (Full.empty()) return;
+    --SizeOfFull;
+    if (--Full.back().Size == 0) Full.pop_back();
+}
+
+std::vector<std::string_view> TPrintBuffer::GetParts() const {
+    std::vector<std::string_view> parts;
+    for (const TPart& part : Full) parts.emplace_back(part.Bytes.get(), part.Size);
+    if (pptr() > pbase()) parts.emplace_back(pbase(), static_cast<std::size_t>(pptr() - pbase()));
+    return parts;
 }
 
 std::string TPrintBuffer::TakeText() {
-    Flush();
-    return std::exchange(Flushed, {});
+    std::string text;
+    text.reserve(GetSize());
+    for (const std::string_view part : GetParts()) text += part;
+    Full.clear();
+    SizeOfFull = 0;
+    Present.reset();
+    setp(nullptr, nullptr);
+    return text;
 }
 
 std::streamsize TPrintBuffer::xsputn(const char* bytes, std::streamsize count) {
-    const auto size = static_cast<std::size_t>(count);
-    if (char* const room = Reserve(size)) {
-        std::memcpy(room, bytes, size);
-        Advance(room + size);
-    } else {
-        Flush();
-        Flushed.append(bytes, size);
-    }
+    Append({bytes, static_cast<std::size_t>(count)});
     return count;
 }
 
 TPrintBuffer::int_type TPrintBuffer::overflow(int_type c) {
-    Flush();
-    if (!traits_type::eq_int_type(c, traits_type::eof())) sputc(traits_type::to_char_type(c));
-    return traits_type::not_eof(c);
+    if (traits_type::eq_int_type(c, traits_type::eof())) return traits_type::not_eof(c);
+    const char byte = traits_type::to_char_type(c);
+    Append({&byte, 1});
+    return c;
 }
 
 char* TPrintBuffer::MakeRoom(std::size_t size) {
-    Flush();
-    return size <= Area.size() ? pptr() : nullptr;
+    if (size > kLargestRoom) return nullptr;
+    const auto present = static_cast<std::size_t>(epptr() - pbase());
+    PutPresentAside();
+    const std::size_t grown = std::max(size, std::clamp(4 * present, kSmallestRoom, kLargestRoom));
+    Present = std::make_unique_for_overwrite<char[]>(grown);
+    setp(Present.get(), Present.get() + grown);
+    return pptr();
 }
 
-void TPrintBuffer::Flush() {
-    Flushed.append(pbase(), static_cast<std::size_t>(pptr() - pbase()));
-    setp(Area.data(), Area.data() + Area.size());
+void TPrintBuffer::AppendInPieces(std::string_view text) {
+    for (; !text.empty(); text.remove_prefix(std::min(text.size(), kLargestRoom)))
+        Append(text.substr(0, kLargestRoom));
+}
+
+void TPrintBuffer::PutPresentAside() {
+    const auto size = static_cast<std::size_t>(pptr() - pbase());
+    if (size == 0) return;
+    Full.push_back({std::move(Present), size});
+    SizeOfFull += size;
 }

@@ -1,22 +1,20 @@
 #pragma once
-#include <array>
 #include <cstring>
+#include <memory>
 #include <ostream>
 #include <streambuf>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// What a document is printed into: the buffer of a stream, which printers that know it fill
-/// without the detours of one.
+/// without the detours of one. Its bytes lie in parts, so that they are never moved when there are
+/// more.
 class TPrintBuffer final : public std::streambuf {
 public:
-    TPrintBuffer() { setp(Area.data(), Area.data() + Area.size()); }
-
     /// The buffer of `stream`; null for a stream over any other.
     static TPrintBuffer* Of(std::ostream& stream);
 
-    /// Makes room for as many bytes, so that they need not be moved when there are more.
-    void Expect(std::size_t size) { Flushed.reserve(size); }
     /// Room for `size` bytes, to be followed by Advance() with what was used; null for more than
     /// the buffer ever has at a time.
     char* Reserve(std::size_t size) {
@@ -25,17 +23,22 @@ public:
     }
     void Advance(char* end) { pbump(static_cast<int>(end - pptr())); }
     void Append(std::string_view text) {
-        sputn(text.data(), static_cast<std::streamsize>(text.size()));
+        if (char* const room = Reserve(text.size())) {
+            std::memcpy(room, text.data(), text.size());
+            Advance(room + text.size());
+        } else {
+            AppendInPieces(text);
+        }
     }
 
     /// Bytes printed so far.
-    std::size_t GetSize() const {
-        return Flushed.size() + static_cast<std::size_t>(pptr() - pbase());
-    }
+    std::size_t GetSize() const { return SizeOfFull + static_cast<std::size_t>(pptr() - pbase()); }
     /// The byte printed last; 0 when there is none.
     char GetLast() const;
     /// Takes the byte printed last back.
     void DropLast();
+    /// All that was printed, in order. The parts are the buffer's, until something is printed.
+    std::vector<std::string_view> GetParts() const;
     /// All that was printed; the buffer is then empty.
     std::string TakeText();
 
@@ -44,9 +47,16 @@ protected:
     int_type overflow(int_type c) override;
 
 private:
-    char* MakeRoom(std::size_t size);
-    void Flush();
+    struct TPart {
+        std::unique_ptr<char[]> Bytes;
+        std::size_t Size = 0;
+    };
 
-    std::string Flushed;
-    std::array<char, 2048> Area;  // copied in a few steps, while it is in the cache
+    char* MakeRoom(std::size_t size);
+    void AppendInPieces(std::string_view text);
+    void PutPresentAside();
+
+    std::vector<TPart> Full;  // none is empty
+    std::size_t SizeOfFull = 0;
+    std::unique_ptr<char[]> Present;  // where the stream puts its bytes
 };

@@ -96,12 +96,21 @@ bool ReadBytes(const char* path, std::string* bytes, TXMLReadError* error) {
     return false;
 }
 
-bool ReplaceFile(const ISFileName* file, const char* path, const std::string& document,
+bool ReplaceFile(const ISFileName* file, const char* path, TFileParts document,
                  std::string* reason) {
     if (MustBeKept(file) && !KeepBackup(path, reason)) return false;
-    if (!ReplaceWholeFile(path, document, reason)) return false;
+    if (!ReplaceWholeFileByParts(path, document, reason)) return false;
     NoteRead(file, true);
     return true;
+}
+
+bool PrintElements(TXMLList* list, TPrintBuffer* document, std::string* reason) {
+    TXMLWriter writer(list, true, document);
+    for (DListIterator<TElement*> element(*list); element.NotAtTail(); ++element)
+        if (element.Current()) writer.Write(*element.Current());
+    if (writer.Finish()) return true;
+    *reason = writer.GetError();
+    return false;
 }
 
 void TellSaveFailure(const char* path, const std::string& reason) {
@@ -180,8 +189,17 @@ void TXMLList::PushChecked(const char* name, const TAttributeList* attributes,
 
 void TXMLList::Push(TElement::ElemTypes type, std::string_view name, std::string_view text,
                     std::span<const TAttributeView> attributes) {
+    if (Writer) return Writer->Push(type, name, text, attributes);
     if (!Blocks) Blocks = new TElementBlocks;
     AddAtTailWithNode(Blocks->Make(type, name, text, attributes, true));
+}
+
+void TXMLList::PushTextElement(std::string_view name, std::string_view text,
+                               std::span<const TAttributeView> attributes) {
+    if (Writer && attributes.empty() && Writer->PushPlainTextElement(name, text)) return;
+    Push(TElement::START, name, {}, attributes);
+    Push(TElement::TEXT, {}, text);
+    Push(TElement::END, name, {});
 }
 
 bool TXMLList::FindNext(DListIterator<TElement*>& position, const char* name,
@@ -243,20 +261,34 @@ bool TXMLList::WriteFile(const char* path) {
     const std::string file = path ? path : "";
     SetFileName(file.c_str());
     Flush(1);
-    FillElements();
-    std::string document;
+    TPrintBuffer document;
     std::string reason;
-    if (WriteToText(&document, &reason) && ReplaceFile(FileName, file.c_str(), document, &reason))
+    if (FillAndPrint(&document, &reason) &&
+        ReplaceFile(FileName, file.c_str(), document.GetParts(), &reason))
         return true;
     TellSaveFailure(file.c_str(), reason);
     return false;
 }
 
+bool TXMLList::FillAndPrint(TPrintBuffer* document, std::string* reason) {
+    if (!PrintedAtOnce) {
+        FillElements();
+        return PrintElements(this, document, reason);
+    }
+    TXMLWriter writer(this, false, document);
+    Writer = &writer;
+    FillElements();
+    Writer = nullptr;
+    if (writer.Finish()) return true;
+    *reason = writer.GetError();
+    return false;
+}
+
 bool TXMLList::WriteToText(std::string* document, std::string* error) {
-    std::string text;
+    TPrintBuffer printed;
     std::string reason;
-    const bool isWritten = WriteXMLDocument(this, &text, &reason);
-    if (document) *document = std::move(text);
+    const bool isWritten = PrintElements(this, &printed, &reason);
+    if (document) *document = isWritten ? printed.TakeText() : std::string();
     if (error) *error = std::move(reason);
     return isWritten;
 }

@@ -9,6 +9,8 @@
 class ISFileName;
 class TElementBlocks;
 class TElementSequence;
+class TPrintBuffer;
+class TXMLWriter;
 
 /// Why a file could not be read.
 struct TXMLReadError {
@@ -46,6 +48,10 @@ public:
     void Push(TElement::ElemTypes type, std::string_view name, std::string_view text,
               std::span<const TAttributeView> attributes = {});
 
+    /// START with the attributes, TEXT and END, each pushed as above.
+    void PushTextElement(std::string_view name, std::string_view text,
+                         std::span<const TAttributeView> attributes = {});
+
     /// Null gives the empty text.
     static TXMLString MakeXMLString(const char* text);
 
@@ -78,6 +84,12 @@ public:
     /// its permissions. On failure a message box names path and reason, the old file stays as it
     /// was, and the result is false. A file whose last read failed is first kept beside as ".bak".
     bool WriteFile(const char* path);
+
+    /// Whether WriteFile prints what FillElements pushes at once and never makes an element of it,
+    /// so that a long document needs no memory beside its text. For a list that nobody but
+    /// FillElements sees: it only pushes, the list stays empty, and SaveElement is not called.
+    bool IsPrintedAtOnce() const { return PrintedAtOnce; }
+    void SetPrintedAtOnce(bool atOnce) { PrintedAtOnce = atOnce; }
 
     /// ReadFile's parsing of a document in memory, all or nothing: nothing is interpreted, no
     /// message is shown. `error` may be null.
@@ -123,6 +135,7 @@ protected:
 private:
     void PushChecked(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
                      std::string_view text);
+    bool FillAndPrint(TPrintBuffer* document, std::string* reason);
     void DeleteUpTo(const DListIterator<TElement*>& position, bool deleteItems);
     bool ReadDocument(const char* path);
     bool Parse(std::string_view document, std::string* released, TXMLReadError* error);
@@ -132,6 +145,8 @@ private:
     std::string DocumentType;
     bool RootHeld = false;
     bool WalkedOnce = false;
+    bool PrintedAtOnce = false;
+    TXMLWriter* Writer = nullptr;  // of the WriteFile under way, when it prints at once
     const ISFileName* FileName = nullptr;
     TXMLReadError ReadError;
 };

@@ -1,7 +1,6 @@
 #include "services/xml/xmlprint.h"
 
 #include <algorithm>
-#include <cstring>
 #include <ostream>
 #include <streambuf>
 #include <unordered_map>
@@ -9,6 +8,7 @@
 
 #include "services/logging/binarylog.h"
 #include "services/xml/elementblocks.h"
+#include "services/xml/plainprint.h"
 #include "services/xml/printbuffer.h"
 #include "services/xml/xmlname.h"
 #include "services/xml/xmltext.h"
@@ -18,10 +18,7 @@ namespace {
 // Up to so many attributes are compared pair by pair.
 constexpr std::size_t kFewAttributes = 8;
 
-void ReportNoName() {
-    static TCheckSite site("IsXMLName(name)", "xmllist", 101);
-    site.Report();
-}
+using TAttributes = std::vector<TAttributeList::TAttribute>;
 
 bool CanBePrinted(std::string_view name) {
     return IsXMLName(name) && IsUtf8(name);
@@ -68,7 +65,6 @@ private:
     }
 
     void PrintStart() {
-        if (!IsXMLName(Element.Name.View())) ReportNoName();
         Append("<");
         AppendName(Element.Name.View());
         for (const auto& [name, value] : GetDistinctAttributes()) {
@@ -97,8 +93,6 @@ private:
         AppendValue(text, TXMLEscapes::kText);
     }
 
-    using TAttributes = std::vector<TAttributeList::TAttribute>;
-
     static bool HasRepeatedName(const TAttributes& attributes) {
         const auto isRepeated = [&](const auto& attribute) {
             return std::any_of(&attribute + 1, attributes.data() + attributes.size(),
@@ -111,12 +105,10 @@ private:
     // value.
     const TAttributes& GetDistinctAttributes() {
         const TAttributes& given = Element.GetAttributes();
-        const auto isName = [](const auto& attribute) { return IsXMLName(attribute.first); };
         const auto isPrintable = [](const auto& attribute) {
             return CanBePrinted(attribute.first);
         };
         const bool arePrintable = std::all_of(given.begin(), given.end(), isPrintable);
-        if (!arePrintable && !std::all_of(given.begin(), given.end(), isName)) ReportNoName();
         if (arePrintable && given.size() <= kFewAttributes && !HasRepeatedName(given)) return given;
         std::unordered_map<std::string, std::size_t> places;
         for (const auto& [name, value] : given) {
@@ -136,57 +128,31 @@ private:
     TAttributes Distinct;
 };
 
-char* Put(char* place, std::string_view text) {
-    std::memcpy(place, text.data(), text.size());
-    return place + text.size();
-}
-
-std::size_t SizeOf(std::span<const TElementAttributes::TEntry> attributes) {
-    constexpr std::size_t kSigns = std::string_view(" =\"\"").size();
-    std::size_t size = 0;
-    for (const auto& [name, value] : attributes) size += kSigns + name.Length() + value.Length();
-    return size;
-}
-
-char* PutTag(char* place, const TElement& element,
-             std::span<const TElementAttributes::TEntry> attributes) {
-    *place++ = '<';
-    if (element.ElemType == TElement::END) *place++ = '/';
-    place = Put(place, element.Name.View());
-    for (const auto& [name, value] : attributes) {
-        *place++ = ' ';
-        place = Put(place, name.View());
-        *place++ = '=';
-        *place++ = '"';
-        place = Put(place, value.View());
-        *place++ = '"';
-    }
-    *place++ = '>';
-    return place;
-}
-
-// False, with nothing printed, for more than the buffer takes at a time.
-bool PrintAsItIs(const TElement& element, TPrintBuffer* buffer, int indent) {
-    constexpr std::size_t kSigns = std::string_view("\n</>").size();
-    const auto blanks = static_cast<std::size_t>(std::max(indent, 0));
-    const auto attributes = TElementBlocks::GetEntries(element);
-    char* place = buffer->Reserve(kSigns + blanks + element.Name.Length() + element.Text.Length() +
-                                  SizeOf(attributes));
-    if (!place) return false;
-    if (indent >= 0) {
-        *place++ = '\n';
-        place = std::fill_n(place, blanks, ' ');
-    }
-    const bool isText = element.ElemType == TElement::TEXT;
-    buffer->Advance(isText ? Put(place, element.Text.View()) : PutTag(place, element, attributes));
-    return true;
-}
-
 }  // namespace
 
 void PrintXMLElement(const TElement& element, std::ostream& stream, int indent) {
     TPrintBuffer* const buffer = TPrintBuffer::Of(stream);
-    if (buffer && TElementBlocks::PrintsAsIs(element) && PrintAsItIs(element, buffer, indent))
+    if (buffer && TElementBlocks::PrintsAsIs(element) &&
+        PrintAsItIs(buffer, indent, element.ElemType, element.Name.View(), element.Text.View(),
+                    TElementBlocks::GetEntries(element)))
         return;
+    for (std::size_t faults = CountNameFaults(element); faults > 0; --faults) ReportNameFault();
+    PrintXMLElementUnchecked(element, stream, indent);
+}
+
+std::size_t CountNameFaults(const TElement& element) {
+    if (element.ElemType != TElement::START) return 0;
+    const TAttributes& attributes = element.GetAttributes();
+    const auto isName = [](const auto& attribute) { return IsXMLName(attribute.first); };
+    const bool areNames = std::all_of(attributes.begin(), attributes.end(), isName);
+    return (IsXMLName(element.Name.View()) ? 0U : 1U) + (areNames ? 0U : 1U);
+}
+
+void ReportNameFault() {
+    static TCheckSite site("IsXMLName(name)", "xmllist", 101);
+    site.Report();
+}
+
+void PrintXMLElementUnchecked(const TElement& element, std::ostream& stream, int indent) {
     TElementPrinter(element, stream).Print(indent);
 }

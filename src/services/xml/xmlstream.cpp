@@ -43,6 +43,8 @@ void PushText(TXMLList* document, std::string_view text) {
 
 void PushTextElement(TXMLList* document, const char* name, std::string_view text,
                      TAttributeTexts attributes) {
+    if (document && !HasRepeatedName(attributes))
+        return document->PushTextElement(name ? name : "", text, attributes);
     PushStart(document, name, attributes);
     PushText(document, text);
     PushEnd(document, name);

@@ -79,6 +79,27 @@ TEST(FileSave, TakesTheSameStepsEveryTime) {
     EXPECT_EQ(disk.List(), "/p/a.xml\n");
 }
 
+TEST(FileSave, WritesPartAfterPart) {
+    const std::string_view parts[] = {"new ", "", "bytes", " at last"};
+    std::string reason;
+    MemoryFileSystem disk;
+    disk.PutFolder("/p");
+    EXPECT_TRUE(SaveFileOfParts(HostForm(kPath), parts, "", &reason));
+    EXPECT_EQ(Lines(disk.GetOperations()),
+              "ReadLink\nCheckReplaceable\nListFolder\nCreate\nWrite\nWrite\nWrite\nFlush\n"
+              "Close\nRename\nFlushFolder\n");
+    EXPECT_EQ(disk.Text(kPath), "new bytes at last");
+    disk.Put(kPath, "old");
+    disk.Mend();
+    disk.FailAt(6, kBroken);
+    EXPECT_FALSE(SaveFileOfParts(HostForm(kPath), parts, "", &reason));
+    EXPECT_EQ(reason, "the disk is broken");
+    EXPECT_EQ(Lines(disk.GetOperations()),
+              "ReadLink\nCheckReplaceable\nListFolder\nCreate\nWrite\nWrite\nClose\nRemove\n");
+    EXPECT_EQ(disk.Text(kPath), "old");
+    EXPECT_EQ(disk.List(), "/p/a.xml\n");
+}
+
 TEST(FileSave, KeepsTheOldFileWhicheverStepFails) {
     for (const TScene& scene : kScenes) {
         int failures = 0;

@@ -50,6 +50,27 @@ TEST(PrintBuffer, HoldsMoreThanItHasRoomForAtATime) {
     EXPECT_EQ(buffer.TakeText(), expected);
 }
 
+TEST(PrintBuffer, GivesItsPartsWithoutMovingThem) {
+    TPrintBuffer buffer;
+    EXPECT_TRUE(buffer.GetParts().empty());
+    buffer.Append("first");
+    const char* const first = buffer.GetParts().front().data();
+    std::string expected = "first";
+    for (int i = 0; i < 100000; ++i) {
+        buffer.Append(std::to_string(i));
+        expected += std::to_string(i);
+    }
+    std::string joined;
+    for (const std::string_view part : buffer.GetParts()) {
+        EXPECT_FALSE(part.empty());
+        joined += part;
+    }
+    EXPECT_GT(buffer.GetParts().size(), 1U);
+    EXPECT_EQ(buffer.GetSize(), expected.size());
+    EXPECT_EQ(buffer.GetParts().front().data(), first);
+    EXPECT_TRUE(joined == expected);
+}
+
 TEST(PrintBuffer, IsNotFoundInOtherStreams) {
     std::ostringstream other;
     EXPECT_EQ(TPrintBuffer::Of(other), nullptr);
