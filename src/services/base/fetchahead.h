@@ -1,8 +1,10 @@
 #pragma once
+#include <cstdint>
 
-/// Has the first 128 bytes of `object` on their way into the processor's cache. Changes nothing,
-/// and `object` may be any address.
+/// Has the first 128 bytes of `object` on their way into the processor's cache. Changes nothing, and
+/// `object` may be any address, null as well.
 inline void FetchAhead(const void* object) {
+    const auto address = reinterpret_cast<std::uintptr_t>(object);
     __builtin_prefetch(object);
-    __builtin_prefetch(static_cast<const char*>(object) + 64);
+    __builtin_prefetch(reinterpret_cast<const void*>(address + 64));
 }
