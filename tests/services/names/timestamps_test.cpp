@@ -265,7 +265,7 @@ TEST(MarkLoadedAndTestExists, RecordsAMissingFile) {
 }
 
 TEST(FileStamps, KeepKindsAndKeysApart) {
-    TFileStamps stamps;
+    static auto& stamps = *new TFileStamps;  // what is recorded stays until the process ends
     const auto sizeOf = [&](TFileStamps::TKind kind, const char* key) {
         const auto status = stamps.Find(kind, key);
         return status ? status->Size : -1;
@@ -293,7 +293,7 @@ TEST(FileStamps, KeepKindsAndKeysApart) {
 }
 
 TEST(FileStamps, GiveBackWhatTellsAFileFromItsLaterSelf) {
-    TFileStamps stamps;
+    static auto& stamps = *new TFileStamps;  // what is recorded stays until the process ends
     for (const bool exists : {true, false}) {
         const TFileStatus status{exists, false, 7, 9};
         stamps.Record(TFileStamps::LOADED, "key", status);
