@@ -3,12 +3,11 @@
 #include "settings/projectdiagramsimconfig.h"
 #include "settings/projecttemplatesimconfiglist.h"
 #include "tests/settings/configurationtext.h"
+#include "tests/support/processes.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -20,15 +19,10 @@ const THdlLanguage kStored[] = {LANGUAGE_VERILOG, LANGUAGE_VHDL, LANGUAGE_BLUESP
 /// A process of its own that does `work` and saves the INI file.
 template <class Work>
 pid_t Start(Work work) {
-    const pid_t child = fork();
-    if (child != 0) return child;
-    work();
-    _exit(GetSystemPropCache()->Flush() ? 0 : 1);
-}
-
-bool Succeeds(pid_t child) {
-    int status = 0;
-    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    return StartProcess([&] {
+        work();
+        return GetSystemPropCache()->Flush();
+    });
 }
 
 void Fill(TProjectSimConfig& configuration) {

@@ -1,22 +1,18 @@
 #include "services/files/nativefilesystem.h"
 #include "tests/services/names/hostform.h"
+#include "tests/support/processes.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
 
 TEST(PosixFileSystem, TellsAProcessThatIsGone) {
     TNativeFileSystem system;
-    const pid_t living = fork();
-    if (living == 0) {
-        pause();
-        _exit(0);
-    }
+    const pid_t living = StartProcess([] { return pause() == 0; });
     const std::string own = system.GetProcessMark();
     const std::string machine = own.substr(0, own.find('.') + 1);
     const std::string mark = machine + std::to_string(living);
@@ -25,16 +21,10 @@ TEST(PosixFileSystem, TellsAProcessThatIsGone) {
                                      machine + "-1", machine, std::string()})
         EXPECT_FALSE(system.IsProcessGone(there)) << there;
     // The administrator's processes are there for everybody, who may not signal them.
-    const pid_t asking = fork();
-    if (asking == 0) {
-        const bool isOrdinary = getuid() != 0 || setuid(65'534) == 0;
-        _exit(isOrdinary && !system.IsProcessGone(machine + "1") ? 0 : 1);
-    }
-    int status = 1;
-    waitpid(asking, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    EXPECT_TRUE(Succeeds(StartProcess(
+        [&] { return BecomeOrdinaryUser() && !system.IsProcessGone(machine + "1"); })));
     kill(living, SIGKILL);
-    waitpid(living, nullptr, 0);
+    EXPECT_FALSE(Succeeds(living));
     EXPECT_TRUE(system.IsProcessGone(mark));
     EXPECT_FALSE(system.IsProcessGone("1." + std::to_string(living)));
 }

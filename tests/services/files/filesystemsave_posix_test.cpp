@@ -1,14 +1,13 @@
 #include "services/files/filereplace.h"
 #include "services/files/nativefilesystem.h"
+#include "tests/support/processes.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
 #include <csignal>
-#include <functional>
 #include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 #ifdef __linux__
 #include <sys/xattr.h>
@@ -81,24 +80,21 @@ TEST(FileReplace, NeverReplacesADeviceOrPipe) {
     EXPECT_EQ(folder.List(), "pipe\n");
 }
 
-/// Starts `action` in a process of its own.
-pid_t Start(const std::function<bool()>& action) {
-    const pid_t child = fork();
-    if (child == 0) _exit(action() ? 0 : 1);
-    return child;
+/// Has the process see nothing but `folder` where it may: those above may let nobody else in. The
+/// folder's path from then on, without a delimiter at its end.
+std::string EnterAlone(const TemporaryFolder& folder) {
+    if (getuid() != 0 || chmod(folder.Path().c_str(), 0777) != 0) return folder.Path();
+    return chroot(folder.Path().c_str()) == 0 ? "" : folder.Path();
 }
 
-/// Whether the process ended with true.
-bool Succeeds(pid_t child) {
-    int status = 1;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
-/// Drops the rights of the administrator, to whom nothing is forbidden.
-bool BecomeOrdinaryUser() {
-    constexpr uid_t kNobody = 65534;
-    return getuid() != 0 || setuid(kNobody) == 0;
+/// Why an ordinary user who can read a file in `folder` cannot replace it.
+std::string RefusalToOrdinaryUser(const TemporaryFolder& folder, const std::string& name) {
+    const std::string path = EnterAlone(folder) + "/" + name;
+    std::string reason;
+    std::string bytes;
+    if (!BecomeOrdinaryUser()) return "still the administrator";
+    if (ReadWholeFile(path.c_str(), &bytes, &reason) != FILE_READ_DONE) return "not even read";
+    return ReplaceWholeFile(path.c_str(), "new", &reason) ? "none" : reason;
 }
 
 TEST(FileReplace, KeepsTheOldFileWhenTheFolderTakesNoNewOne) {
@@ -106,25 +102,18 @@ TEST(FileReplace, KeepsTheOldFileWhenTheFolderTakesNoNewOne) {
     const std::string path = folder.Write("sub/a.txt", "old");
     ASSERT_EQ(chmod(path.c_str(), 0666), 0);
     ASSERT_EQ(chmod(folder.Path("sub").c_str(), 0555), 0);
-    EXPECT_TRUE(Succeeds(Start([&path] {
-        std::string reason;
-        return BecomeOrdinaryUser() && !ReplaceWholeFile(path.c_str(), "new", &reason) &&
-               reason == "Permission denied";
-    })));
+    EXPECT_TRUE(Succeeds(StartProcess(
+        [&] { return RefusalToOrdinaryUser(folder, "sub/a.txt") == "Permission denied"; })));
     ASSERT_EQ(chmod(folder.Path("sub").c_str(), 0755), 0);
     EXPECT_EQ(folder.Read("sub/a.txt"), "old");
 }
 
 TEST(FileReplace, KeepsAWriteProtectedFile) {
     const TemporaryFolder folder;
-    ASSERT_EQ(chmod(folder.Path().c_str(), 0777), 0);
     const std::string path = folder.Write("a.txt", "old");
     ASSERT_EQ(chmod(path.c_str(), 0444), 0);
-    EXPECT_TRUE(Succeeds(Start([&path] {
-        std::string reason;
-        return BecomeOrdinaryUser() && !ReplaceWholeFile(path.c_str(), "new", &reason) &&
-               reason == "Permission denied";
-    })));
+    EXPECT_TRUE(Succeeds(StartProcess(
+        [&] { return RefusalToOrdinaryUser(folder, "a.txt") == "Permission denied"; })));
     EXPECT_EQ(folder.Read("a.txt"), "old");
     EXPECT_EQ(folder.List(), "a.txt\n");
 }
@@ -132,7 +121,7 @@ TEST(FileReplace, KeepsAWriteProtectedFile) {
 TEST(FileReplace, RemovesItsTemporaryFileWhenTheDiskIsFull) {
     const TemporaryFolder folder;
     const std::string path = folder.Write("a.txt", "old");
-    EXPECT_TRUE(Succeeds(Start([&path] {
+    EXPECT_TRUE(Succeeds(StartProcess([&path] {
         // As on a full disk: the process may write no more than this.
         signal(SIGXFSZ, SIG_IGN);
         const rlimit limit = {100, 100};
@@ -157,7 +146,7 @@ public:
 TEST(FileReplace, RemovesWhatAKilledSaveLeft) {
     const TemporaryFolder folder;
     const std::string path = folder.Write("a.txt", "old");
-    EXPECT_FALSE(Succeeds(Start([&path] {
+    EXPECT_FALSE(Succeeds(StartProcess([&path] {
         TDyingSystem system;
         SetFileSystem(&system);
         return ReplaceWholeFile(path.c_str(), "new", nullptr);
@@ -175,7 +164,7 @@ TEST(FileReplace, RemovesWhatAKilledSaveLeft) {
 TEST(FileReplace, DropsTheSetIdBitsWithTheOwner) {
     if (getuid() != 0) GTEST_SKIP() << "only the administrator can make such files";
     constexpr uid_t kOwner = 12'345;
-    constexpr uid_t kNobody = 65'534;
+    constexpr uid_t kNobody = 65'534;  // the ordinary user
     constexpr gid_t kGroup = 12'346;
     const struct {
         const char* Label;
@@ -195,12 +184,12 @@ TEST(FileReplace, DropsTheSetIdBitsWithTheOwner) {
     };
     for (const auto& row : rows) {
         const TemporaryFolder folder;
-        ASSERT_EQ(chmod(folder.Path().c_str(), 0777), 0);
         const std::string path = folder.Write("a.txt", "old");
         ASSERT_EQ(chown(path.c_str(), kOwner, kGroup), 0);
         ASSERT_EQ(chmod(path.c_str(), 06777), 0);
-        EXPECT_TRUE(Succeeds(Start([&] {
-            return row.Become() && ReplaceWholeFile(path.c_str(), "new", nullptr);
+        EXPECT_TRUE(Succeeds(StartProcess([&] {
+            const std::string seen = EnterAlone(folder) + "/a.txt";
+            return row.Become() && ReplaceWholeFile(seen.c_str(), "new", nullptr);
         }))) << row.Label;
         struct stat status = {};
         ASSERT_EQ(stat(path.c_str(), &status), 0);
@@ -251,8 +240,8 @@ TEST(FileReplace, LeavesAWholeFileWhenTwoProcessesSaveAtOnce) {
             if (!ReplaceWholeFile(path.c_str(), bytes, nullptr)) return false;
         return true;
     };
-    const pid_t first = Start([&save] { return save('a'); });
-    const pid_t second = Start([&save] { return save('b'); });
+    const pid_t first = StartProcess([&save] { return save('a'); });
+    const pid_t second = StartProcess([&save] { return save('b'); });
     EXPECT_TRUE(Succeeds(first));
     EXPECT_TRUE(Succeeds(second));
     const std::string bytes = folder.Read("a.txt");
