@@ -278,14 +278,14 @@ public:
     }
     TPropCache* GetCache() {
         if (IsRead) return &Cache;
-        const std::string user = GetIniFile()->Canonical(false);
-        const std::string system = GetSystemIniFile()->Canonical(false);
         TLogLines log;
         const std::lock_guard guard(Cache.State->Lock);
         if (!IsRead) {
             // What was written since the cache was dropped.
             Cache.State->Flush(&log);
-            Cache.State->Read(user, system, &log);
+            // Asked for with the lock: whoever sets other files drops the cache behind this read.
+            Cache.State->Read(GetIniFile()->Canonical(false), GetSystemIniFile()->Canonical(false),
+                              &log);
             IsRead = true;
         }
         return &Cache;

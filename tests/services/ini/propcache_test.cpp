@@ -6,9 +6,11 @@
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace {
 
@@ -486,4 +488,24 @@ TEST(SystemPropCache, LosesWhatCouldNotBeSavedWhenItIsDropped) {
     EXPECT_EQ(GetSystemPropCache()->GetPrivatePropText("A", "k", "-"), "-");
     SetIniFile(nullptr);
     EXPECT_EQ(log.Take(), "");
+}
+
+TEST(SystemPropCache, ReadsTheFilesThatWereSetLastWhoeverReadsMeanwhile) {
+    const TemporaryFolder folder;
+    const std::string paths[] = {folder.Write("0.ini", "[A]\nk=0\n"),
+                                 folder.Write("1.ini", "[A]\nk=1\n")};
+    std::atomic<bool> isOver = false;
+    std::thread reader([&isOver] {
+        while (!isOver) (void)GetSystemPropCache();
+    });
+    int stale = 0;
+    for (std::size_t i = 0; i < 2000; ++i) {
+        SetIniFile(paths[i % 2].c_str());
+        if (GetSystemPropCache()->GetPrivatePropText("A", "k", "-") != std::to_string(i % 2))
+            ++stale;
+    }
+    isOver = true;
+    reader.join();
+    SetIniFile(nullptr);
+    EXPECT_EQ(stale, 0);
 }
