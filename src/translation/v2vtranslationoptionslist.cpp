@@ -1,5 +1,6 @@
 #include "translation/v2vtranslationoptionslist.h"
 #include "services/base/keeper.h"
+#include "services/base/sharedset.h"
 #include "services/base/threadtext.h"
 #include "services/xml/xmlstream.h"
 #include "translation/v2vcatalogues.h"
@@ -8,39 +9,18 @@
 #include "translation/v2vtranslationstringoption.h"
 #include <algorithm>
 #include <iterator>
-#include <mutex>
 #include <new>
 #include <typeinfo>
-#include <unordered_set>
 #include <utility>
 
 namespace {
 
 /// The lists that are not destroyed, on all threads.
-class TLivingLists {
-public:
-    static TLivingLists& GetInstance() {
-        // Never destroyed: a list may be static.
-        static auto& lists = *new TLivingLists;
-        return lists;
-    }
-    void Add(const TV2VTranslationOptionsList* list) {
-        const std::lock_guard guard(Lock);
-        Lists.insert(list);
-    }
-    void Remove(const TV2VTranslationOptionsList* list) {
-        const std::lock_guard guard(Lock);
-        Lists.erase(list);
-    }
-    bool Has(const TV2VTranslationOptionsList* list) {
-        const std::lock_guard guard(Lock);
-        return Lists.contains(list);
-    }
-
-private:
-    std::mutex Lock;
-    std::unordered_set<const TV2VTranslationOptionsList*> Lists;
-};
+TSharedSet<const TV2VTranslationOptionsList*>& LivingLists() {
+    // Never destroyed: a list may be static.
+    static auto& lists = *new TSharedSet<const TV2VTranslationOptionsList*>;
+    return lists;
+}
 
 template <class T>
 bool DestroyIfItIs(TV2VTranslationOption* option) {
@@ -105,12 +85,12 @@ void DeleteOption(TV2VTranslationOption* option) {
 TV2VTranslationOptionsList::TV2VTranslationOptionsList(TProjectComponent* component,
                                                        const char* tag)
     : Tag(tag ? tag : ""), Component(component) {
-    TLivingLists::GetInstance().Add(this);
+    LivingLists().Add(this);
 }
 
 TV2VTranslationOptionsList::TV2VTranslationOptionsList(const TV2VTranslationOptionsList& other)
     : Options(other.Options), Tag(other.Tag), Component(other.Component) {
-    TLivingLists::GetInstance().Add(this);
+    LivingLists().Add(this);
 }
 
 TV2VTranslationOptionsList& TV2VTranslationOptionsList::operator=(
@@ -126,11 +106,11 @@ TV2VTranslationOptionsList& TV2VTranslationOptionsList::operator=(
 TV2VTranslationOptionsList::~TV2VTranslationOptionsList() {
     LetGo();
     ForgetKept(this);
-    TLivingLists::GetInstance().Remove(this);
+    LivingLists().Remove(this);
 }
 
 bool TV2VTranslationOptionsList::IsAlive(const TV2VTranslationOptionsList* list) {
-    return TLivingLists::GetInstance().Has(list);
+    return LivingLists().Has(list);
 }
 
 // Without a look at the options: a copy of the list may have deleted them.

@@ -50,8 +50,7 @@ public:
     void clear() { Flush(); }
 
     /// The command-line texts of all options with one blank between neighbours; a disabled option
-    /// keeps its blank. Lives until the next call for any list
-    /// on the same thread.
+    /// keeps its blank. Lives until the next call for any list on the same thread.
     const char* GetCommandLineOptions() const;
 
     /// Reads options from inside the list's element, or from inside that of another list, up to its

@@ -1,12 +1,11 @@
 #include "services/files/filesave.h"
 #include "services/base/fold.h"
+#include "services/base/sharedset.h"
 #include "services/files/filesystem.h"
 #include "services/files/pathconventions.h"
 #include <algorithm>
 #include <atomic>
-#include <mutex>
 #include <optional>
-#include <unordered_set>
 #include <vector>
 
 namespace {
@@ -14,30 +13,11 @@ namespace {
 constexpr std::string_view kTemporaryEnd = ".tmp";
 
 /// The temporary files of the saves that other threads, and this one, have begun and not ended.
-class TTemporariesInUse {
-public:
-    static TTemporariesInUse& GetInstance() {
-        // Never destroyed: files are saved while the process ends, too.
-        static auto& names = *new TTemporariesInUse;
-        return names;
-    }
-    void Add(const std::string& name) {
-        const std::lock_guard guard(Lock);
-        Names.insert(name);
-    }
-    void Remove(const std::string& name) {
-        const std::lock_guard guard(Lock);
-        Names.erase(name);
-    }
-    bool Has(const std::string& name) {
-        const std::lock_guard guard(Lock);
-        return Names.contains(name);
-    }
-
-private:
-    std::mutex Lock;
-    std::unordered_set<std::string> Names;
-};
+TSharedSet<std::string>& TemporariesInUse() {
+    // Never destroyed: files are saved while the process ends, too.
+    static auto& names = *new TSharedSet<std::string>;
+    return names;
+}
 
 /// One save, a step an operation. An operation answers false when the save fails.
 class TFileSave {
@@ -46,7 +26,7 @@ public:
     TFileSave(const TFileSave&) = delete;
     TFileSave& operator=(const TFileSave&) = delete;
     ~TFileSave() {
-        for (const std::string& name : NamesTaken) TTemporariesInUse::GetInstance().Remove(name);
+        for (const std::string& name : NamesTaken) TemporariesInUse().Remove(name);
     }
 
     bool Run(TFileParts parts, const std::string& like) {
@@ -106,8 +86,7 @@ private:
         const std::size_t begin = TemporaryBegin.size();
         const std::string mark = name.substr(begin, name.find('-', begin) - begin);
         // A save of this process that ended has left it, unless another thread's save goes on.
-        if (mark == System.GetProcessMark())
-            return !TTemporariesInUse::GetInstance().Has(Folder + name);
+        if (mark == System.GetProcessMark()) return !TemporariesInUse().Has(Folder + name);
         return System.IsProcessGone(mark);
     }
 
@@ -117,7 +96,7 @@ private:
         NamesTaken.push_back(Folder + TemporaryBegin + System.GetProcessMark() + "-" +
                              std::to_string(System.GetTime()) + "-" + std::to_string(number++) +
                              std::string(kTemporaryEnd));
-        TTemporariesInUse::GetInstance().Add(NamesTaken.back());
+        TemporariesInUse().Add(NamesTaken.back());
         return NamesTaken.back();
     }
 
