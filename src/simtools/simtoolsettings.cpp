@@ -1,8 +1,7 @@
 #include "simtools/simtoolsettings.h"
 
+#include "services/files/pathpieces.h"
 #include "services/names/utilfilename.h"
-#include <mutex>
-#include <set>
 
 namespace {
 
@@ -12,14 +11,6 @@ std::string CanonicalPath(const char* path) {
 
 std::string TextOf(const char* text) {
     return text ? text : "";
-}
-
-// One copy of each path that was ever set. Never destroyed: references to it are with callers.
-const std::string* KeepPath(const std::string& path) {
-    static auto& lock = *new std::mutex;
-    static auto& paths = *new std::set<std::string>;
-    const std::lock_guard guard(lock);
-    return &*paths.insert(path).first;
 }
 
 }  // namespace
@@ -76,7 +67,7 @@ void TSimToolSettings::SetWrapperExecutablePath(const char* path) {
 }
 
 void TSimToolSettings::SetLocalWrapperExecutablePath(const char* path) {
-    LocalWrapperExecutablePath = KeepPath(CanonicalPath(path));
+    LocalWrapperExecutablePath = &KeptPath(CanonicalPath(path));
 }
 
 void TSimToolSettings::SetTargetOS(const char* targetOS) {

@@ -127,7 +127,6 @@ TEST(Rules, LockAndCountInFewPlaces) {
               "services/xml/xmllist.cpp: std::mutex\n"
               "services/xml/xmlname.cpp: std::mutex\n"
               "simtools/simtoolsettings.cpp: std::atomic\n"
-              "simtools/simtoolsettings.cpp: std::mutex\n"
               "simtools/simtoolsettings.h: std::atomic\n");
 }
 

@@ -170,13 +170,17 @@ std::string SqueezePath(std::string_view path, int length) {
     return std::string(path.substr(0, head)).append(kGap).append(path.substr(tail));
 }
 
-char* KeptPathText(std::string_view text) {
+const std::string& KeptPath(std::string_view text) {
     // Never destroyed: handles are asked until the very end of the process.
     static auto& parts = *new std::array<TKeptTexts, 16>;
     TKeptTexts& part = parts[THashOfText()(text) % parts.size()];
     const std::lock_guard guard(part.Lock);
     auto place = part.Texts.find(text);
     if (place == part.Texts.end()) place = part.Texts.emplace(text).first;
+    return *place;
+}
+
+char* KeptPathText(std::string_view text) {
     // Callers must not change the text; some operations only lack the const.
-    return const_cast<char*>(place->c_str());
+    return const_cast<char*>(KeptPath(text).c_str());
 }

@@ -40,4 +40,5 @@ std::string SqueezePath(std::string_view path, int length);
 
 /// The same text, one copy per distinct text, for the life of the process. Pieces of path texts
 /// repeat (directories, extensions), and callers may hold those of many files at once.
+const std::string& KeptPath(std::string_view text);
 char* KeptPathText(std::string_view text);
