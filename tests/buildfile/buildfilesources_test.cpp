@@ -2,6 +2,7 @@
 #include "projectfiles/hdlprojectsourcefile.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/buildfile/buildtexts.h"
+#include "tests/filenames/recordingfilename.h"
 #include "tests/services/names/hostform.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/memoryfolder.h"
@@ -178,6 +179,21 @@ TEST(BuildFileSources, AreFoundInGroupsAndAmongTheirDependencies) {
     EXPECT_EQ(build.CreateOrGetSourceFile("sub/../A.VHD"), &a);
     EXPECT_EQ(build.CreateOrGetSourceFile("sub/dep.vhd"), &dependency);
     EXPECT_NE(build.CreateOrGetSourceFile("deep.vhd"), &deep);
+}
+
+/// A build's name of a class of the caller's.
+class CallersName : public RecordingFileName {
+public:
+    const char* GetParts(unsigned int) const override { return "/p/x/..//q/"; }
+};
+
+TEST(BuildFileSources, HaveCanonicalNamesWhateverTheDirectoryOfTheBuildLooksLike) {
+    CallersName name;
+    THdlBuildFile build;
+    build.SetBuildFileName(&name);
+    const ISFileName* made = build.CreateOrGetSourceFile("r/a.vhd")->GetFileName();
+    EXPECT_EQ(made->Canonical(false), HostForm("/p/q/r/a.vhd"));
+    EXPECT_EQ(made, Handle("/p/q/r/a.vhd"));
 }
 
 TEST(BuildFileSources, TellOfAFileTakenForAnotherForItsLetterCase) {

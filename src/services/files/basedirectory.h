@@ -8,21 +8,20 @@ class TBaseDirectory {
 public:
     /// No directory: paths stay as they are.
     TBaseDirectory() = default;
-    /// `canonical` ends with a delimiter or is empty.
-    explicit TBaseDirectory(std::string_view canonical);
-
-    const std::string& GetText() const { return Text; }
+    /// `directory` in any form; "" is no directory.
+    explicit TBaseDirectory(std::string_view directory);
 
     /// The canonical path of `relative`, a relative path, below the directory.
     std::string_view Resolve(std::string_view relative);
-    /// RelativeToDirectory(GetText(), canonical): a part of `canonical` where that will do.
+    /// As RelativeToDirectory makes `canonical` relative to it: a part of `canonical` where that
+    /// will do.
     std::string_view MakeRelative(std::string_view canonical);
 
 private:
     bool AppendPlain(std::string_view relative);
 
     std::string Text;
-    std::string Buffer;  // Text with a name behind it, or the last result
+    std::string Buffer;  // the last result, unless it was a part of the question
     char Delimiter = '/';
     bool IsPlain = false;  // not one whose beginning may turn into something else
 };

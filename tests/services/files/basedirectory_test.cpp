@@ -8,72 +8,60 @@
 
 namespace {
 
-TEST(BaseDirectory, ResolvesNamesBelowIt) {
-    struct Row {
-        const char* directory;
-        const char* name;
-        const char* path;
-    };
-    const Row rows[] = {
-        {"/p/", "a.vhd", "/p/a.vhd"},
-        {"/p/q/", "r/My File.vhd", "/p/q/r/My File.vhd"},
-        {"/p/", "r\\a.vhd", "/p/r/a.vhd"},
-        {"/p/", "r/", "/p/r/"},
-        {"/p/", "../a.vhd", "/a.vhd"},
-        {"/p/", "./a.vhd", "/p/a.vhd"},
-        {"/p/", "r/../a.vhd", "/p/a.vhd"},
-        {"/p/", "r//a.vhd", "/p/r/a.vhd"},
-        {"/p/", "r/.", "/p/r"},
-        {"/p/", "r/..", "/p"},
-        {"/p/", "", "/p/"},
-        {"/p/", "..a/.b/c..", "/p/..a/.b/c.."},
-        {"/", "a", "/a"},
+TEST(BaseDirectory, TakesNamesToPathsAndPathsBackToNames) {
+    const struct {
+        const char* Directory;
+        const char* Name;
+        const char* Path;
+        const char* Relative;
+    } rows[] = {
+        {"/p/", "a.vhd", "/p/a.vhd", "a.vhd"},
+        {"/p/q/", "r/My File.vhd", "/p/q/r/My File.vhd", "r/My File.vhd"},
+        {"/p/", "r\\a.vhd", "/p/r/a.vhd", "r/a.vhd"},
+        {"/p/", "r/", "/p/r/", "r/"},
+        {"/p/", "../a.vhd", "/a.vhd", "../a.vhd"},
+        {"/p/", "../q/a.vhd", "/q/a.vhd", "../q/a.vhd"},
+        {"/p/", "../pq/a.vhd", "/pq/a.vhd", "../pq/a.vhd"},
+        {"/p/", "./a.vhd", "/p/a.vhd", "a.vhd"},
+        {"/p/", "r/../a.vhd", "/p/a.vhd", "a.vhd"},
+        {"/p/", "r//a.vhd", "/p/r/a.vhd", "r/a.vhd"},
+        {"/p/", "r/.", "/p/r", "r"},
+        {"/p/", "r/..", "/p", "."},
+        {"/p/", "", "/p/", "."},
+        {"/p/", "..a/.b/c..", "/p/..a/.b/c..", "..a/.b/c.."},
+        {"/", "a", "/a", "a"},
+        {"C:\\p\\", "q/a.vhd", "C:\\p\\q\\a.vhd", "q/a.vhd"},
+        {"C:\\p\\", "q\\a.vhd", "C:\\p\\q\\a.vhd", "q/a.vhd"},
+        {"\\\\host\\share\\", "q/a.vhd", "\\\\host\\share\\q\\a.vhd", "q/a.vhd"},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(std::string(row.directory) + " + " + row.name);
-        TBaseDirectory directory(HostForm(row.directory));
-        EXPECT_EQ(directory.Resolve(row.name), HostForm(row.path));
-        EXPECT_EQ(directory.Resolve("x"), HostForm((row.directory + std::string("x")).c_str()))
-            << "the next name";
+        SCOPED_TRACE(std::string(row.Directory) + " + " + row.Name);
+        const std::string text = HostForm(row.Directory);
+        TBaseDirectory directory(text);
+        EXPECT_EQ(directory.Resolve(row.Name), HostForm(row.Path));
+        EXPECT_EQ(directory.Resolve("x"), text + "x") << "the next name";
+        EXPECT_EQ(directory.MakeRelative(HostForm(row.Path)), row.Relative);
     }
 }
 
-TEST(BaseDirectory, ResolvesNamesBelowDrivesAndHosts) {
+TEST(BaseDirectory, LeavesPathsAsTheyAreThatWouldNotBeReadBack) {
     TBaseDirectory drive("C:\\p\\");
-    EXPECT_EQ(drive.Resolve("q/a.vhd"), "C:\\p\\q\\a.vhd");
-    EXPECT_EQ(drive.Resolve("q\\a.vhd"), "C:\\p\\q\\a.vhd");
-    TBaseDirectory host("\\\\host\\share\\");
-    EXPECT_EQ(host.Resolve("q/a.vhd"), "\\\\host\\share\\q\\a.vhd");
-}
-
-TEST(BaseDirectory, MakesPathsRelative) {
-    struct Row {
-        const char* directory;
-        const char* path;
-        const char* relative;
-    };
-    const Row rows[] = {
-        {"/p/", "/p/a.vhd", "a.vhd"},
-        {"/p/", "/p/q/a b.vhd", "q/a b.vhd"},
-        {"/p/", "/p/q/", "q/"},
-        {"/p/", "/q/a.vhd", "../q/a.vhd"},
-        {"/p/", "/pq/a.vhd", "../pq/a.vhd"},
-        {"/p/", "/p/", "."},
-        {"/p/q/", "/p/a.vhd", "../a.vhd"},
-        {"/", "/a.vhd", "a.vhd"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(std::string(row.path) + " from " + row.directory);
-        TBaseDirectory directory(HostForm(row.directory));
-        EXPECT_EQ(directory.MakeRelative(HostForm(row.path)), row.relative);
-    }
-    TBaseDirectory drive("C:\\p\\");
-    EXPECT_EQ(drive.MakeRelative("C:\\p\\q\\a.vhd"), "q/a.vhd");
     EXPECT_EQ(drive.MakeRelative("D:\\p\\a.vhd"), "D:\\p\\a.vhd");
-    // What is left would be read back as a drive.
-    EXPECT_EQ(drive.MakeRelative("C:\\p\\d:\\a.vhd"), "C:\\p\\d:\\a.vhd");
-    TBaseDirectory none;
-    EXPECT_EQ(none.MakeRelative(HostForm("/p/a.vhd")), HostForm("/p/a.vhd"));
+    EXPECT_EQ(drive.MakeRelative("C:\\p\\d:\\a.vhd"), "C:\\p\\d:\\a.vhd") << "a drive again";
+    for (TBaseDirectory none : {TBaseDirectory(), TBaseDirectory("")}) {
+        EXPECT_EQ(none.MakeRelative(HostForm("/p/a.vhd")), HostForm("/p/a.vhd"));
+        EXPECT_EQ(none.Resolve("a.vhd"), CanonicalPath(WorkingDirectory::Text() + "/a.vhd"));
+    }
+}
+
+TEST(BaseDirectory, MayBeGivenInAnyForm) {
+    EXPECT_EQ(TBaseDirectory("/p//q/../").Resolve("a.vhd"), HostForm("/p/a.vhd"));
+    EXPECT_EQ(TBaseDirectory("C:/p/").Resolve("a.vhd"), "C:\\p\\a.vhd");
+    EXPECT_EQ(TBaseDirectory("/p/./").MakeRelative(HostForm("/p/q/a.vhd")), "q/a.vhd");
+    EXPECT_EQ(TBaseDirectory("/p").Resolve("a.vhd"), HostForm("/p/a.vhd"));
+    EXPECT_EQ(TBaseDirectory("/p").MakeRelative(HostForm("/p/a.vhd")), "a.vhd");
+    // What such a directory begins with lifts a limit where a host or a drive follows.
+    EXPECT_EQ(TBaseDirectory("\\\\?\\").Resolve("UNC\\host\\a"), "\\\\host\\a");
 }
 
 /// Texts of pieces that paths are made of, put together in all ways up to a length.
