@@ -37,6 +37,8 @@
 #include "services/base/languagenumber.h"
 #include "services/base/mystring.h"
 #include "services/base/observer.h"
+#include "services/base/progress.h"
+#include "services/base/progressobserver.h"
 #include "services/base/rope.h"
 #include "services/designdatabase/hdbbase.h"
 #include "services/designdatabase/iprojectcomponent.h"

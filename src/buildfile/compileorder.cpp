@@ -17,13 +17,18 @@ void TCompileOrder::Fill(TIHdlSourceFileList* ordered) {
     TSourcesAhead ahead(Group);
     for (const IHdlSourceFile* source : Group) {
         ahead.Step();
-        Add(source);
+        if (Progress.IsObserved())
+            Add(source, [this] { Progress.Advance(); });
+        else
+            Add(source, [] {});
     }
     if (AreDistinct) return ordered->FillDistinct(Ordered);
     for (const auto& [source, name] : Ordered) ordered->AddSourceFile(source, false);
 }
 
-void TCompileOrder::Add(const IHdlSourceFile* file) {
+// A walk that tells nobody would feel a count.
+template <class TTell>
+void TCompileOrder::Add(const IHdlSourceFile* file, TTell tell) {
     if (Meet(file)) Enter(file);
     while (!Visits.empty()) {
         TVisit& visit = Visits.back();
@@ -36,6 +41,7 @@ void TCompileOrder::Add(const IHdlSourceFile* file) {
         } else {
             Leave(visit.File);
             Visits.pop_back();
+            tell();
         }
     }
 }

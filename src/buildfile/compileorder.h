@@ -1,6 +1,7 @@
 #pragma once
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "projectfiles/sourcenametable.h"
+#include "services/base/progress.h"
 #include <cstdint>
 #include <unordered_set>
 #include <vector>
@@ -32,7 +33,8 @@ private:
 
     static const TReadSourceFile* GetMarked(const IHdlSourceFile* file);
     static std::uint64_t NewMark();
-    void Add(const IHdlSourceFile* file);
+    template <class TTell>
+    void Add(const IHdlSourceFile* file, TTell tell);
     bool Meet(const IHdlSourceFile* file);
     void Enter(const IHdlSourceFile* file);
     void EnterForeign(const IHdlSourceFile* file, TVisit* visit);
@@ -45,6 +47,7 @@ private:
     // Instead of recursion: a chain of dependencies may be as long as the build.
     std::vector<TVisit> Visits;
     std::vector<TIHdlSourceFileList::TNamedSource> Ordered;
+    TProgress Progress{PROGRESS_ORDER_SOURCES, Group.size()};
     bool AreDistinct = true;                // the names of what was ordered
     TSourceNameTable<bool> NamesElsewhere;  // of what the group does not list
 };

@@ -3,6 +3,7 @@
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "projectfiles/namesahead.h"
 #include "projectfiles/sourcenametable.h"
+#include "services/base/progress.h"
 #include "services/xml/xmlstream.h"
 
 /// What is known while the groups are read.
@@ -12,7 +13,10 @@
 /// read changes a list, its own notes answer.
 class TGroupsReading {
 public:
-    explicit TGroupsReading(bool isBuildEmpty) : AreNotesComplete(isBuildEmpty) {}
+    /// `sourceCount` sources will be read.
+    TGroupsReading(bool isBuildEmpty, std::size_t sourceCount)
+        : Progress(PROGRESS_READ_SOURCES, sourceCount, kSourcesAReport),
+          AreNotesComplete(isBuildEmpty) {}
 
     /// What is known under a name.
     struct TNote {
@@ -48,10 +52,16 @@ public:
     /// The text that is being read: kept here for its memory.
     std::string Text;
 
+    /// Advances with each source.
+    TProgress Progress;
+
     /// Whether the file is met for the first time; not for a source without a name.
     bool IsNew(const IHdlSourceFile& source);
 
 private:
+    // Few, as a disk may be slow.
+    static constexpr std::size_t kSourcesAReport = 16;
+
     TNote* NoteOf(IHdlSourceFile* source);
     bool IsUnchanged() const;
 

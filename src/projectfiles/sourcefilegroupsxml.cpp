@@ -10,6 +10,19 @@
 #include "services/xml/xmlstream.h"
 #include "settings/projectsimgeneralconfig.h"
 
+namespace {
+
+// For an observer alone; nobody else waits for it.
+std::size_t CountListedSources(DListIterator<TElement*> element) {
+    std::size_t count = 0;
+    if (!GetProgressObserver()) return count;
+    for (; element.NotAtTail(); ++element)
+        if (IsAtStart(element, "SourceFile")) ++count;
+    return count;
+}
+
+}  // namespace
+
 bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element) {
     return ReadSourceFileGroups(element, nullptr);
 }
@@ -18,7 +31,8 @@ bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element,
                                              const ISFileName* buildFile) {
     FilesMissing = false;
     // A message box may let the user start another read.
-    auto outer = std::exchange(Reading, std::make_unique<TGroupsReading>(!IsAnythingListed()));
+    auto outer = std::exchange(Reading, std::make_unique<TGroupsReading>(
+                                            !IsAnythingListed(), CountListedSources(element)));
     if (buildFile) Reading->LookAheadFrom(buildFile);
     const bool isRead = ReadGroups(element);
     Reading = std::move(outer);
@@ -65,6 +79,7 @@ bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLangu
         ++element;
         if (!ReadDependencies(element, source)) return false;
         SkipEnds(element);
+        Reading->Progress.Advance();
     }
     return true;
 }
@@ -150,9 +165,11 @@ void TSourceFileGroups::WriteSourceFileGroups(TXMLList* document, const ISFileNa
             continue;
         PushStart(document, "SourceFileGroup", {{"Language", GetStringFromHdlLanguage(language)}});
         TDependenciesAhead ahead(group.List);
+        TProgress progress(PROGRESS_WRITE_SOURCES, group.List.size());
         for (const IHdlSourceFile* source : group.List) {
             ahead.Step();
             WriteSource(document, *source, &paths);
+            progress.Advance();
         }
         PushEnd(document, "SourceFileGroup");
     }

@@ -2,11 +2,14 @@
 
 #include <vector>
 
+#include "services/base/progress.h"
 #include "services/xml/expatrun.h"
 #include "services/xml/xmlprologue.h"
 #include "services/xml/xmltext.h"
 
 namespace {
+
+constexpr std::size_t kBytesAReport = std::size_t{1} << 16;
 
 class TDocumentReader {
 public:
@@ -17,9 +20,10 @@ public:
           UnitSize(encoding.UnitSize),
           DroppedRoot(droppedRoot),
           MaxLevels(kMaxXMLNesting + (holdsRoot ? 1 : 0)),
-          Elements(*elements) {
+          Elements(*elements),
+          Progress(PROGRESS_READ_DOCUMENT, document.size(), kBytesAReport) {
         XML_Parser parser = Run.GetParser();
-        XML_SetElementHandler(parser, OnStart, OnEnd);
+        XML_SetElementHandler(parser, Progress.IsObserved() ? OnObservedStart : OnStart, OnEnd);
         XML_SetCharacterDataHandler(parser, OnText);
         XML_SetStartCdataSectionHandler(parser, OnCdataSection);
         XML_SetDefaultHandler(parser, OnTokenBeforeRoot);
@@ -29,7 +33,11 @@ public:
     /// without any element is accepted, though Expat refuses it; the reader of the prologue has
     /// refused other documents without elements.
     bool Read(std::string_view prologue, std::string* released) {
-        if (Run.Feed(prologue, false) && ReadRest(prologue.size(), released)) return true;
+        const std::size_t size = Rest.size();
+        if (Run.Feed(prologue, false) && ReadRest(prologue.size(), released)) {
+            Progress.Reach(size);
+            return true;
+        }
         return Run.GetError() == XML_ERROR_NO_ELEMENTS && !RootSeen;
     }
 
@@ -59,6 +67,13 @@ private:
 
     static void OnStart(void* userData, const XML_Char* name, const XML_Char** attributes) {
         From(userData).Start(name, attributes);
+    }
+
+    // Expat is given the whole document at once: only its handlers know how far it is.
+    static void OnObservedStart(void* userData, const XML_Char* name, const XML_Char** attributes) {
+        TDocumentReader& reader = From(userData);
+        reader.Progress.Reach(reader.Run.GetTokenBegin());
+        OnStart(userData, name, attributes);
     }
 
     static void OnEnd(void* userData, const XML_Char*) { From(userData).End(); }
@@ -119,6 +134,7 @@ private:
     std::string_view DroppedRoot;
     std::size_t MaxLevels;
     TElementSequence& Elements;
+    TProgress Progress;
     std::vector<const TElement*> Open;
     std::vector<TAttributeView> Attributes;  // of the present tag
     std::string Text;
