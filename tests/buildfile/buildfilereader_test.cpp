@@ -504,6 +504,66 @@ TEST(BuildFileReader, ReadsAtConstruction) {
     EXPECT_FALSE(build.IsOutdated());
 }
 
+TEST(BuildFileReader, SeesThatASourceIsRenamedWhileItReads) {
+    /// Renames a source when its user is told of a missing file.
+    class RenamingBox : public RecordingMessageBox {
+    public:
+        explicit RenamingBox(ReadBuild* read) : Read(read) {}
+        void ShowMessage(const char*, const char*, int) override {
+            IHdlSourceFile* source =
+                Read->Build.GetSourceFileGroup(LANGUAGE_VHDL)->GetSourceFile(Name("first.vhd"));
+            if (source)
+                *dynamic_cast<THdlSourceFile*>(source) = THdlSourceFile(Name("renamed.vhd"));
+        }
+        const ISFileName* Name(const char* name) const {
+            return ISFileName::NewISFileName(Read->Folder.Path(name).c_str());
+        }
+
+    private:
+        ReadBuild* Read;
+    };
+    ReadBuild read(
+        "<SourceFileGroup Language='VHDL'><SourceFile>first.vhd</SourceFile>"
+        "<SourceFile>gone.vhd<Dependency>first.vhd</Dependency>"
+        "<Dependency>renamed.vhd</Dependency></SourceFile></SourceFileGroup>");
+    read.Folder.Write("first.vhd", "");
+    const RenamingBox box(&read);
+    (void)read.Build.ReadFromFile();
+    EXPECT_EQ(SourcesOf(read.Build, LANGUAGE_VHDL),
+              "renamed.vhd() gone.vhd(first.vhd renamed.vhd ) ");
+    const TIHdlSourceFileList& group = *read.Build.GetSourceFileGroup(LANGUAGE_VHDL);
+    EXPECT_EQ(group.GetSourceFile(box.Name("gone.vhd"))->GetDependency(box.Name("renamed.vhd")),
+              *group.begin());
+}
+
+TEST(BuildFileReader, FindsWhatSourcesOfACallersBuildDependOn) {
+    /// Has a source of its own for one name.
+    class OwningBuild : public THdlBuildFile {
+    public:
+        IHdlSourceFile* CreateOrGetSourceFile(const char* name) override {
+            if (std::string(name) == "own.vhd") return &Own;
+            return THdlBuildFile::CreateOrGetSourceFile(name);
+        }
+        THdlSourceFile Own{"/p/own.vhd"};
+    };
+    const MemoryFolder folder;
+    const RecordingMessageBox box;
+    THdlSourceFile dependency(folder.Path("x.vhd").c_str());
+    OwningBuild build;
+    build.Own.AddDependency(&dependency);
+    build.SetBuildFileName(ISFileName::NewISFileName(
+        folder
+            .Write("build.xml",
+                   "<SourceFileGroup Language='VHDL'><SourceFile>own.vhd</SourceFile>"
+                   "<SourceFile>a.vhd<Dependency>x.vhd</Dependency></SourceFile>"
+                   "</SourceFileGroup>")
+            .c_str()));
+    (void)build.ReadFromFile();
+    EXPECT_EQ(SourcesOf(build, LANGUAGE_VHDL), "own.vhd(x.vhd ) a.vhd(x.vhd ) ");
+    const IHdlSourceFile* source = *--build.GetSourceFileGroup(LANGUAGE_VHDL)->end();
+    EXPECT_EQ(source->GetDependency(dependency.GetFileName()), &dependency);
+}
+
 // Names are looked for ahead of the reader, which must not lose its way in what is not a name.
 TEST(BuildFileReader, ReadsLongGroupsWithElementsThatAreNoSourcesAmongThem) {
     const struct {
