@@ -5,9 +5,9 @@
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/buildfile/filledbuild.h"
-#include "tests/buildfile/mortalconfig.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/memoryfolder.h"
+#include "tests/support/mortal.h"
 #include <gtest/gtest.h>
 
 namespace {

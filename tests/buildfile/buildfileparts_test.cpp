@@ -1,7 +1,7 @@
 #include "buildfile/buildfileparts.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
-#include "tests/buildfile/mortalconfig.h"
+#include "tests/support/mortal.h"
 #include <gtest/gtest.h>
 
 namespace {

@@ -8,6 +8,7 @@
 #include "simtools/basesimtool.h"
 #include "tests/buildfile/buildtexts.h"
 #include "tests/support/memoryfolder.h"
+#include "tests/support/mortal.h"
 #include "translation/v2voptionelement.h"
 #include "translation/v2vtranslationoptions.h"
 #include <gtest/gtest.h>
@@ -131,30 +132,11 @@ TEST_F(BuildFileReload, LeavesWhatACopyShares) {
     EXPECT_TRUE(FreesInReloads(*another, 3, shared.Options));
 }
 
-/// A tool that records its destruction.
-class MortalTool : public TBaseSimTool {
-public:
-    explicit MortalTool(std::string* grave) : Grave(grave) { SetPliLibrary("callers"); }
-    ~MortalTool() override { *Grave += "tool "; }
-
-private:
-    std::string* Grave;
-};
-
-/// A general configuration that records its destruction.
-class MortalGeneral : public TProjectSimGeneralConfig {
-public:
-    explicit MortalGeneral(std::string* grave) : Grave(grave) {}
-    ~MortalGeneral() override { *Grave += "general "; }
-
-private:
-    std::string* Grave;
-};
-
 TEST_F(BuildFileReload, LeavesWhatCallersMadeOrHandedInAsLongAsTheBuild) {
     std::string grave;
     auto build = Read<TSimWrapHdlBuildFile>();
-    auto* tool = new MortalTool(&grave);
+    auto* tool = new Mortal<TBaseSimTool>("tool", &grave);
+    tool->SetPliLibrary("callers");
     build->AddSimTool(tool);
     IHdlSourceFile* source = build->CreateOrGetSourceFile("made.vhd");
     source->AddDependency(build->CreateOrGetSourceFile("other.vhd"));
@@ -169,7 +151,7 @@ TEST_F(BuildFileReload, LeavesWhatCallersMadeOrHandedInAsLongAsTheBuild) {
     EXPECT_EQ(NameOf(source) + " " + NamesOf(*source->GetDependencyList()), "made.vhd other.vhd ");
     EXPECT_EQ((*components->begin())->GetDestinationLibraryName(), "callers");
     EXPECT_STREQ(stored->GetBuildOptions(), "callers");
-    build->SetGeneralConfiguration(new MortalGeneral(&grave));
+    build->SetGeneralConfiguration(new MortalGeneral("general", &grave));
     EXPECT_EQ(grave, "");
     build.reset();
     EXPECT_EQ(grave, "general tool ");

@@ -1,28 +1,16 @@
 #include "projectfiles/languageconfigmap.h"
-#include "settings/projectsimlanguageconfig.h"
+#include "tests/support/mortal.h"
 #include <gtest/gtest.h>
-#include <string>
 
 namespace {
-
-/// A configuration that records its destruction.
-class MortalConfig : public TProjectSimLanguageConfig {
-public:
-    MortalConfig(std::string name, std::string* grave) : Name(std::move(name)), Grave(grave) {}
-    ~MortalConfig() override { *Grave += Name + " "; }
-
-private:
-    std::string Name;
-    std::string* Grave;
-};
 
 TEST(LanguageConfigMap, DeletesAConfigurationWhenAnotherTakesItsPlace) {
     std::string grave;
     TLanguageConfigMap map;
     EXPECT_EQ(map.Find(LANGUAGE_VHDL), nullptr);
     EXPECT_EQ(map.FindSlot(LANGUAGE_VHDL), nullptr);
-    auto* first = new MortalConfig("first", &grave);
-    auto* second = new MortalConfig("second", &grave);
+    auto* first = new MortalLanguage("first", &grave);
+    auto* second = new MortalLanguage("second", &grave);
     map.Store(LANGUAGE_VHDL, first);
     EXPECT_EQ(map.Find(LANGUAGE_VHDL), first);
     EXPECT_EQ(map.Find(LANGUAGE_VERILOG), nullptr);
@@ -40,8 +28,8 @@ TEST(LanguageConfigMap, DeletesAConfigurationWhenAnotherTakesItsPlace) {
 
 TEST(LanguageConfigMap, ForgetsConfigurationsWithoutDeletingThem) {
     std::string grave;
-    auto* cleared = new MortalConfig("cleared", &grave);
-    auto* left = new MortalConfig("left", &grave);
+    auto* cleared = new MortalLanguage("cleared", &grave);
+    auto* left = new MortalLanguage("left", &grave);
     std::shared_ptr<const TLanguageConfigSlot> slot;
     {
         TLanguageConfigMap map;

@@ -4,9 +4,9 @@
 #include <string>
 #include <utility>
 
-/// A configuration that records its destruction.
-template <class TConfig>
-class Mortal : public TConfig {
+/// An object that records its destruction.
+template <class TObject>
+class Mortal : public TObject {
 public:
     Mortal(std::string name, std::string* grave) : Name(std::move(name)), Grave(grave) {}
     ~Mortal() override { *Grave += Name + " "; }
