@@ -1,8 +1,8 @@
 #include "buildfile/compileorder.h"
 #include "buildfile/hdlbuildfile.h"
 #include "tests/buildfile/filledbuild.h"
+#include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
-#include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
@@ -86,7 +86,7 @@ public:
         }
         return names;
     }
-    TemporaryFolder Folder;
+    MemoryFolder Folder;
     THdlBuildFile Build;
     Sources Made;
 

@@ -12,16 +12,16 @@ namespace {
 /// A list of a.vhd, b.vhd and c.vhd.
 class IHdlSourceFileList : public testing::Test {
 protected:
-    IHdlSourceFileList() {
-        List.AddSourceFile(A, false);
-        List.AddSourceFile(B, false);
-        List.AddSourceFile(C, false);
+    THdlSourceFile* MakeListed(const char* name) {
+        THdlSourceFile* source = Made.Make(name);
+        List.AddSourceFile(source, false);
+        return source;
     }
     Sources Made;
-    THdlSourceFile* A = Made.Make("/p/a.vhd");
-    THdlSourceFile* B = Made.Make("/p/b.vhd");
-    THdlSourceFile* C = Made.Make("/p/c.vhd");
     TIHdlSourceFileList List;
+    THdlSourceFile* A = MakeListed("/p/a.vhd");
+    THdlSourceFile* B = MakeListed("/p/b.vhd");
+    THdlSourceFile* C = MakeListed("/p/c.vhd");
 };
 
 TEST(IHdlSourceFileListMade, IsEmptyAndOfNoLanguage) {

@@ -1,6 +1,5 @@
 #include "projectfiles/relativepaths.h"
 #include "filenames/hdbsfilename.h"
-#include "projectfiles/sourcename.h"
 #include "tests/projectfiles/sourcefakes.h"
 #include "tests/services/names/hostform.h"
 #include <gtest/gtest.h>

@@ -7,7 +7,6 @@
 #include "tests/support/settingtexts.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
-#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace {
