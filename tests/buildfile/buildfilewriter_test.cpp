@@ -75,6 +75,19 @@ protected:
 
 class TDerivedBuild : public THdlBuildFile {};
 
+/// A build that takes its translator options when it is asked for settings, as it is written.
+class TLateOptionsBuild : public THdlBuildFile {
+public:
+    explicit TLateOptionsBuild(TV2VTranslationOptionsList* options) : Late(options) {}
+    TProjectSimLanguageConfig* GetProjectLanguageConfig(THdlLanguage language) override {
+        SetV2VOptions(Late);
+        return THdlBuildFile::GetProjectLanguageConfig(language);
+    }
+
+private:
+    TV2VTranslationOptionsList* Late;
+};
+
 /// The elements of a fresh build up to its end, and what its file holds.
 constexpr const char* kFreshStart =
     "START HdlBuildFile TopLevelLanguage=None QmvVersion=x.x IdlVersion=x.x "
@@ -452,17 +465,21 @@ TEST(BuildFileWriter, ShowsACallersListAllElements) {
 TEST(BuildFileWriter, ShowsACallersOptionTheElementsBeforeIt) {
     const MemoryFolder folder;
     std::string seen;
-    THdlBuildFile build;
-    build.SetBuildFileName(NameOf(folder.Path("build.xml")));
     TV2VTranslationOptionsList options(nullptr, "Verilog2VhdlTranslationOptions");
     options.AddOptionNoDup(new TCuriousOption(&seen));
-    build.SetV2VOptions(&options);
-    EXPECT_TRUE(build.WriteToFile());
-    EXPECT_EQ(seen, std::string(kFreshStart) + "START Verilog2VhdlTranslationOptions\n");
-    EXPECT_EQ(folder.Read("build.xml"), FreshFile("    <Verilog2VhdlTranslationOptions>\n"
-                                                  "      <v2v-ncc Enabled=\"true\"/>\n"
-                                                  "    </Verilog2VhdlTranslationOptions>\n",
-                                                  ""));
+    THdlBuildFile plain;
+    plain.SetV2VOptions(&options);
+    TLateOptionsBuild late(&options);
+    for (THdlBuildFile* build : {&plain, static_cast<THdlBuildFile*>(&late)}) {
+        seen.clear();
+        build->SetBuildFileName(NameOf(folder.Path("build.xml")));
+        EXPECT_TRUE(build->WriteToFile());
+        EXPECT_EQ(seen, std::string(kFreshStart) + "START Verilog2VhdlTranslationOptions\n");
+        EXPECT_EQ(folder.Read("build.xml"), FreshFile("    <Verilog2VhdlTranslationOptions>\n"
+                                                      "      <v2v-ncc Enabled=\"true\"/>\n"
+                                                      "    </Verilog2VhdlTranslationOptions>\n",
+                                                      ""));
+    }
     options.Flush();
 }
 
