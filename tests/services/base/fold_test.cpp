@@ -38,6 +38,19 @@ TEST(Fold, ComparesAndHashesAlike) {
     }
 }
 
+TEST(Fold, ComparesBytesAtEachOfEightPlaces) {
+    for (const char neighbour : {'Z', '\0', '\xFF'})
+        for (std::size_t place = 0; place < 8; ++place)
+            for (int one = 0; one < 256; ++one)
+                for (int other = 0; other < 256; ++other) {
+                    std::string a(8, neighbour), b(8, neighbour);
+                    a[place] = static_cast<char>(one);
+                    b[place] = static_cast<char>(other);
+                    ASSERT_EQ(EqualIgnoringCase(a, b), FoldChar(a[place]) == FoldChar(b[place]))
+                        << one << " and " << other << " at " << place;
+                }
+}
+
 TEST(Fold, HashIsThatOfTheFoldedText) {
     for (const char* text : {"", "A", "/Proj/Src/FIFO.VHD",
                              "gr\xC3\x96\xC3\x9F"

@@ -133,6 +133,21 @@ TEST(ElementMemory, KeepsTheTextsOfAnElementThatOutlivesItsList) {
               "END list\nSTART last pushed=yes\n");
 }
 
+TEST(ElementMemory, TakesNoNameFromAnotherBlock) {
+    TXMLList list;
+    ASSERT_TRUE(list.ReadFromText(LongDocument(20000), nullptr));
+    std::vector<const TElement*> elements;
+    for (TElementIterator element(list); element.NotAtTail(); ++element)
+        elements.push_back(element.Current());
+    const TElement& firstEntry = *elements[1];
+    const TElement& lastEntry = *elements[elements.size() - 4];
+    ASSERT_EQ(firstEntry.Name, "entry");
+    ASSERT_EQ(lastEntry.Name, "entry");
+    EXPECT_NE(firstEntry.Name.c_str(), lastEntry.Name.c_str());
+    ASSERT_EQ(elements.front()->Name, elements.back()->Name);
+    EXPECT_NE(elements.front()->Name.c_str(), elements.back()->Name.c_str());
+}
+
 TEST(ElementMemory, LetsElementsBeDeletedBeforeAndAfterTheirListAndByAnotherThread) {
     auto list = std::make_unique<TXMLList>();
     ASSERT_TRUE(list->ReadFromText(LongDocument(3000), nullptr));

@@ -141,9 +141,11 @@ TEST(XMLPrintedAtOnce, PrintsEveryKindOfElement) {
          "<a>text</a>\n", ""},
         {"attributes pushed again", "",
          [](TXMLList* list) {
-             PushPair(list, "a", {{"x", "1"}, {"y", "2"}, {"x", "3"}});
+             PushStart(list, "a", {{"x", "1"}, {"y", "2"}, {"x", "3"}});
+             PushTextElement(list, "b", "t", {{"x", "1"}, {"y", "2"}, {"x", "3"}});
+             PushEnd(list, "a");
          },
-         "<a x=\"3\" y=\"2\"/>\n", ""},
+         "<a x=\"3\" y=\"2\">\n  <b x=\"3\" y=\"2\">t</b>\n</a>\n", ""},
         {"pushed with a list of attributes", "",
          [](TXMLList* list) {
              TAttributeList attributes;
@@ -201,6 +203,14 @@ TEST(XMLPrintedAtOnce, LogsItsChecksBehindThoseOfFilling) {
              PushPair(list, "a", {{"my name", "1"}});
          },
          "<a my_name=\"1\"/>\n", kNoName},
+        {"no name, like one in length and both ends", "",
+         [](TXMLList* list) {
+             PushStart(list, "root");
+             PushPair(list, "axb");
+             PushPair(list, "a b");
+             PushEnd(list, "root");
+         },
+         "<root>\n  <axb/>\n  <a_b/>\n</root>\n", kNoName},
         {"foreign bytes", "",
          [](TXMLList* list) {
              PushStart(list, "a", {{"x", "\xE4"}});

@@ -228,6 +228,7 @@ TEST(XMLWriting, MendsUnbalancedStreamsWithACheckEach) {
         "xmllist(102): Check failed: \"openElements.empty() && \\\"A START has no END.\\\"\"\n";
     const std::string stray =
         "xmllist(103): Check failed: \"IsOpen(name) && \\\"An END has no START.\\\"\"\n";
+    const std::string foreign = "xmllist(104): Check failed: \"IsUtf8(text)\"\n";
     struct Row {
         const char *Label, *Elements, *Document;
         std::string Logged;
@@ -240,6 +241,7 @@ TEST(XMLWriting, MendsUnbalancedStreamsWithACheckEach) {
         {"stray behind", "START a\nEND a\nEND a\n", "<a/>\n", stray},
         {"stray before", "END a\nSTART a\nEND a\n", "<a/>\n", stray},
         {"crossed", "START a\nSTART b\nEND a\nEND b\n", "<a>\n  <b/>\n</a>\n", unclosed + stray},
+        {"stray of foreign bytes", "START a\nEND \xE4\nEND a\n", "<a/>\n", stray + foreign},
     };
     for (const Row& row : rows) {
         RecordingLog log;
@@ -257,16 +259,25 @@ TEST(XMLWriting, DoesNotLetAnEndCloseTheRoot) {
 }
 
 TEST(XMLWriting, ReplacesWhatNoNameMayHoldWithACheck) {
-    TXMLList list;
-    TAttributeList attributes;
-    attributes.Psh("my name", "1");
-    list.Psh("v2v -x<", &attributes, TElement::START, nullptr);
-    list.Psh("v2v -x<", nullptr, TElement::END, nullptr);
-    RecordingLog log;
-    EXPECT_EQ(DocumentOf(list), "<v2v_-x_ my_name=\"1\"/>\n");
-    EXPECT_EQ(log.Take(),
-              "xmllist(101): Check failed: \"IsXMLName(name)\"\n"
-              "xmllist(101): Check failed: \"IsXMLName(name)\"\n");
+    const std::string check = "xmllist(101): Check failed: \"IsXMLName(name)\"\n";
+    const struct {
+        const char *Element, *Attribute, *Document;
+        std::string Logged;
+    } rows[] = {
+        {"v2v -x<", "my name", "<v2v_-x_ my_name=\"1\"/>\n", check + check},
+        {"v2v -x<", "name", "<v2v_-x_ name=\"1\"/>\n", check},
+        {"a", "my name", "<a my_name=\"1\"/>\n", check},
+    };
+    for (const auto& row : rows) {
+        TXMLList list;
+        TAttributeList attributes;
+        attributes.Psh(row.Attribute, "1");
+        list.Psh(row.Element, &attributes, TElement::START, nullptr);
+        list.Psh(row.Element, nullptr, TElement::END, nullptr);
+        RecordingLog log;
+        EXPECT_EQ(DocumentOf(list), row.Document);
+        EXPECT_EQ(log.Take(), row.Logged) << row.Document;
+    }
 }
 
 TEST(XMLWriting, GivesARepeatedAttributeItsFirstPlaceAndLastValue) {
@@ -333,6 +344,35 @@ TEST(XMLWriting, LeavesOutTheTagsThatAnOverridingListLeavesOut) {
     } list;
     PushElements(&list, "START a\nSTART b\nEND b\nEND a\n");
     EXPECT_EQ(DocumentOf(list), "<a>\n</a>\n");
+}
+
+TEST(XMLWriting, ClosesATagBehindWhichAnOverridingListPutsAText) {
+    class AddingList : public TXMLList {
+    public:
+        void SaveElement(TElement* element, std::ostream& stream, int indent) override {
+            TXMLList::SaveElement(element, stream, indent);
+            if (element->ElemType == TElement::START) stream << "note";
+        }
+    } list;
+    PushElements(&list, "START a\nEND a\n");
+    EXPECT_EQ(DocumentOf(list), "<a>note\n</a>\n");
+}
+
+TEST(XMLWriting, ClosesAnElementUnderTheNameThatAnOverridingListGaveIt) {
+    class RenamingList : public TXMLList {
+    public:
+        void SaveElement(TElement* element, std::ostream& stream, int indent) override {
+            if (element->Name == "a") *element = TElement(element->ElemType, "b", "");
+            TXMLList::SaveElement(element, stream, indent);
+        }
+    } list;
+    PushElements(&list, "START a\nTEXT x\nEND a\n");
+    RecordingLog log;
+    EXPECT_EQ(DocumentOf(list), "<b>x</b>\n");
+    EXPECT_EQ(log.Take(),
+              "xmllist(103): Check failed: \"IsOpen(name) && \\\"An END has no START.\\\"\"\n"
+              "xmllist(102): Check failed: \"openElements.empty() && \\\"A START has no "
+              "END.\\\"\"\n");
 }
 
 TEST(XMLWriting, TellsTheElementThatAListFailsToSave) {
