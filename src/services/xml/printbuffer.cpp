@@ -17,18 +17,6 @@ TPrintBuffer* TPrintBuffer::Of(std::ostream& stream) {
     return static_cast<TPrintBuffer*>(buffer);
 }
 
-char TPrintBuffer::GetLast() const {
-    if (pptr() > pbase()) return pptr()[-1];
-    return Full.empty() ? '\0' : Full.back().Bytes[Full.back().Size - 1];
-}
-
-void TPrintBuffer::DropLast() {
-    if (pptr() > pbase()) return pbump(-1);
-    if (Full.empty()) return;
-    --SizeOfFull;
-    if (--Full.back().Size == 0) Full.pop_back();
-}
-
 std::vector<std::string_view> TPrintBuffer::GetParts() const {
     std::vector<std::string_view> parts;
     for (const TPart& part : Full) parts.emplace_back(part.Bytes.get(), part.Size);
@@ -36,14 +24,10 @@ std::vector<std::string_view> TPrintBuffer::GetParts() const {
     return parts;
 }
 
-std::string TPrintBuffer::TakeText() {
+std::string TPrintBuffer::GetText() const {
     std::string text;
     text.reserve(GetSize());
     for (const std::string_view part : GetParts()) text += part;
-    Full.clear();
-    SizeOfFull = 0;
-    Present.reset();
-    setp(nullptr, nullptr);
     return text;
 }
 

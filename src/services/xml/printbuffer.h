@@ -15,8 +15,8 @@ public:
     /// The buffer of `stream`; null for a stream over any other.
     static TPrintBuffer* Of(std::ostream& stream);
 
-    /// Room for `size` bytes, to be followed by Advance() with what was used; null for more than
-    /// the buffer ever has at a time.
+    /// Room for `size` bytes, to be followed by Advance() with what was used, one byte at least;
+    /// null for more than the buffer ever has at a time.
     char* Reserve(std::size_t size) {
         if (static_cast<std::size_t>(epptr() - pptr()) >= size) return pptr();
         return MakeRoom(size);
@@ -33,14 +33,14 @@ public:
 
     /// Bytes printed so far.
     std::size_t GetSize() const { return SizeOfFull + static_cast<std::size_t>(pptr() - pbase()); }
-    /// The byte printed last; 0 when there is none.
-    char GetLast() const;
-    /// Takes the byte printed last back.
-    void DropLast();
+    /// The byte printed last; 0 when there is none, or it was taken back.
+    char GetLast() const { return pptr() > pbase() ? pptr()[-1] : '\0'; }
+    /// Takes the byte printed last back, which there must be.
+    void DropLast() { pbump(-1); }
     /// All that was printed, in order. The parts are the buffer's, until something is printed.
     std::vector<std::string_view> GetParts() const;
-    /// All that was printed; the buffer is then empty.
-    std::string TakeText();
+    /// The same in one text.
+    std::string GetText() const;
 
 protected:
     std::streamsize xsputn(const char* bytes, std::streamsize count) override;
@@ -58,5 +58,5 @@ private:
 
     std::vector<TPart> Full;  // none is empty
     std::size_t SizeOfFull = 0;
-    std::unique_ptr<char[]> Present;  // where the stream puts its bytes
+    std::unique_ptr<char[]> Present;  // where the stream puts its bytes; holds the last one
 };

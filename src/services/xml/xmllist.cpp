@@ -288,7 +288,7 @@ bool TXMLList::WriteToText(std::string* document, std::string* error) {
     TPrintBuffer printed;
     std::string reason;
     const bool isWritten = PrintElements(this, &printed, &reason);
-    if (document) *document = isWritten ? printed.TakeText() : std::string();
+    if (document) *document = isWritten ? printed.GetText() : std::string();
     if (error) *error = std::move(reason);
     return isWritten;
 }
