@@ -2,23 +2,16 @@
 
 #include <charconv>
 #include <cstdint>
-#include <cstring>
 #include <limits>
+
+#include "services/base/eightbytes.h"
 
 namespace {
 
 constexpr std::size_t kWordSize = sizeof(std::uint64_t);
 
-std::uint64_t LoadWord(const char* bytes) {
-    std::uint64_t word;
-    std::memcpy(&word, bytes, kWordSize);
-    return word;
-}
-
 /// FoldChar of eight bytes at once.
 std::uint64_t FoldWord(std::uint64_t word) {
-    constexpr std::uint64_t kEveryByte = 0x0101010101010101U;
-    constexpr std::uint64_t kTopBits = kEveryByte * 0x80;
     // Sums below 256 leave the neighbours alone; the top bit tells whether the limit was reached.
     const std::uint64_t low = word & ~kTopBits;
     const std::uint64_t isFromA = low + kEveryByte * (0x80 - 'A');
@@ -45,7 +38,8 @@ bool EqualIgnoringCase(std::string_view a, std::string_view b) {
     if (a.size() != b.size()) return false;
     std::size_t i = 0;
     for (; i + kWordSize <= a.size(); i += kWordSize)
-        if (FoldWord(LoadWord(a.data() + i)) != FoldWord(LoadWord(b.data() + i))) return false;
+        if (FoldWord(LoadEightBytes(a.data() + i)) != FoldWord(LoadEightBytes(b.data() + i)))
+            return false;
     for (; i < a.size(); ++i)
         if (FoldChar(a[i]) != FoldChar(b[i])) return false;
     return true;
@@ -56,7 +50,7 @@ std::size_t HashIgnoringCase(std::string_view text) {
     std::uint64_t hash = text.size();
     std::size_t i = 0;
     for (; i + kWordSize <= text.size(); i += kWordSize)
-        hash = Mix(hash ^ FoldWord(LoadWord(text.data() + i)));
+        hash = Mix(hash ^ FoldWord(LoadEightBytes(text.data() + i)));
     std::uint64_t rest = 0;
     for (; i < text.size(); ++i) rest = rest << 8 | static_cast<unsigned char>(FoldChar(text[i]));
     return static_cast<std::size_t>(Mix(hash ^ rest));

@@ -3,8 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <iterator>
+
+#include "services/base/eightbytes.h"
 
 namespace {
 
@@ -14,22 +15,21 @@ constexpr char16_t kWindows1252From80To9F[] = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 static_assert(std::size(kWindows1252From80To9F) == 32);
 
-constexpr std::uint64_t kEveryByte = 0x0101010101010101;
+// The highest bit of a byte is set where one of the word is below the blank, and nowhere when none
+// is. The other bits mean nothing.
+constexpr std::uint64_t MarkControls(std::uint64_t word) {
+    return (word - kEveryByte * 0x20) & ~word;
+}
 
 // Whether eight bytes are all ASCII from the blank on: the run that needs no closer look.
 bool AreEightPlainBytes(const char* bytes) {
-    std::uint64_t word;
-    std::memcpy(&word, bytes, sizeof word);
-    const std::uint64_t below20 = (word - kEveryByte * 0x20) & ~word;
-    return ((word | below20) & (kEveryByte * 0x80)) == 0;
+    const std::uint64_t word = LoadEightBytes(bytes);
+    return ((word | MarkControls(word)) & kTopBits) == 0;
 }
 
 std::size_t SkipAscii(std::string_view text, std::size_t position) {
-    std::uint64_t word;
-    for (; position + sizeof word <= text.size(); position += sizeof word) {
-        std::memcpy(&word, text.data() + position, sizeof word);
-        if ((word & (kEveryByte * 0x80)) != 0) break;
-    }
+    while (position + 8 <= text.size() && (LoadEightBytes(text.data() + position) & kTopBits) == 0)
+        position += 8;
     return position;
 }
 
@@ -120,17 +120,15 @@ constexpr bool IsPlainByte(char c) {
 
 // The highest bit of a byte is set where one of the word is zero, and nowhere when none is.
 constexpr std::uint64_t MarkZeros(std::uint64_t word) {
-    return (word - kEveryByte) & ~word & (kEveryByte * 0x80);
+    return (word - kEveryByte) & ~word & kTopBits;
 }
 
 // Without a branch: '<' and '>' differ in one bit, '"' and '&' in another.
 bool AreEightPlainTextBytes(const char* bytes) {
-    std::uint64_t word;
-    std::memcpy(&word, bytes, sizeof word);
+    const std::uint64_t word = LoadEightBytes(bytes);
     const std::uint64_t brackets = MarkZeros((word & (kEveryByte * 0xFD)) ^ (kEveryByte * '<'));
     const std::uint64_t others = MarkZeros((word & (kEveryByte * 0xFB)) ^ (kEveryByte * '"'));
-    const std::uint64_t below20 = (word - kEveryByte * 0x20) & ~word;
-    return ((word | below20 | brackets | others) & (kEveryByte * 0x80)) == 0;
+    return ((word | MarkControls(word) | brackets | others) & kTopBits) == 0;
 }
 
 }  // namespace
