@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "services/base/dlist.h"
-#include "services/xml/xmlname.h"
 #include "services/xml/xmltext.h"
 
 namespace {
@@ -110,9 +109,7 @@ TElement* TElementBlocks::Place(TElement::ElemTypes type) {
 const TElementBlocks::TName& TElementBlocks::Intern(std::string_view name) {
     static constexpr TName kNone = {};
     if (name.empty()) return kNone;
-    const auto first = static_cast<unsigned char>(name.front());
-    const auto last = static_cast<unsigned char>(name.back());
-    TName& known = Names[(name.size() + first + 8 * std::size_t{last}) % Names.size()];
+    TName& known = Names[GetNamePlace(name)];
     if (known.Text != name) known = {Store(name), IsAsciiXMLName(name)};
     return known;
 }

@@ -1,6 +1,7 @@
 #pragma once
 #include "services/base/countedblock.h"
 #include "services/xml/xmlelement.h"
+#include "services/xml/xmlname.h"
 #include <array>
 #include <span>
 #include <string_view>
@@ -64,8 +65,7 @@ private:
                                         bool* areNamesAscii);
     bool IsInPresentBlock(const void* place) const;
 
-    // Formats have few names, so that most are found where the last of the same look was.
-    std::array<TName, 32> Names;
+    std::array<TName, kNamePlaces> Names;
     TCountedBlock* Block = nullptr;
     std::byte* Next = nullptr;
     std::byte* End = nullptr;

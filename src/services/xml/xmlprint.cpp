@@ -93,14 +93,6 @@ private:
         AppendValue(text, TXMLEscapes::kText);
     }
 
-    static bool HasRepeatedName(const TAttributes& attributes) {
-        const auto isRepeated = [&](const auto& attribute) {
-            return std::any_of(&attribute + 1, attributes.data() + attributes.size(),
-                               [&](const auto& other) { return other.first == attribute.first; });
-        };
-        return std::any_of(attributes.begin(), attributes.end(), isRepeated);
-    }
-
     // The attributes under names that XML accepts; of equal names the first place and the last
     // value.
     const TAttributes& GetDistinctAttributes() {

@@ -1,6 +1,7 @@
 #include "services/xml/xmlstream.h"
 
 #include "services/base/fold.h"
+#include "services/xml/xmlname.h"
 
 namespace {
 
@@ -11,14 +12,6 @@ bool IsAt(const TElementIterator& element, TElement::ElemTypes type) {
 
 bool IsAt(const TElementIterator& element, TElement::ElemTypes type, const char* name) {
     return IsAt(element, type) && element.Current()->Name == name;
-}
-
-// The code that calls names few.
-bool HasRepeatedName(TAttributeTexts attributes) {
-    for (const TAttributeView* one = attributes.begin(); one != attributes.end(); ++one)
-        for (const TAttributeView* other = attributes.begin(); other != one; ++other)
-            if (one->first == other->first) return true;
-    return false;
 }
 
 }  // namespace

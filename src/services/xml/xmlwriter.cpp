@@ -6,7 +6,6 @@
 #include "services/xml/elementblocks.h"
 #include "services/xml/elementsequence.h"
 #include "services/xml/plainprint.h"
-#include "services/xml/xmlname.h"
 #include "services/xml/xmlprint.h"
 #include "services/xml/xmlprologue.h"
 #include "services/xml/xmlreader.h"
@@ -210,10 +209,7 @@ bool TXMLWriter::PrintElement(TElement& element, int indent) {
 
 bool TXMLWriter::IsPlainName(std::string_view name) {
     if (name.empty()) return false;
-    const auto first = static_cast<unsigned char>(name.front());
-    const auto last = static_cast<unsigned char>(name.back());
-    std::string& known =
-        PlainNames[(name.size() + first + 8 * std::size_t{last}) % PlainNames.size()];
+    std::string& known = PlainNames[GetNamePlace(name)];
     if (known == name) return true;
     if (!IsAsciiXMLName(name)) return false;
     known = name;

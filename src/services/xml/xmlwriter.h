@@ -1,6 +1,7 @@
 #pragma once
 #include "services/xml/printbuffer.h"
 #include "services/xml/xmllist.h"
+#include "services/xml/xmlname.h"
 #include <array>
 #include <ostream>
 #include <span>
@@ -92,8 +93,7 @@ private:
     std::vector<TCheck> LateChecks;
     std::size_t RootLevels = 0;
     TOpenNames Open;
-    // Formats have few names, so that most are found where the last of the same look was.
-    std::array<std::string, 32> PlainNames;
+    std::array<std::string, kNamePlaces> PlainNames;
     bool HasFailed = false;
     bool HasElement = false;
     bool HasForeignBytes = false;
