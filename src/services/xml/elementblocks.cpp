@@ -96,10 +96,14 @@ void TElementBlocks::Reserve(std::size_t size) {
     Names.fill({});
 }
 
-// Behind the node, which is the list's: the two are two parts, though one distance serves both.
-TElement* TElementBlocks::Place(TElement::ElemTypes type) {
+void TElementBlocks::AlignNext() {
     std::byte* const begin = Block->GetRoom();
     Next = begin + Align(static_cast<std::size_t>(Next - begin));
+}
+
+// Behind the node, which is the list's: the two are two parts, though one distance serves both.
+TElement* TElementBlocks::Place(TElement::ElemTypes type) {
+    AlignNext();
     void* const place = Next + TDListNodePool::kNodeSize;
     Next += kElementSize;
     Given += 2;
@@ -123,8 +127,7 @@ TFixedText TElementBlocks::Store(std::string_view text) {
 
 TElementAttributes* TElementBlocks::StoreAttributes(std::span<const TAttributeView> attributes,
                                                     bool* areNamesAscii) {
-    std::byte* const begin = Block->GetRoom();
-    Next = begin + Align(static_cast<std::size_t>(Next - begin));
+    AlignNext();
     auto* const stored = new (Next) TElementAttributes;
     Next += sizeof(TElementAttributes);
     auto* entry = reinterpret_cast<TElementAttributes::TEntry*>(Next);
@@ -136,7 +139,6 @@ TElementAttributes* TElementBlocks::StoreAttributes(std::span<const TAttributeVi
         new (entry++) TElementAttributes::TEntry{known.Text, Store(value)};
     }
     stored->Count = static_cast<std::uint32_t>(attributes.size());
-    stored->IsInBlock = true;
     return stored;
 }
 

@@ -17,9 +17,9 @@ struct TElementAttributes {
     };
     /// What GetAttributes() answers, made when it is asked; the entries stay what they are.
     std::vector<TAttributeList::TAttribute>* All = nullptr;
-    std::uint32_t Count = 0;
-    bool IsInBlock = false;
+    std::uint32_t Count = 0;  // of the entries behind this: none elsewhere than in a block
 
+    bool IsInBlock() const { return Count > 0; }
     std::span<const TEntry> GetEntries() const {
         return {reinterpret_cast<const TEntry*>(this + 1), Count};
     }
@@ -58,6 +58,7 @@ private:
     };
 
     void Reserve(std::size_t size);
+    void AlignNext();
     TElement* Place(TElement::ElemTypes type);
     const TName& Intern(std::string_view name);
     TFixedText Store(std::string_view text);

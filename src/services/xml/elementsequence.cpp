@@ -19,8 +19,8 @@ void TElementSequence::PushEnd(const TElement& start) {
 void TElementSequence::Clear() {
     TReturnedParts returned;
     while (!IsEmpty()) {
-        TElement* element = nullptr;
-        if (UnlinkHead(&element)) returned.Add(element);
+        TElement* const element = TakeFirst();
+        returned.Add(element);  // the node
         TElementBlocks::Delete(element, &returned);
     }
     Blocks.Close();

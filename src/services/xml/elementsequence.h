@@ -3,7 +3,7 @@
 #include "services/xml/elementblocks.h"
 
 /// Elements that belong together: made in blocks, deleted with the sequence.
-class TElementSequence : public DList<TElement*> {
+class TElementSequence : private DList<TElement*> {
 public:
     ~TElementSequence() override;
 
@@ -13,8 +13,14 @@ public:
     void PushEnd(const TElement& start);
     void Clear();
 
-    /// Unlinks the first element, which is then the caller's. Not for the empty sequence.
-    using DList::UnlinkHead;
+    using DList::IsEmpty;
+    /// Takes the first element out, which is then the caller's, as its node is: to be linked by
+    /// AddAtTailWithNode. Not for the empty sequence.
+    TElement* TakeFirst() {
+        TElement* element = nullptr;
+        UnlinkHead(&element);
+        return element;
+    }
 
 private:
     TElementBlocks Blocks;

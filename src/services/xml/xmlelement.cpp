@@ -94,7 +94,7 @@ void TElement::CopyAttributes(const TElement& other) {
 
 void TElement::DropAttributes() {
     delete Attributes->All;
-    if (!Attributes->IsInBlock) delete Attributes;
+    if (!Attributes->IsInBlock()) delete Attributes;
     Attributes = nullptr;
 }
 
@@ -127,7 +127,7 @@ const char* TElement::FindAttribute(const char* name) const {
     if (!name) name = "";
     for (const TElementAttributes::TEntry& entry : Attributes->GetEntries())
         if (entry.Name == name) return entry.Value;
-    if (Attributes->IsInBlock) return nullptr;
+    if (Attributes->IsInBlock()) return nullptr;
     for (const auto& [known, value] : *Attributes->All)
         if (known == name) return value.c_str();
     return nullptr;

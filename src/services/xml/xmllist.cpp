@@ -159,13 +159,7 @@ void TXMLList::DeleteUpTo(const DListIterator<TElement*>& position, bool deleteI
 
 // Links one after the other, as whoever overrides ObjectAdded() expects.
 void TXMLList::TakeOver(TElementSequence* elements) {
-    while (!elements->IsEmpty()) {
-        TElement* element = nullptr;
-        if (elements->UnlinkHead(&element))
-            AddAtTailWithNode(element);
-        else
-            AddAtTail(element);
-    }
+    while (!elements->IsEmpty()) AddAtTailWithNode(elements->TakeFirst());
 }
 
 void TXMLList::Psh(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,

@@ -172,10 +172,7 @@ bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
     const TXMLEncoding encoding = DetectXMLEncoding(document);
     if (encoding.Refusal) return Fail(document, encoding, 0, encoding.Refusal, error);
     std::string refused;
-    if (HasLoneHighSurrogate(document, encoding, &refused)) {
-        document = refused;
-        released = nullptr;
-    }
+    if (HasLoneHighSurrogate(document, encoding, &refused)) document = refused;
     const TXMLPrologue prologue = ReadXMLPrologue(document, encoding);
     if (!prologue.Reason.empty())
         return Fail(document, encoding, prologue.FailurePlace, prologue.Reason, error);
