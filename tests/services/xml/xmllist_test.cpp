@@ -227,6 +227,19 @@ TEST(XMLList, TellsWhereAFileIsMalformed) {
     EXPECT_EQ(error.Reason, "mismatched tag");
 }
 
+TEST(XMLList, TellsWhereAFileHasHalfACharacter) {
+    const MemoryFolder folder;
+    const std::string path =
+        folder.Write("a.xml", "\xFF\xFE" + Utf16("<a>\n x") + "\x3D\xD8" + Utf16("y</a>"));
+    RecordingMessageBox box;
+    RecordingLog log;
+    TXMLList list;
+    EXPECT_FALSE(list.ReadFile(path.c_str()));
+    EXPECT_EQ(box.Take(), Message("Cannot read file", path,
+                                  ", line 2, column 5: not well-formed (invalid token)"));
+    EXPECT_TRUE(list.IsEmpty());
+}
+
 TEST(XMLList, TellsThatAFileCannotBeRead) {
     const TemporaryFolder folder;
     folder.Write("a.xml/inner", "");
