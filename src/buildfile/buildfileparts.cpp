@@ -1,4 +1,5 @@
 #include "buildfile/buildfileparts.h"
+#include "buildfile/simwraphdlbuildfile.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "services/base/keeper.h"
 #include "services/files/filenameparts.h"
@@ -93,4 +94,9 @@ TBaseDirectory& TBuildFileParts::DirectoryOf(const ISFileName* file) {
         Directory = TBaseDirectory(file ? file->GetParts(PART_DIRECTORY) : "");
     DirectoryFile = isLasting ? handle : nullptr;
     return Directory;
+}
+
+bool IsBuildOfTheLibrary(const THdlBuildFile& build) {
+    const std::type_info& type = typeid(build);
+    return type == typeid(THdlBuildFile) || type == typeid(TSimWrapHdlBuildFile);
 }

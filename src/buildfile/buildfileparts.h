@@ -13,6 +13,7 @@
 class IBuildManager;
 class IHdlSourceFile;
 class ISFileName;
+class THdlBuildFile;
 class TProjectSimLanguageConfig;
 
 /// The sub-objects of a build file, shared by its copies and freed with the last of them.
@@ -70,3 +71,6 @@ private:
     TBaseDirectory Directory;
     const ISFileName* DirectoryFile = nullptr;  // a shared handle
 };
+
+/// Whether `build` is of a class of the library itself: none of its operations is a caller's.
+bool IsBuildOfTheLibrary(const THdlBuildFile& build);

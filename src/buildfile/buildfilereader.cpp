@@ -181,7 +181,8 @@ bool THdlBuildFile::ReadSourceFileGroups(DListIterator<TElement*>& element) {
     Parts->SourceFileOwner.SetBuildManager(this);
     const ISFileName* handle = GetInnermostHandle(BuildFileName);
     if (!IsSharedHandle(handle)) handle = nullptr;
-    if (!Parts->SourceFileGroups.ReadSourceFileGroups(element, handle)) {
+    const bool asksForAll = !IsBuildOfTheLibrary(*this);
+    if (!Parts->SourceFileGroups.ReadSourceFileGroups(element, handle, asksForAll)) {
         ReadResult = READ_SOURCE_FILES_FAILED;
         return false;
     }

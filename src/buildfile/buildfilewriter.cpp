@@ -1,7 +1,6 @@
 #include "buildfile/buildfileparts.h"
 #include "buildfile/hdlbuildfile.h"
 #include "buildfile/hdlbuildfilexmllist.h"
-#include "buildfile/simwraphdlbuildfile.h"
 #include "projectfiles/sourcename.h"
 #include "services/base/booltext.h"
 #include "services/hdl/hdllanguagetable.h"
@@ -12,7 +11,6 @@
 #include "translation/v2voptionelement.h"
 #include "translation/v2vtranslationoptions.h"
 #include <algorithm>
-#include <typeinfo>
 
 namespace {
 
@@ -28,9 +26,7 @@ bool IsTestBuilderForced(const THdlBuildFile& build) {
 /// Whether no code of a caller's can see the document: an override may look at what was pushed
 /// before, or bring in options of its own.
 bool IsWrittenByTheLibrary(const THdlBuildFile& build, const TV2VTranslationOptionsList* options) {
-    const std::type_info& type = typeid(build);
-    return (type == typeid(THdlBuildFile) || type == typeid(TSimWrapHdlBuildFile)) &&
-           (!options || AreOptionsOfTheLibrary(*options));
+    return IsBuildOfTheLibrary(build) && (!options || AreOptionsOfTheLibrary(*options));
 }
 
 }  // namespace

@@ -2,9 +2,12 @@
 #include "projectfiles/hdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "projectfiles/namesahead.h"
-#include "projectfiles/sourcenametable.h"
+#include "projectfiles/sourcenotes.h"
 #include "services/base/progress.h"
 #include "services/xml/xmlstream.h"
+#include <memory>
+#include <string>
+#include <string_view>
 
 /// What is known while the groups are read.
 ///
@@ -18,27 +21,21 @@ public:
         : Progress(PROGRESS_READ_SOURCES, sourceCount, kSourcesAReport),
           AreNotesComplete(isBuildEmpty) {}
 
-    /// What is known under a name.
-    struct TNote {
-        IHdlSourceFile* Source = nullptr;  ///< null: the build has none
-        bool IsListed = false;             ///< by a group
-        bool IsDependency = false;         ///< of a listed source
-        bool IsMet = false;
-    };
-    /// False when the notes do not tell what the build has under `name`.
-    bool Find(const ISFileName* name, TNote* note);
+    /// What is known under `name`; false when the notes do not tell what the build has there.
+    bool Find(const ISFileName* name, TSourceNote* note);
 
-    /// To be called before and after the read changes a list.
-    void Expect() { AreNotesComplete = AreNotesComplete && IsUnchanged(); }
-    void CatchUp();
-    /// `source` was read for `group`, which took it when `wasAdded`.
-    void NoteSource(IHdlSourceFile* source, const TIHdlSourceFileList& group, bool wasAdded);
-    /// `dependency` was added to what the source last noted depends on.
-    void NoteDependency(IHdlSourceFile* dependency);
+    /// Adds `source`, which was read for the group.
+    void AddTo(TIHdlSourceFileList* group, IHdlSourceFile* source);
+    /// Adds `dependency`, which was read for `source`, the one last added to a group.
+    void AddTo(IHdlSourceFile* source, IHdlSourceFile* dependency);
+    /// Adds what the build has under `name`, the one that is being read. False, with nothing done,
+    /// when it has none, or has to be asked.
+    bool AddKnown(std::string_view name, IHdlSourceFile* source);
 
     /// Names are taken against the directory of `file`, a shared handle: those that follow are
-    /// looked for ahead of the reader.
-    void LookAheadFrom(const ISFileName* file) { Ahead = std::make_unique<TNamesAhead>(file); }
+    /// looked for ahead of the reader. Whether the build is asked for those that are known as well
+    /// is up to `asksForAll`.
+    void LookAheadFrom(const ISFileName* file, bool asksForAll);
     /// The reader is at the beginning of a group's sources.
     void BeginGroup(const TElementIterator& element);
     /// The reader has put the text at `element` into Text, and is done with it.
@@ -62,16 +59,20 @@ private:
     // Few, as a disk may be slow.
     static constexpr std::size_t kSourcesAReport = 16;
 
-    TNote* NoteOf(IHdlSourceFile* source);
+    // To be called before and after the read changes a list.
+    void Expect() { AreNotesComplete = AreNotesComplete && IsUnchanged(); }
+    void CatchUp();
+    TSourceNote* NoteOf(IHdlSourceFile* source);
+    bool Take(TIHdlSourceFileList* group, IHdlSourceFile* source);
     bool IsUnchanged() const;
-
     void AnnounceMore();
-    void FetchNotes();
 
-    TSourceNameTable<TNote> Notes;
+    TSourceNotes Notes;
     std::unique_ptr<TNamesAhead> Ahead;
+    bool AsksForAll = true;
     bool IsAtName = false;
-    TElementIterator Announced;  // the first element that was not looked at for names ahead
+    TElementIterator Announced;      // the first element that was not looked at for names ahead
+    bool IsSourceAnnounced = false;  // by the last START before it
     bool AreNotesComplete;
     unsigned long long ListChanges = TIHdlSourceFileList::GetListChangeCount();
     unsigned long long NameChanges = THdlSourceFile::GetHandleChangeCount();

@@ -73,6 +73,12 @@ bool TIHdlSourceFileList::AddSourceFile(IHdlSourceFile* file, bool atHead) {
     return true;
 }
 
+bool TIHdlSourceFileList::AddNamed(IHdlSourceFile* file, const TFileIdentity& name) {
+    if (Find(name)) return false;
+    AddUnlisted(file, name);
+    return true;
+}
+
 bool TIHdlSourceFileList::AddSourceFile(const char* name) {
     auto* file = new THdlSourceFile(name);
     if (!AddSourceFile(file, false)) {
@@ -172,6 +178,7 @@ TIHdlSourceFileList::TEntry* TIHdlSourceFileList::Find(const TFileIdentity& name
 // Among the names that are known; never touches a source.
 TIHdlSourceFileList::TEntry* TIHdlSourceFileList::FindNamed(const TFileIdentity& name) const {
     if (name.IsNone()) return nullptr;
+    if (Count > kFewEntries && !(Names && Names->HasPlaces)) MakePlaces();
     if (Names && Names->HasPlaces) {
         TEntry* const* found = Names->Places.Find(name);
         return found ? *found : nullptr;
@@ -185,7 +192,6 @@ TIHdlSourceFileList::TEntry* TIHdlSourceFileList::FindNamed(const TFileIdentity&
 void TIHdlSourceFileList::Link(TLink* before, IHdlSourceFile* file, const TFileIdentity& name,
                                bool isShared) {
     NameHandles();
-    if (Count == kFewEntries) MakePlaces();
     auto* entry = new TEntry{{nullptr, nullptr}, file, name};
     Insert(entry, before);
     AreNamesShared = AreNamesShared || isShared;
@@ -269,7 +275,6 @@ void TIHdlSourceFileList::NameHandles() const {
     if (!Names || !Names->AreHandles) return;
     Names->AreHandles = false;
     for (TEntry& entry : Names->Together) entry.Name = GetFileIdentity(entry.Name.GetFile());
-    if (Count > kFewEntries) MakePlaces();
 }
 
 void TIHdlSourceFileList::MakePlaces() const {

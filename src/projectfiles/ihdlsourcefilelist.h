@@ -128,6 +128,12 @@ private:
     enum TSource : unsigned char { NO_SOURCE, HAS_SOURCE, HAD_SOURCE };
 
     bool AddSourceFile(const char* name);
+    // AddSourceFile at the end for whoever knows the name of `file`...
+    bool AddNamed(IHdlSourceFile* file, const TFileIdentity& name);
+    // ... and knows that it is not listed.
+    void AddUnlisted(IHdlSourceFile* file, const TFileIdentity& name) {
+        Link(&Ring, file, name, false);
+    }
     TNames& MadeNames() const;
     TEntry* Find(const TFileIdentity& name) const;
     TEntry* FindNamed(const TFileIdentity& name) const;

@@ -72,7 +72,7 @@ const ISFileName* TSourceFileGroups::FindHandleWhileReading(const char* name,
 
 bool TSourceFileGroups::FindWhileReading(const ISFileName* name, IHdlSourceFile** source,
                                          bool* isListed) {
-    TGroupsReading::TNote known;
+    TSourceNote known;
     if (!Reading || !Reading->Find(name, &known)) return false;
     *isListed = known.IsListed;
     *source = known.IsListed || known.IsDependency ? known.Source : nullptr;
@@ -88,7 +88,7 @@ IHdlSourceFile* TSourceFileGroups::GetSourceFileOrDependency(const ISFileName* n
 }
 
 IHdlSourceFile* TSourceFileGroups::GetDependency(const ISFileName* name) {
-    TGroupsReading::TNote known;
+    TSourceNote known;
     if (Reading && Reading->Find(name, &known)) return known.IsDependency ? known.Source : nullptr;
     for (auto& [language, group] : Groups)
         if (IHdlSourceFile* dependency = FindDependency(&group, name)) return dependency;

@@ -60,8 +60,10 @@ public:
     /// an element without a name makes no source. False when the stream ends inside an element.
     bool ReadSourceFileGroups(DListIterator<TElement*>& element);
     /// The same when the owner's build takes relative names against the directory of `buildFile`, a
-    /// shared handle, as far as it asks FindHandleWhileReading for them. Null: it does not.
-    bool ReadSourceFileGroups(DListIterator<TElement*>& element, const ISFileName* buildFile);
+    /// shared handle, as far as it asks FindHandleWhileReading for them. Null: it does not. Without
+    /// `asksForAll` the build is not asked for dependencies that it is known to have.
+    bool ReadSourceFileGroups(DListIterator<TElement*>& element, const ISFileName* buildFile,
+                              bool asksForAll);
     /// The handle of the name that is being read, taken against the directory of `buildFile`; null
     /// when it has to be looked for.
     const ISFileName* FindHandleWhileReading(const char* name, const ISFileName* buildFile);

@@ -12,28 +12,34 @@
 
 namespace {
 
-// For an observer alone; nobody else waits for it.
+// Of the groups that follow each other from `element` on. For an observer alone; nobody else waits
+// for it.
 std::size_t CountListedSources(DListIterator<TElement*> element) {
     std::size_t count = 0;
     if (!GetProgressObserver()) return count;
-    for (; element.NotAtTail(); ++element)
+    for (std::size_t depth = 0; element.NotAtTail(); ++element) {
+        if (element.Current()->ElemType == TElement::END && depth > 0) --depth;
+        if (!IsAtStart(element)) continue;
+        if (depth == 0 && !IsAtStart(element, "SourceFileGroup")) break;
         if (IsAtStart(element, "SourceFile")) ++count;
+        ++depth;
+    }
     return count;
 }
 
 }  // namespace
 
 bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element) {
-    return ReadSourceFileGroups(element, nullptr);
+    return ReadSourceFileGroups(element, nullptr, true);
 }
 
 bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element,
-                                             const ISFileName* buildFile) {
+                                             const ISFileName* buildFile, bool asksForAll) {
     FilesMissing = false;
     // A message box may let the user start another read.
     auto outer = std::exchange(Reading, std::make_unique<TGroupsReading>(
                                             !IsAnythingListed(), CountListedSources(element)));
-    if (buildFile) Reading->LookAheadFrom(buildFile);
+    if (buildFile) Reading->LookAheadFrom(buildFile, asksForAll);
     const bool isRead = ReadGroups(element);
     Reading = std::move(outer);
     return isRead;
@@ -71,10 +77,7 @@ bool TSourceFileGroups::ReadSources(DListIterator<TElement*>& element, THdlLangu
         name = TrimmedTextView(element);
         Reading->MeetText(element);
         IHdlSourceFile* source = ReadSource(*start.Current(), name, language);
-        Reading->Expect();
-        const bool wasAdded = group->AddSourceFile(source, false);
-        Reading->CatchUp();
-        Reading->NoteSource(source, *group, wasAdded);
+        Reading->AddTo(group, source);
         Reading->LeaveText();
         ++element;
         if (!ReadDependencies(element, source)) return false;
@@ -132,11 +135,8 @@ bool TSourceFileGroups::ReadDependencies(DListIterator<TElement*>& element,
 }
 
 void TSourceFileGroups::ReadDependency(const std::string& name, IHdlSourceFile* source) {
-    IHdlSourceFile* dependency = SourceFileOwner->GetOrMakeSourceFile(name.c_str());
-    Reading->Expect();
-    const bool wasAdded = source->AddDependency(dependency);
-    Reading->CatchUp();
-    if (wasAdded) Reading->NoteDependency(dependency);
+    if (!Reading->AddKnown(name, source))
+        Reading->AddTo(source, SourceFileOwner->GetOrMakeSourceFile(name.c_str()));
 }
 
 namespace {

@@ -85,6 +85,31 @@ std::string SourcesOf(THdlBuildFile& build, THdlLanguage language) {
     return names;
 }
 
+/// Answers for sources itself, and tells which it was asked for.
+class AskedBuild : public THdlBuildFile {
+public:
+    IHdlSourceFile* CreateOrGetSourceFile(const char* fileName) override {
+        Asked += std::string(fileName) + "\n";
+        return THdlBuildFile::CreateOrGetSourceFile(fileName);
+    }
+    std::string Asked;
+};
+
+TEST(BuildFileReader, AsksABuildOfACallersClassForEveryName) {
+    const RecordingMessageBox messages;
+    const MemoryFolder folder;
+    folder.Write("build.xml",
+                 "<HdlBuildFileList><SourceFileGroup Language=\"VHDL\">"
+                 "<SourceFile>a.vhd<Dependency>b.vhd</Dependency></SourceFile>"
+                 "<SourceFile>c.vhd<Dependency>b.vhd</Dependency>"
+                 "<Dependency>a.vhd</Dependency></SourceFile>"
+                 "</SourceFileGroup></HdlBuildFileList>");
+    AskedBuild build;
+    build.SetBuildFileName(ISFileName::NewISFileName(folder.Path("build.xml").c_str()));
+    build.ReadFromFile();
+    EXPECT_EQ(build.Asked, "a.vhd\nb.vhd\nc.vhd\nb.vhd\na.vhd\n");
+}
+
 }  // namespace
 
 TEST(BuildFileReader, ReadsEveryAttribute) {

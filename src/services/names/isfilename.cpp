@@ -1,6 +1,7 @@
 #include "services/names/isfilename.h"
 #include "services/base/fetchahead.h"
 #include "services/base/fold.h"
+#include "services/base/largepages.h"
 #include "services/logging/binarylog.h"
 #include "services/names/filenamequeries.h"
 #include "services/names/timestamps.h"
@@ -138,15 +139,16 @@ bool TSharedFileName::CompareModificationTimeTo(unsigned long low, unsigned long
 /// ever freed.
 void* AllocateForever(std::size_t size) {
     constexpr std::size_t kFirstBlock = 4096;
-    constexpr std::size_t kLargestBlock = 65536;
+    constexpr std::size_t kLargestBlock = kLargePageSize;
     thread_local std::byte* begin = nullptr;
     thread_local std::size_t left = 0;
     thread_local std::size_t block = kFirstBlock;
     size =
         (size + alignof(TSharedFileName) - 1) / alignof(TSharedFileName) * alignof(TSharedFileName);
-    if (size > kLargestBlock / 4) return ::operator new(size);
+    if (size > kFirstBlock * 4) return ::operator new(size);
     if (size > left) {
-        begin = static_cast<std::byte*>(::operator new(block));
+        begin = static_cast<std::byte*>(block < kLargestBlock ? ::operator new(block)
+                                                              : AllocateLargePages(block));
         left = block;
         block = std::min(2 * block, kLargestBlock);
     }
@@ -167,14 +169,6 @@ public:
         const std::lock_guard guard(Lock);
         FetchAhead(&Slots[FirstSlot(hash)]);
     }
-    void FetchHandle(std::size_t hash) {
-        const std::lock_guard guard(Lock);
-        for (std::size_t i = FirstSlot(hash); Slots[i].Handle; i = After(i)) {
-            if (Slots[i].Hash != hash) continue;
-            FetchAhead(Slots[i].Handle);
-            return;
-        }
-    }
     const TSharedFileName* FindOrMake(std::string_view text, std::size_t hash) {
         const std::lock_guard guard(Lock);
         TSlot& slot = Slots[FindSlot(text, hash)];
@@ -190,6 +184,7 @@ private:
         std::size_t Hash = 0;
         const TSharedFileName* Handle = nullptr;
     };
+    using TSlots = std::vector<TSlot, TLargePageAllocator<TSlot>>;
 
     // The number of slots is a power of two, and a quarter of them are free. The lowest bits of the
     // hash tell the table.
@@ -216,14 +211,14 @@ private:
         return new (place) TSharedFileName({copy, text.size()}, first);
     }
     void Grow() {
-        std::vector<TSlot> former(Slots.size() * 2);
+        TSlots former(Slots.size() * 2);
         former.swap(Slots);
         for (const TSlot& slot : former)
             if (slot.Handle) Slots[FindSlot(slot.Handle->GetText(), slot.Hash)] = slot;
     }
 
     std::mutex Lock;
-    std::vector<TSlot> Slots = std::vector<TSlot>(64);
+    TSlots Slots = TSlots(64);
     std::size_t Count = 0;
 };
 
@@ -263,8 +258,15 @@ const ISFileName* ISFileName::NewISFileName(const char* name) {
 const ISFileName* const ISFileName::BlankFileName = ISFileName::NewISFileName("");
 
 const ISFileName* NewHandleOfCanonicalPath(std::string_view path) {
-    const std::size_t hash = HashIgnoringCase(path);
+    return NewHandleOfCanonicalPath(path, HashIgnoringCase(path));
+}
+
+const ISFileName* NewHandleOfCanonicalPath(std::string_view path, std::size_t hash) {
     return TableOf(hash).FindOrMake(path, hash);
+}
+
+void FetchPlaceOfHandle(std::size_t hash) {
+    TableOf(hash).FetchSlot(hash);
 }
 
 const ISFileName* GetInnermostHandle(const ISFileName* file) {
@@ -275,20 +277,6 @@ const ISFileName* GetInnermostHandle(const ISFileName* file) {
         file = wrapped;
     }
     return file;
-}
-
-void THandleSearch::Begin(std::string_view canonical) {
-    Text = canonical;
-    Hash = HashIgnoringCase(canonical);
-    TableOf(Hash).FetchSlot(Hash);
-}
-
-void THandleSearch::Approach() {
-    TableOf(Hash).FetchHandle(Hash);
-}
-
-const ISFileName* THandleSearch::Finish() {
-    return TableOf(Hash).FindOrMake(Text, Hash);
 }
 
 TFileIdentity GetFileIdentity(const ISFileName* file) {

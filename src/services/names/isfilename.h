@@ -2,7 +2,6 @@
 #include "services/base/observer.h"
 #include "services/names/ifilename.h"
 #include <cstddef>
-#include <string>
 #include <string_view>
 
 class ISFileName;
@@ -91,20 +90,10 @@ bool IsSharedHandle(const ISFileName* file);
 std::string_view GetSharedText(const ISFileName* sharedHandle);
 /// NewISFileName for a path that is canonical.
 const ISFileName* NewHandleOfCanonicalPath(std::string_view path);
-
-/// Looks for the handle of a canonical path in steps: between them the processor fetches what the
-/// next one needs, while the caller goes on with something else.
-class THandleSearch {
-public:
-    void Begin(std::string_view canonical);
-    void Approach();
-    /// The handle; to be called once after Begin.
-    const ISFileName* Finish();
-
-private:
-    std::string Text;
-    std::size_t Hash = 0;
-};
+/// The same for whoever has HashIgnoringCase of the path.
+const ISFileName* NewHandleOfCanonicalPath(std::string_view path, std::size_t hash);
+/// Has the place of such a handle on its way from memory.
+void FetchPlaceOfHandle(std::size_t hash);
 
 /// To be called when `file` is taken for `listed`, whose identity it has: writes a diagnostic line
 /// when they are two files, known by letter case alone. The disk is only looked at when the
