@@ -1,4 +1,6 @@
 #include "cli/commands.h"
+#include "cli/frame/progressline.h"
+#include "cli/frame/terminal.h"
 #include <cstdlib>
 #include <iostream>
 #ifdef _WIN32
@@ -8,8 +10,6 @@
 
 // It needs what windows.h declares.
 #include <shellapi.h>
-#else
-#include <unistd.h>
 #endif
 
 namespace {
@@ -40,7 +40,7 @@ bool ErrorsAreColored() {
 #ifdef _WIN32
     return false;  // not every console interprets the escapes
 #else
-    return isatty(STDERR_FILENO) != 0;
+    return IsErrorTerminal();
 #endif
 }
 
@@ -52,5 +52,8 @@ int main(int argc, char** argv) {
     _setmode(_fileno(stdout), _O_BINARY);
 #endif
     std::ios::sync_with_stdio(false);
-    return RunTool(Utf8Arguments(argc, argv), {std::cout, std::cerr, ErrorsAreColored()});
+    TProgressLine progress({std::cerr, GetErrorColumns},
+                           std::chrono::milliseconds(HDLBUILD_PROGRESS_DELAY));
+    return RunTool(Utf8Arguments(argc, argv), {std::cout, std::cerr, ErrorsAreColored(),
+                                               CanRedrawErrors() ? &progress : nullptr});
 }

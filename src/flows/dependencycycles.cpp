@@ -1,6 +1,7 @@
 #include "flows/dependencycycles.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include "services/base/progress.h"
 #include <algorithm>
 #include <cstddef>
 #include <unordered_map>
@@ -33,8 +34,10 @@ TGraph BuildGraph(const std::vector<const IHdlSourceFile*>& roots) {
         return entry->second;
     };
     for (const IHdlSourceFile* root : roots) place(root);
+    TProgress progress(PROGRESS_CHECK_SOURCES, graph.Files.size());
     // Files grows while it is walked: each file's dependencies are met after the roots.
     for (TIndex at = 0; at < graph.Files.size(); ++at) {
+        progress.Advance();
         auto& edges = graph.Edges.emplace_back();
         const TIHdlSourceFileList* dependencies = graph.Files[at]->GetDependencyList();
         if (!dependencies) continue;
@@ -90,6 +93,7 @@ private:
     }
 
     void Leave(TIndex at) {
+        Progress.Advance();
         Frames.pop_back();
         if (!Frames.empty()) Low[Frames.back().At] = std::min(Low[Frames.back().At], Low[at]);
         if (Low[at] != Order[at]) return;
@@ -105,6 +109,7 @@ private:
     }
 
     const TGraph& Graph;
+    TProgress Progress{PROGRESS_CHECK_SOURCES, Graph.Files.size()};
     std::vector<TIndex> Order, Low, Stack;
     std::vector<bool> OnStack;
     std::vector<TFrame> Frames;

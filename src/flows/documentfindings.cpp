@@ -1,4 +1,5 @@
 #include "flows/documentfindings.h"
+#include "services/base/progress.h"
 #include "services/names/isfilename.h"
 #include "services/names/utilfilename.h"
 #include "services/xml/xmllist.h"
@@ -47,7 +48,9 @@ TMentions ListMentions(const TXMLList& document, const char* directory) {
     TMentions mentions;
     std::string language;
     std::string source;
+    TProgress progress(PROGRESS_CHECK_ELEMENTS, document.GetCount());
     for (DListIterator<TElement*> element(document); element.NotAtTail(); ++element) {
+        progress.Advance();
         const TElement& current = *element.Current();
         if (current.ElemType != TElement::START) continue;
         if (current.Name == "SourceFileGroup") language = current.GetAttribute("Language");
@@ -67,7 +70,9 @@ TMentions ListMentions(const TXMLList& document, const char* directory) {
 std::vector<TRepeatedSource> FindRepeated(const std::vector<TSourcePlace>& places) {
     std::unordered_map<std::string, std::size_t> seen;  // folded path to place in `sources`
     std::vector<TRepeatedSource> sources;
+    TProgress progress(PROGRESS_CHECK_SOURCES, places.size());
     for (const TSourcePlace& place : places) {
+        progress.Advance();
         const auto [entry, added] = seen.try_emplace(Folded(place.Path), sources.size());
         if (added) sources.emplace_back();
         sources[entry->second].Places.push_back(place);
@@ -102,9 +107,15 @@ private:
 
 std::vector<TSpelledSource> FindSpelled(const TMentions& mentions) {
     TSpellings spellings;
-    for (const TSourcePlace& place : mentions.Listed) spellings.Add(place.Path, "");
-    for (const TSpelling& dependency : mentions.Dependencies)
+    TProgress progress(PROGRESS_CHECK_NAMES, mentions.Listed.size() + mentions.Dependencies.size());
+    for (const TSourcePlace& place : mentions.Listed) {
+        spellings.Add(place.Path, "");
+        progress.Advance();
+    }
+    for (const TSpelling& dependency : mentions.Dependencies) {
         spellings.Add(dependency.Path, dependency.Dependent);
+        progress.Advance();
+    }
     return spellings.Find();
 }
 

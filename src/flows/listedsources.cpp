@@ -1,6 +1,7 @@
 #include "flows/listedsources.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include "services/base/progress.h"
 #include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
 
@@ -15,7 +16,12 @@ std::vector<TListedSource> ListSources(const THdlBuildFile& build) {
 std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build) {
     std::vector<TListedSource> missing;
     if (build.GetReadResult() == 0) return missing;
-    for (const TListedSource& source : ListSources(build))
+    const std::vector<TListedSource> sources = ListSources(build);
+    // Few for a report: a disk may be slow.
+    TProgress progress(PROGRESS_CHECK_SOURCES, sources.size(), 16);
+    for (const TListedSource& source : sources) {
         if (!source.File->GetFileName()->Exists()) missing.push_back(source);
+        progress.Advance();
+    }
     return missing;
 }

@@ -120,6 +120,22 @@ TEST(CommandTable, EveryCommandPrintsOneJsonObjectWithItsFormat) {
     EXPECT_EQ(count, CommandLines().size());
 }
 
+TEST(CommandTable, EveryCommandDoesTheSameWhenQuiet) {
+    WalkCommands([](const std::string& name, const TCommand&) {
+        TLine first = CommandLines().at(name);
+        first.insert(first.begin(), "--quiet");
+        TLine last = CommandLines().at(name);
+        last.emplace_back("--quiet");
+        const auto resultOf = [](const TLine& line) {
+            const Files files;
+            return ResultOf(line) + files.Text();
+        };
+        const std::string result = resultOf(CommandLines().at(name));
+        EXPECT_EQ(resultOf(first), result) << name;
+        EXPECT_EQ(resultOf(last), result) << name;
+    });
+}
+
 TEST(CommandTable, ADryRunSaysTheSameAndChangesNothing) {
     std::string changing;
     WalkCommands([&changing](const std::string& name, const TCommand& command) {

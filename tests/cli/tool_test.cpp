@@ -26,6 +26,7 @@ Usage: hdlbuild [OPTIONS] SUBCOMMAND
 Options:
   -h,--help                   Print this help message and exit
   --version                   Display program version information and exit
+  --quiet                     Do not show how far long work has come
 
 Subcommands:
 )" + subcommands + R"(
@@ -64,6 +65,7 @@ Usage: hdlbuild servers [OPTIONS] SUBCOMMAND
 
 Options:
   -h,--help                   Print this help message and exit
+  --quiet                     Do not show how far long work has come
 
 Subcommands:
   list                        List the tools of a server

@@ -59,9 +59,8 @@ std::string LibraryOf(const IHdlSourceFile* file, const THdlBuildFile& build) {
     return destination.empty() ? "work" : destination;
 }
 
-/// Warns of cycles among `files`: no order is a compile order then.
-bool WarnOfCycles(const TIHdlSourceFileList& files, const TToolStreams& streams) {
-    const auto cycles = FindDependencyCycles({files.begin(), files.end()});
+/// With cycles no order is a compile order.
+bool WarnOfCycles(const std::vector<TDependencyCycle>& cycles, const TToolStreams& streams) {
     if (cycles.empty()) return false;
     ReportWarning(streams, "the dependencies have " + std::to_string(cycles.size()) +
                                (cycles.size() == 1 ? " cycle" : " cycles") +
@@ -92,10 +91,12 @@ int RunOrder(const TBuildArguments& arguments, const TToolStreams& streams) {
     ReportReadResult(build, streams);
     build.OrderFilesForCompile(language);
     const TIHdlSourceFileList& files = *build.GetFilesToCompile(language);
+    // It may take long: nothing is printed before.
+    const auto cycles = FindDependencyCycles({files.begin(), files.end()});
     TOrder order{arguments, language, {}};
     for (const IHdlSourceFile* file : files)
         order.Sources.push_back(
             {LibraryOf(file, build), PathText(file->GetFileName(), arguments.Paths)});
     kFormats[arguments.OrderFormat].Print(order, streams);
-    return WarnOfCycles(files, streams) ? kExitProblems : status;
+    return WarnOfCycles(cycles, streams) ? kExitProblems : status;
 }

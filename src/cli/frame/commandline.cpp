@@ -1,4 +1,5 @@
 #include "cli/frame/commandline.h"
+#include "cli/frame/progressline.h"
 #include "cli/frame/texts.h"
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -94,6 +95,7 @@ public:
         App.failure_message([](const CLI::App*, const CLI::Error& error) {
             return Escaped(error.what()) + "\nRun with --help for more information.\n";
         });
+        AddQuiet(App);
         for (const TCommand& command : tool.Commands) AddCommand(App, command, tool.Name);
     }
 
@@ -101,6 +103,7 @@ public:
     void Parse(const std::vector<std::string>& arguments) {
         // A former parse that failed may have set some of them.
         for (const auto& reset : Resets) reset();
+        IsQuiet = false;
         // CLI11 takes the arguments from the back.
         App.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
         const auto [command, sub] = FindGiven(App, Tool.Commands);
@@ -128,7 +131,10 @@ public:
     }
 
     int Run(const TToolStreams& streams) const {
-        return Finish(Command ? Command->Run(streams) : kExitUsage, streams);
+        TToolStreams shown = streams;
+        if (IsQuiet) shown.Progress = nullptr;
+        const TProgressShown progress(shown.Progress);
+        return Finish(Command ? Command->Run(shown) : kExitUsage, streams);
     }
 
     int Report(const CLI::ParseError& error, const TToolStreams& streams) const {
@@ -155,13 +161,20 @@ private:
             std::visit(TArgumentAdder{*sub, argument, Resets, choices}, argument.Value);
             if (argument.Name[0] != '-') line += std::string(" ") + argument.Name;
         }
+        AddQuiet(*sub);
         for (const TCommand& verb : command.Verbs) AddCommand(*sub, verb, line);
+    }
+
+    // It may stand on either side of the command.
+    void AddQuiet(CLI::App& app) {
+        app.add_flag("--quiet", IsQuiet, "Do not show how far long work has come");
     }
 
     const TTool& Tool;
     CLI::App App;
     std::vector<std::function<void()>> Resets;  // give the arguments their presets
     const TCommand* Command = nullptr;
+    bool IsQuiet = false;
 };
 
 }  // namespace

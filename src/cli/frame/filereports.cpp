@@ -1,5 +1,6 @@
 #include "cli/frame/filereports.h"
 #include "buildfile/hdlbuildfile.h"
+#include "cli/frame/progressline.h"
 #include "services/names/isfilename.h"
 
 namespace {
@@ -20,6 +21,7 @@ void ReportReadError(TXMLReadError error, const std::string& file, const TToolSt
 
 int LoadBuild(const std::string& file, const TToolStreams& streams, THdlBuildFile* build) {
     const TQuietMessageBox quiet;
+    if (streams.Progress) streams.Progress->SetFile(file);
     build->SetBuildFileName(ISFileName::NewISFileName(file.c_str()));
     const THdlBuildFileReadResults result = build->ReadFromFile();
     if (!build->GetReadError().IsError()) return result == 0 ? kExitDone : kExitProblems;

@@ -2,6 +2,8 @@
 #include <ostream>
 #include <string>
 
+class TProgressLine;
+
 // The exit statuses of every command.
 inline constexpr int kExitDone = 0;
 inline constexpr int kExitProblems = 1;  // files missing, a cycle, a section that cannot be read
@@ -13,6 +15,8 @@ struct TToolStreams {
     std::ostream& Out;
     std::ostream& Err;
     bool ColorErrors = false;  ///< whether Err is a terminal that takes colours
+    /// Shows on Err how far long work has come; null: nothing does.
+    TProgressLine* Progress = nullptr;
 };
 
 /// Writes "hdlbuild: error: " and the message to Err.

@@ -113,6 +113,7 @@ Options:
   --one Excludes: --two       Form 1
   --two Excludes: --one       Form 2
   --json                      Print one JSON object
+  --quiet                     Do not show how far long work has come
 
 )");
 }

@@ -1,0 +1,67 @@
+#include "flows/dependencycycles.h"
+#include "flows/documentfindings.h"
+#include "flows/listedsources.h"
+#include "services/names/isfilename.h"
+#include "tests/support/progressrecorder.h"
+#include "tests/support/recorders.h"
+#include "tests/support/temporaryfolder.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A build of so many sources without files, each of which depends on the next one.
+class FlowProgress : public testing::Test {
+protected:
+    const ISFileName* Write(int count) const {
+        std::string text =
+            "<HdlBuildFileList><HdlBuildFile HdlLanguage=\"VHDL\">"
+            "<SourceFileGroup Language=\"VHDL\">";
+        for (int i = 0; i < count; ++i)
+            text += "<SourceFile>" + std::to_string(i) + "<Dependency>" + std::to_string(i + 1) +
+                    "</Dependency></SourceFile>";
+        text += "</SourceFileGroup></HdlBuildFile></HdlBuildFileList>";
+        return ISFileName::NewISFileName(Folder.Write("b.xml", text).c_str());
+    }
+    TemporaryFolder Folder;
+    RecordingMessageBox Box;
+};
+
+}  // namespace
+
+TEST_F(FlowProgress, OfMissingSourcesCountsThoseLookedFor) {
+    const THdlBuildFile build(Write(40));
+    RecordingProgress observer;
+    EXPECT_EQ(ListMissingSources(build).size(), 40u);
+    EXPECT_EQ(observer.Take(),
+              "check sources 0/40\ncheck sources 16/40\ncheck sources 32/40\ncheck sources 40/40\n"
+              "check sources ended\n");
+}
+
+// The sources are put into a graph, which has the last dependency as well, then searched.
+TEST_F(FlowProgress, OfCyclesCountsTheSourcesTwice) {
+    const THdlBuildFile build(Write(1100));
+    std::vector<const IHdlSourceFile*> files;
+    for (const TListedSource& source : ListSources(build)) files.push_back(source.File);
+    RecordingProgress observer;
+    EXPECT_TRUE(FindDependencyCycles(files).empty());
+    EXPECT_EQ(observer.Take(),
+              "check sources 0/1100\ncheck sources 1024/1100\ncheck sources 1100/1100\n"
+              "check sources ended\n"
+              "check sources 0/1101\ncheck sources 1024/1101\ncheck sources 1101/1101\n"
+              "check sources ended\n");
+}
+
+// Six elements for a source, two for the build and two for the group.
+TEST_F(FlowProgress, OfADocumentCountsElementsSourcesAndNames) {
+    const ISFileName* file = Write(1030);
+    RecordingProgress observer;
+    EXPECT_TRUE(CheckDocument(file).Repeated.empty());
+    EXPECT_EQ(observer.Take(),
+              "check elements 0/6184\ncheck elements 1024/6184\ncheck elements 2048/6184\n"
+              "check elements 3072/6184\ncheck elements 4096/6184\ncheck elements 5120/6184\n"
+              "check elements 6144/6184\ncheck elements 6184/6184\ncheck elements ended\n"
+              "check sources 0/1030\ncheck sources 1024/1030\ncheck sources 1030/1030\n"
+              "check sources ended\n"
+              "check names 0/2060\ncheck names 1024/2060\ncheck names 2048/2060\n"
+              "check names 2060/2060\ncheck names ended\n");
+}
