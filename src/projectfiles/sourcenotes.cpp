@@ -58,7 +58,7 @@ std::size_t TSourceNotes::FindPlace(std::string_view canonical, std::uint32_t ha
 }
 
 void TSourceNotes::Grow() {
-    TTable former(Notes.size() * 2);
+    std::vector<TSourceNote> former(Notes.size() * 2);
     former.swap(Notes);
     for (const TSourceNote& note : former) {
         if (!note.Name) continue;

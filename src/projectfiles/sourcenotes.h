@@ -1,6 +1,5 @@
 #pragma once
 #include "projectfiles/sourcename.h"
-#include "services/base/largepages.h"
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -37,13 +36,12 @@ private:
         // The lowest bits are the same in a table of handles, which keeps neighbours together.
         return static_cast<std::uint32_t>(hash >> 4);
     }
-    using TTable = std::vector<TSourceNote, TLargePageAllocator<TSourceNote>>;
     std::size_t FirstPlace(std::uint32_t hash) const { return hash & (Notes.size() - 1); }
     std::size_t After(std::size_t place) const { return (place + 1) & (Notes.size() - 1); }
     std::size_t FindPlace(std::string_view canonical, std::uint32_t hash) const;
     void Grow();
 
     // A power of two, at least a quarter of them free.
-    TTable Notes = TTable(16);
+    std::vector<TSourceNote> Notes = std::vector<TSourceNote>(16);
     std::size_t Count = 0;
 };

@@ -1,7 +1,6 @@
 #include "services/names/isfilename.h"
 #include "services/base/fetchahead.h"
 #include "services/base/fold.h"
-#include "services/base/largepages.h"
 #include "services/logging/binarylog.h"
 #include "services/names/filenamequeries.h"
 #include "services/names/timestamps.h"
@@ -139,16 +138,15 @@ bool TSharedFileName::CompareModificationTimeTo(unsigned long low, unsigned long
 /// ever freed.
 void* AllocateForever(std::size_t size) {
     constexpr std::size_t kFirstBlock = 4096;
-    constexpr std::size_t kLargestBlock = kLargePageSize;
+    constexpr std::size_t kLargestBlock = 65536;
     thread_local std::byte* begin = nullptr;
     thread_local std::size_t left = 0;
     thread_local std::size_t block = kFirstBlock;
     size =
         (size + alignof(TSharedFileName) - 1) / alignof(TSharedFileName) * alignof(TSharedFileName);
-    if (size > kFirstBlock * 4) return ::operator new(size);
+    if (size > kLargestBlock / 4) return ::operator new(size);
     if (size > left) {
-        begin = static_cast<std::byte*>(block < kLargestBlock ? ::operator new(block)
-                                                              : AllocateLargePages(block));
+        begin = static_cast<std::byte*>(::operator new(block));
         left = block;
         block = std::min(2 * block, kLargestBlock);
     }
@@ -184,7 +182,6 @@ private:
         std::size_t Hash = 0;
         const TSharedFileName* Handle = nullptr;
     };
-    using TSlots = std::vector<TSlot, TLargePageAllocator<TSlot>>;
 
     // The number of slots is a power of two, and a quarter of them are free. The lowest bits of the
     // hash tell the table.
@@ -211,14 +208,14 @@ private:
         return new (place) TSharedFileName({copy, text.size()}, first);
     }
     void Grow() {
-        TSlots former(Slots.size() * 2);
+        std::vector<TSlot> former(Slots.size() * 2);
         former.swap(Slots);
         for (const TSlot& slot : former)
             if (slot.Handle) Slots[FindSlot(slot.Handle->GetText(), slot.Hash)] = slot;
     }
 
     std::mutex Lock;
-    TSlots Slots = TSlots(64);
+    std::vector<TSlot> Slots = std::vector<TSlot>(64);
     std::size_t Count = 0;
 };
 
