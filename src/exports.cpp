@@ -66,6 +66,7 @@ template struct TUseOf<TCheckSite>;
 template struct TUseOf<TComponentName>;
 template struct TUseOf<TComponentNameList>;
 template struct TUseOf<TDListNodePool>;
+template struct TUseOf<TDocumentEdit>;
 template struct TUseOf<TElement>;
 template struct TUseOf<THdbSFileName>;
 template struct TUseOf<THdbSFileNameList>;

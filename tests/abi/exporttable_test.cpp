@@ -74,6 +74,7 @@ const std::vector<TClassTraits> kClasses = {
     Row<TComponentName>("TComponentName"),
     Row<TComponentNameList>("TComponentNameList"),
     Row<TDListNodePool>("TDListNodePool"),
+    Row<TDocumentEdit>("TDocumentEdit"),
     Row<TElement>("TElement"),
     Row<THdbSFileName>("THdbSFileName"),
     Row<THdbSFileNameList>("THdbSFileNameList"),

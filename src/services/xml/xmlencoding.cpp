@@ -36,8 +36,8 @@ std::string GetBeginning(std::string_view document, const TXMLEncoding& encoding
     return beginning;
 }
 
-// The encoding named by an XML declaration; "" without one. The parser checks the declaration
-// itself.
+}  // namespace
+
 std::string GetDeclaredEncoding(std::string_view document, const TXMLEncoding& encoding) {
     constexpr std::string_view kOpen = "<?xml";
     constexpr std::string_view kKey = "encoding";
@@ -51,6 +51,8 @@ std::string GetDeclaredEncoding(std::string_view document, const TXMLEncoding& e
     const std::size_t end = beginning.find(beginning[quote], quote + 1);
     return beginning.substr(quote + 1, end == std::string::npos ? end : end - quote - 1);
 }
+
+namespace {
 
 bool ContradictsUtf8Mark(const std::string& declared) {
     return !declared.empty() && !EqualIgnoringCase(declared, "UTF-8");

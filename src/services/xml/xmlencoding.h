@@ -18,6 +18,10 @@ struct TXMLEncoding {
 /// refused.
 TXMLEncoding DetectXMLEncoding(std::string_view document);
 
+/// The encoding named by the XML declaration of a document of that encoding; "" without one. The
+/// parser checks the declaration itself.
+std::string GetDeclaredEncoding(std::string_view document, const TXMLEncoding& encoding);
+
 /// Whether a high surrogate of a document in UTF-16 lacks its low one. Each such unit is replaced
 /// in `*refused`, a copy of the document, by a low surrogate: the parser refuses that at its place,
 /// while it takes a high surrogate together with whatever follows.

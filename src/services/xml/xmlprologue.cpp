@@ -73,6 +73,17 @@ TXMLPrologue ReadXMLPrologue(std::string_view document, const TXMLEncoding& enco
     return TPrologueReader(encoding).Read(document);
 }
 
+std::string BlankDocumentType(std::string_view document, const TXMLEncoding& encoding,
+                              const TXMLPrologue& prologue) {
+    std::string beginning(document.substr(0, prologue.DocumentTypeEnd));
+    const std::size_t unit = encoding.UnitSize;
+    for (std::size_t i = prologue.DocumentTypeBegin; i + unit <= beginning.size(); i += unit) {
+        if (unit == 2) beginning[i + 1 - encoding.LowByte] = '\0';
+        beginning[i + encoding.LowByte] = ' ';
+    }
+    return beginning;
+}
+
 std::string GetDocumentTypeRoot(std::string_view documentType) {
     constexpr std::string_view kBlanks = " \t\n\r";
     if (!documentType.starts_with(kXMLDocumentType)) return {};

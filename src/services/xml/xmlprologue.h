@@ -22,5 +22,11 @@ struct TXMLPrologue {
 /// than 1.x; nothing outside the document is ever looked at.
 TXMLPrologue ReadXMLPrologue(std::string_view document, const TXMLEncoding& encoding);
 
+/// The document up to the end of its document type, with blanks in the place of that. Nothing in
+/// there can then supply attributes or hide an entity that nobody declared, and every place stays
+/// the same.
+std::string BlankDocumentType(std::string_view document, const TXMLEncoding& encoding,
+                              const TXMLPrologue& prologue);
+
 /// The name of the root that a document type declaration announces; "" for any other text.
 std::string GetDocumentTypeRoot(std::string_view documentType);

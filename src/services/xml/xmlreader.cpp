@@ -149,19 +149,6 @@ bool Fail(std::string_view document, const TXMLEncoding& encoding, std::size_t p
     return false;
 }
 
-// The beginning of the document with blanks in the place of the document type. Nothing in there can
-// then supply attributes or hide an entity that nobody declared, and every place stays the same.
-std::string BlankDocumentType(std::string_view document, const TXMLEncoding& encoding,
-                              const TXMLPrologue& prologue) {
-    std::string beginning(document.substr(0, prologue.DocumentTypeEnd));
-    const std::size_t unit = encoding.UnitSize;
-    for (std::size_t i = prologue.DocumentTypeBegin; i + unit <= beginning.size(); i += unit) {
-        if (unit == 2) beginning[i + 1 - encoding.LowByte] = '\0';
-        beginning[i + encoding.LowByte] = ' ';
-    }
-    return beginning;
-}
-
 }  // namespace
 
 bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,

@@ -42,20 +42,6 @@ unsigned ByteAt(std::string_view text, std::size_t position) {
     return position < text.size() ? static_cast<unsigned char>(text[position]) : 0;
 }
 
-void AppendUtf8(std::string& text, char32_t character) {
-    const auto append = [&](char32_t byte) { text += static_cast<char>(byte); };
-    if (character < 0x80) {
-        append(character);
-    } else if (character < 0x800) {
-        append(0xC0 | character >> 6);
-        append(0x80 | (character & 0x3F));
-    } else {
-        append(0xE0 | character >> 12);
-        append(0x80 | (character >> 6 & 0x3F));
-        append(0x80 | (character & 0x3F));
-    }
-}
-
 // One row for each range of lead bytes; the second byte's range keeps out overlong forms,
 // surrogates and numbers beyond U+10FFFF.
 struct TUtf8Lead {
@@ -138,9 +124,36 @@ const TXMLEscapes TXMLEscapes::kAnywhere{MakeEscapes("&<>\"'")};
 const TXMLEscapes TXMLEscapes::kText{MakeEscapes("&<>\r")};
 // Literal white space in an attribute would be read as blanks.
 const TXMLEscapes TXMLEscapes::kAttribute{MakeEscapes("&<>\"\t\n\r")};
+const TXMLEscapes TXMLEscapes::kSingleQuoted{MakeEscapes("&<>'\t\n\r")};
 
 char32_t GetWindows1252CodePoint(unsigned char byte) {
     return byte >= 0x80 && byte <= 0x9F ? kWindows1252From80To9F[byte - 0x80] : byte;
+}
+
+void AppendUtf8(char32_t character, std::string* text) {
+    const auto append = [&](char32_t byte) { *text += static_cast<char>(byte); };
+    const auto appendRest = [&](int shift) { append(0x80 | (character >> shift & 0x3F)); };
+    if (character < 0x80) return append(character);
+    if (character < 0x800) {
+        append(0xC0 | character >> 6);
+        return appendRest(0);
+    }
+    if (character < 0x10000) {
+        append(0xE0 | character >> 12);
+    } else {
+        append(0xF0 | character >> 18);
+        appendRest(12);
+    }
+    appendRest(6);
+    appendRest(0);
+}
+
+char32_t GetCodePointAt(std::string_view text, std::size_t position) {
+    const std::size_t length = Utf8LengthAt(text, position);
+    char32_t code = ByteAt(text, position);
+    if (length > 1) code &= 0xFFU >> (length + 1);
+    for (std::size_t i = 1; i < length; ++i) code = code << 6 | (ByteAt(text, position + i) & 0x3F);
+    return code;
 }
 
 std::size_t Utf8LengthAt(std::string_view text, std::size_t position) {
@@ -168,7 +181,7 @@ std::string ToUtf8(std::string_view text) {
         if (length > 0)
             converted += text.substr(i, length);
         else
-            AppendUtf8(converted, GetWindows1252CodePoint(static_cast<unsigned char>(text[i])));
+            AppendUtf8(GetWindows1252CodePoint(static_cast<unsigned char>(text[i])), &converted);
         i += length > 0 ? length : 1;
     }
     return converted;
@@ -200,12 +213,9 @@ bool IsPlainXMLContent(std::string_view text) {
 }
 
 std::string DescribeCharacter(std::string_view text, std::size_t position) {
-    const std::size_t length = Utf8LengthAt(text, position);
-    unsigned code = ByteAt(text, position);
-    if (length > 1) code &= 0xFFU >> (length + 1);
-    for (std::size_t i = 1; i < length; ++i) code = code << 6 | (ByteAt(text, position + i) & 0x3F);
     char digits[16];
-    std::snprintf(digits, sizeof digits, "U+%04X", code);
+    std::snprintf(digits, sizeof digits, "U+%04X",
+                  static_cast<unsigned>(GetCodePointAt(text, position)));
     return digits;
 }
 

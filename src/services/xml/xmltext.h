@@ -14,6 +14,10 @@ char32_t GetWindows1252CodePoint(unsigned char byte);
 /// The length of the UTF-8 sequence at `position`; 0 when the bytes there are not UTF-8.
 std::size_t Utf8LengthAt(std::string_view text, std::size_t position);
 bool IsUtf8(std::string_view text);
+/// The character at `position` of a UTF-8 text; a byte that is not UTF-8 by its number, and 0 at
+/// the end.
+char32_t GetCodePointAt(std::string_view text, std::size_t position);
+void AppendUtf8(char32_t character, std::string* text);
 /// `text` with each byte that is not UTF-8 converted from Windows-1252.
 std::string ToUtf8(std::string_view text);
 
@@ -36,9 +40,10 @@ bool IsPlainXMLContent(std::string_view text);
 struct TXMLEscapes {
     std::array<const char*, 256> References;
 
-    static const TXMLEscapes kAnywhere;   ///< the five named references
-    static const TXMLEscapes kText;       ///< in character data
-    static const TXMLEscapes kAttribute;  ///< between double quotes
+    static const TXMLEscapes kAnywhere;      ///< the five named references
+    static const TXMLEscapes kText;          ///< in character data
+    static const TXMLEscapes kAttribute;     ///< between double quotes
+    static const TXMLEscapes kSingleQuoted;  ///< between single quotes
 };
 
 /// Hands `text`, escaped, to `append` part by part.

@@ -1,0 +1,43 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Where the elements of a document stand in its text, in document order: the root is the first.
+class TDocumentPlaces {
+public:
+    using TIndex = std::uint32_t;
+    static constexpr TIndex kNone = static_cast<TIndex>(-1);
+
+    struct TPlace {
+        std::size_t Begin;         ///< of the start tag
+        std::size_t ContentBegin;  ///< behind the start tag
+        std::size_t ContentEnd;    ///< of the end tag; of an empty-element tag the end
+        std::size_t End;           ///< behind the end tag
+        TIndex Parent;             ///< kNone for the root
+        TIndex FirstChild;
+        TIndex LastChild;
+        TIndex NextSibling;
+        bool IsEmptyTag() const { return ContentBegin == End; }
+    };
+
+    /// `text` is UTF-8 without a mark, whatever its declaration says, and must outlive the object.
+    /// Declarations of its document type supply nothing. False, with GetReason() and no elements,
+    /// for what the reader of documents refuses.
+    bool Read(std::string_view text);
+    const std::string& GetReason() const { return Reason; }
+
+    std::string_view GetText() const { return Text; }
+    TIndex GetCount() const { return static_cast<TIndex>(Places.size()); }
+    const TPlace& operator[](TIndex element) const { return Places[element]; }
+
+    std::string_view GetName(TIndex element) const;
+    std::vector<TIndex> GetChildren(TIndex element) const;
+
+private:
+    std::string_view Text;
+    std::vector<TPlace> Places;
+    std::string Reason;
+};
