@@ -4,6 +4,8 @@
 #include "services/names/utilfilename.h"
 #include "services/xml/xmllist.h"
 #include <algorithm>
+#include <cstdint>
+#include <string_view>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -16,107 +18,150 @@ protected:
     void HandleMissingOrInvalidFile(const char*) override {}
 };
 
-std::string Folded(std::string text) {
-    for (char& c : text)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return text;
-}
-
-std::string CanonicalBelow(const char* directory, const TMyString& text) {
-    TMyString trimmed = text;
-    trimmed.Trim(1, 0);
-    if (trimmed.IsEmpty()) return {};
-    TUtilFileName path(directory);
-    path.PushFileName(trimmed);
-    return path.Canonical();
-}
-
-/// The sources of a document, in its order.
-struct TMentions {
-    std::vector<TSourcePlace> Listed;
-    std::vector<TSpelling> Dependencies;
+struct TSameIgnoringCase {
+    bool operator()(std::string_view a, std::string_view b) const {
+        return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                          [](char x, char y) { return Folded(x) == Folded(y); });
+    }
+    static char Folded(char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    }
 };
 
-/// The path in the text behind a START; "" without one.
-std::string PathBehind(DListIterator<TElement*> element, const char* directory) {
+struct THashIgnoringCase {
+    std::size_t operator()(std::string_view text) const {
+        std::uint64_t hash = 0xcbf29ce484222325U;
+        for (const char c : text)
+            hash =
+                (hash ^ static_cast<unsigned char>(TSameIgnoringCase::Folded(c))) * 0x100000001b3U;
+        return static_cast<std::size_t>(hash ^ hash >> 32);
+    }
+};
+
+/// What all mentions that are equal ignoring case have in common.
+struct TName {
+    const ISFileName* First = nullptr;
+    std::size_t Listings = 0;
+    bool IsSpelled = false;  // in two ways at least
+};
+
+/// One way in which the document names a source. Handles are the same for the same spelling.
+struct TMention {
+    const ISFileName* File;
+    const ISFileName* Dependent;  // null for a listed source and for an entry without a name
+    std::size_t Language;
+    const TName* Name = nullptr;
+};
+
+/// The sources of a document, in its order.
+class TMentions {
+public:
+    TMentions(const TXMLList& document, const char* directory) {
+        Collect(document, directory);
+        CompareNames();
+    }
+
+    std::vector<TRepeatedSource> FindRepeated() const;
+    std::vector<TSpelledSource> FindSpelled() const;
+
+private:
+    void Collect(const TXMLList& document, const char* directory);
+    void CompareNames();
+    void Meet(TMention* mention, bool isListed);
+
+    std::vector<std::string> Languages = {""};
+    std::vector<TMention> Listed;
+    std::vector<TMention> Dependencies;  // each spelling once
+    std::unordered_map<std::string_view, TName, THashIgnoringCase, TSameIgnoringCase> Names;
+};
+
+/// The file that the text behind a START names; null without one.
+const ISFileName* FileBehind(DListIterator<TElement*> element, const char* directory) {
     ++element;
     const bool isText = element.NotAtTail() && element.Current()->ElemType == TElement::TEXT;
-    return isText ? CanonicalBelow(directory, element.Current()->Text) : std::string();
+    if (!isText) return nullptr;
+    TMyString text = element.Current()->Text;
+    text.Trim(1, 0);
+    if (text.IsEmpty()) return nullptr;
+    TUtilFileName path(directory);
+    path.PushFileName(text);
+    return ISFileName::NewISFileName(path.Canonical());
 }
 
-TMentions ListMentions(const TXMLList& document, const char* directory) {
-    TMentions mentions;
-    std::string language;
-    std::string source;
+void TMentions::Collect(const TXMLList& document, const char* directory) {
+    const ISFileName* source = nullptr;
+    std::unordered_set<const ISFileName*> met;
     TProgress progress(PROGRESS_CHECK_ELEMENTS, document.GetCount());
     for (DListIterator<TElement*> element(document); element.NotAtTail(); ++element) {
         progress.Advance();
         const TElement& current = *element.Current();
         if (current.ElemType != TElement::START) continue;
-        if (current.Name == "SourceFileGroup") language = current.GetAttribute("Language");
+        if (current.Name == "SourceFileGroup")
+            Languages.push_back(current.GetAttribute("Language"));
         const bool isSource = current.Name == "SourceFile";
         if (!isSource && !(current.Name == "Dependency")) continue;
-        std::string path = PathBehind(element, directory);
-        if (isSource) source = path;
-        if (path.empty()) continue;
+        const ISFileName* file = FileBehind(element, directory);
+        if (isSource) source = file;
+        if (!file) continue;
         if (isSource)
-            mentions.Listed.push_back({language, std::move(path)});
-        else
-            mentions.Dependencies.push_back({std::move(path), source});
+            Listed.push_back({file, nullptr, Languages.size() - 1});
+        else if (met.insert(file).second)
+            Dependencies.push_back({file, source, 0});
     }
-    return mentions;
 }
 
-std::vector<TRepeatedSource> FindRepeated(const std::vector<TSourcePlace>& places) {
-    std::unordered_map<std::string, std::size_t> seen;  // folded path to place in `sources`
-    std::vector<TRepeatedSource> sources;
-    TProgress progress(PROGRESS_CHECK_SOURCES, places.size());
-    for (const TSourcePlace& place : places) {
+void TMentions::CompareNames() {
+    TProgress progress(PROGRESS_CHECK_NAMES, Listed.size() + Dependencies.size());
+    for (TMention& mention : Listed) {
+        Meet(&mention, true);
         progress.Advance();
-        const auto [entry, added] = seen.try_emplace(Folded(place.Path), sources.size());
-        if (added) sources.emplace_back();
-        sources[entry->second].Places.push_back(place);
     }
-    std::erase_if(sources, [](const TRepeatedSource& source) { return source.Places.size() < 2; });
+    for (TMention& mention : Dependencies) {
+        Meet(&mention, false);
+        progress.Advance();
+    }
+}
+
+void TMentions::Meet(TMention* mention, bool isListed) {
+    TName& name = Names[mention->File->Canonical(false)];
+    if (!name.First) name.First = mention->File;
+    if (isListed) ++name.Listings;
+    if (mention->File != name.First) name.IsSpelled = true;
+    mention->Name = &name;
+}
+
+std::vector<TRepeatedSource> TMentions::FindRepeated() const {
+    std::vector<TRepeatedSource> sources;
+    std::unordered_map<const TName*, std::size_t> places;
+    for (const TMention& mention : Listed) {
+        if (mention.Name->Listings < 2) continue;
+        const auto [place, isNew] = places.try_emplace(mention.Name, sources.size());
+        if (isNew) sources.emplace_back();
+        sources[place->second].Places.push_back(
+            {Languages[mention.Language], mention.File->Canonical(false)});
+    }
     return sources;
 }
 
-/// Collects the spellings of each source, every one once.
-class TSpellings {
-public:
-    void Add(const std::string& path, const std::string& dependent) {
-        if (!Paths.insert(path).second) return;
-        const auto [entry, added] = Seen.try_emplace(Folded(path), Sources.size());
-        if (added) Sources.emplace_back();
-        Sources[entry->second].Spellings.push_back({path, dependent});
-    }
-
-    /// Sources whose spellings are all listed ones are repeated sources: they are left out.
-    std::vector<TSpelledSource> Find() {
-        std::erase_if(Sources, [](const TSpelledSource& source) {
-            return source.Spellings.size() < 2 || source.Spellings.back().Dependent.empty();
-        });
-        return std::move(Sources);
-    }
-
-private:
-    std::unordered_set<std::string> Paths;
-    std::unordered_map<std::string, std::size_t> Seen;  // folded path to place in Sources
-    std::vector<TSpelledSource> Sources;
-};
-
-std::vector<TSpelledSource> FindSpelled(const TMentions& mentions) {
-    TSpellings spellings;
-    TProgress progress(PROGRESS_CHECK_NAMES, mentions.Listed.size() + mentions.Dependencies.size());
-    for (const TSourcePlace& place : mentions.Listed) {
-        spellings.Add(place.Path, "");
-        progress.Advance();
-    }
-    for (const TSpelling& dependency : mentions.Dependencies) {
-        spellings.Add(dependency.Path, dependency.Dependent);
-        progress.Advance();
-    }
-    return spellings.Find();
+std::vector<TSpelledSource> TMentions::FindSpelled() const {
+    std::vector<TSpelledSource> sources;
+    std::unordered_map<const TName*, std::size_t> places;
+    std::unordered_set<const ISFileName*> met;
+    const auto add = [&](const TMention& mention) {
+        if (!mention.Name->IsSpelled || !met.insert(mention.File).second) return;
+        const auto [place, isNew] = places.try_emplace(mention.Name, sources.size());
+        if (isNew) sources.emplace_back();
+        sources[place->second].Spellings.push_back(
+            {mention.File->Canonical(false),
+             mention.Dependent ? mention.Dependent->Canonical(false) : ""});
+    };
+    for (const TMention& mention : Listed) add(mention);
+    for (const TMention& mention : Dependencies) add(mention);
+    // Sources whose spellings are all listed ones are repeated sources: they are left out.
+    std::erase_if(sources, [](const TSpelledSource& source) {
+        return source.Spellings.back().Dependent.empty();
+    });
+    return sources;
 }
 
 }  // namespace
@@ -127,6 +172,6 @@ TDocumentFindings CheckDocument(const ISFileName* buildFile) {
     if (!document.ReadFile(buildFile->Canonical(false))) return {};
     DListIterator<TElement*> element(document);
     const bool hasBuild = TXMLList::FindNext(element, "HdlBuildFile", nullptr);
-    const TMentions mentions = ListMentions(document, buildFile->GetPathOnly());
-    return {hasBuild, FindRepeated(mentions.Listed), FindSpelled(mentions)};
+    const TMentions mentions(document, buildFile->GetPathOnly());
+    return {hasBuild, mentions.FindRepeated(), mentions.FindSpelled()};
 }
