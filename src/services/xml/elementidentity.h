@@ -9,7 +9,10 @@ class TElementIdentity {
 public:
     /// `rules` must outlive the object.
     explicit TElementIdentity(const TXMLEditRules& rules) : Rules(rules) {
-        for (const TXMLElementRule& rule : rules.Elements) RuleOf.emplace(rule.Name, &rule);
+        for (const TXMLElementRule& rule : rules.Elements) {
+            RuleOf.emplace(rule.Name, &rule);
+            for (const std::string& name : rule.OlderNames) RuleOf.emplace(name, &rule);
+        }
     }
 
     /// Null without one.
@@ -22,11 +25,11 @@ public:
     /// element for kIdentityText.
     template <class TGetPart>
     std::string MakeKey(std::string_view name, TGetPart getPart) const {
-        std::string key(name);
         const TXMLElementRule* const rule = FindRule(name);
-        if (!rule) return key;
+        if (!rule) return std::string(name);
+        std::string key = rule->Name;
         for (const std::string& part : rule->Identity) {
-            const std::string text = Normalise(name, part, getPart(part));
+            const std::string text = Normalise(rule->Name, part, getPart(part));
             key.append(1, ' ').append(std::to_string(text.size())).append(1, ' ').append(text);
         }
         return key;

@@ -18,6 +18,8 @@ struct TXMLElementRule {
     bool IsList = false;
     /// Its readers find it at every depth of a document.
     bool IsAnywhere = false;
+    /// What elements of older documents are called, which are the same.
+    std::vector<std::string> OlderNames = {};
 };
 
 /// The rules of one format. Elements without a rule are told apart by their place among the

@@ -12,7 +12,7 @@ inline TXMLEditRules MakeTestRules() {
         {"Source", {kIdentityText}},
         {"Need", {kIdentityText}},
         {"Tool", {"Name", kIdentityText}},
-        {"Options", {}},
+        {"Options", {}, false, false, {"Switches"}},
         {"Directories", {}, true},
         {"Directory", {kIdentityText}},
         {"Settings", {"Language"}},
