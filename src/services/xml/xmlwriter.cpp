@@ -1,6 +1,7 @@
 #include "services/xml/xmlwriter.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "services/logging/binarylog.h"
 #include "services/xml/elementblocks.h"
@@ -210,7 +211,10 @@ bool TXMLWriter::PrintElement(TElement& element, int indent) {
 bool TXMLWriter::IsPlainName(std::string_view name) {
     if (name.empty()) return false;
     std::string& known = PlainNames[GetNamePlace(name)];
-    if (known == name) return true;
+    // Compilers leave the comparison of views a call, and every element asks.
+    const bool isKnown =
+        known.size() == name.size() && std::memcmp(known.data(), name.data(), name.size()) == 0;
+    if (isKnown) return true;
     if (!IsAsciiXMLName(name)) return false;
     known = name;
     return true;
