@@ -120,6 +120,21 @@ TEST(CommandTable, EveryCommandPrintsOneJsonObjectWithItsFormat) {
     EXPECT_EQ(count, CommandLines().size());
 }
 
+TEST(CommandTable, HelpPrintsTheHelpOfEveryCommand) {
+    EXPECT_EQ(ResultOf({"help"}), ResultOf({"--help"}));
+    for (const TCommand& command : MakeCommands()) {
+        TLine line = {command.Name};
+        EXPECT_EQ(ResultOf({"help", command.Name}), ResultOf({command.Name, "--help"}));
+        for (const TArgument& argument : command.Arguments)
+            if (argument.Name[0] != '-') line.emplace_back("x");
+        for (const TCommand& verb : command.Verbs) {
+            TLine words = line;
+            words.insert(words.end(), {verb.Name, "--help"});
+            EXPECT_EQ(ResultOf({"help", command.Name, verb.Name}), ResultOf(words));
+        }
+    }
+}
+
 TEST(CommandTable, EveryCommandDoesTheSameWhenQuiet) {
     WalkCommands([](const std::string& name, const TCommand&) {
         TLine first = CommandLines().at(name);

@@ -73,6 +73,7 @@ std::multiset<std::string> UsageLines() {
         const std::size_t begin = help.find("Usage: ") + 7;
         lines.insert(help.substr(begin, help.find('\n', begin) - begin));
     };
+    add({"help"});
     for (const TCommand& command : MakeCommands()) {
         std::vector<std::string> words = {command.Name};
         if (command.Run) add(words);
@@ -94,6 +95,7 @@ TEST(Docs, ReadmeNamesEveryCommand) {
     for (const TCommand& command : MakeCommands())
         EXPECT_NE(readme.find("\nhdlbuild " + std::string(command.Name) + " "), std::string::npos)
             << command.Name;
+    EXPECT_NE(readme.find("\nhdlbuild help "), std::string::npos);
 }
 
 TEST(Docs, CommandsPageHasTheUsageOfEveryCommand) {

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 TEST(Tool, PrintsItsVersion) {
-    const TToolRun run = RunHdlbuild({"--version"});
-    EXPECT_EQ(run.Status, kExitDone);
-    EXPECT_EQ(run.Out, "hdlbuild " HDLBUILDFILE_VERSION "\n");
-    EXPECT_EQ(run.Err, "");
+    for (const char* option : {"--version", "-V"}) {
+        const TToolRun run = RunHdlbuild({option});
+        EXPECT_EQ(run.Status, kExitDone) << option;
+        EXPECT_EQ(run.Out, "hdlbuild " HDLBUILDFILE_VERSION "\n") << option;
+        EXPECT_EQ(run.Err, "") << option;
+    }
 }
 
 // What is left to say of a command is in its row: the list of commands is built from the rows.
@@ -20,16 +22,19 @@ TEST(Tool, HelpNamesEveryCommandAndExitStatus) {
     const TToolRun run = RunHdlbuild({"--help"});
     EXPECT_EQ(run.Status, kExitDone);
     EXPECT_EQ(run.Err, "");
-    EXPECT_EQ(run.Out, R"(Reads, checks and orders HDL build files, and keeps their settings.
+    EXPECT_EQ(run.Out,
+              R"(Reads, checks and orders HDL build files, and keeps their settings.
 Usage: hdlbuild [OPTIONS] SUBCOMMAND
 
 Options:
   -h,--help                   Print this help message and exit
-  --version                   Display program version information and exit
+  -V,--version                Display program version information and exit
   --quiet                     Do not show how far long work has come
 
 Subcommands:
-)" + subcommands + R"(
+)" + subcommands +
+                  R"(  help                        Print the help of the tool, a command or its verb
+
 Exit status: 0 done; 1 the build or project has problems (files missing, a dependency cycle,
 a section that cannot be read); 2 wrong usage, unknown names; 3 a file cannot be read or
 written. Results go to standard output, everything else to standard error. NO_COLOR turns
@@ -160,17 +165,29 @@ TEST(Tool, ReportsWrongUsageWithStatusTwo) {
         std::vector<std::string> Arguments;
         const char* Err;
     } rows[] = {
-        {"no command", {}, "A subcommand is required\nRun with --help for more information.\n"},
+        {"no command",
+         {},
+         "COMMAND is required; known: show, check, order, options, command-file, settings, "
+         "templates, servers, simulators, translator, help\n"
+         "Run with --help for more information.\n"},
         {"unknown command",
-         {"sort", "a.xml"},
-         "A subcommand is required\nRun with --help for more information.\n"},
+         {"ordre", "a.xml"},
+         "unknown command 'ordre'; nearest: order; known: show, check, order, options, "
+         "command-file, settings, templates, servers, simulators, translator, help\n"
+         "Run with --help for more information.\n"},
         {"no build file", {"show"}, "BUILD is required\nRun with --help for more information.\n"},
         {"no verb",
          {"settings", "a.hpj"},
-         "A subcommand is required\nRun with --help for more information.\n"},
+         "VERB is required; known: list, show, current, copy, remove, reset, set\nRun with --help "
+         "for more information.\n"},
         {"no project file: the verb is taken for it",
          {"settings", "list"},
-         "A subcommand is required\nRun with --help for more information.\n"},
+         "VERB is required; known: list, show, current, copy, remove, reset, set; 'list' was taken "
+         "for PROJECT\nRun with --help for more information.\n"},
+        {"unknown verb",
+         {"translator", "a.xml", "v2vhdl", "enble", "-r"},
+         "unknown verb 'enble'; nearest: enable; known: list, enable, disable, command-line\n"
+         "Run with --help for more information.\n"},
         {"two verbs",
          {"templates", "list", "list"},
          "The following argument was not expected: list\nRun with --help for more information.\n"},

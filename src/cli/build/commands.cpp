@@ -4,14 +4,20 @@
 namespace {
 
 std::string LanguageHelp(const std::string& preset) {
-    std::vector<std::string> names;
-    for (const THdlLanguageRecord& record : GetHdlLanguageTable())
-        if (record.IsOffered)
-            names.push_back(record.Name + std::string(record.Name == preset ? " (default)" : ""));
+    std::vector<std::string> names = OfferedLanguages();
+    for (std::string& name : names)
+        if (name == preset) name += " (default)";
     return JoinChoices(names);
 }
 
 }  // namespace
+
+std::vector<std::string> OfferedLanguages() {
+    std::vector<std::string> names;
+    for (const THdlLanguageRecord& record : GetHdlLanguageTable())
+        if (record.IsOffered) names.emplace_back(record.Name);
+    return names;
+}
 
 std::vector<TCommand> MakeBuildCommands() {
     const auto values = std::make_shared<TBuildArguments>();

@@ -2,6 +2,7 @@
 #include "cli/build/commands.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/json.h"
+#include "cli/frame/knownnames.h"
 #include "flows/dependencycycles.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
@@ -82,7 +83,7 @@ std::vector<TArgument> OrderFormatArguments(TBuildArguments& arguments) {
 int RunOrder(const TBuildArguments& arguments, const TToolStreams& streams) {
     const THdlLanguage language = GetHdlLanguageFromString(arguments.Language.c_str());
     if (language == LANGUAGE_NONE) {
-        ReportError(streams, "unknown language '" + arguments.Language + "'");
+        ReportError(streams, UnknownName("language", arguments.Language, OfferedLanguages()));
         return kExitUsage;
     }
     THdlBuildFile build;

@@ -1,4 +1,5 @@
 #include "cli/frame/commandline.h"
+#include "cli/frame/knownnames.h"
 #include "cli/frame/progressline.h"
 #include "cli/frame/texts.h"
 #include <CLI/CLI.hpp>
@@ -73,6 +74,61 @@ std::pair<const TCommand*, const CLI::App*> FindGiven(const CLI::App& app,
     return {nullptr, nullptr};
 }
 
+constexpr const char* kHelpHint = "\nRun with --help for more information.\n";
+
+using TApps = std::vector<const CLI::App*>;
+
+/// The commands below the tool, or the verbs below a command.
+TApps CommandsOf(const CLI::App& app) {
+    return app.get_subcommands([](const CLI::App*) { return true; });
+}
+
+const CLI::App* FindCommand(const CLI::App& app, const std::string& name) {
+    for (const CLI::App* command : CommandsOf(app))
+        if (command->get_name() == name) return command;
+    return nullptr;
+}
+
+std::vector<std::string> CommandNames(const CLI::App& app) {
+    std::vector<std::string> names;
+    for (const CLI::App* command : CommandsOf(app)) names.push_back(command->get_name());
+    return names;
+}
+
+std::string UnknownCommand(const CLI::App& app, const std::string& word) {
+    const std::vector<std::string> known = CommandNames(app);
+    if (known.empty())
+        return "'" + app.get_name() + "' has no verbs: '" + word + "' was not expected";
+    return UnknownName(app.get_parent() ? "verb" : "command", word, known);
+}
+
+/// A name that was given to `app` and is the one of a verb, with the place that it took; "" without
+/// one.
+std::string VerbTakenFor(const CLI::App& app) {
+    for (const CLI::Option* option : app.get_options())
+        if (option->get_positional() && option->count() > 0 &&
+            FindCommand(app, option->as<std::string>()))
+            return "; '" + option->as<std::string>() + "' was taken for " + option->get_name();
+    return "";
+}
+
+/// What is wrong with the arguments of which `error` complains: the parser only counts commands.
+std::string ComplaintOf(const CLI::App& tool, const CLI::Error& error) {
+    const CLI::App* app = &tool;
+    while (!CommandsOf(*app).empty()) {
+        for (const std::string& word : app->remaining())
+            if (!word.starts_with("-")) return UnknownCommand(*app, word);
+        const auto given = app->get_subcommands();
+        if (given.empty()) break;
+        app = given.front();
+    }
+    const std::string complaint = error.what();
+    if (complaint != CLI::RequiredError::Subcommand(1).what()) return complaint;
+    if (!app->remaining().empty()) return CLI::ExtrasError(app->remaining()).what();
+    return std::string(app->get_parent() ? "VERB" : "COMMAND") +
+           " is required; known: " + JoinNames(CommandNames(*app)) + VerbTakenFor(*app);
+}
+
 /// `status`, when all results have reached Out.
 int Finish(int status, const TToolStreams& streams) {
     streams.Out.flush();
@@ -87,16 +143,17 @@ constexpr const char* kWordsMark = "--";
 class TCommandLine {
 public:
     explicit TCommandLine(const TTool& tool) : Tool(tool), App(tool.Description, tool.Name) {
-        App.set_version_flag("--version", std::string(tool.Name) + " " + tool.Version);
+        App.set_version_flag("-V,--version", std::string(tool.Name) + " " + tool.Version);
         App.require_subcommand(1);
         // On Windows too, '/builds/a.xml' is a path.
         App.allow_windows_style_options(false);
         App.footer(tool.Footer);
-        App.failure_message([](const CLI::App*, const CLI::Error& error) {
-            return Escaped(error.what()) + "\nRun with --help for more information.\n";
+        App.failure_message([](const CLI::App* app, const CLI::Error& error) {
+            return Escaped(ComplaintOf(*app, error)) + kHelpHint;
         });
         AddQuiet(App);
         for (const TCommand& command : tool.Commands) AddCommand(App, command, tool.Name);
+        AddHelp();
     }
 
     /// Throws CLI::ParseError.
@@ -104,6 +161,7 @@ public:
         // A former parse that failed may have set some of them.
         for (const auto& reset : Resets) reset();
         IsQuiet = false;
+        HelpedCommand.clear();
         // CLI11 takes the arguments from the back.
         App.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
         const auto [command, sub] = FindGiven(App, Tool.Commands);
@@ -131,6 +189,7 @@ public:
     }
 
     int Run(const TToolStreams& streams) const {
+        if (Help->parsed()) return PrintHelp(streams);
         TToolStreams shown = streams;
         if (IsQuiet) shown.Progress = nullptr;
         const TProgressShown progress(shown.Progress);
@@ -165,6 +224,29 @@ private:
         for (const TCommand& verb : command.Verbs) AddCommand(*sub, verb, line);
     }
 
+    void AddHelp() {
+        Help = App.add_subcommand("help", "Print the help of the tool, a command or its verb");
+        Help->footer("");  // else the tool's
+        Help->formatter(std::make_shared<TUsageFormatter>(std::string(Tool.Name) + " help", ""));
+        Help->add_option("COMMAND", HelpedCommand, "The command, and its verb")->type_name("");
+        AddQuiet(*Help);
+    }
+
+    int PrintHelp(const TToolStreams& streams) const {
+        const CLI::App* app = &App;
+        for (const std::string& word : HelpedCommand) {
+            const CLI::App* const sub = FindCommand(*app, word);
+            if (!sub) {
+                streams.Err << Escaped(UnknownCommand(*app, word)) << kHelpHint;
+                return kExitUsage;
+            }
+            app = sub;
+        }
+        const std::shared_ptr<CLI::FormatterBase> formatter = app->get_formatter();
+        streams.Out << formatter->make_help(app, app->get_name(), CLI::AppFormatMode::Normal);
+        return Finish(kExitDone, streams);
+    }
+
     // It may stand on either side of the command.
     void AddQuiet(CLI::App& app) {
         app.add_flag("--quiet", IsQuiet, "Do not show how far long work has come");
@@ -174,6 +256,8 @@ private:
     CLI::App App;
     std::vector<std::function<void()>> Resets;  // give the arguments their presets
     const TCommand* Command = nullptr;
+    CLI::App* Help = nullptr;
+    std::vector<std::string> HelpedCommand;  // its words
     bool IsQuiet = false;
 };
 

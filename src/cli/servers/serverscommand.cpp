@@ -1,3 +1,4 @@
+#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
 #include "cli/servers/commands.h"
 #include "cli/servers/serveraccess.h"
@@ -10,8 +11,8 @@ namespace {
 TSimulatorType FindOfferable(const TServersArguments& arguments, const TToolStreams& streams) {
     const TSimulatorType type = FindSimulator(arguments.Simulator);
     if (!GetSimulatorTable()[static_cast<std::size_t>(type)].Languages.empty()) return type;
-    ReportError(streams, "unknown simulator '" + arguments.Simulator +
-                             "'; known: " + JoinNames(KnownSimulators(LANGUAGE_NONE)));
+    ReportError(streams,
+                UnknownName("simulator", arguments.Simulator, KnownSimulators(LANGUAGE_NONE)));
     return SIM_NONE;
 }
 

@@ -1,5 +1,6 @@
 #include "cli/settings/projectaccess.h"
 #include "cli/frame/filereports.h"
+#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
 #include "cli/settings/settingsloss.h"
 #include "cli/settings/settingstext.h"
@@ -78,10 +79,10 @@ TProjectSimConfig* TProjectAccess::FindConfiguration() {
     const std::string& name = Arguments.Configuration;
     if (TProjectSimConfig* configuration = Settings.GetConfiguration(name.c_str()))
         return configuration;
-    const std::string known = JoinNames(NamesOf(Settings));
+    const std::vector<std::string> known = NamesOf(Settings);
     ReportError(Streams, known.empty()
                              ? "unknown configuration '" + name + "': the project has none"
-                             : "unknown configuration '" + name + "'; known: " + known);
+                             : UnknownName("configuration", name, known));
     return nullptr;
 }
 

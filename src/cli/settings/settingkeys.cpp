@@ -1,5 +1,5 @@
 #include "cli/settings/settingkeys.h"
-#include "cli/frame/texts.h"
+#include "cli/frame/knownnames.h"
 #include "flows/simulatornames.h"
 #include <algorithm>
 #include <array>
@@ -33,13 +33,11 @@ std::string FileTextOf(TSettingKind kind, const std::string& text) {
                : text;
 }
 
-std::string KnownKeys() {
-    std::string names;
-    for (const TGeneralSetting& setting : GetGeneralSettings())
-        names += std::string(setting.Name) + ", ";
-    for (const TLanguageSetting& setting : GetLanguageSettings())
-        names += std::string(setting.Name) + ", ";
-    return names.substr(0, names.size() - 2);
+std::vector<std::string> KnownKeys() {
+    std::vector<std::string> names;
+    for (const TGeneralSetting& setting : GetGeneralSettings()) names.emplace_back(setting.Name);
+    for (const TLanguageSetting& setting : GetLanguageSettings()) names.emplace_back(setting.Name);
+    return names;
 }
 
 std::string ValueComplaint(TSettingKind kind, const std::string& text, THdlLanguage language) {
@@ -62,7 +60,7 @@ std::string ValueComplaint(TSettingKind kind, const std::string& text, THdlLangu
                 GetSimulatorTable()[static_cast<std::size_t>(FindSimulator(text))].Languages;
             if (std::find(languages.begin(), languages.end(), language) != languages.end())
                 return "";
-            return "no simulator of this language; known: " + JoinNames(KnownSimulators(language));
+            return WithKnownNames("no simulator of this language", text, KnownSimulators(language));
         }
         case SETTING_TEXT:
         case SETTING_LIST:

@@ -2,6 +2,7 @@
 #include "cli/frame/json.h"
 #include "settings/settingtable.h"
 #include <string>
+#include <vector>
 
 /// The value of a setting that is no list. `text` is what project files hold.
 TJson ValueOf(TSettingKind kind, const std::string& text);
@@ -13,5 +14,5 @@ std::string FileTextOf(TSettingKind kind, const std::string& text);
 /// setting, LANGUAGE_NONE for a general one.
 std::string ValueComplaint(TSettingKind kind, const std::string& text, THdlLanguage language);
 
-/// The names of all settings, separated by commas.
-std::string KnownKeys();
+/// The names of all settings.
+std::vector<std::string> KnownKeys();

@@ -1,3 +1,4 @@
+#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
 #include "cli/settings/commands.h"
 #include "cli/settings/projectaccess.h"
@@ -35,8 +36,7 @@ int CopySource(TProjectAccess& project, const TSettingsArguments& arguments,
     }
     std::vector<std::string> known = NamesOf(project.GetSettings());
     for (const std::string& templateName : NamesOf(templates)) known.push_back(templateName);
-    ReportError(streams, "unknown configuration '" + arguments.Configuration +
-                             "'; known, templates included: " + JoinNames(known));
+    ReportError(streams, UnknownName("configuration or template", arguments.Configuration, known));
     return kExitUsage;
 }
 

@@ -1,3 +1,4 @@
+#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
 #include "cli/settings/commands.h"
 #include "cli/settings/projectaccess.h"
@@ -25,7 +26,7 @@ public:
             return SetValue(*key, *Configuration.GetGeneralConfiguration(), LANGUAGE_NONE);
         }
         const TLanguageSetting* key = FindLanguageSetting(Arguments.Key);
-        if (!key) return "unknown setting '" + Arguments.Key + "'; known: " + KnownKeys();
+        if (!key) return UnknownName("setting", Arguments.Key, KnownKeys());
         const THdlLanguage language = GetHdlLanguageFromString(Arguments.Language.c_str());
         TProjectSimLanguageConfig* settings = Configuration.GetProjectLanguageConfig(language);
         if (!settings) return LanguageComplaint();
@@ -39,9 +40,9 @@ private:
         for (const THdlLanguage language : LanguagesOf(Configuration))
             known.emplace_back(GetStringFromHdlLanguage(language));
         const std::string& language = Arguments.Language;
-        return (language.empty() ? Arguments.Key + " depends on the language: give --language"
-                                 : "unknown language '" + language + "'") +
-               "; known: " + JoinNames(known);
+        if (!language.empty()) return UnknownName("language", language, known);
+        return Arguments.Key +
+               " depends on the language: give --language; known: " + JoinNames(known);
     }
 
     bool ChangesEntries() const {

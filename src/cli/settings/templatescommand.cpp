@@ -1,3 +1,4 @@
+#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
 #include "cli/settings/commands.h"
 #include "cli/settings/projectaccess.h"
@@ -23,8 +24,7 @@ int RunTemplatesShow(const TSettingsArguments& arguments, const TToolStreams& st
     if (const int status = ReadTemplates(&templates, streams); status != kExitDone) return status;
     const TProjectSimConfig* shown = templates.Find(arguments.Configuration.c_str());
     if (!shown) {
-        ReportError(streams, "unknown template '" + arguments.Configuration +
-                                 "'; known: " + JoinNames(NamesOf(templates)));
+        ReportError(streams, UnknownName("template", arguments.Configuration, NamesOf(templates)));
         return kExitUsage;
     }
     const std::vector<TSettingValue> values = ListSettings(*shown, "");

@@ -1,7 +1,7 @@
 #include "cli/translator/translatoraccess.h"
 #include "buildfile/hdlbuildfile.h"
 #include "cli/frame/filereports.h"
-#include "cli/frame/texts.h"
+#include "cli/frame/knownnames.h"
 #include "services/names/isfilename.h"
 #include "translation/v2vtranslationoption.h"
 
@@ -13,6 +13,12 @@ constexpr TTranslator kTranslators[] = {
     {"vhdl2v", "Vhdl2VerilogTranslationOptions",
      TV2VTranslationOptionsList::PopulateWithDefaultVhdl2VerilogOptions},
 };
+
+std::vector<std::string> TranslatorNames() {
+    std::vector<std::string> names;
+    for (const TTranslator& translator : kTranslators) names.emplace_back(translator.Name);
+    return names;
+}
 
 /// Whether the document holds a section of another translator, too.
 bool HoldsOthers(const TXMLList& document, const char* tag) {
@@ -41,8 +47,7 @@ int TTranslatorAccess::Read() {
     for (const TTranslator& translator : kTranslators)
         if (Arguments.Translator == translator.Name) Translator = &translator;
     if (!Translator) {
-        ReportError(Streams,
-                    "unknown translator '" + Arguments.Translator + "'; known: v2vhdl, vhdl2v");
+        ReportError(Streams, UnknownName("translator", Arguments.Translator, TranslatorNames()));
         return kExitUsage;
     }
     ReadSection();
@@ -91,9 +96,10 @@ TV2VTranslationOption* TTranslatorAccess::FindOption() {
     std::vector<std::string> known;
     for (const TV2VTranslationOption* option : *Options)
         known.emplace_back(option->GetDashOption());
+    const bool isWhole = name.empty() || name.starts_with('-');
     const std::string complaint =
         name.empty() ? "SWITCH is required" : "unknown switch '" + name + "'";
-    ReportError(Streams, complaint + "; known: " + JoinNames(known));
+    ReportError(Streams, WithKnownNames(complaint, isWhole ? name : "-" + name, known));
     return nullptr;
 }
 

@@ -148,5 +148,9 @@ TEST(OrderCommand, RefusesAnUnknownLanguage) {
     const TToolRun run = RunHdlbuild({"order", "--language", "Pascal", "build.xml"});
     EXPECT_EQ(run.Status, kExitUsage);
     EXPECT_EQ(run.Out, "");
-    EXPECT_EQ(run.Err, "hdlbuild: error: unknown language 'Pascal'\n");
+    const std::string known =
+        "; known: Verilog, VHDL, Bluespec, SystemC, C++, Specman, TestBuilder\n";
+    EXPECT_EQ(run.Err, "hdlbuild: error: unknown language 'Pascal'" + known);
+    EXPECT_EQ(RunHdlbuild({"order", "--language", "vhld", "build.xml"}).Err,
+              "hdlbuild: error: unknown language 'vhld'; nearest: VHDL" + known);
 }

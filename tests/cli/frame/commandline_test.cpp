@@ -21,7 +21,7 @@ int RunCall(const TCallArguments& arguments, const TToolStreams& streams) {
     return 7;
 }
 
-/// A tool with a plain command, one that takes words and one with verbs.
+/// A tool with a plain command, one that takes words, one with verbs and one that may have one.
 TTool CallTool() {
     const auto values = std::make_shared<TCallArguments>();
     const auto run = TRunWith<TCallArguments>(values)(RunCall);
@@ -37,7 +37,12 @@ TTool CallTool() {
             "The end.",
             {{"call", "Call once", run, arguments},
              {"say", "Call with words", run, arguments, {}, "", {"[WORD...]", &values->Words}},
-             {"both", "Call by a verb", nullptr, {arguments[0]}, {{"one", "Call one", run, {}}}}}};
+             {"both",
+              "Call by a verb",
+              nullptr,
+              {arguments[0]},
+              {{"one", "Call one", run, {}}, {"two", "Call two", run, {}}}},
+             {"either", "Call with or without", run, {}, {{"one", "Call one", run, {}}}}}};
 }
 
 /// The exit status and both streams.
@@ -81,9 +86,7 @@ TEST(CommandLine, ForgetsAParseThatFailed) {
 
 TEST(CommandLine, ReportsWrongUsage) {
     constexpr const char* kHint = "Run with --help for more information.\n";
-    EXPECT_EQ(Call({}), std::string("2\nA subcommand is required\n") + kHint);
     EXPECT_EQ(Call({"call"}), std::string("2\nPLACE is required\n") + kHint);
-    EXPECT_EQ(Call({"both", "here"}), std::string("2\nA subcommand is required\n") + kHint);
     EXPECT_EQ(Call({"call", "here", "-x"}),
               std::string("2\nThe following argument was not expected: -x\n") + kHint);
     EXPECT_EQ(Call({"call", "here", "\x1b[2J"}),
@@ -94,8 +97,71 @@ TEST(CommandLine, ReportsWrongUsage) {
               std::string("2\n--one excludes --two\n") + kHint);
 }
 
+TEST(CommandLine, NamesTheCommandsInThePlaceOfAnUnknownOrMissingOne) {
+    const struct {
+        std::vector<std::string> Arguments;
+        const char* Complaint;
+    } rows[] = {
+        {{}, "COMMAND is required; known: call, say, both, either, help"},
+        {{"cal", "here"},
+         "unknown command 'cal'; nearest: call; known: call, say, both, either, help"},
+        {{"cal", "say"},
+         "unknown command 'cal'; nearest: call; known: call, say, both, either, help"},
+        {{"--json", "write"}, "unknown command 'write'; known: call, say, both, either, help"},
+        {{"\x1b"}, "unknown command '\\x1B'; known: call, say, both, either, help"},
+        {{"--json"}, "The following argument was not expected: --json"},
+        {{"both"}, "PLACE is required"},
+        {{"both", "here"}, "VERB is required; known: one, two"},
+        {{"both", "one"}, "VERB is required; known: one, two; 'one' was taken for PLACE"},
+        {{"both", "here", "On"}, "unknown verb 'On'; nearest: one; known: one, two"},
+        {{"both", "here", "three", "one"}, "unknown verb 'three'; known: one, two"},
+        {{"both", "here", "--json"}, "The following argument was not expected: --json"},
+        {{"either", "oone"}, "unknown verb 'oone'; nearest: one; known: one"},
+        {{"either", "one", "one"}, "The following argument was not expected: one"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Call(row.Arguments),
+                  "2\n" + std::string(row.Complaint) + "\nRun with --help for more information.\n");
+}
+
 TEST(CommandLine, PrintsTheVersion) {
     EXPECT_EQ(Call({"--version"}), "0\ncaller 1.2\n");
+    EXPECT_EQ(Call({"-V"}), "0\ncaller 1.2\n");
+}
+
+TEST(CommandLine, HelpIsThatOfTheCommand) {
+    EXPECT_EQ(Call({"help"}), Call({"--help"}));
+    EXPECT_EQ(Call({"help", "--quiet", "call"}), Call({"call", "--help"}));
+    EXPECT_EQ(Call({"help", "both"}), Call({"both", "--help"}));
+    EXPECT_EQ(Call({"help", "both", "two"}), Call({"both", "here", "two", "--help"}));
+    EXPECT_EQ(Call({"help", "help"}), R"(0
+Print the help of the tool, a command or its verb
+Usage: caller help [OPTIONS] [COMMAND...]
+
+Positionals:
+  COMMAND ...                 The command, and its verb
+
+Options:
+  -h,--help                   Print this help message and exit
+  --quiet                     Do not show how far long work has come
+
+)");
+}
+
+TEST(CommandLine, HelpOfAnUnknownCommandNamesTheKnownOnes) {
+    const struct {
+        std::vector<std::string> Arguments;
+        const char* Complaint;
+    } rows[] = {
+        {{"help", "sya"},
+         "unknown command 'sya'; nearest: say; known: call, say, both, either, help"},
+        {{"help", "both", "here", "one"}, "unknown verb 'here'; known: one, two"},
+        {{"help", "call", "one"}, "'call' has no verbs: 'one' was not expected"},
+        {{"help", "call", "\n"}, "'call' has no verbs: '\\n' was not expected"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Call(row.Arguments),
+                  "2\n" + std::string(row.Complaint) + "\nRun with --help for more information.\n");
 }
 
 TEST(CommandLine, PrintsHelpFromTheRows) {

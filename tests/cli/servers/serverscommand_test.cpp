@@ -196,10 +196,14 @@ TEST(ServersCommand, RefusesUnknownSimulators) {
         "NCSim VHDL 64-bit, NCSim Verilog, NCSim Verilog 64-bit, VCS, VCSi, Verilog-XL, Scirocco, "
         "Microsoft C++, GCC, Specman, Other VHDL\n";
     const WorkingFolder folder;
-    for (const char* name : {"vcs", "31", "0", "30", "None", ""})
+    for (const char* name : {"31", "0", "30", "None", ""})
         for (const char* verb : {"add", "remove"})
             EXPECT_EQ(Servers({verb, "build1", name, "--file", "a.cfg"}),
                       "2\nhdlbuild: error: unknown simulator '" + std::string(name) + "'" + known);
+    EXPECT_EQ(Servers({"add", "build1", "vcs", "--file", "a.cfg"}),
+              "2\nhdlbuild: error: unknown simulator 'vcs'; nearest: VCS" + known);
+    EXPECT_EQ(Servers({"add", "build1", "VC", "--file", "a.cfg"}),
+              "2\nhdlbuild: error: unknown simulator 'VC'; nearest: VCS or VCSi" + known);
     EXPECT_EQ(folder.List(), "");
 }
 

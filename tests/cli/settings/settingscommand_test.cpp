@@ -317,8 +317,14 @@ TEST(SettingsCommand, RefusesNamesThatAreUnknownOrTaken) {
         {{"reset", "x"}, unknown},
         {{"set", "x", "LogFileName", "a"}, unknown},
         {{"copy", "x", "y"},
-         "2\nhdlbuild: error: unknown configuration 'x'; known, templates included: Release, "
-         "Debug, SimZorvik_Release, SimZorvik_Debug, NCSim, ModelSim\n"},
+         "2\nhdlbuild: error: unknown configuration or template 'x'; known: Release, Debug, "
+         "SimZorvik_Release, SimZorvik_Debug, NCSim, ModelSim\n"},
+        {{"copy", "NCSmi", "y"},
+         "2\nhdlbuild: error: unknown configuration or template 'NCSmi'; nearest: NCSim; known: "
+         "Release, Debug, SimZorvik_Release, SimZorvik_Debug, NCSim, ModelSim\n"},
+        {{"show", "release"},
+         "2\nhdlbuild: error: unknown configuration 'release'; nearest: Release; known: Release, "
+         "Debug\n"},
         {{"copy", "Release", "Debug"},
          "2\nhdlbuild: error: the project has a configuration 'Debug' already\n"},
         {{"copy", "Release", "Default"},

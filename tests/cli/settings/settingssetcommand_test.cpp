@@ -224,7 +224,8 @@ TEST(SettingsSetCommand, RefusesWhatASettingDoesNotTake) {
         std::vector<std::string> Arguments;
         std::string Message;
     } rows[] = {
-        {{"logfilename", "a"}, "unknown setting 'logfilename'; known: " + SettingNames()},
+        {{"logfilename", "a"},
+         "unknown setting 'logfilename'; nearest: LogFileName; known: " + SettingNames()},
         {{"LogFileName"}, "LogFileName takes one VALUE"},
         {{"LogFileName", "a", "b"}, "LogFileName takes one VALUE"},
         {{"LogFileName", ""}, "LogFileName '': a text that is not empty is wanted"},
@@ -241,6 +242,10 @@ TEST(SettingsSetCommand, RefusesWhatASettingDoesNotTake) {
          "BuildOptions depends on the language: give --language" + languages},
         {{"BuildOptions", "a", "--language", "Ada"}, "unknown language 'Ada'" + languages},
         {{"BuildOptions", "a", "--language", "SystemC"}, "unknown language 'SystemC'" + languages},
+        {{"BuildOptions", "a", "--language", "Varilog"},
+         "unknown language 'Varilog'; nearest: Verilog" + languages},
+        {{"SimTool", "BlueSpec-", "--language", "Bluespec"},
+         "SimTool 'BlueSpec-': no simulator of this language; nearest: Bluespec; known: Bluespec"},
         {{"DelayType", "3", "--language", "VHDL"}, "DelayType '3': min, typical or max is wanted"},
         {{"SimTool", "GCC", "--language", "Bluespec"},
          "SimTool 'GCC': no simulator of this language; known: Bluespec"},

@@ -130,4 +130,6 @@ TEST(TemplatesCommand, RefusesAnUnknownName) {
     EXPECT_EQ(run.Status, kExitUsage);
     EXPECT_EQ(run.Out, "");
     EXPECT_EQ(run.Err, "hdlbuild: error: unknown template 'NCSim'; known: Fast, Nightly\n");
+    EXPECT_EQ(RunHdlbuild({"templates", "show", "fats"}).Err,
+              "hdlbuild: error: unknown template 'fats'; nearest: Fast; known: Fast, Nightly\n");
 }

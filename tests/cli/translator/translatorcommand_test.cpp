@@ -171,10 +171,11 @@ TEST(TranslatorCommand, RefusesWhatItCannotDo) {
         int Status;
         std::string Message;
     } rows[] = {
-        {{"v2v"}, 2, "unknown translator 'v2v'; known: v2vhdl, vhdl2v"},
+        {{"v2v"}, 2, "unknown translator 'v2v'; nearest: v2vhdl; known: v2vhdl, vhdl2v"},
         {{"v2vhdl", "enable"}, 2, "SWITCH is required" + known},
-        {{"v2vhdl", "enable", "-R"}, 2, "unknown switch '-R'" + known},
+        {{"v2vhdl", "enable", "-R"}, 2, "unknown switch '-R'; nearest: -r" + known},
         {{"v2vhdl", "disable", "x"}, 2, "unknown switch 'x'" + known},
+        {{"v2vhdl", "disable", "rpi"}, 2, "unknown switch 'rpi'; nearest: -rip" + known},
         {{"v2vhdl", "enable", "-r", "a"}, 2, "the switch '-r' takes no arguments"},
         {{"v2vhdl", "enable", "-p"},
          2,
