@@ -68,6 +68,7 @@ template struct TUseOf<TComponentNameList>;
 template struct TUseOf<TDListNodePool>;
 template struct TUseOf<TDocumentEdit>;
 template struct TUseOf<TElement>;
+template struct TUseOf<TFileLock>;
 template struct TUseOf<THdbSFileName>;
 template struct TUseOf<THdbSFileNameList>;
 template struct TUseOf<THdlBuildFile>;

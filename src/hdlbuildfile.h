@@ -46,6 +46,7 @@
 #include "services/designdatabase/visitor.h"
 #include "services/files/directories.h"
 #include "services/files/filenameparts.h"
+#include "services/files/filelock.h"
 #include "services/files/filereplace.h"
 #include "services/files/pathtext.h"
 #include "services/hdl/hdllanguage.h"

@@ -86,6 +86,17 @@ std::vector<std::shared_ptr<const TKeeper>> TBuildFileParts::GetCallersShares() 
     return shares;
 }
 
+void TBuildFileParts::NoteFile(const std::string& path, const TFileStatus& status) {
+    NotedPath = path;
+    NotedStatus = status;
+}
+
+bool TBuildFileParts::IsOtherThanNoted(const std::string& path) const {
+    if (NotedPath != path) return false;
+    const TFileStatus status = LookAtFile(path);
+    return status.Exists && !(status == NotedStatus);
+}
+
 TBaseDirectory& TBuildFileParts::DirectoryOf(const ISFileName* file) {
     const ISFileName* handle = GetInnermostHandle(file);
     // The text of a name of another kind may change.

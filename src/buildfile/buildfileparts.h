@@ -5,8 +5,10 @@
 #include "projectfiles/sourcefileowner.h"
 #include "services/base/keeper.h"
 #include "services/files/basedirectory.h"
+#include "services/files/filestatus.h"
 #include "simtools/simtoolmap.h"
 #include <memory>
+#include <string>
 #include <unordered_set>
 #include <vector>
 
@@ -46,6 +48,11 @@ struct TBuildFileParts {
     /// to stay valid.
     std::vector<std::shared_ptr<const TKeeper>> GetCallersShares() const;
 
+    /// Notes how the build file of that canonical path was when it was read or saved.
+    void NoteFile(const std::string& path, const TFileStatus& status);
+    /// Whether it is another one by now. False for a file that is gone, or was not noted last.
+    bool IsOtherThanNoted(const std::string& path) const;
+
     /// The directory of `file`, without one for null. Valid until the next call.
     TBaseDirectory& DirectoryOf(const ISFileName* file);
 
@@ -70,6 +77,8 @@ private:
     std::unordered_set<IBuildManager*> Builds;
     TBaseDirectory Directory;
     const ISFileName* DirectoryFile = nullptr;  // a shared handle
+    std::string NotedPath;
+    TFileStatus NotedStatus;
 };
 
 /// Whether `build` is of a class of the library itself: none of its operations is a caller's.

@@ -64,12 +64,16 @@ THdlBuildFileReadResults THdlBuildFile::ReadFromFile() {
     ReadResult = READ_NO_ERROR;
     ReadError = {};
     if (!BuildFileName) return ReadResult;
+    const std::string path = BuildFileName->Canonical(false);
+    // Looked at first: a save of somebody else's during the read counts as one after it.
+    const TFileStatus status = LookAtFile(path);
     THdlBuildFileXMLList document(this);
     document.SetWalkedOnce(true);
     // A missing or malformed file leaves the build as it was: only ReadError tells.
     document.ReadFile(BuildFileName->GetParts(PART_ALL));
     ReadError = document.GetReadError();
     BuildFileName->UpdateTimeFileLastLoaded(kDefaultTimeStampKey);
+    Parts->NoteFile(path, status);
     CompilePrecompiledLibraryGroup();
     return ReadResult;
 }

@@ -3,7 +3,11 @@
 #include "buildfile/hdlbuildfilexmllist.h"
 #include "projectfiles/sourcename.h"
 #include "services/base/booltext.h"
+#include "services/files/filelock.h"
+#include "services/files/filestatus.h"
 #include "services/hdl/hdllanguagetable.h"
+#include "services/logging/binarylog.h"
+#include "services/logging/usermessages.h"
 #include "services/names/isfilename.h"
 #include "services/xml/xmlstream.h"
 #include "settings/projectsimgeneralconfig.h"
@@ -29,13 +33,32 @@ bool IsWrittenByTheLibrary(const THdlBuildFile& build, const TV2VTranslationOpti
     return IsBuildOfTheLibrary(build) && (!options || AreOptionsOfTheLibrary(*options));
 }
 
+/// Not a diagnostic line: something of the user's is lost.
+void LogReplacedChanges(const std::string& path) {
+    const std::string text = "\"" + path + "\" was changed since it was read, and is replaced";
+    gBinaryLogMessageLoggingMutex.Acquire();
+    TBinaryLogFile::GetInstance()->Write(text.c_str(), "", 0);
+    gBinaryLogMessageLoggingMutex.Release();
+}
+
 }  // namespace
 
 bool THdlBuildFile::WriteToFile() {
     if (!BuildFileName) return false;
+    const std::string path = BuildFileName->Canonical(false);
+    const TMessagesHeldBack messages;
+    const TFileLock lock(path.c_str());
+    if (!lock.IsHeld()) {
+        TellSaveFailure(path, lock.GetReason());
+        return false;
+    }
+    const bool replacesChanges = Parts->IsOtherThanNoted(path);
     THdlBuildFileXMLList document(this);
     document.SetPrintedAtOnce(IsWrittenByTheLibrary(*this, TranslationOptions));
-    return document.WriteFile(BuildFileName->GetParts(PART_ALL));
+    if (!document.WriteFile(BuildFileName->GetParts(PART_ALL))) return false;
+    Parts->NoteFile(path, LookAtFile(path));
+    if (replacesChanges) LogReplacedChanges(path);
+    return true;
 }
 
 void THdlBuildFile::WriteFile(THdlBuildFileXMLList* document) {

@@ -182,7 +182,9 @@ public:
     const TXMLReadError& GetReadError() const { return ReadError; }
     /// Static, never null.
     static const char* GetErrorString(THdlBuildFileReadResults result);
-    /// Replaces the build file whole. False, with the old file as it was, when that fails.
+    /// Replaces the build file whole, with its lock (see TFileLock) held. False, with the old file
+    /// as it was, when that fails. A file that was changed since this build read or saved it is
+    /// replaced all the same, which is logged.
     bool WriteToFile();
 
     /// Pushes the whole document.

@@ -1,5 +1,7 @@
 #include "settings/hpjfile.h"
 
+#include "services/files/filelock.h"
+#include "services/logging/usermessages.h"
 #include "services/names/isfilename.h"
 #include "services/xml/xmlsectionfile.h"
 #include "settings/projectsimsettings.h"
@@ -46,7 +48,16 @@ THpjFileResult THpjFile::Read(TProjectSimSettings* settings) {
 THpjFileResult THpjFile::Save(TProjectSimSettings* settings) {
     if (!settings) return HPJ_FILE_NOT_WRITTEN;
     if (ReadResult != HPJ_FILE_DONE && ReadResult != HPJ_FILE_MISSING) return ReadResult;
-    const char* const path = File->Canonical(false);
+    const std::string file = File->Canonical(false);
+    const TMessagesHeldBack messages;
+    // From here on nobody else's save comes between the reading and the writing.
+    const TFileLock lock(file.c_str());
+    if (lock.IsHeld()) return SaveLocked(settings, file.c_str());
+    TellSaveFailure(file, lock.GetReason());
+    return HPJ_FILE_NOT_WRITTEN;
+}
+
+THpjFileResult THpjFile::SaveLocked(TProjectSimSettings* settings, const char* path) {
     TProjectDocument document(settings);
     const THpjFileResult result = document.Read(path);
     ReadError = document.GetReadError();

@@ -34,10 +34,12 @@ public:
     /// Reads the file again and replaces only the settings in it, so that what other components
     /// saved since the last Read is kept. A missing file is made. When the settings in the file are
     /// no longer those of the last Read or Save, or the file was made or deleted since, nothing is
-    /// replaced: HPJ_FILE_CHANGED. (A save by another program between this comparison and the end
-    /// of the writing is not noticed.) Without a Read there is nothing to compare. After a Read
-    /// that failed nothing is saved, as `settings` may lack configurations: the result of that Read
-    /// is returned again. On failure the file stays as it was. Null: HPJ_FILE_NOT_WRITTEN.
+    /// replaced: HPJ_FILE_CHANGED. The file's lock (see TFileLock) is held from the reading to the
+    /// end of the writing, so no other save comes between; a lock that cannot be had is
+    /// HPJ_FILE_NOT_WRITTEN, with a message box. Without a Read there is nothing to compare. After
+    /// a Read that failed nothing is saved, as `settings` may lack configurations: the result of
+    /// that Read is returned again. On failure the file stays as it was. Null:
+    /// HPJ_FILE_NOT_WRITTEN.
     THpjFileResult Save(TProjectSimSettings* settings);
 
     /// Of the last Read or Save.
@@ -46,6 +48,8 @@ public:
     static const char* GetErrorString(THpjFileResult result);
 
 private:
+    THpjFileResult SaveLocked(TProjectSimSettings* settings, const char* path);
+
     const ISFileName* File;
     THpjFileResult ReadResult = HPJ_FILE_DONE;
     TXMLReadError ReadError;

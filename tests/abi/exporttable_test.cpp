@@ -76,6 +76,7 @@ const std::vector<TClassTraits> kClasses = {
     Row<TDListNodePool>("TDListNodePool"),
     Row<TDocumentEdit>("TDocumentEdit"),
     Row<TElement>("TElement"),
+    Row<TFileLock>("TFileLock"),
     Row<THdbSFileName>("THdbSFileName"),
     Row<THdbSFileNameList>("THdbSFileNameList"),
     Row<THdlBuildFile>("THdlBuildFile"),

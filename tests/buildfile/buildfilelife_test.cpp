@@ -1,6 +1,11 @@
 #include "filenames/componentnamelist.h"
 #include "tests/buildfile/filledbuild.h"
+#include "tests/services/names/hostform.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/lockfilename.h"
+#include "tests/support/lockingbox.h"
+#include "tests/support/memoryfilesystem.h"
+#include <thread>
 
 // What a build holds from its making over ClearAll and Initialize to the next save.
 
@@ -164,6 +169,59 @@ TEST(BuildFileConfigurations, OfALanguageWithoutStoredSettingsAreFoundButNotWrit
     EXPECT_EQ(
         ElementsWrittenBy([&build](TXMLList* document) { build.WriteProjectSettings(document); }),
         "START ProjectLanguageConfigurationList\nEND ProjectLanguageConfigurationList\n");
+}
+
+TEST(BuildFileSaves, LogThatTheyReplaceWhatOthersSaved) {
+    const MemoryFolder folder;
+    const std::string path = folder.Write("build.hbf", "<HdlBuildFile/>");
+    THdlBuildFile build(Handle(path));
+    const std::string line = "\"" + path + "\" was changed since it was read, and is replaced\n";
+    RecordingLog log;
+    EXPECT_TRUE(build.WriteToFile());
+    EXPECT_TRUE(build.WriteToFile());
+    EXPECT_EQ(log.Take(), "");
+    const std::string saved = folder.Read("build.hbf");
+    folder.Write("build.hbf", "of somebody else");
+    EXPECT_TRUE(build.WriteToFile());
+    EXPECT_EQ(log.Take(), line);
+    EXPECT_EQ(folder.Read("build.hbf"), saved);
+    EXPECT_TRUE(build.WriteToFile());
+    EXPECT_EQ(log.Take(), "");
+    folder.Write("build.hbf", "<HdlBuildFile/>");
+    build.ReadFromFile();
+    EXPECT_TRUE(build.WriteToFile());
+    folder.Remove("build.hbf");
+    EXPECT_TRUE(build.WriteToFile());
+    // One that this build has not read.
+    build.SetBuildFileName(Handle(folder.Write("other.hbf", "of somebody else")));
+    EXPECT_TRUE(build.WriteToFile());
+    EXPECT_EQ(log.Take(), "");
+}
+
+TEST(BuildFileSaves, KeepAFileThatIsLockedElsewhere) {
+    const MemoryFolder folder;
+    const std::string path = folder.Write("build.hbf", "<HdlBuildFile/>");
+    THdlBuildFile build(Handle(path));
+    LockingMessageBox box(folder.Path("another file"));
+    {
+        const TFileLock lock(path.c_str());
+        std::thread([&] { EXPECT_FALSE(build.WriteToFile()); }).join();
+        EXPECT_EQ(box.Take(), "Cannot save file: \"" + path + "\": " +
+                                  LockedReason(folder.Path(LockFileName("build.hbf"))) + " [0]\n");
+        EXPECT_EQ(folder.Read("build.hbf"), "<HdlBuildFile/>");
+        EXPECT_TRUE(build.WriteToFile());
+    }
+    EXPECT_EQ(folder.List(), "build.hbf\n");
+}
+
+TEST(BuildFileSaves, HaveLetTheFileGoWhenTheyTellTheUser) {
+    MemoryFileSystem disk;
+    const std::string path = HostForm(disk.Put("/p/build.hbf", "<HdlBuildFile/>"));
+    THdlBuildFile build(Handle(path));
+    disk.Protect("/p/build.hbf");
+    LockingMessageBox box(path);
+    EXPECT_FALSE(build.WriteToFile());
+    EXPECT_EQ(box.Take(), "Cannot save file: \"" + path + "\": write-protected [0]\n");
 }
 
 TEST(BuildFileSaves, RecordNoStamp) {

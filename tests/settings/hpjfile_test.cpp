@@ -3,11 +3,14 @@
 #include "tests/services/names/hostform.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/lockfilename.h"
+#include "tests/support/lockingbox.h"
 #include "tests/support/recorders.h"
 #include "tests/support/settingtexts.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace {
 
@@ -325,6 +328,65 @@ TEST(HpjFile, TellsWhenItCannotBeWritten) {
     else
         EXPECT_EQ(shown, expected + "No such file or directory [0]\n");
     EXPECT_EQ(folder.List(), "");
+}
+
+TEST(HpjFile, IsLockedFromTheReadingOfASaveToItsEnd) {
+    /// Counts who else could lock the file while it was read, or written.
+    class TAskingDisk : public MemoryFileSystem {
+    public:
+        TFileResult Read(const std::string& path, std::string* bytes) override {
+            Ask();
+            return MemoryFileSystem::Read(path, bytes);
+        }
+        TFileResult Flush(TFileNumber file) override {
+            Ask();
+            return MemoryFileSystem::Flush(file);
+        }
+        void Ask() {
+            std::thread([this] {
+                Answers += TFileLock(HostForm("/p/p.hpj").c_str()).IsHeld() ? "free " : "locked ";
+            }).join();
+        }
+        std::string Answers;
+    };
+    TAskingDisk disk;
+    disk.Put("/p/p.hpj", Project(kSection));
+    EXPECT_EQ(ReadAndChange(HostForm("/p/p.hpj")), HPJ_FILE_DONE);
+    // The Read, and the two of the Save.
+    EXPECT_EQ(disk.Answers, "free locked locked ");
+}
+
+TEST(HpjFile, SavesNothingWhileItIsLocked) {
+    MemoryFileSystem disk;
+    const std::string path = HostForm(disk.Put("/p/p.hpj", Project(kSection)));
+    RecordingMessageBox box;
+    {
+        const TFileLock lock(path.c_str());
+        std::thread([&] { EXPECT_EQ(ReadAndChange(path), HPJ_FILE_NOT_WRITTEN); }).join();
+        EXPECT_EQ(box.Take(), "Cannot save file: \"" + path + "\": " +
+                                  LockedReason(HostForm("/p/" + LockFileName("p.hpj"))) + " [0]\n");
+    }
+    EXPECT_EQ(disk.Text("/p/p.hpj"), Project(kSection));
+    EXPECT_EQ(ReadAndChange(path), HPJ_FILE_DONE);
+    EXPECT_EQ(box.Take(), "");
+}
+
+TEST(HpjFile, HasLetTheFileGoWhenItTellsTheUser) {
+    MemoryFileSystem disk;
+    const std::string path = HostForm(disk.Put("/p/p.hpj", Project(kSection)));
+    LockingMessageBox box(path);
+    THpjFile file(FileNamed(path.c_str()));
+    TProjectSimSettings settings;
+    ASSERT_EQ(file.Read(&settings), HPJ_FILE_DONE);
+    disk.Protect("/p/p.hpj");
+    EXPECT_EQ(file.Save(&settings), HPJ_FILE_NOT_WRITTEN);
+    EXPECT_EQ(box.Take(), "Cannot save file: \"" + path + "\": write-protected [0]\n");
+    disk.Put("/p/p.hpj", "<SimulationProject>");
+    EXPECT_EQ(file.Save(&settings), HPJ_FILE_UNREADABLE);
+    EXPECT_EQ(
+        box.Take(),
+        "Cannot read file: \"" + path +
+            "\", line 1, column 20: the document ends inside element \"SimulationProject\" [0]\n");
 }
 
 TEST(HpjFile, SavesNothingForNull) {

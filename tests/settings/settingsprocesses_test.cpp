@@ -1,11 +1,14 @@
 // Processes are made by system calls of POSIX.
 #ifndef _WIN32
+#include "services/files/filelock.h"
+#include "settings/hpjfile.h"
 #include "settings/projectdiagramsimconfig.h"
+#include "settings/projectsimsettings.h"
 #include "settings/projecttemplatesimconfiglist.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/support/processes.h"
 #include "tests/support/temporaryfolder.h"
-#include <algorithm>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -79,16 +82,57 @@ std::set<std::string> LinesOf(const std::string& text) {
     return lines;
 }
 
-/// The lines of each file that SaveManyTimes can leave when nobody else saves.
-std::vector<std::set<std::string>> LinesSavedAlone() {
-    std::vector<std::set<std::string>> files;
-    for (const char* name : {"first", "second"})
-        for (const int rounds : {1, 2}) {
-            const IniFilesOnDisk ini;
-            SaveManyTimes(name, rounds);
-            files.push_back(LinesOf(ini.Saved()));
-        }
-    return files;
+/// The lines of the file that SaveManyTimes leaves when nobody else saves.
+std::set<std::string> LinesSavedAlone(const char* name, int rounds) {
+    const IniFilesOnDisk ini;
+    SaveManyTimes(name, rounds);
+    return LinesOf(ini.Saved());
+}
+
+constexpr int kProcesses = 16;
+
+std::string NameOf(int number) {
+    return "name" + std::to_string(number);
+}
+
+/// How often the processes start together: the environment tells, else so often.
+int RoundsOr(int few) {
+    const char* const rounds = std::getenv("HDLBUILDFILE_PROCESSES_ROUNDS");
+    return rounds ? std::atoi(rounds) : few;
+}
+
+/// Starts as many processes as there are, each with its number, and waits for them.
+template <class TWork>
+bool AllSucceed(TWork work) {
+    std::vector<pid_t> processes;
+    for (int i = 0; i < kProcesses; ++i)
+        processes.push_back(StartProcess([&work, i] { return work(i); }));
+    bool allSucceed = true;
+    for (const pid_t process : processes) allSucceed = Succeeds(process) && allSucceed;
+    return allSucceed;
+}
+
+/// A project file with a configuration for each process.
+const ISFileName* MakeProject(const TemporaryFolder& folder) {
+    const ISFileName* const file = FileNamed(folder.Path("p.hpj").c_str());
+    TProjectSimSettings settings;
+    for (int i = 0; i < kProcesses; ++i) {
+        settings.AddConfiguration(new TProjectSimConfig(false));
+        settings.GetConfigurations().back()->SetName(NameOf(i).c_str());
+    }
+    EXPECT_EQ(THpjFile(file).Save(&settings), HPJ_FILE_DONE);
+    return file;
+}
+
+/// Reads the project file, changes the configuration of that number, and saves.
+THpjFileResult ChangeLogFile(const ISFileName* name, int number) {
+    THpjFile file(name);
+    TProjectSimSettings settings;
+    if (const auto result = file.Read(&settings); result != HPJ_FILE_DONE) return result;
+    settings.GetConfiguration(NameOf(number).c_str())
+        ->GetGeneralConfiguration()
+        ->SetLogFileName(("log of " + NameOf(number)).c_str());
+    return file.Save(&settings);
 }
 
 }  // namespace
@@ -142,8 +186,7 @@ TEST(SettingsProcesses, OneReadsTheDiagramSettingsThatAnotherWrote) {
                   kStoredTexts);
 }
 
-TEST(SettingsProcesses, LeaveAWholeFileWhenTwoSaveAtOnce) {
-    const std::vector<std::set<std::string>> savedAlone = LinesSavedAlone();
+TEST(SettingsProcesses, LoseNothingWhenTwoSaveAtOnce) {
     const std::string foreign = "; of another component\n[Foreign]\nb = 2\n# a is last\na=1\n";
     const IniFilesOnDisk ini;
     ini.Give(foreign);
@@ -155,17 +198,57 @@ TEST(SettingsProcesses, LeaveAWholeFileWhenTwoSaveAtOnce) {
     const std::string saved = ini.Saved();
     EXPECT_EQ(saved.substr(0, foreign.size()), foreign);
     EXPECT_EQ(saved.back(), '\n');
-    const std::set<std::string> lines = LinesOf(saved.substr(foreign.size()));
-    const auto holdsAllOf = [](const std::set<std::string>& all) {
-        return [&all](const std::set<std::string>& some) {
-            return std::includes(all.begin(), all.end(), some.begin(), some.end());
-        };
-    };
-    // One may undo what the other saved in the same instant, but nobody's lines get lost half.
-    EXPECT_TRUE(std::any_of(savedAlone.begin(), savedAlone.end(), holdsAllOf(lines)));
-    std::set<std::string> known;
-    for (const std::set<std::string>& file : savedAlone) known.insert(file.begin(), file.end());
-    EXPECT_TRUE(holdsAllOf(known)(lines));
+    std::set<std::string> ofBoth = LinesSavedAlone("first", kRounds);
+    ofBoth.merge(LinesSavedAlone("second", kRounds));
+    EXPECT_EQ(LinesOf(saved.substr(foreign.size())), ofBoth);
+}
+
+TEST(SettingsProcesses, AllTakeEffectWhenTheyChangeOneIniFileAtOnce) {
+    const std::string before = "; of another component\n[Foreign]\na=1\n";
+    for (int round = 0; round < RoundsOr(5); ++round) {
+        const TemporaryFolder folder;
+        const std::string path = folder.Write("user.ini", before);
+        EXPECT_TRUE(AllSucceed([&path](int number) {
+            TPropCache cache(path.c_str(), nullptr);
+            cache.WritePrivatePropString("Section", NameOf(number).c_str(), "value");
+            return cache.Flush();
+        }));
+        std::set<std::string> expected = LinesOf(before + "\n[Section]\n");
+        for (int i = 0; i < kProcesses; ++i) expected.insert(NameOf(i) + "=value");
+        EXPECT_EQ(LinesOf(folder.Read("user.ini")), expected);
+        EXPECT_EQ(folder.List(), "user.ini\n");
+    }
+}
+
+TEST(SettingsProcesses, AllTakeEffectWhenTheyChangeOneProjectFileAtOnce) {
+    for (int round = 0; round < RoundsOr(1); ++round) {
+        const TemporaryFolder folder;
+        const ISFileName* const file = MakeProject(folder);
+        // The first half keeps the others away from the reading on; the second half reads again
+        // when another one was faster.
+        EXPECT_TRUE(AllSucceed([file](int number) {
+            if (number % 2 == 0) {
+                const TFileLock lock(file->Canonical(false));
+                return lock.IsHeld() && ChangeLogFile(file, number) == HPJ_FILE_DONE;
+            }
+            THpjFileResult result = HPJ_FILE_CHANGED;
+            while (result == HPJ_FILE_CHANGED) result = ChangeLogFile(file, number);
+            return result == HPJ_FILE_DONE;
+        }));
+        TProjectSimSettings settings;
+        EXPECT_EQ(THpjFile(file).Read(&settings), HPJ_FILE_DONE);
+        std::string saved;
+        std::string expected;
+        for (int i = 0; i < kProcesses; ++i) {
+            const TProjectSimConfig* configuration = settings.GetConfiguration(NameOf(i).c_str());
+            ASSERT_NE(configuration, nullptr) << i;
+            saved += configuration->GetGeneralConfiguration()->GetSimulationLogFileName();
+            saved += "\n";
+            expected += "log of " + NameOf(i) + "\n";
+        }
+        EXPECT_EQ(saved, expected);
+        EXPECT_EQ(folder.List(), "p.hpj\n");
+    }
 }
 
 TEST(SettingsProcesses, KeepWhatAnotherSavedMeanwhile) {

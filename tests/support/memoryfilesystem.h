@@ -1,6 +1,7 @@
 #pragma once
 #include "services/files/filesystem.h"
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -72,6 +73,8 @@ public:
     std::string Mark = "here.1";             ///< of this process
     std::set<std::string> GoneMarks;         ///< of processes that are gone
     std::size_t MostBytesAtOnce = SIZE_MAX;  ///< that one Write takes
+    std::vector<std::int64_t> Waits;         ///< in nanoseconds
+    std::function<void()> OnWait;            ///< what others do meanwhile
 
     TFileStatus GetStatus(const std::string& given) override {
         TFileStatus status;
@@ -159,6 +162,8 @@ public:
     }
     TFileResult Flush(TFileNumber) override { return Enter("Flush"); }
     TFileResult Close(TFileNumber number) override {
+        TFile& file = FileOf(number);
+        if (file.LockedBy == number) file.LockedBy = kNotLocked;
         Open.at(static_cast<std::size_t>(number)).reset();
         return Enter("Close");
     }
@@ -179,6 +184,31 @@ public:
     }
     TFileResult FlushFolder(const std::string&) override { return Enter("FlushFolder"); }
 
+    TFileResult OpenLock(const std::string& path, TFileNumber* number) override {
+        if (TFileResult entered = Enter("OpenLock"); !entered.IsDone()) return entered;
+        const std::string folder = FolderOf(Inner(path));
+        if (path.empty()) return Fail(TFileFault::Missing);
+        if (folder.size() > 1 && !Folders.contains(folder.substr(0, folder.size() - 1)))
+            return Fail(TFileFault::Missing);
+        auto& file = Files[Inner(path)];
+        if (!file) file = std::make_shared<TFile>(TFile{"", Clock});
+        *number = static_cast<TFileNumber>(Open.size());
+        Open.push_back(file);
+        return {};
+    }
+    TFileResult Lock(TFileNumber number) override {
+        if (TFileResult entered = Enter("Lock"); !entered.IsDone()) return entered;
+        if (FileOf(number).LockedBy != kNotLocked) return Fail(TFileFault::Busy);
+        FileOf(number).LockedBy = number;
+        return {};
+    }
+    TFileResult CheckNames(const std::string& path, TFileNumber number) override {
+        if (TFileResult entered = Enter("CheckNames"); !entered.IsDone()) return entered;
+        const auto file = Files.find(Inner(path));
+        const bool isSame = file != Files.end() && file->second.get() == &FileOf(number);
+        return isSame ? TFileResult{} : Fail(TFileFault::Missing);
+    }
+
     TFileResult Remove(const std::string& path) override {
         if (TFileResult entered = Enter("Remove"); !entered.IsDone()) return entered;
         const std::string inner = Inner(path);
@@ -198,15 +228,22 @@ public:
     std::string GetWorkingDirectory(std::string_view) override { return WorkingDirectory; }
 
     std::int64_t GetTime() override { return Clock; }
+    void Wait(std::int64_t nanoseconds) override {
+        Waits.push_back(nanoseconds);
+        if (OnWait) OnWait();
+    }
     std::string GetProcessMark() override { return Mark; }
     bool IsProcessGone(const std::string& mark) override { return GoneMarks.contains(mark); }
 
 private:
+    static constexpr TFileNumber kNotLocked = -1;
+
     struct TFile {
         std::string Bytes;
         std::int64_t Time;
         std::string Rights = "ordinary";
         bool IsProtected = false;
+        TFileNumber LockedBy = kNotLocked;
     };
 
     TFileResult Enter(const char* operation) {
@@ -220,7 +257,8 @@ private:
         static const std::map<TFileFault, const char*> reasons = {
             {TFileFault::Missing, "missing"},
             {TFileFault::NotALink, "not a link"},
-            {TFileFault::NameTaken, "name taken"}};
+            {TFileFault::NameTaken, "name taken"},
+            {TFileFault::Busy, "busy"}};
         return {fault, reasons.at(fault)};
     }
     static std::string Inner(std::string path) {

@@ -1,4 +1,5 @@
 #include "services/files/directories.h"
+#include "services/files/filelock.h"
 #include "services/ini/propcache.h"
 #include "settings/hpjfile.h"
 #include "settings/projectdiagramsimconfig.h"
@@ -28,6 +29,30 @@ void SaveAProjectFile(const TWorkPlace& place) {
     EXPECT_EQ(file.Save(&settings), HPJ_FILE_DONE);
     TProjectSimSettings read;
     EXPECT_EQ(THpjFile(place.OwnHandle("project.hpj")).Read(&read), HPJ_FILE_DONE);
+    const TProjectSimConfig* config = read.GetConfiguration(place.Thread.c_str());
+    ASSERT_NE(config, nullptr);
+    EXPECT_EQ(config->GetGeneralConfiguration()->GetSimulationLogFileName(), place.RoundText());
+}
+
+void SaveTheCommonProjectFile(const TWorkPlace& place) {
+    const ISFileName* const name = place.SharedHandle("common.hpj");
+    {
+        const TFileLock lock(name->Canonical(false));
+        ASSERT_TRUE(lock.IsHeld()) << lock.GetReason();
+        THpjFile file(name);
+        TProjectSimSettings settings;
+        EXPECT_LE(file.Read(&settings), HPJ_FILE_MISSING);
+        if (!settings.GetConfiguration(place.Thread.c_str())) {
+            settings.AddConfiguration(new TProjectSimConfig(false));
+            settings.GetConfigurations().back()->SetName(place.Thread.c_str());
+        }
+        settings.GetConfiguration(place.Thread.c_str())
+            ->GetGeneralConfiguration()
+            ->SetLogFileName(place.RoundText().c_str());
+        EXPECT_EQ(file.Save(&settings), HPJ_FILE_DONE);
+    }
+    TProjectSimSettings read;
+    EXPECT_EQ(THpjFile(name).Read(&read), HPJ_FILE_DONE);
     const TProjectSimConfig* config = read.GetConfiguration(place.Thread.c_str());
     ASSERT_NE(config, nullptr);
     EXPECT_EQ(config->GetGeneralConfiguration()->GetSimulationLogFileName(), place.RoundText());

@@ -16,10 +16,11 @@ constexpr int kThreads = 8;
 
 // Each round does them all; every thread begins at another one.
 constexpr TWork kWorks[] = {
-    ReadAndOrderABuild, EditAndSaveABuild,   CopyABuild,        ReplaceABrokenBuildFile,
-    AskForNames,        RecordTimes,         RenameListedFiles, ExpandVariables,
-    FailACheck,         SaveAProjectFile,    SaveToTheIniFile,  SaveSimulators,
-    AskForOptionTexts,  SetTheHomeDirectory,
+    ReadAndOrderABuild,       EditAndSaveABuild, CopyABuild,
+    ReplaceABrokenBuildFile,  AskForNames,       RecordTimes,
+    RenameListedFiles,        ExpandVariables,   FailACheck,
+    SaveAProjectFile,         SaveToTheIniFile,  SaveSimulators,
+    SaveTheCommonProjectFile, AskForOptionTexts, SetTheHomeDirectory,
 };
 
 /// How long the threads work: the environment tells, else half a second.

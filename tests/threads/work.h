@@ -3,8 +3,8 @@
 #include "tests/support/temporaryfolder.h"
 #include <string>
 
-/// What one thread works in. The files in `Shared` are named, looked at and never written by all
-/// threads; `Own` is the thread's.
+/// What one thread works in. The files in `Shared` are named and looked at by all threads, and
+/// written only where that is the work; `Own` is the thread's.
 struct TWorkPlace {
     const TemporaryFolder& Shared;
     const TemporaryFolder& Own;
@@ -43,8 +43,9 @@ void RenameListedFiles(const TWorkPlace& place);
 void ExpandVariables(const TWorkPlace& place);
 void FailACheck(const TWorkPlace& place);
 
-// Settings, in files of a thread's own and in those of the process.
+// Settings, in files of a thread's own, in one of all threads and in those of the process.
 void SaveAProjectFile(const TWorkPlace& place);
+void SaveTheCommonProjectFile(const TWorkPlace& place);
 void SaveToTheIniFile(const TWorkPlace& place);
 void SetTheHomeDirectory(const TWorkPlace& place);
 void SaveSimulators(const TWorkPlace& place);

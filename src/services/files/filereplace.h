@@ -15,7 +15,8 @@ HDLBUILDFILE_API TFileReadResult ReadWholeFile(const char* path, std::string* by
 /// through links and keeping owner, permissions and extended attributes as far as the user may set
 /// them. The old file is never written in place; it stays as it was when any step fails, a folder
 /// that takes no new file and one whose change does not reach the disk included. What a save of
-/// this file left behind, because its process was killed, is removed.
+/// this file left behind, because its process was killed, is removed. Takes the file's lock (see
+/// TFileLock) for the time of the save: one that cannot be had is a failure.
 HDLBUILDFILE_API bool ReplaceWholeFile(const char* path, std::string_view bytes,
                                        std::string* reason);
 

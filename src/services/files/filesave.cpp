@@ -1,6 +1,7 @@
 #include "services/files/filesave.h"
 #include "services/base/fold.h"
 #include "services/base/sharedset.h"
+#include "services/files/filelock.h"
 #include "services/files/filesystem.h"
 #include "services/files/pathconventions.h"
 #include <algorithm>
@@ -22,7 +23,8 @@ TSharedSet<std::string>& TemporariesInUse() {
 /// One save, a step an operation. An operation answers false when the save fails.
 class TFileSave {
 public:
-    TFileSave(IFileSystem& system, const std::string& path) : System(system), Target(path) {}
+    TFileSave(IFileSystem& system, const std::string& path)
+        : System(system), Lock(path.c_str()), Target(Lock.GetTarget()), Reason(Lock.GetReason()) {}
     TFileSave(const TFileSave&) = delete;
     TFileSave& operator=(const TFileSave&) = delete;
     ~TFileSave() {
@@ -30,7 +32,7 @@ public:
     }
 
     bool Run(TFileParts parts, const std::string& like) {
-        if (!FollowLinks() || !LookAtTarget()) return false;
+        if (!Lock.IsHeld() || !LookAtTarget()) return false;
         RemoveLeftovers();
         const bool isDone = WriteTemporary(parts, TargetExists ? Target : like) && PutInPlace();
         RemoveTemporaries();
@@ -42,21 +44,6 @@ private:
     bool Check(const TFileResult& result) {
         if (result.IsDone()) return true;
         Reason = result.Reason;
-        return false;
-    }
-
-    /// Links in the place of the file itself; those in its folders need no care.
-    bool FollowLinks() {
-        constexpr int kMostLinks = 40;
-        for (int links = 0; links <= kMostLinks; ++links) {
-            std::string next;
-            const TFileResult result = System.ReadLink(Target, &next);
-            if (result.Fault == TFileFault::NotALink || result.Fault == TFileFault::Missing)
-                return true;
-            if (!Check(result)) return false;
-            Target = next;
-        }
-        Reason = "Too many levels of symbolic links";
         return false;
     }
 
@@ -165,6 +152,7 @@ private:
     }
 
     IFileSystem& System;
+    TFileLock Lock;
     std::string Target;
     std::string Folder;  // with the delimiter that ends it
     std::string TemporaryBegin;

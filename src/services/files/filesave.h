@@ -3,7 +3,8 @@
 #include <string>
 #include <string_view>
 
-/// Replaces the file of a canonical path whole, or leaves it as it was.
+/// Replaces the file of a canonical path whole, or leaves it as it was. Takes its lock (see
+/// TFileLock): one that cannot be had is a failure.
 ///
 /// The bytes go to a temporary file in the same folder, which is put in the place of the old one
 /// once it is on the disk. Symbolic links are followed; owner, permissions and extended attributes

@@ -8,9 +8,11 @@
 /// Why an operation failed, as far as the library treats the reasons differently.
 enum class TFileFault {
     None,
-    Missing,    ///< there is no such file or folder
-    NotALink,   ///< the file is there, and is no symbolic link
-    NameTaken,  ///< a file of that name is there already
+    Missing,      ///< there is no such file or folder
+    NotALink,     ///< the file is there, and is no symbolic link
+    NameTaken,    ///< a file of that name is there already
+    Busy,         ///< somebody else has the file for a while
+    Unsupported,  ///< the file system has nothing of that kind
     Other
 };
 
@@ -21,7 +23,7 @@ struct TFileResult {
     bool IsDone() const { return Fault == TFileFault::None; }
 };
 
-/// A file that is open for writing.
+/// A file that is open for writing or locking.
 using TFileNumber = std::intptr_t;
 
 /// The operating system's files, folders and clock: nothing else in the library reaches them,
@@ -70,6 +72,15 @@ public:
     /// Waits until the names in the folder are on the disk.
     virtual TFileResult FlushFolder(const std::string& folder) = 0;
 
+    /// Opens the lock file `path`, making it when it is missing. All who may write in its folder
+    /// may open it, whoever made it. Busy while it is being made or removed.
+    virtual TFileResult OpenLock(const std::string& path, TFileNumber* file) = 0;
+    /// Locks an open lock file without waiting: Busy when it is locked through another opening of
+    /// it. Close, and the end of the process, unlock it.
+    virtual TFileResult Lock(TFileNumber file) = 0;
+    /// Whether `path` names the open file: Missing when it names another one or none.
+    virtual TFileResult CheckNames(const std::string& path, TFileNumber file) = 0;
+
     /// Deletes a file or an empty folder.
     virtual TFileResult Remove(const std::string& path) = 0;
     virtual TFileResult MakeFolder(const std::string& path) = 0;
@@ -79,6 +90,8 @@ public:
 
     /// In nanoseconds since 1970 UTC.
     virtual std::int64_t GetTime() = 0;
+    /// Lets the thread sleep.
+    virtual void Wait(std::int64_t nanoseconds) = 0;
     /// A word of letters, digits and dots that no other living process which reaches the same files
     /// has, and whether the process of such a word is known to be gone.
     virtual std::string GetProcessMark() = 0;

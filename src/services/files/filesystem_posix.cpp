@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <dirent.h>
 #include <memory>
 #include <sys/stat.h>
@@ -33,6 +34,9 @@ TFileFault FaultOf(int error) {
             return TFileFault::NotALink;
         case EEXIST:
             return TFileFault::NameTaken;
+        case EBUSY:
+        case EWOULDBLOCK:
+            return TFileFault::Busy;
         default:
             return TFileFault::Other;
     }
@@ -139,6 +143,14 @@ std::string TNativeFileSystem::GetWorkingDirectory(std::string_view) {
 std::int64_t TNativeFileSystem::GetTime() {
     using namespace std::chrono;
     return duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();
+}
+
+void TNativeFileSystem::Wait(std::int64_t nanoseconds) {
+    constexpr std::int64_t kNanosecondsInSecond = 1'000'000'000;
+    const timespec pause = {static_cast<time_t>(nanoseconds / kNanosecondsInSecond),
+                            static_cast<long>(nanoseconds % kNanosecondsInSecond)};
+    // A signal may end it early: whoever waits looks again then.
+    nanosleep(&pause, nullptr);
 }
 
 std::string TNativeFileSystem::GetProcessMark() {

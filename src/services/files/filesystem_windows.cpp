@@ -183,6 +183,11 @@ std::int64_t TNativeFileSystem::GetTime() {
     return NanosecondsOf(now);
 }
 
+void TNativeFileSystem::Wait(std::int64_t nanoseconds) {
+    constexpr std::int64_t kNanosecondsInMillisecond = 1'000'000;
+    Sleep(static_cast<DWORD>(nanoseconds / kNanosecondsInMillisecond));
+}
+
 std::string TNativeFileSystem::GetProcessMark() {
     static const std::string machine = MarkOfMachine();
     return machine + "." + std::to_string(GetCurrentProcessId());

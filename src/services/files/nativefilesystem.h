@@ -22,12 +22,17 @@ public:
     TFileResult Rename(const std::string& from, const std::string& to) override;
     TFileResult FlushFolder(const std::string& folder) override;
 
+    TFileResult OpenLock(const std::string& path, TFileNumber* file) override;
+    TFileResult Lock(TFileNumber file) override;
+    TFileResult CheckNames(const std::string& path, TFileNumber file) override;
+
     TFileResult Remove(const std::string& path) override;
     TFileResult MakeFolder(const std::string& path) override;
     TFileResult ChangeWorkingDirectory(const std::string& path) override;
     std::string GetWorkingDirectory(std::string_view drive) override;
 
     std::int64_t GetTime() override;
+    void Wait(std::int64_t nanoseconds) override;
     std::string GetProcessMark() override;
     bool IsProcessGone(const std::string& mark) override;
 };

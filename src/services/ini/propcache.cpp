@@ -3,7 +3,10 @@
 #include "services/base/booltext.h"
 #include "services/base/fold.h"
 #include "services/files/directories.h"
+#include "services/files/filelock.h"
 #include "services/files/filereplace.h"
+#include "services/files/filestatus.h"
+#include "services/files/pathtext.h"
 #include "services/ini/inifile.h"
 #include "services/ini/inifilenames.h"
 #include "services/logging/binarylog.h"
@@ -59,9 +62,8 @@ bool ReadIniText(const std::string& path, std::string* text, TIniReadError* erro
     return false;
 }
 
-bool ReplaceIniText(const std::string& path, const std::string& text, TLogLines* log) {
-    std::string reason = "its directory cannot be made";
-    if (MakeDirectoryOf(path.c_str()) && ReplaceWholeFile(path.c_str(), text, &reason)) return true;
+/// Always false.
+bool LogUnwritten(const std::string& path, const std::string& reason, TLogLines* log) {
     log->Add("Cannot write \"" + path + "\": " + reason);
     return false;
 }
@@ -104,6 +106,8 @@ struct TPropCache::TState {
     std::optional<std::string> Find(const std::string& address) const;
     void Change(const std::string& address, std::optional<std::string> value);
     bool Flush(TLogLines* log);
+    bool IsNothingToSave() const;
+    bool Merge(TLogLines* log);
     void DropChanges();
 };
 
@@ -252,13 +256,38 @@ bool TPropCache::Flush() {
 
 bool TPropCache::TState::Flush(TLogLines* log) {
     if (Changes.empty() || UserFile.empty()) return true;
+    if (IsNothingToSave()) {
+        User.Parse({});
+    } else {
+        std::string reason = "its directory cannot be made";
+        if (!MakeDirectoryOf(UserFile.c_str())) return LogUnwritten(UserFile, reason, log);
+        // From here on nobody else's save comes between the reading and the writing.
+        const TFileLock lock(UserFile.c_str());
+        if (!lock.IsHeld()) return LogUnwritten(UserFile, lock.GetReason(), log);
+        if (!Merge(log)) return false;
+    }
+    DropChanges();
+    return true;
+}
+
+/// Keys were deleted, and there is no file that could hold them.
+bool TPropCache::TState::IsNothingToSave() const {
+    if (std::any_of(Changes.begin(), Changes.end(),
+                    [](const auto& change) { return change.Value.has_value(); }))
+        return false;
+    const TFileStatus status = LookAtFile(CanonicalPath(UserFile));
+    return !status.Exists && !status.IsUnknown;
+}
+
+bool TPropCache::TState::Merge(TLogLines* log) {
     std::string text;
     TIniReadError error;
     if (!ReadIniText(UserFile, &text, &error, log)) return false;
     const auto merged = MergedIniText(text, Changes);
-    if (merged != text && !ReplaceIniText(UserFile, merged, log)) return false;
+    std::string reason;
+    if (merged != text && !ReplaceWholeFile(UserFile.c_str(), merged, &reason))
+        return LogUnwritten(UserFile, reason, log);
     User.Parse(merged);
-    DropChanges();
     return true;
 }
 

@@ -14,9 +14,10 @@ struct TIniReadError {
 ///
 /// Reads look in the user's file first, then in the system's; writes go to the user's only, are
 /// visible to reads at once, and reach the file with Flush() or the destructor: the keys changed
-/// here are merged into the file as it then is, which is replaced whole. A key deleted in the
-/// user's file shows the system's value again. Sections and keys compare exactly; null counts as
-/// empty. A value with outer blanks or outer double quotes is stored in double quotes, of which
+/// here are merged into the file as it then is, which is replaced whole; the file is locked
+/// meanwhile (see TFileLock), so that what two save at the same time is all there. A key deleted in
+/// the user's file shows the system's value again. Sections and keys compare exactly; null counts
+/// as empty. A value with outer blanks or outer double quotes is stored in double quotes, of which
 /// reading strips one pair; a line end in a value becomes one blank (logged). Foreign sections,
 /// comments and their order survive a save.
 ///
@@ -54,9 +55,9 @@ public:
     void WritePrivatePropBool(const char* section, const char* key, bool value);
     void DeletePrivateProp(const char* section, const char* key);
 
-    /// Saves what changed. False, logged, when the file cannot be read or written; the changes stay
-    /// pending. Without a user's file there is nothing to save: true, and the changes live as long
-    /// as the cache.
+    /// Saves what changed. False, logged, when the file cannot be locked, read or written; the
+    /// changes stay pending. Without a user's file there is nothing to save: true, and the changes
+    /// live as long as the cache.
     bool Flush();
 
 private:

@@ -4,11 +4,12 @@
 #include <unordered_map>
 
 #include "services/base/fold.h"
+#include "services/files/filelock.h"
 #include "services/files/filereplace.h"
 #include "services/files/filestatus.h"
 #include "services/files/pathconventions.h"
 #include "services/logging/binarylog.h"
-#include "services/logging/messagebox.h"
+#include "services/logging/usermessages.h"
 #include "services/names/isfilename.h"
 #include "services/xml/elementsequence.h"
 #include "services/xml/xmlprint.h"
@@ -98,6 +99,12 @@ bool ReadBytes(const char* path, std::string* bytes, TXMLReadError* error) {
 
 bool ReplaceFile(const ISFileName* file, const char* path, TFileParts document,
                  std::string* reason) {
+    // So that the backup is of the very file that is replaced.
+    const TFileLock lock(path);
+    if (!lock.IsHeld()) {
+        *reason = lock.GetReason();
+        return false;
+    }
     if (MustBeKept(file) && !KeepBackup(path, reason)) return false;
     if (!ReplaceWholeFileByParts(path, document, reason)) return false;
     NoteRead(file, true);
@@ -111,11 +118,6 @@ bool PrintElements(TXMLList* list, TPrintBuffer* document, std::string* reason) 
     if (writer.Finish()) return true;
     *reason = writer.GetError();
     return false;
-}
-
-void TellSaveFailure(const char* path, const std::string& reason) {
-    const std::string text = "\"" + std::string(path) + "\": " + reason;
-    Fileservices::GetMessageBox()->ShowMessage(text.c_str(), "Cannot save file", 0);
 }
 
 }  // namespace
@@ -260,7 +262,7 @@ bool TXMLList::WriteFile(const char* path) {
     if (FillAndPrint(&document, &reason) &&
         ReplaceFile(FileName, file.c_str(), document.GetParts(), &reason))
         return true;
-    TellSaveFailure(file.c_str(), reason);
+    TellSaveFailure(file, reason);
     return false;
 }
 
@@ -309,5 +311,5 @@ void TXMLList::HandleMissingOrInvalidFile(const char* path) {
     if (ReadError.Missing) return;
     const std::string text = DescribeReadError(path ? path : "", ReadError);
     LogText(text);
-    Fileservices::GetMessageBox()->ShowMessage(text.c_str(), "Cannot read file", 0);
+    TellUser(text, "Cannot read file");
 }

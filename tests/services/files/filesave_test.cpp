@@ -2,6 +2,7 @@
 #include "services/base/fold.h"
 #include "services/files/filereplace.h"
 #include "tests/services/names/hostform.h"
+#include "tests/support/lockfilename.h"
 #include "tests/support/memoryfilesystem.h"
 #include <gtest/gtest.h>
 #include <thread>
@@ -23,6 +24,11 @@ std::string Lines(const std::vector<std::string>& words) {
     return lines;
 }
 
+/// The steps of a save between those that lock the file and those that let it go.
+std::string Locked(const std::string& steps) {
+    return "ReadLink\nOpenLock\nLock\nCheckNames\n" + steps + "Remove\nClose\n";
+}
+
 /// The name of a temporary file of `name` in /p/, as a process of that mark makes it.
 std::string TemporaryOf(const std::string& name, const std::string& mark) {
     return "/p/.hdlbuildfile-" + std::to_string(HashIgnoringCase(name)) + "-" + mark +
@@ -37,28 +43,30 @@ struct TScene {
     const char* Old;      // its bytes
     const char* Before;
     const char* After;
+    const char* Folder;  // of the file that is written
+    const char* Name;
     int Failures;  // how many steps, failing, make the save fail
 };
 
 const TScene kScenes[] = {
     {"a file", [](MemoryFileSystem& disk) { disk.Put(kPath, "old bytes"); }, kPath, "old bytes",
-     "/p/a.xml\n", "/p/a.xml\n", 11},
+     "/p/a.xml\n", "/p/a.xml\n", "/p/", "a.xml", 14},
     {"no file", [](MemoryFileSystem& disk) { disk.PutFolder("/p"); }, kPath, "<missing>", "",
-     "/p/a.xml\n", 10},
+     "/p/a.xml\n", "/p/", "a.xml", 13},
     {"a link",
      [](MemoryFileSystem& disk) {
          disk.Put("/q/real.xml", "old bytes");
          disk.PutLink(kPath, "/q/real.xml");
      },
      "/q/real.xml", "old bytes", "/p/a.xml -> /q/real.xml\n/q/real.xml\n",
-     "/p/a.xml -> /q/real.xml\n/q/real.xml\n", 12},
+     "/p/a.xml -> /q/real.xml\n/q/real.xml\n", "/q/", "real.xml", 15},
     {"a link to nothing",
      [](MemoryFileSystem& disk) {
          disk.PutFolder("/q");
          disk.PutLink(kPath, "/q/real.xml");
      },
      "/q/real.xml", "<missing>", "/p/a.xml -> /q/real.xml\n",
-     "/p/a.xml -> /q/real.xml\n/q/real.xml\n", 11},
+     "/p/a.xml -> /q/real.xml\n/q/real.xml\n", "/q/", "real.xml", 14},
 };
 
 }  // namespace
@@ -68,13 +76,13 @@ TEST(FileSave, TakesTheSameStepsEveryTime) {
     disk.PutFolder("/p");
     EXPECT_EQ(Saved(), "done");
     EXPECT_EQ(Lines(disk.GetOperations()),
-              "ReadLink\nCheckReplaceable\nListFolder\nCreate\nWrite\nFlush\nClose\nRename\n"
-              "FlushFolder\n");
+              Locked("CheckReplaceable\nListFolder\nCreate\nWrite\nFlush\nClose\nRename\n"
+                     "FlushFolder\n"));
     disk.Mend();
     EXPECT_EQ(Saved("newer bytes"), "done");
     EXPECT_EQ(Lines(disk.GetOperations()),
-              "ReadLink\nCheckReplaceable\nListFolder\nCreate\nWrite\nTakeOver\nFlush\nClose\n"
-              "Link\nRename\nFlushFolder\nRemove\n");
+              Locked("CheckReplaceable\nListFolder\nCreate\nWrite\nTakeOver\nFlush\nClose\n"
+                     "Link\nRename\nFlushFolder\nRemove\n"));
     EXPECT_EQ(disk.Text(kPath), "newer bytes");
     EXPECT_EQ(disk.List(), "/p/a.xml\n");
 }
@@ -86,16 +94,16 @@ TEST(FileSave, WritesPartAfterPart) {
     disk.PutFolder("/p");
     EXPECT_TRUE(SaveFileOfParts(HostForm(kPath), parts, "", &reason));
     EXPECT_EQ(Lines(disk.GetOperations()),
-              "ReadLink\nCheckReplaceable\nListFolder\nCreate\nWrite\nWrite\nWrite\nFlush\n"
-              "Close\nRename\nFlushFolder\n");
+              Locked("CheckReplaceable\nListFolder\nCreate\nWrite\nWrite\nWrite\nFlush\n"
+                     "Close\nRename\nFlushFolder\n"));
     EXPECT_EQ(disk.Text(kPath), "new bytes at last");
     disk.Put(kPath, "old");
     disk.Mend();
-    disk.FailAt(6, kBroken);
+    disk.FailAt(9, kBroken);
     EXPECT_FALSE(SaveFileOfParts(HostForm(kPath), parts, "", &reason));
     EXPECT_EQ(reason, "the disk is broken");
     EXPECT_EQ(Lines(disk.GetOperations()),
-              "ReadLink\nCheckReplaceable\nListFolder\nCreate\nWrite\nWrite\nClose\nRemove\n");
+              Locked("CheckReplaceable\nListFolder\nCreate\nWrite\nWrite\nClose\nRemove\n"));
     EXPECT_EQ(disk.Text(kPath), "old");
     EXPECT_EQ(disk.List(), "/p/a.xml\n");
 }
@@ -114,11 +122,18 @@ TEST(FileSave, KeepsTheOldFileWhicheverStepFails) {
                                       std::to_string(number) + " of\n" +
                                       Lines(disk.GetOperations());
             const bool isDone = answer == "done";
+            const std::string failed = disk.GetOperations()[static_cast<std::size_t>(number) - 1];
+            const bool failedToLock = failed == "Lock" || failed == "CheckNames";
             if (!isDone) {
                 ++failures;
                 EXPECT_EQ(answer, "the disk is broken") << label;
             }
             EXPECT_EQ(disk.Text(scene.Written), isDone ? "new bytes" : scene.Old) << label;
+            disk.Mend();
+            // A lock file that could not be locked means nothing, and stays.
+            if (failedToLock) {
+                EXPECT_TRUE(disk.Remove(scene.Folder + LockFileName(scene.Name)).IsDone()) << label;
+            }
             EXPECT_EQ(disk.List(), isDone ? scene.After : scene.Before) << label;
         }
         EXPECT_EQ(failures, scene.Failures) << scene.Label;
@@ -204,11 +219,11 @@ TEST(FileSave, TakesOverTheRightsOfTheOldFile) {
 TEST(FileSave, TriesAnotherNameWhenTheTemporaryOneIsTaken) {
     MemoryFileSystem disk;
     disk.PutFolder("/p");
-    disk.FailAt(4, {TFileFault::NameTaken, "taken"});
+    disk.FailAt(7, {TFileFault::NameTaken, "taken"});
     EXPECT_EQ(Saved(), "done");
     EXPECT_EQ(Lines(disk.GetOperations()),
-              "ReadLink\nCheckReplaceable\nListFolder\nCreate\nCreate\nWrite\nFlush\nClose\n"
-              "Rename\nFlushFolder\n");
+              Locked("CheckReplaceable\nListFolder\nCreate\nCreate\nWrite\nFlush\nClose\n"
+                     "Rename\nFlushFolder\n"));
 }
 
 TEST(FileSave, KeepsAFileThatMayNotBeReplaced) {
@@ -226,9 +241,10 @@ TEST(FileSave, KeepsAFileThatMayNotBeReplaced) {
 }
 
 TEST(FileSave, LeavesTheTemporaryFileOfAnotherThreadsSave) {
-    /// Saves the same file once more while the first save waits for the disk.
+    /// Knows no locks, and saves the same file once more while the first save waits for it.
     class TWaitingDisk : public MemoryFileSystem {
     public:
+        TFileResult Lock(TFileNumber) override { return {TFileFault::Unsupported, "no locks"}; }
         TFileResult Flush(TFileNumber file) override {
             if (!IsWaiting) {
                 IsWaiting = true;

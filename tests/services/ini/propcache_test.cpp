@@ -1,7 +1,9 @@
 #include "services/ini/propcache.h"
 #include "services/files/directories.h"
+#include "services/files/filelock.h"
 #include "services/ini/inifilenames.h"
 #include "tests/support/growth.h"
+#include "tests/support/lockfilename.h"
 #include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
 #include "tests/support/temporaryfolder.h"
@@ -64,6 +66,81 @@ TEST(PropCache, TakesNothingFromAFileThatIsNoText) {
     const TPropCache cache(user.c_str(), nullptr);
     EXPECT_EQ(cache.GetPrivatePropText("A", "k", "-"), "-");
     EXPECT_EQ(log.Take(), "Cannot read \"" + user + "\": it is not a text file\n");
+}
+
+TEST(PropCache, LosesNothingWhicheverStepOfASaveFails) {
+    const std::string before = "[A]\nk=v\n";
+    const std::string after = "[A]\nk=v\nl=w\n";
+    const std::string path = HostForm("/p/user.ini");
+    int failures = 0;
+    for (int number = 1;; ++number) {
+        RecordingLog log;
+        MemoryFileSystem disk;
+        disk.Put("/p/user.ini", before);
+        TPropCache cache(path.c_str(), nullptr);
+        cache.WritePrivatePropString("A", "l", "w");
+        disk.FailAt(number, {TFileFault::Other, "broken"});
+        const bool isSaved = cache.Flush();
+        if (static_cast<int>(disk.GetOperations().size()) < number) break;
+        const std::string label = disk.GetOperations()[static_cast<std::size_t>(number) - 1];
+        EXPECT_EQ(disk.Text("/p/user.ini"), isSaved ? after : before) << label;
+        EXPECT_EQ(log.Take().empty(), isSaved) << label;
+        disk.Mend();
+        EXPECT_TRUE(cache.Flush()) << label;
+        EXPECT_EQ(disk.Text("/p/user.ini"), after) << label;
+        failures += isSaved ? 0 : 1;
+    }
+    EXPECT_EQ(failures, 14);
+}
+
+TEST(PropCache, KeepsItsChangesWhileTheFileIsLocked) {
+    RecordingLog log;
+    MemoryFileSystem disk;
+    const std::string path = HostForm(disk.Put("/p/user.ini", "[A]\nk=v\n"));
+    TPropCache cache(path.c_str(), nullptr);
+    cache.WritePrivatePropString("A", "k", "w");
+    {
+        const TFileLock lock(path.c_str());
+        std::thread([&] { EXPECT_FALSE(cache.Flush()); }).join();
+        EXPECT_EQ(log.Take(), "Cannot write \"" + path + "\": " +
+                                  LockedReason(HostForm("/p/" + LockFileName("user.ini"))) + "\n");
+        disk.Put("/p/user.ini", "[A]\nk=v\nl=of another\n");
+    }
+    EXPECT_TRUE(cache.Flush());
+    EXPECT_EQ(disk.Text("/p/user.ini"), "[A]\nk=w\nl=of another\n");
+    EXPECT_EQ(cache.GetPrivatePropText("A", "l", "-"), "of another");
+    EXPECT_EQ(log.Take(), "");
+}
+
+TEST(PropCache, IsLockedFromTheReadingOfASaveToItsEnd) {
+    /// Another program saves as soon as the file was read, if it can.
+    class TBusyDisk : public MemoryFileSystem {
+    public:
+        TFileResult Read(const std::string& path, std::string* bytes) override {
+            const TFileResult result = MemoryFileSystem::Read(path, bytes);
+            std::thread([&] {
+                Answers += TFileLock(path.c_str()).IsHeld() ? "free " : "locked ";
+            }).join();
+            return result;
+        }
+        std::string Answers;
+    };
+    TBusyDisk disk;
+    TPropCache cache(HostForm(disk.Put("/p/user.ini", "[A]\nk=v\n")).c_str(), nullptr);
+    cache.WritePrivatePropString("A", "k", "w");
+    EXPECT_TRUE(cache.Flush());
+    EXPECT_EQ(disk.Answers, "free locked ");
+}
+
+TEST(PropCache, MakesNothingForKeysThatAreGone) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("user.ini", "[A]\nk=v\n");
+    TPropCache cache(path.c_str(), nullptr);
+    std::filesystem::remove(path);
+    cache.DeletePrivateProp("A", "k");
+    EXPECT_TRUE(cache.Flush());
+    EXPECT_EQ(folder.List(), "");
+    EXPECT_EQ(cache.GetPrivatePropText("A", "k", "-"), "-");
 }
 
 TEST(PropCache, LeavesAFileAloneThatHoldsAllAlready) {

@@ -1,0 +1,145 @@
+#include "services/files/filelock.h"
+#include "services/base/fold.h"
+#include "services/files/filesystem.h"
+#include "services/files/pathconventions.h"
+#include "services/files/pathtext.h"
+#include <algorithm>
+
+namespace {
+
+constexpr std::int64_t kMillisecond = 1'000'000;
+constexpr std::int64_t kShortestPause = kMillisecond;
+constexpr std::int64_t kLongestPause = 4 * kMillisecond;
+constexpr std::int64_t kLongestWait = 10'000 * kMillisecond;
+
+/// Links in the place of the file itself; those in its folders need no care.
+TFileResult FollowLinks(IFileSystem& system, std::string* path) {
+    constexpr int kMostLinks = 40;
+    for (int links = 0; links <= kMostLinks; ++links) {
+        std::string next;
+        const TFileResult result = system.ReadLink(*path, &next);
+        if (result.Fault == TFileFault::NotALink || result.Fault == TFileFault::Missing) return {};
+        if (!result.IsDone()) return result;
+        *path = next;
+    }
+    return {TFileFault::Other, "Too many levels of symbolic links"};
+}
+
+/// Without regard to case, as some systems see one file in both spellings. An empty path names no
+/// file, and has none either.
+std::string LockFileOf(const std::string& target) {
+    if (target.empty()) return {};
+    const std::size_t name = target.rfind(kPathDelimiter) + 1;
+    const std::size_t hash = HashIgnoringCase(std::string_view(target).substr(name));
+    return target.substr(0, name) + ".hdlbuildfile-" + std::to_string(hash) + ".lock";
+}
+
+/// Locks the lock file, unless somebody else has it at this moment: Busy.
+TFileResult TryToLock(IFileSystem& system, const std::string& path, TFileNumber* file) {
+    TFileResult result = system.OpenLock(path, file);
+    if (!result.IsDone()) return result;
+    result = system.Lock(*file);
+    // Its former holder may have removed it between the two: then it locks nobody out any more.
+    if (result.IsDone()) result = system.CheckNames(path, *file);
+    if (result.Fault == TFileFault::Missing) result.Fault = TFileFault::Busy;
+    if (result.IsDone()) return result;
+    if (result.Fault == TFileFault::Unsupported) system.Remove(path);
+    system.Close(*file);
+    return result;
+}
+
+}  // namespace
+
+/// A lock of one thread, however often the thread took it.
+class THeldLock {
+public:
+    /// Gives the lock of that lock file, which Drop() lets go.
+    static TFileResult Take(IFileSystem& system, const std::string& path, THeldLock** held);
+    void Drop();
+
+private:
+    THeldLock(IFileSystem& system, const std::string& path, TFileNumber file, bool isLocked)
+        : System(system), Path(path), File(file), IsLocked(isLocked), Next(First) {
+        First = this;
+    }
+
+    static THeldLock* Find(IFileSystem& system, const std::string& path);
+    static THeldLock* FindByFile(IFileSystem& system, const std::string& path);
+
+    static thread_local THeldLock* First;  // of those that this thread holds
+
+    IFileSystem& System;
+    std::string Path;  // of the lock file
+    TFileNumber File;
+    bool IsLocked;  // false where the file system knows no locks
+    int Count = 1;
+    THeldLock* Next;
+};
+
+thread_local THeldLock* THeldLock::First = nullptr;
+
+THeldLock* THeldLock::Find(IFileSystem& system, const std::string& path) {
+    THeldLock* held = First;
+    while (held && (&held->System != &system || held->Path != path)) held = held->Next;
+    return held;
+}
+
+/// The same folder may have two paths.
+THeldLock* THeldLock::FindByFile(IFileSystem& system, const std::string& path) {
+    const auto isIt = [&](const THeldLock& held) {
+        return &held.System == &system && held.IsLocked &&
+               system.CheckNames(path, held.File).IsDone();
+    };
+    THeldLock* held = First;
+    while (held && !isIt(*held)) held = held->Next;
+    return held;
+}
+
+TFileResult THeldLock::Take(IFileSystem& system, const std::string& path, THeldLock** held) {
+    *held = Find(system, path);
+    std::int64_t pause = kShortestPause;
+    for (std::int64_t waited = 0; !*held; waited += pause) {
+        TFileNumber file = 0;
+        const TFileResult result = TryToLock(system, path, &file);
+        const bool isLocked = result.IsDone();
+        if (isLocked || result.Fault == TFileFault::Unsupported) {
+            *held = new THeldLock(system, path, file, isLocked);
+            return {};
+        }
+        if (result.Fault != TFileFault::Busy) return result;
+        *held = FindByFile(system, path);
+        if (*held) break;
+        if (waited >= kLongestWait)
+            return {TFileFault::Busy,
+                    "it is being changed elsewhere: \"" + path + "\" stayed locked for 10 seconds"};
+        pause = waited == 0 ? kShortestPause : std::min(2 * pause, kLongestPause);
+        system.Wait(pause);
+    }
+    ++(*held)->Count;
+    return {};
+}
+
+void THeldLock::Drop() {
+    if (--Count > 0) return;
+    THeldLock** place = &First;
+    while (*place != this) place = &(*place)->Next;
+    *place = Next;
+    if (IsLocked) {
+        // Removed while it is locked, so that nobody locks one that is about to go. What holds a
+        // file for a moment, such as a virus scanner, has let it go the second time.
+        if (!System.Remove(Path).IsDone()) System.Remove(Path);
+        System.Close(File);
+    }
+    delete this;
+}
+
+TFileLock::TFileLock(const char* path) : Target(CanonicalPath(path ? path : "")) {
+    IFileSystem& system = GetFileSystem();
+    TFileResult result = FollowLinks(system, &Target);
+    if (result.IsDone()) result = THeldLock::Take(system, LockFileOf(Target), &Held);
+    Reason = result.Reason;
+}
+
+TFileLock::~TFileLock() {
+    if (Held) Held->Drop();
+}

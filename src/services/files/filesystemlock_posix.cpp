@@ -1,0 +1,55 @@
+#include "services/files/filesystem_posix.h"
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+// Lock files.
+
+namespace {
+
+// What another program put in the place of a lock file must not lead elsewhere or keep us waiting.
+constexpr int kHowToOpen = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+constexpr mode_t kEverybody = 0666;
+
+/// Whether flock failed because nobody can lock a file there, as on some network drives.
+bool HasNoLocks(int error) {
+    return error == ENOSYS || error == EOPNOTSUPP || error == ENOTSUP || error == ENOLCK;
+}
+
+}  // namespace
+
+TFileResult TNativeFileSystem::OpenLock(const std::string& path, TFileNumber* file) {
+    int descriptor = open(Native(path), O_RDWR | O_CREAT | O_EXCL | kHowToOpen, kEverybody);
+    if (descriptor >= 0) {
+        // One that is left over must not keep the others of a team out, whatever the user's mask.
+        (void)fchmod(descriptor, kEverybody);
+    } else if (errno == EEXIST) {
+        descriptor = open(Native(path), O_RDWR | kHowToOpen);
+        // Removed, or not open to everybody yet.
+        if (descriptor < 0 && (errno == ENOENT || errno == EACCES)) errno = EBUSY;
+    }
+    *file = descriptor;
+    return ResultOf(descriptor < 0 ? -1 : 0);
+}
+
+TFileResult TNativeFileSystem::Lock(TFileNumber file) {
+    int status = -1;
+    do status = flock(static_cast<int>(file), LOCK_EX | LOCK_NB);
+    while (status != 0 && errno == EINTR);
+    if (status == 0) return {};
+    const int error = errno;
+    TFileResult result = FailWith(error);
+    if (HasNoLocks(error)) result.Fault = TFileFault::Unsupported;
+    return result;
+}
+
+TFileResult TNativeFileSystem::CheckNames(const std::string& path, TFileNumber file) {
+    struct stat named = {};
+    struct stat opened = {};
+    if (lstat(Native(path), &named) != 0 || fstat(static_cast<int>(file), &opened) != 0)
+        return FailWith(errno);
+    const bool isSame = named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
+    return isSame ? TFileResult() : FailWith(ENOENT);
+}
