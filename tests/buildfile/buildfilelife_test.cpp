@@ -35,24 +35,25 @@ TEST_F(BuildFileLife, StartsWithEveryMemberAtItsDefault) {
 
 TEST_F(BuildFileLife, ClearAllEmptiesTheListsAndKeepsTheTexts) {
     Build.ClearAll();
-    EXPECT_EQ(TextOf(Build),
-              "file <null>\n"
-              "languages None None None\n"
-              "versions x.x x.x\n"
-              "sugar <null>\n"
-              "time fs ms\n"
-              "libraries 'gen' 'dest' snapshot 'snap'\n"
-              "defines '+define+A' plus options '+x'\n"
-              "single true force true\n"
-              "general null options set\n"
-              "variables V=1\n"
-              "tools\n"
-              "components\n"
-              "configurations\n"
-              "sources\n"
-              "ordered\n"
-              "precompiled lib\n"
-              "result 9 error 'mismatched tag'\n");
+    EXPECT_EQ(
+        TextOf(Build),
+        "file <null>\n"
+        "languages None None None\n"
+        "versions x.x x.x\n"
+        "sugar <null>\n"
+        "time fs ms\n"
+        "libraries 'gen' 'dest' snapshot 'snap'\n"
+        "defines '+define+A' plus options '+x'\n"
+        "single true force true\n"
+        "general null options set\n"
+        "variables V=1\n"
+        "tools\n"
+        "components\n"
+        "configurations\n"
+        "sources\n"
+        "ordered\n"
+        "precompiled lib\n"
+        "result 9 error 'mismatched tag: element \"HdlBuildFile\" of line 1 is still open'\n");
     EXPECT_EQ(Build.GetV2VOptions(), &Options);
     Build.AddPrecompiledLibraryGroupNoDup("lib");
     EXPECT_EQ(Build.GetPrecompiledLibraryGroups(), std::vector<std::string>{"lib"});

@@ -241,9 +241,11 @@ TEST(BuildFileReader, TakesNothingOfAMalformedFile) {
     EXPECT_EQ(read.Build.GetTopLanguage(), LANGUAGE_NONE);
     EXPECT_EQ(read.Build.GetReadError().Line, 2);
     EXPECT_EQ(read.Build.GetReadError().Column, 67);
-    EXPECT_EQ(read.Build.GetReadError().Reason, "mismatched tag");
+    EXPECT_EQ(read.Build.GetReadError().Reason,
+              "mismatched tag: element \"Broken\" of line 2 is still open");
     EXPECT_EQ(read.Messages.Take(), "Cannot read file: \"" + read.Folder.Path("build.xml") +
-                                        "\", line 2, column 67: mismatched tag [0]\n");
+                                        "\", line 2, column 67: mismatched tag: element \"Broken\" "
+                                        "of line 2 is still open [0]\n");
 }
 
 TEST(BuildFileReader, KeepsADamagedFileBesideWhenSavingOverIt) {

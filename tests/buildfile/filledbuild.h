@@ -114,7 +114,7 @@ inline constexpr const char* kFilled =
     "sources VHDL: a.vhd\n"
     "ordered a.vhd\n"
     "precompiled lib\n"
-    "result 9 error 'mismatched tag'\n";
+    "result 9 error 'mismatched tag: element \"HdlBuildFile\" of line 1 is still open'\n";
 
 // As TextOfMembersWithoutGetter shows them.
 inline constexpr const char* kFreshWithoutGetter =

@@ -239,14 +239,18 @@ TEST_F(BuildOnDisk, TellsWhyAFileCouldNotBeRead) {
     THdlBuildFile malformed(
         Handle(Folder.Write("bad.hbf", "<HdlBuildFile>\n<Open>\n</HdlBuildFile>\n")));
     EXPECT_EQ(malformed.GetReadResult(), READ_NO_ERROR);
-    EXPECT_EQ(malformed.GetReadError().Reason, "mismatched tag");
+    EXPECT_EQ(malformed.GetReadError().Reason,
+              "mismatched tag: element \"Open\" of line 2 is still open");
     EXPECT_EQ(malformed.GetReadError().Line, 3);
     std::string expected = kFresh;
     expected.replace(expected.find("<null>"), 6, "bad.hbf");
-    expected.replace(expected.find("error ''"), 8, "error 'mismatched tag'");
+    expected.replace(expected.find("error ''"), 8,
+                     "error 'mismatched tag: element \"Open\" of line 2 is still open'");
     EXPECT_EQ(TextOf(malformed), expected);
-    EXPECT_EQ(Box.Take(), "Cannot read file: \"" + Folder.Path("bad.hbf") +
-                              "\", line 3, column 3: mismatched tag [0]\n");
+    EXPECT_EQ(
+        Box.Take(),
+        "Cannot read file: \"" + Folder.Path("bad.hbf") +
+            "\", line 3, column 3: mismatched tag: element \"Open\" of line 2 is still open [0]\n");
     malformed.SetBuildFileName(Name);
     malformed.ReadFromFile();
     EXPECT_FALSE(malformed.GetReadError().IsError());

@@ -221,7 +221,10 @@ TEST(Tool, ReportsAMalformedBuildFileWithItsPlace) {
         const TToolRun run = RunHdlbuild({command, "--json", "bad.xml"});
         EXPECT_EQ(run.Status, kExitFile) << command;
         EXPECT_EQ(run.Out, "") << command;
-        EXPECT_EQ(run.Err, "hdlbuild: error: bad.xml:3:8: mismatched tag\n") << command;
+        EXPECT_EQ(
+            run.Err,
+            "hdlbuild: error: bad.xml:3:8: mismatched tag: element \"A\" of line 3 is still open\n")
+            << command;
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include "services/base/progress.h"
 #include "services/xml/expatrun.h"
+#include "services/xml/openelement.h"
 #include "services/xml/xmlprologue.h"
 #include "services/xml/xmltext.h"
 
@@ -46,6 +47,7 @@ public:
         return "the document ends inside element \"" +
                (Open.empty() ? std::string(DroppedRoot) : Open.back()->Name.Str()) + "\"";
     }
+    bool HasWrongEnd() const { return Run.GetError() == XML_ERROR_TAG_MISMATCH; }
     std::size_t GetFailurePlace() const { return Run.GetFailurePlace(); }
     /// The document behind the prologue, which may be elsewhere by now.
     std::string_view GetRest() const { return Rest; }
@@ -166,11 +168,16 @@ bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
     if (documentType) *documentType = prologue.DocumentType;
     TDocumentReader reader(document, encoding, droppedRoot, documentType != nullptr, elements);
     const std::string beginning(document.substr(0, prologue.DocumentTypeEnd));
-    if (reader.Read(BlankDocumentType(document, encoding, prologue), released)) return true;
-    const std::string reason = reader.GetReason();
+    const std::string blanked = BlankDocumentType(document, encoding, prologue);
+    if (reader.Read(blanked, released)) return true;
+    std::string reason = reader.GetReason();
     elements->Clear();
-    const std::size_t place = reader.GetFailurePlace();
-    if (released && released->empty())
-        return Fail(beginning + std::string(reader.GetRest()), encoding, place, reason, error);
-    return Fail(document, encoding, place, reason, error);
+    std::string whole;
+    if (released && released->empty()) {
+        whole = beginning + std::string(reader.GetRest());
+        document = whole;
+    }
+    if (reader.HasWrongEnd())
+        reason += ": " + DescribeOpenElement(document, encoding, blanked) + " is still open";
+    return Fail(document, encoding, reader.GetFailurePlace(), reason, error);
 }

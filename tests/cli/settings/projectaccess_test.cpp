@@ -81,7 +81,7 @@ TEST(ProjectAccess, RefusesAFileThatItCannotReadWhole) {
         std::string Expected;
     } rows[] = {
         {"malformed", "<SimulationProject>\n<a></b>",
-         "3\nhdlbuild: error: p.hpj:2:6: mismatched tag\n"},
+         "3\nhdlbuild: error: p.hpj:2:6: mismatched tag: element \"a\" of line 2 is still open\n"},
         {"no project", "<HdlBuildFileList/>",
          "3\nhdlbuild: error: p.hpj: the file is no project file: its root is not "
          "SimulationProject\n"},

@@ -74,7 +74,7 @@ TEST(TranslatorAccess, ChangesNoBuildThatItCannotRead) {
         const char* Expected;
     } rows[] = {
         {"malformed", "<HdlBuildFileList>\n<a></b>",
-         "3\nhdlbuild: error: b.xml:2:6: mismatched tag\n"},
+         "3\nhdlbuild: error: b.xml:2:6: mismatched tag: element \"a\" of line 2 is still open\n"},
         {"the section twice", Build(Options("") + Options("")),
          "1\nhdlbuild: error: b.xml: the file holds the switches more than once\n"},
         {"the other's section too", Build(Options("") + "    <Vhdl2VerilogTranslationOptions/>\n"),

@@ -103,10 +103,13 @@ TEST(XMLEncoding, RefusesWhatIsNotAsDeclared) {
          "1:1: UTF-16 without a byte-order mark"},
         {"the same, high byte first", Utf16("<a/>", true), "1:1: UTF-16 without a byte-order mark"},
         {"error in the second line of UTF-16", kLittleEndianMark + Utf16("<a>\r\n <b></a>"),
-         "2:13: mismatched tag"},
+         "2:13: mismatched tag: element \"b\" of line 2 is still open"},
         {"entity in UTF-16", kBigEndianMark + Utf16("<!DOCTYPE a [\n<!ENTITY e 'x'>]><a/>", true),
          "2:1: entity declarations are not accepted"},
-        {"the mark is no column", kUtf8Mark + "<a></b>", "1:6: mismatched tag"},
+        {"a name in Windows-1252", "<a>\n<\xE4>\n</a></\xE4>",
+         "3:3: mismatched tag: element \"\xC3\xA4\" of line 2 is still open"},
+        {"the mark is no column", kUtf8Mark + "<a></b>",
+         "1:6: mismatched tag: element \"a\" of line 1 is still open"},
     };
     for (const Row& row : rows) EXPECT_EQ(StreamOf(row.Document), row.Expected) << row.Label;
 }
@@ -162,7 +165,11 @@ TEST(XMLEncoding, RefusesALoneSurrogateWhereverItIs) {
          {kFirstHigh},
          "--><a/>",
          "1:9: not well-formed (invalid token)"},
-        {"behind another fault", "<a></b>", {kFirstHigh}, "", "1:11: mismatched tag"},
+        {"behind another fault",
+         "<a></b>",
+         {kFirstHigh},
+         "",
+         "1:11: mismatched tag: element \"a\" of line 1 is still open"},
         {"a pair", "<a>", {kFirstHigh, 0xDE00}, "</a>", "START a\nTEXT \xF0\x9F\x98\x80\nEND a\n"},
     };
     for (const Row& row : rows) {

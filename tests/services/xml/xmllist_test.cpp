@@ -217,14 +217,18 @@ TEST(XMLList, TellsWhereAFileIsMalformed) {
     PushElements(&list, "START old\nEND old\n");
     EXPECT_FALSE(list.ReadFile(path.c_str()));
     EXPECT_EQ(list.Calls, "handle " + path + "\n");
-    EXPECT_EQ(box.Take(), Message("Cannot read file", path, ", line 3, column 3: mismatched tag"));
-    EXPECT_EQ(log.Take(), "xmllist(105): \"" + path + "\", line 3, column 3: mismatched tag\n");
+    EXPECT_EQ(box.Take(),
+              Message("Cannot read file", path,
+                      ", line 3, column 3: mismatched tag: element \"a\" of line 2 is still open"));
+    EXPECT_EQ(log.Take(),
+              "xmllist(105): \"" + path +
+                  "\", line 3, column 3: mismatched tag: element \"a\" of line 2 is still open\n");
     const TXMLReadError& error = list.GetReadError();
     EXPECT_FALSE(error.Missing);
     EXPECT_EQ(error.File, path);
     EXPECT_EQ(error.Line, 3);
     EXPECT_EQ(error.Column, 3);
-    EXPECT_EQ(error.Reason, "mismatched tag");
+    EXPECT_EQ(error.Reason, "mismatched tag: element \"a\" of line 2 is still open");
 }
 
 TEST(XMLList, TellsWhereAFileHasHalfACharacter) {

@@ -164,7 +164,14 @@ TEST(XMLReading, LocatesWhatIsMalformed) {
         {"cut in a comment", "<a><!-- x", "1:4: unclosed token"},
         {"cut in a section", "<a><![CDATA[x", "1:14: unclosed CDATA section"},
         {"cut in the document type", "<!DOCTYPE a [\n", "2:1: no element found"},
-        {"wrong end", "<a>\n  <b>\n  </c>\n</a>", "3:5: mismatched tag"},
+        {"wrong end", "<a>\n  <b>\n  </c>\n</a>",
+         "3:5: mismatched tag: element \"b\" of line 2 is still open"},
+        {"wrong end, siblings closed", "<a>\n<b/>\n<b>\n<c>x</c></b>\n<d\n x=''></b></d></a>",
+         "6:9: mismatched tag: element \"d\" of line 5 is still open"},
+        {"wrong end of the root", "<!DOCTYPE a [\n<!ATTLIST b c CDATA 'd'>]>\n<a></b>",
+         "3:6: mismatched tag: element \"a\" of line 3 is still open"},
+        {"wrong end behind a long token", "<a>\n<b " + std::string(300000, ' ') + "></a>",
+         "2:300007: mismatched tag: element \"b\" of line 2 is still open"},
         {"end without start", "<a/></a>", "1:6: not well-formed (invalid token)"},
         {"repeated attribute", "<a x='1' y='2' x='3'/>", "1:16: duplicate attribute"},
         {"attribute without value", "<a x/>", "1:5: not well-formed (invalid token)"},
@@ -192,9 +199,12 @@ TEST(XMLReading, LocatesWhatIsMalformed) {
          "1:13: more than one document type"},
         {"late declaration", " <?xml version='1.0'?><a/>",
          "1:2: XML or text declaration not at start of entity"},
-        {"column in bytes", "<\xC3\xA4>\xC3\xA4\xC3\xA4<b></\xC3\xA4>", "1:14: mismatched tag"},
-        {"lines end with CR, LF and CR LF", "<a>\r\n\r\n\r\n<b></a>", "4:6: mismatched tag"},
-        {"lines end with CR", "<a>\r\r<b></a>", "3:6: mismatched tag"},
+        {"column in bytes", "<\xC3\xA4>\xC3\xA4\xC3\xA4<b></\xC3\xA4>",
+         "1:14: mismatched tag: element \"b\" of line 1 is still open"},
+        {"lines end with CR, LF and CR LF", "<a>\r\n\r\n\r\n<b></a>",
+         "4:6: mismatched tag: element \"b\" of line 4 is still open"},
+        {"lines end with CR", "<a>\r\r<b></a>",
+         "3:6: mismatched tag: element \"b\" of line 3 is still open"},
     });
 }
 
@@ -221,6 +231,11 @@ TEST(XMLReading, KeepsTheLineEndThatATextBeginsWith) {
         {"before a comment", "<a>\n<!-- c -->-g</a>", "START a\nTEXT \n-g\nEND a\n"},
         {"before an element", "<a>\n-g<b/></a>", "START a\nTEXT \n-g\nSTART b\nEND b\nEND a\n"},
     });
+}
+
+TEST(XMLReading, NamesTheDroppedRootThatIsStillOpen) {
+    EXPECT_EQ(StreamOf("<List>\n<a/></b>", kListType),
+              "2:7: mismatched tag: element \"List\" of line 1 is still open");
 }
 
 TEST(XMLReading, NamesTheDroppedRootThatTheDocumentEndsIn) {
