@@ -9,8 +9,6 @@
 
 namespace {
 
-using TLines = std::vector<std::string>;
-
 /// A build that has been read, with what its document shows beyond it.
 struct TCheckedBuild {
     const THdlBuildFile& Build;
@@ -26,8 +24,8 @@ bool LacksBuild(const TCheckedBuild& checked) {
     return !checked.Document.HasBuild;
 }
 
-std::string LineOfNoBuild(const TCheckedBuild&) {
-    return "no HdlBuildFile element: the document describes no build";
+TDiagnostic DiagnoseNoBuild(const TCheckedBuild&) {
+    return {DIAGNOSTIC_NO_BUILD, {}};
 }
 
 TJson HasBuildAsJson(const TCheckedBuild& checked) {
@@ -38,9 +36,10 @@ bool HasReadFault(const TCheckedBuild& checked) {
     return checked.Build.GetReadResult() != 0;
 }
 
-std::string LineOfReadResult(const TCheckedBuild& checked) {
+TDiagnostic DiagnoseReadResult(const TCheckedBuild& checked) {
     const THdlBuildFileReadResults result = checked.Build.GetReadResult();
-    return "read result " + std::to_string(result) + ": " + THdlBuildFile::GetErrorString(result);
+    return {DIAGNOSTIC_READ_RESULT,
+            {std::to_string(result), THdlBuildFile::GetErrorString(result)}};
 }
 
 TJson ReadResultAsJson(const TCheckedBuild& checked) {
@@ -52,9 +51,9 @@ std::vector<TListedSource> FindMissing(const TCheckedBuild& checked) {
     return ListMissingSources(checked.Build);
 }
 
-TLines LinesOfMissing(const TListedSource& source, const TCheckedBuild& checked) {
-    return {"missing file: " + PathOf(source.File, checked) + " (" +
-            GetStringFromHdlLanguage(source.Group) + ")"};
+TDiagnostic DiagnoseMissing(const TListedSource& source, const TCheckedBuild& checked) {
+    return {DIAGNOSTIC_MISSING_FILE,
+            {PathOf(source.File, checked), GetStringFromHdlLanguage(source.Group)}};
 }
 
 TJson MissingAsJson(const TListedSource& source, const TCheckedBuild& checked) {
@@ -68,14 +67,16 @@ std::vector<TDependencyCycle> FindCycles(const TCheckedBuild& checked) {
     return FindDependencyCycles(files);
 }
 
-TLines LinesOfCycle(const TDependencyCycle& cycle, const TCheckedBuild& checked) {
+TDiagnostic DiagnoseCycle(const TDependencyCycle& cycle, const TCheckedBuild& checked) {
     const std::size_t count = cycle.Files.size();
-    std::string line = "dependency cycle of " + std::to_string(count);
-    line += count == 1 ? " file: " : " files: ";
-    for (const IHdlSourceFile* file : cycle.Shortest) line += PathOf(file, checked) + " -> ";
-    TLines lines = {line + PathOf(cycle.Shortest.front(), checked)};
-    for (const IHdlSourceFile* file : cycle.Files) lines.push_back("  " + PathOf(file, checked));
-    return lines;
+    std::string path;
+    for (const IHdlSourceFile* file : cycle.Shortest) path += PathOf(file, checked) + " -> ";
+    TDiagnostic diagnostic{DIAGNOSTIC_CYCLE,
+                           {std::to_string(count) + (count == 1 ? " file" : " files"),
+                            path + PathOf(cycle.Shortest.front(), checked)}};
+    for (const IHdlSourceFile* file : cycle.Files)
+        diagnostic.Details.push_back(PathOf(file, checked));
+    return diagnostic;
 }
 
 TJson CycleAsJson(const TDependencyCycle& cycle, const TCheckedBuild& checked) {
@@ -92,15 +93,16 @@ std::vector<TRepeatedSource> FindRepeated(const TCheckedBuild& checked) {
 }
 
 // Names the groups, and the spellings that differ from the first.
-TLines LinesOfRepeated(const TRepeatedSource& source, const TCheckedBuild& checked) {
+TDiagnostic DiagnoseRepeated(const TRepeatedSource& source, const TCheckedBuild& checked) {
     const std::string& path = source.Places.front().Path;
-    TLines places;
+    std::vector<std::string> places;
     for (const TSourcePlace& place : source.Places) {
         std::string& text = places.emplace_back(place.Language);
         if (place.Path != path) text += " as " + PathText(place.Path.c_str(), checked.Paths);
     }
-    return {"named " + std::to_string(places.size()) +
-            " times: " + PathText(path.c_str(), checked.Paths) + " (" + JoinNames(places) + ")"};
+    return {
+        DIAGNOSTIC_REPEATED_SOURCE,
+        {std::to_string(places.size()), PathText(path.c_str(), checked.Paths), JoinNames(places)}};
 }
 
 TJson RepeatedAsJson(const TRepeatedSource& source, const TCheckedBuild& checked) {
@@ -115,14 +117,14 @@ std::vector<TSpelledSource> FindSpelled(const TCheckedBuild& checked) {
     return checked.Document.Spelled;
 }
 
-TLines LinesOfSpelled(const TSpelledSource& source, const TCheckedBuild& checked) {
-    TLines texts;
+TDiagnostic DiagnoseSpelled(const TSpelledSource& source, const TCheckedBuild& checked) {
+    std::vector<std::string> texts;
     for (const TSpelling& spelling : source.Spellings) {
         std::string& text = texts.emplace_back(PathText(spelling.Path.c_str(), checked.Paths));
         if (!spelling.Dependent.empty())
             text += " as a dependency of " + PathText(spelling.Dependent.c_str(), checked.Paths);
     }
-    return {std::to_string(texts.size()) + " spellings: " + JoinNames(texts)};
+    return {DIAGNOSTIC_SPELLINGS, {std::to_string(texts.size()), JoinNames(texts)}};
 }
 
 TJson SpelledAsJson(const TSpelledSource& source, const TCheckedBuild& checked) {
@@ -139,12 +141,12 @@ TJson SpelledAsJson(const TSpelledSource& source, const TCheckedBuild& checked) 
 /// Everything that may be wrong with a build, in the order of both outputs.
 const std::vector<TFindingKind<TCheckedBuild>>& FindingKinds() {
     static const std::vector<TFindingKind<TCheckedBuild>> kinds = {
-        FaultKind("hasBuild", LacksBuild, LineOfNoBuild, HasBuildAsJson),
-        FaultKind("readResult", HasReadFault, LineOfReadResult, ReadResultAsJson),
-        FindingKind("missingFiles", FindMissing, LinesOfMissing, MissingAsJson),
-        FindingKind("cycles", FindCycles, LinesOfCycle, CycleAsJson),
-        FindingKind("repeatedSources", FindRepeated, LinesOfRepeated, RepeatedAsJson),
-        FindingKind("spellings", FindSpelled, LinesOfSpelled, SpelledAsJson),
+        FaultKind("hasBuild", LacksBuild, DiagnoseNoBuild, HasBuildAsJson),
+        FaultKind("readResult", HasReadFault, DiagnoseReadResult, ReadResultAsJson),
+        FindingKind("missingFiles", FindMissing, DiagnoseMissing, MissingAsJson),
+        FindingKind("cycles", FindCycles, DiagnoseCycle, CycleAsJson),
+        FindingKind("repeatedSources", FindRepeated, DiagnoseRepeated, RepeatedAsJson),
+        FindingKind("spellings", FindSpelled, DiagnoseSpelled, SpelledAsJson),
     };
     return kinds;
 }

@@ -1,13 +1,14 @@
 #pragma once
 #include "cli/frame/command.h"
 #include "cli/frame/json.h"
+#include "flows/diagnosticrules.h"
 #include <string>
 #include <utility>
 #include <vector>
 
 /// What was found of one kind.
 struct TFound {
-    std::vector<std::string> Lines;  ///< for text output; none: nothing is wrong
+    std::vector<TDiagnostic> Diagnostics;  ///< none: nothing is wrong
     TJson Json;
 };
 
@@ -21,13 +22,12 @@ struct TFindingKind {
 /// A kind of which there may be many. In JSON it is the array of them.
 template <class TSubject, class TItem>
 TFindingKind<TSubject> FindingKind(const char* key, std::vector<TItem> (*collect)(const TSubject&),
-                                   std::vector<std::string> (*lines)(const TItem&, const TSubject&),
+                                   TDiagnostic (*diagnose)(const TItem&, const TSubject&),
                                    TJson (*json)(const TItem&, const TSubject&)) {
     return {key, [=](const TSubject& subject) {
                 TFound found{{}, TJson::Array()};
                 for (const TItem& item : collect(subject)) {
-                    for (std::string& line : lines(item, subject))
-                        found.Lines.push_back(std::move(line));
+                    found.Diagnostics.push_back(diagnose(item, subject));
                     found.Json.Add(json(item, subject));
                 }
                 return found;
@@ -37,11 +37,11 @@ TFindingKind<TSubject> FindingKind(const char* key, std::vector<TItem> (*collect
 /// A kind that is one fault or none. In JSON it is a value that is there without a fault, too.
 template <class TSubject>
 TFindingKind<TSubject> FaultKind(const char* key, bool (*isFault)(const TSubject&),
-                                 std::string (*line)(const TSubject&),
+                                 TDiagnostic (*diagnose)(const TSubject&),
                                  TJson (*json)(const TSubject&)) {
     return {key, [=](const TSubject& subject) {
                 TFound found{{}, json(subject)};
-                if (isFault(subject)) found.Lines.push_back(line(subject));
+                if (isFault(subject)) found.Diagnostics.push_back(diagnose(subject));
                 return found;
             }};
 }
@@ -56,7 +56,7 @@ TFindings FindAll(const std::vector<TFindingKind<TSubject>>& kinds, const TSubje
     return findings;
 }
 
-/// Prints the findings about `file`: their lines, or one line when nothing is wrong; as JSON
-/// `result` with "clean" and a member for each kind. Returns kExitProblems or kExitDone.
+/// Prints the findings about `file`: their texts and details, or one line when nothing is wrong; as
+/// JSON `result` with "clean" and a member for each kind. Returns kExitProblems or kExitDone.
 int ReportFindings(const TFindings& findings, const std::string& file, TJson result,
                    const TCommonArguments& arguments, const TToolStreams& streams);

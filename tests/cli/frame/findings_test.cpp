@@ -14,8 +14,8 @@ std::vector<char> FindDigits(const TText& text) {
     return digits;
 }
 
-std::vector<std::string> LinesOfDigit(const char& digit, const TText& text) {
-    return {std::string("digit ") + digit, "  in " + text};
+TDiagnostic DiagnoseDigit(const char& digit, const TText& text) {
+    return {DIAGNOSTIC_MISSING_FILE, {std::string(1, digit), "digit"}, {"in " + text}};
 }
 
 TJson DigitAsJson(const char& digit, const TText&) {
@@ -26,8 +26,8 @@ bool IsShort(const TText& text) {
     return text.size() < 3;
 }
 
-std::string LineOfLength(const TText&) {
-    return "too short";
+TDiagnostic DiagnoseLength(const TText& text) {
+    return {DIAGNOSTIC_READ_RESULT, {std::to_string(text.size()), "too short"}};
 }
 
 TJson LengthAsJson(const TText& text) {
@@ -37,8 +37,8 @@ TJson LengthAsJson(const TText& text) {
 /// The exit status and the output.
 std::string Report(const TText& text, bool isJson) {
     const std::vector<TFindingKind<TText>> kinds = {
-        FaultKind("length", IsShort, LineOfLength, LengthAsJson),
-        FindingKind("digits", FindDigits, LinesOfDigit, DigitAsJson),
+        FaultKind("length", IsShort, DiagnoseLength, LengthAsJson),
+        FindingKind("digits", FindDigits, DiagnoseDigit, DigitAsJson),
     };
     TCommonArguments arguments;
     arguments.Json = isJson;
@@ -53,9 +53,10 @@ std::string Report(const TText& text, bool isJson) {
 
 TEST(Findings, PrintTheLinesOfAllKinds) {
     EXPECT_EQ(Report("abc", false), "0\na\\n.txt: no problems\n");
-    EXPECT_EQ(Report("a", false), "1\ntoo short\n");
-    EXPECT_EQ(Report("1\t2", false), "1\ndigit 1\n  in 1\\t2\ndigit 2\n  in 1\\t2\n");
-    EXPECT_EQ(Report("7", false), "1\ntoo short\ndigit 7\n  in 7\n");
+    EXPECT_EQ(Report("a", false), "1\nread result 1: too short\n");
+    EXPECT_EQ(Report("1\t2", false),
+              "1\nmissing file: 1 (digit)\n  in 1\\t2\nmissing file: 2 (digit)\n  in 1\\t2\n");
+    EXPECT_EQ(Report("7", false), "1\nread result 1: too short\nmissing file: 7 (digit)\n  in 7\n");
 }
 
 TEST(Findings, PrintOneJsonObjectWithAMemberForEachKind) {

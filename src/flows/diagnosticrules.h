@@ -1,0 +1,46 @@
+#pragma once
+#include <string>
+#include <string_view>
+#include <vector>
+
+enum TDiagnosticSeverity : int { SEVERITY_NOTE, SEVERITY_WARNING, SEVERITY_ERROR };
+
+/// What may be wrong with a build. The number is that of the code which users see: 101 is "HB101".
+enum TDiagnosticCode : int {
+    DIAGNOSTIC_NO_BUILD = 101,
+    DIAGNOSTIC_READ_RESULT = 102,
+    DIAGNOSTIC_MISSING_FILE = 201,
+    DIAGNOSTIC_REPEATED_SOURCE = 202,
+    DIAGNOSTIC_SPELLINGS = 203,
+    DIAGNOSTIC_CYCLE = 301,
+};
+
+/// One row of the table of diagnostics. The texts are static and never null.
+struct TDiagnosticRule {
+    TDiagnosticCode Code;
+    const char* Name;  ///< a word for other tools, unique
+    TDiagnosticSeverity Severity;
+    const char* Text;  ///< what is wrong; "{1}" to "{9}" stand for the names of one fault
+    const char* Cure;  ///< what helps, in whole sentences
+};
+
+/// One fault.
+struct TDiagnostic {
+    TDiagnosticCode Code;
+    std::vector<std::string> Names;         ///< for the places in the text, as users see them
+    std::vector<std::string> Details = {};  ///< names that need a line of their own
+};
+
+/// All rows, in ascending order of their codes. Static.
+const std::vector<TDiagnosticRule>& GetDiagnosticRules();
+/// The row of a code.
+const TDiagnosticRule& GetDiagnosticRule(TDiagnosticCode code);
+/// The row of a code as users write it, ignoring case: "HB101". Null for an unknown one.
+const TDiagnosticRule* FindDiagnosticRule(std::string_view id);
+
+/// The code as users see it.
+std::string GetDiagnosticId(TDiagnosticCode code);
+/// "note", "warning" or "error". Static.
+const char* GetSeverityText(TDiagnosticSeverity severity);
+/// The text of one fault with its names, but without its details.
+std::string GetDiagnosticText(const TDiagnostic& diagnostic);
