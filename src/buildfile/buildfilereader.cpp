@@ -63,6 +63,7 @@ const char* THdlBuildFile::GetErrorString(THdlBuildFileReadResults result) {
 THdlBuildFileReadResults THdlBuildFile::ReadFromFile() {
     ReadResult = READ_NO_ERROR;
     ReadError = {};
+    BuildElementMet = false;
     if (!BuildFileName) return ReadResult;
     const std::string path = BuildFileName->Canonical(false);
     // Looked at first: a save of somebody else's during the read counts as one after it.
@@ -72,6 +73,7 @@ THdlBuildFileReadResults THdlBuildFile::ReadFromFile() {
     // A missing or malformed file leaves the build as it was: only ReadError tells.
     document.ReadFile(BuildFileName->GetParts(PART_ALL));
     ReadError = document.GetReadError();
+    BuildElementMet = document.HasBuildElement();
     BuildFileName->UpdateTimeFileLastLoaded(kDefaultTimeStampKey);
     Parts->NoteFile(path, status);
     CompilePrecompiledLibraryGroup();

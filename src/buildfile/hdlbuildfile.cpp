@@ -61,6 +61,7 @@ THdlBuildFile& THdlBuildFile::operator=(const THdlBuildFile& other) {
     SugarEngineDll = other.SugarEngineDll;
     ReadResult = other.ReadResult;
     ReadError = other.ReadError;
+    BuildElementMet = other.BuildElementMet;
     Variables = other.Variables;
     GeneralConfiguration = other.GeneralConfiguration;
     return *this;
@@ -123,6 +124,7 @@ void THdlBuildFile::SetDefaults() {
     SnapshotName.clear();
     ReadResult = READ_NO_ERROR;
     ReadError = {};
+    BuildElementMet = false;
     // Reading keeps the first value of a variable: a value of the former read must not win.
     Variables.clear();
 }

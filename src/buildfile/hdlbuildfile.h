@@ -180,6 +180,9 @@ public:
     THdlBuildFileReadResults GetReadResult() const { return ReadResult; }
     /// Why the last read found no document; without an error when it did.
     const TXMLReadError& GetReadError() const { return ReadError; }
+    /// Whether the last read met an "HdlBuildFile" element. A document without one describes no
+    /// build: of what it has, the reader takes what it knows.
+    bool HasBuildElement() const { return BuildElementMet; }
     /// Static, never null.
     static const char* GetErrorString(THdlBuildFileReadResults result);
     /// Replaces the build file whole, with its lock (see TFileLock) held. False, with the old file
@@ -283,6 +286,7 @@ private:
     TPseudoVariables Variables;
     TProjectSimGeneralConfig* GeneralConfiguration = nullptr;
     bool OwnsConfigurations = false;
+    bool BuildElementMet = false;
 };
 
 /// Appends `path` in the form for command files: relative to `directory` when it is there or below,

@@ -12,8 +12,10 @@ struct TSection {
     bool (THdlBuildFile::*Read)(TElementIterator&);
 };
 
+constexpr const char* kBuildElement = "HdlBuildFile";
+
 constexpr TSection kSections[] = {
-    {"HdlBuildFile", &THdlBuildFile::ReadAttributes},
+    {kBuildElement, &THdlBuildFile::ReadAttributes},
     {"TopLevelComponents", &THdlBuildFile::ReadTopLevelComponentNames},
     {"ExternalSimulatorSettings", &THdlBuildFile::ReadExternalConfigurations},
     {"GeneralConfiguration", &THdlBuildFile::ReadGeneralSettings},
@@ -44,14 +46,18 @@ void THdlBuildFileXMLList::FillElements() {
 }
 
 bool THdlBuildFileXMLList::InterpretElements() {
+    BuildElementMet = false;
     if (!Build) return true;
     TElementIterator element = GetFirst();
     while (element.NotAtTail()) {
         const TElementIterator before = element;
         const TSection* section = FindSection(element);
-        if (section && !(Build->*section->Read)(element)) return true;
+        if (section == kSections) BuildElementMet = true;
+        if (section && !(Build->*section->Read)(element)) break;
         // A reader stops on the next section's start, which must not be stepped over.
         if (element == before) ++element;
     }
+    // Behind a section that could not be read.
+    if (!BuildElementMet) BuildElementMet = FindNext(element, kBuildElement, nullptr);
     return true;
 }

@@ -11,6 +11,9 @@ public:
     explicit THdlBuildFileXMLList(THdlBuildFile* build);
     ~THdlBuildFileXMLList() override;
 
+    /// Whether the document of the last read has an "HdlBuildFile" element.
+    bool HasBuildElement() const { return BuildElementMet; }
+
 protected:
     void FillElements() override;
     /// Ends at the first section whose reader fails; always true.
@@ -18,4 +21,5 @@ protected:
 
 private:
     THdlBuildFile* Build;
+    bool BuildElementMet = false;
 };

@@ -170,8 +170,6 @@ TDocumentFindings CheckDocument(const ISFileName* buildFile) {
     TPlainDocument document;
     document.SetDocumentType("<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">");
     if (!document.ReadFile(buildFile->Canonical(false))) return {};
-    DListIterator<TElement*> element(document);
-    const bool hasBuild = TXMLList::FindNext(element, "HdlBuildFile", nullptr);
     const TMentions mentions(document, buildFile->GetPathOnly());
-    return {hasBuild, mentions.FindRepeated(), mentions.FindSpelled()};
+    return {mentions.FindRepeated(), mentions.FindSpelled()};
 }

@@ -29,7 +29,6 @@ struct TSpelledSource {
 
 /// What the document of a build file shows, but not the build read from it.
 struct TDocumentFindings {
-    bool HasBuild = true;  ///< whether there is an "HdlBuildFile" element
     /// Of a repeated name, the build keeps but one.
     std::vector<TRepeatedSource> Repeated;
     std::vector<TSpelledSource> Spelled;

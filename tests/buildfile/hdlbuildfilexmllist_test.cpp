@@ -32,4 +32,36 @@ TEST(BuildFileXMLList, HandsEachSectionToItsReader) {
     EXPECT_EQ(build.GetSourceFileLanguages(), std::vector{LANGUAGE_VERILOG});
 }
 
+TEST(BuildFileXMLList, TellsWhetherTheDocumentHasABuild) {
+    const struct {
+        const char* Label;
+        const char* Document;
+        bool HasBuild;
+    } rows[] = {
+        {"a build", "<HdlBuildFileList><HdlBuildFile/></HdlBuildFileList>", true},
+        {"the root itself", "<HdlBuildFile/>", true},
+        {"below something else", "<a><b/><HdlBuildFile/></a>", true},
+        {"behind a section that cannot be read",
+         "<a><ProjectLanguageConfigurationList><LanguageSettings/>"
+         "</ProjectLanguageConfigurationList><HdlBuildFile/></a>",
+         true},
+        {"a section alone", "<a><OutputDiagram>a.tim</OutputDiagram></a>", false},
+        {"another case", "<hdlbuildfile/>", false},
+        {"malformed", "<HdlBuildFile/><a", false},
+    };
+    const MemoryFolder folder;
+    THdlBuildFile build;
+    for (const auto& row : rows) {
+        const std::string path = folder.Write("build.xml", row.Document);
+        build.SetBuildFileName(ISFileName::NewISFileName(path.c_str()));
+        build.ReadFromFile();
+        EXPECT_EQ(build.HasBuildElement(), row.HasBuild) << row.Label;
+        EXPECT_EQ(THdlBuildFile(build).HasBuildElement(), row.HasBuild) << row.Label;
+    }
+    folder.Write("build.xml", "<HdlBuildFile/>");
+    build.ReadFromFile();
+    build.Initialize();
+    EXPECT_FALSE(build.HasBuildElement());
+}
+
 }  // namespace

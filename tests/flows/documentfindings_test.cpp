@@ -28,7 +28,7 @@ std::string Findings(const std::string& document) {
     const auto relative = [&folder](const std::string& path) {
         return path.starts_with(folder.Path()) ? path.substr(folder.Path().size() + 1) : path;
     };
-    std::string lines = findings.HasBuild ? "" : "no build\n";
+    std::string lines;
     for (const TRepeatedSource& source : findings.Repeated) {
         lines += "repeated";
         for (const TSourcePlace& place : source.Places)
@@ -73,10 +73,6 @@ TEST(DocumentFindings, TellRepeatedSourcesAndTheirSpellings) {
         {"without a path", Source("") + Source("  ") + Source("a.vhd", {"", " "}), ""},
     };
     for (const auto& row : rows) EXPECT_EQ(Findings(Build(row.Sources)), row.Findings) << row.Label;
-}
-
-TEST(DocumentFindings, TellADocumentWithoutBuild) {
-    EXPECT_EQ(Findings("<project/>"), "no build\n");
 }
 
 TEST(DocumentFindings, TellNothingOfAFileThatCannotBeRead) {

@@ -21,7 +21,7 @@ std::string PathOf(const IHdlSourceFile* file, const TCheckedBuild& checked) {
 }
 
 bool LacksBuild(const TCheckedBuild& checked) {
-    return !checked.Document.HasBuild;
+    return !checked.Build.HasBuildElement();
 }
 
 TDiagnostic DiagnoseNoBuild(const TCheckedBuild&) {
@@ -29,7 +29,7 @@ TDiagnostic DiagnoseNoBuild(const TCheckedBuild&) {
 }
 
 TJson HasBuildAsJson(const TCheckedBuild& checked) {
-    return checked.Document.HasBuild;
+    return checked.Build.HasBuildElement();
 }
 
 bool HasReadFault(const TCheckedBuild& checked) {

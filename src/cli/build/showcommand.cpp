@@ -202,6 +202,7 @@ int RunShow(const TBuildArguments& arguments, const TToolStreams& streams) {
     THdlBuildFile build;
     const int status = LoadBuild(arguments.Build, streams, &build);
     if (status == kExitFile) return status;
+    ReportNoBuild(build, streams);
     const TJson contents = ContentsOf(build, arguments);
     if (arguments.Json)
         PrintJson(contents, streams);

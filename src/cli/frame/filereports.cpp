@@ -1,6 +1,7 @@
 #include "cli/frame/filereports.h"
 #include "buildfile/hdlbuildfile.h"
 #include "cli/frame/progressline.h"
+#include "flows/diagnosticrules.h"
 #include "services/names/isfilename.h"
 
 namespace {
@@ -24,12 +25,19 @@ int LoadBuild(const std::string& file, const TToolStreams& streams, THdlBuildFil
     if (streams.Progress) streams.Progress->SetFile(file);
     build->SetBuildFileName(ISFileName::NewISFileName(file.c_str()));
     const THdlBuildFileReadResults result = build->ReadFromFile();
-    if (!build->GetReadError().IsError()) return result == 0 ? kExitDone : kExitProblems;
+    if (!build->GetReadError().IsError())
+        return result == 0 && build->HasBuildElement() ? kExitDone : kExitProblems;
     ReportReadError(build->GetReadError(), file, streams);
     return kExitFile;
 }
 
+void ReportNoBuild(const THdlBuildFile& build, const TToolStreams& streams) {
+    if (!build.HasBuildElement())
+        ReportError(streams, GetDiagnosticText({DIAGNOSTIC_NO_BUILD, {}}));
+}
+
 void ReportReadResult(const THdlBuildFile& build, const TToolStreams& streams) {
+    ReportNoBuild(build, streams);
     if (build.GetReadResult() != 0)
         ReportError(streams, THdlBuildFile::GetErrorString(build.GetReadResult()));
 }

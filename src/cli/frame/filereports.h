@@ -29,8 +29,11 @@ private:
 void ReportReadError(TXMLReadError error, const std::string& file, const TToolStreams& streams);
 
 /// Reads a build file without showing messages. kExitFile, with one line on Err, for a file that
-/// cannot be read or parsed; else kExitDone when the read result is 0 or kExitProblems.
+/// cannot be read or parsed; else kExitDone, or kExitProblems when the read result is not 0 or the
+/// document is no build.
 int LoadBuild(const std::string& file, const TToolStreams& streams, THdlBuildFile* build);
 
-/// The read result's text as an error line on Err; nothing for result 0.
+/// An error line on Err for a document that is no build; nothing for a build.
+void ReportNoBuild(const THdlBuildFile& build, const TToolStreams& streams);
+/// The same, and the read result's text as an error line; nothing for result 0.
 void ReportReadResult(const THdlBuildFile& build, const TToolStreams& streams);

@@ -145,7 +145,9 @@ TEST(ShowCommand, PrintsTheSameAsOneJsonObject) {
 TEST(ShowCommand, PrintsAnEmptyBuildBriefly) {
     const WorkingFolder folder;
     folder.Write("build.xml",
-                 "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n<HdlBuildFileList/>\n");
+                 "<!DOCTYPE HdlBuildFileList SYSTEM "
+                 "\"hdl-buildfile.dtd\">\n<HdlBuildFileList><HdlBuildFile/>"
+                 "</HdlBuildFileList>\n");
     const TToolRun run = RunHdlbuild({"show", "build.xml"});
     EXPECT_EQ(run.Status, kExitDone);
     EXPECT_EQ(run.Out,

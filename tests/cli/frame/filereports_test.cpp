@@ -25,11 +25,14 @@ TEST(FileReports, TellWhyABuildCannotBeLoaded) {
     folder.Write("gone.xml", BuildText("<SourceFileGroup Language=\"VHDL\">" +
                                        SourceText("gone.vhd") + "</SourceFileGroup>"));
     folder.Write("bad.xml", "<a>\n</b>");
+    folder.Write("other.xml", "<project/>");
     EXPECT_EQ(Load("good.xml"), "0\n");
     EXPECT_EQ(Load("gone.xml"), "1\nhdlbuild: error: Build File: Missing file(s) on load.\n");
     EXPECT_EQ(Load("./bad.xml"),
               "3\nhdlbuild: error: ./bad.xml:2:3: mismatched tag: element \"a\" of line 1 is still "
               "open\n");
+    EXPECT_EQ(Load("other.xml"),
+              "1\nhdlbuild: error: no HdlBuildFile element: the document describes no build\n");
     EXPECT_EQ(Load("no.xml"), "3\nhdlbuild: error: no.xml: the file does not exist\n");
     EXPECT_EQ(box.Take(), "");
 }
