@@ -1,4 +1,5 @@
 #pragma once
+#include "services/base/api.h"
 #include <cstdint>
 #include <string>
 
@@ -18,7 +19,7 @@ struct TFileStatus {
 
 /// Looks at the file of a canonical path: the one way in which the library asks what the disk
 /// holds.
-TFileStatus LookAtFile(const std::string& path);
+HDLBUILDFILE_API TFileStatus LookAtFile(const std::string& path);
 /// Whether the file may be read, or written.
 bool LookWhetherReadable(const std::string& path);
 bool LookWhetherWritable(const std::string& path);

@@ -13,6 +13,7 @@ public:
     void PushEnd(const TElement& start);
     void Clear();
 
+    using DList::GetCount;
     using DList::IsEmpty;
     /// Takes the first element out, which is then the caller's, as its node is: to be linked by
     /// AddAtTailWithNode. Not for the empty sequence.

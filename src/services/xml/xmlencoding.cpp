@@ -124,17 +124,22 @@ bool FillEncodingTable(const char* name, int* table) {
     return false;
 }
 
-void LocateInDocument(std::string_view document, const TXMLEncoding& encoding, std::size_t place,
-                      int* line, int* column) {
+bool EndsLine(std::string_view document, const TXMLEncoding& encoding, std::size_t place) {
     const std::size_t unit = encoding.UnitSize;
     const auto isAscii = [&](std::size_t i, char c) {
         if (i + unit > document.size() || document[i + encoding.LowByte] != c) return false;
         return unit == 1 || document[i + 1 - encoding.LowByte] == '\0';
     };
+    return isAscii(place, '\n') || (isAscii(place, '\r') && !isAscii(place + unit, '\n'));
+}
+
+void LocateInDocument(std::string_view document, const TXMLEncoding& encoding, std::size_t place,
+                      int* line, int* column) {
+    const std::size_t unit = encoding.UnitSize;
     *line = 1;
     std::size_t lineStart = encoding.MarkLength;
     for (std::size_t i = lineStart; i < place; i += unit) {
-        if (isAscii(i, '\n') || (isAscii(i, '\r') && !isAscii(i + unit, '\n'))) {
+        if (EndsLine(document, encoding, i)) {
             ++*line;
             lineStart = i + unit;
         }

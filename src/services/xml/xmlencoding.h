@@ -32,6 +32,9 @@ bool HasLoneHighSurrogate(std::string_view document, const TXMLEncoding& encodin
 /// neither ISO-8859-1 nor Windows-1252 under one of their names.
 bool FillEncodingTable(const char* name, int* table);
 
+/// Whether the unit at `place` is the last one of a line: LF, CR and CR LF each end one.
+bool EndsLine(std::string_view document, const TXMLEncoding& encoding, std::size_t place);
+
 /// The line, and the column in bytes, of a place in the document; both 1-based, the mark not
 /// counted. LF, CR and CR LF each end a line.
 void LocateInDocument(std::string_view document, const TXMLEncoding& encoding, std::size_t place,

@@ -240,12 +240,21 @@ bool TXMLList::ReadFromText(const std::string& document, TXMLReadError* error) {
     return Parse(document, nullptr, error);
 }
 
+bool TXMLList::ReadFromText(const std::string& document, TXMLReadError* error, TXMLPlaces* places) {
+    return Parse(document, nullptr, error, places);
+}
+
 bool TXMLList::Parse(std::string_view document, std::string* released, TXMLReadError* error) {
+    return Parse(document, released, error, nullptr);
+}
+
+bool TXMLList::Parse(std::string_view document, std::string* released, TXMLReadError* error,
+                     TXMLPlaces* places) {
     TElementSequence elements;
     TXMLReadError found;
     const std::string droppedRoot = RootHeld ? "" : GetDocumentTypeRoot(ToUtf8(DocumentType));
     const bool isRead = ReadXMLDocument(document, droppedRoot, &elements, &found,
-                                        RootHeld ? &DocumentType : nullptr, released);
+                                        RootHeld ? &DocumentType : nullptr, released, places);
     // The document may have been a text of this list.
     Flush(1);
     TakeOver(&elements);

@@ -1,10 +1,12 @@
 #pragma once
 #include "services/base/dlist.h"
 #include "services/xml/xmlelement.h"
+#include <cstdint>
 #include <iosfwd>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class ISFileName;
 class TElementBlocks;
@@ -21,6 +23,12 @@ struct TXMLReadError {
     std::string Reason;    ///< empty when the last read succeeded
     bool IsError() const { return !Reason.empty(); }
 };
+
+/// Where each element of a stream begins in the document that it was read from, in bytes: the n-th
+/// place is that of the n-th element. The END of an empty-element tag is behind it.
+using TXMLPlaces = std::vector<std::uint32_t>;
+/// The place of an element behind the first 4 GiB.
+inline constexpr std::uint32_t kNoXMLPlace = 0xffffffff;
 
 /// The element stream of one document, with the file it is read from or written to. Texts in the
 /// stream are plain; WriteFile escapes each once. The list owns its elements: reading, writing and
@@ -94,6 +102,8 @@ public:
     /// ReadFile's parsing of a document in memory, all or nothing: nothing is interpreted, no
     /// message is shown. `error` may be null.
     bool ReadFromText(const std::string& document, TXMLReadError* error);
+    /// The same, with the places of the elements; none on failure. `places` may be null.
+    bool ReadFromText(const std::string& document, TXMLReadError* error, TXMLPlaces* places);
     /// Prints the elements as WriteFile would, without filling. False, with `*document` empty, for
     /// a stream that no XML document can hold. Adjacent texts are read back as one. Null pointers
     /// are allowed.
@@ -139,6 +149,8 @@ private:
     void DeleteUpTo(const DListIterator<TElement*>& position, bool deleteItems);
     bool ReadDocument(const char* path);
     bool Parse(std::string_view document, std::string* released, TXMLReadError* error);
+    bool Parse(std::string_view document, std::string* released, TXMLReadError* error,
+               TXMLPlaces* places);
     void TakeOver(TElementSequence* elements);
 
     TElementBlocks* Blocks = nullptr;  // where pushed elements lie; null: nothing was pushed yet

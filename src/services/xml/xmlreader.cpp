@@ -1,5 +1,6 @@
 #include "services/xml/xmlreader.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "services/base/progress.h"
@@ -15,18 +16,21 @@ constexpr std::size_t kBytesAReport = std::size_t{1} << 16;
 class TDocumentReader {
 public:
     TDocumentReader(std::string_view document, const TXMLEncoding& encoding,
-                    std::string_view droppedRoot, bool holdsRoot, TElementSequence* elements)
+                    std::string_view droppedRoot, bool holdsRoot, TElementSequence* elements,
+                    TXMLPlaces* places)
         : Run(encoding, this),
           Rest(document),
           UnitSize(encoding.UnitSize),
           DroppedRoot(droppedRoot),
           MaxLevels(kMaxXMLNesting + (holdsRoot ? 1 : 0)),
           Elements(*elements),
+          Places(places),
           Progress(PROGRESS_READ_DOCUMENT, document.size(), kBytesAReport) {
         XML_Parser parser = Run.GetParser();
         XML_SetElementHandler(parser, Progress.IsObserved() ? OnObservedStart : OnStart, OnEnd);
         XML_SetCharacterDataHandler(parser, OnText);
         XML_SetStartCdataSectionHandler(parser, OnCdataSection);
+        if (places) NotePlaces();
         XML_SetDefaultHandler(parser, OnTokenBeforeRoot);
     }
 
@@ -61,6 +65,53 @@ private:
         Rest = copy;
         std::string().swap(*released);
         return Run.ParseCopy(copy, true);
+    }
+
+    // Handlers of their own: most documents are read without places.
+    void NotePlaces() {
+        XML_Parser parser = Run.GetParser();
+        XML_SetElementHandler(parser, OnPlacedStart, OnPlacedEnd);
+        XML_SetCharacterDataHandler(parser, OnPlacedText);
+        XML_SetStartCdataSectionHandler(parser, OnPlacedCdataSection);
+    }
+
+    static void OnPlacedStart(void* userData, const XML_Char* name, const XML_Char** attributes) {
+        From(userData).PlaceText();
+        OnObservedStart(userData, name, attributes);
+        From(userData).PlaceElement();
+    }
+
+    static void OnPlacedEnd(void* userData, const XML_Char* name) {
+        From(userData).PlaceText();
+        OnEnd(userData, name);
+        From(userData).PlaceElement();
+    }
+
+    static void OnPlacedText(void* userData, const XML_Char* text, int length) {
+        From(userData).BeginText();
+        OnText(userData, text, length);
+    }
+
+    static void OnPlacedCdataSection(void* userData) {
+        From(userData).BeginText();
+        OnCdataSection(userData);
+    }
+
+    // Only what was pushed has a place: the dropped root and a refused element are not.
+    void PlaceElement() {
+        if (Places->size() < Elements.GetCount()) AddPlace(Run.GetTokenBegin());
+    }
+
+    void BeginText() {
+        if (Text.empty() && !TextCounts) TextBegin = Run.GetTokenBegin();
+    }
+
+    void PlaceText() {
+        if (TextCounts) AddPlace(TextBegin);
+    }
+
+    void AddPlace(std::size_t place) {
+        Places->push_back(static_cast<std::uint32_t>(std::min<std::size_t>(place, kNoXMLPlace)));
     }
 
     static TDocumentReader& From(void* userData) {
@@ -136,6 +187,8 @@ private:
     std::string_view DroppedRoot;
     std::size_t MaxLevels;
     TElementSequence& Elements;
+    TXMLPlaces* Places;  // null: nobody wants them
+    std::size_t TextBegin = 0;
     TProgress Progress;
     std::vector<const TElement*> Open;
     std::vector<TAttributeView> Attributes;  // of the present tag
@@ -155,8 +208,9 @@ bool Fail(std::string_view document, const TXMLEncoding& encoding, std::size_t p
 
 bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
                      TElementSequence* elements, TXMLReadError* error, std::string* documentType,
-                     std::string* released) {
+                     std::string* released, TXMLPlaces* places) {
     elements->Clear();
+    if (places) places->clear();
     if (documentType) documentType->clear();
     const TXMLEncoding encoding = DetectXMLEncoding(document);
     if (encoding.Refusal) return Fail(document, encoding, 0, encoding.Refusal, error);
@@ -166,12 +220,14 @@ bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
     if (!prologue.Reason.empty())
         return Fail(document, encoding, prologue.FailurePlace, prologue.Reason, error);
     if (documentType) *documentType = prologue.DocumentType;
-    TDocumentReader reader(document, encoding, droppedRoot, documentType != nullptr, elements);
+    TDocumentReader reader(document, encoding, droppedRoot, documentType != nullptr, elements,
+                           places);
     const std::string beginning(document.substr(0, prologue.DocumentTypeEnd));
     const std::string blanked = BlankDocumentType(document, encoding, prologue);
     if (reader.Read(blanked, released)) return true;
     std::string reason = reader.GetReason();
     elements->Clear();
+    if (places) places->clear();
     std::string whole;
     if (released && released->empty()) {
         whole = beginning + std::string(reader.GetRest());

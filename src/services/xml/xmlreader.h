@@ -14,8 +14,10 @@ inline constexpr std::size_t kMaxXMLNesting = 512;
 /// line, column and reason of `error` are set; neither pointer may be null. `documentType`, unless
 /// null, is given the document type line in UTF-8, empty when there is none: the elements are then
 /// those of a list that holds the root.
+/// `places`, unless null, gets the place of each element.
 /// `released`, unless null, holds the bytes of `document` and is emptied when they are no longer
 /// needed.
 bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
                      TElementSequence* elements, TXMLReadError* error,
-                     std::string* documentType = nullptr, std::string* released = nullptr);
+                     std::string* documentType = nullptr, std::string* released = nullptr,
+                     TXMLPlaces* places = nullptr);
