@@ -3,7 +3,10 @@
 #include "services/names/environment.h"
 #include "services/names/isfilename.h"
 #include "services/names/utilfilename.h"
+#include "services/xml/xmllist.h"
 #include "settings/settingtable.h"
+#include "translation/v2vtranslationoption.h"
+#include "translation/v2vtranslationoptionslist.h"
 #include <algorithm>
 
 namespace {
@@ -25,6 +28,22 @@ void AddLanguageSettings(TXMLEditRules* rules) {
     }
     rules->Elements.push_back({"Directory", {kIdentityText}});
     rules->Elements.push_back({"Extension", {kIdentityText}});
+}
+
+// A reader adds up all elements of a switch.
+void AddSwitches(TXMLEditRules* rules) {
+    for (const auto populate :
+         {TV2VTranslationOptionsList::PopulateWithDefaultVerilog2VhdlOptions,
+          TV2VTranslationOptionsList::PopulateWithDefaultVhdl2VerilogOptions}) {
+        TV2VTranslationOptionsList options(nullptr, "");
+        populate(&options);
+        TXMLList elements;
+        for (TV2VTranslationOption* option : options) option->WriteToFile(&elements);
+        for (DListIterator<TElement*> element(elements); element.NotAtTail(); ++element)
+            if (element.Current()->ElemType == TElement::START)
+                rules->Elements.push_back({element.Current()->Name.Str(), {}});
+        options.Flush();
+    }
 }
 
 /// Whether a path stays as it is when it is made canonical.
@@ -97,6 +116,7 @@ TXMLEditRules MakeBuildFileRules(const ISFileName* file) {
         {"Variable", {"Name"}},
     };
     AddLanguageSettings(&rules);
+    AddSwitches(&rules);
     AddNormalising(file, &rules);
     return rules;
 }

@@ -138,13 +138,12 @@ TEST(Tool, TakesWordsThatLookLikeOptions) {
     }
     const WorkingFolder folder;
     folder.Write("b.xml", BuildText(""));
-    EXPECT_EQ(
-        RunHdlbuild({"translator", "b.xml", "v2vhdl", "enable", "-rip", "-h", "--dry-run"}).Out,
-        "-rip: \"off\" -> [\"-h\"]\nb.xml: not saved (dry run)\n");
-    EXPECT_EQ(RunHdlbuild({"translator", "b.xml", "v2vhdl", "enable", "--dry-run", "--", "-rip",
-                           "a", "--", "--dry-run"})
+    EXPECT_EQ(RunHdlbuild({"translator", "b.xml", "v2vhdl", "enable", "-rip", "-h"}).Out,
+              "-rip: \"off\" -> [\"-h\"]\nb.xml: saved\n");
+    EXPECT_EQ(RunHdlbuild(
+                  {"translator", "b.xml", "v2vhdl", "enable", "--", "-rip", "a", "--", "--dry-run"})
                   .Out,
-              "-rip: \"off\" -> [\"a\",\"--\",\"--dry-run\"]\nb.xml: not saved (dry run)\n");
+              "-rip: [\"-h\"] -> [\"a\",\"--\",\"--dry-run\"]\nb.xml: saved\n");
 }
 
 TEST(Tool, TakesArgumentsBehindTwoDashesByTheirPlaces) {

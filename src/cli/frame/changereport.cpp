@@ -1,5 +1,6 @@
 #include "cli/frame/changereport.h"
 #include "cli/frame/texts.h"
+#include "flows/editedfile.h"
 #include <map>
 
 namespace {
@@ -32,6 +33,7 @@ void Print(const std::vector<TDifference>& differences, const TFileChange& chang
                            Text(difference.After));
     const char* const done = isSaved ? "saved" : "not saved (dry run)";
     PrintLine(out, change.File + ": " + (differences.empty() ? "nothing to change" : done));
+    if (!isSaved) PrintDiff(change.Diff, out);
 }
 
 void PrintAsJson(const std::vector<TDifference>& differences, const TFileChange& change,
@@ -41,6 +43,7 @@ void PrintAsJson(const std::vector<TDifference>& differences, const TFileChange&
     for (const auto& [name, before, after] : differences)
         list.Add({{"what", name}, {"before", before}, {"after", after}});
     result["saved"] = isSaved;
+    if (!isSaved && !change.Diff.empty()) result["diff"] = change.Diff;
     PrintJson(result, streams);
 }
 
@@ -62,4 +65,14 @@ int SaveChange(const TFileChange& change, const TCommonArguments& arguments,
     else
         Print(differences, change, isSaved, streams.Out);
     return kExitDone;
+}
+
+int SaveEditedFile(TFileChange change, const std::string& reason, const TEditedFile& file,
+                   const TCommonArguments& arguments, const TToolStreams& streams) {
+    if (!reason.empty()) {
+        ReportError(streams, change.File + ": " + reason);
+        return kExitFile;
+    }
+    change.Diff = file.GetUnifiedDiff(change.File);
+    return SaveChange(change, arguments, streams, [&file] { return file.Save(); });
 }

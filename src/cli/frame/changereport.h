@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+class TEditedFile;
+
 /// Everything that a command may change, as values under the names that the tool shows, in the
 /// order in which changes are reported.
 using TState = std::vector<std::pair<std::string, TJson>>;
@@ -15,10 +17,17 @@ struct TFileChange {
     TJson Result;      ///< as MakeResult gives it
     std::string File;  ///< as the user named it
     TState Before;
-    TState After;  ///< values that only one of the states has are not reported
+    TState After;           ///< values that only one of the states has are not reported
+    std::string Diff = {};  ///< of the file in the unified form
 };
 
-/// Saves, unless nothing changed or for a dry run, and prints what changed. `save` returns the
-/// reason of a failure, "" for success. A failure is one line on Err, and kExitFile.
+/// Saves, unless nothing changed or for a dry run, and prints what changed, behind a dry run also
+/// the difference of the file. `save` returns the reason of a failure, "" for success. A failure is
+/// one line on Err, and kExitFile.
 int SaveChange(const TFileChange& change, const TCommonArguments& arguments,
                const TToolStreams& streams, const std::function<std::string()>& save);
+
+/// The same for a file that was changed in place. `reason` is what TEditedFile::Change returned;
+/// unless it is "", that is the failure.
+int SaveEditedFile(TFileChange change, const std::string& reason, const TEditedFile& file,
+                   const TCommonArguments& arguments, const TToolStreams& streams);

@@ -54,6 +54,10 @@ void PrintLine(std::ostream& out, std::string_view line) {
     out << Escaped(line) << '\n';
 }
 
+void PrintDiff(std::string_view diff, std::ostream& out) {
+    out << Escaped(diff, "\t\r\n");
+}
+
 void PrintWords(std::ostream& out, std::string_view words) {
     out << Escaped(words, "\t") << '\n';
 }

@@ -16,6 +16,8 @@ std::string Escaped(std::string_view text, std::string_view kept = {});
 void PrintLine(std::ostream& out, std::string_view line);
 /// Prints a line of words that another program takes: tabulators separate words and stay.
 void PrintWords(std::ostream& out, std::string_view words);
+/// Prints a difference of files, for a program that applies it: ends of lines and tabulators stay.
+void PrintDiff(std::string_view diff, std::ostream& out);
 /// Prints a line of fields, escaped one by one and separated by tabulators.
 void PrintFields(std::ostream& out, const std::vector<std::string>& fields);
 

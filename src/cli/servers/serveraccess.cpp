@@ -1,20 +1,21 @@
 #include "cli/servers/serveraccess.h"
 #include "cli/frame/filereports.h"
-#include "cli/servers/serversloss.h"
+#include "flows/editrules.h"
+#include "flows/textreaders.h"
 #include "services/files/filereplace.h"
 #include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
 #include "simtools/serverconfigurationfilexmllist.h"
 #include <algorithm>
 #include <map>
+#include <utility>
 
 namespace {
 
-/// Nothing when the file cannot be read.
-std::optional<std::string> BytesOf(const ISFileName* file) {
-    std::string bytes;
-    if (ReadWholeFile(file->Canonical(false), &bytes, nullptr) != FILE_READ_DONE) return {};
-    return bytes;
+void PushTools(const std::vector<TBaseSimTool>& tools, TXMLList* document) {
+    document->Push(TElement::START, "ExternalSimulatorSettings", {});
+    for (const TBaseSimTool& tool : tools) tool.WriteToFile(document);
+    document->Push(TElement::END, "ExternalSimulatorSettings", {});
 }
 
 /// The text before the colon when a change of a record is reported.
@@ -31,44 +32,54 @@ TServerAccess::TServerAccess(const TServersArguments& arguments, const TToolStre
 bool TServerAccess::ChooseFile() {
     if (!Arguments.SimulatorsFile.empty()) {
         FileText = Arguments.SimulatorsFile;
-        File = ISFileName::NewISFileName(FileText.c_str());
+        File.emplace(ISFileName::NewISFileName(FileText.c_str()));
     } else if (Arguments.Server == "localhost") {
-        File = TBaseSimToolServerClientCourier::GetDefaultSimConfigFile();
-        FileText = File->Canonical(false);
+        File.emplace(TBaseSimToolServerClientCourier::GetDefaultSimConfigFile());
+        FileText = File->GetFile()->Canonical(false);
     }
     if (!File)
         ReportError(Streams, "the default file holds the tools of localhost: give the file of '" +
                                  Arguments.Server + "' with --file");
-    return File != nullptr;
+    return File.has_value();
 }
 
 int TServerAccess::Read(bool mustExist) {
+    return ReadFile(mustExist, false);
+}
+
+int TServerAccess::ReadToChange(bool mustExist) {
+    return ReadFile(mustExist, !Arguments.DryRun);
+}
+
+int TServerAccess::ReadFile(bool mustExist, bool isLocked) {
     if (!ChooseFile()) return kExitUsage;
-    const TQuietMessageBox quiet;
-    BytesRead = BytesOf(File);
-    TXMLList document;
-    document.SetHoldsRoot(true);
-    const bool isRead = document.ReadFile(File->Canonical(false));
+    TXMLReadError error;
+    // The application-data directory need not exist yet; a failure shows when the file is locked.
+    if (isLocked && !mustExist) MakeDirectoryOf(File->GetFile()->Canonical(false));
+    const bool isRead = isLocked ? File->ReadToChange(&error) : File->Read(&error);
     const bool mayBeMissing = !mustExist || Arguments.SimulatorsFile.empty();
-    if (!isRead && !(document.GetReadError().Missing && mayBeMissing)) {
-        ReportReadError(document.GetReadError(), FileText, Streams);
+    const bool isThere = isRead || !error.Missing || !mayBeMissing;
+    if (isThere && (!isRead || !ReadTools(File->GetBytes(), &Courier, &error))) {
+        ReportReadError(error, FileText, Streams);
         return kExitFile;
     }
-    Courier.ReadCurrentServerConfigFromFile(File, Arguments.Server.c_str());
-    const std::string loss = FindServersLoss(document);
-    if (loss.empty()) GiveLanguagesLeft();
-    StateRead = GetState();
-    if (loss.empty()) return kExitDone;
-    ReportError(Streams, FileText + ": a save would lose " + loss);
-    return kExitProblems;
+    WasThere = isThere;
+    ToolsRead = GetTools();
+    StateRead = StateOf(ToolsRead);
+    return kExitDone;
+}
+
+bool TServerAccess::ReadTools(const std::string& document, TBaseSimToolServerClientCourier* courier,
+                              TXMLReadError* error) const {
+    if (!ReadSimulatorsText(document, Arguments.Server.c_str(), courier, error)) return false;
+    if (auto* tools = courier->GetSimToolList(TRope(Arguments.Server))) GiveLanguagesLeft(tools);
+    return true;
 }
 
 // When a file lists a simulator for some of its languages only, the reader adds the other records
 // with languages in the order of the table, even those that the file has. Such records get the
 // languages that are left.
-void TServerAccess::GiveLanguagesLeft() {
-    auto* tools = Courier.GetSimToolList(TRope(Arguments.Server));
-    if (!tools) return;
+void TServerAccess::GiveLanguagesLeft(std::vector<TBaseSimTool>* tools) {
     const auto count = [tools](TSimulatorType type, THdlLanguage language) {
         return std::count_if(tools->begin(), tools->end(), [=](const TBaseSimTool& tool) {
             return tool.GetSimulatorType() == type && tool.GetLanguage() == language;
@@ -83,17 +94,16 @@ void TServerAccess::GiveLanguagesLeft() {
     }
 }
 
-const std::vector<TBaseSimTool>& TServerAccess::GetTools() {
-    static const std::vector<TBaseSimTool> kNone;
+std::vector<TBaseSimTool> TServerAccess::GetTools() {
     const auto* tools = Courier.GetSimToolList(TRope(Arguments.Server));
-    return tools ? *tools : kNone;
+    return tools ? *tools : std::vector<TBaseSimTool>();
 }
 
 // Every possible record has a value, null for an absent one: added and removed records are
 // reported.
-TState TServerAccess::GetState() {
+TState TServerAccess::StateOf(const std::vector<TBaseSimTool>& tools) const {
     std::map<std::string, TJson> values;
-    for (const TBaseSimTool& tool : GetTools())
+    for (const TBaseSimTool& tool : tools)
         values[RecordName(Arguments.Server, tool.GetSimulatorType(), tool.GetLanguage())] = {
             {"path", tool.GetExecutablePath()}, {"pliLibrary", tool.GetPliLibrary()}};
     TState state;
@@ -107,22 +117,31 @@ TState TServerAccess::GetState() {
 }
 
 int TServerAccess::Save(const char* verb) {
+    const TState wanted = StateOf(GetTools());
+    const std::string reason = WasThere ? Change(wanted) : Make();
     TJson result = MakeResult("hdlbuild-servers-" + std::string(verb), "file", FileText);
     result["server"] = Arguments.Server;
-    const TFileChange change{std::move(result), FileText, StateRead, GetState()};
-    return SaveChange(change, Arguments, Streams, [this] { return WriteFile(); });
+    return SaveEditedFile({std::move(result), FileText, StateRead, wanted}, reason, *File,
+                          Arguments, Streams);
 }
 
-std::string TServerAccess::WriteFile() {
-    const TQuietMessageBox quiet;
-    const char* const path = File->Canonical(false);
-    if (BytesOf(File) != BytesRead) return "the file has changed since it was read";
-    // The application-data directory need not exist yet; a failure shows when the file is written.
-    MakeDirectoryOf(path);
-    // A server without tools is unknown to the courier, which then leaves the file alone.
-    TServerConfigurationFileXMLList empty(nullptr);
-    const bool isSaved =
-        GetTools().empty() ? empty.WriteFile(path) : Courier.WriteCurrentServerConfigToFile(File);
-    if (isSaved) return "";
-    return quiet.GetText().empty() ? "the file cannot be written" : quiet.GetText();
+std::string TServerAccess::Change(const TState& state) {
+    TXMLList base;
+    TXMLList wanted;
+    PushTools(ToolsRead, &base);
+    PushTools(GetTools(), &wanted);
+    return File->Change(base, wanted, MakeSimulatorsFileRules(), [&](const std::string& edited) {
+        TBaseSimToolServerClientCourier courier;
+        if (!ReadTools(edited, &courier, nullptr)) return false;
+        const auto* tools = courier.GetSimToolList(TRope(Arguments.Server));
+        return StateOf(tools ? *tools : std::vector<TBaseSimTool>()) == state;
+    });
+}
+
+std::string TServerAccess::Make() {
+    TServerConfigurationFileXMLList list(nullptr);
+    PushTools(GetTools(), &list);
+    std::string document;
+    std::string reason;
+    return list.WriteToText(&document, &reason) ? File->Make(document) : reason;
 }

@@ -1,6 +1,7 @@
 #pragma once
 #include "cli/frame/changereport.h"
 #include "cli/servers/commands.h"
+#include "flows/editedfile.h"
 #include "simtools/simtoolserverclientcourier.h"
 #include <optional>
 #include <string>
@@ -11,33 +12,38 @@ class TServerAccess {
 public:
     TServerAccess(const TServersArguments& arguments, const TToolStreams& streams);
 
-    /// Reads the tools, without showing messages. kExitUsage for a server whose file is not given,
-    /// kExitFile when the file cannot be read, kExitProblems when a save would drop some of what it
-    /// holds, each with one line on Err; with kExitProblems all that is known has been read. A
+    /// Reads the tools. kExitUsage for a server whose file is not given, kExitFile when the file
+    /// cannot be read or, to change it unless for a dry run, locked; each with one line on Err. A
     /// missing file counts as one without tools, unless it is named and `mustExist` is set.
     int Read(bool mustExist);
+    int ReadToChange(bool mustExist);
 
-    const std::vector<TBaseSimTool>& GetTools();
+    std::vector<TBaseSimTool> GetTools();
     TBaseSimToolServerClientCourier& GetCourier() { return Courier; }
     /// As the user named it, or the whole path of the default file.
     const std::string& GetFileText() const { return FileText; }
 
     /// Saves what differs from what was read, and prints it. `verb` names the command in JSON
-    /// output. A file that has changed since it was read stays as it is: one line on Err, and
-    /// kExitFile. (A save of others while the new file is being written is not noticed.)
+    /// output. Only the records that changed are edited. A file that has changed since it was read,
+    /// and one that cannot take the change, stays as it is: one line on Err, and kExitFile.
     int Save(const char* verb);
 
 private:
     bool ChooseFile();
-    void GiveLanguagesLeft();
-    TState GetState();
-    std::string WriteFile();
+    int ReadFile(bool mustExist, bool isLocked);
+    bool ReadTools(const std::string& document, TBaseSimToolServerClientCourier* courier,
+                   TXMLReadError* error) const;
+    static void GiveLanguagesLeft(std::vector<TBaseSimTool>* tools);
+    TState StateOf(const std::vector<TBaseSimTool>& tools) const;
+    std::string Change(const TState& state);
+    std::string Make();
 
     const TServersArguments& Arguments;
     const TToolStreams& Streams;
-    const ISFileName* File = nullptr;
+    std::optional<TEditedFile> File;
+    bool WasThere = false;
     std::string FileText;
     TBaseSimToolServerClientCourier Courier;
-    std::optional<std::string> BytesRead;  // nothing without a file
+    std::vector<TBaseSimTool> ToolsRead;
     TState StateRead;
 };

@@ -50,24 +50,23 @@ void PrintTools(const std::vector<TBaseSimTool>& tools, std::ostream& out) {
 
 int RunServersList(const TServersArguments& arguments, const TToolStreams& streams) {
     TServerAccess server(arguments, streams);
-    const int status = server.Read(true);
-    if (status != kExitDone && status != kExitProblems) return status;
+    if (const int status = server.Read(true); status != kExitDone) return status;
     if (!arguments.Json) {
         PrintTools(server.GetTools(), streams.Out);
-        return status;
+        return kExitDone;
     }
     TJson result = MakeResult("hdlbuild-servers-list", "file", server.GetFileText());
     result["server"] = arguments.Server;
     result["tools"] = ToolsAsJson(server.GetTools());
     PrintJson(result, streams);
-    return status;
+    return kExitDone;
 }
 
 int RunServersAdd(const TServersArguments& arguments, const TToolStreams& streams) {
     const TSimulatorType type = FindOfferable(arguments, streams);
     if (type == SIM_NONE) return kExitUsage;
     TServerAccess server(arguments, streams);
-    if (const int status = server.Read(false); status != kExitDone) return status;
+    if (const int status = server.ReadToChange(false); status != kExitDone) return status;
     TBaseSimToolServerClientCourier& courier = server.GetCourier();
     courier.CreateOrGetSimTool(arguments.Server.c_str(), type);
     for (TBaseSimTool& tool : *courier.GetSimToolList(TRope(arguments.Server))) {
@@ -83,7 +82,7 @@ int RunServersRemove(const TServersArguments& arguments, const TToolStreams& str
     const TSimulatorType type = FindOfferable(arguments, streams);
     if (type == SIM_NONE) return kExitUsage;
     TServerAccess server(arguments, streams);
-    if (const int status = server.Read(true); status != kExitDone) return status;
+    if (const int status = server.ReadToChange(true); status != kExitDone) return status;
     const std::string offered = OfferedNames(server.GetTools());
     TBaseSimTool removed;
     removed.SetSimulatorType(type);

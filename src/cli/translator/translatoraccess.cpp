@@ -1,7 +1,10 @@
 #include "cli/translator/translatoraccess.h"
 #include "buildfile/hdlbuildfile.h"
+#include "buildfile/hdlbuildfilexmllist.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/knownnames.h"
+#include "flows/editrules.h"
+#include "flows/textreaders.h"
 #include "services/names/isfilename.h"
 #include "translation/v2vtranslationoption.h"
 
@@ -20,17 +23,43 @@ std::vector<std::string> TranslatorNames() {
     return names;
 }
 
-/// Whether the document holds a section of another translator, too.
-bool HoldsOthers(const TXMLList& document, const char* tag) {
-    for (DListIterator<TElement*> element(document); element.NotAtTail(); ++element)
-        for (const TTranslator& other : kTranslators)
-            if (element.Current()->ElemType == TElement::START &&
-                element.Current()->Name == other.Tag && std::string(other.Tag) != tag)
-                return true;
-    return false;
+constexpr const char* kBuildElement = "HdlBuildFile";
+
+bool HoldsElement(const TXMLList& document, const char* name) {
+    DListIterator<TElement*> element(document);
+    return TXMLList::FindNext(element, name, nullptr);
+}
+
+/// The switch's element with other arguments.
+void PushSwitch(TV2VTranslationOption& option, bool isEnabled,
+                const std::vector<std::string>& arguments, TXMLList* document) {
+    TXMLList element;
+    option.WriteToFile(&element);
+    const std::string name = DListIterator<TElement*>(element).Current()->Name.Str();
+    const TAttributeView enabled[] = {{"Enabled", isEnabled ? "true" : "false"}};
+    document->Push(TElement::START, name, {}, enabled);
+    for (const std::string& argument : arguments)
+        document->PushTextElement("AdditionalOptions", argument);
+    document->Push(TElement::END, name, {});
 }
 
 }  // namespace
+
+std::vector<std::string> ArgumentsOf(TV2VTranslationOption& option) {
+    TXMLList element;
+    option.WriteToFile(&element);
+    std::vector<std::string> arguments;
+    for (DListIterator<TElement*> part(element); part.NotAtTail(); ++part)
+        if (part.Current()->ElemType == TElement::TEXT)
+            arguments.push_back(part.Current()->Text.Str());
+    return arguments;
+}
+
+TTranslatorAccess::TTranslatorAccess(const TTranslatorArguments& arguments,
+                                     const TToolStreams& streams)
+    : Arguments(arguments),
+      Streams(streams),
+      File(ISFileName::NewISFileName(arguments.Build.c_str())) {}
 
 void TTranslatorAccess::TOptionsDeleter::operator()(TV2VTranslationOptionsList* options) const {
     options->Flush();
@@ -44,17 +73,31 @@ TTranslatorAccess::TOptions TTranslatorAccess::MakeDefaults(const TTranslator& t
 }
 
 int TTranslatorAccess::Read() {
+    return ReadBuild(false);
+}
+
+int TTranslatorAccess::ReadToChange() {
+    return ReadBuild(!Arguments.DryRun);
+}
+
+int TTranslatorAccess::ReadBuild(bool isLocked) {
     for (const TTranslator& translator : kTranslators)
         if (Arguments.Translator == translator.Name) Translator = &translator;
     if (!Translator) {
         ReportError(Streams, UnknownName("translator", Arguments.Translator, TranslatorNames()));
         return kExitUsage;
     }
-    ReadSection();
     THdlBuildFile build;
-    if (LoadBuild(Arguments.Build, Streams, &build) == kExitFile) return kExitFile;
-    TakeOptions(build);
-    StateRead = GetState();
+    TXMLReadError error;
+    const bool isRead = isLocked ? File.ReadToChange(&error) : File.Read(&error);
+    if (!isRead || !ReadBuildText(File.GetBytes(), File.GetFile(), &build, &error)) {
+        ReportReadError(error, Arguments.Build, Streams);
+        return kExitFile;
+    }
+    Options = TakeOptions(build);
+    OthersBuild = Options && std::string(Options->GetTag()) != Translator->Tag;
+    if (!Options || OthersBuild) Options = MakeDefaults(*Translator);
+    StateRead = StateOf(*Options);
     for (TV2VTranslationOption* option : *Options) ArgumentsRead.push_back(ArgumentsOf(*option));
     const THdlBuildFileReadResults result = build.GetReadResult();
     // Sources that are missing do not matter to the switches.
@@ -63,29 +106,32 @@ int TTranslatorAccess::Read() {
     return kExitProblems;
 }
 
-// Called before the build is read, so that a save of others in between is noticed. A file that
-// cannot be read is reported with the build.
-void TTranslatorAccess::ReadSection() {
-    const TQuietMessageBox quiet;
-    TTranslatorSection section(Translator->Tag);
-    section.ReadFile(ISFileName::NewISFileName(Arguments.Build.c_str())->Canonical(false));
-    SectionRead = section.GetSectionText();
-}
-
 // The build never deletes its list.
-void TTranslatorAccess::TakeOptions(THdlBuildFile& build) {
-    Options.reset(build.GetV2VOptions());
+TTranslatorAccess::TOptions TTranslatorAccess::TakeOptions(THdlBuildFile& build) const {
+    TOptions options(build.GetV2VOptions());
     build.SetV2VOptions(nullptr);
-    OthersBuild = Options && std::string(Options->GetTag()) != Translator->Tag;
-    if (!Options || OthersBuild) Options = MakeDefaults(*Translator);
+    return options;
 }
 
-TState TTranslatorAccess::GetState() const {
+TState TTranslatorAccess::StateOf(const TV2VTranslationOptionsList& options) {
     TState state;
-    for (TV2VTranslationOption* option : *Options) {
+    for (TV2VTranslationOption* option : options) {
         const TJson on = option->HasStringOption() ? TJson(ArgumentsOf(*option)) : TJson("on");
         state.emplace_back(option->GetDashOption(), option->IsEnabled() ? on : TJson("off"));
     }
+    return state;
+}
+
+TTranslatorAccess::TBuildState TTranslatorAccess::ReadState(const std::string& document) const {
+    TBuildState state;
+    THdlBuildFile build;
+    if (!ReadBuildText(document, File.GetFile(), &build, nullptr)) return state;
+    const TOptions options = TakeOptions(build);
+    state.Switches = StateOf(options ? *options : *MakeDefaults(*Translator));
+    THdlBuildFileXMLList rest(nullptr);
+    rest.SetFileName(File.GetFile()->Canonical(false));
+    build.WriteFile(&rest);
+    rest.WriteToText(&state.Rest, nullptr);
     return state;
 }
 
@@ -107,45 +153,56 @@ bool TTranslatorAccess::IsEnabledByDefault(const TV2VTranslationOption& option) 
     return MakeDefaults(*Translator)->IsOptionEnabled(option.GetDashOption());
 }
 
-std::vector<TChangedSwitch> TTranslatorAccess::FindChanges() const {
-    const TState state = GetState();
-    std::vector<TChangedSwitch> changes;
-    for (std::size_t i = 0; i < state.size(); ++i) {
-        TV2VTranslationOption* option = Options->begin()[static_cast<std::ptrdiff_t>(i)];
-        if (state[i] != StateRead[i])
-            changes.push_back({option, ArgumentsOf(*option) != ArgumentsRead[i]});
-    }
-    return changes;
-}
-
-// Why the section cannot take changes; "" when it can.
-std::string TTranslatorAccess::FindProblem(const TTranslatorSection& section) const {
+// Why the file cannot take changes; "" when it can.
+std::string TTranslatorAccess::FindProblem() const {
     constexpr const char* kOfOne = "a build keeps the switches of one translator, and this one ";
     if (OthersBuild) return std::string(kOfOne) + "those of the other";
-    if (HoldsOthers(section, Translator->Tag)) return std::string(kOfOne) + "holds those of both";
-    return section.GetSectionCount() > 1 ? "the file holds the switches more than once" : "";
+    TXMLList document;
+    document.SetHoldsRoot(true);
+    document.ReadFromText(File.GetBytes(), nullptr);
+    if (!HoldsElement(document, kBuildElement)) return "the file holds no build";
+    for (const TTranslator& other : kTranslators)
+        if (&other != Translator && HoldsElement(document, other.Tag))
+            return std::string(kOfOne) + "holds those of both";
+    return "";
+}
+
+// A switch that is not enabled may have an element all the same, with arguments that only its
+// writer could have spelt: it stands in the base, so that they stay in the file as they are.
+void TTranslatorAccess::PushChanges(TXMLList* base, TXMLList* wanted) const {
+    const TState state = StateOf(*Options);
+    for (TXMLList* document : {base, wanted}) {
+        document->Push(TElement::START, kBuildElement, {});
+        document->Push(TElement::START, Translator->Tag, {});
+    }
+    std::size_t number = 0;
+    for (TV2VTranslationOption* option : *Options) {
+        const std::size_t i = number++;
+        if (state[i] == StateRead[i]) continue;
+        PushSwitch(*option, StateRead[i].second != TJson("off"), ArgumentsRead[i], base);
+        if (option->IsEnabled()) PushSwitch(*option, true, ArgumentsOf(*option), wanted);
+    }
+    for (TXMLList* document : {base, wanted}) {
+        document->Push(TElement::END, Translator->Tag, {});
+        document->Push(TElement::END, kBuildElement, {});
+    }
 }
 
 int TTranslatorAccess::Save(const char* verb) {
-    const char* const path = ISFileName::NewISFileName(Arguments.Build.c_str())->Canonical(false);
     const TQuietMessageBox quiet;
-    TTranslatorSection section(Translator->Tag);
-    if (!section.ReadFile(path)) {
-        ReportReadError(section.GetReadError(), Arguments.Build, Streams);
-        return kExitFile;
-    }
-    if (const std::string problem = FindProblem(section); !problem.empty()) {
+    if (const std::string problem = FindProblem(); !problem.empty()) {
         ReportError(Streams, Arguments.Build + ": " + problem);
         return kExitProblems;
     }
+    TXMLList base;
+    TXMLList wanted;
+    PushChanges(&base, &wanted);
+    const TBuildState state = {StateOf(*Options), ReadState(File.GetBytes()).Rest};
+    const std::string reason =
+        File.Change(base, wanted, MakeBuildFileRules(File.GetFile()),
+                    [&](const std::string& edited) { return ReadState(edited) == state; });
     TJson result = MakeResult("hdlbuild-translator-" + std::string(verb), "build", Arguments.Build);
     result["translator"] = Translator->Name;
-    const TFileChange change{std::move(result), Arguments.Build, StateRead, GetState()};
-    return SaveChange(change, Arguments, Streams, [&]() -> std::string {
-        if (section.GetSectionText() != SectionRead)
-            return "the switches in the file have changed since they were read";
-        section.Change(FindChanges());
-        if (section.ReplaceSection(path)) return "";
-        return quiet.GetText().empty() ? "the file holds no build" : quiet.GetText();
-    });
+    TFileChange change{std::move(result), Arguments.Build, StateRead, state.Switches};
+    return SaveEditedFile(std::move(change), reason, File, Arguments, Streams);
 }

@@ -75,7 +75,7 @@ int RunTranslatorList(const TTranslatorArguments& arguments, const TToolStreams&
 
 int RunTranslatorEnable(const TTranslatorArguments& arguments, const TToolStreams& streams) {
     TTranslatorAccess translator(arguments, streams);
-    if (const int status = translator.Read(); status != kExitDone) return status;
+    if (const int status = translator.ReadToChange(); status != kExitDone) return status;
     TV2VTranslationOption* option = translator.FindOption();
     if (!option) return kExitUsage;
     const std::string complaint = SetArguments(*option, arguments.Words);
@@ -89,7 +89,7 @@ int RunTranslatorEnable(const TTranslatorArguments& arguments, const TToolStream
 
 int RunTranslatorDisable(const TTranslatorArguments& arguments, const TToolStreams& streams) {
     TTranslatorAccess translator(arguments, streams);
-    if (const int status = translator.Read(); status != kExitDone) return status;
+    if (const int status = translator.ReadToChange(); status != kExitDone) return status;
     TV2VTranslationOption* option = translator.FindOption();
     if (!option) return kExitUsage;
     if (arguments.Words.size() > 1) {

@@ -37,6 +37,22 @@ TEST(ChangeReport, PrintsWhatBothStatesHaveAndDiffers) {
               "0 0\np\\n.hpj: nothing to change\n");
 }
 
+TEST(ChangeReport, PrintsTheDifferenceOfTheFileInADryRun) {
+    const auto print = [](const TState& after, bool isJson, bool isDryRun) {
+        std::ostringstream out;
+        const TFileChange change{MakeResult("f"), "p", {{"a", 1}}, after, "-\t\x1B\r\n+b\n"};
+        SaveChange(change, Arguments(isJson, isDryRun), {out, out}, [] { return ""; });
+        return out.str();
+    };
+    EXPECT_EQ(print({{"a", 2}}, false, true),
+              "a: 1 -> 2\np: not saved (dry run)\n-\t\\x1B\r\n+b\n");
+    EXPECT_EQ(print({{"a", 2}}, false, false), "a: 1 -> 2\np: saved\n");
+    EXPECT_EQ(print({{"a", 2}}, true, true),
+              "{\n  \"format\": \"f\",\n  \"version\": 1,\n  \"changes\": [\n    {\n"
+              "      \"what\": \"a\",\n      \"before\": 1,\n      \"after\": 2\n    }\n  ],\n"
+              "  \"saved\": false,\n  \"diff\": \"-\\t\\u001b\\r\\n+b\\n\"\n}\n");
+}
+
 TEST(ChangeReport, PrintsOneJsonObject) {
     EXPECT_EQ(Change(kBefore, kAfter, Arguments(true, false)),
               "0 1\n{\n  \"format\": \"f\",\n  \"version\": 1,\n  \"changes\": [\n    {\n"

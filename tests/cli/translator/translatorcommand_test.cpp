@@ -72,8 +72,6 @@ TEST(TranslatorCommand, EnablesAndDisablesSwitches) {
     EXPECT_EQ(Translator({"v2vhdl", "enable", "-synth"}),
               "-synth: \"off\" -> \"on\"\nb.xml: saved\n");
     EXPECT_EQ(Translator({"v2vhdl", "enable", "synth"}), "b.xml: nothing to change\n");
-    EXPECT_EQ(Translator({"v2vhdl", "enable", "-87", "--dry-run"}),
-              "-87: \"off\" -> \"on\"\nb.xml: not saved (dry run)\n");
     EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip", "-a", "b c"}),
               "-rip: \"off\" -> [\"-a\",\"b c\"]\nb.xml: saved\n");
     EXPECT_EQ(folder.Read("b.xml"),

@@ -14,7 +14,7 @@ std::string Translator(std::vector<std::string> arguments) {
 
 }  // namespace
 
-TEST(TranslatorSection, LeavesTheElementsOfAllOtherSwitchesAsTheyAre) {
+TEST(TranslatorEdit, LeavesTheElementsOfAllOtherSwitchesAsTheyAre) {
     const WorkingFolder folder;
     const std::string others =
         "      <v2v-p Enabled=\"true\">\n"
@@ -47,7 +47,7 @@ TEST(TranslatorSection, LeavesTheElementsOfAllOtherSwitchesAsTheyAre) {
     EXPECT_EQ(folder.Read("b.xml"), Build(Options(others)));
 }
 
-TEST(TranslatorSection, EnablesASwitchWithTheArgumentsThatItsElementHas) {
+TEST(TranslatorEdit, EnablesASwitchWithTheArgumentsThatItsElementHas) {
     const WorkingFolder folder;
     const auto packages = [](const std::string& enabled) {
         return Build(Options("      <v2v-p Enabled=\"" + enabled +
@@ -61,7 +61,7 @@ TEST(TranslatorSection, EnablesASwitchWithTheArgumentsThatItsElementHas) {
     EXPECT_EQ(folder.Read("b.xml"), packages("true"));
 }
 
-TEST(TranslatorSection, ReplacesEveryElementOfASwitch) {
+TEST(TranslatorEdit, ReplacesEveryElementOfASwitch) {
     const WorkingFolder folder;
     const auto rip = [](const std::string& argument) {
         return "      <v2v-rip Enabled=\"true\">\n"
@@ -70,16 +70,67 @@ TEST(TranslatorSection, ReplacesEveryElementOfASwitch) {
                "</AdditionalOptions>\n"
                "      </v2v-rip>\n";
     };
-    folder.Write("b.xml", Build(Options(rip("a") + "      <v2v-r/>\n" + rip("b"))));
-    EXPECT_EQ(Translator({"v2vhdl", "enable", "-rip", "c"}),
-              "-rip: [\"a\",\"b\"] -> [\"c\"]\nb.xml: saved\n");
-    EXPECT_EQ(folder.Read("b.xml"), Build(Options(rip("c") + "      <v2v-r/>\n")));
-    folder.Write("b.xml", Build(Options(rip("a") + "      <v2v-r/>\n" + rip("b"))));
+    const std::string twice = Options(rip("a") + "      <v2v-r/>\n") + Options(rip("b"));
+    folder.Write("b.xml", Build(twice));
     Translator({"v2vhdl", "disable", "-rip"});
-    EXPECT_EQ(folder.Read("b.xml"), Build(Options("      <v2v-r/>\n")));
+    EXPECT_EQ(folder.Read("b.xml"), Build(Options("      <v2v-r/>\n") + Options("")));
 }
 
-TEST(TranslatorSection, KeepsABuildThatIsNestedAsDeepAsOneMayBe) {
+TEST(TranslatorEdit, ChangesTheBytesOfTheSwitchOnly) {
+    const WorkingFolder folder;
+    const auto document = [](const std::string& switches, const std::string& end) {
+        std::string text =
+            "\xEF\xBB\xBF<?xml version='1.0'?>\n"
+            "<!-- ours -->\n"
+            "<HdlBuildFile  TopLevelLanguage='vhdl'\n"
+            "    SnapshotName = \"s\" HdlLanguage='vhdl'>\n"
+            "\n"
+            "\t<Verilog2VhdlTranslationOptions><!-- by hand -->\n" +
+            switches +
+            "\t</Verilog2VhdlTranslationOptions>\n"
+            "<SourceFileGroup Language='vhdl'/>   \n"
+            "</HdlBuildFile><?end?>";
+        for (std::size_t i = 0; (i = text.find('\n', i)) != std::string::npos; i += end.size())
+            text.replace(i, 1, end);
+        return text;
+    };
+    const std::string before = "\t\t<v2v-s   B='2' Enabled='false' /> <!-- off -->\n";
+    for (const char* const end : {"\n", "\r\n"}) {
+        folder.Write("b.xml", document(before, end));
+        Translator({"v2vhdl", "enable", "-s"});
+        EXPECT_EQ(folder.Read("b.xml"),
+                  document("\t\t<v2v-s   B='2' Enabled='true' /> <!-- off -->\n", end));
+        Translator({"v2vhdl", "disable", "-s"});
+        Translator({"v2vhdl", "enable", "-synth"});
+        EXPECT_EQ(folder.Read("b.xml"),
+                  document("\t\t <!-- off -->\n\t\t<v2v-synth Enabled=\"true\"/>\n", end));
+    }
+}
+
+TEST(TranslatorEdit, ShowsTheDifferenceInADryRun) {
+    const WorkingFolder folder;
+    const std::string before = Build(Options("      <v2v-s Enabled=\"true\"/>\n"));
+    folder.Write("b.xml", before);
+    const std::string diff =
+        "-synth: \"off\" -> \"on\"\n"
+        "b.xml: not saved (dry run)\n"
+        "--- b.xml\n"
+        "+++ b.xml\n"
+        "@@ -4,6 +4,7 @@\n"
+        "     <Foreign A=\"1\">text</Foreign>\n"
+        "     <Verilog2VhdlTranslationOptions>\n"
+        "       <v2v-s Enabled=\"true\"/>\n"
+        "+      <v2v-synth Enabled=\"true\"/>\n"
+        "     </Verilog2VhdlTranslationOptions>\n"
+        "   </HdlBuildFile>\n"
+        " </HdlBuildFileList>\n";
+    EXPECT_EQ(Translator({"v2vhdl", "enable", "-synth", "--dry-run"}), diff);
+    EXPECT_EQ(Translator({"v2vhdl", "enable", "-s", "--dry-run"}), "b.xml: nothing to change\n");
+    EXPECT_EQ(folder.Read("b.xml"), before);
+    EXPECT_EQ(folder.List(), "b.xml\n");
+}
+
+TEST(TranslatorEdit, KeepsABuildThatIsNestedAsDeepAsOneMayBe) {
     const WorkingFolder folder;
     std::string starts, ends;
     for (int i = 0; i < 511; ++i) {

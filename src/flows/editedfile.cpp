@@ -1,0 +1,74 @@
+#include "flows/editedfile.h"
+#include "services/files/filereplace.h"
+#include "services/names/isfilename.h"
+#include <algorithm>
+#include <utility>
+
+bool TEditedFile::Read(TXMLReadError* error) {
+    *error = {};
+    Bytes.clear();
+    const TFileReadResult result = ReadWholeFile(File->Canonical(false), &Bytes, &error->Reason);
+    WasThere = result == FILE_READ_DONE;
+    if (WasThere) return true;
+    error->Missing = result == FILE_READ_MISSING;
+    error->File = File->Canonical(false);
+    if (error->Reason.empty())
+        error->Reason = error->Missing ? "the file does not exist" : "the file cannot be read";
+    return false;
+}
+
+bool TEditedFile::ReadToChange(TXMLReadError* error) {
+    Lock.emplace(File->Canonical(false));
+    if (!Read(error)) return false;
+    if (!Lock->IsHeld()) error->Reason = Lock->GetReason();
+    return Lock->IsHeld();
+}
+
+std::string TEditedFile::Change(const TXMLList& base, const TXMLList& wanted, TXMLEditRules rules,
+                                const std::function<bool(const std::string&)>& isAsWanted) {
+    for (const bool isWhole : {false, true}) {
+        rules.InsertsWhole = isWhole;
+        if (!Edit.Find(Bytes, base, wanted, rules)) return Edit.GetReason();
+        if (isAsWanted(Edit.GetEdited())) return "";
+    }
+    Edit = {};
+    return "the change cannot be made in this file: a reader would find something else in it";
+}
+
+std::string TEditedFile::Make(std::string document) {
+    New = std::move(document);
+    return "";
+}
+
+std::string TEditedFile::GetChanged() const {
+    if (!WasThere) return New;
+    return Edit.IsEmpty() ? Bytes : Edit.GetEdited();
+}
+
+std::string TEditedFile::GetUnifiedDiff(const std::string& path) const {
+    if (WasThere) return Edit.GetUnifiedDiff(path);
+    if (New.empty()) return "";
+    const auto lines = std::count(New.begin(), New.end(), '\n');
+    std::string diff = "--- /dev/null\n+++ " + path + "\n@@ -0,0 +1," + std::to_string(lines);
+    diff += " @@\n";
+    for (std::size_t begin = 0; begin < New.size();) {
+        const std::size_t end = std::min(New.find('\n', begin), New.size() - 1) + 1;
+        diff += "+" + New.substr(begin, end - begin);
+        begin = end;
+    }
+    return diff;
+}
+
+bool TEditedFile::IsAsRead() const {
+    std::string bytes;
+    const TFileReadResult result = ReadWholeFile(File->Canonical(false), &bytes, nullptr);
+    return WasThere ? result == FILE_READ_DONE && bytes == Bytes : result == FILE_READ_MISSING;
+}
+
+std::string TEditedFile::Save() const {
+    if (!Lock || !Lock->IsHeld()) return Lock ? Lock->GetReason() : "the file is not locked";
+    if (!IsAsRead()) return "the file has changed since it was read";
+    std::string reason;
+    if (ReplaceWholeFile(File->Canonical(false), GetChanged(), &reason)) return "";
+    return reason.empty() ? "the file cannot be written" : reason;
+}

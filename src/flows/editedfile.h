@@ -1,0 +1,54 @@
+#pragma once
+#include "services/files/filelock.h"
+#include "services/xml/documentedit.h"
+#include "services/xml/xmllist.h"
+#include <functional>
+#include <optional>
+#include <string>
+
+class ISFileName;
+
+/// A document of people's own that is read once, changed in place and saved.
+///
+/// What is made of it is made of GetBytes(), so that all looks at the file see the same one.
+class TEditedFile {
+public:
+    /// The handle must outlive the object and must not be null.
+    explicit TEditedFile(const ISFileName* file) : File(file) {}
+
+    /// Reads the bytes. False, with the reason in `error`, for a missing file and for one that
+    /// cannot be read.
+    bool Read(TXMLReadError* error);
+    /// The same under the file's lock, which the object then has until its end. False also for a
+    /// file that cannot be locked.
+    bool ReadToChange(TXMLReadError* error);
+    const std::string& GetBytes() const { return Bytes; }
+    const ISFileName* GetFile() const { return File; }
+
+    /// Edits the bytes for the change between two streams, as TDocumentEdit does. `isAsWanted` is
+    /// given the edited bytes, reads them and tells whether a reader finds what is wanted; when it
+    /// does not, new elements are tried whole. Returns why there is no such edit; "" when there is.
+    std::string Change(const TXMLList& base, const TXMLList& wanted, TXMLEditRules rules,
+                       const std::function<bool(const std::string&)>& isAsWanted);
+    /// The document of a file that was missing. Returns "", as Change does.
+    std::string Make(std::string document);
+
+    /// As the file was read, without a change.
+    std::string GetChanged() const;
+    /// Of what was read and what a save writes, see TDocumentEdit; "" when they are the same.
+    std::string GetUnifiedDiff(const std::string& path) const;
+
+    /// Replaces the file, which must be locked and still be what was read, or missing when it was.
+    /// Returns why it cannot be done, the file then being as it was; "" when it is done.
+    std::string Save() const;
+
+private:
+    bool IsAsRead() const;
+
+    const ISFileName* File;
+    std::optional<TFileLock> Lock;
+    bool WasThere = false;
+    std::string Bytes;
+    std::string New;  // of a missing file
+    TDocumentEdit Edit;
+};

@@ -1,0 +1,19 @@
+#pragma once
+#include "services/xml/xmllist.h"
+#include <string>
+
+class ISFileName;
+class TBaseSimToolServerClientCourier;
+class THdlBuildFile;
+
+// Models out of documents that are in memory. Relative names are taken against the folder of
+// `file`, which is not looked at and outlives the model. No message is shown. False, with the
+// reason in `error`, when the document cannot be parsed; the model is as it was then.
+
+/// `build` is a new one. GetReadResult() of the build tells what its sections gave.
+bool ReadBuildText(const std::string& document, const ISFileName* file, THdlBuildFile* build,
+                   TXMLReadError* error);
+
+/// `server` becomes the current server of `courier` and gets the tools, as when a file is read.
+bool ReadSimulatorsText(const std::string& document, const char* server,
+                        TBaseSimToolServerClientCourier* courier, TXMLReadError* error);
