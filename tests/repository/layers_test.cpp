@@ -25,7 +25,7 @@ std::set<std::string> ServicesAnd(const std::set<std::string>& folders) {
 const std::set<std::string> kLibrary =
     ServicesAnd({"filenames", "settings", "simtools", "translation", "projectfiles", "buildfile"});
 // A family of commands of the tool: never another family.
-const std::set<std::string> kFamily = AllOf(kLibrary, {"flows", "cli/frame"});
+const std::set<std::string> kFamily = AllOf(kLibrary, {"flows/scan", "flows", "cli/frame"});
 
 /// Which folders each folder may include, itself aside.
 const std::map<std::string, std::set<std::string>> kPermitted = {
@@ -45,8 +45,9 @@ const std::map<std::string, std::set<std::string>> kPermitted = {
     {"projectfiles", ServicesAnd({"filenames", "settings", "simtools", "translation"})},
     {"buildfile",
      ServicesAnd({"filenames", "settings", "simtools", "translation", "projectfiles"})},
-    {"flows", kLibrary},
-    {"cli/frame", AllOf(kLibrary, {"flows"})},
+    {"flows/scan", kLibrary},
+    {"flows", AllOf(kLibrary, {"flows/scan"})},
+    {"cli/frame", AllOf(kLibrary, {"flows/scan", "flows"})},
     {"cli/build", kFamily},
     {"cli/settings", kFamily},
     {"cli/servers", kFamily},

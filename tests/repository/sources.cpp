@@ -44,7 +44,7 @@ const TSource* FindSource(const std::string& name) {
 
 std::string FolderOf(const std::string& name) {
     const std::string folder = name.substr(0, name.find('/'));
-    if (folder != "services" && folder != "cli") return folder;
+    if (folder != "services" && folder != "flows" && folder != "cli") return folder;
     const std::size_t end = name.find('/', folder.size() + 1);
     return end == std::string::npos ? folder : name.substr(0, end);
 }

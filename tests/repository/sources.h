@@ -15,8 +15,8 @@ const std::vector<TSource>& Sources();
 /// Null when there is no such file.
 const TSource* FindSource(const std::string& name);
 
-/// The folder below src that a file lies in; for those with rooms, the room. Files of the tool's
-/// own folder are in "cli".
+/// The folder below src that a file lies in; for those with rooms, the room. Files beside the rooms
+/// are in "flows" or "cli".
 std::string FolderOf(const std::string& name);
 
 /// Whether the file is no part of the library, but uses it.

@@ -1,0 +1,40 @@
+#include "flows/scan/scannedfile.h"
+#include <array>
+#include <cstddef>
+
+namespace {
+
+constexpr std::array kNeedRules = {
+    TNeedRule{TNeedKind::Primary, "primary", true, true, false},
+    TNeedRule{TNeedKind::Use, "use", true, false, false},
+    TNeedRule{TNeedKind::Context, "context", true, false, false},
+    TNeedRule{TNeedKind::Selected, "selected", true, false, false},
+    // The architecture is looked for when the design is elaborated.
+    TNeedRule{TNeedKind::Entity, "entity", true, false, true},
+    TNeedRule{TNeedKind::Configuration, "configuration", true, false, true},
+    TNeedRule{TNeedKind::Package, "package", true, false, false},
+    TNeedRule{TNeedKind::Architecture, "architecture", true, true, false},
+    TNeedRule{TNeedKind::Binding, "binding", true, true, true},
+    TNeedRule{TNeedKind::Component, "component", false, false, true},
+};
+
+constexpr std::array kUnitKindNames = {"entity",       "architecture",     "package",
+                                       "package body", "package instance", "configuration",
+                                       "context",      "verification unit"};
+
+constexpr bool AreInOrder() {
+    for (std::size_t row = 0; row < kNeedRules.size(); ++row)
+        if (static_cast<std::size_t>(kNeedRules[row].Kind) != row) return false;
+    return true;
+}
+static_assert(AreInOrder());
+
+}  // namespace
+
+const TNeedRule& GetNeedRule(TNeedKind kind) {
+    return kNeedRules[static_cast<std::size_t>(kind)];
+}
+
+const char* GetDesignUnitKindName(TDesignUnitKind kind) {
+    return kUnitKindNames[static_cast<std::size_t>(kind)];
+}

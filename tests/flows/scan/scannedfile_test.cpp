@@ -1,0 +1,33 @@
+#include "flows/scan/scannedfile.h"
+#include <gtest/gtest.h>
+#include <string>
+
+TEST(ScannedFile, TellsWhatFollowsFromEachKindOfNeed) {
+    std::string lines;
+    for (int kind = 0; kind <= static_cast<int>(TNeedKind::Component); ++kind) {
+        const TNeedRule& rule = GetNeedRule(static_cast<TNeedKind>(kind));
+        lines += std::string(rule.Name) + (rule.OrdersFiles ? " orders" : "") +
+                 (rule.OrdersSecondary ? " secondary" : "") +
+                 (rule.IsInstantiation ? " instantiates" : "") + "\n";
+    }
+    EXPECT_EQ(lines,
+              "primary orders secondary\n"
+              "use orders\n"
+              "context orders\n"
+              "selected orders\n"
+              "entity orders instantiates\n"
+              "configuration orders instantiates\n"
+              "package orders\n"
+              "architecture orders secondary\n"
+              "binding orders secondary instantiates\n"
+              "component instantiates\n");
+}
+
+TEST(ScannedFile, NamesEachKindOfUnit) {
+    std::string names;
+    for (int kind = 0; kind <= static_cast<int>(TDesignUnitKind::Verification); ++kind)
+        names += std::string(GetDesignUnitKindName(static_cast<TDesignUnitKind>(kind))) + "\n";
+    EXPECT_EQ(names,
+              "entity\narchitecture\npackage\npackage body\npackage instance\nconfiguration\n"
+              "context\nverification unit\n");
+}
