@@ -5,17 +5,19 @@
 namespace {
 
 constexpr std::array kNeedRules = {
-    TNeedRule{TNeedKind::Primary, "primary", true, true, false},
-    TNeedRule{TNeedKind::Use, "use", true, false, false},
-    TNeedRule{TNeedKind::Context, "context", true, false, false},
-    TNeedRule{TNeedKind::Selected, "selected", true, false, false},
+    TNeedRule{TNeedKind::Primary, "primary", true, true, false, false},
+    TNeedRule{TNeedKind::Use, "use", true, false, false, false},
+    TNeedRule{TNeedKind::Context, "context", true, false, false, false},
+    TNeedRule{TNeedKind::Selected, "selected", true, false, false, false},
     // The architecture is looked for when the design is elaborated.
-    TNeedRule{TNeedKind::Entity, "entity", true, false, true},
-    TNeedRule{TNeedKind::Configuration, "configuration", true, false, true},
-    TNeedRule{TNeedKind::Package, "package", true, false, false},
-    TNeedRule{TNeedKind::Architecture, "architecture", true, true, false},
-    TNeedRule{TNeedKind::Binding, "binding", true, true, true},
-    TNeedRule{TNeedKind::Component, "component", false, false, true},
+    TNeedRule{TNeedKind::Entity, "entity", true, false, false, true},
+    TNeedRule{TNeedKind::Configuration, "configuration", true, false, false, true},
+    // Compilers copy the body into the instance.
+    TNeedRule{TNeedKind::Generic, "generic", true, false, true, false},
+    TNeedRule{TNeedKind::Package, "package", true, false, false, false},
+    TNeedRule{TNeedKind::Architecture, "architecture", true, true, false, false},
+    TNeedRule{TNeedKind::Binding, "binding", true, true, false, true},
+    TNeedRule{TNeedKind::Component, "component", false, false, false, true},
 };
 
 constexpr std::array kUnitKindNames = {"entity",       "architecture",     "package",

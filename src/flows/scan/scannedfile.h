@@ -24,7 +24,8 @@ enum class TNeedKind {
     Selected,       ///< a name like library.package.item, without a use clause
     Entity,         ///< direct instantiation, or a configuration specification
     Configuration,  ///< instantiation, or a binding
-    Package,        ///< the uninstantiated package of a package instance
+    Generic,        ///< instantiates the package, or a subprogram in it, with actual generics
+    Package,        ///< of an interface package: its actual one instantiates this one
     Architecture,   ///< a configuration configures this architecture
     Binding,        ///< a configuration binds a component to this entity
     Component,      ///< instantiation of a component
@@ -36,6 +37,7 @@ struct TNeedRule {
     const char* Name;      ///< in lists, unique
     bool OrdersFiles;      ///< the unit has to be compiled before
     bool OrdersSecondary;  ///< and so has its architecture, if one is named
+    bool OrdersBody;       ///< and so has its package body, if there is one
     bool IsInstantiation;  ///< the unit is no top level then
 };
 

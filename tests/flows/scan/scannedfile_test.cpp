@@ -7,7 +7,7 @@ TEST(ScannedFile, TellsWhatFollowsFromEachKindOfNeed) {
     for (int kind = 0; kind <= static_cast<int>(TNeedKind::Component); ++kind) {
         const TNeedRule& rule = GetNeedRule(static_cast<TNeedKind>(kind));
         lines += std::string(rule.Name) + (rule.OrdersFiles ? " orders" : "") +
-                 (rule.OrdersSecondary ? " secondary" : "") +
+                 (rule.OrdersSecondary ? " secondary" : "") + (rule.OrdersBody ? " body" : "") +
                  (rule.IsInstantiation ? " instantiates" : "") + "\n";
     }
     EXPECT_EQ(lines,
@@ -17,6 +17,7 @@ TEST(ScannedFile, TellsWhatFollowsFromEachKindOfNeed) {
               "selected orders\n"
               "entity orders instantiates\n"
               "configuration orders instantiates\n"
+              "generic orders body\n"
               "package orders\n"
               "architecture orders secondary\n"
               "binding orders secondary instantiates\n"
