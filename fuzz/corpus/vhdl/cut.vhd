@@ -1,0 +1,1 @@
+package body p is function f is new work.q.

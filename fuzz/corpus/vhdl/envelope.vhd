@@ -1,0 +1,5 @@
+`protect begin_protected
+`protect data_block
+abc`def
+  ` protect END_PROTECTED
+context c is library l; end context;

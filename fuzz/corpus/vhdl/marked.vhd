@@ -1,0 +1,2 @@
+﻿entity Zähler is end; -- €
+vunit v (ZÄHLER(a)) { assert always x; }
