@@ -1,6 +1,8 @@
 #include "flows/textreaders.h"
 #include "buildfile/hdlbuildfile.h"
 #include "buildfile/hdlbuildfilexmllist.h"
+#include "services/xml/xmlsectionfile.h"
+#include "settings/projectsimsettings.h"
 #include "simtools/serverconfigurationfilexmllist.h"
 #include "simtools/simtoolserverclientcourier.h"
 
@@ -15,6 +17,15 @@ public:
     bool Read(const std::string& document, TXMLReadError* error) {
         return this->ReadFromText(document, error) && this->InterpretElements();
     }
+};
+
+/// The section of the settings, which is not written.
+class TSettingsSection : public TXMLSectionFile {
+public:
+    TSettingsSection() : TXMLSectionFile("ProjectSettings", "SimulationProject", CHILD_OF_ROOT) {}
+
+protected:
+    void FillSection() override {}
 };
 
 }  // namespace
@@ -32,4 +43,16 @@ bool ReadSimulatorsText(const std::string& document, const char* server,
     (void)courier->ReadCurrentServerConfigFromFile(nullptr, server);
     TDocumentInMemory<TServerConfigurationFileXMLList> list(courier);
     return list.Read(document, error);
+}
+
+THpjFileResult ReadProjectText(const std::string& document, const ISFileName* file,
+                               TProjectSimSettings* settings, TXMLReadError* error) {
+    settings->SetProjectFileName(file);
+    TDocumentInMemory<TSettingsSection> list;
+    if (!list.Read(document, error)) return HPJ_FILE_UNREADABLE;
+    if (!list.HasParent()) return HPJ_FILE_FOREIGN;
+    if (list.GetSectionCount() > 1) return HPJ_FILE_REPEATED_SETTINGS;
+    if (list.GetSectionCount() == 0) return HPJ_FILE_DONE;
+    DListIterator<TElement*> section = list.GetSection();
+    return settings->ReadFromFile(section, file) ? HPJ_FILE_DONE : HPJ_FILE_INVALID_SETTINGS;
 }

@@ -1,10 +1,12 @@
 #pragma once
 #include "services/xml/xmllist.h"
+#include "settings/hpjfile.h"
 #include <string>
 
 class ISFileName;
 class TBaseSimToolServerClientCourier;
 class THdlBuildFile;
+class TProjectSimSettings;
 
 // Models out of documents that are in memory. Relative names are taken against the folder of
 // `file`, which is not looked at and outlives the model. No message is shown. False, with the
@@ -17,3 +19,7 @@ bool ReadBuildText(const std::string& document, const ISFileName* file, THdlBuil
 /// `server` becomes the current server of `courier` and gets the tools, as when a file is read.
 bool ReadSimulatorsText(const std::string& document, const char* server,
                         TBaseSimToolServerClientCourier* courier, TXMLReadError* error);
+
+/// What THpjFile::Read makes of a file, with its results; `error` counts for HPJ_FILE_UNREADABLE.
+THpjFileResult ReadProjectText(const std::string& document, const ISFileName* file,
+                               TProjectSimSettings* settings, TXMLReadError* error);

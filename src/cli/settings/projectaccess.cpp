@@ -2,23 +2,16 @@
 #include "cli/frame/filereports.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
-#include "cli/settings/settingsloss.h"
 #include "cli/settings/settingstext.h"
+#include "flows/editrules.h"
+#include "flows/textreaders.h"
 #include "services/ini/propcache.h"
 #include "services/names/isfilename.h"
-#include "services/xml/xmlsectionfile.h"
+#include <algorithm>
 #include <map>
+#include <utility>
 
 namespace {
-
-/// Reads the section of the settings and never writes it.
-class TSettingsSection : public TXMLSectionFile {
-public:
-    TSettingsSection() : TXMLSectionFile("ProjectSettings", "SimulationProject", CHILD_OF_ROOT) {}
-
-protected:
-    void FillSection() override {}
-};
 
 /// The names; equal ones are numbered, as in "a (2 of 2)".
 std::vector<std::string> TellApart(const std::vector<std::string>& names) {
@@ -53,17 +46,29 @@ TJson Find(const TValues& values, const std::string& name) {
 TProjectAccess::TProjectAccess(const TSettingsArguments& arguments, const TToolStreams& streams)
     : Arguments(arguments),
       Streams(streams),
-      File(ISFileName::NewISFileName(arguments.Project.c_str())),
-      Project(File) {}
+      File(ISFileName::NewISFileName(arguments.Project.c_str())) {}
 
-int TProjectAccess::Read(bool mayBeMissing) {
-    const TQuietMessageBox quiet;
-    const THpjFileResult result = Project.Read(&Settings);
+int TProjectAccess::Read() {
+    return ReadFile(false, false);
+}
+
+int TProjectAccess::ReadToChange(bool mayBeMissing) {
+    return ReadFile(mayBeMissing, !Arguments.DryRun);
+}
+
+int TProjectAccess::ReadFile(bool mayBeMissing, bool isLocked) {
+    TXMLReadError error;
+    const bool isRead = isLocked ? File.ReadToChange(&error) : File.Read(&error);
+    WasThere = isRead || !error.Missing;
+    THpjFileResult result = HPJ_FILE_UNREADABLE;
+    if (isRead)
+        result = ReadProjectText(File.GetBytes(), GetFile(), &Settings, &error);
+    else
+        Settings.SetProjectFileName(GetFile());
     StateRead = StateOf(Settings);
-    SavedUnchanged = StateOfSaved();
-    if (result == HPJ_FILE_DONE || (result == HPJ_FILE_MISSING && mayBeMissing)) return kExitDone;
+    if (result == HPJ_FILE_DONE || (!WasThere && mayBeMissing)) return kExitDone;
     if (result == HPJ_FILE_UNREADABLE)
-        ReportReadError(Project.GetReadError(), Arguments.Project, Streams);
+        ReportReadError(error, Arguments.Project, Streams);
     else
         ReportError(Streams, Arguments.Project + ": " + THpjFile::GetErrorString(result));
     const bool isProblem =
@@ -72,7 +77,7 @@ int TProjectAccess::Read(bool mayBeMissing) {
 }
 
 std::string TProjectAccess::GetDirectory() const {
-    return File->GetPathOnly();
+    return GetFile()->GetPathOnly();
 }
 
 TProjectSimConfig* TProjectAccess::FindConfiguration() {
@@ -86,56 +91,60 @@ TProjectSimConfig* TProjectAccess::FindConfiguration() {
     return nullptr;
 }
 
-// Re-reads the file and names what saving would drop. Settings that have changed since the first
-// read are not saved over anyway.
-std::string TProjectAccess::FindLoss() const {
-    const TQuietMessageBox quiet;
-    TSettingsSection section;
-    section.ReadFile(File->Canonical(false));
-    return FindSettingsLoss(section.GetSection());
-}
-
 int TProjectAccess::Save(const char* verb) {
-    if (const std::string loss = FindLoss(); !loss.empty()) {
-        ReportError(Streams, Arguments.Project + ": a save would lose " + loss);
-        return kExitProblems;
-    }
-    const TFileChange change{
+    const std::string reason = Change();
+    TFileChange change{
         MakeResult("hdlbuild-settings-" + std::string(verb), "project", Arguments.Project),
-        Arguments.Project, StateRead, StateChanged()};
-    return SaveChange(change, Arguments, Streams, [this] { return WriteFile(); });
+        Arguments.Project, StateRead, ReadState(File.GetChanged())};
+    return SaveEditedFile(std::move(change), reason, File, Arguments, Streams);
 }
 
-std::string TProjectAccess::WriteFile() {
-    const TQuietMessageBox quiet;
-    const THpjFileResult result = Project.Save(&Settings);
-    if (result == HPJ_FILE_NOT_WRITTEN && !quiet.GetText().empty()) return quiet.GetText();
-    return THpjFile::GetErrorString(result);
+std::string TProjectAccess::Change() {
+    const TState wantedState = StateOf(Settings);
+    std::string whole;
+    const std::string reason = PrintWhole(&whole);
+    if (!reason.empty()) return reason;
+    if (!WasThere) return File.Make(whole);
+    // Some values, such as an empty include list, read back as something else.
+    const TValues held = ValuesOf(wantedState);
+    const TValues savedWhole = ValuesOf(ReadState(whole));
+    const auto isAsWanted = [&](const std::string& edited) {
+        const TValues found = ValuesOf(ReadState(edited));
+        return found.size() == savedWhole.size() &&
+               std::all_of(found.begin(), found.end(), [&](const auto& value) {
+                   return value.second == Find(held, value.first) ||
+                          value.second == Find(savedWhole, value.first);
+               });
+    };
+    TProjectSimSettings settings;
+    (void)ReadProjectText(File.GetBytes(), GetFile(), &settings, nullptr);
+    TXMLList base;
+    TXMLList wanted;
+    base.SetFileName(GetFile()->Canonical(false));
+    wanted.SetFileName(GetFile()->Canonical(false));
+    settings.WriteToProjectFile(&base);
+    Settings.WriteToProjectFile(&wanted);
+    return File.Change(base, wanted, MakeProjectFileRules(GetFile()), isAsWanted);
 }
 
-// Saving alone changes some values, such as the include lists of languages that the file did not
-// mention. Those are reported only when the command touched them.
-TState TProjectAccess::StateChanged() {
-    const TValues read = ValuesOf(StateRead);
-    const TValues savedUnchanged = ValuesOf(SavedUnchanged);
-    const TValues held = ValuesOf(StateOf(Settings));
-    TState state = StateOfSaved();
-    for (auto& [name, value] : state)
-        if (Find(held, name) == Find(read, name) && value == Find(savedUnchanged, name))
-            value = Find(read, name);
-    return state;
+// The document that a save of the settings alone would make.
+std::string TProjectAccess::PrintWhole(std::string* document) {
+    constexpr const char* kRoot = "SimulationProject";
+    TXMLList list;
+    list.SetHoldsRoot(true);
+    list.SetFileName(GetFile()->Canonical(false));
+    list.Push(TElement::START, kRoot, {}, {});
+    Settings.WriteToProjectFile(&list);
+    list.Push(TElement::END, kRoot, {}, {});
+    std::string reason;
+    list.WriteToText(document, &reason);
+    return reason;
 }
 
-// Not the settings themselves: an empty include list and an unknown current configuration read back
-// as something else.
-TState TProjectAccess::StateOfSaved() {
-    TXMLList document;
-    document.SetFileName(File->Canonical(false));
-    Settings.WriteToProjectFile(&document);
-    DListIterator<TElement*> element(document);
-    TProjectSimSettings saved;
-    saved.ReadFromFile(element, File);
-    return StateOf(saved);
+TState TProjectAccess::ReadState(const std::string& document) const {
+    TProjectSimSettings settings;
+    (void)ReadProjectText(document, GetFile(), &settings, nullptr);
+    return StateOf(settings);
 }
 
 TState TProjectAccess::StateOf(const TProjectSimSettings& settings) const {

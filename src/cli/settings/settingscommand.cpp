@@ -95,7 +95,7 @@ int RunSettingsShow(const TSettingsArguments& arguments, const TToolStreams& str
 
 int RunSettingsCurrent(const TSettingsArguments& arguments, const TToolStreams& streams) {
     TProjectAccess project(arguments, streams);
-    if (const int status = project.Read(); status != kExitDone) return status;
+    if (const int status = project.ReadToChange(); status != kExitDone) return status;
     const TProjectSimConfig* configuration = project.FindConfiguration();
     if (!configuration) return kExitUsage;
     project.GetSettings().SelectCurrentConfig(configuration);
@@ -104,7 +104,7 @@ int RunSettingsCurrent(const TSettingsArguments& arguments, const TToolStreams& 
 
 int RunSettingsCopy(const TSettingsArguments& arguments, const TToolStreams& streams) {
     TProjectAccess project(arguments, streams);
-    if (const int status = project.Read(true); status != kExitDone) return status;
+    if (const int status = project.ReadToChange(true); status != kExitDone) return status;
     TProjectSimSettings& settings = project.GetSettings();
     const std::string complaint = NameComplaint(arguments.NewName, settings);
     if (!complaint.empty()) {
@@ -124,7 +124,7 @@ int RunSettingsCopy(const TSettingsArguments& arguments, const TToolStreams& str
 
 int RunSettingsRemove(const TSettingsArguments& arguments, const TToolStreams& streams) {
     TProjectAccess project(arguments, streams);
-    if (const int status = project.Read(); status != kExitDone) return status;
+    if (const int status = project.ReadToChange(); status != kExitDone) return status;
     const TProjectSimConfig* configuration = project.FindConfiguration();
     if (!configuration) return kExitUsage;
     const std::string name = configuration->GetName();
@@ -134,7 +134,7 @@ int RunSettingsRemove(const TSettingsArguments& arguments, const TToolStreams& s
 
 int RunSettingsReset(const TSettingsArguments& arguments, const TToolStreams& streams) {
     TProjectAccess project(arguments, streams);
-    if (const int status = project.Read(); status != kExitDone) return status;
+    if (const int status = project.ReadToChange(); status != kExitDone) return status;
     TProjectSimConfig* configuration = project.FindConfiguration();
     if (!configuration) return kExitUsage;
     const std::string name = configuration->GetName();

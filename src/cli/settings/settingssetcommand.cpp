@@ -120,7 +120,7 @@ private:
 
 int RunSettingsSet(const TSettingsArguments& arguments, const TToolStreams& streams) {
     TProjectAccess project(arguments, streams);
-    if (const int status = project.Read(); status != kExitDone) return status;
+    if (const int status = project.ReadToChange(); status != kExitDone) return status;
     TProjectSimConfig* configuration = project.FindConfiguration();
     if (!configuration) return kExitUsage;
     const std::string complaint =

@@ -102,7 +102,7 @@ int TTranslatorAccess::ReadBuild(bool isLocked) {
     const THdlBuildFileReadResults result = build.GetReadResult();
     // Sources that are missing do not matter to the switches.
     if (result == READ_NO_ERROR || result == READ_FILES_MISSING) return kExitDone;
-    ReportReadResult(build, Streams);
+    ReportError(Streams, THdlBuildFile::GetErrorString(result));
     return kExitProblems;
 }
 

@@ -60,14 +60,12 @@ TEST(ProjectAccess, ChangesNoSettingsThatChangedMeanwhile) {
         std::ostringstream err;
         const TToolStreams streams{out, err};
         TProjectAccess project(arguments, streams);
-        ASSERT_EQ(project.Read(true), kExitDone) << row.Label;
+        ASSERT_EQ(project.ReadToChange(true), kExitDone) << row.Label;
         project.GetSettings().AddConfiguration(new TProjectSimConfig(false));
         folder.Write("p.hpj", row.After);
         EXPECT_EQ(project.Save("copy"), kExitFile) << row.Label;
         EXPECT_EQ(out.str(), "") << row.Label;
-        EXPECT_EQ(err.str(),
-                  "hdlbuild: error: p.hpj: the settings in the file have changed since they were "
-                  "read\n")
+        EXPECT_EQ(err.str(), "hdlbuild: error: p.hpj: the file has changed since it was read\n")
             << row.Label;
         EXPECT_EQ(folder.Read("p.hpj"), row.After) << row.Label;
     }

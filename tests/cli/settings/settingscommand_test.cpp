@@ -210,9 +210,7 @@ TEST(SettingsCommand, ChangesTheListOfConfigurations) {
     EXPECT_EQ(text.substr(0, text.find("    <ProjectSettingsConfiguration")),
               "<!DOCTYPE SimulationProject SYSTEM \"project.dtd\">\n"
               "<SimulationProject Version=\"7\">\n"
-              "  <Windows>\n"
-              "    <Window Name=\"main\"/>\n"
-              "  </Windows>\n"
+              "  <Windows><Window Name=\"main\"/></Windows>\n"
               "  <ProjectSettings CurrentConfiguration=\"p\">\n");
     EXPECT_EQ(text.substr(text.find("  </ProjectSettings>")),
               "  </ProjectSettings>\n"
@@ -257,6 +255,7 @@ TEST(SettingsCommand, ResetsAConfiguration) {
               "Release: Verilog BuildOptions: \"\" -> \"+define+_DEBUG\"\n"
               "Release: Verilog LinkerOptions: \" -l 2\" -> \"\"\n"
               "Release: VHDL BuildOptions: \"\" -> \"+define+_DEBUG\"\n"
+              "Release: C++ IncludeDirectories: [] -> [\".\"]\n"
               "Release: C++ BuildOptions: \"/MD /W3 /GR /GX /D NDEBUG /c\" -> "
               "\"/Zi /MDd /W3 /GR /GX /Od /GZ /D _DEBUG /c\"\n"
               "Release: C++ LinkerOptions: \" /dll /machine:I386 /PDB:NONE kernel32.lib\" -> "
@@ -272,11 +271,29 @@ TEST(SettingsCommand, ChangesNothingInADryRun) {
     const WorkingFolder folder;
     folder.Write("p.hpj", ProjectText());
     EXPECT_EQ(Settings({"current", "Debug", "--dry-run"}),
-              "current configuration: \"Release\" -> \"Debug\"\np.hpj: not saved (dry run)\n");
+              "current configuration: \"Release\" -> \"Debug\"\np.hpj: not saved (dry run)\n"
+              "--- p.hpj\n+++ p.hpj\n@@ -1,7 +1,7 @@\n"
+              " <!DOCTYPE SimulationProject SYSTEM \"project.dtd\">\n"
+              " <SimulationProject Version=\"7\">\n"
+              "   <Windows><Window Name=\"main\"/></Windows>\n"
+              "-  <ProjectSettings CurrentConfiguration=\"Release\">\n"
+              "+  <ProjectSettings CurrentConfiguration=\"Debug\">\n"
+              "     <ProjectSettingsConfiguration ConfigurationName=\"Release\">\n"
+              "       <LanguageSettings Language=\"Verilog\">\n"
+              "         <SimTool>VCS</SimTool>\n");
     EXPECT_EQ(Settings({"remove", "Debug", "--dry-run"}),
               "configurations: [\"Release\",\"Debug\"] -> [\"Release\"]\n"
-              "p.hpj: not saved (dry run)\n");
-    EXPECT_EQ(Settings({"copy", "Debug", "Fast", "--dry-run", "--json"}),
+              "p.hpj: not saved (dry run)\n"
+              "--- p.hpj\n+++ p.hpj\n@@ -11,7 +11,6 @@\n"
+              "         <LinkerOptions> -l 2</LinkerOptions>\n"
+              "       </LanguageSettings>\n"
+              "     </ProjectSettingsConfiguration>\n"
+              "-    <ProjectSettingsConfiguration ConfigurationName=\"Debug\"/>\n"
+              "   </ProjectSettings>\n"
+              "   <Notes>keep &amp; hold</Notes>\n"
+              " </SimulationProject>\n");
+    const std::string json = Settings({"copy", "Debug", "Fast", "--dry-run", "--json"});
+    EXPECT_EQ(json.substr(0, json.find(",\n  \"diff\": ")) + "\n}\n",
               "{\n"
               "  \"format\": \"hdlbuild-settings-copy\",\n"
               "  \"version\": 1,\n"
