@@ -73,7 +73,6 @@ THdlBuildFileReadResults THdlBuildFile::ReadFromFile() {
     // A missing or malformed file leaves the build as it was: only ReadError tells.
     document.ReadFile(BuildFileName->GetParts(PART_ALL));
     ReadError = document.GetReadError();
-    BuildElementMet = document.HasBuildElement();
     BuildFileName->UpdateTimeFileLastLoaded(kDefaultTimeStampKey);
     Parts->NoteFile(path, status);
     CompilePrecompiledLibraryGroup();

@@ -239,6 +239,7 @@ protected:
     void DeleteConfigurations();
 
 private:
+    friend class THdlBuildFileXMLList;
     bool ReadTranslationOptions(DListIterator<TElement*>& element, bool isVerilog2Vhdl);
     void MakeTranslationOptions(bool isVerilog2Vhdl);
     std::string GetRelativeFileNameStr(const char* path) const;
@@ -286,7 +287,7 @@ private:
     TPseudoVariables Variables;
     TProjectSimGeneralConfig* GeneralConfiguration = nullptr;
     bool OwnsConfigurations = false;
-    bool BuildElementMet = false;
+    bool BuildElementMet = false;  // set by the document that hands over its sections
 };
 
 /// Appends `path` in the form for command files: relative to `directory` when it is there or below,

@@ -46,18 +46,19 @@ void THdlBuildFileXMLList::FillElements() {
 }
 
 bool THdlBuildFileXMLList::InterpretElements() {
-    BuildElementMet = false;
     if (!Build) return true;
+    bool& isBuildMet = Build->BuildElementMet;
+    isBuildMet = false;
     TElementIterator element = GetFirst();
     while (element.NotAtTail()) {
         const TElementIterator before = element;
         const TSection* section = FindSection(element);
-        if (section == kSections) BuildElementMet = true;
+        if (section == kSections) isBuildMet = true;
         if (section && !(Build->*section->Read)(element)) break;
         // A reader stops on the next section's start, which must not be stepped over.
         if (element == before) ++element;
     }
     // Behind a section that could not be read.
-    if (!BuildElementMet) BuildElementMet = FindNext(element, kBuildElement, nullptr);
+    if (!isBuildMet) isBuildMet = FindNext(element, kBuildElement, nullptr);
     return true;
 }

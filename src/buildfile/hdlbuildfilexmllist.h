@@ -11,9 +11,6 @@ public:
     explicit THdlBuildFileXMLList(THdlBuildFile* build);
     ~THdlBuildFileXMLList() override;
 
-    /// Whether the document of the last read has an "HdlBuildFile" element.
-    bool HasBuildElement() const { return BuildElementMet; }
-
 protected:
     void FillElements() override;
     /// Ends at the first section whose reader fails; always true.
@@ -21,5 +18,4 @@ protected:
 
 private:
     THdlBuildFile* Build;
-    bool BuildElementMet = false;
 };

@@ -171,8 +171,9 @@ TEST(CommandTable, ADryRunSaysTheSameAndChangesNothing) {
             EXPECT_EQ(dryRun.Err, run.Err) << name;
             // Behind what the run says stands the difference of the file.
             const std::size_t diff = dryRun.Out.find(isJson ? ",\n  \"diff\": " : "--- ");
+            ASSERT_NE(diff, std::string::npos) << name << dryRun.Out;
             std::string said = dryRun.Out.substr(0, diff);
-            if (isJson && diff != std::string::npos) said += "\n}\n";
+            if (isJson) said += "\n}\n";
             EXPECT_EQ(isJson ? Replaced(said, "\"saved\": false", "\"saved\": true")
                              : Replaced(said, "not saved (dry run)", "saved"),
                       run.Out)

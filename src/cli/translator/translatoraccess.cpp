@@ -89,8 +89,8 @@ int TTranslatorAccess::ReadBuild(bool isLocked) {
     }
     THdlBuildFile build;
     TXMLReadError error;
-    const bool isRead = isLocked ? File.ReadToChange(&error) : File.Read(&error);
-    if (!isRead || !ReadBuildText(File.GetBytes(), File.GetFile(), &build, &error)) {
+    const bool hasBytes = isLocked ? File.ReadToChange(&error) : File.Read(&error);
+    if (!hasBytes || !ReadBuildText(File.GetBytes(), File.GetFile(), &build, &error)) {
         ReportReadError(error, Arguments.Build, Streams);
         return kExitFile;
     }
@@ -99,11 +99,12 @@ int TTranslatorAccess::ReadBuild(bool isLocked) {
     if (!Options || OthersBuild) Options = MakeDefaults(*Translator);
     StateRead = StateOf(*Options);
     for (TV2VTranslationOption* option : *Options) ArgumentsRead.push_back(ArgumentsOf(*option));
+    ReportNoBuild(build, Streams);
     const THdlBuildFileReadResults result = build.GetReadResult();
     // Sources that are missing do not matter to the switches.
-    if (result == READ_NO_ERROR || result == READ_FILES_MISSING) return kExitDone;
-    ReportError(Streams, THdlBuildFile::GetErrorString(result));
-    return kExitProblems;
+    const bool isRead = result == READ_NO_ERROR || result == READ_FILES_MISSING;
+    if (!isRead) ReportError(Streams, THdlBuildFile::GetErrorString(result));
+    return isRead && build.HasBuildElement() ? kExitDone : kExitProblems;
 }
 
 // The build never deletes its list.
@@ -160,7 +161,6 @@ std::string TTranslatorAccess::FindProblem() const {
     TXMLList document;
     document.SetHoldsRoot(true);
     document.ReadFromText(File.GetBytes(), nullptr);
-    if (!HoldsElement(document, kBuildElement)) return "the file holds no build";
     for (const TTranslator& other : kTranslators)
         if (&other != Translator && HoldsElement(document, other.Tag))
             return std::string(kOfOne) + "holds those of both";

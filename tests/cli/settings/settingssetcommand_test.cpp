@@ -118,6 +118,33 @@ TEST(SettingsSetCommand, SetsEverySettingOfALanguage) {
                                           {"ForceTopLevel", "true"}})));
 }
 
+TEST(SettingsSetCommand, LeavesEveryOtherByteOfTheFile) {
+    const WorkingFolder folder;
+    const std::string before =
+        "\xEF\xBB\xBF<?xml version='1.0' encoding=\"UTF-8\"?>\r\n<!-- ours -->\r\n"
+        "<SimulationProject Owner = 'team'>\r\n"
+        "\t<Other><Unknown b='2' a=\"1\"/></Other>\r\n\r\n"
+        "\t<ProjectSettings>\r\n"
+        "\t\t<ProjectSettingsConfiguration  ConfigurationName='Release' Mine='x'>\r\n"
+        "\t\t\t<!-- delays --><LanguageSettings Language='Verilog'>\r\n"
+        "\t\t\t\t<SimTool>VCS</SimTool> <!-- until 2027 -->\r\n"
+        "\t\t\t\t<DelayType >2</DelayType ><Mine/>\r\n"
+        "\t\t\t</LanguageSettings>\r\n"
+        "\t\t</ProjectSettingsConfiguration>\r\n"
+        "\t</ProjectSettings>\r\n"
+        "</SimulationProject><!-- no line end -->";
+    folder.Write("p.hpj", before);
+    EXPECT_EQ(Set({"SimTool", "VCSi", "--language", "Verilog"}),
+              Saved("Verilog SimTool: \"VCS\" -> \"VCSi\""));
+    std::string after = before;
+    after.insert(after.find("VCS") + 3, "i");
+    EXPECT_EQ(folder.Read("p.hpj"), after);
+    EXPECT_EQ(Set({"RuntimeOptions", "a<b", "--language", "Verilog"}),
+              Saved("Verilog RuntimeOptions: \"\" -> \"a<b\""));
+    after.insert(after.find("<Mine/>"), "\r\n\t\t\t\t<RuntimeOptions>a&lt;b</RuntimeOptions>");
+    EXPECT_EQ(folder.Read("p.hpj"), after);
+}
+
 TEST(SettingsSetCommand, TakesASimulatorsNumberAndADelaysWord) {
     const WorkingFolder folder;
     folder.Write("p.hpj", ProjectText());

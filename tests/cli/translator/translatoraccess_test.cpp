@@ -80,7 +80,8 @@ TEST(TranslatorAccess, ChangesNoBuildThatItCannotRead) {
          Build("<ProjectLanguageConfigurationList><LanguageSettings Language=\"VHDL\">"
                "<IncludeDirectories/></LanguageSettings></ProjectLanguageConfigurationList>"),
          "1\nhdlbuild: error: Build File: Error reading the Project Settings.\n"},
-        {"no build", "<HdlBuildFileList/>", "1\nhdlbuild: error: b.xml: the file holds no build\n"},
+        {"no build", "<HdlBuildFileList/>",
+         "1\nhdlbuild: error: no HdlBuildFile element: the document describes no build\n"},
     };
     for (const auto& row : rows) {
         folder.Write("b.xml", row.Document);

@@ -160,6 +160,19 @@ TEST(TranslatorCommand, PrintsItsChangeAsJson) {
               "}\n");
 }
 
+TEST(TranslatorCommand, SaysThatADocumentDescribesNoBuild) {
+    const WorkingFolder folder;
+    folder.Write("b.xml", "<HdlBuildFileList/>");
+    for (const char* verb : {"list", "command-line"}) {
+        const TToolRun run = RunHdlbuild({"translator", "b.xml", "v2vhdl", verb});
+        EXPECT_EQ(run.Status, 1) << verb;
+        EXPECT_EQ(run.Out, "") << verb;
+        EXPECT_EQ(run.Err,
+                  "hdlbuild: error: no HdlBuildFile element: the document describes no build\n")
+            << verb;
+    }
+}
+
 TEST(TranslatorCommand, RefusesWhatItCannotDo) {
     const WorkingFolder folder;
     folder.Write("b.xml", Build(Options("")));
