@@ -122,7 +122,7 @@ std::string ComplaintOf(const CLI::App& tool, const CLI::Error& error) {
         if (given.empty()) break;
         app = given.front();
     }
-    const std::string complaint = error.what();
+    std::string complaint = error.what();
     if (complaint != CLI::RequiredError::Subcommand(1).what()) return complaint;
     if (!app->remaining().empty()) return CLI::ExtrasError(app->remaining()).what();
     return std::string(app->get_parent() ? "VERB" : "COMMAND") +

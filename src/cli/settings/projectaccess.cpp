@@ -102,7 +102,7 @@ int TProjectAccess::Save(const char* verb) {
 std::string TProjectAccess::Change() {
     const TState wantedState = StateOf(Settings);
     std::string whole;
-    const std::string reason = PrintWhole(&whole);
+    std::string reason = PrintWhole(&whole);
     if (!reason.empty()) return reason;
     if (!WasThere) return File.Make(whole);
     // Some values, such as an empty include list, read back as something else.

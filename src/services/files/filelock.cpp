@@ -17,7 +17,7 @@ TFileResult FollowLinks(IFileSystem& system, std::string* path) {
     constexpr int kMostLinks = 40;
     for (int links = 0; links <= kMostLinks; ++links) {
         std::string next;
-        const TFileResult result = system.ReadLink(*path, &next);
+        TFileResult result = system.ReadLink(*path, &next);
         if (result.Fault == TFileFault::NotALink || result.Fault == TFileFault::Missing) return {};
         if (!result.IsDone()) return result;
         *path = next;
@@ -100,7 +100,7 @@ TFileResult THeldLock::Take(IFileSystem& system, const std::string& path, THeldL
     std::int64_t pause = kShortestPause;
     for (std::int64_t waited = 0; !*held; waited += pause) {
         TFileNumber file = 0;
-        const TFileResult result = TryToLock(system, path, &file);
+        TFileResult result = TryToLock(system, path, &file);
         const bool isLocked = result.IsDone();
         if (isLocked || result.Fault == TFileFault::Unsupported) {
             *held = new THeldLock(system, path, file, isLocked);

@@ -15,7 +15,7 @@ constexpr mode_t kEverybody = 0666;
 
 /// Whether flock failed because nobody can lock a file there, as on some network drives.
 bool HasNoLocks(int error) {
-    return error == ENOSYS || error == EOPNOTSUPP || error == ENOTSUP || error == ENOLCK;
+    return error == ENOSYS || error == EOPNOTSUPP || error == ENOLCK;
 }
 
 }  // namespace
