@@ -1,6 +1,8 @@
 #include "services/xml/documentedit.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <vector>
 
 #include "tests/services/xml/editing.h"
 #include "tests/support/growth.h"
@@ -381,15 +383,18 @@ TEST(DocumentEdit, TakesTimeInProportionToTheDocument) {
     for (const TCase& each : kCases) {
         const auto edit = [&each](int size) {
             std::string base;
-            std::string wanted;
+            std::vector<std::string> sources;
             for (int i = 0; i < size; ++i) {
                 const std::string source = "<Source>s" + std::to_string(i) + "</Source>\n";
                 const bool stays = each.Stays != 0 && i % each.Stays == 0;
                 if (stays || each.Goes != 0) base += source;
-                if (stays) wanted = each.Turns != 0 ? source + wanted : wanted + source;
+                if (stays) sources.push_back(source);
                 if (each.Comes != 0 && i % each.Comes == 0)
-                    wanted += "<Source>new" + std::to_string(i) + "</Source>\n";
+                    sources.push_back("<Source>new" + std::to_string(i) + "</Source>\n");
             }
+            if (each.Turns != 0) std::reverse(sources.begin(), sources.end());
+            std::string wanted;
+            for (const std::string& source : sources) wanted += source;
             const std::string begin = "<L>\n<Group Language='A'>\n<u/>\n";
             const std::string end = "</Group>\n</L>";
             EXPECT_EQ(Edited(begin + base + end, begin + base + end, begin + wanted + end),
