@@ -7,7 +7,8 @@
 namespace {
 
 TSourceNote* Find(TSourceNotes* notes, const std::string& path) {
-    return notes->Find(path, HashIgnoringCase(path));
+    const std::string_view canonical = GetSharedText(Handle(path.c_str()));
+    return notes->Find(canonical, HashIgnoringCase(canonical));
 }
 
 TEST(SourceNotes, AreFoundByPathWhateverItsLetterCase) {
@@ -42,12 +43,12 @@ TEST(SourceNotes, StayWhileTheirNumberGrows) {
         ASSERT_NE(note, nullptr) << i;
         ASSERT_EQ(note->Name, Handle(path(i).c_str()));
         ASSERT_EQ(note->IsListed, i % 3 == 0) << i;
-        ASSERT_TRUE(notes.FetchName(HashIgnoringCase(path(i)))) << i;
+        ASSERT_TRUE(notes.FetchName(HashIgnoringCase(GetSharedText(Handle(path(i).c_str()))))) << i;
     }
     int others = 0;
     for (int i = kNotes; i < 2 * kNotes; ++i) {
         ASSERT_EQ(Find(&notes, path(i)), nullptr) << i;
-        if (!notes.FetchName(HashIgnoringCase(path(i)))) ++others;
+        if (!notes.FetchName(HashIgnoringCase(GetSharedText(Handle(path(i).c_str()))))) ++others;
     }
     EXPECT_GT(others, kNotes * 99 / 100);
 }
