@@ -18,11 +18,32 @@ constexpr std::array kNeedRules = {
     TNeedRule{TNeedKind::Architecture, "architecture", true, true, false, false},
     TNeedRule{TNeedKind::Binding, "binding", true, true, false, true},
     TNeedRule{TNeedKind::Component, "component", false, false, false, true},
+    TNeedRule{TNeedKind::Import, "import", true, false, false, false},
+    TNeedRule{TNeedKind::Scope, "scope", true, false, false, false},
+    TNeedRule{TNeedKind::Extends, "extends", true, false, false, false},
+    TNeedRule{TNeedKind::Class, "class", true, false, false, false},
+    // Modules are looked for when the design is elaborated, whatever the order of the files.
+    TNeedRule{TNeedKind::Instance, "instance", false, false, false, true},
+    TNeedRule{TNeedKind::Interface, "interface", false, false, false, false},
+    TNeedRule{TNeedKind::Bind, "bind", false, false, false, false},
+    TNeedRule{TNeedKind::Design, "design", false, false, false, false},
+    TNeedRule{TNeedKind::Cell, "cell", false, false, false, true},
 };
 
-constexpr std::array kUnitKindNames = {"entity",       "architecture",     "package",
-                                       "package body", "package instance", "configuration",
-                                       "context",      "verification unit"};
+constexpr std::array kUnitKindNames = {"entity",
+                                       "architecture",
+                                       "package",
+                                       "package body",
+                                       "package instance",
+                                       "configuration",
+                                       "context",
+                                       "verification unit",
+                                       "module",
+                                       "interface",
+                                       "program",
+                                       "primitive",
+                                       "class",
+                                       "checker"};
 
 constexpr bool AreInOrder() {
     for (std::size_t row = 0; row < kNeedRules.size(); ++row)

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+class TIncludeFiles;
+
 /// What can be compiled on its own and be needed by others.
 enum class TDesignUnitKind {
     Entity,
@@ -14,6 +16,12 @@ enum class TDesignUnitKind {
     Configuration,
     Context,
     Verification,  ///< a verification unit of PSL
+    Module,
+    Interface,
+    Program,
+    Primitive,  ///< user-defined
+    Class,      ///< outside of modules and packages
+    Checker,
 };
 
 /// How a design unit needs another. What follows from a kind is a row of GetNeedRule.
@@ -29,6 +37,15 @@ enum class TNeedKind {
     Architecture,   ///< a configuration configures this architecture
     Binding,        ///< a configuration binds a component to this entity
     Component,      ///< instantiation of a component
+    Import,         ///< of a package, whole or an item of it
+    Scope,          ///< a name like package::item or class::item
+    Extends,        ///< a class its base, or an interface class
+    Class,          ///< a name of a type, which may be a class outside of packages
+    Instance,       ///< of a module, interface, program, primitive or checker
+    Interface,      ///< of a port, or a virtual one
+    Bind,           ///< the module or instance into which an instance is bound
+    Design,         ///< a configuration the top of its design
+    Cell,           ///< what a configuration puts in the place of a cell or an instance
 };
 
 /// One row of the table of needs.
@@ -45,12 +62,16 @@ const TNeedRule& GetNeedRule(TNeedKind kind);
 /// "package body" and the like. Static.
 const char* GetDesignUnitKindName(TDesignUnitKind kind);
 
-/// One unit that another needs. Names are as written, in UTF-8.
+/// One unit that another needs. Names are as written, in UTF-8; a Verilog name that is escaped
+/// without need comes without its backslash, others with it, so that equal names have equal texts.
 struct TUnitNeed {
     TNeedKind Kind;
-    /// Whether `Library` is known to be the name of a library. If not, it may be a library that the
-    /// primary unit or a context declaration makes visible, or else a package that a use clause of
-    /// a whole library does, or no need at all: the prefix of a record's element looks the same.
+    /// Whether it is one for sure. In VHDL: whether `Library` is known to be the name of a library.
+    /// If not, it may be a library that the primary unit or a context declaration makes visible, or
+    /// else a package that a use clause of a whole library does, or no need at all: the prefix of a
+    /// record's element looks the same. In Verilog: not where the name may be one of the file's own
+    /// or of an imported package, nor where the source is left out under conditions that nobody has
+    /// decided.
     bool IsCertain;
     std::string Library;    ///< logical name, "work" for the file's own; empty when none is named
     std::string Unit;       ///< empty in the use of a whole library
@@ -66,12 +87,25 @@ struct TDesignUnit {
     TSourcePlace Place;                  ///< of its name
     std::vector<std::string> Libraries;  ///< that its context clause names, without inherited ones
     std::vector<TUnitNeed> Needs;        ///< each once, where it stands first, in that order
+    /// False where the unit is left out under conditions that nobody has decided.
+    bool IsCertain = true;
+};
+
+/// A file that another one includes.
+struct TScannedInclude {
+    std::string Name;       ///< as written, in UTF-8, without its quotes
+    bool IsAngled = false;  ///< it stands in angle brackets
+    bool IsCertain = true;  ///< as in the units
+    std::string Path;       ///< of the file that was read, as the reader knows it; empty for none
+    TSourcePlace Place;     ///< of the name
 };
 
 /// What a scan finds in one source, whatever its language.
 struct TScannedFile {
     THdlLanguage Language = LANGUAGE_NONE;
-    std::vector<TDesignUnit> Units;  ///< in the order of the file
+    std::vector<TDesignUnit> Units;         ///< in the order of the file
+    std::vector<TUnitNeed> Needs;           ///< of what stands outside of units, as in a unit
+    std::vector<TScannedInclude> Includes;  ///< also those of included files, as they come
 };
 
 /// A name that conditions in sources may ask for, such as a tool's, with its value.
@@ -82,4 +116,8 @@ struct TScanDefine {
 
 struct TScanOptions {
     std::vector<TScanDefine> Defines;
+    /// Where included files are looked for, behind the folder of the including one.
+    std::vector<std::string> IncludeFolders = {};
+    /// Reads included files; shared by the scans of a set. Null reads none.
+    TIncludeFiles* Includes = nullptr;
 };

@@ -8,6 +8,8 @@
 struct TSourcePlace {
     std::uint32_t Line = 0;    ///< 1-based; 0 is no place
     std::uint32_t Column = 0;  ///< 1-based, in bytes
+    /// 0 for the scanned file; else the 1-based number of the included one in its Includes.
+    std::uint32_t Include = 0;
 };
 
 /// Tells the places of one text. LF, CR LF and a lone CR end a line; a byte order mark takes no

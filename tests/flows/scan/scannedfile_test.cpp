@@ -4,7 +4,7 @@
 
 TEST(ScannedFile, TellsWhatFollowsFromEachKindOfNeed) {
     std::string lines;
-    for (int kind = 0; kind <= static_cast<int>(TNeedKind::Component); ++kind) {
+    for (int kind = 0; kind <= static_cast<int>(TNeedKind::Cell); ++kind) {
         const TNeedRule& rule = GetNeedRule(static_cast<TNeedKind>(kind));
         lines += std::string(rule.Name) + (rule.OrdersFiles ? " orders" : "") +
                  (rule.OrdersSecondary ? " secondary" : "") + (rule.OrdersBody ? " body" : "") +
@@ -21,14 +21,24 @@ TEST(ScannedFile, TellsWhatFollowsFromEachKindOfNeed) {
               "package orders\n"
               "architecture orders secondary\n"
               "binding orders secondary instantiates\n"
-              "component instantiates\n");
+              "component instantiates\n"
+              "import orders\n"
+              "scope orders\n"
+              "extends orders\n"
+              "class orders\n"
+              "instance instantiates\n"
+              "interface\n"
+              "bind\n"
+              "design\n"
+              "cell instantiates\n");
 }
 
 TEST(ScannedFile, NamesEachKindOfUnit) {
     std::string names;
-    for (int kind = 0; kind <= static_cast<int>(TDesignUnitKind::Verification); ++kind)
+    for (int kind = 0; kind <= static_cast<int>(TDesignUnitKind::Checker); ++kind)
         names += std::string(GetDesignUnitKindName(static_cast<TDesignUnitKind>(kind))) + "\n";
-    EXPECT_EQ(names,
-              "entity\narchitecture\npackage\npackage body\npackage instance\nconfiguration\n"
-              "context\nverification unit\n");
+    EXPECT_EQ(
+        names,
+        "entity\narchitecture\npackage\npackage body\npackage instance\nconfiguration\n"
+        "context\nverification unit\nmodule\ninterface\nprogram\nprimitive\nclass\nchecker\n");
 }

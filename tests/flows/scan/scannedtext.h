@@ -8,9 +8,11 @@
 ///       use ieee.numeric_std 2:5
 ///       maybe selected rec.field 7:8
 ///
-/// The libraries of a context clause stand behind the unit's place.
+/// The libraries of a context clause stand behind the unit's place. Needs outside of units come
+/// first, with included files before them. A place in an included file begins with its number.
 inline std::string TextOf(const TSourcePlace& place) {
-    return std::to_string(place.Line) + ":" + std::to_string(place.Column);
+    const std::string include = place.Include == 0 ? "" : "#" + std::to_string(place.Include) + ":";
+    return include + std::to_string(place.Line) + ":" + std::to_string(place.Column);
 }
 
 inline std::string TextOf(const TUnitNeed& need) {
@@ -22,9 +24,19 @@ inline std::string TextOf(const TUnitNeed& need) {
     return text + " " + TextOf(need.Place) + "\n";
 }
 
+inline std::string TextOf(const TScannedInclude& include) {
+    std::string text = include.IsCertain ? "include " : "maybe include ";
+    text += include.IsAngled ? "<" + include.Name + ">" : include.Name;
+    if (!include.Path.empty()) text += " is " + include.Path;
+    return text + " " + TextOf(include.Place) + "\n";
+}
+
 inline std::string TextOf(const TScannedFile& file) {
     std::string text;
+    for (const TScannedInclude& include : file.Includes) text += TextOf(include);
+    for (const TUnitNeed& need : file.Needs) text += TextOf(need);
     for (const TDesignUnit& unit : file.Units) {
+        if (!unit.IsCertain) text += "maybe ";
         text += std::string(GetDesignUnitKindName(unit.Kind)) + " " + unit.Name;
         if (!unit.Primary.empty()) text += " of " + unit.Primary;
         text += " " + TextOf(unit.Place);
