@@ -1,5 +1,5 @@
 #include "services/files/filelock.h"
-#include "services/base/fold.h"
+#include "services/files/filebeside.h"
 #include "services/files/filesystem.h"
 #include "services/files/pathconventions.h"
 #include "services/files/pathtext.h"
@@ -25,13 +25,11 @@ TFileResult FollowLinks(IFileSystem& system, std::string* path) {
     return {TFileFault::Other, "Too many levels of symbolic links"};
 }
 
-/// Without regard to case, as some systems see one file in both spellings. An empty path names no
-/// file, and has none either.
+/// An empty path names no file, and has none either.
 std::string LockFileOf(const std::string& target) {
     if (target.empty()) return {};
     const std::size_t name = target.rfind(kPathDelimiter) + 1;
-    const std::size_t hash = HashIgnoringCase(std::string_view(target).substr(name));
-    return target.substr(0, name) + ".hdlbuildfile-" + std::to_string(hash) + ".lock";
+    return target.substr(0, name) + GetNameBeside(target.substr(name)) + ".lock";
 }
 
 /// Locks the lock file, unless somebody else has it at this moment: Busy.
@@ -125,9 +123,8 @@ void THeldLock::Drop() {
     while (*place != this) place = &(*place)->Next;
     *place = Next;
     if (IsLocked) {
-        // Removed while it is locked, so that nobody locks one that is about to go. What holds a
-        // file for a moment, such as a virus scanner, has let it go the second time.
-        if (!System.Remove(Path).IsDone()) System.Remove(Path);
+        // Removed while it is locked, so that nobody locks one that is about to go.
+        RemoveFileBeside(System, Path);
         System.Close(File);
     }
     delete this;

@@ -1,6 +1,6 @@
 #include "services/files/filesave.h"
-#include "services/base/fold.h"
 #include "services/base/sharedset.h"
+#include "services/files/filebeside.h"
 #include "services/files/filelock.h"
 #include "services/files/filesystem.h"
 #include "services/files/pathconventions.h"
@@ -50,11 +50,7 @@ private:
     bool LookAtTarget() {
         const std::size_t name = Target.rfind(kPathDelimiter) + 1;
         Folder = Target.substr(0, name);
-        // With the file's name, so that another file's save leaves it alone, but short enough for
-        // every file system.
-        TemporaryBegin = ".hdlbuildfile-" +
-                         std::to_string(HashIgnoringCase(std::string_view(Target).substr(name))) +
-                         "-";
+        TemporaryBegin = GetNameBeside(Target.substr(name)) + "-";
         const TFileResult result = System.CheckReplaceable(Target);
         TargetExists = result.IsDone();
         return result.Fault == TFileFault::Missing || Check(result);
@@ -144,11 +140,8 @@ private:
     }
 
     void RemoveTemporaries() {
-        for (const auto& name : {Temporary, Former}) {
-            // What holds a file for a moment, such as a virus scanner, has let it go the second
-            // time.
-            if (name && !System.Remove(*name).IsDone()) System.Remove(*name);
-        }
+        for (const auto& name : {Temporary, Former})
+            if (name) RemoveFileBeside(System, *name);
     }
 
     IFileSystem& System;

@@ -1,0 +1,12 @@
+#include "services/files/filebeside.h"
+#include "services/base/fold.h"
+#include "services/files/filesystem.h"
+
+std::string GetNameBeside(std::string_view name) {
+    return ".hdlbuildfile-" + std::to_string(HashIgnoringCase(name));
+}
+
+void RemoveFileBeside(IFileSystem& system, const std::string& path) {
+    // What holds a file for a moment, such as a virus scanner, has let it go the second time.
+    if (!system.Remove(path).IsDone()) system.Remove(path);
+}
