@@ -1,21 +1,18 @@
 #include "services/base/keeper.h"
 
-#include <array>
 #include <atomic>
-#include <cstdint>
 #include <mutex>
 #include <unordered_map>
 
+#include "services/base/sharedparts.h"
+
 /// Where kept objects are: in a keeper, or without one until the process ends. A part of all
-/// objects, those with certain addresses, so that threads seldom wait for each other. The lock
-/// guards the places alone: a keeper belongs to the thread that has its objects.
+/// objects, those with certain addresses. The lock guards the places alone: a keeper belongs to the
+/// thread that has its objects.
 class TKeptObjects {
 public:
     static TKeptObjects& Of(const void* object) {
-        // Never destroyed: objects are dropped and deleted while the process ends, too.
-        static auto& parts = *new std::array<TKeptObjects, 16>;
-        // The lowest bits are the same for all.
-        return parts[(reinterpret_cast<std::uintptr_t>(object) >> 6) % parts.size()];
+        return GetSharedPart<TKeptObjects>(HashOfPlace(object));
     }
     void KeepUntilExit(const void* object) {
         const std::lock_guard guard(Lock);

@@ -1,5 +1,6 @@
 #include "services/files/pathpieces.h"
 #include "services/base/fold.h"
+#include "services/base/sharedparts.h"
 #include "services/files/filenameparts.h"
 #include "services/files/pathconventions.h"
 #include "services/files/pathtext.h"
@@ -71,7 +72,7 @@ struct THashOfText {
     }
 };
 
-/// A part of all texts, those of certain hashes: threads seldom wait for each other.
+/// A part of all texts, those of certain hashes.
 struct TKeptTexts {
     std::mutex Lock;
     std::unordered_set<std::string, THashOfText, std::equal_to<>> Texts;
@@ -171,9 +172,7 @@ std::string SqueezePath(std::string_view path, int length) {
 }
 
 const std::string& KeptPath(std::string_view text) {
-    // Never destroyed: handles are asked until the very end of the process.
-    static auto& parts = *new std::array<TKeptTexts, 16>;
-    TKeptTexts& part = parts[THashOfText()(text) % parts.size()];
+    auto& part = GetSharedPart<TKeptTexts>(THashOfText()(text));
     const std::lock_guard guard(part.Lock);
     auto place = part.Texts.find(text);
     if (place == part.Texts.end()) place = part.Texts.emplace(text).first;

@@ -1,11 +1,11 @@
 #include "services/names/isfilename.h"
 #include "services/base/fetchahead.h"
 #include "services/base/fold.h"
+#include "services/base/sharedparts.h"
 #include "services/logging/binarylog.h"
 #include "services/names/filenamequeries.h"
 #include "services/names/timestamps.h"
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <mutex>
 #include <new>
@@ -185,7 +185,9 @@ private:
 
     // The number of slots is a power of two, and a quarter of them are free. The lowest bits of the
     // hash tell the table.
-    std::size_t FirstSlot(std::size_t hash) const { return hash / 16 & (Slots.size() - 1); }
+    std::size_t FirstSlot(std::size_t hash) const {
+        return hash / kSharedParts & (Slots.size() - 1);
+    }
     std::size_t After(std::size_t slot) const { return (slot + 1) & (Slots.size() - 1); }
     std::size_t FindSlot(std::string_view text, std::size_t hash) const {
         std::size_t i = FirstSlot(hash);
@@ -219,11 +221,8 @@ private:
     std::size_t Count = 0;
 };
 
-/// Several tables, so that threads seldom wait for each other.
 THandleTable& TableOf(std::size_t hash) {
-    // Never destroyed: handles live until the process ends.
-    static auto& tables = *new std::array<THandleTable, 16>;
-    return tables[hash % tables.size()];
+    return GetSharedPart<THandleTable>(hash);
 }
 
 bool IsShared(const ISFileName& file) {

@@ -1,8 +1,7 @@
 #include "services/names/timestamps.h"
+#include "services/base/sharedparts.h"
 #include "services/files/pathpieces.h"
-#include <array>
 #include <cstring>
-#include <functional>
 #include <mutex>
 
 /// Small, as every file of a build has one: what TFileStatus compares, and no more.
@@ -29,11 +28,12 @@ bool IsSameKey(const char* a, const char* b) {
     return a == b || (a && b && std::strcmp(a, b) == 0);
 }
 
-// A lock for each file would cost more memory than what it guards.
-std::mutex& LockOf(const TFileStamps* stamps) {
-    static auto& locks = *new std::array<std::mutex, 16>;
-    // The lowest bits are the same for all.
-    return locks[(std::hash<const void*>()(stamps) >> 6) % locks.size()];
+/// Of the time stamps of some files. A lock for each file would cost more memory than what it
+/// guards.
+class TStampsLock : public std::mutex {};
+
+TStampsLock& LockOf(const TFileStamps* stamps) {
+    return GetSharedPart<TStampsLock>(HashOfPlace(stamps));
 }
 
 }  // namespace
