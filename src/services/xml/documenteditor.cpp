@@ -60,10 +60,10 @@ TDocumentEditor::TIndices TDocumentEditor::FindElements(TFamily* family, TNode b
 TDocumentEditor::TIndices TDocumentEditor::FindCandidates(const TVisit& visit) const {
     TIndices candidates;
     if (visit.Wanted == 0) candidates.push_back(0);
-    for (const TIndex element : visit.Wanted == 0 ? TIndices{0} : visit.Elements)
-        for (TIndex child = Places[element].FirstChild; child != kNone;
-             child = Places[child].NextSibling)
-            candidates.push_back(child);
+    for (const TIndex element : visit.Wanted == 0 ? TIndices{0} : visit.Elements) {
+        const TIndices children = Places.GetChildren(element);
+        candidates.insert(candidates.end(), children.begin(), children.end());
+    }
     return candidates;
 }
 

@@ -15,14 +15,6 @@ bool EndsBlank(std::string_view text) {
     return !text.empty() && IsXMLBlank(text.substr(text.size() - 1));
 }
 
-const TAttributePlace* FindAttribute(const std::vector<TAttributePlace>& attributes,
-                                     std::string_view name) {
-    const auto found =
-        std::find_if(attributes.begin(), attributes.end(),
-                     [&](const TAttributePlace& attribute) { return attribute.Name == name; });
-    return found == attributes.end() ? nullptr : &*found;
-}
-
 }  // namespace
 
 // All that the element stands for get the text, so that it does not matter which of them a reader
@@ -53,10 +45,7 @@ std::string TDocumentEditor::EditText(const TVisit& visit) {
 
 // Comments stay, and so do blanks around the text that the stream does not have.
 void TDocumentEditor::ReplaceText(TIndex element, TNode wanted) {
-    const TDocumentPlaces::TPlace& place = Places[element];
-    const bool hasChildren = place.FirstChild != kNone;
-    const std::size_t end = hasChildren ? Places[place.FirstChild].Begin : place.ContentEnd;
-    std::vector<TTextPiece> pieces = FindTextPieces(Text, place.ContentBegin, end);
+    std::vector<TTextPiece> pieces = Places.FindPieces(element);
     const auto isBlank = [this](const TTextPiece& piece) {
         return !piece.IsCdata && IsXMLBlank(Text.substr(piece.Begin, piece.End - piece.Begin));
     };
@@ -64,9 +53,9 @@ void TDocumentEditor::ReplaceText(TIndex element, TNode wanted) {
     if (!StartsBlank(base)) {
         pieces.erase(pieces.begin(), std::find_if_not(pieces.begin(), pieces.end(), isBlank));
         if (!pieces.front().IsCdata)
-            pieces.front().Begin = Text.find_first_not_of(" \t\r\n", pieces.front().Begin);
+            pieces.front().Begin = Text.find_first_not_of(kXMLBlanks, pieces.front().Begin);
     }
-    if (hasChildren || !EndsBlank(base)) {
+    if (Places[element].FirstChild != kNone || !EndsBlank(base)) {
         while (isBlank(pieces.back())) pieces.pop_back();
         TTextPiece& last = pieces.back();
         if (!last.IsCdata) last.End -= Layout.GetBlanksBefore(last.End).size();
@@ -106,9 +95,10 @@ void TDocumentEditor::EditAttribute(const TVisit& visit,
         const TAttributePlace* const found = FindAttribute(attributes, name);
         if (!found) continue;
         isThere = true;
-        const std::size_t size = found->ValueEnd - found->ValueBegin;
-        if (GetAttributeText(Text.substr(found->ValueBegin, size)) != value)
-            Edits.Replace(found->ValueBegin, size, New.PrintValue(value, Text[found->ValueEnd]));
+        const std::size_t size = found->Value.size();
+        if (GetAttributeText(found->Value) != value)
+            Edits.Replace(found->ValueEnd - size, size,
+                          New.PrintValue(value, Text[found->ValueEnd]));
     }
     if (!isThere) InsertAttribute(visit.Elements.back(), attribute, former);
 }

@@ -117,17 +117,13 @@ TTextRange TDocumentLayout::FindRemovedRange(TTextRange run) const {
     const char before = run.Begin == 0 ? '>' : Text[run.Begin - 1];
     if (before == '>' || IsXMLBlank({&before, 1})) return run;
     // Behind a text, which would get the blanks that follow.
-    const std::size_t next = std::min(Text.find_first_not_of(" \t\r\n", run.End), Text.size());
+    const std::size_t next = std::min(Text.find_first_not_of(kXMLBlanks, run.End), Text.size());
     if (next < Text.size() && Text[next] == '<') run.End = next;
     return run;
 }
 
 bool TDocumentLayout::HasText(TIndex element) const {
-    const TDocumentPlaces::TPlace& place = Places[element];
-    const std::size_t end = place.FirstChild == TDocumentPlaces::kNone
-                                ? place.ContentEnd
-                                : Places[place.FirstChild].Begin;
-    const auto pieces = FindTextPieces(Text, place.ContentBegin, end);
+    const auto pieces = Places.FindPieces(element);
     return std::any_of(pieces.begin(), pieces.end(), [this](const TTextPiece& piece) {
         return piece.IsCdata || !IsXMLBlank(Text.substr(piece.Begin, piece.End - piece.Begin));
     });

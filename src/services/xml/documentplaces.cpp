@@ -89,8 +89,15 @@ bool TDocumentPlaces::Read(std::string_view text) {
 }
 
 std::string_view TDocumentPlaces::GetName(TIndex element) const {
-    const std::string_view tag = Text.substr(Places[element].Begin + 1);
-    return tag.substr(0, tag.find_first_of(" \t\r\n/>"));
+    const std::size_t begin = Places[element].Begin;
+    return Text.substr(begin + 1, FindNameEnd(Text, begin) - begin - 1);
+}
+
+std::vector<TTextPiece> TDocumentPlaces::FindPieces(TIndex element) const {
+    const TPlace& place = Places[element];
+    const bool hasChildren = place.FirstChild != kNone;
+    return FindTextPieces(Text, place.ContentBegin,
+                          hasChildren ? Places[place.FirstChild].Begin : place.ContentEnd);
 }
 
 std::vector<TDocumentPlaces::TIndex> TDocumentPlaces::GetChildren(TIndex element) const {

@@ -1,4 +1,5 @@
 #pragma once
+#include "services/xml/tagtext.h"
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -34,6 +35,8 @@ public:
     const TPlace& operator[](TIndex element) const { return Places[element]; }
 
     std::string_view GetName(TIndex element) const;
+    /// The pieces of the text in front of its first child.
+    std::vector<TTextPiece> FindPieces(TIndex element) const;
     std::vector<TIndex> GetChildren(TIndex element) const;
 
 private:

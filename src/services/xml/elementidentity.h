@@ -1,4 +1,5 @@
 #pragma once
+#include "services/base/fold.h"
 #include "services/xml/xmleditrules.h"
 #include <string>
 #include <string_view>
@@ -43,14 +44,8 @@ public:
 private:
     std::string Normalise(std::string_view name, std::string_view part,
                           std::string_view text) const {
-        text = WithoutBlanks(text);
+        text = TrimmedView(text);
         return Rules.Normalise ? Rules.Normalise(name, part, text) : std::string(text);
-    }
-    static std::string_view WithoutBlanks(std::string_view text) {
-        constexpr std::string_view kBlanks = " \t\r\n";
-        const std::size_t begin = text.find_first_not_of(kBlanks);
-        if (begin == std::string_view::npos) return {};
-        return text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
     }
 
     const TXMLEditRules& Rules;

@@ -47,21 +47,15 @@ std::string MakeKey(const TDocumentPlaces& places, TDocumentPlaces::TIndex eleme
     const std::string_view text = places.GetText();
     return identity.MakeKey(places.GetName(element), [&](const std::string& part) -> std::string {
         if (part.empty()) return GetElementText(places, element);
-        for (const TAttributePlace& attribute : FindAttributes(text, places[element].Begin))
-            if (attribute.Name == part)
-                return GetAttributeText(
-                    text.substr(attribute.ValueBegin, attribute.ValueEnd - attribute.ValueBegin));
-        return {};
+        const auto attributes = FindAttributes(text, places[element].Begin);
+        const TAttributePlace* const found = FindAttribute(attributes, part);
+        return found ? GetAttributeText(found->Value) : std::string();
     });
 }
 
 std::string GetElementText(const TDocumentPlaces& places, TDocumentPlaces::TIndex element) {
-    const TDocumentPlaces::TPlace& place = places[element];
-    const std::size_t end = place.FirstChild == TDocumentPlaces::kNone
-                                ? place.ContentEnd
-                                : places[place.FirstChild].Begin;
     std::string text;
-    for (const TTextPiece& piece : FindTextPieces(places.GetText(), place.ContentBegin, end))
+    for (const TTextPiece& piece : places.FindPieces(element))
         text += GetPieceText(places.GetText(), piece);
     return text;
 }

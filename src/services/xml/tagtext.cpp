@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr std::string_view kXMLBlanks = " \t\r\n";
 constexpr std::string_view kCdataBegin = "<![CDATA[";
 constexpr std::string_view kCdataEnd = "]]>";
 
@@ -73,9 +72,18 @@ std::vector<TAttributePlace> FindAttributes(std::string_view text, std::size_t b
         if (quote == std::string_view::npos) return attributes;
         const std::size_t end = text.find(text[quote], quote + 1);
         if (end == std::string_view::npos) return attributes;
-        attributes.push_back({text.substr(name, nameEnd - name), blank, name, quote + 1, end});
+        attributes.push_back({text.substr(name, nameEnd - name),
+                              text.substr(quote + 1, end - quote - 1), blank, name, end});
         blank = end + 1;
     }
+}
+
+const TAttributePlace* FindAttribute(const std::vector<TAttributePlace>& attributes,
+                                     std::string_view name) {
+    const auto found =
+        std::find_if(attributes.begin(), attributes.end(),
+                     [&](const TAttributePlace& attribute) { return attribute.Name == name; });
+    return found == attributes.end() ? nullptr : &*found;
 }
 
 std::vector<TTextPiece> FindTextPieces(std::string_view text, std::size_t begin, std::size_t end) {

@@ -9,14 +9,17 @@
 /// One attribute of a start tag.
 struct TAttributePlace {
     std::string_view Name;
+    std::string_view Value;  ///< as it stands between the quotes
     std::size_t BlankBegin;  ///< of the white space in front of it
     std::size_t NameBegin;
-    std::size_t ValueBegin;  ///< behind the quote
-    std::size_t ValueEnd;    ///< at the other quote
+    std::size_t ValueEnd;  ///< at the second quote
 };
 
 /// The attributes of the start tag at `begin`, in order.
 std::vector<TAttributePlace> FindAttributes(std::string_view text, std::size_t begin);
+/// That of a name; null when there is none.
+const TAttributePlace* FindAttribute(const std::vector<TAttributePlace>& attributes,
+                                     std::string_view name);
 /// Where the name of the tag ends.
 std::size_t FindNameEnd(std::string_view text, std::size_t begin);
 

@@ -85,10 +85,9 @@ std::string BlankDocumentType(std::string_view document, const TXMLEncoding& enc
 }
 
 std::string GetDocumentTypeRoot(std::string_view documentType) {
-    constexpr std::string_view kBlanks = " \t\n\r";
     if (!documentType.starts_with(kXMLDocumentType)) return {};
     documentType.remove_prefix(kXMLDocumentType.size());
-    const std::size_t begin = documentType.find_first_not_of(kBlanks);
+    const std::size_t begin = documentType.find_first_not_of(kXMLBlanks);
     if (begin == 0 || begin == std::string_view::npos) return {};
     documentType.remove_prefix(begin);
     return std::string(documentType.substr(0, documentType.find_first_of(" \t\n\r[>")));

@@ -27,7 +27,8 @@ std::size_t FindForbiddenCharacter(std::string_view text);
 /// "U+0001" for the character at `position` of a UTF-8 text.
 std::string DescribeCharacter(std::string_view text, std::size_t position);
 
-/// Blank, tab, line feed and carriage return: what XML calls white space.
+/// What XML calls white space.
+inline constexpr std::string_view kXMLBlanks = " \t\r\n";
 bool IsXMLBlank(std::string_view text);
 
 /// Whether all of `text` is ASCII that is written as it is, in character data and in attributes.

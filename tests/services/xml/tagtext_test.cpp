@@ -7,8 +7,7 @@ namespace {
 std::string AttributesOf(const std::string& tag) {
     std::string lines;
     for (const TAttributePlace& attribute : FindAttributes(tag, 0)) {
-        const std::string value =
-            tag.substr(attribute.ValueBegin, attribute.ValueEnd - attribute.ValueBegin);
+        const std::string value(attribute.Value);
         lines += "[" +
                  tag.substr(attribute.BlankBegin, attribute.NameBegin - attribute.BlankBegin) +
                  "]" + std::string(attribute.Name) + ":" + tag[attribute.ValueEnd] + value + ":" +
