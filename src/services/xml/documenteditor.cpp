@@ -1,6 +1,7 @@
 #include "services/xml/documenteditor.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 TDocumentEditor::TDocumentEditor(const TDocumentText& document, const TDocumentPlaces& places,
@@ -195,13 +196,15 @@ void TDocumentEditor::RemoveAll(const TFamily& family) {
     }
     TIndices gone(family.Gone.begin(), family.Gone.end());
     std::sort(gone.begin(), gone.end());
-    if (family.Insertions.empty()) {
-        for (const TIndex element : family.Visit.Elements) {
-            if (!LosesAll(element, family)) continue;
-            std::erase_if(gone, [&](TIndex child) { return Places[child].Parent == element; });
-            Remove({element}, family);
-        }
-    }
+    TIndices lists;
+    if (family.Insertions.empty())
+        std::copy_if(family.Visit.Elements.begin(), family.Visit.Elements.end(),
+                     std::back_inserter(lists),
+                     [&](TIndex element) { return LosesAll(element, family); });
+    std::erase_if(gone, [&](TIndex child) {
+        return std::binary_search(lists.begin(), lists.end(), Places[child].Parent);
+    });
+    Remove(lists, family);
     Remove(gone, family);
 }
 

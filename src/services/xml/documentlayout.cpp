@@ -157,7 +157,7 @@ std::string TDocumentLayout::FindLineEnd(std::size_t place) const {
 }
 
 bool TDocumentLayout::IsInOneLine(TIndex element) const {
-    return !HasLineEnd(Text) || !FindLineIndent(Places[element].Begin);
+    return !HasLines || !FindLineIndent(Places[element].Begin);
 }
 
 bool TDocumentLayout::IsBehindText(TIndex element) const {

@@ -30,7 +30,7 @@ public:
     using TIndex = TDocumentPlaces::TIndex;
     /// `places` must outlive the object.
     explicit TDocumentLayout(const TDocumentPlaces& places)
-        : Places(places), Text(places.GetText()) {}
+        : Places(places), Text(places.GetText()), HasLines(Text.find('\n') != Text.npos) {}
 
     /// Behind an element that has a parent, and behind what comments on it in its line.
     TInsertionPlace PlaceBehind(TIndex element) const;
@@ -71,6 +71,7 @@ private:
     void SetSeparators(TIndex parent, TIndex child, TInsertionPlace* place) const;
 
     const TDocumentPlaces& Places;
-    std::string_view Text;
+    const std::string_view Text;
+    const bool HasLines;
     mutable std::optional<std::string> StepOfDocument;
 };

@@ -404,3 +404,19 @@ TEST(DocumentEdit, TakesTimeInProportionToTheDocument) {
         EXPECT_LT(GrowthOf(edit, 1500), kLargestLinearGrowth) << each.Label;
     }
 }
+
+TEST(DocumentEdit, RemovesListsThatADocumentHasSeveralTimesInTimeInProportion) {
+    const auto edit = [](int size) {
+        std::string document = "<L>\n";
+        std::string directories;
+        for (int i = 0; i < size; ++i) {
+            const std::string directory = "<Directory>" + std::to_string(i) + "</Directory>";
+            document += "<Directories>" + directory + "</Directories>\n";
+            directories += directory;
+        }
+        EXPECT_EQ(Edited(document + "</L>", "<L><Directories>" + directories + "</Directories></L>",
+                         "<L><Directories/></L>"),
+                  "<L>\n</L>");
+    };
+    EXPECT_LT(GrowthOf(edit, 4000), kLargestLinearGrowth);
+}
