@@ -5,14 +5,14 @@
 class ISFileName;
 
 /// One mention of a source in a build file.
-struct TSourcePlace {
+struct TSourceMention {
     std::string Language;  ///< of its group, as the file says it
     std::string Path;      ///< canonical
 };
 
 /// A source that a build file lists more than once; paths are equal ignoring case.
 struct TRepeatedSource {
-    std::vector<TSourcePlace> Places;  ///< at least two, in the order of the document
+    std::vector<TSourceMention> Places;  ///< at least two, in the order of the document
 };
 
 /// One way in which a build file spells the path of a source.

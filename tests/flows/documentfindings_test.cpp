@@ -31,7 +31,7 @@ std::string Findings(const std::string& document) {
     std::string lines;
     for (const TRepeatedSource& source : findings.Repeated) {
         lines += "repeated";
-        for (const TSourcePlace& place : source.Places)
+        for (const TSourceMention& place : source.Places)
             lines += " " + place.Language + ":" + relative(place.Path);
         lines += "\n";
     }

@@ -96,7 +96,7 @@ std::vector<TRepeatedSource> FindRepeated(const TCheckedBuild& checked) {
 TDiagnostic DiagnoseRepeated(const TRepeatedSource& source, const TCheckedBuild& checked) {
     const std::string& path = source.Places.front().Path;
     std::vector<std::string> places;
-    for (const TSourcePlace& place : source.Places) {
+    for (const TSourceMention& place : source.Places) {
         std::string& text = places.emplace_back(place.Language);
         if (place.Path != path) text += " as " + PathText(place.Path.c_str(), checked.Paths);
     }
@@ -107,7 +107,7 @@ TDiagnostic DiagnoseRepeated(const TRepeatedSource& source, const TCheckedBuild&
 
 TJson RepeatedAsJson(const TRepeatedSource& source, const TCheckedBuild& checked) {
     TJson places = TJson::Array();
-    for (const TSourcePlace& place : source.Places)
+    for (const TSourceMention& place : source.Places)
         places.Add(
             {{"language", place.Language}, {"path", PathText(place.Path.c_str(), checked.Paths)}});
     return places;
