@@ -23,8 +23,9 @@ public:
 
 private:
     static std::string NameOf(TProgressWork work) {
-        static constexpr const char* kNames[] = {
-            "parse", "read", "order", "write", "check sources", "check names", "check elements"};
+        static constexpr const char* kNames[] = {"parse",          "read",          "order",
+                                                 "write",          "check sources", "check names",
+                                                 "check elements", "scan sources"};
         return static_cast<std::size_t>(work) < std::size(kNames) ? kNames[work] : "unknown";
     }
 

@@ -21,6 +21,7 @@ constexpr TWorkText kWorkTexts[] = {
     {PROGRESS_CHECK_SOURCES, "checking", "sources"},
     {PROGRESS_CHECK_NAMES, "checking", "names"},
     {PROGRESS_CHECK_ELEMENTS, "checking", "elements"},
+    {PROGRESS_SCAN_SOURCES, "scanning", "sources"},
 };
 
 const TWorkText& TextsOf(TProgressWork work) {

@@ -143,10 +143,10 @@ void TVhdlUnits::AddPackage(const TVhdlName& name, TNeedKind kind) {
     if (name.Count == 0) return;
     const std::string first = NameOf(name.Parts[0]);
     const std::string folded = FoldVhdlName(first);
-    if (IsDeclared(folded)) return;
+    // A name alone may be declared by a use clause.
     if (name.Count == 1)
         Add(kind, false, "", first, "", name.Parts[0]);
-    else
+    else if (!IsDeclared(folded))
         Add(kind, IsLibrary(folded), first, NameOf(name.Parts[1]), "", name.Parts[0]);
 }
 

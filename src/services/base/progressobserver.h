@@ -11,6 +11,7 @@ enum TProgressWork {
     PROGRESS_CHECK_SOURCES = 4,   ///< sources are checked; the library itself reports no checks
     PROGRESS_CHECK_NAMES = 5,     ///< names of sources are checked
     PROGRESS_CHECK_ELEMENTS = 6,  ///< elements of a document are checked
+    PROGRESS_SCAN_SOURCES = 7,    ///< sources are scanned, which the library itself does not do
 };
 
 /// Is told how far long work has come.

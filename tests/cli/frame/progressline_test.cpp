@@ -102,7 +102,7 @@ TEST_F(ProgressLine, IsErasedAtItsEnd) {
 
 TEST_F(ProgressLine, NamesEveryWork) {
     std::string lines;
-    for (int work = PROGRESS_READ_DOCUMENT; work <= PROGRESS_CHECK_ELEMENTS; ++work) {
+    for (int work = PROGRESS_READ_DOCUMENT; work <= PROGRESS_SCAN_SOURCES; ++work) {
         Now += std::chrono::seconds(1);
         Line.WorkEnded(PROGRESS_READ_DOCUMENT);
         Taken();
@@ -116,7 +116,8 @@ TEST_F(ProgressLine, NamesEveryWork) {
               "\nwriting: 25 % (9,000 of 36,000 sources)"
               "\nchecking: 25 % (9,000 of 36,000 sources)"
               "\nchecking: 25 % (9,000 of 36,000 names)"
-              "\nchecking: 25 % (9,000 of 36,000 elements)");
+              "\nchecking: 25 % (9,000 of 36,000 elements)"
+              "\nscanning: 25 % (9,000 of 36,000 sources)");
 }
 
 // One column stays free. "\xC3\xA4" takes one column, "\xE6\xBC\xA2" two, a stray byte one.

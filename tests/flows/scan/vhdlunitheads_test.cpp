@@ -97,7 +97,8 @@ TEST(VhdlUnitHeads, FindsPackageInstances) {
         // Local ones are no units, nor are their names libraries.
         {"architecture a of e is package p is new work.g generic map (1); use p.all; "
          "signal s : p.t; package q is new p; begin end;",
-         "architecture a of e 1:14\n  primary work.e 1:19\n  generic work.g 1:41\n"},
+         "architecture a of e 1:14\n  primary work.e 1:19\n  generic work.g 1:41\n"
+         "  maybe generic p 1:109\n"},
         {"entity e is generic (package p is new work.g generic map (<>); f : p.t); end; "
          "architecture a of e is use p.all; begin end;",
          "entity e 1:8\n"

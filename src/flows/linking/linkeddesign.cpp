@@ -1,0 +1,9 @@
+#include "flows/linking/linkeddesign.h"
+
+const TDesignUnit& UnitAt(const TDesignFiles& files, TUnitPlace place) {
+    return files[place.File].Scan.Units[place.Unit];
+}
+
+const TUnitNeed& NeedAt(const TDesignFiles& files, TNeedPlace place) {
+    return UnitAt(files, place.Unit).Needs[place.Need];
+}
