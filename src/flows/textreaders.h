@@ -9,10 +9,11 @@ class THdlBuildFile;
 class TProjectSimSettings;
 
 // Models out of documents that are in memory. Relative names are taken against the folder of
-// `file`, which is not looked at and outlives the model. No message is shown. False, with the
-// reason in `error`, when the document cannot be parsed; the model is as it was then.
+// `file`, which is not looked at and outlives the model. False, with the reason in `error`, when
+// the document cannot be parsed; the model is as it was then.
 
-/// `build` is a new one. GetReadResult() of the build tells what its sections gave.
+/// `build` is a new one. GetReadResult() of the build tells what its sections gave. Sources are
+/// looked for on the disk, and missing ones shown in the message box, as when a file is read.
 bool ReadBuildText(const std::string& document, const ISFileName* file, THdlBuildFile* build,
                    TXMLReadError* error);
 

@@ -3,6 +3,7 @@
 #include "buildfile/hdlbuildfilexmllist.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/knownnames.h"
+#include "cli/frame/progressline.h"
 #include "flows/editrules.h"
 #include "flows/textreaders.h"
 #include "services/names/isfilename.h"
@@ -87,6 +88,8 @@ int TTranslatorAccess::ReadBuild(bool isLocked) {
         ReportError(Streams, UnknownName("translator", Arguments.Translator, TranslatorNames()));
         return kExitUsage;
     }
+    const TQuietMessageBox quiet;
+    if (Streams.Progress) Streams.Progress->SetFile(Arguments.Build);
     THdlBuildFile build;
     TXMLReadError error;
     const bool hasBytes = isLocked ? File.ReadToChange(&error) : File.Read(&error);

@@ -215,6 +215,16 @@ TEST_F(ToolProgress, IsShownAndGoneBeforeTheResult) {
     EXPECT_EQ(GetProgressObserver(), nullptr);
 }
 
+TEST_F(ToolProgress, NamesTheBuildOfATranslator) {
+    EXPECT_EQ(WrittenBy({"translator", "b.xml", "v2vhdl", "command-line"}),
+              "0 \\r\n"
+              "reading b.xml: 40 % (16 of 40 sources)\\r\n"
+              "reading b.xml: 80 % (32 of 40 sources)\\r\n"
+              "reading b.xml: 100 % (40 of 40 sources)\\r\n"
+              "                                       \\r\n"
+              "        -ncc             \n");
+}
+
 TEST_F(ToolProgress, IsNotShownWhenQuietOrWithoutATerminal) {
     const std::string silent = "0 b.xml: no problems\n";
     EXPECT_EQ(WrittenBy({"--quiet", "check", "b.xml"}), silent);

@@ -1,5 +1,6 @@
 #include "tests/cli/toolrun.h"
 #include "tests/cli/translator/switchtext.h"
+#include "tests/support/recorders.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -220,8 +221,11 @@ TEST(TranslatorCommand, ShowsTheDefaultsOfTheOtherTranslator) {
 }
 
 TEST(TranslatorCommand, DoesNotMindMissingSources) {
+    RecordingMessageBox box;
     const WorkingFolder folder;
     folder.Write("b.xml", BuildText("<SourceFileGroup Language=\"VHDL\">" + SourceText("gone.vhd") +
                                     "</SourceFileGroup>"));
     EXPECT_EQ(Translator({"v2vhdl", "enable", "-r"}), "-r: \"off\" -> \"on\"\nb.xml: saved\n");
+    EXPECT_EQ(Translator({"v2vhdl", "command-line"}), "-r         -ncc             \n");
+    EXPECT_EQ(box.Take(), "");
 }
