@@ -15,13 +15,10 @@ public:
     TQuietMessageBox(const TQuietMessageBox&) = delete;
     TQuietMessageBox& operator=(const TQuietMessageBox&) = delete;
 
-    void ShowMessage(const char* text, const char*, int) override { Text = text; }
-    /// The last message; "" without one.
-    const std::string& GetText() const { return Text; }
+    void ShowMessage(const char*, const char*, int) override {}
 
 private:
     IMessageBox* Former;
-    std::string Text;
 };
 
 /// Tells in one error line why the file that the user named `file` could not be read, with the

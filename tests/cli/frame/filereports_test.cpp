@@ -37,14 +37,11 @@ TEST(FileReports, TellWhyABuildCannotBeLoaded) {
     EXPECT_EQ(box.Take(), "");
 }
 
-TEST(FileReports, QuietMessageBoxKeepsTheLastMessageAndThenLetsThemThrough) {
+TEST(FileReports, QuietMessageBoxKeepsMessagesBackAndThenLetsThemThrough) {
     RecordingMessageBox box;
     {
-        TQuietMessageBox quiet;
-        EXPECT_EQ(quiet.GetText(), "");
+        const TQuietMessageBox quiet;
         Fileservices::GetMessageBox()->ShowMessage("one", "", 0);
-        Fileservices::GetMessageBox()->ShowMessage("two", "", 0);
-        EXPECT_EQ(quiet.GetText(), "two");
         EXPECT_EQ(box.Take(), "");
     }
     EXPECT_EQ(Fileservices::GetMessageBox(), &box);
