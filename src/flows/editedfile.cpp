@@ -4,24 +4,22 @@
 #include <algorithm>
 #include <utility>
 
+void TEditedFile::TakeLock() {
+    Lock.emplace(File->Canonical(false));
+}
+
 bool TEditedFile::Read(TXMLReadError* error) {
     *error = {};
     Bytes.clear();
     const TFileReadResult result = ReadWholeFile(File->Canonical(false), &Bytes, &error->Reason);
-    WasThere = result == FILE_READ_DONE;
-    if (WasThere) return true;
+    IsThere = result == FILE_READ_DONE;
+    if (IsThere && (!Lock || Lock->IsHeld())) return true;
     error->Missing = result == FILE_READ_MISSING;
     error->File = File->Canonical(false);
+    if (IsThere) error->Reason = Lock->GetReason();
     if (error->Reason.empty())
         error->Reason = error->Missing ? "the file does not exist" : "the file cannot be read";
     return false;
-}
-
-bool TEditedFile::ReadToChange(TXMLReadError* error) {
-    Lock.emplace(File->Canonical(false));
-    if (!Read(error)) return false;
-    if (!Lock->IsHeld()) error->Reason = Lock->GetReason();
-    return Lock->IsHeld();
 }
 
 std::string TEditedFile::Change(const TXMLList& base, const TXMLList& wanted, TXMLEditRules rules,
@@ -41,12 +39,12 @@ std::string TEditedFile::Make(std::string document) {
 }
 
 std::string TEditedFile::GetChanged() const {
-    if (!WasThere) return New;
+    if (!IsThere) return New;
     return Edit.IsEmpty() ? Bytes : Edit.GetEdited();
 }
 
 std::string TEditedFile::GetUnifiedDiff(const std::string& path) const {
-    if (WasThere) return Edit.GetUnifiedDiff(path);
+    if (IsThere) return Edit.GetUnifiedDiff(path);
     if (New.empty()) return "";
     const auto lines = std::count(New.begin(), New.end(), '\n');
     std::string diff = "--- /dev/null\n+++ " + path + "\n@@ -0,0 +1," + std::to_string(lines);
@@ -62,7 +60,7 @@ std::string TEditedFile::GetUnifiedDiff(const std::string& path) const {
 bool TEditedFile::IsAsRead() const {
     std::string bytes;
     const TFileReadResult result = ReadWholeFile(File->Canonical(false), &bytes, nullptr);
-    return WasThere ? result == FILE_READ_DONE && bytes == Bytes : result == FILE_READ_MISSING;
+    return IsThere ? result == FILE_READ_DONE && bytes == Bytes : result == FILE_READ_MISSING;
 }
 
 std::string TEditedFile::Save() const {

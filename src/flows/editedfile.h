@@ -16,12 +16,14 @@ public:
     /// The handle must outlive the object and must not be null.
     explicit TEditedFile(const ISFileName* file) : File(file) {}
 
-    /// Reads the bytes. False, with the reason in `error`, for a missing file and for one that
-    /// cannot be read.
+    /// Takes the file's lock, which the object then has until its end: for whoever is going to
+    /// save, before the file is read.
+    void TakeLock();
+    /// Reads the bytes. False, with the reason in `error`, for a missing file, one that cannot be
+    /// read, and one that is there but whose lock could not be taken.
     bool Read(TXMLReadError* error);
-    /// The same under the file's lock, which the object then has until its end. False also for a
-    /// file that cannot be locked.
-    bool ReadToChange(TXMLReadError* error);
+    /// Whether there was a file to read.
+    bool WasThere() const { return IsThere; }
     const std::string& GetBytes() const { return Bytes; }
     const ISFileName* GetFile() const { return File; }
 
@@ -47,7 +49,7 @@ private:
 
     const ISFileName* File;
     std::optional<TFileLock> Lock;
-    bool WasThere = false;
+    bool IsThere = false;  // as far as was read
     std::string Bytes;
     std::string New;  // of a missing file
     TDocumentEdit Edit;

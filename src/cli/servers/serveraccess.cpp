@@ -44,28 +44,28 @@ bool TServerAccess::ChooseFile() {
 }
 
 int TServerAccess::Read(bool mustExist) {
-    return ReadFile(mustExist, false);
+    return ChooseFile() ? ReadFile(mustExist) : kExitUsage;
 }
 
 int TServerAccess::ReadToChange(bool mustExist) {
-    return ReadFile(mustExist, !Arguments.DryRun);
+    if (!ChooseFile()) return kExitUsage;
+    if (Arguments.DryRun) return ReadFile(mustExist);
+    // The application-data directory need not exist yet; a failure shows when the file is locked.
+    if (!mustExist) MakeDirectoryOf(File->GetFile()->Canonical(false));
+    File->TakeLock();
+    return ReadFile(mustExist);
 }
 
-int TServerAccess::ReadFile(bool mustExist, bool isLocked) {
-    if (!ChooseFile()) return kExitUsage;
+int TServerAccess::ReadFile(bool mustExist) {
     TXMLReadError error;
-    // The application-data directory need not exist yet; a failure shows when the file is locked.
-    if (isLocked && !mustExist) MakeDirectoryOf(File->GetFile()->Canonical(false));
-    const bool isRead = isLocked ? File->ReadToChange(&error) : File->Read(&error);
     const bool mayBeMissing = !mustExist || Arguments.SimulatorsFile.empty();
-    const bool isThere = isRead || !error.Missing || !mayBeMissing;
-    if (isThere && (!isRead || !ReadTools(File->GetBytes(), &Courier, &error))) {
+    const bool isRead = File->Read(&error);
+    const bool hasNothing = error.Missing && mayBeMissing;
+    if (!hasNothing && (!isRead || !ReadTools(File->GetBytes(), &Courier, &error))) {
         ReportReadError(error, FileText, Streams);
         return kExitFile;
     }
-    WasThere = isThere;
     ToolsRead = GetTools();
-    StateRead = StateOf(ToolsRead);
     return kExitDone;
 }
 
@@ -94,8 +94,9 @@ void TServerAccess::GiveLanguagesLeft(std::vector<TBaseSimTool>* tools) {
     }
 }
 
-std::vector<TBaseSimTool> TServerAccess::GetTools() {
-    const auto* tools = Courier.GetSimToolList(TRope(Arguments.Server));
+std::vector<TBaseSimTool> TServerAccess::ToolsOf(TBaseSimToolServerClientCourier& courier,
+                                                 const std::string& server) {
+    const auto* tools = courier.GetSimToolList(TRope(server));
     return tools ? *tools : std::vector<TBaseSimTool>();
 }
 
@@ -118,10 +119,10 @@ TState TServerAccess::StateOf(const std::vector<TBaseSimTool>& tools) const {
 
 int TServerAccess::Save(const char* verb) {
     const TState wanted = StateOf(GetTools());
-    const std::string reason = WasThere ? Change(wanted) : Make();
+    const std::string reason = File->WasThere() ? Change(wanted) : Make();
     TJson result = MakeResult("hdlbuild-servers-" + std::string(verb), "file", FileText);
     result["server"] = Arguments.Server;
-    return SaveEditedFile({std::move(result), FileText, StateRead, wanted}, reason, *File,
+    return SaveEditedFile({std::move(result), FileText, StateOf(ToolsRead), wanted}, reason, *File,
                           Arguments, Streams);
 }
 
@@ -132,9 +133,8 @@ std::string TServerAccess::Change(const TState& state) {
     PushTools(GetTools(), &wanted);
     return File->Change(base, wanted, MakeSimulatorsFileRules(), [&](const std::string& edited) {
         TBaseSimToolServerClientCourier courier;
-        if (!ReadTools(edited, &courier, nullptr)) return false;
-        const auto* tools = courier.GetSimToolList(TRope(Arguments.Server));
-        return StateOf(tools ? *tools : std::vector<TBaseSimTool>()) == state;
+        return ReadTools(edited, &courier, nullptr) &&
+               StateOf(ToolsOf(courier, Arguments.Server)) == state;
     });
 }
 

@@ -18,7 +18,7 @@ public:
     int Read(bool mustExist);
     int ReadToChange(bool mustExist);
 
-    std::vector<TBaseSimTool> GetTools();
+    std::vector<TBaseSimTool> GetTools() { return ToolsOf(Courier, Arguments.Server); }
     TBaseSimToolServerClientCourier& GetCourier() { return Courier; }
     /// As the user named it, or the whole path of the default file.
     const std::string& GetFileText() const { return FileText; }
@@ -30,7 +30,9 @@ public:
 
 private:
     bool ChooseFile();
-    int ReadFile(bool mustExist, bool isLocked);
+    int ReadFile(bool mustExist);
+    static std::vector<TBaseSimTool> ToolsOf(TBaseSimToolServerClientCourier& courier,
+                                             const std::string& server);
     bool ReadTools(const std::string& document, TBaseSimToolServerClientCourier* courier,
                    TXMLReadError* error) const;
     static void GiveLanguagesLeft(std::vector<TBaseSimTool>* tools);
@@ -41,9 +43,7 @@ private:
     const TServersArguments& Arguments;
     const TToolStreams& Streams;
     std::optional<TEditedFile> File;
-    bool WasThere = false;
     std::string FileText;
     TBaseSimToolServerClientCourier Courier;
     std::vector<TBaseSimTool> ToolsRead;
-    TState StateRead;
 };

@@ -49,24 +49,22 @@ TProjectAccess::TProjectAccess(const TSettingsArguments& arguments, const TToolS
       File(ISFileName::NewISFileName(arguments.Project.c_str())) {}
 
 int TProjectAccess::Read() {
-    return ReadFile(false, false);
+    return ReadFile(false);
 }
 
 int TProjectAccess::ReadToChange(bool mayBeMissing) {
-    return ReadFile(mayBeMissing, !Arguments.DryRun);
+    if (!Arguments.DryRun) File.TakeLock();
+    return ReadFile(mayBeMissing);
 }
 
-int TProjectAccess::ReadFile(bool mayBeMissing, bool isLocked) {
+int TProjectAccess::ReadFile(bool mayBeMissing) {
     TXMLReadError error;
-    const bool isRead = isLocked ? File.ReadToChange(&error) : File.Read(&error);
-    WasThere = isRead || !error.Missing;
     THpjFileResult result = HPJ_FILE_UNREADABLE;
-    if (isRead)
+    if (File.Read(&error))
         result = ReadProjectText(File.GetBytes(), GetFile(), &Settings, &error);
     else
         Settings.SetProjectFileName(GetFile());
-    StateRead = StateOf(Settings);
-    if (result == HPJ_FILE_DONE || (!WasThere && mayBeMissing)) return kExitDone;
+    if (result == HPJ_FILE_DONE || (error.Missing && mayBeMissing)) return kExitDone;
     if (result == HPJ_FILE_UNREADABLE)
         ReportReadError(error, Arguments.Project, Streams);
     else
@@ -92,21 +90,23 @@ TProjectSimConfig* TProjectAccess::FindConfiguration() {
 }
 
 int TProjectAccess::Save(const char* verb) {
-    const std::string reason = Change();
+    TProjectSimSettings read;
+    (void)ReadProjectText(File.GetBytes(), GetFile(), &read, nullptr);
+    const std::string reason = Change(&read);
     TFileChange change{
         MakeResult("hdlbuild-settings-" + std::string(verb), "project", Arguments.Project),
-        Arguments.Project, StateRead, ReadState(File.GetChanged())};
+        Arguments.Project, StateOf(read), ReadState(File.GetChanged())};
     return SaveEditedFile(std::move(change), reason, File, Arguments, Streams);
 }
 
-std::string TProjectAccess::Change() {
-    const TState wantedState = StateOf(Settings);
+// `read` are the settings as the file has them.
+std::string TProjectAccess::Change(TProjectSimSettings* read) {
     std::string whole;
     std::string reason = PrintWhole(&whole);
     if (!reason.empty()) return reason;
-    if (!WasThere) return File.Make(whole);
+    if (!File.WasThere()) return File.Make(whole);
     // Some values, such as an empty include list, read back as something else.
-    const TValues held = ValuesOf(wantedState);
+    const TValues held = ValuesOf(StateOf(Settings));
     const TValues savedWhole = ValuesOf(ReadState(whole));
     const auto isAsWanted = [&](const std::string& edited) {
         const TValues found = ValuesOf(ReadState(edited));
@@ -116,13 +116,11 @@ std::string TProjectAccess::Change() {
                           value.second == Find(savedWhole, value.first);
                });
     };
-    TProjectSimSettings settings;
-    (void)ReadProjectText(File.GetBytes(), GetFile(), &settings, nullptr);
     TXMLList base;
     TXMLList wanted;
     base.SetFileName(GetFile()->Canonical(false));
     wanted.SetFileName(GetFile()->Canonical(false));
-    settings.WriteToProjectFile(&base);
+    read->WriteToProjectFile(&base);
     Settings.WriteToProjectFile(&wanted);
     return File.Change(base, wanted, MakeProjectFileRules(GetFile()), isAsWanted);
 }

@@ -35,18 +35,16 @@ public:
     int Save(const char* verb);
 
 private:
-    int ReadFile(bool mayBeMissing, bool isLocked);
+    int ReadFile(bool mayBeMissing);
     TState StateOf(const TProjectSimSettings& settings) const;
     TState ReadState(const std::string& document) const;
     std::string PrintWhole(std::string* document);
-    std::string Change();
+    std::string Change(TProjectSimSettings* read);
 
     const TSettingsArguments& Arguments;
     const TToolStreams& Streams;
     TEditedFile File;
-    bool WasThere = false;
     TProjectSimSettings Settings;
-    TState StateRead;
 };
 
 /// The names in list order.

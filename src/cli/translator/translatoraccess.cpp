@@ -92,8 +92,8 @@ int TTranslatorAccess::ReadBuild(bool isLocked) {
     if (Streams.Progress) Streams.Progress->SetFile(Arguments.Build);
     THdlBuildFile build;
     TXMLReadError error;
-    const bool hasBytes = isLocked ? File.ReadToChange(&error) : File.Read(&error);
-    if (!hasBytes || !ReadBuildText(File.GetBytes(), File.GetFile(), &build, &error)) {
+    if (isLocked) File.TakeLock();
+    if (!File.Read(&error) || !ReadBuildText(File.GetBytes(), File.GetFile(), &build, &error)) {
         ReportReadError(error, Arguments.Build, Streams);
         return kExitFile;
     }
