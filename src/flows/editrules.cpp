@@ -1,4 +1,5 @@
 #include "flows/editrules.h"
+#include "flows/scan/asciicase.h"
 #include "services/hdl/hdllanguage.h"
 #include "services/names/environment.h"
 #include "services/names/isfilename.h"
@@ -58,20 +59,14 @@ bool IsPlain(std::string_view path) {
     return true;
 }
 
-std::string Folded(std::string text) {
-    for (char& c : text)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return text;
-}
-
 /// The same text for all spellings of a file or folder. One below `folder`, whose letters are
 /// small, is relative to it.
 std::string NormalisePath(const std::string& folder, std::string_view path) {
     std::string text(path);
-    if (IsPlain(path) || HasOrvaneEnvVariable(text.c_str())) return Folded(text);
+    if (IsPlain(path) || HasOrvaneEnvVariable(text.c_str())) return FoldAscii(path);
     TUtilFileName name(folder.c_str());
     name.PushFileName(text.c_str());
-    text = Folded(name.CanonicalWithoutFinalSlash());
+    text = FoldAscii(name.CanonicalWithoutFinalSlash());
     if (text.starts_with(folder)) text.erase(0, folder.size());
     std::replace(text.begin(), text.end(), '\\', '/');
     return text;
@@ -82,7 +77,7 @@ std::string NormaliseLanguage(std::string_view text) {
 }
 
 void AddNormalising(const ISFileName* file, TXMLEditRules* rules) {
-    const std::string folder = file ? Folded(file->GetPathOnly()) : "";
+    const std::string folder = FoldAscii(file ? file->GetPathOnly() : "");
     rules->Normalise = [folder](std::string_view element, std::string_view part,
                                 std::string_view text) {
         const bool isText = part == kIdentityText;

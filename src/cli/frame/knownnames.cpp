@@ -1,16 +1,10 @@
 #include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
+#include "flows/scan/asciicase.h"
 #include <algorithm>
 #include <numeric>
 
 namespace {
-
-std::string Folded(std::string_view text) {
-    std::string folded(text);
-    for (char& letter : folded)
-        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-    return folded;
-}
 
 std::size_t CountEdits(std::string_view from, std::string_view to) {
     // Row i: the edits from the first i letters of one to the beginnings of the other.
@@ -36,13 +30,13 @@ std::size_t CountEdits(std::string_view from, std::string_view to) {
 
 std::vector<std::string> NearestNames(std::string_view name,
                                       const std::vector<std::string>& known) {
-    const std::string wanted = Folded(name);
+    const std::string wanted = FoldAscii(name);
     std::vector<std::string> nearest;
     if (wanted.empty()) return nearest;
     const std::size_t most = wanted.size() / 3;
     std::size_t fewest = std::max(most, std::size_t{1});
     for (const std::string& candidate : known) {
-        const std::string folded = Folded(candidate);
+        const std::string folded = FoldAscii(candidate);
         std::size_t edits = 1;
         if (!folded.starts_with(wanted) || folded == wanted) {
             // Not counted when the lengths tell: a word of any length may be given.

@@ -1,6 +1,5 @@
 #include "flows/scan/vhdlkeywords.h"
 #include "flows/scan/vhdlnames.h"
-#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -135,18 +134,13 @@ constexpr auto MakeSlots() {
 }
 constexpr auto kRowsBySlot = MakeSlots();
 
-bool IsWord(std::string_view text, std::string_view keyword) {
-    return std::equal(text.begin(), text.end(), keyword.begin(), keyword.end(),
-                      [](char a, char b) { return FoldAscii(a) == b; });
-}
-
 }  // namespace
 
 TVhdlKeyword FindVhdlKeyword(std::string_view word) {
     if (word.size() < kShortest || word.size() > kLongest) return TVhdlKeyword::None;
     for (std::size_t slot = SlotOf(word); kRowsBySlot[slot] != 0; slot = (slot + 1) % kSlots) {
         const TRow& row = kKeywords[kRowsBySlot[slot] - 1];
-        if (IsWord(word, row.Name)) return row.Keyword;
+        if (IsVhdlWord(word, row.Name)) return row.Keyword;
     }
     return TVhdlKeyword::None;
 }

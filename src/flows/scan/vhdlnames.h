@@ -1,10 +1,7 @@
 #pragma once
+#include "flows/scan/asciicase.h"
 #include <string>
 #include <string_view>
-
-constexpr char FoldAscii(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 /// Whether `text` is `lowerCase` but for the case of ASCII letters.
 bool IsVhdlWord(std::string_view text, std::string_view lowerCase);
