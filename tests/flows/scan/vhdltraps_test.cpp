@@ -14,8 +14,9 @@ namespace {
 
 const TScanOptions kOptions = {{{"TOOL", "x"}}};
 
+/// A seed of the fuzzer, too.
 std::string ReadTraps() {
-    std::ifstream stream(HDLBUILDFILE_SOURCE_DIR "/tests/flows/scan/traps.vhd", std::ios::binary);
+    std::ifstream stream(HDLBUILDFILE_SOURCE_DIR "/fuzz/corpus/vhdl/traps.vhd", std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
