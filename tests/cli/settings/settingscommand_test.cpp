@@ -384,6 +384,7 @@ TEST(SettingsCommand, ReportsAProjectThatCannotBeWritten) {
         RunHdlbuild({"settings", "no such folder/p.hpj", "copy", "NCSim", "Release"});
     EXPECT_EQ(run.Status, kExitFile);
     EXPECT_EQ(run.Out, "");
-    EXPECT_EQ(run.Err.substr(0, 38), "hdlbuild: error: no such folder/p.hpj:");
+    EXPECT_EQ(run.Err.substr(0, 39), "hdlbuild: error: no such folder/p.hpj: ");
+    EXPECT_EQ(run.Err.find("p.hpj", 39), std::string::npos) << run.Err;
     EXPECT_EQ(folder.List(), "");
 }
