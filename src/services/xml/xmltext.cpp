@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <iterator>
 
 #include "services/base/eightbytes.h"
@@ -104,17 +105,17 @@ constexpr bool IsPlainByte(char c) {
     return (byte >= 0x20) & (byte < 0x80) & (c != '&') & (c != '<') & (c != '>') & (c != '"');
 }
 
-// The highest bit of a byte is set where one of the word is zero, and nowhere when none is.
-constexpr std::uint64_t MarkZeros(std::uint64_t word) {
-    return (word - kEveryByte) & ~word & kTopBits;
-}
+using TSixteenBytes = signed char __attribute__((vector_size(16)));
+using TTwoWords = std::int64_t __attribute__((vector_size(16)));
 
-// Without a branch: '<' and '>' differ in one bit, '"' and '&' in another.
-bool AreEightPlainTextBytes(const char* bytes) {
-    const std::uint64_t word = LoadEightBytes(bytes);
-    const std::uint64_t brackets = MarkZeros((word & (kEveryByte * 0xFD)) ^ (kEveryByte * '<'));
-    const std::uint64_t others = MarkZeros((word & (kEveryByte * 0xFB)) ^ (kEveryByte * '"'));
-    return ((word | MarkControls(word) | brackets | others) & kTopBits) == 0;
+// Without a branch: '<' and '>' differ in one bit, '"' and '&' in another. Signed, bytes from 0x80
+// on are below the blank, too.
+bool AreSixteenPlainTextBytes(const char* bytes) {
+    TSixteenBytes text;
+    std::memcpy(&text, bytes, sizeof text);
+    const auto others = (text < 0x20) | ((text & ~2) == '<') | ((text & ~4) == '"');
+    const auto words = reinterpret_cast<TTwoWords>(others);
+    return (words[0] | words[1]) == 0;
 }
 
 }  // namespace
@@ -200,12 +201,12 @@ std::size_t FindForbiddenCharacter(std::string_view text) {
 }
 
 bool IsPlainXMLText(std::string_view text) {
-    constexpr std::size_t kStep = 8;
+    constexpr std::size_t kStep = sizeof(TSixteenBytes);
     if (text.size() < kStep) return std::all_of(text.begin(), text.end(), IsPlainByte);
     const char* const last = text.data() + text.size() - kStep;
     for (const char* bytes = text.data(); bytes < last; bytes += kStep)
-        if (!AreEightPlainTextBytes(bytes)) return false;
-    return AreEightPlainTextBytes(last);
+        if (!AreSixteenPlainTextBytes(bytes)) return false;
+    return AreSixteenPlainTextBytes(last);
 }
 
 bool IsPlainXMLContent(std::string_view text) {
