@@ -25,10 +25,6 @@ bool ReplaceWholeFile(const char* path, std::string_view bytes, std::string* rea
     return SaveFile(Canonical(path), bytes, {}, reason);
 }
 
-bool ReplaceWholeFileByParts(const char* path, TFileParts parts, std::string* reason) {
-    return SaveFileOfParts(Canonical(path), parts, {}, reason);
-}
-
 bool KeepBackup(const char* path, std::string* reason) {
     const std::string original = Canonical(path);
     std::string bytes;

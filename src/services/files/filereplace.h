@@ -1,6 +1,5 @@
 #pragma once
 #include "services/base/api.h"
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -19,11 +18,6 @@ HDLBUILDFILE_API TFileReadResult ReadWholeFile(const char* path, std::string* by
 /// TFileLock) for the time of the save: one that cannot be had is a failure.
 HDLBUILDFILE_API bool ReplaceWholeFile(const char* path, std::string_view bytes,
                                        std::string* reason);
-
-/// The bytes of a file, one part after the other.
-using TFileParts = std::span<const std::string_view>;
-/// ReplaceWholeFile with the bytes in parts.
-bool ReplaceWholeFileByParts(const char* path, TFileParts parts, std::string* reason);
 
 /// Copies `path` to `path` + ".bak", replacing an older one.
 HDLBUILDFILE_API bool KeepBackup(const char* path, std::string* reason);

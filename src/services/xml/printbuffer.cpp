@@ -7,7 +7,7 @@ namespace {
 
 // A document of a few elements needs a small part.
 constexpr std::size_t kSmallestRoom = 4000;
-constexpr std::size_t kLargestRoom = 256000;
+constexpr std::size_t kLargestRoom = 64000;
 
 }  // namespace
 
@@ -46,6 +46,11 @@ TPrintBuffer::int_type TPrintBuffer::overflow(int_type c) {
 char* TPrintBuffer::MakeRoom(std::size_t size) {
     if (size > kLargestRoom) return nullptr;
     const auto present = static_cast<std::size_t>(epptr() - pbase());
+    if (Taker && present == kLargestRoom) {
+        GivePartsAway();
+        setp(Present.get(), Present.get() + present);
+        return pptr();
+    }
     PutPresentAside();
     const std::size_t grown = std::max(size, std::clamp(4 * present, kSmallestRoom, kLargestRoom));
     Present = std::make_unique_for_overwrite<char[]>(grown);
@@ -56,6 +61,12 @@ char* TPrintBuffer::MakeRoom(std::size_t size) {
 void TPrintBuffer::AppendInPieces(std::string_view text) {
     for (; !text.empty(); text.remove_prefix(std::min(text.size(), kLargestRoom)))
         Append(text.substr(0, kLargestRoom));
+}
+
+void TPrintBuffer::GivePartsAway() {
+    for (const std::string_view part : GetParts()) Taker(part);
+    Full.clear();
+    SizeOfFull += static_cast<std::size_t>(pptr() - pbase());
 }
 
 void TPrintBuffer::PutPresentAside() {

@@ -1,10 +1,12 @@
 #pragma once
 #include <cstring>
+#include <functional>
 #include <memory>
 #include <ostream>
 #include <streambuf>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// What a document is printed into: the buffer of a stream, which printers that know it fill
@@ -12,6 +14,12 @@
 /// more.
 class TPrintBuffer final : public std::streambuf {
 public:
+    /// Takes what was printed so far, or since it was called last.
+    using TTaker = std::function<void(std::string_view)>;
+
+    /// With a taker, the buffer keeps a few parts at most.
+    explicit TPrintBuffer(TTaker taker = {}) : Taker(std::move(taker)) {}
+
     /// The buffer of `stream`; null for a stream over any other.
     static TPrintBuffer* Of(std::ostream& stream);
 
@@ -37,7 +45,8 @@ public:
     char GetLast() const { return pptr() > pbase() ? pptr()[-1] : '\0'; }
     /// Takes the byte printed last back, which there must be.
     void DropLast() { pbump(-1); }
-    /// All that was printed, in order. The parts are the buffer's, until something is printed.
+    /// All that was printed and not taken, in order. The parts are the buffer's, until something is
+    /// printed.
     std::vector<std::string_view> GetParts() const;
     /// The same in one text.
     std::string GetText() const;
@@ -54,8 +63,10 @@ private:
 
     char* MakeRoom(std::size_t size);
     void AppendInPieces(std::string_view text);
+    void GivePartsAway();
     void PutPresentAside();
 
+    TTaker Taker;
     std::vector<TPart> Full;  // none is empty
     std::size_t SizeOfFull = 0;
     std::unique_ptr<char[]> Present;  // where the stream puts its bytes; holds the last one

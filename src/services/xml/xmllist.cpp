@@ -1,13 +1,16 @@
 #include "services/xml/xmllist.h"
 
 #include <mutex>
+#include <optional>
 #include <unordered_map>
 
 #include "services/base/fold.h"
 #include "services/files/filelock.h"
 #include "services/files/filereplace.h"
+#include "services/files/filesave.h"
 #include "services/files/filestatus.h"
 #include "services/files/pathconventions.h"
+#include "services/files/pathtext.h"
 #include "services/logging/binarylog.h"
 #include "services/logging/usermessages.h"
 #include "services/names/isfilename.h"
@@ -97,19 +100,39 @@ bool ReadBytes(const char* path, std::string* bytes, TXMLReadError* error) {
     return false;
 }
 
-bool ReplaceFile(const ISFileName* file, const char* path, TFileParts document,
-                 std::string* reason) {
-    // So that the backup is of the very file that is replaced.
-    const TFileLock lock(path);
-    if (!lock.IsHeld()) {
-        *reason = lock.GetReason();
-        return false;
+/// The save of a document, which begins while a large one is printed.
+class TDocumentSave {
+public:
+    TDocumentSave(const ISFileName* file, const char* path)
+        : File(file), Path(CanonicalPath(path)) {}
+
+    void Write(std::string_view part) {
+        // So that the backup is of the very file that is replaced.
+        if (!Lock) Lock.emplace(Path.c_str());
+        if (!Save && Lock->IsHeld()) Save.emplace(Path, "");
+        if (Save) Save->Write(part);
     }
-    if (MustBeKept(file) && !KeepBackup(path, reason)) return false;
-    if (!ReplaceWholeFileByParts(path, document, reason)) return false;
-    NoteRead(file, true);
-    return true;
-}
+    /// Without it the old file stays.
+    bool Finish(const std::vector<std::string_view>& rest) {
+        for (const std::string_view part : rest) Write(part);
+        Reason = Lock->GetReason();
+        if (!Save || (MustBeKept(File) && !KeepBackup(Path.c_str(), &Reason))) return false;
+        if (!Save->Finish()) {
+            Reason = Save->GetReason();
+            return false;
+        }
+        NoteRead(File, true);
+        return true;
+    }
+    const std::string& GetReason() const { return Reason; }
+
+private:
+    const ISFileName* File;
+    std::string Path;
+    std::optional<TFileLock> Lock;
+    std::optional<TFileSave> Save;
+    std::string Reason;
+};
 
 bool PrintElements(TXMLList* list, TPrintBuffer* document, std::string* reason) {
     TXMLWriter writer(list, true, document);
@@ -266,12 +289,18 @@ bool TXMLList::WriteFile(const char* path) {
     const std::string file = path ? path : "";
     SetFileName(file.c_str());
     Flush(1);
-    TPrintBuffer document;
     std::string reason;
-    if (FillAndPrint(&document, &reason) &&
-        ReplaceFile(FileName, file.c_str(), document.GetParts(), &reason))
-        return true;
+    if (Save(file.c_str(), &reason)) return true;
     TellSaveFailure(file, reason);
+    return false;
+}
+
+bool TXMLList::Save(const char* path, std::string* reason) {
+    TDocumentSave save(FileName, path);
+    TPrintBuffer document([&save](std::string_view part) { save.Write(part); });
+    if (!FillAndPrint(&document, reason)) return false;
+    if (save.Finish(document.GetParts())) return true;
+    *reason = save.GetReason();
     return false;
 }
 

@@ -145,6 +145,7 @@ protected:
 private:
     void PushChecked(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
                      std::string_view text);
+    bool Save(const char* path, std::string* reason);
     bool FillAndPrint(TPrintBuffer* document, std::string* reason);
     void DeleteUpTo(const DListIterator<TElement*>& position, bool deleteItems);
     bool ReadDocument(const char* path);

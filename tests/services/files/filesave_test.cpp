@@ -18,6 +18,13 @@ std::string Saved(const char* bytes = "new bytes") {
     return SaveFile(HostForm(kPath), bytes, "", &reason) ? "done" : reason;
 }
 
+/// What a save of `kPath` in parts answered.
+std::string SavedInParts(const std::vector<std::string_view>& parts) {
+    TFileSave save(HostForm(kPath), "");
+    for (const std::string_view part : parts) save.Write(part);
+    return save.Finish() ? "done" : save.GetReason();
+}
+
 std::string Lines(const std::vector<std::string>& words) {
     std::string lines;
     for (const std::string& word : words) lines += word + "\n";
@@ -88,11 +95,10 @@ TEST(FileSave, TakesTheSameStepsEveryTime) {
 }
 
 TEST(FileSave, WritesPartAfterPart) {
-    const std::string_view parts[] = {"new ", "", "bytes", " at last"};
-    std::string reason;
+    const std::vector<std::string_view> parts = {"new ", "", "bytes", " at last"};
     MemoryFileSystem disk;
     disk.PutFolder("/p");
-    EXPECT_TRUE(SaveFileOfParts(HostForm(kPath), parts, "", &reason));
+    EXPECT_EQ(SavedInParts(parts), "done");
     EXPECT_EQ(Lines(disk.GetOperations()),
               Locked("CheckReplaceable\nListFolder\nCreate\nWrite\nWrite\nWrite\nFlush\n"
                      "Close\nRename\nFlushFolder\n"));
@@ -100,8 +106,7 @@ TEST(FileSave, WritesPartAfterPart) {
     disk.Put(kPath, "old");
     disk.Mend();
     disk.FailAt(9, kBroken);
-    EXPECT_FALSE(SaveFileOfParts(HostForm(kPath), parts, "", &reason));
-    EXPECT_EQ(reason, "the disk is broken");
+    EXPECT_EQ(SavedInParts(parts), "the disk is broken");
     EXPECT_EQ(Lines(disk.GetOperations()),
               Locked("CheckReplaceable\nListFolder\nCreate\nWrite\nWrite\nClose\nRemove\n"));
     EXPECT_EQ(disk.Text(kPath), "old");

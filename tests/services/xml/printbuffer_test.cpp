@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 
 TEST(PrintBuffer, CollectsWhatStreamAndPrintersPutIntoIt) {
@@ -65,6 +66,31 @@ TEST(PrintBuffer, GivesItsPartsWithoutMovingThem) {
     EXPECT_EQ(buffer.GetSize(), expected.size());
     EXPECT_EQ(buffer.GetParts().front().data(), first);
     EXPECT_TRUE(joined == expected);
+}
+
+TEST(PrintBuffer, GivesFullPartsToTheirTaker) {
+    std::string taken;
+    std::size_t longest = 0;
+    TPrintBuffer buffer([&](std::string_view part) {
+        longest = std::max(longest, part.size());
+        taken += part;
+    });
+    std::string expected(300000, 'a');
+    buffer.Append(expected);
+    for (int i = 0; i < 100000; ++i) {
+        buffer.Append("<" + std::to_string(i));
+        buffer.Append(">");
+        // The byte printed last can be taken back, whatever was taken.
+        EXPECT_EQ(buffer.GetLast(), '>');
+        buffer.DropLast();
+        buffer.Append("/>");
+        expected += "<" + std::to_string(i) + "/>";
+    }
+    EXPECT_EQ(buffer.GetSize(), expected.size());
+    EXPECT_GT(taken.size(), expected.size() - 100000);
+    EXPECT_LE(longest, 64000U);
+    EXPECT_LE(buffer.GetParts().size(), 1U);
+    EXPECT_TRUE(taken + buffer.GetText() == expected);
 }
 
 TEST(PrintBuffer, IsNotFoundInOtherStreams) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "services/files/filereplace.h"
 #include "services/names/isfilename.h"
 #include "tests/services/xml/documents.h"
@@ -72,6 +74,21 @@ bool ReadQuietly(const std::string& path) {
 bool WriteHooked(const std::string& path) {
     return HookedList().WriteFile(path.c_str());
 }
+
+// Some 200,000 bytes: a document that is not held in memory whole.
+struct TLargeDocument {
+    std::string Elements;
+    std::string Text = "<!DOCTYPE List SYSTEM \"list.dtd\">\n<List>\n";
+
+    TLargeDocument() {
+        for (int i = 0; i < 10000; ++i) {
+            const std::string name = "element" + std::to_string(i);
+            Elements.append("START ").append(name).append("\nEND ").append(name).append("\n");
+            Text.append("  <").append(name).append("/>\n");
+        }
+        Text += "</List>\n";
+    }
+};
 
 }  // namespace
 
@@ -361,6 +378,49 @@ TEST(XMLList, KeepsTheOldFileWhenATextCannotBeWritten) {
     EXPECT_EQ(folder.List(), "a.xml\n");
 }
 
+TEST(XMLList, SavesALargeDocumentWhileItIsPrinted) {
+    const TLargeDocument large;
+    MemoryFileSystem disk;
+    disk.Put("/p/a.xml", "old");
+    EXPECT_TRUE(HookedList(large.Elements).WriteFile("/p/a.xml"));
+    EXPECT_EQ(disk.Text("/p/a.xml"), large.Text);
+    EXPECT_EQ(disk.List(), "/p/a.xml\n");
+    const auto& operations = disk.GetOperations();
+    EXPECT_GT(std::count(operations.begin(), operations.end(), "Write"), 3);
+}
+
+TEST(XMLList, KeepsTheOldFileWhenTheEndOfALargeDocumentCannotBeWritten) {
+    const TLargeDocument large;
+    for (const char* diskFault : {"", "the disk is full"}) {
+        MemoryFileSystem disk;
+        disk.Put("/p/a.xml", "old");
+        if (*diskFault) disk.FailAt(8, {TFileFault::Other, diskFault});
+        RecordingMessageBox box;
+        EXPECT_FALSE(HookedList(large.Elements + "TEXT \x01\n").WriteFile("/p/a.xml"));
+        // What is wrong with the document is told, whatever the disk did.
+        EXPECT_EQ(
+            box.Take(),
+            Message("Cannot save file", "/p/a.xml",
+                    ": element \"List\" holds the character U+0001, which no XML document can "
+                    "hold"));
+        EXPECT_EQ(disk.Text("/p/a.xml"), "old");
+        EXPECT_EQ(disk.List(), "/p/a.xml\n");
+    }
+}
+
+TEST(XMLList, TellsWhyALargeDocumentCannotBeSaved) {
+    const TLargeDocument large;
+    MemoryFileSystem disk;
+    disk.Put("/p/a.xml", "old");
+    disk.FailAt(9, {TFileFault::Other, "the disk is full"});
+    RecordingMessageBox box;
+    EXPECT_FALSE(HookedList(large.Elements).WriteFile("/p/a.xml"));
+    EXPECT_EQ(disk.GetOperations()[8], "Write");
+    EXPECT_EQ(box.Take(), Message("Cannot save file", "/p/a.xml", ": the disk is full"));
+    EXPECT_EQ(disk.Text("/p/a.xml"), "old");
+    EXPECT_EQ(disk.List(), "/p/a.xml\n");
+}
+
 TEST(XMLList, FailsToSaveIntoAFolderThatDoesNotExist) {
     const MemoryFolder folder;
     const std::string path = folder.Path("missing/a.xml");
@@ -449,24 +509,29 @@ TEST(XMLList, DoesNotReplaceAnUnreadFileThatItCannotKeep) {
 }
 
 TEST(XMLList, LosesNoUnreadFileWhicheverLookAtTheDiskFails) {
-    for (const char* name : {"/p/a.xml", "/p/link.xml"}) {
-        for (int number = 1;; ++number) {
-            MemoryFileSystem disk;
-            disk.Put("/p/a.xml", "damaged");
-            disk.PutLink("/p/link.xml", "/p/a.xml");
-            RecordingMessageBox box;
-            ASSERT_FALSE(ReadQuietly(name));
-            disk.FailAt(number, {TFileFault::Other, "broken"});
-            const bool isWritten = WriteHooked(name);
-            if (static_cast<int>(disk.GetOperations().size()) < number) break;
-            const std::string label = std::string(name) + ", operation " + std::to_string(number) +
-                                      ", " +
-                                      disk.GetOperations()[static_cast<std::size_t>(number) - 1];
-            EXPECT_EQ(disk.Text("/p/a.xml"), isWritten ? kHookedDocument : "damaged") << label;
-            if (isWritten) {
-                EXPECT_EQ(disk.Text(name + std::string(".bak")), "damaged") << label;
+    const TLargeDocument large;
+    const std::pair<std::string, std::string> documents[] = {{"START a\nEND a\n", kHookedDocument},
+                                                             {large.Elements, large.Text}};
+    for (const auto& [elements, written] : documents) {
+        for (const char* name : {"/p/a.xml", "/p/link.xml"}) {
+            for (int number = 1;; ++number) {
+                MemoryFileSystem disk;
+                disk.Put("/p/a.xml", "damaged");
+                disk.PutLink("/p/link.xml", "/p/a.xml");
+                RecordingMessageBox box;
+                ASSERT_FALSE(ReadQuietly(name));
+                disk.FailAt(number, {TFileFault::Other, "broken"});
+                const bool isWritten = HookedList(elements).WriteFile(name);
+                if (static_cast<int>(disk.GetOperations().size()) < number) break;
+                const std::string label =
+                    std::string(name) + ", operation " + std::to_string(number) + ", " +
+                    disk.GetOperations()[static_cast<std::size_t>(number) - 1];
+                EXPECT_EQ(disk.Text("/p/a.xml"), isWritten ? written : "damaged") << label;
+                if (isWritten) {
+                    EXPECT_EQ(disk.Text(name + std::string(".bak")), "damaged") << label;
+                }
+                EXPECT_EQ(box.Take() == "", isWritten) << label;
             }
-            EXPECT_EQ(box.Take() == "", isWritten) << label;
         }
     }
 }
