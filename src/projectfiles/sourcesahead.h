@@ -9,23 +9,28 @@ class TSourcesAhead {
 public:
     explicit TSourcesAhead(const TIHdlSourceFileList& list)
         : Source(list.begin()), Name(list.begin()), End(list.end()) {
-        for (int i = 0; i < 2 * kDistance; ++i) Step();
+        for (int i = 0; i < kSources; ++i) FetchNextSource();
+        for (int i = 0; i < kNames; ++i) FetchNextName();
     }
     /// To be called for each source of the walk.
     void Step() {
-        if (Steps++ >= kDistance && Name != End) {
-            FetchAhead((*Name)->GetFileName());
-            ++Name;
-        }
-        if (Source == End) return;
-        FetchAhead(*Source);
-        ++Source;
+        FetchNextSource();
+        FetchNextName();
     }
 
 private:
-    static constexpr int kDistance = 8;
+    // So many sources ahead: a name is known when its source has been fetched.
+    static constexpr int kSources = 16;
+    static constexpr int kNames = 8;
+
+    void FetchNextSource() {
+        if (Source != End) FetchAhead(*Source++);
+    }
+    void FetchNextName() {
+        if (Name != End) FetchAhead((*Name++)->GetFileName());
+    }
+
     TIHdlSourceFileList::const_iterator Source;
     TIHdlSourceFileList::const_iterator Name;
     TIHdlSourceFileList::const_iterator End;
-    int Steps = 0;
 };
