@@ -8,6 +8,7 @@
 #include "tests/support/elementtext.h"
 #include "tests/support/memoryfolder.h"
 #include "tests/support/mortal.h"
+#include "tests/support/replaced.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -24,9 +25,8 @@ std::unique_ptr<TBuild> MakeBuild(const char* options = "-93") {
 
 /// What MakeBuild() makes, with these VHDL options.
 std::string MadeText(const std::string& options = "-93") {
-    std::string text = kFresh;
-    text.replace(text.find("snapshot ''"), 11, "snapshot 'snap'");
-    return text.replace(text.find("configurations"), 14, "configurations VHDL=" + options);
+    const std::string text = Replaced(kFresh, "snapshot ''", "snapshot 'snap'");
+    return Replaced(text, "configurations", "configurations VHDL=" + options);
 }
 
 TEST(BuildFileCopy, SharesTheSubObjects) {

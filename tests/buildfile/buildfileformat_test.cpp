@@ -2,6 +2,7 @@
 #include "buildfile/simwraphdlbuildfile.h"
 #include "tests/buildfile/filledbuild.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/replaced.h"
 #include "translation/v2vtranslationoption.h"
 
 // Rules of the document that hold over what a build had before, and for documents out of the
@@ -28,12 +29,11 @@ protected:
         const std::vector<std::pair<std::string, std::string>>& replacements) {
         std::string text = kFilled;
         // The group of the HDL language, Verilog, has no source.
-        text.replace(text.find("precompiled lib"), 15, "precompiled");
+        text = Replaced(text, "precompiled lib", "precompiled");
         constexpr std::string_view kLastRead =
             "result 9 error 'mismatched tag: element \"HdlBuildFile\" of line 1 is still open'";
-        text.replace(text.find(kLastRead), kLastRead.size(), "result 0 error ''");
-        for (const auto& [before, after] : replacements)
-            text.replace(text.find(before), before.size(), after);
+        text = Replaced(text, kLastRead, "result 0 error ''");
+        for (const auto& [before, after] : replacements) text = Replaced(text, before, after);
         return text;
     }
     std::string Messages;

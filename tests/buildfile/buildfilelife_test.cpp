@@ -5,6 +5,7 @@
 #include "tests/support/lockfilename.h"
 #include "tests/support/lockingbox.h"
 #include "tests/support/memoryfilesystem.h"
+#include "tests/support/replaced.h"
 #include <thread>
 
 // What a build holds from its making over ClearAll and Initialize to the next save.
@@ -116,8 +117,7 @@ TEST_F(BuildFileLife, EmptyTextsEmptyEachText) {
         for (const char* empty : {"", static_cast<const char*>(nullptr)}) {
             THdlBuildFile build(Build);
             (build.*row.Set)(empty);
-            std::string expected = kFilled;
-            expected.replace(expected.find(row.Before), std::string(row.Before).size(), row.After);
+            const std::string expected = Replaced(kFilled, row.Before, row.After);
             EXPECT_EQ(TextOf(build), expected) << row.Label;
         }
     }

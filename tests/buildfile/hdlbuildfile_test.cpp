@@ -9,6 +9,7 @@
 #include "tests/support/elementtext.h"
 #include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>
 
@@ -31,8 +32,7 @@ TEST(HdlBuildFile, TakesNullTextsAsEmpty) {
     build.SetSnapshotName(nullptr);
     build.SetVerilogUserDefines(nullptr);
     build.SetVerilogOtherPlusOptions(nullptr);
-    std::string expected = kFresh;
-    expected.replace(expected.find("versions x.x x.x"), 16, "versions  ");
+    const std::string expected = Replaced(kFresh, "versions x.x x.x", "versions  ");
     EXPECT_EQ(TextOf(build), expected);
     EXPECT_TRUE(build.AddComponentName(nullptr, nullptr, nullptr, LANGUAGE_VHDL));
     EXPECT_FALSE(build.AddComponentName("", "", "", LANGUAGE_VHDL));
@@ -134,9 +134,8 @@ TEST(HdlBuildFile, IsAComponentThatPassesItsModifiedNoticeBy) {
     EXPECT_EQ(component.GetGeneralConfiguration(), &general);
     for (const bool modified : {true, false}) {
         component.SetProjectModified(modified);
-        std::string expected = kFresh;
-        expected.replace(expected.find("general null"), 12, "general set");
-        expected.replace(expected.find("configurations"), 14, "configurations VHDL=");
+        std::string expected = Replaced(kFresh, "general null", "general set");
+        expected = Replaced(expected, "configurations", "configurations VHDL=");
         EXPECT_EQ(TextOf(build), expected);
     }
 }
@@ -242,10 +241,9 @@ TEST_F(BuildOnDisk, TellsWhyAFileCouldNotBeRead) {
     EXPECT_EQ(malformed.GetReadError().Reason,
               "mismatched tag: element \"Open\" of line 2 is still open");
     EXPECT_EQ(malformed.GetReadError().Line, 3);
-    std::string expected = kFresh;
-    expected.replace(expected.find("<null>"), 6, "bad.hbf");
-    expected.replace(expected.find("error ''"), 8,
-                     "error 'mismatched tag: element \"Open\" of line 2 is still open'");
+    std::string expected = Replaced(kFresh, "<null>", "bad.hbf");
+    expected = Replaced(expected, "error ''",
+                        "error 'mismatched tag: element \"Open\" of line 2 is still open'");
     EXPECT_EQ(TextOf(malformed), expected);
     EXPECT_EQ(
         Box.Take(),

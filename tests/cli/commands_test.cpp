@@ -3,6 +3,7 @@
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
 #include "tests/cli/userinifile.h"
+#include "tests/support/replaced.h"
 #include <gtest/gtest.h>
 #include <map>
 #include <nlohmann/json.hpp>
@@ -90,11 +91,6 @@ TToolRun RunWith(const TLine& line, const TLine& options) {
     TLine words = line;
     words.insert(words.end(), options.begin(), options.end());
     return RunHdlbuild(words);
-}
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-    const std::size_t place = text.find(from);
-    return place == std::string::npos ? "no " + from : text.replace(place, from.size(), to);
 }
 
 }  // namespace

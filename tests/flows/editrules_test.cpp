@@ -11,18 +11,12 @@
 #include "simtools/serverconfigurationfilexmllist.h"
 #include "simtools/simtoolserverclientcourier.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/temporaryfolder.h"
 #include <functional>
 #include <gtest/gtest.h>
 
 namespace {
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-    const std::size_t place = text.find(from);
-    EXPECT_NE(place, std::string::npos) << from;
-    if (place != std::string::npos) text.replace(place, from.size(), to);
-    return text;
-}
 
 std::unique_ptr<TXMLList> MakeListOf(const char* documentType) {
     auto list = std::make_unique<TXMLList>();

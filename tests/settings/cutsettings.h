@@ -1,4 +1,5 @@
 #pragma once
+#include "tests/support/replaced.h"
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -19,9 +20,7 @@ void ExpectAfterEachCut(const std::vector<TReadStep>& steps, std::string held, R
     EXPECT_EQ(read(lines), held) << "nothing";
     for (const TReadStep& step : steps) {
         lines += step.Line + "\n";
-        const std::size_t place = held.find(step.From);
-        ASSERT_NE(place, std::string::npos) << "no " << step.From << " in " << held;
-        held.replace(place, step.From.size(), step.To);
+        held = Replaced(held, step.From, step.To);
         EXPECT_EQ(read(lines), held) << "cut after\n" << lines;
     }
 }

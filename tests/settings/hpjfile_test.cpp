@@ -6,6 +6,7 @@
 #include "tests/support/lockfilename.h"
 #include "tests/support/lockingbox.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/settingtexts.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
@@ -101,8 +102,7 @@ TEST(HpjFile, ChangesOneSettingAmongForeignElements) {
     EXPECT_EQ(WithoutUnknown(DifferencesOf(stream, StreamOf(folder, "p.hpj"))),
               GeneralStart() + GeneralStart({{"LogFileName", "other.log"}}));
     const std::string former = "\"simulation.log\"";
-    EXPECT_EQ(folder.Read("p.hpj"),
-              std::string(original).replace(original.find(former), former.size(), "\"other.log\""));
+    EXPECT_EQ(folder.Read("p.hpj"), Replaced(original, former, "\"other.log\""));
 }
 
 TEST(HpjFile, KeepsEveryForeignElementInItsPlace) {

@@ -3,14 +3,10 @@
 #include "settings/projecttemplatesimconfiglist.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/settings/cutsettings.h"
+#include "tests/support/replaced.h"
 #include <gtest/gtest.h>
 
 namespace {
-
-/// `text` with the first `from` replaced.
-std::string With(std::string text, const std::string& from, const std::string& to) {
-    return text.replace(text.find(from), from.size(), to);
-}
 
 /// The keys of a general section but for AddTopLevelSignals and its like, which diagrams fix.
 const std::vector<TReadStep> kGeneralSteps = {
@@ -81,7 +77,7 @@ TEST(IniCuts, OfPrefixedKeysOfVerilog) {
         {"NCSim Verilog_PliDriven=true", "toplevel", "toplevel pli"},
     };
     Append(steps, TextSteps("NCSim Verilog_"));
-    const std::string held = With(kLanguageDefaults, "project=null", "project=D:\\p\\x.hpj");
+    const std::string held = Replaced(kLanguageDefaults, "project=null", "project=D:\\p\\x.hpj");
     ExpectAfterEachCut(steps, held, [&ini](const std::string& lines) {
         ini.Give(lines);
         TProjectSimLanguageConfig settings;
@@ -126,7 +122,7 @@ TEST(IniCuts, OfTemplateLists) {
         // The third is missing.
         {"ConfigurationName4=d"},
         {"[b_GeneralConfiguration]"},
-        {"LogFileName=b.log", b, With(b, "log=simulation.log", "log=b.log")},
+        {"LogFileName=b.log", b, Replaced(b, "log=simulation.log", "log=b.log")},
         {"[aVHDLSettingsConfiguration]"},
         {"SimTool=Scirocco", "[1] project=null vcd=null\ntool=4",
          "[1] project=null vcd=null\ntool=25"},

@@ -3,6 +3,7 @@
 #include "settings/projecttemplatesimconfiglist.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
@@ -24,7 +25,7 @@ void AddLanguagesThatAreNotStored(TProjectSimConfig& configuration) {
 /// kFullLanguageConfig with the first `from` as `to`.
 std::string FullConfigWith(const std::string& from, const std::string& to) {
     std::string text = kFullLanguageConfig;
-    return text.replace(text.find(from), from.size(), to);
+    return Replaced(text, from, to);
 }
 
 }  // namespace
@@ -91,8 +92,8 @@ TEST(IniRules, ANumberIsTheNameOfNoSimulator) {
             TProjectSimLanguageConfig settings;
             FillLanguageConfig(settings);
             settings.ReadFromINI("S", LANGUAGE_VHDL, bareKeys);
-            std::string expected = FullConfigWith("tool=20", "tool=0");
-            expected.replace(expected.find("<-b 1>"), 6, "<bare>");
+            const std::string expected =
+                Replaced(FullConfigWith("tool=20", "tool=0"), "<-b 1>", "<bare>");
             EXPECT_EQ(TextOf(settings), expected) << number << bareKeys;
         }
 }
@@ -103,9 +104,8 @@ TEST(IniRules, ANumberSelectsNoSimulatorOfDiagrams) {
     TProjectDiagramSimConfig diagram;
     diagram.ReadFromINI();
     const std::string general = "log=simulation.log\nshow clear bench constants debugging size=0\n";
-    std::string expected = ConfigurationDefaults("", false);
-    expected.replace(expected.find(kGeneralDefaults), std::string(kGeneralDefaults).size(),
-                     general);
+    const std::string expected =
+        Replaced(ConfigurationDefaults("", false), kGeneralDefaults, general);
     EXPECT_EQ(TextOf(diagram), Replaced(expected, "[0]", "build=<>", "build=<-b>"));
 }
 
@@ -122,9 +122,9 @@ TEST(IniRules, ReadingATestBuilderWithPrefixedKeysWritesItsPrefixedListsAndReads
     TProjectSimLanguageConfig settings;
     FillLanguageConfig(settings);
     settings.ReadFromINI("S", LANGUAGE_TESTBUILDER, false);
-    std::string expected = FullConfigWith("tool=20", "tool=" + std::to_string(SIM_GCC));
-    expected.replace(expected.find(" run"), 4, "");
-    expected.replace(expected.find("<-b 1>"), 6, "<-o>");
+    std::string expected =
+        Replaced(FullConfigWith("tool=20", "tool=" + std::to_string(SIM_GCC)), " run", "");
+    expected = Replaced(expected, "<-b 1>", "<-o>");
     EXPECT_EQ(TextOf(settings), expected);
     EXPECT_EQ(ini.Saved(), head + gcc + "IncludeDirectory Count=2\n" + gcc +
                                "IncludeDirectory0=inc\n" + gcc + "LibraryDirectory Count=1\n" +

@@ -1,6 +1,7 @@
 #include "settings/projectdiagramsimconfig.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
@@ -12,7 +13,7 @@ using TConfig = TProjectDiagramSimConfig;
 std::string DiagramText(const std::string& name) {
     std::string text = ConfigurationDefaults(name, false);
     const auto replace = [&text](const std::string& from, const std::string& to) {
-        text.replace(text.find(from), from.size(), to);
+        text = Replaced(text, from, to);
     };
     replace("\ntop show", "\nshow");
     replace("tool=1 ", "tool=7 ");
@@ -129,8 +130,8 @@ TEST(ProjectDiagramSimConfig, ReadsBackWhatItWrote) {
     TConfig read;
     read.ResetDiagramConfiguration();
     read.ReadFromINI();
-    std::string expected = DiagramText("Diagram Configuration");
-    expected = Replaced(expected, "show", "show", "show dump");
+    std::string expected =
+        Replaced(DiagramText("Diagram Configuration"), "show", "show", "show dump");
     expected = Replaced(expected, "[0]", "tool=7 delay=1", "tool=22 delay=0");
     EXPECT_EQ(TextOf(read), Replaced(expected, "[1]", "runtime=<>", "runtime=< -r >"));
 }
@@ -144,7 +145,7 @@ TEST(ProjectDiagramSimConfig, ReadsNothingOfALanguageWithoutSelectedSimulator) {
     diagram.ReadFromINI();
     std::string expected = DiagramText("");
     const auto replace = [&expected](const std::string& from, const std::string& to) {
-        expected.replace(expected.find(from), from.size(), to);
+        expected = Replaced(expected, from, to);
     };
     replace("show clear", "show dump clear");
     replace("tool=4 ", "tool=18 ");

@@ -4,6 +4,7 @@
 #include "tests/settings/settingstext.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/settingtexts.h"
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>
@@ -108,8 +109,7 @@ TEST(ProjectSimConfig, CopiesNameAndSettingsIntoObjectsOfItsOwn) {
     ICorbaProxy proxy;
     configuration.SetCorbaProxy(&proxy);
     const std::string full = TextOf(configuration);
-    std::string expected = full;
-    expected.replace(expected.find("vcd=D:\\p\\dump.vcd"), 17, "vcd=null");
+    const std::string expected = Replaced(full, "vcd=D:\\p\\dump.vcd", "vcd=null");
 
     const TConfig copy(configuration);
     const TConfig pointed(&configuration);

@@ -4,6 +4,7 @@
 #include "tests/settings/cutsettings.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
@@ -90,8 +91,8 @@ TEST(ProjectSimConfigXml, ReadsBackWhatItWrote) {
     TConfig read(nullptr);
     EXPECT_TRUE(read.ReadFromFile(element, FileNamed("D:\\p\\x.hpj")));
     EXPECT_FALSE(element.NotAtTail());
-    std::string expected = ConfigurationDefaultsInProject("Release", true);
-    expected = Replaced(expected, "top", "show", "show dump");
+    std::string expected =
+        Replaced(ConfigurationDefaultsInProject("Release", true), "top", "show", "show dump");
     for (const char* section : {"[0]", "[1]", "[2]"})
         expected = Replaced(expected, section, "<D:\\p>", "<D:\\p><D:\\p\\inc>");
     for (const char* section : {"[4]", "[7]"})
@@ -110,7 +111,7 @@ TEST(ProjectSimConfigXml, ReadsIntoTheSettingsThereAre) {
               "true at START Next");
     std::string expected = ConfigurationDefaults("New", false);
     const auto replace = [&expected](const std::string& from, const std::string& to) {
-        expected.replace(expected.find(from), from.size(), to);
+        expected = Replaced(expected, from, to);
     };
     replace("project=null", "project=D:\\p\\x.hpj");
     replace("tool=1 ", "tool=22 ");

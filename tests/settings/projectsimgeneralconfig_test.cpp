@@ -4,6 +4,7 @@
 #include "tests/support/elementtext.h"
 #include "tests/support/keptobjects.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/settingtexts.h"
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>
@@ -246,8 +247,7 @@ TEST(ProjectSimGeneralConfig, ReadsBackWhatItWrote) {
     general.WriteToProjectFile(&list);
     TConfig read;
     ASSERT_TRUE(read.ReadFromFile(TElementIterator(list).Current()));
-    std::string expected = kInverted;
-    expected.replace(expected.find("my log.txt"), 10, "a & <b>.txt");
+    const std::string expected = Replaced(kInverted, "my log.txt", "a & <b>.txt");
     EXPECT_EQ(TextOf(read), expected);
 }
 

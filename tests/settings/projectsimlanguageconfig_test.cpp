@@ -3,6 +3,7 @@
 #include "tests/settings/settingstext.h"
 #include "tests/support/keptobjects.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>
 
@@ -144,8 +145,7 @@ TEST(ProjectSimLanguageConfig, CopiesEverythingButTheVcdFileNameAndTheProxy) {
     FillLanguageConfig(settings);
     ICorbaProxy proxy;
     settings.SetCorbaProxy(&proxy);
-    std::string expected = kFullLanguageConfig;
-    expected.replace(expected.find("D:\\p\\dump.vcd"), 13, "null");
+    const std::string expected = Replaced(kFullLanguageConfig, "D:\\p\\dump.vcd", "null");
     const TConfig copy(settings);
     const TConfig flagged(settings, 1);
     const TConfig pointed(&settings, 1);

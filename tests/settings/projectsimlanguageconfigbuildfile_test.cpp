@@ -1,6 +1,7 @@
 #include "tests/settings/settingstext.h"
 #include "tests/settings/writtenoptions.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -410,7 +411,7 @@ TEST(ProjectSimLanguageConfigBuildFile, ChangesOnlyTheOptions) {
     TConfig settings;
     FillLanguageConfig(settings);
     WrittenOptions(settings, LANGUAGE_VERILOG, "D");
-    std::string expected = kFullLanguageConfig;
-    expected.replace(expected.find("< -l 2>"), 7, "< -l 2 --simz_options +linedebug>");
+    const std::string expected =
+        Replaced(kFullLanguageConfig, "< -l 2>", "< -l 2 --simz_options +linedebug>");
     EXPECT_EQ(TextOf(settings), expected);
 }

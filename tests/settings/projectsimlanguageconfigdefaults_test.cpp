@@ -1,6 +1,7 @@
 #include "settings/projectsimlanguageconfig.h"
 #include "tests/settings/settingstext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -97,8 +98,7 @@ TEST(ProjectSimLanguageConfigDefaults, SetToolChangesNothingElse) {
     TProjectSimLanguageConfig settings;
     FillLanguageConfig(settings);
     settings.SetTool(SIM_ZORVIK_VERILOG);
-    std::string expected = kFullLanguageConfig;
-    expected.replace(expected.find("tool=20"), 7, "tool=1");
+    const std::string expected = Replaced(kFullLanguageConfig, "tool=20", "tool=1");
     EXPECT_EQ(TextOf(settings), expected);
 }
 

@@ -3,6 +3,7 @@
 #include "tests/settings/settingstext.h"
 #include "tests/support/growth.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
@@ -402,8 +403,7 @@ TEST(ProjectSimLanguageConfigIni, HoldsWhatStandsBeforeACutAtAnyLine) {
         {"LinkerOptions=\" -l 2\"", "linker=<>", "linker=< -l 2>"},
         {"RuntimeOptions=-r 3", "runtime=<>", "runtime=<-r 3>"},
     };
-    std::string held = kLanguageDefaults;
-    held.replace(held.find("project=null"), 12, "project=D:\\p\\x.hpj");
+    const std::string held = Replaced(kLanguageDefaults, "project=null", "project=D:\\p\\x.hpj");
     ExpectAfterEachCut(steps, held, [&ini](const std::string& lines) {
         ini.Give(lines);
         TConfig settings;

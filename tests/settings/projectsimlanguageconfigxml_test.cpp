@@ -4,6 +4,7 @@
 #include "tests/settings/settingstext.h"
 #include "tests/support/elementtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
@@ -51,9 +52,8 @@ std::string TextAfterReading(const std::string& content) {
 
 /// The default settings as read from the project file, with one text replaced.
 std::string DefaultsWith(const std::string& text, const std::string& replacement) {
-    std::string defaults = kLanguageDefaults;
-    defaults.replace(defaults.find("project=null"), 12, "project=D:\\p\\x.hpj");
-    if (!text.empty()) defaults.replace(defaults.find(text), text.size(), replacement);
+    std::string defaults = Replaced(kLanguageDefaults, "project=null", "project=D:\\p\\x.hpj");
+    if (!text.empty()) defaults = Replaced(defaults, text, replacement);
     return defaults;
 }
 
@@ -279,8 +279,7 @@ TEST(ProjectSimLanguageConfigXml, AnElementWithoutTextKeepsTheSetting) {
     RecordingLog log;
     EXPECT_EQ(Read(settings, "START LanguageSettings\n" + content + "END LanguageSettings\n"),
               "true at TAIL");
-    std::string expected = kFullLanguageConfig;
-    expected.replace(expected.find("design.hpj"), 10, "x.hpj");
+    const std::string expected = Replaced(kFullLanguageConfig, "design.hpj", "x.hpj");
     EXPECT_EQ(TextOf(settings), expected);
     EXPECT_EQ(log.Take(), "");
 }

@@ -1,6 +1,7 @@
 #include "settings/projecttemplatesimconfiglist.h"
 #include "tests/settings/configurationtext.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
 
@@ -16,7 +17,7 @@ void Fill(TList& list, std::initializer_list<const char*> names) {
 std::string TemplateText(const std::string& name, bool debug, int verilog, int vhdl) {
     std::string text = ConfigurationDefaults(name, debug);
     const auto replace = [&text](const std::string& from, int to) {
-        text.replace(text.find(from), from.size(), "tool=" + std::to_string(to) + " ");
+        text = Replaced(text, from, "tool=" + std::to_string(to) + " ");
     };
     replace("tool=1 ", verilog);
     replace("tool=4 ", vhdl);
@@ -136,13 +137,13 @@ TEST(ProjectTemplateSimConfigList, ReadsBackWhatItWrote) {
     TList read;
     read.ReadFromINI();
     ASSERT_EQ(NamesIn(read), "<SimZorvik_Release><SimZorvik_Debug><NCSim*><ModelSim>");
-    std::string ncSim = ConfigurationDefaults("NCSim", false);
-    ncSim = Replaced(ncSim, "log", "clear", "clear parse");
+    std::string ncSim =
+        Replaced(ConfigurationDefaults("NCSim", false), "log", "clear", "clear parse");
     ncSim = Replaced(ncSim, "[0]", "tool=1 ", "tool=20 ");
     ncSim = Replaced(ncSim, "[1]", "tool=4", "tool=18");
     ncSim = Replaced(ncSim, "[1]", "build=<>", "build=< -b >");
-    std::string modelSim = ConfigurationDefaults("ModelSim", false);
-    modelSim = Replaced(modelSim, "[0]", "tool=1 ", "tool=11 ");
+    std::string modelSim =
+        Replaced(ConfigurationDefaults("ModelSim", false), "[0]", "tool=1 ", "tool=11 ");
     modelSim = Replaced(modelSim, "[1]", "tool=4", "tool=14");
     const std::string expected[] = {ConfigurationDefaults("SimZorvik_Release", false),
                                     ConfigurationDefaults("SimZorvik_Debug", true), ncSim,
@@ -199,8 +200,8 @@ TEST(ProjectTemplateSimConfigList, ReadsEachConfigurationOverTheDefaults) {
     TList list;
     list.ReadFromINI();
     ASSERT_EQ(NamesIn(list), "<c>");
-    std::string expected = TemplateText("c", false, 1, 18);
-    expected.replace(expected.find("simulation.log"), 14, "c.log");
+    const std::string expected =
+        Replaced(TemplateText("c", false, 1, 18), "simulation.log", "c.log");
     EXPECT_EQ(TextOf(*list.GetConfigurations()[0]), expected);
 }
 

@@ -1,5 +1,6 @@
 #include "tests/cli/servers/simulatorsfile.h"
 #include "tests/cli/toolrun.h"
+#include "tests/support/replaced.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -30,9 +31,7 @@ TEST(ServersEdit, ChangesTheBytesOfTheToolOnly) {
             "\t<Other/>  text\n"
             "  </ExternalSimulatorSettings>\n"
             "</HdlBuildFileList>";
-        for (std::size_t i = 0; (i = text.find('\n', i)) != std::string::npos; i += end.size())
-            text.replace(i, 1, end);
-        return text;
+        return ReplacedEverywhere(text, "\n", end);
     };
     const std::string scirocco =
         "\t<Tool Name=\"Scirocco\" Path=\"D:\\s.exe\" PliLibPath=\"\">VHDL</Tool>\n";

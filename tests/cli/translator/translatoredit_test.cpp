@@ -2,6 +2,7 @@
 #include "tests/cli/toolrun.h"
 #include "tests/cli/translator/switchtext.h"
 #include "tests/support/elementtext.h"
+#include "tests/support/replaced.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -90,9 +91,7 @@ TEST(TranslatorEdit, ChangesTheBytesOfTheSwitchOnly) {
             "\t</Verilog2VhdlTranslationOptions>\n"
             "<SourceFileGroup Language='vhdl'/>   \n"
             "</HdlBuildFile><?end?>";
-        for (std::size_t i = 0; (i = text.find('\n', i)) != std::string::npos; i += end.size())
-            text.replace(i, 1, end);
-        return text;
+        return ReplacedEverywhere(text, "\n", end);
     };
     const std::string before = "\t\t<v2v-s   B='2' Enabled='false' /> <!-- off -->\n";
     for (const char* const end : {"\n", "\r\n"}) {

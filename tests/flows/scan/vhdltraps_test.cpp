@@ -1,6 +1,7 @@
 #include "flows/scan/vhdllexer.h"
 #include "flows/scan/vhdlscan.h"
 #include "tests/flows/scan/scannedtext.h"
+#include "tests/support/replaced.h"
 #include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -18,12 +19,6 @@ const TScanOptions kOptions = {{{"TOOL", "x"}}};
 std::string ReadTraps() {
     std::ifstream stream(HDLBUILDFILE_SOURCE_DIR "/fuzz/corpus/vhdl/traps.vhd", std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
-        text.replace(at, from.size(), to);
-    return text;
 }
 
 constexpr const char* kFound =
@@ -50,8 +45,8 @@ TEST(VhdlTraps, CatchNothing) {
 
 TEST(VhdlTraps, CatchNothingWithOtherLineEndsAndMarks) {
     const std::string text = ReadTraps();
-    EXPECT_EQ(TextOf(ScanVhdl(Replaced(text, "\n", "\r\n"), kOptions)), kFound);
-    EXPECT_EQ(TextOf(ScanVhdl(Replaced(text, "\n", "\r"), kOptions)), kFound);
+    EXPECT_EQ(TextOf(ScanVhdl(ReplacedEverywhere(text, "\n", "\r\n"), kOptions)), kFound);
+    EXPECT_EQ(TextOf(ScanVhdl(ReplacedEverywhere(text, "\n", "\r"), kOptions)), kFound);
     EXPECT_EQ(TextOf(ScanVhdl("\xEF\xBB\xBF" + text, kOptions)), kFound);
     // Comments in Latin-1 and UTF-8, a NUL, and a text that ends as those of old editors.
     EXPECT_EQ(TextOf(ScanVhdl(text + "-- \xE4\x80\n\x1A", kOptions)), kFound);

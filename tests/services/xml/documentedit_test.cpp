@@ -6,6 +6,7 @@
 
 #include "tests/services/xml/editing.h"
 #include "tests/support/growth.h"
+#include "tests/support/replaced.h"
 
 namespace {
 
@@ -57,13 +58,6 @@ constexpr const char* kBuildStream =
     "<Group Language='VHDL'><Source Library='false'>pkg.vhd</Source>"
     "<Source Library='false'>fifo.vhd<Need>pkg.vhd</Need></Source>"
     "<Source Library='false'>tb.vhd<Need>fifo.vhd</Need></Source></Group></Build>";
-
-std::string Replaced(std::string text, const std::string& from, const std::string& to) {
-    const std::size_t place = text.find(from);
-    EXPECT_NE(place, std::string::npos) << from;
-    if (place != std::string::npos) text.replace(place, from.size(), to);
-    return text;
-}
 
 struct ChangeRow {
     const char* Label;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "services/xml/xmllist.h"
+#include "tests/support/replaced.h"
 
 namespace {
 
@@ -62,7 +63,7 @@ TEST(AttributeList, KeepsPlacesAndLastValuesOfManyNames) {
     copy.Psh("n20000", "new");
     EXPECT_EQ(TextOf(list), expected);
     const std::string old = "n3=1/3;";
-    expected.replace(expected.find(old), old.size(), "n3=copied;");
+    expected = Replaced(expected, old, "n3=copied;");
     EXPECT_EQ(TextOf(copy), expected + "n20000=new;");
 }
 
