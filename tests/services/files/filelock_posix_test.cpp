@@ -5,6 +5,7 @@
 #include "tests/support/processes.h"
 #include "tests/support/temporaryfolder.h"
 #include <csignal>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <thread>
@@ -205,6 +206,18 @@ TEST(PosixFileSystem, TellsWhetherALockFileIsTheOneThatWasOpened) {
                 getuid() != 0);
     EXPECT_TRUE(system.Close(first).IsDone());
     EXPECT_TRUE(system.Close(second).IsDone());
+}
+
+TEST(PosixFileSystem, PassesNoLockFileOnToOtherPrograms) {
+    TNativeFileSystem system;
+    const TemporaryFolder folder;
+    const char* const kinds[] = {"made", "found"};
+    for (const char* kind : kinds) {
+        TFileNumber file = 0;
+        ASSERT_TRUE(system.OpenLock(folder.Path("lock"), &file).IsDone()) << kind;
+        EXPECT_NE(fcntl(static_cast<int>(file), F_GETFD) & FD_CLOEXEC, 0) << kind;
+        EXPECT_TRUE(system.Close(file).IsDone()) << kind;
+    }
 }
 
 TEST(FileLockOfProcesses, FollowsNoLinkInThePlaceOfTheLockFile) {

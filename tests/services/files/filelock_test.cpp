@@ -209,6 +209,32 @@ TEST_F(FileLock, EndsWhicheverStepFails) {
     EXPECT_EQ(Disk.List(), "/p/a.xml\n");
 }
 
+TEST(FileLockMixture, IsNotTakenForOneThatTheFileSystemDoesNotKnow) {
+    /// Knows no lock of the file that is opened first.
+    class TMixedDisk : public MemoryFileSystem {
+    public:
+        TFileResult Lock(TFileNumber file) override {
+            if (file == 0) return {TFileFault::Unsupported, "no locks here"};
+            return MemoryFileSystem::Lock(file);
+        }
+        TFileResult CheckNames(const std::string& path, TFileNumber file) override {
+            AsksForClosed = AsksForClosed || file == 0;
+            return MemoryFileSystem::CheckNames(path, file);
+        }
+        bool AsksForClosed = false;
+    };
+    TMixedDisk disk;
+    disk.PutFolder("/p");
+    const TFileLock unknown(HostForm(kPath).c_str());
+    ASSERT_EQ(Told(unknown), "held");
+    TFileNumber others = 0;
+    ASSERT_TRUE(disk.OpenLock(LockFile("b.xml"), &others).IsDone());
+    ASSERT_TRUE(disk.Lock(others).IsDone());
+    EXPECT_EQ(Locked("/p/b.xml"), Waited("b.xml"));
+    // Its number may be that of another file by now.
+    EXPECT_FALSE(disk.AsksForClosed);
+}
+
 TEST_F(FileLock, KeepsNobodyAwayWhereTheFileSystemKnowsNoLocks) {
     Disk.FailAt(3, {TFileFault::Unsupported, "no locks here"});
     const TFileLock lock(HostForm(kPath).c_str());
