@@ -150,12 +150,15 @@ void TDocumentEditor::InsertAll(TFamily* family) {
         parts.push_back({place.Behind, {}});
         Edits.Insert(place.Begin, place.Removed, std::move(parts));
     }
-    if (!family->NewText.empty()) OpenEmptyTag(family->Visit.Elements.back(), family->NewText);
+    if (!family->NewText.empty()) FillBlank(family->Visit.Elements.back(), family->NewText);
 }
 
-void TDocumentEditor::OpenEmptyTag(TIndex element, const std::string& text) {
+void TDocumentEditor::FillBlank(TIndex element, const std::string& text) {
+    const TDocumentPlaces::TPlace& place = Places[element];
+    if (!place.IsEmptyTag())
+        return Edits.Replace(place.ContentBegin, place.ContentEnd - place.ContentBegin, text);
     const std::size_t begin = Layout.FindTagEnd(element);
-    Edits.Replace(begin, Places[element].End - begin,
+    Edits.Replace(begin, place.End - begin,
                   ">" + text + "</" + std::string(Places.GetName(element)) + ">");
 }
 

@@ -42,7 +42,7 @@ private:
         std::optional<TSiblingIndex> Index;
         std::unordered_set<TIndex> Gone;  // removed or moved
         std::unordered_set<TIndex> Moved;
-        std::string NewText;  // of an empty-element tag, escaped
+        std::string NewText;  // of a blank element, escaped
         struct TInsertion {
             std::size_t Place;  // in Children
             TTextRange Moved;
@@ -63,7 +63,7 @@ private:
     void InsertAll(TFamily* family);
     TInsertionPlace PlaceOf(TFamily* family, TIndex behind);
     TInsertionPlace PlaceAmongStrangers(TFamily* family) const;
-    void OpenEmptyTag(TIndex element, const std::string& text);
+    void FillBlank(TIndex element, const std::string& text);
     void RemoveAll(const TFamily& family);
     bool LosesAll(TIndex parent, const TFamily& family) const;
     void Remove(const TIndices& siblings, const TFamily& family);

@@ -18,7 +18,7 @@ bool EndsBlank(std::string_view text) {
 }  // namespace
 
 // All that the element stands for get the text, so that it does not matter which of them a reader
-// takes. Returns what an empty-element tag needs to be opened for.
+// takes. Returns what a blank element gets: whatever else comes into it has to know.
 std::string TDocumentEditor::EditText(const TVisit& visit) {
     const TNode wanted = visit.Wanted;
     const TNode base = Difference.GetBase(wanted);
@@ -36,10 +36,9 @@ std::string TDocumentEditor::EditText(const TVisit& visit) {
     const TIndex last = visit.Elements.back();
     std::string text = New.PrintText(Wanted.GetText(wanted));
     const TDocumentPlaces::TPlace& place = Places[last];
-    if (place.IsEmptyTag()) return text;
-    const std::size_t size = place.ContentEnd - place.ContentBegin;
-    const bool isBlank = IsXMLBlank(Text.substr(place.ContentBegin, size));
-    Edits.Replace(place.ContentBegin, isBlank ? size : 0, text);
+    if (IsXMLBlank(Text.substr(place.ContentBegin, place.ContentEnd - place.ContentBegin)))
+        return text;
+    Edits.Replace(place.ContentBegin, 0, text);
     return {};
 }
 

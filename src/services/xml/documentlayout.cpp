@@ -61,10 +61,17 @@ TInsertionPlace TDocumentLayout::PlaceInside(TIndex parent, std::string_view new
         place.Behind = closing + "</" + std::string(Places.GetName(parent)) + ">";
         return place;
     }
+    if (!newText.empty()) {
+        place.Begin = outer.ContentBegin;
+        place.Removed = outer.ContentEnd - outer.ContentBegin;
+        place.First = newText;
+        place.Behind = closing;
+        return place;
+    }
     const std::string_view blanks = GetBlanksBefore(outer.ContentEnd);
     const std::size_t blankSize = std::min(blanks.size(), outer.ContentEnd - outer.ContentBegin);
     if (!isLine) return place;
-    if (blankSize == 0 || (hasText && blankSize == outer.ContentEnd - outer.ContentBegin)) {
+    if (blankSize == 0) {
         place.Behind = closing;
         return place;
     }

@@ -36,8 +36,8 @@ public:
     TInsertionPlace PlaceBehind(TIndex element) const;
     /// In front of the first child of an element that has one, and of the comments on that child.
     TInsertionPlace PlaceAtBegin(TIndex parent) const;
-    /// Into an element without children. `newText` is the text that it gets at the same time,
-    /// escaped: an empty-element tag takes it along.
+    /// Into an element without children. `newText` is the text that a blank element gets at the
+    /// same time, escaped: it is put there as well.
     TInsertionPlace PlaceInside(TIndex parent, std::string_view newText) const;
 
     /// What goes with ranges of sibling elements, in document order: the whole line of those that

@@ -177,19 +177,37 @@ TEST(DocumentEdit, TakesTheLayoutOfTheNeighbours) {
          "<L><P><x/></P></L>", "<L>\n  <P>\n    <!-- c -->\n    <x/>\n  </P>\n</L>\n"},
         {"text into a blank element", "<L>\n  <P>\n  </P>\n</L>\n", "<L><P/></L>",
          "<L><P>t</P></L>", "<L>\n  <P>t</P>\n</L>\n"},
+        {"text and an element into a blank element", "<L>\n  <P>\n  </P>\n</L>\n", "<L><P/></L>",
+         "<L><P>t<x/></P></L>", "<L>\n  <P>t<x/>\n  </P>\n</L>\n"},
+        {"text and an element into an empty element", "<L>\n  <P></P>\n</L>\n", "<L><P/></L>",
+         "<L><P>t<x/></P></L>", "<L>\n  <P>t<x/>\n  </P>\n</L>\n"},
+        {"text and an element into blanks in a line", "<L><P> </P></L>", "<L><P/></L>",
+         "<L><P>t<x/><y/></P></L>", "<L><P>t<x/><y/></P></L>"},
+        {"text and an element beside a comment", "<L>\n  <P>\n    <!-- c -->\n  </P>\n</L>",
+         "<L><P/></L>", "<L><P>t<x/></P></L>",
+         "<L>\n  <P>t\n    <!-- c -->\n    <x/>\n  </P>\n</L>"},
         {"all in one line", "<L><P><a/></P></L>", "<L><P><a/></P></L>",
          "<L><P><a/><b>1</b></P><c><d/><e/></c></L>", "<L><P><a/><b>1</b></P><c><d/><e/></c></L>"},
         {"blanks in one line", "<L> <P/> <Q/> </L>", "<L><P/><Q/></L>", "<L><P/><x/><Q/><y/></L>",
          "<L> <P/> <x/> <Q/> <y/> </L>"},
         {"CR LF", "<L>\r\n\t<P/>\r\n</L>\r\n", "<L><P/></L>", "<L><P><x/></P><y/></L>",
          "<L>\r\n\t<P>\r\n\t\t<x/>\r\n\t</P>\r\n\t<y/>\r\n</L>\r\n"},
+        {"CR LF behind the first line", "<L>\r\n</L>", "<L/>", "<L><x/></L>",
+         "<L>\r\n  <x/>\r\n</L>"},
         {"lines of both kinds", "<L>\n  <P/>\r\n  <Q/>\n</L>", "<L><P/><Q/></L>",
          "<L><P/><x/><Q/><y/></L>", "<L>\n  <P/>\n  <x/>\r\n  <Q/>\r\n  <y/>\n</L>"},
         {"nothing is indented", "<L>\n<P>\n<a/>\n</P>\n</L>", "<L><P><a/></P></L>",
          "<L><P><a/></P><Q><b/></Q></L>", "<L>\n<P>\n<a/>\n</P>\n<Q>\n<b/>\n</Q>\n</L>"},
+        {"the step of others where the nearest has none", "<L>\n<P/>\n<Q>\n   <a/>\n</Q>\n</L>",
+         "<L><P/><Q><a/></Q></L>", "<L><P><x/></P><Q><a/></Q></L>",
+         "<L>\n<P>\n   <x/>\n</P>\n<Q>\n   <a/>\n</Q>\n</L>"},
         {"the step of the nearest", "<L>\n    <P>\n     <Q/>\n    </P>\n</L>", "<L><P><Q/></P></L>",
          "<L><P><Q><x/></Q></P></L>",
          "<L>\n    <P>\n     <Q>\n      <x/>\n     </Q>\n    </P>\n</L>"},
+        {"the step of the next where tabs and blanks are mixed",
+         "<L>\n\t<P>\n        <Q/>\n\t</P>\n</L>", "<L><P><Q/></P></L>",
+         "<L><P><Q><x/></Q></P></L>",
+         "<L>\n\t<P>\n        <Q>\n        \t<x/>\n        </Q>\n\t</P>\n</L>"},
         {"attributes between others", "<L><P a='1'\n d='4'/></L>", "<L><P a='1' d='4'/></L>",
          "<L><P a='1' b='2' c='3' d='4' e='5'/></L>",
          "<L><P a='1' b='2' c='3'\n d='4'\n e='5'/></L>"},
@@ -294,6 +312,19 @@ TEST(DocumentEdit, FindsElementsByTheirIdentity) {
          "<L><Variable Name='a&#10;b'/></L>", "<L><Variable Name='a&#10;b' V='1'/></L>",
          "<L><Variable Name='a&#10;b' V='1'/></L>"},
     });
+}
+
+TEST(DocumentEdit, PutsWhatStandsBesideTheRootInAStreamIntoTheRoot) {
+    TXMLList base;
+    TXMLList wanted;
+    for (TXMLList* list : {&base, &wanted}) list->SetDocumentType("<!DOCTYPE List>");
+    ReadStream("<List><Build/></List>", &base);
+    ReadStream("<List><Build/><Variable Name='a'/></List>", &wanted);
+    TDocumentEdit edit;
+    EXPECT_TRUE(edit.Find("<List><Build/></List>", base, wanted, MakeTestRules()));
+    EXPECT_EQ(edit.GetEdited(), "<List><Build/><Variable Name=\"a\"/></List>");
+    EXPECT_TRUE(edit.Find("<Build/>", base, wanted, MakeTestRules()));
+    EXPECT_EQ(edit.GetEdited(), "<Build><Variable Name=\"a\"/></Build>");
 }
 
 TEST(DocumentEdit, InsertsOnlyWhatChanges) {
