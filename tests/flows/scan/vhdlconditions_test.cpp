@@ -100,6 +100,20 @@ TEST(VhdlConditions, AreNested) {
     EXPECT_FALSE(conditions.IsSkipping());
 }
 
+// Where none may follow any more.
+TEST(VhdlConditions, LeaveOutWhatFollowsElse) {
+    TVhdlConditions conditions(kDefines);
+    conditions.If("UNKNOWN = \"\" then");
+    conditions.Else();
+    EXPECT_FALSE(conditions.IsSkipping());
+    conditions.Elsif("UNKNOWN = \"\" then");
+    EXPECT_TRUE(conditions.IsSkipping());
+    conditions.Else();
+    EXPECT_TRUE(conditions.IsSkipping());
+    conditions.End();
+    EXPECT_FALSE(conditions.IsSkipping());
+}
+
 TEST(VhdlConditions, NeedAnOpenOne) {
     TVhdlConditions conditions(kDefines);
     conditions.Elsif("QUOTE = \"\" then");
