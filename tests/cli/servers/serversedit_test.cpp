@@ -86,6 +86,20 @@ TEST(ServersEdit, ShowsTheDifferenceInADryRun) {
     EXPECT_EQ(folder.List(), "a.cfg\n");
 }
 
+TEST(ServersEdit, MakesTheFolderOfAMissingFileButNotInADryRun) {
+    const WorkingFolder folder;
+    const auto add = [](bool isDryRun) {
+        std::vector<std::string> arguments = {"servers", "add",    "far",
+                                              "VCS",     "--file", "new/sub/a.cfg"};
+        if (isDryRun) arguments.push_back("--dry-run");
+        return RunHdlbuild(arguments).Status;
+    };
+    EXPECT_EQ(add(true), kExitDone);
+    EXPECT_EQ(folder.List(), "");
+    EXPECT_EQ(add(false), kExitDone);
+    EXPECT_EQ(folder.Read("new/sub/a.cfg"), FileText(ToolText("VCS", "Verilog")));
+}
+
 TEST(ServersEdit, ChangesNoFileWhoseReaderWouldNotFindTheTool) {
     const WorkingFolder folder;
     const std::string other =
