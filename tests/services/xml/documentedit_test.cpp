@@ -280,6 +280,15 @@ TEST(DocumentEdit, FindsElementsByTheirIdentity) {
         {"a value given twice", "<L><Options>a</Options><u/><Options>b</Options></L>",
          "<L><Options>b</Options></L>", "<L><Options>c</Options></L>",
          "<L><Options>c</Options><u/><Options>c</Options></L>"},
+        {"an attribute of a value given twice",
+         "<L><Options a='1'>x</Options><u/><Options a='1'>x</Options></L>",
+         "<L><Options a='1'>x</Options></L>", "<L><Options>x</Options></L>",
+         "<L><Options>x</Options><u/><Options>x</Options></L>"},
+        {"a source listed twice that moves and changes",
+         "<L><Source>a</Source><Source>b</Source><Source>./b</Source></L>",
+         "<L><Source>a</Source><Source>b</Source></L>",
+         "<L><Source x='1'>b</Source><Source>a</Source></L>",
+         "<L><Source x=\"1\">b</Source><Source>a</Source></L>"},
         {"a value under an older name", "<L><Switches>a</Switches><u/></L>",
          "<L><Options>a</Options></L>", "<L><Options>b</Options></L>",
          "<L><Switches>b</Switches><u/></L>"},
@@ -325,6 +334,21 @@ TEST(DocumentEdit, PutsWhatStandsBesideTheRootInAStreamIntoTheRoot) {
     EXPECT_EQ(edit.GetEdited(), "<List><Build/><Variable Name=\"a\"/></List>");
     EXPECT_TRUE(edit.Find("<Build/>", base, wanted, MakeTestRules()));
     EXPECT_EQ(edit.GetEdited(), "<Build><Variable Name=\"a\"/></Build>");
+}
+
+TEST(DocumentEdit, TakesStreamsAsTheyAreWritten) {
+    TXMLList base;
+    ReadStream("<L/>", &base);
+    TXMLList wanted;
+    wanted.Push(TElement::START, "L", {});
+    wanted.Push(TElement::END, "stray", {});
+    wanted.Push(TElement::START, "a", {});
+    wanted.Push(TElement::START, "unclosed", {});
+    wanted.Push(TElement::END, "a", {});
+    wanted.Push(TElement::START, "b", {});
+    TDocumentEdit edit;
+    EXPECT_TRUE(edit.Find("<L/>", base, wanted, MakeTestRules()));
+    EXPECT_EQ(edit.GetEdited(), "<L><a><unclosed/></a><b/></L>");
 }
 
 TEST(DocumentEdit, InsertsOnlyWhatChanges) {
