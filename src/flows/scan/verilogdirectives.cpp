@@ -21,14 +21,16 @@ std::string_view TVerilogLexer::ReadLine() {
 }
 
 std::string_view TVerilogLexer::ReadQuoted() {
+    // No name is longer: so that those that nobody closes cost no more than this each.
+    constexpr std::size_t kLongest = 4096;
     const std::size_t begin = SkipSpaces(At);
     const char first = CharAt(begin);
     if (first != '"' && first != '<') return {};
-    const std::string_view line = Text.substr(begin, EndOfLine(begin) - begin);
-    const std::size_t last = line.find(first == '<' ? '>' : '"', 1);
-    if (last == std::string_view::npos) return {};
+    const std::string_view rest = Text.substr(begin, kLongest);
+    const std::size_t last = rest.find_first_of(first == '<' ? ">\r\n" : "\"\r\n", 1);
+    if (last == std::string_view::npos || rest[last] == '\r' || rest[last] == '\n') return {};
     At = begin + last + 1;
-    return line.substr(0, last + 1);
+    return rest.substr(0, last + 1);
 }
 
 bool TVerilogLexer::SkipParameters() {

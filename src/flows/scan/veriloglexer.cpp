@@ -10,7 +10,8 @@ enum TVerilogCharClass : unsigned char {
     VERILOG_OTHER,
     VERILOG_BLANK,
     VERILOG_LETTER,
-    VERILOG_DIGIT
+    VERILOG_DIGIT,
+    VERILOG_MARK  // one that is a token on its own, whatever follows
 };
 
 constexpr auto MakeVerilogClasses() {
@@ -21,6 +22,8 @@ constexpr auto MakeVerilogClasses() {
     for (std::size_t c = '0'; c <= '9'; ++c) classes[c] = VERILOG_DIGIT;
     for (std::size_t c = 'a'; c <= 'z'; ++c) classes[c] = classes[c - 'a' + 'A'] = VERILOG_LETTER;
     classes['_'] = VERILOG_LETTER;
+    for (const char c : std::string_view(")*+,-.;<=>|[]?@^!{}#%&~"))
+        classes[static_cast<std::size_t>(c)] = VERILOG_MARK;
     // The language has none of these, some tools take them.
     for (std::size_t c = 0x80; c <= 0xFF; ++c) classes[c] = VERILOG_LETTER;
     return classes;
@@ -112,39 +115,68 @@ std::size_t TVerilogLexer::EndOfComment(std::size_t at) const {
     return end == std::string_view::npos ? Text.size() : end + 2;
 }
 
-TVerilogToken TVerilogLexer::Next() {
+void TVerilogLexer::Next(TVerilogToken* token) {
     while (At < Text.size()) {
-        if (SkipBlank() || SkipComment()) continue;
-        const char c = Text[At];
-        if (VerilogClassOf(c) == VERILOG_LETTER) return ReadIdentifier();
-        if (VerilogClassOf(c) == VERILOG_DIGIT) return ReadNumber();
-        if (c == '"') return Make(TVerilogTokenKind::String, EndOfString(At) - At);
-        if (c == '\'') return ReadTick();
-        if (c == '`' && VerilogClassOf(CharAt(At + 1)) == VERILOG_LETTER)
-            return Make(TVerilogTokenKind::Directive, EndOfWord(At + 1) - At);
-        if (c == '$' && VerilogClassOf(CharAt(At + 1)) == VERILOG_LETTER)
-            return Make(TVerilogTokenKind::SystemName, EndOfWord(At + 1) - At);
-        if (c == '\\' && EndOfEscaped(At + 1) > At + 1)
-            return Make(TVerilogTokenKind::EscapedIdentifier, EndOfEscaped(At + 1) - At);
-        return ReadMark();
+        switch (VerilogClassOf(Text[At])) {
+            case VERILOG_BLANK:
+                SkipBlank();
+                break;
+            case VERILOG_LETTER:
+                return ReadIdentifier(token);
+            case VERILOG_DIGIT:
+                return ReadNumber(token);
+            case VERILOG_MARK:
+                return MakeMark(Text[At], 1, token);
+            case VERILOG_OTHER:
+                if (!SkipComment()) return ReadOther(token);
+        }
     }
-    return Make(TVerilogTokenKind::End, 0);
+    return Make(TVerilogTokenKind::End, 0, token);
 }
 
-TVerilogToken TVerilogLexer::Make(TVerilogTokenKind kind, std::size_t length) {
-    TVerilogToken token;
-    token.Kind = kind;
-    token.File = File;
-    token.Offset = At;
-    token.Text = Text.substr(At, length);
-    At += token.Text.size();
-    return token;
+void TVerilogLexer::ReadOther(TVerilogToken* token) {
+    const char c = Text[At];
+    const bool isBeforeWord = VerilogClassOf(CharAt(At + 1)) == VERILOG_LETTER;
+    if (c == '"') return Make(TVerilogTokenKind::String, EndOfString(At) - At, token);
+    if (c == '\'') return ReadTick(token);
+    if (c == '`' && isBeforeWord)
+        return Make(TVerilogTokenKind::Directive, EndOfWord(At + 1) - At, token);
+    if (c == '$' && isBeforeWord)
+        return Make(TVerilogTokenKind::SystemName, EndOfWord(At + 1) - At, token);
+    if (c == '\\' && EndOfEscaped(At + 1) > At + 1)
+        return Make(TVerilogTokenKind::EscapedIdentifier, EndOfEscaped(At + 1) - At, token);
+    if (c == ':' && CharAt(At + 1) == ':') return MakeMark(kVerilogScope, 2, token);
+    if (c == '(' && OpensAttribute()) return MakeMark(kVerilogOpenAttribute, 2, token);
+    if (c == '(' || c == ':' || c == '/' || c == '$') return MakeMark(c, 1, token);
+    return Make(TVerilogTokenKind::Other, 1, token);
 }
 
-bool TVerilogLexer::SkipBlank() {
-    const std::size_t begin = At;
+/// Whether the parenthesis here does. (*) is the list of all events.
+bool TVerilogLexer::OpensAttribute() const {
+    if (CharAt(At + 1) != '*') return false;
+    std::size_t behind = At + 2;
+    while (behind < Text.size() && VerilogClassOf(Text[behind]) == VERILOG_BLANK) ++behind;
+    return CharAt(behind) != ')';
+}
+
+void TVerilogLexer::MakeMark(char mark, std::size_t length, TVerilogToken* token) {
+    Make(TVerilogTokenKind::Mark, length, token);
+    token->Mark = mark;
+}
+
+void TVerilogLexer::Make(TVerilogTokenKind kind, std::size_t length, TVerilogToken* token) {
+    token->Kind = kind;
+    token->Keyword = TVerilogKeyword::None;
+    token->Mark = 0;
+    token->IsCertain = true;
+    token->File = File;
+    token->Offset = At;
+    token->Text = Text.substr(At, length);
+    At += token->Text.size();
+}
+
+void TVerilogLexer::SkipBlank() {
     while (At < Text.size() && VerilogClassOf(Text[At]) == VERILOG_BLANK) ++At;
-    return At > begin;
 }
 
 bool TVerilogLexer::SkipComment() {
@@ -156,60 +188,37 @@ bool TVerilogLexer::SkipComment() {
     return true;
 }
 
-TVerilogToken TVerilogLexer::ReadIdentifier() {
-    TVerilogToken token = Make(TVerilogTokenKind::Identifier, EndOfWord(At) - At);
-    token.Keyword = FindVerilogKeyword(token.Text, IsSystemVerilog);
-    if (token.Keyword != TVerilogKeyword::None) token.Kind = TVerilogTokenKind::Keyword;
-    return token;
+void TVerilogLexer::ReadIdentifier(TVerilogToken* token) {
+    Make(TVerilogTokenKind::Identifier, EndOfWord(At) - At, token);
+    token->Keyword = FindVerilogKeyword(token->Text, IsSystemVerilog);
+    if (token->Keyword != TVerilogKeyword::None) token->Kind = TVerilogTokenKind::Keyword;
 }
 
 /// With the unit of a time, if there is one. The base and value that follow a size are a number of
 /// their own.
-TVerilogToken TVerilogLexer::ReadNumber() {
+void TVerilogLexer::ReadNumber(TVerilogToken* token) {
     std::size_t end = EndOfWord(At);
     if (CharAt(end) == '.' && VerilogClassOf(CharAt(end + 1)) == VERILOG_DIGIT)
         end = EndOfWord(end + 1);
     const bool isPower = CharAt(end - 1) == 'e' || CharAt(end - 1) == 'E';
     if (isPower && IsIn(CharAt(end), "+-") && VerilogClassOf(CharAt(end + 1)) == VERILOG_DIGIT)
         end = EndOfWord(end + 1);
-    return Make(TVerilogTokenKind::Number, end - At);
+    return Make(TVerilogTokenKind::Number, end - At, token);
 }
 
 /// A number with a base, one whose bits are all alike, or the mark of a cast or a pattern.
-TVerilogToken TVerilogLexer::ReadTick() {
+void TVerilogLexer::ReadTick(TVerilogToken* token) {
     const char first = CharAt(At + 1);
     const bool isSigned = first == 's' || first == 'S';
     const std::size_t base = At + (isSigned ? 2 : 1);
     if (CharAt(base) != '\0' && IsIn(CharAt(base), "bodhBODH")) {
         std::size_t digits = base + 1;
         while (VerilogClassOf(CharAt(digits)) == VERILOG_BLANK && digits < Text.size()) ++digits;
-        if (!IsBasedDigit(CharAt(digits))) return Make(TVerilogTokenKind::Number, base + 1 - At);
+        if (!IsBasedDigit(CharAt(digits)))
+            return Make(TVerilogTokenKind::Number, base + 1 - At, token);
         while (IsBasedDigit(CharAt(digits))) ++digits;
-        return Make(TVerilogTokenKind::Number, digits - At);
+        return Make(TVerilogTokenKind::Number, digits - At, token);
     }
-    if (first != '\0' && IsIn(first, "01xXzZ")) return Make(TVerilogTokenKind::Number, 2);
-    return ReadMark();
-}
-
-TVerilogToken TVerilogLexer::ReadMark() {
-    constexpr std::string_view kMarks = "'()*+,-./:;<=>|[]?@^!{}$#%&~";
-    const char c = Text[At];
-    if (!IsIn(c, kMarks)) return Make(TVerilogTokenKind::Other, 1);
-    char mark = c;
-    std::size_t length = 1;
-    if (c == ':' && CharAt(At + 1) == ':') {
-        mark = kVerilogScope;
-        length = 2;
-    } else if (c == '(' && CharAt(At + 1) == '*') {
-        // (*) is the list of all events.
-        std::size_t behind = At + 2;
-        while (behind < Text.size() && VerilogClassOf(Text[behind]) == VERILOG_BLANK) ++behind;
-        if (CharAt(behind) != ')') {
-            mark = kVerilogOpenAttribute;
-            length = 2;
-        }
-    }
-    TVerilogToken token = Make(TVerilogTokenKind::Mark, length);
-    token.Mark = mark;
-    return token;
+    if (first != '\0' && IsIn(first, "01xXzZ")) return Make(TVerilogTokenKind::Number, 2, token);
+    return MakeMark('\'', 1, token);
 }

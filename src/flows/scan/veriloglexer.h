@@ -17,7 +17,13 @@ public:
     explicit TVerilogLexer(std::string_view text, std::uint32_t file = 0);
 
     /// The next token; at the end of the text an End, as often as it is asked for.
-    TVerilogToken Next();
+    TVerilogToken Next() {
+        TVerilogToken token;
+        Next(&token);
+        return token;
+    }
+    /// The same, without a copy: processors wait for what was written byte by byte just before.
+    void Next(TVerilogToken* token);
 
     /// Whether the words that SystemVerilog added are keywords. They are at first.
     void SetSystemVerilog(bool isSystemVerilog) { IsSystemVerilog = isSystemVerilog; }
@@ -55,15 +61,17 @@ private:
     std::size_t EndOfLineEnd(std::size_t at) const;
     std::size_t SkipSpaces(std::size_t at) const;
 
-    bool SkipBlank();
+    void SkipBlank();
     bool SkipComment();
     bool IsEnvelopeComment() const;
     bool EndsEnvelope(std::size_t at) const;
-    TVerilogToken Make(TVerilogTokenKind kind, std::size_t length);
-    TVerilogToken ReadIdentifier();
-    TVerilogToken ReadNumber();
-    TVerilogToken ReadTick();
-    TVerilogToken ReadMark();
+    void Make(TVerilogTokenKind kind, std::size_t length, TVerilogToken* token);
+    void MakeMark(char mark, std::size_t length, TVerilogToken* token);
+    void ReadIdentifier(TVerilogToken* token);
+    void ReadNumber(TVerilogToken* token);
+    void ReadTick(TVerilogToken* token);
+    void ReadOther(TVerilogToken* token);
+    bool OpensAttribute() const;
 
     std::string_view Text;
     std::size_t At = 0;

@@ -139,7 +139,10 @@ void TVerilogPreprocessor::ObeyEndif(TVerilogToken* token) {
 void TVerilogPreprocessor::ObeyDefine(TVerilogToken*) {
     const std::string_view name = Lexer().ReadWord();
     const bool hasParameters = Lexer().SkipParameters();
-    const std::string_view text = Lexer().ReadMacroText();
+    std::string_view text = Lexer().ReadMacroText();
+    const bool isComment =
+        text.starts_with("//") && text.find_first_of("\r\n") == std::string_view::npos;
+    if (isComment) text = {};
     if (!Conditions.IsSkipping() && !name.empty()) Defines.Define(name, text, hasParameters);
 }
 

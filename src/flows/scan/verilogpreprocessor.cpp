@@ -28,13 +28,10 @@ TVerilogPreprocessor::TVerilogPreprocessor(std::string_view text, std::string_vi
     Lines.emplace_back(text);
 }
 
-TVerilogToken TVerilogPreprocessor::Next() {
-    while (true) {
-        TVerilogToken token = Lexer().Next();
-        if (!IsWanted(&token)) continue;
-        token.IsCertain = Conditions.IsCertain();
-        return token;
-    }
+void TVerilogPreprocessor::Next(TVerilogToken* token) {
+    do Lexer().Next(token);
+    while (!IsWanted(token));
+    token->IsCertain = Conditions.IsCertain();
 }
 
 bool TVerilogPreprocessor::IsWanted(TVerilogToken* token) {

@@ -24,7 +24,7 @@ public:
 
     /// The next token, or Fork, Turn and Join where conditions that nobody has decided begin, go on
     /// and end: in pairs, at the latest at the end of their file.
-    TVerilogToken Next();
+    void Next(TVerilogToken* token);
 
     TSourcePlace PlaceOf(const TVerilogToken& token);
     /// The text of an identifier in UTF-8, without a backslash that it does not need.

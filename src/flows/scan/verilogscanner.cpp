@@ -7,8 +7,9 @@ TVerilogScanner::TVerilogScanner(std::string_view text, std::string_view path,
     : Source(text, path, options, &file->Includes), Units(&Source, file) {}
 
 void TVerilogScanner::Scan() {
+    TVerilogToken token;
     while (true) {
-        const TVerilogToken token = Source.Next();
+        Source.Next(&token);
         switch (token.Kind) {
             case TVerilogTokenKind::End:
                 return;

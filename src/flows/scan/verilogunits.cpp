@@ -33,26 +33,20 @@ void TVerilogUnits::ImportAll(std::size_t unit) {
     Importing.insert(unit);
 }
 
-void TVerilogUnits::MakeKey(std::size_t number, std::string_view library, std::string_view name) {
-    Key.assign(reinterpret_cast<const char*>(&number), sizeof(number));
-    Key += library;
-    Key += '\n';
-    Key += name;
-}
-
 void TVerilogUnits::Add(std::size_t unit, TNeedKind kind, const TVerilogToken& name, bool isCertain,
                         const TVerilogToken* library) {
-    constexpr std::size_t kKinds = 64;
     isCertain = isCertain && name.IsCertain;
-    const std::size_t number = (unit + 1) * kKinds + static_cast<std::size_t>(kind);
-    const std::string_view libraryText = library ? library->Text : std::string_view();
-    MakeKey(number * 2, libraryText, name.Text);
-    if (Known.find(std::string_view(Key)) != Known.end()) return;
+    TVerilogNeedSet::TKey key;
+    key.Unit = static_cast<std::uint32_t>(unit);
+    key.Kind = static_cast<std::uint32_t>(kind) * 2;
+    key.Library = Known.NumberOf(library ? library->Text : std::string_view());
+    key.Name = Known.NumberOf(name.Text);
+    if (Known.Contains(key)) return;
     if (!isCertain) {
-        MakeKey(number * 2 + 1, libraryText, name.Text);
-        if (Known.find(std::string_view(Key)) != Known.end()) return;
+        ++key.Kind;
+        if (Known.Contains(key)) return;
     }
-    Known.insert(Key);
+    Known.Insert(key);
     std::vector<TUnitNeed>& needs = unit == kFile ? File.Needs : File.Units[unit].Needs;
     needs.push_back({kind, isCertain, library ? Source.NameOf(*library) : "", Source.NameOf(name),
                      "", Source.PlaceOf(name)});

@@ -1,5 +1,6 @@
 #pragma once
 #include "flows/scan/scannedfile.h"
+#include "flows/scan/verilogneedset.h"
 #include "flows/scan/verilogpreprocessor.h"
 #include <cstddef>
 #include <string>
@@ -43,13 +44,10 @@ private:
     };
     using TNames = std::unordered_set<std::string, THash, std::equal_to<>>;
 
-    void MakeKey(std::size_t number, std::string_view library, std::string_view name);
-
     TVerilogPreprocessor& Source;
     TScannedFile& File;
     TNames Declared;
-    TNames Known;                                          // needs, with their units
+    TVerilogNeedSet Known;
     std::unordered_map<std::string, std::size_t> Numbers;  // of units, by kind and name
     std::unordered_set<std::size_t> Importing;             // units that import whole packages
-    std::string Key;
 };

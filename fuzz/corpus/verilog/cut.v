@@ -1,0 +1,2 @@
+(* a = "*)" *) module m; "x\
+"""y"z""" (*) `ifdef A

@@ -1,0 +1,2 @@
+ï»¿module größe; /* ä */ s \uü  (a);
+endmodule"open
