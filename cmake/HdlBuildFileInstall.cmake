@@ -92,6 +92,10 @@ install(FILES "${PROJECT_BINARY_DIR}/hdlbuildfile.pc"
 if(HDLBUILDFILE_BUNDLE_TBB)
     get_target_property(tbb_headers TBB::tbbmalloc INTERFACE_INCLUDE_DIRECTORIES)
     install(FILES $<TARGET_FILE:TBB::tbbmalloc> DESTINATION "${CMAKE_INSTALL_BINDIR}")
+    # The tool alone runs on TBB itself.
+    if(HDLBUILDFILE_TOOL)
+        install(FILES $<TARGET_FILE:TBB::tbb> DESTINATION "${CMAKE_INSTALL_BINDIR}")
+    endif()
     install(FILES $<TARGET_LINKER_FILE:TBB::tbbmalloc> DESTINATION "${CMAKE_INSTALL_LIBDIR}")
     install(DIRECTORY "${tbb_headers}/tbb" "${tbb_headers}/oneapi"
         DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")

@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 #include "cli/build/commands.h"
 #include "cli/frame/commandline.h"
+#include "cli/scan/commands.h"
 #include "cli/servers/commands.h"
 #include "cli/settings/commands.h"
 #include "cli/translator/commands.h"
@@ -17,8 +18,8 @@ constexpr const char* kFooter =
 
 std::vector<TCommand> MakeCommands() {
     std::vector<TCommand> commands;
-    for (const auto make :
-         {MakeBuildCommands, MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
+    for (const auto make : {MakeBuildCommands, MakeScanCommands, MakeSettingsCommands,
+                            MakeServersCommands, MakeTranslatorCommands})
         for (TCommand& command : make()) commands.push_back(std::move(command));
     return commands;
 }

@@ -35,6 +35,36 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
          "distinguishes case, one of the files does not exist."},
         {DIAGNOSTIC_CYCLE, "dependency-cycle", SEVERITY_ERROR, "dependency cycle of {1}: {2}",
          "Take out one Dependency of the cycle. With a cycle no order is a compile order."},
+        {DIAGNOSTIC_UNREAD_SOURCE, "unread-source", SEVERITY_ERROR, "{1}: not scanned: {2}",
+         "Make the file readable, or take its SourceFile element out. What it records and what it "
+         "holds is not known."},
+        {DIAGNOSTIC_REPEATED_UNIT, "repeated-unit", SEVERITY_WARNING,
+         "{1}: {2} {3} is declared here and in {4}",
+         "Keep one of the files in the library. Others depend on the first one, and a compiler "
+         "takes what it meets last."},
+        {DIAGNOSTIC_MISSING_UNIT, "missing-unit", SEVERITY_WARNING, "{1}: no file holds {2} ({3})",
+         "Add the file that holds the unit, correct the library of that file, or name the library "
+         "with --external when others provide it."},
+        {DIAGNOSTIC_UNIT_ELSEWHERE, "unit-elsewhere", SEVERITY_WARNING,
+         "{1}: no file holds {2}; {3} holds the unit in library {4}, but is needed in {5} here",
+         "Compile the file into the library in which it is needed, or change the name. The build "
+         "holds a path once; to compile the text into several libraries, list copies of the file."},
+        {DIAGNOSTIC_LACKING_DEPENDENCY, "lacking-dependency", SEVERITY_ERROR,
+         "{1}: {2} has no dependency on {3}, which holds {4}",
+         "Run `hdlbuild scan` on the build. Without the dependency the order may be wrong."},
+        {DIAGNOSTIC_UNEXPLAINED_DEPENDENCY, "unexplained-dependency", SEVERITY_WARNING,
+         "{1}: nothing in it needs {2}, on which it depends",
+         "Take the Dependency out, or run `hdlbuild scan --exact`, unless something else than the "
+         "text asks for it."},
+        {DIAGNOSTIC_UNBOUND_COMPONENT, "unbound-component", SEVERITY_NOTE,
+         "{1}: no entity has the name of component {2} ({3})",
+         "Add the file that holds the entity, unless a configuration binds the component or it is "
+         "a black box."},
+        {DIAGNOSTIC_UNNEEDED_UNIT, "unneeded-unit", SEVERITY_NOTE, "{1}: nobody needs {2} {3}",
+         "Take the file out when it is a leftover."},
+        {DIAGNOSTIC_TOP_CANDIDATE, "top-candidate", SEVERITY_NOTE,
+         "{1}: nobody instantiates {2} {3}",
+         "Record it as a top-level component when it is one: `hdlbuild scan --set-tops` does."},
     };
     return rules;
 }

@@ -13,6 +13,13 @@ std::vector<TListedSource> ListSources(const THdlBuildFile& build) {
     return sources;
 }
 
+std::string LibraryOfSource(const IHdlSourceFile& source, const THdlBuildFile& build) {
+    std::string library = source.GetPrecompiledLibraryGroupName();
+    if (!library.empty()) return library;
+    library = build.GetDestinationLibrary();
+    return library.empty() ? "work" : library;
+}
+
 std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build) {
     std::vector<TListedSource> missing;
     if (build.GetReadResult() == 0) return missing;

@@ -11,5 +11,9 @@ struct TListedSource {
 /// The sources of all groups, in ascending order of language, then in group order.
 std::vector<TListedSource> ListSources(const THdlBuildFile& build);
 
+/// The library that a listed source is compiled into: the one that it names, else the build's
+/// destination library, else "work".
+std::string LibraryOfSource(const IHdlSourceFile& source, const THdlBuildFile& build);
+
 /// Those that do not exist. Looks at the disk only when the read met missing files or broke off.
 std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build);

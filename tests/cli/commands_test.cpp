@@ -21,6 +21,7 @@ const std::map<std::string, TLine>& CommandLines() {
         {"order", {"order", "b.xml"}},
         {"options", {"options", "b.xml"}},
         {"command-file", {"command-file", "b.xml"}},
+        {"scan", {"scan", "d.xml"}},
         {"settings list", {"settings", "p.hpj", "list"}},
         {"settings show", {"settings", "p.hpj", "show"}},
         {"settings current", {"settings", "p.hpj", "current", "Debug"}},
@@ -53,6 +54,11 @@ public:
                                         "<ProjectLanguageConfigurationList>"
                                         "<LanguageSettings Language=\"Verilog\"/>"
                                         "</ProjectLanguageConfigurationList>"));
+        Folder.Write("d.xml",
+                     BuildText("<SourceFileGroup Language=\"VHDL\">" + SourceText("a.vhd") +
+                               SourceText("e.vhd") + "</SourceFileGroup>"));
+        Folder.Write("a.vhd", "architecture a of e is begin end;");
+        Folder.Write("e.vhd", "entity e is end;");
         Folder.Write("p.hpj", ProjectText());
         Folder.Write("s.cfg",
                      "<HdlBuildFileList><ExternalSimulatorSettings><Tool Name=\"VCS\">Verilog"
@@ -60,7 +66,7 @@ public:
     }
     std::string Text() const {
         std::string text = Folder.List();
-        for (const char* name : {"b.xml", "p.hpj", "s.cfg"}) text += Folder.Read(name);
+        for (const char* name : {"b.xml", "d.xml", "p.hpj", "s.cfg"}) text += Folder.Read(name);
         return text;
     }
 
@@ -177,6 +183,7 @@ TEST(CommandTable, ADryRunSaysTheSameAndChangesNothing) {
         }
     });
     EXPECT_EQ(changing,
+              "scan\n"
               "settings current\n"
               "settings copy\n"
               "settings remove\n"

@@ -166,13 +166,13 @@ TEST(Tool, ReportsWrongUsageWithStatusTwo) {
     } rows[] = {
         {"no command",
          {},
-         "COMMAND is required; known: show, check, order, options, command-file, settings, "
+         "COMMAND is required; known: show, check, order, options, command-file, scan, settings, "
          "templates, servers, simulators, translator, help\n"
          "Run with --help for more information.\n"},
         {"unknown command",
          {"ordre", "a.xml"},
          "unknown command 'ordre'; nearest: order; known: show, check, order, options, "
-         "command-file, settings, templates, servers, simulators, translator, help\n"
+         "command-file, scan, settings, templates, servers, simulators, translator, help\n"
          "Run with --help for more information.\n"},
         {"no build file", {"show"}, "BUILD is required\nRun with --help for more information.\n"},
         {"no verb",

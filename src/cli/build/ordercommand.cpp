@@ -4,6 +4,7 @@
 #include "cli/frame/json.h"
 #include "cli/frame/knownnames.h"
 #include "flows/dependencycycles.h"
+#include "flows/listedsources.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 
@@ -53,22 +54,6 @@ constexpr TOrderFormat kFormats[] = {
     {"--tsv", "Print library, tabulator, path", PrintLibrariesAndPaths},
 };
 
-std::string LibraryOf(const IHdlSourceFile* file, const THdlBuildFile& build) {
-    std::string library = file->GetPrecompiledLibraryGroupName();
-    if (!library.empty()) return library;
-    const std::string destination = build.GetDestinationLibrary();
-    return destination.empty() ? "work" : destination;
-}
-
-/// With cycles no order is a compile order.
-bool WarnOfCycles(const std::vector<TDependencyCycle>& cycles, const TToolStreams& streams) {
-    if (cycles.empty()) return false;
-    ReportWarning(streams, "the dependencies have " + std::to_string(cycles.size()) +
-                               (cycles.size() == 1 ? " cycle" : " cycles") +
-                               "; 'hdlbuild check' shows them");
-    return true;
-}
-
 }  // namespace
 
 std::vector<TArgument> OrderFormatArguments(TBuildArguments& arguments) {
@@ -97,7 +82,9 @@ int RunOrder(const TBuildArguments& arguments, const TToolStreams& streams) {
     TOrder order{arguments, language, {}};
     for (const IHdlSourceFile* file : files)
         order.Sources.push_back(
-            {LibraryOf(file, build), PathText(file->GetFileName(), arguments.Paths)});
+            {LibraryOfSource(*file, build), PathText(file->GetFileName(), arguments.Paths)});
     kFormats[arguments.OrderFormat].Print(order, streams);
-    return WarnOfCycles(cycles, streams) ? kExitProblems : status;
+    // No order is a compile order then.
+    if (!cycles.empty()) ReportCycles(cycles.size(), streams);
+    return cycles.empty() ? status : kExitProblems;
 }

@@ -31,6 +31,12 @@ int LoadBuild(const std::string& file, const TToolStreams& streams, THdlBuildFil
     return kExitFile;
 }
 
+void ReportCycles(std::size_t count, const TToolStreams& streams) {
+    ReportWarning(streams, "the dependencies have " + std::to_string(count) +
+                               (count == 1 ? " cycle" : " cycles") +
+                               "; 'hdlbuild check' shows them");
+}
+
 void ReportNoBuild(const THdlBuildFile& build, const TToolStreams& streams) {
     if (!build.HasBuildElement())
         ReportError(streams, GetDiagnosticText({DIAGNOSTIC_NO_BUILD, {}}));

@@ -30,6 +30,10 @@ void ReportReadError(TXMLReadError error, const std::string& file, const TToolSt
 /// document is no build.
 int LoadBuild(const std::string& file, const TToolStreams& streams, THdlBuildFile* build);
 
+/// A warning on Err that no order of the sources is a compile order, as `count` cycles keep them
+/// from one.
+void ReportCycles(std::size_t count, const TToolStreams& streams);
+
 /// An error line on Err for a document that is no build; nothing for a build.
 void ReportNoBuild(const THdlBuildFile& build, const TToolStreams& streams);
 /// The same, and the read result's text as an error line; nothing for result 0.

@@ -81,8 +81,12 @@ std::optional<TUnitPlace> TNeedLinker::FindNamed(const TNamed& named, const TNee
     const std::uint32_t file = place.Unit.File;
     if (!named.Library.empty()) return Index.FindPrimary(named.Library, named.Unit, file);
     if (const auto used = Visible.FindUnit(named.Unit)) return used;
+    const TUnitNeed& need = NeedAt(Files, place);
+    // A context declaration of an external library may have made the library visible.
+    if (!need.Library.empty() && need.Kind != TNeedKind::Selected)
+        return Index.FindPrimary(FoldVhdlName(need.Library), FoldVhdlName(need.Unit), file);
     // No compiler takes an instance of an entity that is not visible; the one meant is here.
-    if (!GetNeedRule(NeedAt(Files, place).Kind).IsInstantiation) return std::nullopt;
+    if (!GetNeedRule(need.Kind).IsInstantiation) return std::nullopt;
     return Index.FindPrimary(Index.LibraryOf(file), named.Unit, file);
 }
 

@@ -44,8 +44,7 @@ void TVisibleNames::GatherFrom(TUnitPlace place) {
     const TDesignUnit& unit = UnitAt(Index.GetFiles(), place);
     const std::string& own = Index.LibraryOf(place.File);
     for (const std::string& library : unit.Libraries) Libraries.insert(FoldVhdlName(library));
-    // A configuration inherits nothing from its entity.
-    if (!unit.Primary.empty() && unit.Kind != TDesignUnitKind::Configuration)
+    if (!unit.Primary.empty())
         VisitLater(Index.FindPrimary(own, FoldVhdlName(unit.Primary), place.File));
     for (const TUnitNeed& need : unit.Needs) {
         if (need.Kind != TNeedKind::Use && need.Kind != TNeedKind::Context) continue;

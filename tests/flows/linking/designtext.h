@@ -1,6 +1,7 @@
 #pragma once
 #include "flows/linking/needlinker.h"
 #include "flows/scan/vhdlscan.h"
+#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
@@ -78,4 +79,16 @@ inline std::string FindingsIn(const std::vector<TSourceText>& sources,
     for (const TUnitPlace place : design.TopCandidates)
         text += "top " + TextOf(files, place) + "\n";
     return text;
+}
+
+/// A design of a few files, and which depend on which.
+struct TLinkRow {
+    const char* Label;
+    std::vector<TSourceText> Sources;
+    const char* Dependencies;
+};
+
+inline void ExpectDependencies(const std::vector<TLinkRow>& rows) {
+    for (const TLinkRow& row : rows)
+        EXPECT_EQ(LinkText(row.Sources), row.Dependencies) << row.Label;
 }

@@ -8,7 +8,7 @@ constexpr const char* kPackage = "package p is end;";
 
 }  // namespace
 
-TEST(LinkFindings, NameUnitsThatSeveralFilesOfALibraryDeclare) {
+TEST(LinkedDesign, NamesUnitsThatSeveralFilesOfALibraryDeclare) {
     EXPECT_EQ(FindingsIn({{"l", "entity E is end; entity e is end;"},
                           {"L", "architecture a of e is begin end; entity e is end;"},
                           {"m", kEntity},
@@ -30,7 +30,7 @@ TEST(LinkFindings, NameUnitsThatSeveralFilesOfALibraryDeclare) {
               "top entity e in c\n");
 }
 
-TEST(LinkFindings, NameUnitsThatNoFileHolds) {
+TEST(LinkedDesign, NamesUnitsThatNoFileHolds) {
     EXPECT_EQ(FindingsIn({{"l",
                            "use work.p.all; library m; use m.q.all; use WORK.P.x;\n"
                            "entity e is end;"},
@@ -56,7 +56,7 @@ TEST(LinkFindings, NameUnitsThatNoFileHolds) {
               "top entity t in f\n");
 }
 
-TEST(LinkFindings, PassOverExternalLibrariesUnlessAFileIsCompiledIntoThem) {
+TEST(LinkedDesign, PassesOverExternalLibrariesUnlessAFileIsCompiledIntoThem) {
     const char* const text =
         "library ieee, Vendor, synopsys, vital, psl; use std.textio.all; use ieee.p.all;\n"
         "use vendor.p.all; use synopsys.p.all; use vital.p.all; use psl.p.all; entity e is end;";
@@ -68,7 +68,7 @@ TEST(LinkFindings, PassOverExternalLibrariesUnlessAFileIsCompiledIntoThem) {
               "top entity e in a\n");
 }
 
-TEST(LinkFindings, NameFilesThatAreWantedInTwoLibraries) {
+TEST(LinkedDesign, NamesFilesThatAreWantedInTwoLibraries) {
     EXPECT_EQ(FindingsIn({{"l", "library m; use work.p.all; use m.p.all; entity e is end;"},
                           {"n", "library M; use m.p.all; entity f is end;"},
                           {"l", kPackage}}),
@@ -77,7 +77,7 @@ TEST(LinkFindings, NameFilesThatAreWantedInTwoLibraries) {
               "top entity f in b\n");
 }
 
-TEST(LinkFindings, NameEntitiesThatNobodyInstantiates) {
+TEST(LinkedDesign, NamesEntitiesThatNobodyInstantiates) {
     const auto instance = [](const std::string& text) {
         const std::string top = "library m; entity top is end; architecture a of top is " + text;
         return FindingsIn({{"l", top.c_str()}, {"l", kEntity}, {"m", kEntity}});
@@ -99,7 +99,7 @@ TEST(LinkFindings, NameEntitiesThatNobodyInstantiates) {
               "top entity t in a\n");
 }
 
-TEST(LinkFindings, TakeAnEntityForInstantiatedWithItsConfiguration) {
+TEST(LinkedDesign, TakesAnEntityForInstantiatedWithItsConfiguration) {
     EXPECT_EQ(FindingsIn({{"l", "configuration c of e is for a end for; end;"},
                           {"l", "entity e is end; architecture a of e is begin end;"},
                           {"l",
@@ -108,7 +108,7 @@ TEST(LinkFindings, TakeAnEntityForInstantiatedWithItsConfiguration) {
               "top entity t in c\n");
 }
 
-TEST(LinkFindings, NameUnitsThatNobodyNeeds) {
+TEST(LinkedDesign, NamesUnitsThatNobodyNeeds) {
     EXPECT_EQ(FindingsIn({{"l", "package p is end; package body p is end;"},
                           {"l", "package q is end; package body q is end;"},
                           {"l", "context c is use work.q.all; end;"},

@@ -1,0 +1,32 @@
+#include "cli/scan/commands.h"
+
+namespace {
+
+constexpr const char* kFooter =
+    "A source depends on the files that hold what it needs to be compiled. Dependencies that the\n"
+    "scan cannot explain stay and are reported. Instances of components order nothing.";
+
+}  // namespace
+
+std::vector<TCommand> MakeScanCommands() {
+    const auto values = std::make_shared<TScanArguments>();
+    const TRunWith<TScanArguments> with(values);
+    return {
+        {"scan",
+         "Find the dependencies of the sources",
+         with(RunScan),
+         {{"BUILD", &values->Build, "The build file", kRequired},
+          {"--check", &values->Check,
+           "Change nothing; exit status 1 when a dependency is missing, or with --exact "
+           "unexplained"},
+          {"--exact", &values->Exact, "Remove dependencies that the scan cannot explain"},
+          {"--external", &values->ExternalLibraries,
+           "A library whose units are not looked for, unless the build fills it"},
+          {"--set-tops", &values->SetTops,
+           "Record entities that nobody instantiates as top-level components"},
+          JsonArgument(*values),
+          DryRunArgument(*values)},
+         {},
+         kFooter},
+    };
+}

@@ -1,0 +1,152 @@
+#include "buildfile/simwraphdlbuildfile.h"
+#include "cli/frame/changereport.h"
+#include "cli/frame/filereports.h"
+#include "cli/frame/progressline.h"
+#include "cli/scan/commands.h"
+#include "cli/scan/scanfindings.h"
+#include "filenames/componentnamelist.h"
+#include "flows/dependencycycles.h"
+#include "flows/scanedit.h"
+#include "flows/textreaders.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
+#include "services/names/isfilename.h"
+#include <algorithm>
+
+namespace {
+
+/// A run of the command.
+class TScanRun {
+public:
+    TScanRun(const TScanArguments& arguments, const TToolStreams& streams)
+        : Arguments(arguments),
+          Streams(streams),
+          File(ISFileName::NewISFileName(arguments.Build.c_str())) {}
+
+    int Run();
+
+private:
+    int Read();
+    int Check(const TToldScan& told) const;
+    int Change(const TToldScan& told);
+    TScanChanges WantedChanges(const TBuildScan& scan);
+    TState StateOf(const TToldScan& told, const TScanChanges& changes);
+    bool WarnOfCycles(const TBuildScan& scan) const;
+
+    const TScanArguments& Arguments;
+    const TToolStreams& Streams;
+    TEditedFile File;
+    TSimWrapHdlBuildFile Build;
+};
+
+int TScanRun::Run() {
+    const TQuietMessageBox quiet;
+    if (const int status = Read(); status != kExitDone) return status;
+    const TBuildScan scan(Build, {Arguments.ExternalLibraries});
+    const TToldScan told{scan, {}};
+    const int status = Arguments.Check ? Check(told) : Change(told);
+    const std::vector<std::string>& reasons = scan.GetReasons();
+    const bool isAllRead = std::all_of(reasons.begin(), reasons.end(),
+                                       [](const std::string& reason) { return reason.empty(); });
+    const bool hasCycles = WarnOfCycles(scan);
+    return status == kExitDone && (!isAllRead || hasCycles) ? kExitProblems : status;
+}
+
+int TScanRun::Read() {
+    if (Streams.Progress) Streams.Progress->SetFile(Arguments.Build);
+    TXMLReadError error;
+    if (!Arguments.DryRun && !Arguments.Check) File.TakeLock();
+    if (!File.Read(&error) || !ReadBuildText(File.GetBytes(), File.GetFile(), &Build, &error)) {
+        ReportReadError(error, Arguments.Build, Streams);
+        return kExitFile;
+    }
+    ReportNoBuild(Build, Streams);
+    const THdlBuildFileReadResults result = Build.GetReadResult();
+    // Those that are missing are told one by one.
+    const bool isRead = result == READ_NO_ERROR || result == READ_FILES_MISSING;
+    if (!isRead) ReportError(Streams, THdlBuildFile::GetErrorString(result));
+    return isRead && Build.HasBuildElement() ? kExitDone : kExitProblems;
+}
+
+int TScanRun::Check(const TToldScan& told) const {
+    bool isUpToDate = true;
+    for (const TDependencyDifference& difference : told.Scan.GetDifferences())
+        if (!difference.Lacking.empty() || (Arguments.Exact && !difference.Unexplained.empty()))
+            isUpToDate = false;
+    if (Arguments.Json) {
+        TJson result = MakeResult("hdlbuild-scan", "build", Arguments.Build);
+        result["upToDate"] = isUpToDate;
+        AddFindings(told, &result);
+        PrintJson(result, Streams);
+    } else {
+        PrintFindings(told, true, Arguments.Exact, Streams);
+        PrintLine(Streams.Out,
+                  Arguments.Build + (isUpToDate ? ": the dependencies are up to date"
+                                                : ": the dependencies are not up to date"));
+    }
+    return isUpToDate ? kExitDone : kExitProblems;
+}
+
+int TScanRun::Change(const TToldScan& told) {
+    const TScanChanges changes = WantedChanges(told.Scan);
+    TJson result = MakeResult("hdlbuild-scan", "build", Arguments.Build);
+    if (Arguments.Json)
+        AddFindings(told, &result);
+    else
+        PrintFindings(told, false, Arguments.Exact, Streams);
+    TFileChange change{std::move(result), Arguments.Build, StateOf(told, changes), {}};
+    const std::string reason = EditScanned(told.Scan, changes, &Build, &File);
+    change.After = StateOf(told, changes);
+    return SaveEditedFile(std::move(change), reason, File, Arguments, Streams);
+}
+
+TScanChanges TScanRun::WantedChanges(const TBuildScan& scan) {
+    TScanChanges changes;
+    for (TDependencyDifference difference : scan.GetDifferences()) {
+        if (!Arguments.Exact) difference.Unexplained.clear();
+        if (!difference.Lacking.empty() || !difference.Unexplained.empty())
+            changes.Differences.push_back(std::move(difference));
+    }
+    if (Arguments.SetTops) changes.Tops = ListUnrecordedTops(scan, Build);
+    return changes;
+}
+
+/// What the command changes, as it is told; the values of sources that do not change are the same.
+TState TScanRun::StateOf(const TToldScan& told, const TScanChanges& changes) {
+    TState state;
+    for (const TDependencyDifference& difference : changes.Differences) {
+        const TScannedSource& source = told.Scan.GetSources()[difference.Source];
+        TJson dependencies = TJson::Array();
+        for (const IHdlSourceFile* const dependency : *source.Source->GetDependencyList())
+            dependencies.Add(PathText(dependency->GetFileName(), told.Paths));
+        state.emplace_back(std::string(GetStringFromHdlLanguage(source.Group)) + " source " +
+                               told.PathOf(difference.Source) + ", dependencies",
+                           std::move(dependencies));
+    }
+    for (const TScannedTop& top : changes.Tops) {
+        const TComponentNameList* const list = Build.GetComponentNameList(top.Language);
+        const bool isRecorded = list && list->IsNameInList({top.Entity.c_str(), top.Language},
+                                                           {top.Architecture.c_str(), top.Language},
+                                                           top.Library.c_str());
+        std::string name = std::string(GetStringFromHdlLanguage(top.Language)) +
+                           " top-level component " + top.Library + "." + top.Entity;
+        if (!top.Architecture.empty()) name += "(" + top.Architecture + ")";
+        state.emplace_back(name, isRecorded);
+    }
+    return state;
+}
+
+/// With cycles no order is a compile order.
+bool TScanRun::WarnOfCycles(const TBuildScan& scan) const {
+    std::vector<const IHdlSourceFile*> sources;
+    for (const TScannedSource& source : scan.GetSources()) sources.push_back(source.Source);
+    const std::size_t count = FindDependencyCycles(sources).size();
+    if (count > 0) ReportCycles(count, Streams);
+    return count > 0;
+}
+
+}  // namespace
+
+int RunScan(const TScanArguments& arguments, const TToolStreams& streams) {
+    return TScanRun(arguments, streams).Run();
+}

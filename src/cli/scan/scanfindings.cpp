@@ -1,0 +1,229 @@
+#include "cli/scan/scanfindings.h"
+#include "flows/diagnosticrules.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "services/names/isfilename.h"
+
+namespace {
+
+/// One finding.
+struct TTold {
+    TDiagnostic Diagnostic;
+    TJson Json;
+};
+using TAllTold = std::vector<TTold>;
+
+std::string PlaceText(const TToldScan& told, std::uint32_t file, const TSourcePlace& place) {
+    const auto& includes = told.Scan.GetFiles()[file].Scan.Includes;
+    const std::string path = place.Include > 0 && place.Include <= includes.size()
+                                 ? PathText(includes[place.Include - 1].Path.c_str(), told.Paths)
+                                 : told.PathOf(file);
+    return path + ":" + std::to_string(place.Line) + ":" + std::to_string(place.Column);
+}
+
+std::string PlaceText(const TToldScan& told, TUnitPlace unit) {
+    return PlaceText(told, unit.File, UnitAt(told.Scan.GetFiles(), unit).Place);
+}
+
+std::string PlaceText(const TToldScan& told, const TNeedPlace& need) {
+    return PlaceText(told, need.Unit.File, NeedAt(told.Scan.GetFiles(), need).Place);
+}
+
+std::string KindOf(const TToldScan& told, TUnitPlace unit) {
+    return GetDesignUnitKindName(UnitAt(told.Scan.GetFiles(), unit).Kind);
+}
+
+/// "work.p", "work.e(a)" as the need names it.
+std::string NeededName(const TToldScan& told, const TNeedPlace& place) {
+    const TUnitNeed& need = NeedAt(told.Scan.GetFiles(), place);
+    std::string name = need.Library;
+    if (!need.Unit.empty()) name += (name.empty() ? "" : ".") + need.Unit;
+    return need.Secondary.empty() ? name : name + "(" + need.Secondary + ")";
+}
+
+TJson UnitAsJson(const TToldScan& told, TUnitPlace unit) {
+    return {{"unit", told.NameOf(unit)},
+            {"kind", KindOf(told, unit)},
+            {"place", PlaceText(told, unit)}};
+}
+
+TAllTold FindUnread(const TToldScan& told) {
+    TAllTold all;
+    const std::vector<std::string>& reasons = told.Scan.GetReasons();
+    for (std::size_t i = 0; i < reasons.size(); ++i)
+        if (!reasons[i].empty())
+            all.push_back({{DIAGNOSTIC_UNREAD_SOURCE, {told.PathOf(i), reasons[i]}},
+                           {{"path", told.PathOf(i)}, {"reason", reasons[i]}}});
+    return all;
+}
+
+TAllTold FindRepeated(const TToldScan& told) {
+    TAllTold all;
+    for (const TRepeatedUnit& repeated : told.Scan.GetDesign().Repeated) {
+        const TUnitPlace first = repeated.Places.front();
+        TJson places = TJson::Array();
+        std::vector<std::string> others;
+        for (const TUnitPlace place : repeated.Places) {
+            places.Add(PlaceText(told, place));
+            if (!(place == first)) others.push_back(PlaceText(told, place));
+        }
+        all.push_back(
+            {{DIAGNOSTIC_REPEATED_UNIT,
+              {PlaceText(told, first), KindOf(told, first), told.NameOf(first), JoinNames(others)}},
+             {{"unit", told.NameOf(first)},
+              {"kind", KindOf(told, first)},
+              {"places", std::move(places)}}});
+    }
+    return all;
+}
+
+std::string CountText(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " need" : " needs");
+}
+
+TAllTold FindMissing(const TToldScan& told, bool isComponent) {
+    TAllTold all;
+    for (const TMissingUnit& missing : told.Scan.GetDesign().Missing) {
+        if (missing.IsComponent != isComponent) continue;
+        std::string name = isComponent ? missing.Unit : missing.Library + "." + missing.Unit;
+        if (!missing.Secondary.empty()) name += "(" + missing.Secondary + ")";
+        const std::string place = PlaceText(told, missing.First);
+        all.push_back(
+            {{isComponent ? DIAGNOSTIC_UNBOUND_COMPONENT : DIAGNOSTIC_MISSING_UNIT,
+              {place, name, CountText(missing.Count)}},
+             {{"unit", name}, {"place", place}, {"needs", static_cast<int>(missing.Count)}}});
+    }
+    return all;
+}
+
+TAllTold FindMissingUnits(const TToldScan& told) {
+    return FindMissing(told, false);
+}
+
+TAllTold FindUnbound(const TToldScan& told) {
+    return FindMissing(told, true);
+}
+
+TAllTold FindElsewhere(const TToldScan& told) {
+    TAllTold all;
+    for (const TUnitElsewhere& elsewhere : told.Scan.GetDesign().Elsewhere) {
+        const std::string place = PlaceText(told, elsewhere.First);
+        const std::string path = told.PathOf(elsewhere.Unit.File);
+        const std::string& library = told.Scan.GetFiles()[elsewhere.Unit.File].Library;
+        const std::string& name = UnitAt(told.Scan.GetFiles(), elsewhere.Unit).Name;
+        all.push_back({{DIAGNOSTIC_UNIT_ELSEWHERE,
+                        {place, elsewhere.Library + "." + name, path, library, elsewhere.Library}},
+                       {{"path", path},
+                        {"library", library},
+                        {"wantedLibrary", elsewhere.Library},
+                        {"unit", name},
+                        {"place", place}}});
+    }
+    return all;
+}
+
+TAllTold FindLacking(const TToldScan& told) {
+    TAllTold all;
+    for (const TDependencyDifference& difference : told.Scan.GetDifferences())
+        for (const TLinkedFile& linked : difference.Lacking) {
+            const std::string place = PlaceText(told, linked.Need);
+            const std::string name = NeededName(told, linked.Need);
+            all.push_back(
+                {{DIAGNOSTIC_LACKING_DEPENDENCY,
+                  {place, told.PathOf(difference.Source), told.PathOf(linked.File), name}},
+                 {{"path", told.PathOf(difference.Source)},
+                  {"dependency", told.PathOf(linked.File)},
+                  {"need", name},
+                  {"place", place}}});
+        }
+    return all;
+}
+
+TAllTold FindUnexplained(const TToldScan& told) {
+    TAllTold all;
+    for (const TDependencyDifference& difference : told.Scan.GetDifferences())
+        for (const IHdlSourceFile* const dependency : difference.Unexplained) {
+            const std::string path = told.PathOf(difference.Source);
+            const std::string on = PathText(dependency->GetFileName(), told.Paths);
+            all.push_back({{DIAGNOSTIC_UNEXPLAINED_DEPENDENCY, {path, on}},
+                           {{"path", path}, {"dependency", on}}});
+        }
+    return all;
+}
+
+TAllTold FindUnits(const TToldScan& told, const std::vector<TUnitPlace>& units,
+                   TDiagnosticCode code) {
+    TAllTold all;
+    for (const TUnitPlace unit : units)
+        all.push_back({{code, {PlaceText(told, unit), KindOf(told, unit), told.NameOf(unit)}},
+                       UnitAsJson(told, unit)});
+    return all;
+}
+
+TAllTold FindUnneeded(const TToldScan& told) {
+    return FindUnits(told, told.Scan.GetDesign().Unneeded, DIAGNOSTIC_UNNEEDED_UNIT);
+}
+
+TAllTold FindTops(const TToldScan& told) {
+    return FindUnits(told, told.Scan.GetDesign().TopCandidates, DIAGNOSTIC_TOP_CANDIDATE);
+}
+
+struct TScanFinding {
+    const char* Key;  ///< of its member in the JSON output
+    TAllTold (*Find)(const TToldScan& told);
+};
+
+/// All that a scan may find, in the order of both outputs.
+constexpr TScanFinding kFindings[] = {
+    {"unread", FindUnread},
+    {"repeatedUnits", FindRepeated},
+    {"missingUnits", FindMissingUnits},
+    {"wantedInOtherLibraries", FindElsewhere},
+    {"lacking", FindLacking},
+    {"unexplained", FindUnexplained},
+    {"unboundComponents", FindUnbound},
+    {"unneededUnits", FindUnneeded},
+    {"topCandidates", FindTops},
+};
+
+void Print(const TDiagnostic& diagnostic, const TToolStreams& streams) {
+    const std::string text = GetDiagnosticText(diagnostic);
+    switch (GetDiagnosticRule(diagnostic.Code).Severity) {
+        case SEVERITY_ERROR:
+            ReportError(streams, text);
+            break;
+        case SEVERITY_WARNING:
+            ReportWarning(streams, text);
+            break;
+        case SEVERITY_NOTE:
+            PrintLine(streams.Out, text);
+    }
+}
+
+}  // namespace
+
+std::string TToldScan::PathOf(std::size_t source) const {
+    return PathText(Scan.GetSources()[source].Source->GetFileName(), Paths);
+}
+
+std::string TToldScan::NameOf(TUnitPlace place) const {
+    const TDesignUnit& unit = UnitAt(Scan.GetFiles(), place);
+    const std::string library = Scan.GetFiles()[place.File].Library + ".";
+    if (unit.Kind == TDesignUnitKind::Architecture)
+        return library + unit.Primary + "(" + unit.Name + ")";
+    return library + unit.Name;
+}
+
+void AddFindings(const TToldScan& told, TJson* result) {
+    for (const TScanFinding& finding : kFindings) {
+        TJson& list = (*result)[finding.Key] = TJson::Array();
+        for (TTold& one : finding.Find(told)) list.Add(std::move(one.Json));
+    }
+}
+
+void PrintFindings(const TToldScan& told, bool isCheck, bool isExact, const TToolStreams& streams) {
+    for (const TScanFinding& finding : kFindings) {
+        if (finding.Find == FindLacking && !isCheck) continue;
+        if (finding.Find == FindUnexplained && isExact && !isCheck) continue;
+        for (const TTold& one : finding.Find(told)) Print(one.Diagnostic, streams);
+    }
+}

@@ -1,0 +1,25 @@
+#pragma once
+#include "cli/frame/json.h"
+#include "cli/frame/streams.h"
+#include "cli/frame/texts.h"
+#include "flows/buildscan.h"
+#include <string>
+#include <vector>
+
+/// A build that has been scanned, as it is told.
+struct TToldScan {
+    const TBuildScan& Scan;
+    TPathForm Paths;
+
+    std::string PathOf(std::size_t source) const;
+    /// "lib.e", "lib.e(a)" of an architecture.
+    std::string NameOf(TUnitPlace unit) const;
+};
+
+/// Adds a member for each kind of finding to `result`.
+void AddFindings(const TToldScan& told, TJson* result);
+
+/// Prints the findings: what may be wrong on Err, what is good to know on Out. What differs from
+/// the build's dependencies is left out where it is about to change: what they lack unless
+/// `isCheck`, what is unexplained when it is removed.
+void PrintFindings(const TToldScan& told, bool isCheck, bool isExact, const TToolStreams& streams);

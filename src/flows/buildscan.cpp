@@ -1,0 +1,69 @@
+#include "flows/buildscan.h"
+#include "buildfile/hdlbuildfile.h"
+#include "flows/listedsources.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
+#include "services/hdl/hdllanguagetable.h"
+#include "services/names/isfilename.h"
+
+namespace {
+
+constexpr auto kNobody = static_cast<std::size_t>(-1);
+
+TSourceScan ScanAll(const std::vector<TScannedSource>& sources, const THdlBuildFile& build) {
+    std::vector<TSourceToScan> toScan;
+    for (const TScannedSource& source : sources)
+        toScan.push_back({source.Source->GetFileName()->Canonical(false), source.Group,
+                          LibraryOfSource(*source.Source, build)});
+    return ScanSources(toScan, {});
+}
+
+}  // namespace
+
+TBuildScan::TBuildScan(THdlBuildFile& build, const TLinkOptions& options) {
+    for (const THdlLanguageRecord& record : GetHdlLanguageTable())
+        for (IHdlSourceFile* const source : *build.GetSourceFileGroup(record.Language))
+            Sources.push_back({record.Language, source});
+    Scan = ScanAll(Sources, build);
+    Design = TNeedLinker(Scan.Files, options).Link();
+    Compare();
+}
+
+void TBuildScan::Compare() {
+    for (std::size_t number = 0; number < Sources.size(); ++number)
+        Numbers.try_emplace(Sources[number].Source, number);
+    RecordedBy.assign(Sources.size(), kNobody);
+    FoundBy.assign(Sources.size(), kNobody);
+    for (std::size_t number = 0; number < Sources.size(); ++number) {
+        TDependencyDifference difference = Compare(number);
+        if (!difference.Lacking.empty() || !difference.Unexplained.empty())
+            Differences.push_back(std::move(difference));
+    }
+}
+
+/// kNobody for a source that no group lists.
+std::size_t TBuildScan::NumberOf(const IHdlSourceFile* source) const {
+    const auto found = Numbers.find(source);
+    return found == Numbers.end() ? kNobody : found->second;
+}
+
+TDependencyDifference TBuildScan::Compare(std::size_t number) {
+    TDependencyDifference difference{number, {}, {}};
+    const IHdlSourceFile& source = *Sources[number].Source;
+    const bool isScanned = CanScanLanguage(Sources[number].Group) && Scan.Reasons[number].empty();
+    if (!isScanned) return difference;
+    // What two groups list is one source, which the build has once.
+    const std::vector<TLinkedFile>& found = Design.Dependencies[number];
+    for (const TLinkedFile& linked : found) FoundBy[NumberOf(Sources[linked.File].Source)] = number;
+    if (const TIHdlSourceFileList* const recorded = source.GetDependencyList())
+        for (IHdlSourceFile* const dependency : *recorded) {
+            const std::size_t known = NumberOf(dependency);
+            if (known != kNobody) RecordedBy[known] = number;
+            if (known == kNobody || FoundBy[known] != number)
+                difference.Unexplained.push_back(dependency);
+        }
+    for (const TLinkedFile& linked : found)
+        if (RecordedBy[NumberOf(Sources[linked.File].Source)] != number)
+            difference.Lacking.push_back(linked);
+    return difference;
+}

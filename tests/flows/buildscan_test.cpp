@@ -1,0 +1,60 @@
+#include "flows/buildscan.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "tests/flows/scannedfolder.h"
+
+namespace {
+
+class BuildScan : public ScannedFolder {
+protected:
+    /// Each source that differs: "a.vhd lacks b.vhd, unexplained c.vhd".
+    static std::string DifferencesIn(const TBuildScan& scan) {
+        const auto nameOf = [](const IHdlSourceFile* source) {
+            const std::string path = source->GetFileName()->Canonical(false);
+            return path.substr(path.find_last_of("/\\") + 1);
+        };
+        std::string text;
+        for (const TDependencyDifference& difference : scan.GetDifferences()) {
+            text += nameOf(scan.GetSources()[difference.Source].Source);
+            for (const TLinkedFile& linked : difference.Lacking)
+                text += " lacks " + nameOf(scan.GetSources()[linked.File].Source);
+            for (const IHdlSourceFile* const dependency : difference.Unexplained)
+                text += " unexplained " + nameOf(dependency);
+            text += "\n";
+        }
+        return text;
+    }
+};
+
+}  // namespace
+
+TEST_F(BuildScan, TakesTheLibraryOfTheSourceElseOfTheBuildElseWork) {
+    Folder.Write("a.vhd",
+                 "library own, dest, work; use own.p.all; use dest.q.all; entity e is end;");
+    Folder.Write("p.vhd", "package p is end;");
+    Folder.Write("q.vhd", "package q is end;");
+    const std::string sources =
+        "<SourceFile>a.vhd</SourceFile><SourceFile PrecompiledLibrary=\"OWN\">p.vhd</SourceFile>"
+        "<SourceFile>q.vhd</SourceFile>";
+    THdlBuildFile build = Read("DestinationLibrary=\"Dest\"", sources);
+    const TBuildScan scan(build, {});
+    EXPECT_EQ(DifferencesIn(scan), "a.vhd lacks p.vhd lacks q.vhd\n");
+    EXPECT_EQ(scan.GetFiles()[0].Library, "Dest");
+    THdlBuildFile other = Read("", sources);
+    const TBuildScan otherScan(other, {});
+    EXPECT_EQ(otherScan.GetFiles()[0].Library, "work");
+    EXPECT_EQ(DifferencesIn(otherScan), "a.vhd lacks p.vhd\n");
+}
+
+TEST_F(BuildScan, ExplainsNothingOfWhatIsNotListedAndAllOfWhatIsNotRead) {
+    Folder.Write("a.vhd", "use work.p.all; entity e is end;");
+    Folder.Write("p.vhd", "package p is end;");
+    THdlBuildFile build =
+        Read("",
+             "<SourceFile>a.vhd<Dependency>unlisted.vhd</Dependency>"
+             "<Dependency>p.vhd</Dependency><Dependency>gone.vhd</Dependency></SourceFile>"
+             "<SourceFile>p.vhd</SourceFile>"
+             "<SourceFile>gone.vhd<Dependency>a.vhd</Dependency></SourceFile>");
+    const TBuildScan scan(build, {});
+    EXPECT_EQ(DifferencesIn(scan), "a.vhd unexplained unlisted.vhd unexplained gone.vhd\n");
+    EXPECT_EQ(scan.GetReasons(), (std::vector<std::string>{"", "", "the file does not exist"}));
+}
