@@ -23,7 +23,7 @@ constexpr auto MakeVerilogClasses() {
     for (std::size_t c = 'a'; c <= 'z'; ++c) classes[c] = classes[c - 'a' + 'A'] = VERILOG_LETTER;
     classes['_'] = VERILOG_LETTER;
     for (const char c : std::string_view(")*+,-.;<=>|[]?@^!{}#%&~"))
-        classes[static_cast<std::size_t>(c)] = VERILOG_MARK;
+        classes[static_cast<unsigned char>(c)] = VERILOG_MARK;
     // The language has none of these, some tools take them.
     for (std::size_t c = 0x80; c <= 0xFF; ++c) classes[c] = VERILOG_LETTER;
     return classes;
