@@ -3,19 +3,59 @@
 #include "flows/listedsources.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include "services/files/filestatus.h"
 #include "services/hdl/hdllanguagetable.h"
+#include "services/names/environment.h"
 #include "services/names/isfilename.h"
+#include "services/names/utilfilename.h"
+#include "settings/projectsimlanguageconfig.h"
 
 namespace {
 
 constexpr auto kNobody = static_cast<std::size_t>(-1);
+
+/// Whole paths, with the delimiter that ends them.
+std::vector<std::string> FoldersOf(const std::vector<std::string>& directories,
+                                   const THdlBuildFile& build) {
+    std::vector<std::string> folders;
+    for (const std::string& directory : ResolveOrvaneEnvVariables(directories)) {
+        TUtilFileName name(build.GetProjectPath().c_str());
+        name.PushFileName(directory.c_str());
+        folders.push_back(std::string(name.CanonicalWithoutFinalSlash()) + "/");
+    }
+    return folders;
+}
+
+TScanOptions OptionsOf(const THdlBuildFile& build) {
+    TScanOptions options;
+    if (const TProjectSimLanguageConfig* const verilog =
+            build.GetProjectLanguageConfig(LANGUAGE_VERILOG))
+        options.IncludeFolders = FoldersOf(verilog->GetIncludeDirectories(), build);
+    return options;
+}
+
+/// Takes out the modules that simulators find in library directories, by the names of files.
+void DropThoseInLibraries(const THdlBuildFile& build, const TDesignFiles& files,
+                          std::vector<TMissingUnit>* missing) {
+    const TProjectSimLanguageConfig* const verilog =
+        build.GetProjectLanguageConfig(LANGUAGE_VERILOG);
+    if (!verilog) return;
+    const std::vector<std::string> folders = FoldersOf(verilog->GetLibraryDirectories(), build);
+    std::erase_if(*missing, [&](const TMissingUnit& unit) {
+        if (files[unit.First.Unit.File].Scan.Language != LANGUAGE_VERILOG) return false;
+        for (const std::string& folder : folders)
+            for (const std::string& extension : verilog->GetLibraryExtensions())
+                if (LookAtFile(folder + unit.Unit + extension).Exists) return true;
+        return false;
+    });
+}
 
 TSourceScan ScanAll(const std::vector<TScannedSource>& sources, const THdlBuildFile& build) {
     std::vector<TSourceToScan> toScan;
     for (const TScannedSource& source : sources)
         toScan.push_back({source.Source->GetFileName()->Canonical(false), source.Group,
                           LibraryOfSource(*source.Source, build)});
-    return ScanSources(toScan, {});
+    return ScanSources(toScan, OptionsOf(build));
 }
 
 }  // namespace
@@ -26,6 +66,7 @@ TBuildScan::TBuildScan(THdlBuildFile& build, const TLinkOptions& options) {
             Sources.push_back({record.Language, source});
     Scan = ScanAll(Sources, build);
     Design = TNeedLinker(Scan.Files, options).Link();
+    DropThoseInLibraries(build, Scan.Files, &Design.Missing);
     Compare();
 }
 

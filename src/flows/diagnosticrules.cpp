@@ -65,6 +65,10 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
         {DIAGNOSTIC_TOP_CANDIDATE, "top-candidate", SEVERITY_NOTE,
          "{1}: nobody instantiates {2} {3}",
          "Record it as a top-level component when it is one: `hdlbuild scan --set-tops` does."},
+        {DIAGNOSTIC_FOREIGN_NEED, "foreign-need", SEVERITY_NOTE,
+         "{1}: {2} {3} is written in another language, in {4}",
+         "Compile that language first where the simulator asks for it: orders do not cross "
+         "groups."},
     };
     return rules;
 }

@@ -22,6 +22,7 @@ enum TDiagnosticCode : int {
     DIAGNOSTIC_UNBOUND_COMPONENT = 507,
     DIAGNOSTIC_UNNEEDED_UNIT = 508,
     DIAGNOSTIC_TOP_CANDIDATE = 509,
+    DIAGNOSTIC_FOREIGN_NEED = 510,
 };
 
 /// One row of the table of diagnostics. The texts are static and never null.

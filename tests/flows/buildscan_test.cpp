@@ -58,3 +58,28 @@ TEST_F(BuildScan, ExplainsNothingOfWhatIsNotListedAndAllOfWhatIsNotRead) {
     EXPECT_EQ(DifferencesIn(scan), "a.vhd unexplained unlisted.vhd unexplained gone.vhd\n");
     EXPECT_EQ(scan.GetReasons(), (std::vector<std::string>{"", "", "the file does not exist"}));
 }
+
+TEST_F(BuildScan, FindsModulesInLibraryDirectoriesAndIncludedFilesInIncludeDirectories) {
+    Folder.Write("a.v", "`include \"defs.vh\"\nmodule a; cell i(); nowhere j(); p::t x; endmodule");
+    Folder.Write("inc/defs.vh", "import q::*;");
+    Folder.Write("q.sv", "package q; endpackage package p; endpackage");
+    Folder.Write("lib/cell.v", "");
+    const std::string path = Folder.Write(
+        "v.xml",
+        "<HdlBuildFileList><HdlBuildFile><ProjectLanguageConfigurationList>"
+        "<LanguageSettings Language=\"Verilog\">"
+        "<IncludeDirectories><Directory>inc</Directory></IncludeDirectories>"
+        "<LibraryDirectories><Directory>lib</Directory></LibraryDirectories>"
+        "<LibraryExtensions><Extension>.v</Extension></LibraryExtensions>"
+        "</LanguageSettings></ProjectLanguageConfigurationList>"
+        "<SourceFileGroup Language=\"Verilog\"><SourceFile>a.v</SourceFile>"
+        "<SourceFile>q.sv</SourceFile></SourceFileGroup></HdlBuildFile></HdlBuildFileList>");
+    THdlBuildFile build(ISFileName::NewISFileName(path.c_str()));
+    const TBuildScan scan(build, {});
+    EXPECT_EQ(DifferencesIn(scan), "a.v lacks q.sv\n");
+    ASSERT_EQ(scan.GetFiles()[0].Scan.Includes.size(), 1u);
+    EXPECT_EQ(scan.GetFiles()[0].Scan.Includes[0].Path, Folder.Path("inc/defs.vh"));
+    std::string missing;
+    for (const TMissingUnit& unit : scan.GetDesign().Missing) missing += unit.Unit + "\n";
+    EXPECT_EQ(missing, "nowhere\n");
+}

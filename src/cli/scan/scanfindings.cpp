@@ -159,6 +159,18 @@ TAllTold FindUnits(const TToldScan& told, const std::vector<TUnitPlace>& units,
     return all;
 }
 
+TAllTold FindForeign(const TToldScan& told) {
+    TAllTold all;
+    for (const TForeignNeed& foreign : told.Scan.GetDesign().Foreign) {
+        const std::string place = PlaceText(told, foreign.Need);
+        const std::string path = told.PathOf(foreign.Unit.File);
+        all.push_back({{DIAGNOSTIC_FOREIGN_NEED,
+                        {place, KindOf(told, foreign.Unit), told.NameOf(foreign.Unit), path}},
+                       {{"unit", told.NameOf(foreign.Unit)}, {"path", path}, {"place", place}}});
+    }
+    return all;
+}
+
 TAllTold FindUnneeded(const TToldScan& told) {
     return FindUnits(told, told.Scan.GetDesign().Unneeded, DIAGNOSTIC_UNNEEDED_UNIT);
 }
@@ -181,6 +193,7 @@ constexpr TScanFinding kFindings[] = {
     {"lacking", FindLacking},
     {"unexplained", FindUnexplained},
     {"unboundComponents", FindUnbound},
+    {"otherLanguages", FindForeign},
     {"unneededUnits", FindUnneeded},
     {"topCandidates", FindTops},
 };

@@ -5,5 +5,6 @@ const TDesignUnit& UnitAt(const TDesignFiles& files, TUnitPlace place) {
 }
 
 const TUnitNeed& NeedAt(const TDesignFiles& files, TNeedPlace place) {
+    if (place.Unit.Unit == kOutsideUnits) return files[place.Unit.File].Scan.Needs[place.Need];
     return UnitAt(files, place.Unit).Needs[place.Need];
 }

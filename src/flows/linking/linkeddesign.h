@@ -18,7 +18,10 @@ struct TUnitPlace {
     bool operator==(const TUnitPlace&) const = default;
 };
 
-/// A need of a unit of a design.
+/// In place of a unit: what stands outside of units.
+inline constexpr std::uint32_t kOutsideUnits = 0xffffffff;
+
+/// A need of a unit of a design, or of what stands outside of units in a file.
 struct TNeedPlace {
     TUnitPlace Unit;
     std::uint32_t Need = 0;
@@ -57,7 +60,7 @@ struct TUnitElsewhere {
     TNeedPlace First;
 };
 
-/// A unit of another language, in which no order of files can put it.
+/// A unit of a file in another language, which no order of the files in one language holds.
 struct TForeignNeed {
     TUnitPlace Unit;
     TNeedPlace Need;
@@ -72,8 +75,9 @@ struct TLinkedDesign {
     std::vector<TMissingUnit> Missing;
     std::vector<TUnitElsewhere> Elsewhere;
     std::vector<TForeignNeed> Foreign;
-    std::vector<TUnitPlace> Unneeded;       ///< primary units, but for those that may be top level
-    std::vector<TUnitPlace> TopCandidates;  ///< entities that nobody instantiates
+    std::vector<TUnitPlace> Unneeded;  ///< primary units, but for those that may be top level
+    std::vector<TUnitPlace>
+        TopCandidates;  ///< entities, modules, programs that nobody instantiates
 };
 
 struct TLinkOptions {

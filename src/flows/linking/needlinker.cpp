@@ -9,7 +9,8 @@ constexpr const char* kWork = "work";
 constexpr auto kElsewhere = static_cast<std::size_t>(-1);  // in place of a missing unit
 
 bool MayBeTopLevel(const TDesignUnit& unit) {
-    return unit.Kind == TDesignUnitKind::Entity;
+    return unit.Kind == TDesignUnitKind::Entity || unit.Kind == TDesignUnitKind::Module ||
+           unit.Kind == TDesignUnitKind::Program;
 }
 
 /// Whether the unit is of use by itself: nobody has to name it.
@@ -40,15 +41,27 @@ TLinkedDesign TNeedLinker::Link() {
     LastUsers.assign(Files.size(), 0);
     Design.Dependencies.resize(Files.size());
     Design.Repeated = Index.ListRepeated();
-    for (std::uint32_t file = 0; file < Files.size(); ++file)
-        for (std::uint32_t unit = 0; unit < Files[file].Scan.Units.size(); ++unit) {
-            Visible.SetUnit({file, unit});
-            const auto needs =
-                static_cast<std::uint32_t>(Files[file].Scan.Units[unit].Needs.size());
-            for (std::uint32_t need = 0; need < needs; ++need) LinkNeed({{file, unit}, need});
-        }
+    for (std::uint32_t file = 0; file < Files.size(); ++file) LinkFile(file);
     ListUnneeded();
     return std::move(Design);
+}
+
+void TNeedLinker::LinkFile(std::uint32_t file) {
+    const TScannedFile& scan = Files[file].Scan;
+    for (std::uint32_t unit = 0; unit < scan.Units.size(); ++unit) {
+        Visible.SetUnit({file, unit});
+        LinkNeeds({file, unit}, scan.Units[unit].Needs);
+    }
+    LinkNeeds({file, kOutsideUnits}, scan.Needs);
+}
+
+void TNeedLinker::LinkNeeds(TUnitPlace unit, const std::vector<TUnitNeed>& needs) {
+    const bool isVhdl = Files[unit.File].Scan.Language == LANGUAGE_VHDL;
+    for (std::uint32_t need = 0; need < needs.size(); ++need)
+        if (isVhdl)
+            LinkNeed({unit, need});
+        else
+            LinkVerilogNeed({unit, need});
 }
 
 void TNeedLinker::LinkNeed(TNeedPlace place) {
@@ -62,7 +75,8 @@ void TNeedLinker::LinkNeed(TNeedPlace place) {
     if (named.Unit.empty()) return;
     if (const auto target = FindNamed(named, place))
         LinkTo(*target, place);
-    else if (!named.Library.empty() || GetNeedRule(need.Kind).IsInstantiation)
+    else if (!LinkForeign(place) &&
+             (!named.Library.empty() || GetNeedRule(need.Kind).IsInstantiation))
         Miss(place, false);
 }
 
@@ -117,7 +131,7 @@ void TNeedLinker::LinkComponent(const TNeedPlace& place) {
     const std::string name = FoldVhdlName(NeedAt(Files, place).Unit);
     const TUnitIndex::TUnits& all = Index.FindInAllLibraries(name);
     if (all.empty()) {
-        Miss(place, false);
+        if (!LinkForeign(place)) Miss(place, false);
         return;
     }
     bool isFound = false;
@@ -144,6 +158,7 @@ void TNeedLinker::Depend(std::uint32_t file, const TNeedPlace& place) {
 /// Whether `unit` is `primary` or belongs to it.
 bool TNeedLinker::IsOfUnit(TUnitPlace unit, TUnitPlace primary) const {
     if (unit == primary) return true;
+    if (unit.Unit == kOutsideUnits) return false;
     const TDesignUnit& inner = UnitAt(Files, unit);
     return IsSecondary(inner) && Index.LibraryOf(unit.File) == Index.LibraryOf(primary.File) &&
            FoldVhdlName(inner.Primary) == FoldVhdlName(UnitAt(Files, primary).Name);
@@ -191,12 +206,13 @@ void TNeedLinker::Miss(const TNeedPlace& place, bool isArchitecture) {
     const std::string library = FoldVhdlName(written);
     if (External.contains(library) && !Index.HasLibrary(library)) return;
     const bool isComponent = need.Kind == TNeedKind::Component;
-    const std::string unit = FoldVhdlName(need.Unit);
+    const bool isVhdl = Files[place.Unit.File].Scan.Language == LANGUAGE_VHDL;
+    const std::string unit = isVhdl ? FoldVhdlName(need.Unit) : need.Unit;
     const std::string secondary = isArchitecture ? need.Secondary : "";
     const std::string key = library + "\n" + unit + "\n" + FoldVhdlName(secondary) +
                             (isComponent ? "\ncomponent" : "\n");
     const auto [entry, isNew] = MissingByName.try_emplace(key, Design.Missing.size());
-    if (isNew && !isComponent && !isArchitecture && NoteElsewhere(place, written, unit))
+    if (isNew && isVhdl && !isComponent && !isArchitecture && NoteElsewhere(place, written, unit))
         entry->second = kElsewhere;
     else if (isNew)
         Design.Missing.push_back({written, need.Unit, secondary, place, 0, isComponent});

@@ -23,11 +23,16 @@ private:
         std::string Unit;
     };
 
+    void LinkFile(std::uint32_t file);
+    void LinkNeeds(TUnitPlace unit, const std::vector<TUnitNeed>& needs);
     void LinkNeed(TNeedPlace place);
     TNamed NameOf(const TUnitNeed& need, std::uint32_t file);
     std::optional<TUnitPlace> FindNamed(const TNamed& named, const TNeedPlace& place);
     void LinkTo(TUnitPlace target, const TNeedPlace& place);
     void LinkComponent(const TNeedPlace& place);
+    void LinkVerilogNeed(const TNeedPlace& place);
+    bool LinkForeign(const TNeedPlace& place);
+    void NoteForeign(TUnitPlace target, const TNeedPlace& place);
     void Depend(std::uint32_t file, const TNeedPlace& place);
 
     void MarkNeeded(TUnitPlace target, const TNeedPlace& place);
@@ -51,5 +56,6 @@ private:
     std::vector<bool> Instantiated;        // by number
     std::vector<std::uint32_t> LastUsers;  // for each file, one plus the file linked to it last
     std::unordered_map<std::string, std::size_t> MissingByName;
+    std::unordered_set<std::string> KnownForeign;
     std::unordered_set<std::string> Anywhere;  // components whose entities are all instantiated
 };

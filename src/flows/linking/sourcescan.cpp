@@ -1,4 +1,6 @@
 #include "flows/linking/sourcescan.h"
+#include "flows/scan/includefiles.h"
+#include "flows/scan/verilogscan.h"
 #include "flows/scan/vhdlscan.h"
 #include "services/base/progress.h"
 #include "services/files/filereplace.h"
@@ -10,12 +12,23 @@ namespace {
 
 struct TLanguageScan {
     THdlLanguage Language;
-    TScannedFile (*Scan)(std::string_view text, const TScanOptions& options);
+    TScannedFile (*Scan)(std::string_view text, std::string_view path, const TScanOptions& options);
 };
 
+TScannedFile ScanVhdlFile(std::string_view text, std::string_view, const TScanOptions& options) {
+    return ScanVhdl(text, options);
+}
+
 constexpr TLanguageScan kScans[] = {
-    {LANGUAGE_VHDL, ScanVhdl},
+    {LANGUAGE_VHDL, ScanVhdlFile},
+    {LANGUAGE_VERILOG, ScanVerilog},
 };
+
+std::optional<std::string> ReadIncluded(const std::string& path) {
+    std::string text;
+    if (ReadWholeFile(path.c_str(), &text, nullptr) != FILE_READ_DONE) return std::nullopt;
+    return text;
+}
 
 const TLanguageScan* FindScan(THdlLanguage language) {
     for (const TLanguageScan& scan : kScans)
@@ -33,7 +46,7 @@ std::string ScanSource(const TSourceToScan& source, const TScanOptions& options,
     const TFileReadResult result = ReadWholeFile(source.Path.c_str(), &text, &reason);
     if (result == FILE_READ_MISSING) return "the file does not exist";
     if (result != FILE_READ_DONE) return reason.empty() ? "the file cannot be read" : reason;
-    *file = scan->Scan(text, options);
+    *file = scan->Scan(text, source.Path, options);
     return "";
 }
 
@@ -43,7 +56,9 @@ bool CanScanLanguage(THdlLanguage language) {
     return FindScan(language) != nullptr;
 }
 
-TSourceScan ScanSources(const std::vector<TSourceToScan>& sources, const TScanOptions& options) {
+TSourceScan ScanSources(const std::vector<TSourceToScan>& sources, TScanOptions options) {
+    TIncludeFiles includes(ReadIncluded);
+    options.Includes = &includes;
     TSourceScan result;
     result.Files.resize(sources.size());
     result.Reasons.resize(sources.size());

@@ -20,5 +20,6 @@ struct TSourceScan {
 bool CanScanLanguage(THdlLanguage language);
 
 /// Reads and scans the sources, all processors at work. A text is let go of with the scan of its
-/// file: the memory does not grow with the bytes. Languages that cannot be scanned give no units.
-TSourceScan ScanSources(const std::vector<TSourceToScan>& sources, const TScanOptions& options);
+/// file: the memory does not grow with the bytes, but for those of included files. Languages that
+/// cannot be scanned give no units.
+TSourceScan ScanSources(const std::vector<TSourceToScan>& sources, TScanOptions options);

@@ -31,6 +31,10 @@ TUnitIndex::TUnitIndex(const TDesignFiles& files) : Files(files) {
 }
 
 void TUnitIndex::Add(TUnitPlace place) {
+    if (Files[place.File].Scan.Language != LANGUAGE_VHDL) {
+        AddVerilog(place);
+        return;
+    }
     const TDesignUnit& unit = UnitAt(Files, place);
     const std::string& library = Libraries[place.File];
     const std::string name = FoldVhdlName(unit.Name);
@@ -45,6 +49,18 @@ void TUnitIndex::Add(TUnitPlace place) {
             AddNamed(KeyOf(kPrimary, library, name), place);
             ByName[name].push_back(place);
     }
+}
+
+void TUnitIndex::AddVerilog(TUnitPlace place) {
+    const TDesignUnit& unit = UnitAt(Files, place);
+    TVerilogNames names = TVerilogNames::Definitions;
+    if (unit.Kind == TDesignUnitKind::Package) names = TVerilogNames::Packages;
+    if (unit.Kind == TDesignUnitKind::Class) names = TVerilogNames::Classes;
+    const char kind = static_cast<char>(names);
+    AddNamed(KeyOf(kind, Libraries[place.File], unit.Name), place);
+    FirstByName.try_emplace(KeyOf(kind, "", unit.Name), place);
+    if (names == TVerilogNames::Definitions)
+        ModulesByFoldedName.try_emplace(FoldVhdlName(unit.Name), place);
 }
 
 void TUnitIndex::AddNamed(const std::string& key, TUnitPlace place) {
@@ -96,8 +112,29 @@ const TUnitIndex::TUnits& TUnitIndex::FindInAllLibraries(const std::string& unit
     return found == ByName.end() ? kNobody : found->second;
 }
 
+std::optional<TUnitPlace> TUnitIndex::FindVerilog(TVerilogNames names, const std::string& library,
+                                                  const std::string& unit,
+                                                  std::uint32_t askingFile) const {
+    const char kind = static_cast<char>(names);
+    if (const auto own = Find(KeyOf(kind, library, unit), askingFile)) return own;
+    const auto first = FirstByName.find(KeyOf(kind, "", unit));
+    return first == FirstByName.end() ? std::nullopt : std::optional(first->second);
+}
+
+std::optional<TUnitPlace> TUnitIndex::FindModule(const std::string& foldedName) const {
+    const auto found = ModulesByFoldedName.find(foldedName);
+    return found == ModulesByFoldedName.end() ? std::nullopt : std::optional(found->second);
+}
+
 std::vector<TRepeatedUnit> TUnitIndex::ListRepeated() const {
     std::vector<TRepeatedUnit> list;
-    for (const TUnits& places : Repeated) list.push_back({places});
+    for (const TUnits& places : Repeated) {
+        TRepeatedUnit repeated;
+        for (const TUnitPlace place : places) {
+            const TDesignUnit& unit = UnitAt(Files, place);
+            if (unit.IsCertain && unit.Place.Include == 0) repeated.Places.push_back(place);
+        }
+        if (repeated.Places.size() > 1) list.push_back(std::move(repeated));
+    }
     return list;
 }

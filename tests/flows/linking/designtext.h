@@ -1,20 +1,24 @@
 #pragma once
 #include "flows/linking/needlinker.h"
+#include "flows/scan/verilogscan.h"
 #include "flows/scan/vhdlscan.h"
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
-/// A VHDL source and the library that it is compiled into.
+/// A source and the library that it is compiled into.
 struct TSourceText {
     const char* Library;
     const char* Text;
+    bool IsVerilog = false;
 };
+inline constexpr bool kVerilog = true;
 
 inline TDesignFiles Design(const std::vector<TSourceText>& sources) {
     TDesignFiles files;
     for (const TSourceText& source : sources)
-        files.push_back({source.Library, ScanVhdl(source.Text, {})});
+        files.push_back({source.Library, source.IsVerilog ? ScanVerilog(source.Text, "", {})
+                                                          : ScanVhdl(source.Text, {})});
     return files;
 }
 
@@ -74,6 +78,8 @@ inline std::string FindingsIn(const std::vector<TSourceText>& sources,
     for (const TUnitElsewhere& elsewhere : design.Elsewhere)
         text += "elsewhere " + TextOf(files, elsewhere.Unit) + ", in " + elsewhere.Library + " " +
                 TextOf(files, elsewhere.First) + "\n";
+    for (const TForeignNeed& foreign : design.Foreign)
+        text += "foreign " + TextOf(files, foreign.Unit) + " " + TextOf(files, foreign.Need) + "\n";
     for (const TUnitPlace place : design.Unneeded)
         text += "unneeded " + TextOf(files, place) + "\n";
     for (const TUnitPlace place : design.TopCandidates)
