@@ -1,23 +1,5 @@
 #include "cli/build/commands.h"
-#include "services/hdl/hdllanguagetable.h"
-
-namespace {
-
-std::string LanguageHelp(const std::string& preset) {
-    std::vector<std::string> names = OfferedLanguages();
-    for (std::string& name : names)
-        if (name == preset) name += " (default)";
-    return JoinChoices(names);
-}
-
-}  // namespace
-
-std::vector<std::string> OfferedLanguages() {
-    std::vector<std::string> names;
-    for (const THdlLanguageRecord& record : GetHdlLanguageTable())
-        if (record.IsOffered) names.emplace_back(record.Name);
-    return names;
-}
+#include "cli/frame/languagenames.h"
 
 std::vector<TCommand> MakeBuildCommands() {
     const auto values = std::make_shared<TBuildArguments>();

@@ -18,9 +18,6 @@ int RunOrder(const TBuildArguments& arguments, const TToolStreams& streams);
 int RunOptions(const TBuildArguments& arguments, const TToolStreams& streams);
 int RunCommandFile(const TBuildArguments& arguments, const TToolStreams& streams);
 
-/// The names of the languages that a command may be asked for.
-std::vector<std::string> OfferedLanguages();
-
 /// An option for each format of `order`.
 std::vector<TArgument> OrderFormatArguments(TBuildArguments& arguments);
 

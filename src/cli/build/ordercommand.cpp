@@ -2,7 +2,7 @@
 #include "cli/build/commands.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/json.h"
-#include "cli/frame/knownnames.h"
+#include "cli/frame/languagenames.h"
 #include "flows/dependencycycles.h"
 #include "flows/listedsources.h"
 #include "projectfiles/ihdlsourcefile.h"
@@ -66,11 +66,8 @@ std::vector<TArgument> OrderFormatArguments(TBuildArguments& arguments) {
 }
 
 int RunOrder(const TBuildArguments& arguments, const TToolStreams& streams) {
-    const THdlLanguage language = GetHdlLanguageFromString(arguments.Language.c_str());
-    if (language == LANGUAGE_NONE) {
-        ReportError(streams, UnknownName("language", arguments.Language, OfferedLanguages()));
-        return kExitUsage;
-    }
+    const THdlLanguage language = FindLanguage(arguments.Language, streams);
+    if (language == LANGUAGE_NONE) return kExitUsage;
     THdlBuildFile build;
     const int status = LoadBuild(arguments.Build, streams, &build);
     if (status == kExitFile) return status;

@@ -13,7 +13,9 @@ struct TChoice {
     std::size_t Number;
 };
 
-/// Where an argument's value goes: into the arguments that a family of commands owns.
+/// Where an argument's value goes: into the arguments that a family of commands owns. Of an option
+/// that may be given several times, one word for each; of an argument found by its place, all words
+/// from there on.
 using TArgumentPlace = std::variant<bool*, std::string*, std::vector<std::string>*, TChoice>;
 
 /// One argument of a command: an option when its name begins with '-', else found by its place.

@@ -37,6 +37,10 @@ struct TArgumentAdder {
     }
     void operator()(std::vector<std::string>* value) const {
         KeepPreset(value);
+        if (Argument.Name[0] != '-') {
+            App.add_option(Argument.Name, *value, Argument.Help)->required(Argument.IsRequired);
+            return;
+        }
         // Each mention takes one word, as it is; those behind it are arguments of their own.
         App.add_option(Argument.Name, *value, Argument.Help)
             ->expected(1)

@@ -1,4 +1,4 @@
-#include "cli/settings/settingkeys.h"
+#include "cli/frame/settingkeys.h"
 #include "cli/frame/knownnames.h"
 #include "flows/simulatornames.h"
 #include <algorithm>
