@@ -1,0 +1,173 @@
+#include "flows/buildedit.h"
+#include "buildfile/hdlbuildfilexmllist.h"
+#include "flows/buildattributes.h"
+#include "flows/editrules.h"
+#include "flows/textreaders.h"
+#include "services/hdl/hdllanguagetable.h"
+#include "services/names/isfilename.h"
+#include "settings/projectsimgeneralconfig.h"
+#include "settings/projectsimlanguageconfig.h"
+#include <utility>
+#include <vector>
+
+namespace {
+
+void Push(TXMLList* document, TElement::ElemTypes type, const char* name) {
+    document->Push(type, name, {});
+}
+
+void PushStart(const THdlBuildFile& build, TXMLList* document) {
+    std::vector<std::pair<const char*, std::string>> values;
+    for (const TBuildAttribute& attribute : GetBuildAttributes()) {
+        std::string value = attribute.Get(build);
+        if (attribute.Kind != BUILD_FLAG || value == "true")
+            values.emplace_back(attribute.Name, std::move(value));
+    }
+    const std::vector<TAttributeView> attributes(values.begin(), values.end());
+    document->Push(TElement::START, "HdlBuildFile", {}, attributes);
+}
+
+// They are written only where there are general settings, and read in any case.
+void PushSimulators(THdlBuildFile& build, TXMLList* document) {
+    TProjectSimGeneralConfig* const own = build.GetGeneralConfiguration();
+    TProjectSimGeneralConfig general;
+    build.SetGeneralConfiguration(&general);
+    build.WriteExternalConfigurations(document);
+    build.SetGeneralConfiguration(own);
+}
+
+void PushLanguageSettings(THdlBuildFile& build, TXMLList* document) {
+    constexpr const char* kList = "ProjectLanguageConfigurationList";
+    Push(document, TElement::START, kList);
+    for (const THdlLanguage language : GetStoredLanguages()) {
+        TProjectSimLanguageConfig* const settings = build.GetProjectLanguageConfig(language);
+        if (!settings) continue;
+        const TAttributeView attributes[] = {{"Language", GetStringFromHdlLanguage(language)}};
+        document->Push(TElement::START, "LanguageSettings", {}, attributes);
+        settings->WriteToProjectFile(document, language, false, false, false);
+        Push(document, TElement::END, "LanguageSettings");
+    }
+    Push(document, TElement::END, kList);
+}
+
+// What comes behind the sources.
+void PushEnd(THdlBuildFile& build, TXMLList* document) {
+    build.WritePseudoEnvironmentVariables(document);
+    Push(document, TElement::END, "HdlBuildFile");
+}
+
+}  // namespace
+
+bool TBuildEdit::ReadToChange(TXMLReadError* error) {
+    File.TakeLock();
+    return Read(error);
+}
+
+bool TBuildEdit::Read(TXMLReadError* error) {
+    auto build = std::make_unique<TSimWrapHdlBuildFile>();
+    if (!File.Read(error) || !ReadBuildText(File.GetBytes(), File.GetFile(), build.get(), error))
+        return false;
+    Build = std::move(build);
+    SourcesBefore = TSourceLists(*Build, &Libraries);
+    RestBefore = PrintRest(*Build);
+    PushFront(*Build, &Base);
+    VariablesBefore = *Build->GetPseudoEnvironmentVariables();
+    return true;
+}
+
+std::string TBuildEdit::Make(THdlLanguage language, bool isLocked) {
+    TXMLReadError error;
+    if (isLocked) File.TakeLock();
+    (void)File.Read(&error);
+    if (File.WasThere()) return "the file exists already";
+    if (!error.Missing) return error.Reason;
+    IsNew = true;
+    Build = std::make_unique<TSimWrapHdlBuildFile>();
+    Build->SetBuildFileName(File.GetFile());
+    Build->SetTopLanguage(language);
+    Build->SetHvlLanguage(language);
+    Build->SetHdlLanguage(language);
+    Build->SetGeneralConfiguration(new TProjectSimGeneralConfig);
+    return "";
+}
+
+// The build's own element, up to the sources.
+void TBuildEdit::PushFront(THdlBuildFile& build, TXMLList* document) const {
+    document->SetFileName(File.GetFile()->Canonical(false));
+    PushStart(build, document);
+    build.WriteTopLevelComponentNames(document);
+    PushSimulators(build, document);
+    build.WriteGeneralSettings(document);
+    PushLanguageSettings(build, document);
+}
+
+// Translator options and all.
+std::string TBuildEdit::PrintRest(THdlBuildFile& build) const {
+    TXMLList document;
+    PushFront(build, &document);
+    build.WriteV2VOptions(&document);
+    PushEnd(build, &document);
+    std::string text;
+    document.WriteToText(&text, nullptr);
+    return text;
+}
+
+std::string TBuildEdit::PrintWhole(std::string* document) {
+    THdlBuildFileXMLList list(nullptr);
+    list.SetFileName(File.GetFile()->Canonical(false));
+    Build->WriteFile(&list);
+    std::string reason;
+    list.WriteToText(document, &reason);
+    return reason;
+}
+
+std::string TBuildEdit::FindEdits() {
+    SourcesAfter = TSourceLists(*Build, &Libraries);
+    SourceChanges.emplace(SourcesBefore, SourcesAfter);
+    const std::string rest = PrintRest(*Build);
+    Changed = IsNew || rest != RestBefore || !SourceChanges->GetChanges().empty();
+    if (!Changed) return "";
+    const auto isAsWanted = [&](const std::string& document) { return IsAsWanted(document, rest); };
+    if (IsNew) {
+        std::string document;
+        std::string reason = PrintWhole(&document);
+        if (!reason.empty()) return reason;
+        return isAsWanted(document) ? File.Make(document)
+                                    : "a reader would find something else in the build";
+    }
+    TXMLList wanted;
+    PushFront(*Build, &wanted);
+    SourceChanges->Push(File.GetFile(), Libraries, &Base, &wanted);
+    PushEnd(*Build, &wanted);
+    TPseudoVariables& variables = *Build->GetPseudoEnvironmentVariables();
+    variables.swap(VariablesBefore);
+    PushEnd(*Build, &Base);
+    variables.swap(VariablesBefore);
+    return File.Change(Base, wanted, MakeBuildFileRules(File.GetFile()), isAsWanted);
+}
+
+bool TBuildEdit::IsRead(const std::string& document, THdlBuildFile* build) const {
+    if (!ReadBuildText(document, File.GetFile(), build, nullptr)) return false;
+    const THdlBuildFileReadResults result = build->GetReadResult();
+    return build->HasBuildElement() && (result == READ_NO_ERROR || result == READ_FILES_MISSING);
+}
+
+bool TBuildEdit::IsAsWanted(const std::string& document, const std::string& rest) {
+    Found = std::make_unique<TSimWrapHdlBuildFile>();
+    if (!IsRead(document, Found.get())) return false;
+    if (TSourceLists(*Found, &Libraries) != SourcesAfter) return false;
+    const std::string found = PrintRest(*Found);
+    return found == rest || found == ReadRestOfSave();
+}
+
+// Some values, such as options of a simulator, read back as something else, whoever saves them.
+std::string TBuildEdit::ReadRestOfSave() {
+    TXMLList wanted;
+    PushFront(*Build, &wanted);
+    Build->WriteV2VOptions(&wanted);
+    PushEnd(*Build, &wanted);
+    std::string document;
+    TSimWrapHdlBuildFile build;
+    if (!wanted.WriteToText(&document, nullptr) || !IsRead(document, &build)) return {};
+    return PrintRest(build);
+}
