@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "cli/build/commands.h"
+#include "cli/change/commands.h"
 #include "cli/frame/commandline.h"
 #include "cli/scan/commands.h"
 #include "cli/servers/commands.h"
@@ -18,8 +19,8 @@ constexpr const char* kFooter =
 
 std::vector<TCommand> MakeCommands() {
     std::vector<TCommand> commands;
-    for (const auto make : {MakeBuildCommands, MakeScanCommands, MakeSettingsCommands,
-                            MakeServersCommands, MakeTranslatorCommands})
+    for (const auto make : {MakeBuildCommands, MakeChangeCommands, MakeScanCommands,
+                            MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
         for (TCommand& command : make()) commands.push_back(std::move(command));
     return commands;
 }

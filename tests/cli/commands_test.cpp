@@ -21,6 +21,8 @@ const std::map<std::string, TLine>& CommandLines() {
         {"order", {"order", "b.xml"}},
         {"options", {"options", "b.xml"}},
         {"command-file", {"command-file", "b.xml"}},
+        {"new", {"new", "n.xml"}},
+        {"add", {"add", "b.xml", "a.vhd"}},
         {"scan", {"scan", "d.xml"}},
         {"settings list", {"settings", "p.hpj", "list"}},
         {"settings show", {"settings", "p.hpj", "show"}},
@@ -183,6 +185,8 @@ TEST(CommandTable, ADryRunSaysTheSameAndChangesNothing) {
         }
     });
     EXPECT_EQ(changing,
+              "new\n"
+              "add\n"
               "scan\n"
               "settings current\n"
               "settings copy\n"
