@@ -84,3 +84,26 @@ TEST(ScannedOrder, IsNeededByTheDesign) {
     const WorkingFolder folder;
     EXPECT_NE(Analyse(WriteShuffled(folder, 1)), "");
 }
+
+// The library IEEE of VHDL-2008 as Debian ships it with GHDL, in sources.
+TEST(ScannedOrder, CompilesTheSourcesOfAStandardLibrary) {
+    const std::filesystem::path sources = "/usr/lib/ghdl/src/ieee2008";
+    if (!IsInstalled("ghdl") || !std::filesystem::exists(sources))
+        GTEST_SKIP() << "ghdl is not installed with its sources";
+    std::vector<std::string> paths;
+    for (const auto& entry : std::filesystem::directory_iterator(sources))
+        paths.push_back(entry.path().string());
+    std::sort(paths.begin(), paths.end());
+    std::shuffle(paths.begin(), paths.end(), std::mt19937(1));
+    const WorkingFolder folder;
+    std::string listed, order;
+    for (const std::string& path : paths) {
+        listed += SourceText(path, {}, "PrecompiledLibrary=\"ieee\"");
+        order += "ieee\t" + path + "\n";
+    }
+    folder.Write("b.xml", BuildText("<SourceFileGroup Language=\"VHDL\">\n" + listed +
+                                    "</SourceFileGroup>\n"));
+    EXPECT_NE(Analyse(order), "");
+    EXPECT_EQ(RunHdlbuild({"scan", "b.xml"}).Status, kExitDone);
+    EXPECT_EQ(Analyse(RunHdlbuild({"order", "b.xml", "--tsv", "--absolute"}).Out), "");
+}
