@@ -64,6 +64,7 @@
 #include "services/names/environment.h"
 #include "services/names/ifilename.h"
 #include "services/names/isfilename.h"
+#include "services/names/recordedstatus.h"
 #include "services/names/utilfilename.h"
 #include "services/xml/documentedit.h"
 #include "services/xml/documentlines.h"

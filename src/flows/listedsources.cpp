@@ -4,6 +4,7 @@
 #include "services/base/progress.h"
 #include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
+#include "services/names/recordedstatus.h"
 
 std::vector<TListedSource> ListSources(const THdlBuildFile& build) {
     std::vector<TListedSource> sources;
@@ -27,7 +28,10 @@ std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build) {
     // Few for a report: a disk may be slow.
     TProgress progress(PROGRESS_CHECK_SOURCES, sources.size(), 16);
     for (const TListedSource& source : sources) {
-        if (!source.File->GetFileName()->Exists()) missing.push_back(source);
+        // The read has asked the disk already.
+        const auto status = FindStatusWhenLoaded(source.File->GetFileName(), kDefaultTimeStampKey);
+        if (!(status ? status->Exists : source.File->GetFileName()->Exists()))
+            missing.push_back(source);
         progress.Advance();
     }
     return missing;

@@ -15,5 +15,6 @@ std::vector<TListedSource> ListSources(const THdlBuildFile& build);
 /// destination library, else "work".
 std::string LibraryOfSource(const IHdlSourceFile& source, const THdlBuildFile& build);
 
-/// Those that do not exist. Looks at the disk only when the read met missing files or broke off.
+/// Those that did not exist when the build was read. Looks at the disk only for what a read that
+/// broke off has not looked for.
 std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build);

@@ -42,6 +42,8 @@ TEST(ListedSources, TellThoseThatAreMissing) {
     EXPECT_EQ(Texts(ListMissingSources(build)), "Verilog v\nVHDL a\n");
     folder.Write("a.vhd", "");
     folder.Write("v.v", "");
+    // The disk is not asked again.
+    EXPECT_EQ(Texts(ListMissingSources(build)), "Verilog v\nVHDL a\n");
     const THdlBuildFile complete(ISFileName::NewISFileName(file.c_str()));
     EXPECT_EQ(Texts(ListMissingSources(complete)), "");
 }

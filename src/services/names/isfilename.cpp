@@ -4,6 +4,7 @@
 #include "services/base/sharedparts.h"
 #include "services/logging/binarylog.h"
 #include "services/names/filenamequeries.h"
+#include "services/names/recordedstatus.h"
 #include "services/names/timestamps.h"
 #include <algorithm>
 #include <atomic>
@@ -35,6 +36,9 @@ public:
         GetStamps().Record(TFileStamps::LOADED, KeyText(key), status);
         TellObservers();
         return status.Exists;
+    }
+    std::optional<TFileStatus> FindLoaded(const char* key) const {
+        return GetStamps().Find(TFileStamps::LOADED, KeyText(key));
     }
 
     void Release() const override {}
@@ -311,4 +315,9 @@ bool MarkLoadedAndTestExists(const ISFileName* file, const char* key) {
     // A caller's own class keeps its record itself.
     file->UpdateTimeFileLastLoaded(key);
     return file->Exists();
+}
+
+std::optional<TFileStatus> FindStatusWhenLoaded(const ISFileName* file, const char* key) {
+    const TSharedFileName* handle = SharedHandleOf(file);
+    return handle ? handle->FindLoaded(key) : std::nullopt;
 }

@@ -4,18 +4,20 @@
 #include <cstring>
 #include <mutex>
 
-/// Small, as every file of a build has one: what TFileStatus compares, and no more.
+/// Small, as every file of a build has one: what TFileStatus compares, and whether it is a folder.
 struct TFileStamps::TStamp {
     TStamp* Next;
     const char* Key;  // one text per distinct key; null: whatever key
     std::int64_t Time;
     std::int64_t Size;
     bool Exists;
+    bool IsDirectory;
     TKind Kind;
 
     TFileStatus GetStatus() const {
         TFileStatus status;
         status.Exists = Exists;
+        status.IsDirectory = IsDirectory;
         status.Time = Time;
         status.Size = Size;
         return status;
@@ -63,9 +65,11 @@ TFileStamps::TStamp* TFileStamps::FindStamp(TKind kind, const char* key) const {
 void TFileStamps::Set(TKind kind, const char* key, const TFileStatus& status) {
     TStamp* stamp = FindStamp(kind, key);
     if (!stamp) {
-        stamp = First = new TStamp{First, key ? KeptPathText(key) : nullptr, 0, 0, false, kind};
+        stamp = First =
+            new TStamp{First, key ? KeptPathText(key) : nullptr, 0, 0, false, false, kind};
     }
     stamp->Time = status.Time;
     stamp->Size = status.Size;
     stamp->Exists = status.Exists;
+    stamp->IsDirectory = status.IsDirectory;
 }

@@ -14,7 +14,8 @@ public:
     TFileStamps(const TFileStamps&) = delete;
     TFileStamps& operator=(const TFileStamps&) = delete;
 
-    /// What was recorded last under `key`, not null; nothing without a record.
+    /// What was recorded last under `key`, not null; nothing without a record. IsUnknown is not
+    /// kept.
     std::optional<TFileStatus> Find(TKind kind, const char* key) const;
     /// What was recorded last as compiled, under whatever key.
     std::optional<TFileStatus> FindLastCompiled() const;

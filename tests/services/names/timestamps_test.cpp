@@ -1,6 +1,7 @@
 #include "services/names/timestamps.h"
 #include "services/files/filestatus.h"
 #include "services/names/isfilename.h"
+#include "services/names/recordedstatus.h"
 #include "tests/services/names/hostform.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
@@ -306,3 +307,24 @@ TEST(FileStamps, GiveBackWhatTellsAFileFromItsLaterSelf) {
 }
 
 }  // namespace
+
+TEST(FindStatusWhenLoaded, TellsWhatWasThereWithoutALook) {
+    TimedFile file;
+    const ISFileName* folder = ISFileName::NewISFileName(file.Folder.Path().c_str());
+    EXPECT_EQ(FindStatusWhenLoaded(file.Name, "key"), std::nullopt);
+    file.Name->UpdateTimeFileLastLoaded("key");
+    folder->UpdateTimeFileLastLoaded("key");
+    file.Remove();
+    const std::uint64_t before = CountOfFileLooks();
+    const auto status = FindStatusWhenLoaded(file.Name, "key");
+    ASSERT_TRUE(status);
+    EXPECT_TRUE(status->Exists);
+    EXPECT_FALSE(status->IsDirectory);
+    EXPECT_EQ(status->Size, 9);
+    EXPECT_TRUE(FindStatusWhenLoaded(folder, "key").value_or(TFileStatus()).IsDirectory);
+    EXPECT_EQ(FindStatusWhenLoaded(file.Name, "other"), std::nullopt);
+    EXPECT_EQ(FindStatusWhenLoaded(nullptr, "key"), std::nullopt);
+    EXPECT_EQ(CountOfFileLooks() - before, 0u);
+    file.Name->UpdateTimeFileLastLoaded("key");
+    EXPECT_FALSE(FindStatusWhenLoaded(file.Name, "key").value_or(*status).Exists);
+}
