@@ -23,6 +23,21 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
         {DIAGNOSTIC_READ_RESULT, "unreadable-section", SEVERITY_ERROR, "read result {1}: {2}",
          "Mend what the read result names. Sections behind one that cannot be read may be missing "
          "from the build, so do not save it before."},
+        {DIAGNOSTIC_UNKNOWN_ELEMENT, "unknown-element", SEVERITY_WARNING, "unknown element {1}",
+         "Take the element out, or correct its name. Readers pass over it, and a save drops it."},
+        {DIAGNOSTIC_MISSPELT_ELEMENT, "misspelt-element", SEVERITY_ERROR,
+         "unknown element {1}: {2} misspelt?",
+         "Correct the name; case matters. What such an element holds is not read."},
+        {DIAGNOSTIC_ELEMENT_ENDS_SECTION, "element-ends-section", SEVERITY_ERROR,
+         "unknown element {1} in {2}: what follows it in the section is not read",
+         "Take the element out. Readers of this section stop at the first element that they do not "
+         "know."},
+        {DIAGNOSTIC_UNKNOWN_ATTRIBUTE, "unknown-attribute", SEVERITY_WARNING,
+         "unknown attribute {1} of {2}",
+         "Take the attribute out, or correct its name; case matters. Readers pass over it, and a "
+         "save drops it."},
+        {DIAGNOSTIC_MISPLACED_ELEMENT, "misplaced-element", SEVERITY_ERROR,
+         "{1} outside of {2}: it is not read", "Move the element to where it belongs."},
         {DIAGNOSTIC_MISSING_FILE, "missing-file", SEVERITY_ERROR, "missing file: {1} ({2})",
          "Restore or generate the file, correct its path, which is relative to the folder of the "
          "build file, or take its SourceFile element out."},
@@ -33,8 +48,38 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
         {DIAGNOSTIC_SPELLINGS, "spellings", SEVERITY_ERROR, "{1} spellings: {2}",
          "Spell the path everywhere as its SourceFile element does. Where the file system "
          "distinguishes case, one of the files does not exist."},
+        {DIAGNOSTIC_FOLDER, "folder-as-source", SEVERITY_ERROR, "not a file but a folder: {1}",
+         "List the files of the folder one by one."},
+        {DIAGNOSTIC_SOURCE_IN_LIBRARIES, "source-in-libraries", SEVERITY_ERROR,
+         "in {1} libraries: {2} ({3})",
+         "Keep one SourceFile element of the source. The build holds a path once; to compile the "
+         "text into several libraries, list copies of the file."},
         {DIAGNOSTIC_CYCLE, "dependency-cycle", SEVERITY_ERROR, "dependency cycle of {1}: {2}",
          "Take out one Dependency of the cycle. With a cycle no order is a compile order."},
+        {DIAGNOSTIC_MISSING_DEPENDENCY, "missing-dependency", SEVERITY_ERROR,
+         "dependency that does not exist: {1} of {2}",
+         "Restore or generate the file, correct the path of the Dependency element, or take it "
+         "out. The compile order has the file in it."},
+        {DIAGNOSTIC_UNLISTED_DEPENDENCY, "unlisted-dependency", SEVERITY_WARNING,
+         "dependency that no group lists: {1} of {2}",
+         "List the file as a SourceFile with its library. The compile order has it in the "
+         "destination library of the build."},
+        {DIAGNOSTIC_UNKNOWN_LANGUAGE, "unknown-language", SEVERITY_ERROR,
+         "unknown language \"{1}\"",
+         "Name a language as docs/build-file.md lists them. An unknown one counts as None."},
+        {DIAGNOSTIC_UNKNOWN_SIMULATOR, "unknown-simulator", SEVERITY_ERROR,
+         "unknown simulator \"{1}\"",
+         "Name a simulator as `hdlbuild simulators` lists them. An unknown one counts as none."},
+        {DIAGNOSTIC_UNKNOWN_TIME_UNIT, "unknown-time-unit", SEVERITY_WARNING,
+         "unknown time unit \"{1}\"",
+         "Use fs, ps, ns, us, ms or s. Instead of an unknown unit the default is taken."},
+        {DIAGNOSTIC_SETTINGS_WITHOUT_LANGUAGE, "settings-without-language", SEVERITY_ERROR,
+         "LanguageSettings without a language: they and all sections behind them are not read",
+         "Give the element its Language attribute."},
+        {DIAGNOSTIC_UNREADABLE_LIST, "unreadable-list", SEVERITY_ERROR,
+         "{1} is no list of {2} elements: the {3} settings are not read from there on",
+         "Give the list at least one entry and nothing but entries, each with a text, or take it "
+         "out."},
         {DIAGNOSTIC_UNREAD_SOURCE, "unread-source", SEVERITY_ERROR, "{1}: not scanned: {2}",
          "Make the file readable, or take its SourceFile element out. What it records and what it "
          "holds is not known."},

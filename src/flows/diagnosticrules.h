@@ -1,4 +1,5 @@
 #pragma once
+#include "services/xml/xmllist.h"
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,10 +10,24 @@ enum TDiagnosticSeverity : int { SEVERITY_NOTE, SEVERITY_WARNING, SEVERITY_ERROR
 enum TDiagnosticCode : int {
     DIAGNOSTIC_NO_BUILD = 101,
     DIAGNOSTIC_READ_RESULT = 102,
+    DIAGNOSTIC_UNKNOWN_ELEMENT = 103,
+    DIAGNOSTIC_MISSPELT_ELEMENT = 104,
+    DIAGNOSTIC_ELEMENT_ENDS_SECTION = 105,
+    DIAGNOSTIC_UNKNOWN_ATTRIBUTE = 106,
+    DIAGNOSTIC_MISPLACED_ELEMENT = 107,
     DIAGNOSTIC_MISSING_FILE = 201,
     DIAGNOSTIC_REPEATED_SOURCE = 202,
     DIAGNOSTIC_SPELLINGS = 203,
+    DIAGNOSTIC_FOLDER = 204,
+    DIAGNOSTIC_SOURCE_IN_LIBRARIES = 205,
     DIAGNOSTIC_CYCLE = 301,
+    DIAGNOSTIC_MISSING_DEPENDENCY = 302,
+    DIAGNOSTIC_UNLISTED_DEPENDENCY = 303,
+    DIAGNOSTIC_UNKNOWN_LANGUAGE = 401,
+    DIAGNOSTIC_UNKNOWN_SIMULATOR = 402,
+    DIAGNOSTIC_UNKNOWN_TIME_UNIT = 403,
+    DIAGNOSTIC_SETTINGS_WITHOUT_LANGUAGE = 404,
+    DIAGNOSTIC_UNREADABLE_LIST = 405,
     DIAGNOSTIC_UNREAD_SOURCE = 501,
     DIAGNOSTIC_REPEATED_UNIT = 502,
     DIAGNOSTIC_MISSING_UNIT = 503,
@@ -39,6 +54,7 @@ struct TDiagnostic {
     TDiagnosticCode Code;
     std::vector<std::string> Names;         ///< for the places in the text, as users see them
     std::vector<std::string> Details = {};  ///< names that need a line of their own
+    std::uint32_t Place = kNoXMLPlace;      ///< of its element in the build file, if it has one
 };
 
 /// All rows, in ascending order of their codes. Static.

@@ -1,13 +1,19 @@
 #pragma once
+#include "flows/diagnosticrules.h"
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 class ISFileName;
+class TSourceMentions;
 
 /// One mention of a source in a build file.
 struct TSourceMention {
     std::string Language;  ///< of its group, as the file says it
+    std::string Library;   ///< as the file says it; "": the destination library of the build
     std::string Path;      ///< canonical
+    std::uint32_t Place;   ///< of the element in the document
 };
 
 /// A source that a build file lists more than once; paths are equal ignoring case.
@@ -19,6 +25,7 @@ struct TRepeatedSource {
 struct TSpelling {
     std::string Path;       ///< canonical
     std::string Dependent;  ///< the first source with such a dependency; "" for a listed source
+    std::uint32_t Place;    ///< of the first element with it
 };
 
 /// A source that dependencies spell in another case than its entry, or than each other. Where case
@@ -27,12 +34,36 @@ struct TSpelledSource {
     std::vector<TSpelling> Spellings;  ///< at least two; the listed ones first
 };
 
+/// A file that no group lists, but that a source depends on.
+struct TUnlistedDependency {
+    std::string Path;       ///< canonical
+    std::string Dependent;  ///< the first source with that dependency; "" without a name
+    bool Exists;
+    std::uint32_t Place;  ///< of that dependency
+};
+
+/// A folder in the place of a source or a dependency.
+struct TFolderAsSource {
+    std::string Path;  ///< canonical
+    std::uint32_t Place;
+};
+
 /// What the document of a build file shows, but not the build read from it.
 struct TDocumentFindings {
+    std::string Text;                ///< of the document
+    std::vector<TDiagnostic> Words;  ///< of TDocumentWords
     /// Of a repeated name, the build keeps but one.
     std::vector<TRepeatedSource> Repeated;
     std::vector<TSpelledSource> Spelled;
+    std::vector<TUnlistedDependency> Unlisted;
+    std::vector<TFolderAsSource> Folders;
+    std::shared_ptr<const TSourceMentions> Mentions;  ///< null for a file that cannot be read
+
+    /// Where the file is listed first, in whatever case; kNoXMLPlace for one that is not.
+    std::uint32_t FindPlace(const ISFileName* file) const;
 };
 
-/// Reads the document once more. Without findings when the file cannot be read.
+/// Reads the document once more. Asks the disk once for each file that is a dependency alone, and
+/// for each listed source that no read of the build has looked at before. Without findings when the
+/// file cannot be read.
 TDocumentFindings CheckDocument(const ISFileName* buildFile);

@@ -51,9 +51,11 @@ TEST_F(FlowProgress, OfCyclesCountsTheSourcesTwice) {
               "check sources ended\n");
 }
 
-// Six elements for a source, two for the build and two for the group.
+// Six elements for a source, two for the build and two for the group. The read has met all files
+// but the last dependency, which is too little to be told.
 TEST_F(FlowProgress, OfADocumentCountsElementsAndNames) {
     const ISFileName* file = Write(1030);
+    const THdlBuildFile build(file);
     RecordingProgress observer;
     EXPECT_TRUE(CheckDocument(file).Repeated.empty());
     EXPECT_EQ(observer.Take(),
@@ -62,4 +64,14 @@ TEST_F(FlowProgress, OfADocumentCountsElementsAndNames) {
               "check elements 6144/6184\ncheck elements 6184/6184\ncheck elements ended\n"
               "check names 0/2060\ncheck names 1024/2060\ncheck names 2048/2060\n"
               "check names 2060/2060\ncheck names ended\n");
+}
+
+// Each of the sources and the last dependency, when no read has met them.
+TEST_F(FlowProgress, OfADocumentCountsFewFilesAtATime) {
+    const ISFileName* file = Write(40);
+    RecordingProgress observer;
+    EXPECT_EQ(CheckDocument(file).Unlisted.size(), 1u);
+    EXPECT_EQ(observer.Take(),
+              "check sources 0/41\ncheck sources 16/41\ncheck sources 32/41\n"
+              "check sources 41/41\ncheck sources ended\n");
 }

@@ -129,7 +129,7 @@ TDiagnostic DiagnoseSpelled(const TSpelledSource& source, const TCheckedBuild& c
 
 TJson SpelledAsJson(const TSpelledSource& source, const TCheckedBuild& checked) {
     TJson spellings = TJson::Array();
-    for (const auto& [path, dependent] : source.Spellings) {
+    for (const auto& [path, dependent, place] : source.Spellings) {
         const bool isListed = dependent.empty();
         spellings.Add({{"path", PathText(path.c_str(), checked.Paths)},
                        {"dependencyOf",

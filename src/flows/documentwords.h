@@ -1,0 +1,45 @@
+#pragma once
+#include "flows/diagnosticrules.h"
+#include "flows/knownelements.h"
+#include "services/xml/xmllist.h"
+#include <set>
+
+/// Meets the elements of a build file one after the other, in document order, and finds the words
+/// that no reader knows: elements, attributes, languages, simulators and time units, and settings
+/// that cannot be read. What is repeated is found once, at its first place; settings each time.
+class TDocumentWords {
+public:
+    /// `place` is that of the element in the document.
+    void Meet(const TElement& element, std::uint32_t place);
+    /// In the order in which they were met: a list at its end.
+    const std::vector<TDiagnostic>& GetDiagnostics() const { return Diagnostics; }
+
+private:
+    struct TOpen {
+        const TKnownElement* Known;  // null for an unknown element
+        std::uint32_t Place;
+        bool HasEntry = false;  // a list's
+        bool IsBroken = false;  // holds what a reader of lists stops at
+    };
+
+    void Open(const TElement& start, std::uint32_t place);
+    void Close();
+    const TKnownElement* FindKnown(std::string_view name);
+    void MeetInList(const TKnownElement* known);
+    void MeetUnknown(const std::string& name, std::uint32_t place);
+    void MeetText(const TElement& text, std::uint32_t place);
+    void CheckAttributes(const TKnownElement& known, const TElement& start, std::uint32_t place);
+    void CheckWord(TWordKind kind, const char* text, std::uint32_t place);
+    void AddOnce(TDiagnosticCode code, std::vector<std::string> names, std::uint32_t place);
+    void Add(TDiagnosticCode code, std::vector<std::string> names, std::uint32_t place) {
+        Diagnostics.push_back({code, std::move(names), {}, place});
+    }
+
+    std::vector<TOpen> Stack;
+    // What was met last in each known element: mostly the same again.
+    std::vector<const TKnownElement*> LastIn =
+        std::vector<const TKnownElement*>(GetKnownElements().size());
+    std::string Language;  // of the settings met last
+    std::set<std::pair<TDiagnosticCode, std::vector<std::string>>> Told;
+    std::vector<TDiagnostic> Diagnostics;
+};
