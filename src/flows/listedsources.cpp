@@ -15,10 +15,8 @@ std::vector<TListedSource> ListSources(const THdlBuildFile& build) {
 }
 
 std::string LibraryOfSource(const IHdlSourceFile& source, const THdlBuildFile& build) {
-    std::string library = source.GetPrecompiledLibraryGroupName();
-    if (!library.empty()) return library;
-    library = build.GetDestinationLibrary();
-    return library.empty() ? "work" : library;
+    const std::string library = source.GetPrecompiledLibraryGroupName();
+    return library.empty() ? GetDestinationLibraryName(build) : library;
 }
 
 std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build) {
@@ -35,4 +33,9 @@ std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build) {
         progress.Advance();
     }
     return missing;
+}
+
+std::string GetDestinationLibraryName(const THdlBuildFile& build) {
+    const std::string library = build.GetDestinationLibrary();
+    return library.empty() ? "work" : library;
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include "buildfile/hdlbuildfile.h"
+#include <string>
 #include <vector>
 
 /// One source as the build file lists it.
@@ -18,3 +19,7 @@ std::string LibraryOfSource(const IHdlSourceFile& source, const THdlBuildFile& b
 /// Those that did not exist when the build was read. Looks at the disk only for what a read that
 /// broke off has not looked for.
 std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build);
+
+/// The library that sources without one of their own are compiled into: "work" for a build that
+/// names none.
+std::string GetDestinationLibraryName(const THdlBuildFile& build);

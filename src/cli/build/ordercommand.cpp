@@ -4,11 +4,15 @@
 #include "cli/frame/json.h"
 #include "cli/frame/languagenames.h"
 #include "flows/dependencycycles.h"
+#include "flows/diagnosticrules.h"
 #include "flows/listedsources.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include <algorithm>
 
 namespace {
+
+constexpr std::size_t kMissingNamed = 10;
 
 /// A source in its place of the order.
 struct TOrderedSource {
@@ -54,6 +58,22 @@ constexpr TOrderFormat kFormats[] = {
     {"--tsv", "Print library, tabulator, path", PrintLibrariesAndPaths},
 };
 
+/// Names the sources that are not there, and points to what tells more.
+void ReportMissing(const THdlBuildFile& build, const TBuildArguments& arguments,
+                   const TToolStreams& streams) {
+    const std::vector<TListedSource> missing = ListMissingSources(build);
+    if (missing.empty()) return;
+    const std::size_t named = std::min(missing.size(), kMissingNamed);
+    for (std::size_t i = 0; i < named; ++i)
+        ReportError(streams,
+                    GetDiagnosticText({DIAGNOSTIC_MISSING_FILE,
+                                       {PathText(missing[i].File->GetFileName(), arguments.Paths),
+                                        GetStringFromHdlLanguage(missing[i].Group)}}));
+    const std::size_t rest = missing.size() - named;
+    ReportError(streams, (rest ? "and " + std::to_string(rest) + " more; " : "") +
+                             "'hdlbuild check' shows everything");
+}
+
 }  // namespace
 
 std::vector<TArgument> OrderFormatArguments(TBuildArguments& arguments) {
@@ -72,6 +92,7 @@ int RunOrder(const TBuildArguments& arguments, const TToolStreams& streams) {
     const int status = LoadBuild(arguments.Build, streams, &build);
     if (status == kExitFile) return status;
     ReportReadResult(build, streams);
+    ReportMissing(build, arguments, streams);
     build.OrderFilesForCompile(language);
     const TIHdlSourceFileList& files = *build.GetFilesToCompile(language);
     // It may take long: nothing is printed before.

@@ -139,7 +139,26 @@ TEST(OrderCommand, PrintsTheOrderOfABuildWithMissingFilesAndReportsIt) {
     const TToolRun run = RunHdlbuild({"order", "build.xml"});
     EXPECT_EQ(run.Status, kExitProblems);
     EXPECT_EQ(run.Out, "gone.vhd\n");
-    EXPECT_EQ(run.Err, "hdlbuild: error: Build File: Missing file(s) on load.\n");
+    EXPECT_EQ(run.Err,
+              "hdlbuild: error: Build File: Missing file(s) on load.\n"
+              "hdlbuild: error: missing file: gone.vhd (VHDL)\n"
+              "hdlbuild: error: 'hdlbuild check' shows everything\n");
+}
+
+TEST(OrderCommand, NamesTenMissingFiles) {
+    const WorkingFolder folder;
+    std::string sources;
+    std::string named;
+    for (int i = 10; i < 22; ++i) {
+        sources += SourceText(std::to_string(i) + ".vhd");
+        if (i < 20)
+            named += "hdlbuild: error: missing file: " + std::to_string(i) + ".vhd (VHDL)\n";
+    }
+    folder.Write("build.xml", BuildText("<SourceFileGroup Language=\"VHDL\">\n" + sources +
+                                        "</SourceFileGroup>\n"));
+    EXPECT_EQ(RunHdlbuild({"order", "build.xml"}).Err,
+              "hdlbuild: error: Build File: Missing file(s) on load.\n" + named +
+                  "hdlbuild: error: and 2 more; 'hdlbuild check' shows everything\n");
 }
 
 TEST(OrderCommand, RefusesAnUnknownLanguage) {
