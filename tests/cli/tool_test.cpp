@@ -219,7 +219,7 @@ TEST(Tool, ReportsAMalformedBuildFileWithItsPlace) {
     folder.Write("bad.xml",
                  "<!DOCTYPE HdlBuildFileList SYSTEM \"x\">\n<HdlBuildFileList>\n  <A></B>\n");
     for (const char* command : {"show", "check", "order", "options", "command-file"}) {
-        const TToolRun run = RunHdlbuild({command, "--json", "bad.xml"});
+        const TToolRun run = RunHdlbuild({command, "bad.xml"});
         EXPECT_EQ(run.Status, kExitFile) << command;
         EXPECT_EQ(run.Out, "") << command;
         EXPECT_EQ(
@@ -227,6 +227,41 @@ TEST(Tool, ReportsAMalformedBuildFileWithItsPlace) {
             "hdlbuild: error: bad.xml:3:8: mismatched tag: element \"A\" of line 3 is still open\n")
             << command;
     }
+}
+
+TEST(Tool, PrintsAFailureAsJsonOnRequest) {
+    const WorkingFolder folder;
+    const auto failure = [](int status, const std::string& error) {
+        return "{\n  \"format\": \"hdlbuild-failure\",\n  \"version\": 1,\n  \"status\": " +
+               std::to_string(status) + ",\n  \"errors\": [\n    \"" + error + "\"\n  ]\n}\n";
+    };
+    const struct {
+        std::vector<std::string> Arguments;
+        int Status;
+        std::string Error;
+    } rows[] = {
+        {{"show", "--json", "no.xml"}, kExitFile, "no.xml: the file does not exist"},
+        {{"check", "no.xml", "--json"}, kExitFile, "no.xml: the file does not exist"},
+        {{"order", "--json", "no.xml"}, kExitFile, "no.xml: the file does not exist"},
+        {{"options", "--json", "no.xml"}, kExitFile, "no.xml: the file does not exist"},
+        {{"command-file", "--json", "no.xml"}, kExitFile, "no.xml: the file does not exist"},
+        {{"settings", "no.hpj", "list", "--json"}, kExitFile, "no.hpj: the file does not exist"},
+        {{"order", "--json", "--language", "Ada", "bad.xml"},
+         kExitUsage,
+         "unknown language 'Ada'; known: Verilog, VHDL, Bluespec, SystemC, C++, Specman, "
+         "TestBuilder"},
+        {{"show", "--json"}, kExitUsage, "BUILD is required"},
+    };
+    for (const auto& row : rows) {
+        const TToolRun run = RunHdlbuild(row.Arguments);
+        EXPECT_EQ(run.Status, row.Status) << row.Error;
+        EXPECT_EQ(run.Out, failure(row.Status, row.Error));
+        EXPECT_EQ(run.Err, row.Status == kExitFile || row.Arguments[0] == "order"
+                               ? "hdlbuild: error: " + row.Error + "\n"
+                               : row.Error + "\nRun with --help for more information.\n");
+    }
+    // Behind the mark it is a word.
+    EXPECT_EQ(RunHdlbuild({"show", "--", "--json", "x"}).Out, "");
 }
 
 TEST(Tool, ColorsOnlyTheLabelOfAnError) {

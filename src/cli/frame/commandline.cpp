@@ -1,4 +1,5 @@
 #include "cli/frame/commandline.h"
+#include "cli/frame/json.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/progressline.h"
 #include "cli/frame/texts.h"
@@ -142,6 +143,16 @@ int Finish(int status, const TToolStreams& streams) {
 }
 
 constexpr const char* kWordsMark = "--";
+constexpr const char* kJsonOption = "--json";
+
+/// Whether the option was given to a command, or to the one that it is a verb of.
+bool IsJsonGiven(const CLI::App* command) {
+    for (; command; command = command->get_parent()) {
+        const CLI::Option* const option = command->get_option_no_throw(kJsonOption);
+        if (option && option->count() > 0) return true;
+    }
+    return false;
+}
 
 /// The tree of commands, and what a parse found.
 class TCommandLine {
@@ -165,11 +176,13 @@ public:
         // A former parse that failed may have set some of them.
         for (const auto& reset : Resets) reset();
         IsQuiet = false;
+        IsJson = false;
         HelpedCommand.clear();
         // CLI11 takes the arguments from the back.
         App.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
         const auto [command, sub] = FindGiven(App, Tool.Commands);
         Command = command;
+        IsJson = IsJsonGiven(sub);
         if (!command || !command->Words.Values) return;
         std::vector<std::string> words = sub->remaining();
         const auto mark = std::find(words.begin(), words.end(), kWordsMark);
@@ -196,13 +209,26 @@ public:
         if (Help->parsed()) return PrintHelp(streams);
         TToolStreams shown = streams;
         if (IsQuiet) shown.Progress = nullptr;
+        TJsonOutcome outcome{IsJson};
+        shown.Outcome = &outcome;
         const TProgressShown progress(shown.Progress);
-        return Finish(Command ? Command->Run(shown) : kExitUsage, streams);
+        const int status = Command ? Command->Run(shown) : kExitUsage;
+        if (status != kExitDone) PrintFailureAsJson(status, shown);
+        return Finish(status, streams);
     }
 
-    int Report(const CLI::ParseError& error, const TToolStreams& streams) const {
-        const int status = App.exit(error, streams.Out, streams.Err);
-        return status == 0 ? Finish(kExitDone, streams) : kExitUsage;
+    /// `arguments` are those that could not be parsed.
+    int Report(const CLI::ParseError& error, const std::vector<std::string>& arguments,
+               const TToolStreams& streams) const {
+        if (App.exit(error, streams.Out, streams.Err) == 0) return Finish(kExitDone, streams);
+        const auto mark = std::find(arguments.begin(), arguments.end(), kWordsMark);
+        TJsonOutcome outcome{std::find(arguments.begin(), mark, kJsonOption) != mark,
+                             false,
+                             {ComplaintOf(App, error)}};
+        TToolStreams shown = streams;
+        shown.Outcome = &outcome;
+        PrintFailureAsJson(kExitUsage, shown);
+        return Finish(kExitUsage, streams);
     }
 
 private:
@@ -263,6 +289,7 @@ private:
     CLI::App* Help = nullptr;
     std::vector<std::string> HelpedCommand;  // its words
     bool IsQuiet = false;
+    bool IsJson = false;
 };
 
 }  // namespace
@@ -274,7 +301,7 @@ int RunCommandLine(const TTool& tool, const std::vector<std::string>& arguments,
     try {
         line.Parse(arguments);
     } catch (const CLI::ParseError& error) {
-        return line.Report(error, streams);
+        return line.Report(error, arguments, streams);
     }
     return line.Run(streams);
 }

@@ -18,6 +18,7 @@ void ReportLabelled(const TToolStreams& streams, const char* label, const char* 
 
 void ReportError(const TToolStreams& streams, const std::string& message) {
     ReportLabelled(streams, "error", "\033[1;31m", message);
+    if (streams.Outcome) streams.Outcome->Errors.push_back(message);
 }
 
 void ReportWarning(const TToolStreams& streams, const std::string& message) {

@@ -1,6 +1,7 @@
 #pragma once
 #include <ostream>
 #include <string>
+#include <vector>
 
 class TProgressLine;
 
@@ -10,6 +11,13 @@ inline constexpr int kExitProblems = 1;  // files missing, a cycle, a section th
 inline constexpr int kExitUsage = 2;
 inline constexpr int kExitFile = 3;  // a file cannot be read or written
 
+/// What a command that was asked for JSON has printed so far.
+struct TJsonOutcome {
+    bool IsWanted = false;
+    bool HasResult = false;
+    std::vector<std::string> Errors = {};
+};
+
 /// Where a command writes: results to Out, everything else to Err.
 struct TToolStreams {
     std::ostream& Out;
@@ -17,6 +25,8 @@ struct TToolStreams {
     bool ColorErrors = false;  ///< whether Err is a terminal that takes colours
     /// Shows on Err how far long work has come; null: nothing does.
     TProgressLine* Progress = nullptr;
+    /// Is told what ReportError and PrintJson print; null: nothing is.
+    TJsonOutcome* Outcome = nullptr;
 };
 
 /// Writes "hdlbuild: error: " and the message to Err.

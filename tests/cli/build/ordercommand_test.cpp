@@ -113,7 +113,9 @@ TEST(OrderCommand, PrintsOneFormatOnly) {
     for (const auto& [first, second] : {std::pair{"--json", "--tsv"}, {"--tsv", "--json"}}) {
         const TToolRun run = RunHdlbuild({"order", "build.xml", first, second});
         EXPECT_EQ(run.Status, kExitUsage);
-        EXPECT_EQ(run.Out, "");
+        EXPECT_EQ(run.Out,
+                  "{\n  \"format\": \"hdlbuild-failure\",\n  \"version\": 1,\n  \"status\": 2,\n"
+                  "  \"errors\": [\n    \"--json excludes --tsv\"\n  ]\n}\n");
         EXPECT_EQ(run.Err, "--json excludes --tsv\nRun with --help for more information.\n");
     }
 }

@@ -62,9 +62,10 @@ TEST(NewCommand, TellsWhatItMadeAsJson) {
 TEST(NewCommand, OverwritesNothing) {
     const WorkingFolder folder;
     folder.Write("b.xml", "mine");
+    EXPECT_EQ(ResultOf({"new", "b.xml"}), "3\nhdlbuild: error: b.xml: the file exists already\n");
     for (const char* option : {"--json", "--dry-run"})
-        EXPECT_EQ(ResultOf({"new", "b.xml", option}),
-                  "3\nhdlbuild: error: b.xml: the file exists already\n");
+        EXPECT_EQ(RunHdlbuild({"new", "b.xml", option}).Err,
+                  "hdlbuild: error: b.xml: the file exists already\n");
     EXPECT_EQ(folder.Read("b.xml"), "mine");
     EXPECT_EQ(ResultOf({"new", "none/b.xml"}).substr(0, 31), "3\nhdlbuild: error: none/b.xml: ");
     EXPECT_EQ(ResultOf({"new", "n.xml", "--top-language", "VHD"}),

@@ -1,4 +1,5 @@
 #include "cli/frame/commandline.h"
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -53,15 +54,22 @@ std::string Call(const std::vector<std::string>& arguments) {
     return std::to_string(status) + "\n" + out.str() + err.str();
 }
 
+/// What a command that was asked for JSON prints behind a failure without a result.
+std::string FailureText(int status, const std::string& error = "") {
+    return "{\n  \"format\": \"hdlbuild-failure\",\n  \"version\": 1,\n  \"status\": " +
+           std::to_string(status) + ",\n  \"errors\": [" +
+           (error.empty() ? "" : "\n    \"" + error + "\"\n  ") + "]\n}\n";
+}
+
 }  // namespace
 
 TEST(CommandLine, GivesACommandItsArguments) {
     const struct {
         std::vector<std::string> Arguments;
-        const char* Result;
+        std::string Result;
     } rows[] = {
         {{"call", "here"}, "7\nhere preset\n"},
-        {{"call", "--option", "x", "here", "--json"}, "7\nhere x json\n"},
+        {{"call", "--option", "x", "here", "--json"}, "7\nhere x json\n" + FailureText(7)},
         {{"call", "here", "--add", "a", "--add=-c", "--add", ""}, "7\nhere preset +a +-c +\n"},
         {{"call", "--add", "a", "here", "--add", "b"}, "7\nhere preset +a +b\n"},
         {{"call", "here", "--add", "[a,b]"}, "7\nhere preset +[a,b]\n"},
@@ -71,7 +79,7 @@ TEST(CommandLine, GivesACommandItsArguments) {
         {{"call", "here", "--two"}, "7\nhere preset form 2\n"},
         {{"call", "--", "--json"}, "7\n--json preset\n"},
         {{"both", "here", "one"}, "7\nhere preset\n"},
-        {{"say", "here", "-x", "--json", "y"}, "7\nhere preset json '-x' 'y'\n"},
+        {{"say", "here", "-x", "--json", "y"}, "7\nhere preset json '-x' 'y'\n" + FailureText(7)},
         {{"say", "here", "--", "-x", "--", "--json"}, "7\nhere preset '-x' '--' '--json'\n"},
     };
     for (const auto& row : rows) EXPECT_EQ(Call(row.Arguments), row.Result);
@@ -119,9 +127,12 @@ TEST(CommandLine, NamesTheCommandsInThePlaceOfAnUnknownOrMissingOne) {
         {{"either", "oone"}, "unknown verb 'oone'; nearest: one; known: one"},
         {{"either", "one", "one"}, "The following argument was not expected: one"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Call(row.Arguments),
-                  "2\n" + std::string(row.Complaint) + "\nRun with --help for more information.\n");
+    for (const auto& row : rows) {
+        const bool isJson = std::count(row.Arguments.begin(), row.Arguments.end(), "--json") > 0;
+        EXPECT_EQ(Call(row.Arguments), "2\n" + (isJson ? FailureText(2, row.Complaint) : "") +
+                                           row.Complaint +
+                                           "\nRun with --help for more information.\n");
+    }
 }
 
 TEST(CommandLine, PrintsTheVersion) {
