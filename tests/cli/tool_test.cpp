@@ -242,6 +242,7 @@ TEST(Tool, PrintsAFailureAsJsonOnRequest) {
     } rows[] = {
         {{"show", "--json", "no.xml"}, kExitFile, "no.xml: the file does not exist"},
         {{"check", "no.xml", "--json"}, kExitFile, "no.xml: the file does not exist"},
+        {{"check", "--format", "json", "no.xml"}, kExitFile, "no.xml: the file does not exist"},
         {{"order", "--json", "no.xml"}, kExitFile, "no.xml: the file does not exist"},
         {{"options", "--json", "no.xml"}, kExitFile, "no.xml: the file does not exist"},
         {{"command-file", "--json", "no.xml"}, kExitFile, "no.xml: the file does not exist"},

@@ -6,6 +6,8 @@
 #include "flows/listedsources.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "services/names/isfilename.h"
+#include <algorithm>
+#include <set>
 
 namespace {
 
@@ -38,8 +40,14 @@ bool HasReadFault(const TCheckedBuild& checked) {
 
 TDiagnostic DiagnoseReadResult(const TCheckedBuild& checked) {
     const THdlBuildFileReadResults result = checked.Build.GetReadResult();
-    return {DIAGNOSTIC_READ_RESULT,
-            {std::to_string(result), THdlBuildFile::GetErrorString(result)}};
+    TDiagnostic diagnostic{DIAGNOSTIC_READ_RESULT,
+                           {std::to_string(result), THdlBuildFile::GetErrorString(result)}};
+    if (result != READ_PROJECT_SETTINGS_FAILED) return diagnostic;
+    for (const TDiagnostic& word : checked.Document.Words)
+        if (word.Code == DIAGNOSTIC_SETTINGS_WITHOUT_LANGUAGE ||
+            word.Code == DIAGNOSTIC_UNREADABLE_LIST)
+            diagnostic.Place = std::min(diagnostic.Place, word.Place);
+    return diagnostic;
 }
 
 TJson ReadResultAsJson(const TCheckedBuild& checked) {
@@ -53,7 +61,9 @@ std::vector<TListedSource> FindMissing(const TCheckedBuild& checked) {
 
 TDiagnostic DiagnoseMissing(const TListedSource& source, const TCheckedBuild& checked) {
     return {DIAGNOSTIC_MISSING_FILE,
-            {PathOf(source.File, checked), GetStringFromHdlLanguage(source.Group)}};
+            {PathOf(source.File, checked), GetStringFromHdlLanguage(source.Group)},
+            {},
+            checked.Document.FindPlace(source.File->GetFileName())};
 }
 
 TJson MissingAsJson(const TListedSource& source, const TCheckedBuild& checked) {
@@ -76,6 +86,7 @@ TDiagnostic DiagnoseCycle(const TDependencyCycle& cycle, const TCheckedBuild& ch
                             path + PathOf(cycle.Shortest.front(), checked)}};
     for (const IHdlSourceFile* file : cycle.Files)
         diagnostic.Details.push_back(PathOf(file, checked));
+    diagnostic.Place = checked.Document.FindPlace(cycle.Shortest.front()->GetFileName());
     return diagnostic;
 }
 
@@ -92,24 +103,44 @@ std::vector<TRepeatedSource> FindRepeated(const TCheckedBuild& checked) {
     return checked.Document.Repeated;
 }
 
-// Names the groups, and the spellings that differ from the first.
+std::string LibraryOf(const TSourceMention& place, const TCheckedBuild& checked) {
+    return place.Library.empty() ? GetDestinationLibraryName(checked.Build) : place.Library;
+}
+
+/// How many libraries are meant, whatever their letter case.
+std::size_t CountLibraries(const TRepeatedSource& source, const TCheckedBuild& checked) {
+    std::set<std::string> libraries;
+    for (const TSourceMention& place : source.Places) {
+        TMyString library = LibraryOf(place, checked);
+        library.toLower();
+        libraries.insert(library.Str());
+    }
+    return libraries.size();
+}
+
+// Names the groups, the libraries if they differ, and the spellings that differ from the first.
 TDiagnostic DiagnoseRepeated(const TRepeatedSource& source, const TCheckedBuild& checked) {
     const std::string& path = source.Places.front().Path;
+    const std::size_t libraries = CountLibraries(source, checked);
     std::vector<std::string> places;
     for (const TSourceMention& place : source.Places) {
         std::string& text = places.emplace_back(place.Language);
+        if (libraries > 1) text += " in " + LibraryOf(place, checked);
         if (place.Path != path) text += " as " + PathText(place.Path.c_str(), checked.Paths);
     }
-    return {
-        DIAGNOSTIC_REPEATED_SOURCE,
-        {std::to_string(places.size()), PathText(path.c_str(), checked.Paths), JoinNames(places)}};
+    return {libraries > 1 ? DIAGNOSTIC_SOURCE_IN_LIBRARIES : DIAGNOSTIC_REPEATED_SOURCE,
+            {std::to_string(libraries > 1 ? libraries : places.size()),
+             PathText(path.c_str(), checked.Paths), JoinNames(places)},
+            {},
+            source.Places[1].Place};
 }
 
 TJson RepeatedAsJson(const TRepeatedSource& source, const TCheckedBuild& checked) {
     TJson places = TJson::Array();
     for (const TSourceMention& place : source.Places)
-        places.Add(
-            {{"language", place.Language}, {"path", PathText(place.Path.c_str(), checked.Paths)}});
+        places.Add({{"language", place.Language},
+                    {"library", LibraryOf(place, checked)},
+                    {"path", PathText(place.Path.c_str(), checked.Paths)}});
     return places;
 }
 
@@ -124,7 +155,10 @@ TDiagnostic DiagnoseSpelled(const TSpelledSource& source, const TCheckedBuild& c
         if (!spelling.Dependent.empty())
             text += " as a dependency of " + PathText(spelling.Dependent.c_str(), checked.Paths);
     }
-    return {DIAGNOSTIC_SPELLINGS, {std::to_string(texts.size()), JoinNames(texts)}};
+    return {DIAGNOSTIC_SPELLINGS,
+            {std::to_string(texts.size()), JoinNames(texts)},
+            {},
+            source.Spellings[1].Place};
 }
 
 TJson SpelledAsJson(const TSpelledSource& source, const TCheckedBuild& checked) {
@@ -138,6 +172,31 @@ TJson SpelledAsJson(const TSpelledSource& source, const TCheckedBuild& checked) 
     return spellings;
 }
 
+// A document that is no build has other words.
+std::vector<TDiagnostic> FindWords(const TCheckedBuild& checked) {
+    return LacksBuild(checked) ? std::vector<TDiagnostic>() : checked.Document.Words;
+}
+
+std::vector<TDiagnostic> FindFolders(const TCheckedBuild& checked) {
+    std::vector<TDiagnostic> folders;
+    for (const TFolderAsSource& folder : checked.Document.Folders)
+        folders.push_back(
+            {DIAGNOSTIC_FOLDER, {PathText(folder.Path.c_str(), checked.Paths)}, {}, folder.Place});
+    return folders;
+}
+
+std::vector<TDiagnostic> FindUnlisted(const TCheckedBuild& checked) {
+    std::vector<TDiagnostic> dependencies;
+    for (const TUnlistedDependency& dependency : checked.Document.Unlisted)
+        dependencies.push_back(
+            {dependency.Exists ? DIAGNOSTIC_UNLISTED_DEPENDENCY : DIAGNOSTIC_MISSING_DEPENDENCY,
+             {PathText(dependency.Path.c_str(), checked.Paths),
+              PathText(dependency.Dependent.c_str(), checked.Paths)},
+             {},
+             dependency.Place});
+    return dependencies;
+}
+
 /// Everything that may be wrong with a build, in the order of both outputs.
 const std::vector<TFindingKind<TCheckedBuild>>& FindingKinds() {
     static const std::vector<TFindingKind<TCheckedBuild>> kinds = {
@@ -147,6 +206,9 @@ const std::vector<TFindingKind<TCheckedBuild>>& FindingKinds() {
         FindingKind("cycles", FindCycles, DiagnoseCycle, CycleAsJson),
         FindingKind("repeatedSources", FindRepeated, DiagnoseRepeated, RepeatedAsJson),
         FindingKind("spellings", FindSpelled, DiagnoseSpelled, SpelledAsJson),
+        DiagnosticKind(FindFolders),
+        DiagnosticKind(FindUnlisted),
+        DiagnosticKind(FindWords),
     };
     return kinds;
 }
@@ -154,11 +216,17 @@ const std::vector<TFindingKind<TCheckedBuild>>& FindingKinds() {
 }  // namespace
 
 int RunCheck(const TBuildArguments& arguments, const TToolStreams& streams) {
+    TReportOptions options = arguments.Report;
+    if (arguments.Json && !options.Format.empty() && options.Format != "json") {
+        ReportError(streams, "--json excludes --format " + options.Format);
+        return kExitUsage;
+    }
+    if (arguments.Json) options.Format = "json";
+    if (const int status = CheckReportOptions(options, streams)) return status;
     THdlBuildFile build;
     const int status = LoadBuild(arguments.Build, streams, &build);
     if (status == kExitFile) return status;
     const TCheckedBuild checked{build, arguments.Paths, CheckDocument(build.GetFileName())};
-    return ReportFindings(FindAll(FindingKinds(), checked), arguments.Build,
-                          MakeResult("hdlbuild-check", "build", arguments.Build), arguments,
-                          streams);
+    return ReportFindings(FindAll(FindingKinds(), checked), arguments.Build, checked.Document.Text,
+                          MakeResult("hdlbuild-check", "build", arguments.Build), options, streams);
 }

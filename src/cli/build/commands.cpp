@@ -11,15 +11,21 @@ std::vector<TCommand> MakeBuildCommands() {
     const TArgument language{"--language", &values->Language, LanguageHelp(values->Language)};
     std::vector<TArgument> orderArguments = OrderFormatArguments(*values);
     orderArguments.insert(orderArguments.begin(), {build, absolute, language});
-    const TArgument output{"-o,--output", &values->Output, "Replace this file instead of printing"};
+    const TArgument output{"-o,--output", &values->Output,
+                           "Replace this file instead of printing"};
     const TArgument gof{"--gof", &values->Gof,
                         "The form without log file, user defines and other plus options"};
+    const TArgument format{"--format", &values->Report.Format,
+                           "text (with places and codes), json or sarif, instead of plain lines"};
+    const TArgument strict{"--strict", &values->Report.Strict, "Take warnings for errors"};
+    const TArgument suppress{"--suppress", &values->Report.Suppressed,
+                             "Leave out a diagnostic by its code, such as HB303"};
     return {
         {"show", "Show what the build holds", with(RunShow), {build, json, absolute}},
         {"check",
          "Report everything that is wrong with the build",
          with(RunCheck),
-         {build, json, absolute}},
+         {build, json, absolute, format, strict, suppress}},
         {"order", "Print the files to compile, one a line, in compile order", with(RunOrder),
          orderArguments},
         {"options", "Print the Verilog option text", with(RunOptions), {build, json, gof}},

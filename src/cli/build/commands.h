@@ -1,5 +1,6 @@
 #pragma once
 #include "cli/frame/command.h"
+#include "cli/frame/findings.h"
 #include "cli/frame/texts.h"
 
 /// The arguments of the commands that show a build.
@@ -10,6 +11,7 @@ struct TBuildArguments : TCommonArguments {
     std::size_t OrderFormat = 0;  ///< its row in the table of formats
     std::string Output;           ///< empty: standard output
     bool Gof = false;
+    TReportOptions Report;  ///< of `check`
 };
 
 int RunShow(const TBuildArguments& arguments, const TToolStreams& streams);

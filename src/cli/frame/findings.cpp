@@ -1,29 +1,150 @@
 #include "cli/frame/findings.h"
+#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
+#include "services/xml/documentlines.h"
 #include <algorithm>
 
 namespace {
 
-void Print(const TDiagnostic& diagnostic, const TToolStreams& streams) {
-    PrintLine(streams.Out, GetDiagnosticText(diagnostic));
+bool IsSuppressed(TDiagnosticCode code, const TReportOptions& options) {
+    return std::any_of(options.Suppressed.begin(), options.Suppressed.end(),
+                       [code](const std::string& id) {
+                           const TDiagnosticRule* rule = FindDiagnosticRule(id);
+                           return rule && rule->Code == code;
+                       });
+}
+
+TDiagnosticSeverity SeverityOf(TDiagnosticCode code, const TReportOptions& options) {
+    const TDiagnosticSeverity severity = GetDiagnosticRule(code).Severity;
+    return options.Strict && severity == SEVERITY_WARNING ? SEVERITY_ERROR : severity;
+}
+
+/// The lines of the text are looked for once, when a fault has a place.
+void Locate(TReport* report) {
+    std::vector<std::size_t> lines;
+    for (TReportedDiagnostic& diagnostic : report->Diagnostics) {
+        const std::size_t place = diagnostic.Fault->Place;
+        if (place == kNoXMLPlace) continue;
+        if (lines.empty()) lines = FindLinesOfDocument(report->Text);
+        const auto next = std::upper_bound(lines.begin() + 1, lines.end(), place);
+        diagnostic.Line = static_cast<int>(next - lines.begin());
+        diagnostic.LineBegin = *std::prev(next);
+        diagnostic.Column = static_cast<int>(place - diagnostic.LineBegin) + 1;
+    }
+}
+
+void PrintDetails(const TDiagnostic& diagnostic, const TToolStreams& streams) {
     for (const std::string& detail : diagnostic.Details) PrintLine(streams.Out, "  " + detail);
+}
+
+// An error has no word in front, so that lines stay as scripts know them.
+void PrintPlain(const TReport& report, const TToolStreams& streams) {
+    for (const TReportedDiagnostic& diagnostic : report.Diagnostics) {
+        const bool isError = diagnostic.Severity == SEVERITY_ERROR;
+        PrintLine(streams.Out,
+                  (isError ? "" : std::string(GetSeverityText(diagnostic.Severity)) + ": ") +
+                      GetDiagnosticText(*diagnostic.Fault));
+        PrintDetails(*diagnostic.Fault, streams);
+    }
+    if (report.Diagnostics.empty()) PrintLine(streams.Out, report.File + ": no problems");
+}
+
+// As compilers do, so that editors find the place.
+void PrintText(const TReport& report, const TToolStreams& streams) {
+    for (const TReportedDiagnostic& diagnostic : report.Diagnostics) {
+        std::string line = report.File + ":";
+        if (diagnostic.Line > 0)
+            line += std::to_string(diagnostic.Line) + ":" + std::to_string(diagnostic.Column) + ":";
+        PrintLine(streams.Out, line + " " + GetSeverityText(diagnostic.Severity) + ": " +
+                                   GetDiagnosticText(*diagnostic.Fault) + " [" +
+                                   GetDiagnosticId(diagnostic.Fault->Code) + "]");
+        PrintDetails(*diagnostic.Fault, streams);
+    }
+}
+
+TJson DiagnosticsAsJson(const TReport& report) {
+    TJson list = TJson::Array();
+    for (const TReportedDiagnostic& diagnostic : report.Diagnostics) {
+        const TDiagnosticRule& rule = GetDiagnosticRule(diagnostic.Fault->Code);
+        const bool isPlaced = diagnostic.Line > 0;
+        list.Add({{"code", GetDiagnosticId(rule.Code)},
+                  {"severity", GetSeverityText(diagnostic.Severity)},
+                  {"line", isPlaced ? TJson(diagnostic.Line) : TJson()},
+                  {"column", isPlaced ? TJson(diagnostic.Column) : TJson()},
+                  {"text", GetDiagnosticText(*diagnostic.Fault)},
+                  {"details", diagnostic.Fault->Details},
+                  {"cure", rule.Cure}});
+    }
+    return list;
+}
+
+void PrintAsJson(const TReport& report, const TToolStreams& streams) {
+    TJson result = report.Result;
+    result["diagnostics"] = DiagnosticsAsJson(report);
+    PrintJson(result, streams);
+}
+
+void PrintSarif(const TReport& report, const TToolStreams& streams) {
+    PrintJson(MakeSarif(report), streams);
+}
+
+constexpr const char* kJsonFormat = "json";
+
+struct TReportFormat {
+    const char* Name;
+    void (*Print)(const TReport& report, const TToolStreams& streams);
+};
+
+constexpr TReportFormat kFormats[] = {
+    {"", PrintPlain},
+    {"text", PrintText},
+    {kJsonFormat, PrintAsJson},
+    {"sarif", PrintSarif},
+};
+
+std::vector<std::string> KnownCodes() {
+    std::vector<std::string> codes;
+    for (const TDiagnosticRule& rule : GetDiagnosticRules())
+        codes.push_back(GetDiagnosticId(rule.Code));
+    return codes;
+}
+
+const TReportFormat* FindFormat(const std::string& name) {
+    for (const TReportFormat& format : kFormats)
+        if (name == format.Name) return &format;
+    return nullptr;
 }
 
 }  // namespace
 
-int ReportFindings(const TFindings& findings, const std::string& file, TJson result,
-                   const TCommonArguments& arguments, const TToolStreams& streams) {
-    const bool isClean = std::all_of(findings.begin(), findings.end(), [](const auto& finding) {
-        return finding.second.Diagnostics.empty();
-    });
-    if (arguments.Json) {
-        result["clean"] = isClean;
-        for (const auto& [key, found] : findings) result[key] = found.Json;
-        PrintJson(result, streams);
-    } else {
-        for (const auto& [key, found] : findings)
-            for (const TDiagnostic& diagnostic : found.Diagnostics) Print(diagnostic, streams);
-        if (isClean) PrintLine(streams.Out, file + ": no problems");
+int CheckReportOptions(const TReportOptions& options, const TToolStreams& streams) {
+    if (streams.Outcome && options.Format == kJsonFormat) streams.Outcome->IsWanted = true;
+    if (!FindFormat(options.Format)) {
+        ReportError(streams, UnknownName("format", options.Format, {"text", "json", "sarif"}));
+        return kExitUsage;
     }
-    return isClean ? kExitDone : kExitProblems;
+    for (const std::string& id : options.Suppressed) {
+        if (FindDiagnosticRule(id)) continue;
+        ReportError(streams, UnknownName("code", id, KnownCodes()));
+        return kExitUsage;
+    }
+    return kExitDone;
+}
+
+int ReportFindings(const TFindings& findings, const std::string& file, std::string_view text,
+                   TJson result, const TReportOptions& options, const TToolStreams& streams) {
+    TReport report{file, text, {}, std::move(result)};
+    for (const auto& [key, found] : findings)
+        for (const TDiagnostic& diagnostic : found.Diagnostics)
+            if (!IsSuppressed(diagnostic.Code, options))
+                report.Diagnostics.push_back({&diagnostic, SeverityOf(diagnostic.Code, options)});
+    Locate(&report);
+    report.Result["clean"] = report.Diagnostics.empty();
+    for (const auto& [key, found] : findings)
+        if (key) report.Result[key] = found.Json;
+    FindFormat(options.Format)->Print(report, streams);
+    const bool hasError =
+        std::any_of(report.Diagnostics.begin(), report.Diagnostics.end(),
+                    [](const auto& diagnostic) { return diagnostic.Severity == SEVERITY_ERROR; });
+    return hasError ? kExitProblems : kExitDone;
 }

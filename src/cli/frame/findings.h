@@ -15,7 +15,7 @@ struct TFound {
 /// A kind of finding in a `TSubject`: one row in the table of a command that checks.
 template <class TSubject>
 struct TFindingKind {
-    const char* Key;  ///< of its member in the JSON output
+    const char* Key;  ///< of its member in the JSON output; null: "diagnostics" tells all
     std::function<TFound(const TSubject&)> Find;
 };
 
@@ -46,6 +46,12 @@ TFindingKind<TSubject> FaultKind(const char* key, bool (*isFault)(const TSubject
             }};
 }
 
+/// A kind that has no member of its own in JSON.
+template <class TSubject>
+TFindingKind<TSubject> DiagnosticKind(std::vector<TDiagnostic> (*find)(const TSubject&)) {
+    return {nullptr, [=](const TSubject& subject) { return TFound{find(subject), TJson()}; }};
+}
+
 /// The findings of all kinds, under the keys of their rows.
 using TFindings = std::vector<std::pair<const char*, TFound>>;
 
@@ -56,7 +62,37 @@ TFindings FindAll(const std::vector<TFindingKind<TSubject>>& kinds, const TSubje
     return findings;
 }
 
-/// Prints the findings about `file`: their texts and details, or one line when nothing is wrong; as
-/// JSON `result` with "clean" and a member for each kind. Returns kExitProblems or kExitDone.
-int ReportFindings(const TFindings& findings, const std::string& file, TJson result,
-                   const TCommonArguments& arguments, const TToolStreams& streams);
+/// What a report says of one fault.
+struct TReportedDiagnostic {
+    const TDiagnostic* Fault;
+    TDiagnosticSeverity Severity;
+    int Line = 0;    ///< 1-based; 0 for a fault without a place
+    int Column = 0;  ///< 1-based, in bytes
+    std::size_t LineBegin = 0;
+};
+
+/// All faults that are not suppressed, in the order of the rows.
+struct TReport {
+    std::string File;       ///< as the user named it
+    std::string_view Text;  ///< of the file
+    std::vector<TReportedDiagnostic> Diagnostics;
+    TJson Result;  ///< the JSON object, with all members
+};
+
+struct TReportOptions {
+    std::string Format;                   ///< empty: plain lines
+    bool Strict = false;                  ///< warnings are errors
+    std::vector<std::string> Suppressed;  ///< codes
+};
+
+/// kExitUsage, with an error line on Err, for an unknown format or code; else kExitDone.
+int CheckReportOptions(const TReportOptions& options, const TToolStreams& streams);
+
+/// Prints the findings about `file`, whose text is `text`, in a format of the options that
+/// CheckReportOptions accepts; as JSON `result` with "clean", a member for each kind that has a
+/// key, and "diagnostics". Returns kExitProblems when one of them is an error, else kExitDone.
+int ReportFindings(const TFindings& findings, const std::string& file, std::string_view text,
+                   TJson result, const TReportOptions& options, const TToolStreams& streams);
+
+/// A log of SARIF 2.1.0 with one run.
+TJson MakeSarif(const TReport& report);

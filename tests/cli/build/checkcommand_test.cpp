@@ -1,5 +1,7 @@
+#include "flows/diagnosticrules.h"
 #include "tests/cli/toolrun.h"
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
 
 namespace {
 
@@ -57,6 +59,59 @@ TEST(CheckCommand, ReportsASourceThatTwoGroupsName) {
     EXPECT_EQ(run.Out, "named 2 times: a.vhd (Verilog, VHDL)\n");
 }
 
+TEST(CheckCommand, ReportsASourceInTwoLibraries) {
+    const WorkingFolder folder;
+    folder.Write("a.vhd", "");
+    folder.Write("b.vhd", "");
+    folder.Write("build.xml",
+                 BuildText(VhdlGroup(SourceText("a.vhd", {}, "PrecompiledLibrary=\"ip\"") +
+                                     SourceText("b.vhd") + SourceText("./a.vhd") +
+                                     SourceText("b.vhd", {}, "PrecompiledLibrary=\"WORK\""))));
+    EXPECT_EQ(ResultOf({"check", "--format", "text", "build.xml"}),
+              "1\nbuild.xml:7:1: error: in 2 libraries: a.vhd (VHDL in ip, VHDL in work) [HB205]\n"
+              "build.xml:8:1: error: named 2 times: b.vhd (VHDL, VHDL) [HB202]\n");
+}
+
+TEST(CheckCommand, ReportsWhatNoReaderKnows) {
+    const WorkingFolder folder;
+    folder.Write("a.vhd", "");
+    folder.Write("build.xml",
+                 BuildText("<Notes/><TopLevelComponent/>\n"
+                           "<ExternalSimulatorSettings><Tool Name=\"Sim\" Port=\"1\">VHDL</Tool>"
+                           "<Note/></ExternalSimulatorSettings>\n"
+                           "<SourceFile>b.vhd</SourceFile>\n"
+                           "<SourceFileGroup Language=\"VDHL\">" +
+                           SourceText("a.vhd") +
+                           "</SourceFileGroup>\n"
+                           "<HdlBuildFile BaseTimeUnit=\"min\"/>\n"));
+    EXPECT_EQ(
+        ResultOf({"check", "--format", "text", "build.xml"}),
+        "1\nbuild.xml:4:1: warning: unknown element Notes [HB103]\n"
+        "build.xml:4:9: error: unknown element TopLevelComponent: TopLevelComponents misspelt? "
+        "[HB104]\n"
+        "build.xml:5:28: error: unknown simulator \"Sim\" [HB402]\n"
+        "build.xml:5:28: warning: unknown attribute Port of Tool [HB106]\n"
+        "build.xml:5:65: error: unknown element Note in ExternalSimulatorSettings: what follows "
+        "it in the section is not read [HB105]\n"
+        "build.xml:6:1: error: SourceFile outside of SourceFileGroup: it is not read [HB107]\n"
+        "build.xml:7:1: error: unknown language \"VDHL\" [HB401]\n"
+        "build.xml:9:1: warning: unknown time unit \"min\" [HB403]\n");
+}
+
+TEST(CheckCommand, TellsWhichListOfSettingsCannotBeRead) {
+    const WorkingFolder folder;
+    folder.Write("build.xml",
+                 BuildText("<ProjectLanguageConfigurationList>\n<LanguageSettings "
+                           "Language=\"Verilog\">\n<DelayType>1</DelayType>\n"
+                           "<IncludeDirectories></IncludeDirectories>\n</LanguageSettings>\n"
+                           "</ProjectLanguageConfigurationList>\n"));
+    EXPECT_EQ(ResultOf({"check", "--format", "text", "build.xml"}),
+              "1\nbuild.xml:7:1: error: read result 5: Build File: Error reading the Project "
+              "Settings. [HB102]\n"
+              "build.xml:7:1: error: IncludeDirectories is no list of Directory elements: the "
+              "Verilog settings are not read from there on [HB405]\n");
+}
+
 TEST(CheckCommand, NamesTheSpellingsOfASource) {
     const WorkingFolder folder;
     for (const char* name : {"f1.vhd", "F1.VHD", "top.vhd", "ip/x.vhd", "ip/X.vhd"})
@@ -69,7 +124,8 @@ TEST(CheckCommand, NamesTheSpellingsOfASource) {
     EXPECT_EQ(run.Out,
               "2 spellings: f1.vhd, F1.VHD as a dependency of top.vhd\n"
               "2 spellings: ip/x.vhd as a dependency of top.vhd, ip/X.vhd as a dependency of "
-              "f1.vhd\n");
+              "f1.vhd\n"
+              "warning: dependency that no group lists: ip/x.vhd of top.vhd\n");
 }
 
 TEST(CheckCommand, EscapesControlCharactersInText) {
@@ -92,7 +148,13 @@ TEST(CheckCommand, ReportsASectionThatCannotBeRead) {
                                         "</ProjectLanguageConfigurationList>\n"));
     const TToolRun run = RunHdlbuild({"check", "build.xml"});
     EXPECT_EQ(run.Status, kExitProblems);
-    EXPECT_EQ(run.Out, "read result 5: Build File: Error reading the Project Settings.\n");
+    EXPECT_EQ(run.Out,
+              "read result 5: Build File: Error reading the Project Settings.\n"
+              "LanguageSettings without a language: they and all sections behind them are not "
+              "read\n");
+    EXPECT_EQ(RunHdlbuild({"check", "--format", "text", "--suppress", "HB404", "build.xml"}).Out,
+              "build.xml:5:1: error: read result 5: Build File: Error reading the Project "
+              "Settings. [HB102]\n");
 }
 
 TEST(CheckCommand, ReportsADocumentWithoutBuild) {
@@ -114,7 +176,7 @@ TEST(CheckCommand, PrintsOneJsonObject) {
                             SourceText("a.vhd") + SourceText("gone.vhd", {"A.vhd"}))));
     const TToolRun run = RunHdlbuild({"check", "--json", "build.xml"});
     EXPECT_EQ(run.Status, kExitProblems);
-    EXPECT_EQ(run.Out, R"({
+    EXPECT_EQ(run.Out, R"json({
   "format": "hdlbuild-check",
   "version": 1,
   "build": "build.xml",
@@ -146,10 +208,12 @@ TEST(CheckCommand, PrintsOneJsonObject) {
     [
       {
         "language": "VHDL",
+        "library": "work",
         "path": "a.vhd"
       },
       {
         "language": "VHDL",
+        "library": "work",
         "path": "a.vhd"
       }
     ]
@@ -165,7 +229,146 @@ TEST(CheckCommand, PrintsOneJsonObject) {
         "dependencyOf": "gone.vhd"
       }
     ]
+  ],
+  "diagnostics": [
+    {
+      "code": "HB102",
+      "severity": "error",
+      "line": null,
+      "column": null,
+      "text": "read result 9: Build File: Missing file(s) on load.",
+      "details": [],
+      "cure": "Mend what the read result names. Sections behind one that cannot be read may be missing from the build, so do not save it before."
+    },
+    {
+      "code": "HB201",
+      "severity": "error",
+      "line": 8,
+      "column": 1,
+      "text": "missing file: gone.vhd (VHDL)",
+      "details": [],
+      "cure": "Restore or generate the file, correct its path, which is relative to the folder of the build file, or take its SourceFile element out."
+    },
+    {
+      "code": "HB301",
+      "severity": "error",
+      "line": 5,
+      "column": 1,
+      "text": "dependency cycle of 2 files: a.vhd -> b.vhd -> a.vhd",
+      "details": [
+        "a.vhd",
+        "b.vhd"
+      ],
+      "cure": "Take out one Dependency of the cycle. With a cycle no order is a compile order."
+    },
+    {
+      "code": "HB202",
+      "severity": "error",
+      "line": 7,
+      "column": 1,
+      "text": "named 2 times: a.vhd (VHDL, VHDL)",
+      "details": [],
+      "cure": "Keep one SourceFile element of the source. The build holds a path once, so the other elements' libraries and flags are lost."
+    },
+    {
+      "code": "HB203",
+      "severity": "error",
+      "line": 8,
+      "column": 22,
+      "text": "2 spellings: a.vhd, A.vhd as a dependency of gone.vhd",
+      "details": [],
+      "cure": "Spell the path everywhere as its SourceFile element does. Where the file system distinguishes case, one of the files does not exist."
+    }
   ]
 }
-)");
+)json");
+    EXPECT_EQ(RunHdlbuild({"check", "--format", "json", "build.xml"}).Out, run.Out);
+}
+
+namespace {
+
+/// A build with a warning, an error of a source and one of a dependency.
+void WriteFaultyBuild(const WorkingFolder& folder) {
+    folder.Write("a.vhd", "");
+    folder.Write("sub.vhd", "");
+    folder.Write("rtl/x.vhd", "");
+    folder.Write("build.xml",
+                 BuildText("<Notes/>\n" + VhdlGroup(SourceText("a.vhd", {"gone.vhd", "sub.vhd"}) +
+                                                    SourceText("rtl"))));
+}
+
+}  // namespace
+
+TEST(CheckCommand, PrintsPlacesAndCodesAsCompilersDo) {
+    const WorkingFolder folder;
+    WriteFaultyBuild(folder);
+    const TToolRun run = RunHdlbuild({"check", "--format", "text", "./build.xml"});
+    EXPECT_EQ(run.Status, kExitProblems);
+    EXPECT_EQ(
+        run.Out,
+        "./build.xml:7:1: error: not a file but a folder: rtl [HB204]\n"
+        "./build.xml:6:19: error: dependency that does not exist: gone.vhd of a.vhd [HB302]\n"
+        "./build.xml:6:52: warning: dependency that no group lists: sub.vhd of a.vhd [HB303]\n"
+        "./build.xml:4:1: warning: unknown element Notes [HB103]\n");
+    EXPECT_EQ(run.Err, "");
+}
+
+TEST(CheckCommand, PrintsALogOfSarif) {
+    const WorkingFolder folder;
+    folder.Write("sub.vhd", "");
+    folder.Write("\xc3\xa4 b.vhd", "");
+    folder.Write("b 1.xml", BuildText(VhdlGroup(SourceText("\xc3\xa4 b.vhd", {"sub.vhd"}))));
+    const TToolRun run = RunHdlbuild({"check", "--format", "sarif", "b 1.xml"});
+    EXPECT_EQ(run.Status, kExitDone);
+    EXPECT_EQ(run.Err, "");
+    const auto log = nlohmann::ordered_json::parse(run.Out);
+    EXPECT_EQ(log["version"], "2.1.0");
+    ASSERT_EQ(log["runs"].size(), 1u);
+    const auto& rules = log["runs"][0]["tool"]["driver"]["rules"];
+    EXPECT_EQ(rules.size(), GetDiagnosticRules().size());
+    EXPECT_EQ(
+        rules[0].dump(),
+        R"({"id":"HB101","name":"no-build","shortDescription":{"text":"no HdlBuildFile element: )"
+        R"(the document describes no build"},"help":{"text":"Name the file that holds the build. )"
+        R"(A build file has an HdlBuildFile element around its sections."},)"
+        R"("defaultConfiguration":{"level":"error"}})");
+    const auto& results = log["runs"][0]["results"];
+    ASSERT_EQ(results.size(), 1u);
+    EXPECT_EQ(rules[results[0]["ruleIndex"].get<std::size_t>()]["id"], "HB303");
+    EXPECT_EQ(results[0]["ruleId"], "HB303");
+    EXPECT_EQ(results[0]["level"], "warning");
+    EXPECT_EQ(results[0]["message"].dump(),
+              "{\"text\":\"dependency that no group lists: sub.vhd of \xc3\xa4 b.vhd\"}");
+    EXPECT_EQ(results[0]["locations"].dump(),
+              R"([{"physicalLocation":{"artifactLocation":{"uri":"b%201.xml"},)"
+              R"("region":{"startLine":5,"startColumn":21}}}])");
+}
+
+TEST(CheckCommand, FailsForWarningsWhenStrict) {
+    const WorkingFolder folder;
+    folder.Write("build.xml", BuildText("<Notes/>\n"));
+    EXPECT_EQ(ResultOf({"check", "build.xml"}), "warning: unknown element Notes\n");
+    EXPECT_EQ(ResultOf({"check", "--strict", "build.xml"}), "1\nunknown element Notes\n");
+    EXPECT_EQ(ResultOf({"check", "--strict", "--format", "text", "build.xml"}),
+              "1\nbuild.xml:4:1: error: unknown element Notes [HB103]\n");
+}
+
+TEST(CheckCommand, LeavesOutSuppressedDiagnostics) {
+    const WorkingFolder folder;
+    WriteFaultyBuild(folder);
+    EXPECT_EQ(ResultOf({"check", "--suppress", "HB204", "--suppress", "hb302", "build.xml"}),
+              "warning: dependency that no group lists: sub.vhd of a.vhd\n"
+              "warning: unknown element Notes\n");
+    EXPECT_EQ(ResultOf({"check", "--suppress", "HB204", "--suppress", "HB302", "--suppress",
+                        "HB303", "--suppress", "HB103", "build.xml"}),
+              "build.xml: no problems\n");
+}
+
+TEST(CheckCommand, RefusesUnknownFormatsAndCodes) {
+    EXPECT_EQ(ResultOf({"check", "--format", "xml", "b.xml"}),
+              "2\nhdlbuild: error: unknown format 'xml'; known: text, json, sarif\n");
+    const std::string unknown = "2\nhdlbuild: error: unknown code 'XY1'; known: HB101, HB102, ";
+    EXPECT_EQ(ResultOf({"check", "--suppress", "XY1", "b.xml"}).substr(0, unknown.size()), unknown);
+    EXPECT_EQ(RunHdlbuild({"check", "--json", "--format", "sarif", "b.xml"}).Err,
+              "hdlbuild: error: --json excludes --format sarif\n");
 }

@@ -40,12 +40,12 @@ std::string Report(const TText& text, bool isJson) {
         FaultKind("length", IsShort, DiagnoseLength, LengthAsJson),
         FindingKind("digits", FindDigits, DiagnoseDigit, DigitAsJson),
     };
-    TCommonArguments arguments;
-    arguments.Json = isJson;
+    TReportOptions options;
+    if (isJson) options.Format = "json";
     std::ostringstream out;
     std::ostringstream err;
-    const int status =
-        ReportFindings(FindAll(kinds, text), "a\n.txt", {{"format", "f"}}, arguments, {out, err});
+    const int status = ReportFindings(FindAll(kinds, text), "a\n.txt", text, {{"format", "f"}},
+                                      options, {out, err});
     return std::to_string(status) + "\n" + out.str() + err.str();
 }
 
@@ -62,8 +62,9 @@ TEST(Findings, PrintTheLinesOfAllKinds) {
 TEST(Findings, PrintOneJsonObjectWithAMemberForEachKind) {
     EXPECT_EQ(Report("abc", true),
               "0\n{\n  \"format\": \"f\",\n  \"clean\": true,\n  \"length\": 3,\n"
-              "  \"digits\": []\n}\n");
-    EXPECT_EQ(Report("7", true),
+              "  \"digits\": [],\n  \"diagnostics\": []\n}\n");
+    const std::string both = Report("7", true);
+    EXPECT_EQ(both.substr(0, both.find("  \"diagnostics\"")),
               "1\n{\n  \"format\": \"f\",\n  \"clean\": false,\n  \"length\": 1,\n"
-              "  \"digits\": [\n    \"7\"\n  ]\n}\n");
+              "  \"digits\": [\n    \"7\"\n  ],\n");
 }
