@@ -116,7 +116,7 @@ TEST(Layers, OnlyTheToolsFramePrints) {
              at != end; ++at)
             lines += source.Name + ": " + at->str() + "\n";
     }
-    EXPECT_EQ(lines, "cli/build/commandfilecommand.cpp: Out << text.str();\n");
+    EXPECT_EQ(lines, "cli/build/commandfilecommand.cpp: Out << file.GetText();\n");
 }
 
 // They take longer to compile than everything that includes them.

@@ -12,7 +12,10 @@ std::vector<TCommand> MakeBuildCommands() {
     std::vector<TArgument> orderArguments = OrderFormatArguments(*values);
     orderArguments.insert(orderArguments.begin(), {build, absolute, language});
     const TArgument output{"-o,--output", &values->Output,
-                           "Replace this file instead of printing"};
+                           "Replace this file instead of printing; '-' prints"};
+    const TArgument commandFileAbsolute{
+        "--absolute", &values->Paths.Absolute,
+        "Write absolute paths, not paths relative to the folder of the build file"};
     const TArgument gof{"--gof", &values->Gof,
                         "The form without log file, user defines and other plus options"};
     const TArgument format{"--format", &values->Report.Format,
@@ -32,6 +35,6 @@ std::vector<TCommand> MakeBuildCommands() {
         {"command-file",
          "Write the Verilog command file",
          with(RunCommandFile),
-         {build, json, output, gof}},
+         {build, json, output, gof, commandFileAbsolute}},
     };
 }
