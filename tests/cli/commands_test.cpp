@@ -23,6 +23,10 @@ const std::map<std::string, TLine>& CommandLines() {
         {"command-file", {"command-file", "b.xml"}},
         {"new", {"new", "n.xml"}},
         {"add", {"add", "b.xml", "a.vhd"}},
+        {"source", {"source", "d.xml", "a.vhd", "--library", "ip"}},
+        {"remove", {"remove", "d.xml", "a.vhd"}},
+        {"rename", {"rename", "d.xml", "a.vhd", "b.vhd"}},
+        {"depend", {"depend", "d.xml", "a.vhd", "--on", "e.vhd"}},
         {"scan", {"scan", "d.xml"}},
         {"settings list", {"settings", "p.hpj", "list"}},
         {"settings show", {"settings", "p.hpj", "show"}},
@@ -187,6 +191,10 @@ TEST(CommandTable, ADryRunSaysTheSameAndChangesNothing) {
     EXPECT_EQ(changing,
               "new\n"
               "add\n"
+              "source\n"
+              "remove\n"
+              "rename\n"
+              "depend\n"
               "scan\n"
               "settings current\n"
               "settings copy\n"

@@ -166,15 +166,15 @@ TEST(Tool, ReportsWrongUsageWithStatusTwo) {
     } rows[] = {
         {"no command",
          {},
-         "COMMAND is required; known: show, check, order, options, command-file, new, add, scan, "
-         "settings, "
-         "templates, servers, simulators, translator, help\n"
+         "COMMAND is required; known: show, check, order, options, command-file, new, add, "
+         "source, remove, rename, depend, scan, settings, templates, servers, simulators, "
+         "translator, help\n"
          "Run with --help for more information.\n"},
         {"unknown command",
          {"ordre", "a.xml"},
          "unknown command 'ordre'; nearest: order; known: show, check, order, options, "
-         "command-file, new, add, scan, settings, templates, servers, simulators, translator, "
-         "help\n"
+         "command-file, new, add, source, remove, rename, depend, scan, settings, templates, "
+         "servers, simulators, translator, help\n"
          "Run with --help for more information.\n"},
         {"no build file", {"show"}, "BUILD is required\nRun with --help for more information.\n"},
         {"no verb",

@@ -2,7 +2,11 @@
 #include "cli/change/buildstate.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/progressline.h"
+#include "flows/filepatterns.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
 #include "services/names/isfilename.h"
+#include "services/names/utilfilename.h"
 #include <utility>
 
 TBuildAccess::TBuildAccess(const std::string& build, const TCommonArguments& arguments,
@@ -56,6 +60,32 @@ TBuildSource TBuildAccess::FindSource(const std::string& path) {
     const TBuildSource found = FindListed(GetBuild(), ISFileName::NewISFileName(path.c_str()));
     if (!found.Source) ReportError(Streams, path + " is no source of the build");
     return found;
+}
+
+int TBuildAccess::FindSources(const std::vector<std::string>& paths,
+                              std::vector<TBuildSource>* sources) {
+    for (const std::string& path : paths) {
+        if (!IsFilePattern(path)) {
+            const TBuildSource source = FindSource(path);
+            if (!source.Source) return kExitUsage;
+            sources->push_back(source);
+            continue;
+        }
+        bool isMatched = false;
+        const std::string pattern = TUtilFileName(path.c_str()).CanonicalWithoutFinalSlash();
+        for (const THdlLanguage language : GetBuild().GetSourceFileLanguages()) {
+            for (IHdlSourceFile* const source : *GetBuild().GetSourceFileGroup(language)) {
+                if (!MatchesFilePattern(pattern, source->GetFileName()->Canonical(false))) continue;
+                sources->push_back({language, source});
+                isMatched = true;
+            }
+        }
+        if (!isMatched) {
+            ReportError(Streams, "no source of the build matches '" + path + "'");
+            return kExitUsage;
+        }
+    }
+    return kExitDone;
 }
 
 void TBuildAccess::Note(const char* key, const std::vector<std::string>& names,

@@ -26,6 +26,10 @@ public:
 
     /// The listed source that the user named; null, with one line on Err, for another file.
     TBuildSource FindSource(const std::string& path);
+    /// The listed sources that the user named, by paths and by patterns (see filepatterns.h), in
+    /// the order of the paths, then of the groups; one may come twice. kExitUsage, with one line on
+    /// Err, for one that names none.
+    int FindSources(const std::vector<std::string>& paths, std::vector<TBuildSource>* sources);
     /// A path as it is told, relative to the current directory.
     std::string TextOf(const ISFileName* file) const { return PathText(file, Form); }
 
