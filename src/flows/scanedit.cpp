@@ -50,19 +50,6 @@ void PushChanging(const TBuildScan& scan, const TDifferences& differences, THdlB
     document->Push(TElement::END, "HdlBuildFile", {});
 }
 
-void Apply(const TBuildScan& scan, const TScanChanges& changes, THdlBuildFile* build) {
-    for (const TDependencyDifference& difference : changes.Differences) {
-        IHdlSourceFile& source = *scan.GetSources()[difference.Source].Source;
-        for (const TLinkedFile& linked : difference.Lacking)
-            source.AddDependency(scan.GetSources()[linked.File].Source);
-        for (IHdlSourceFile* const dependency : difference.Unexplained)
-            source.RemoveDependency(dependency);
-    }
-    for (const TScannedTop& top : changes.Tops)
-        build->AddComponentName(top.Entity.c_str(), top.Architecture.c_str(), top.Library.c_str(),
-                                top.Language);
-}
-
 /// All that a reader finds in a build, as a text.
 std::string PrintAll(THdlBuildFile& build) {
     THdlBuildFileXMLList rest(nullptr);
@@ -85,12 +72,25 @@ std::string PrintAll(THdlBuildFile& build) {
 
 }  // namespace
 
+void ApplyScan(const TBuildScan& scan, const TScanChanges& changes, THdlBuildFile* build) {
+    for (const TDependencyDifference& difference : changes.Differences) {
+        IHdlSourceFile& source = *scan.GetSources()[difference.Source].Source;
+        for (const TLinkedFile& linked : difference.Lacking)
+            source.AddDependency(scan.GetSources()[linked.File].Source);
+        for (IHdlSourceFile* const dependency : difference.Unexplained)
+            source.RemoveDependency(dependency);
+    }
+    for (const TScannedTop& top : changes.Tops)
+        build->AddComponentName(top.Entity.c_str(), top.Architecture.c_str(), top.Library.c_str(),
+                                top.Language);
+}
+
 std::string EditScanned(const TBuildScan& scan, const TScanChanges& changes, THdlBuildFile* build,
                         TEditedFile* file) {
     TXMLList base;
     TXMLList wanted;
     PushChanging(scan, changes.Differences, *build, &base);
-    Apply(scan, changes, build);
+    ApplyScan(scan, changes, build);
     PushChanging(scan, changes.Differences, *build, &wanted);
     const std::string all = PrintAll(*build);
     return file->Change(base, wanted, MakeBuildFileRules(file->GetFile()),

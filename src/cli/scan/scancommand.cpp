@@ -5,13 +5,11 @@
 #include "cli/scan/commands.h"
 #include "cli/scan/scanfindings.h"
 #include "filenames/componentnamelist.h"
-#include "flows/dependencycycles.h"
 #include "flows/scanedit.h"
 #include "flows/textreaders.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "services/names/isfilename.h"
-#include <algorithm>
 
 namespace {
 
@@ -21,7 +19,7 @@ public:
     TScanRun(const TScanArguments& arguments, const TToolStreams& streams)
         : Arguments(arguments),
           Streams(streams),
-          File(ISFileName::NewISFileName(arguments.Build.c_str())) {}
+          File(ISFileName::NewISFileName(arguments.Paths.front().c_str())) {}
 
     int Run();
 
@@ -31,7 +29,6 @@ private:
     int Change(const TToldScan& told);
     TScanChanges WantedChanges(const TBuildScan& scan);
     TState StateOf(const TToldScan& told, const TScanChanges& changes);
-    bool WarnOfCycles(const TBuildScan& scan) const;
 
     const TScanArguments& Arguments;
     const TToolStreams& Streams;
@@ -45,19 +42,15 @@ int TScanRun::Run() {
     const TBuildScan scan(Build, {Arguments.ExternalLibraries});
     const TToldScan told{scan, {}};
     const int status = Arguments.Check ? Check(told) : Change(told);
-    const std::vector<std::string>& reasons = scan.GetReasons();
-    const bool isAllRead = std::all_of(reasons.begin(), reasons.end(),
-                                       [](const std::string& reason) { return reason.empty(); });
-    const bool hasCycles = WarnOfCycles(scan);
-    return status == kExitDone && (!isAllRead || hasCycles) ? kExitProblems : status;
+    return StatusOfScan(status, scan, Streams);
 }
 
 int TScanRun::Read() {
-    if (Streams.Progress) Streams.Progress->SetFile(Arguments.Build);
+    if (Streams.Progress) Streams.Progress->SetFile(Arguments.Paths.front());
     TXMLReadError error;
     if (!Arguments.DryRun && !Arguments.Check) File.TakeLock();
     if (!File.Read(&error) || !ReadBuildText(File.GetBytes(), File.GetFile(), &Build, &error)) {
-        ReportReadError(error, Arguments.Build, Streams);
+        ReportReadError(error, Arguments.Paths.front(), Streams);
         return kExitFile;
     }
     ReportNoBuild(Build, Streams);
@@ -74,27 +67,27 @@ int TScanRun::Check(const TToldScan& told) const {
         if (!difference.Lacking.empty() || (Arguments.Exact && !difference.Unexplained.empty()))
             isUpToDate = false;
     if (Arguments.Json) {
-        TJson result = MakeResult("hdlbuild-scan", "build", Arguments.Build);
+        TJson result = MakeResult("hdlbuild-scan", "build", Arguments.Paths.front());
         result["upToDate"] = isUpToDate;
         AddFindings(told, &result);
         PrintJson(result, Streams);
     } else {
         PrintFindings(told, true, Arguments.Exact, Streams);
         PrintLine(Streams.Out,
-                  Arguments.Build + (isUpToDate ? ": the dependencies are up to date"
-                                                : ": the dependencies are not up to date"));
+                  Arguments.Paths.front() + (isUpToDate ? ": the dependencies are up to date"
+                                                        : ": the dependencies are not up to date"));
     }
     return isUpToDate ? kExitDone : kExitProblems;
 }
 
 int TScanRun::Change(const TToldScan& told) {
     const TScanChanges changes = WantedChanges(told.Scan);
-    TJson result = MakeResult("hdlbuild-scan", "build", Arguments.Build);
+    TJson result = MakeResult("hdlbuild-scan", "build", Arguments.Paths.front());
     if (Arguments.Json)
         AddFindings(told, &result);
     else
         PrintFindings(told, false, Arguments.Exact, Streams);
-    TFileChange change{std::move(result), Arguments.Build, StateOf(told, changes), {}};
+    TFileChange change{std::move(result), Arguments.Paths.front(), StateOf(told, changes), {}};
     const std::string reason = EditScanned(told.Scan, changes, &Build, &File);
     change.After = StateOf(told, changes);
     return SaveEditedFile(std::move(change), reason, File, Arguments, Streams);
@@ -128,25 +121,20 @@ TState TScanRun::StateOf(const TToldScan& told, const TScanChanges& changes) {
         const bool isRecorded = list && list->IsNameInList({top.Entity.c_str(), top.Language},
                                                            {top.Architecture.c_str(), top.Language},
                                                            top.Library.c_str());
-        std::string name = std::string(GetStringFromHdlLanguage(top.Language)) +
-                           " top-level component " + top.Library + "." + top.Entity;
-        if (!top.Architecture.empty()) name += "(" + top.Architecture + ")";
-        state.emplace_back(name, isRecorded);
+        state.emplace_back(NameOfTop(top), isRecorded);
     }
     return state;
-}
-
-/// With cycles no order is a compile order.
-bool TScanRun::WarnOfCycles(const TBuildScan& scan) const {
-    std::vector<const IHdlSourceFile*> sources;
-    for (const TScannedSource& source : scan.GetSources()) sources.push_back(source.Source);
-    const std::size_t count = FindDependencyCycles(sources).size();
-    if (count > 0) ReportCycles(count, Streams);
-    return count > 0;
 }
 
 }  // namespace
 
 int RunScan(const TScanArguments& arguments, const TToolStreams& streams) {
+    if (!arguments.Output.empty()) return RunScanNew(arguments, streams);
+    if (arguments.Paths.size() > 1 || !arguments.Libraries.empty() || !arguments.Excluded.empty()) {
+        ReportError(streams, arguments.Paths.size() > 1
+                                 ? "several sources make a build: give it with --output"
+                                 : "--library and --exclude need --output");
+        return kExitUsage;
+    }
     return TScanRun(arguments, streams).Run();
 }

@@ -1,7 +1,11 @@
 #include "cli/scan/scanfindings.h"
+#include "cli/frame/filereports.h"
+#include "flows/dependencycycles.h"
 #include "flows/diagnosticrules.h"
 #include "projectfiles/ihdlsourcefile.h"
+#include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
+#include <algorithm>
 
 namespace {
 
@@ -226,6 +230,13 @@ std::string TToldScan::NameOf(TUnitPlace place) const {
     return library + unit.Name;
 }
 
+std::string NameOfTop(const TScannedTop& top) {
+    std::string name = std::string(GetStringFromHdlLanguage(top.Language)) +
+                       " top-level component " + top.Library + "." + top.Entity;
+    if (!top.Architecture.empty()) name += "(" + top.Architecture + ")";
+    return name;
+}
+
 void AddFindings(const TToldScan& told, TJson* result) {
     for (const TScanFinding& finding : kFindings) {
         TJson& list = (*result)[finding.Key] = TJson::Array();
@@ -239,4 +250,15 @@ void PrintFindings(const TToldScan& told, bool isCheck, bool isExact, const TToo
         if (finding.Find == FindUnexplained && isExact && !isCheck) continue;
         for (const TTold& one : finding.Find(told)) Print(one.Diagnostic, streams);
     }
+}
+
+int StatusOfScan(int status, const TBuildScan& scan, const TToolStreams& streams) {
+    const std::vector<std::string>& reasons = scan.GetReasons();
+    const bool isAllRead = std::all_of(reasons.begin(), reasons.end(),
+                                       [](const std::string& reason) { return reason.empty(); });
+    std::vector<const IHdlSourceFile*> sources;
+    for (const TScannedSource& source : scan.GetSources()) sources.push_back(source.Source);
+    const std::size_t cycles = FindDependencyCycles(sources).size();
+    if (cycles > 0) ReportCycles(cycles, streams);
+    return status == kExitDone && (!isAllRead || cycles > 0) ? kExitProblems : status;
 }

@@ -3,6 +3,7 @@
 #include "cli/frame/streams.h"
 #include "cli/frame/texts.h"
 #include "flows/buildscan.h"
+#include "flows/scannedtops.h"
 #include <string>
 #include <vector>
 
@@ -16,8 +17,15 @@ struct TToldScan {
     std::string NameOf(TUnitPlace unit) const;
 };
 
+/// A top-level component as it is told.
+std::string NameOfTop(const TScannedTop& top);
+
 /// Adds a member for each kind of finding to `result`.
 void AddFindings(const TToldScan& told, TJson* result);
+
+/// kExitProblems in place of kExitDone where sources could not be read or, with a warning, depend
+/// on each other in cycles: then no order is a compile order.
+int StatusOfScan(int status, const TBuildScan& scan, const TToolStreams& streams);
 
 /// Prints the findings: what may be wrong on Err, what is good to know on Out. What differs from
 /// the build's dependencies is left out where it is about to change: what they lack unless

@@ -1,0 +1,94 @@
+#include "tests/cli/toolrun.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A folder of sources without a build.
+class ScanNewCommand : public testing::Test {
+protected:
+    ScanNewCommand() {
+        Folder.Write("rtl/top.vhd",
+                     "library ip; use ip.p.all;\nentity top is end;\narchitecture a of top is "
+                     "begin u: entity ip.core; end;\n");
+        Folder.Write("rtl/ip/core.vhd", "use work.p.all;\nentity core is end;\n");
+        Folder.Write("rtl/ip/p.vhd", "package p is end;\n");
+        Folder.Write("rtl/build/out.vhd", "entity out is end;\n");
+        Folder.Write("tb/tb.sv", "module tb; endmodule\n");
+    }
+    static std::string Scan(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), "scan");
+        return ResultOf(arguments);
+    }
+    WorkingFolder Folder;
+};
+
+}  // namespace
+
+TEST_F(ScanNewCommand, MakesABuildOutOfFolders) {
+    EXPECT_EQ(Scan({"tb", "rtl", "-o", "b.xml", "--library", "ip=rtl/ip"}),
+              "tb/tb.sv:1:8: nobody instantiates module work.tb\n"
+              "rtl/top.vhd:2:8: nobody instantiates entity work.top\n"
+              "Verilog source tb/tb.sv: none -> {\"library\":\"\"}\n"
+              "VHDL source rtl/top.vhd: none -> "
+              "{\"library\":\"\",\"dependencies\":[\"rtl/ip/p.vhd\",\"rtl/ip/core.vhd\"]}\n"
+              "VHDL source rtl/ip/core.vhd: none -> "
+              "{\"library\":\"ip\",\"dependencies\":[\"rtl/ip/p.vhd\"]}\n"
+              "VHDL source rtl/ip/p.vhd: none -> {\"library\":\"ip\"}\n"
+              "b.xml: saved\n");
+    EXPECT_EQ(ResultOf({"order", "b.xml", "--tsv"}),
+              "ip\trtl/ip/p.vhd\n"
+              "ip\trtl/ip/core.vhd\n"
+              "work\trtl/top.vhd\n");
+    EXPECT_NE(Folder.Read("b.xml").find("<HdlBuildFile TopLevelLanguage=\"VHDL\""),
+              std::string::npos);
+    EXPECT_EQ(ResultOf({"check", "b.xml"}), "b.xml: no problems\n");
+    EXPECT_EQ(Scan({"b.xml", "--check", "--exact"}),
+              "tb/tb.sv:1:8: nobody instantiates module work.tb\n"
+              "rtl/top.vhd:2:8: nobody instantiates entity work.top\n"
+              "b.xml: the dependencies are up to date\n");
+}
+
+TEST_F(ScanNewCommand, SavesNothingInADryRun) {
+    const std::string said = Scan({"tb", "-o", "b.xml", "--dry-run", "--set-tops"});
+    EXPECT_EQ(said.substr(0, said.find("@@ ")),
+              "tb/tb.sv:1:8: nobody instantiates module work.tb\n"
+              "Verilog source tb/tb.sv: none -> {\"library\":\"\"}\n"
+              "Verilog top-level component work.tb: none -> true\n"
+              "b.xml: not saved (dry run)\n"
+              "--- /dev/null\n"
+              "+++ b.xml\n");
+    EXPECT_EQ(Folder.List().find("b.xml"), std::string::npos);
+}
+
+TEST_F(ScanNewCommand, RefusesWhatMakesNoBuild) {
+    Folder.Write("old.xml", "old");
+    Folder.Write("empty/n.txt", "");
+    const struct {
+        std::vector<std::string> Arguments;
+        const char* Expected;
+    } rows[] = {
+        {{"rtl", "-o", "old.xml"}, "3\nhdlbuild: error: old.xml: the file exists already\n"},
+        {{"empty", "-o", "b.xml"}, "2\nhdlbuild: error: there are no sources in the folders\n"},
+        {{"none", "-o", "b.xml"}, "3\nhdlbuild: error: none: the file does not exist\n"},
+        {{"rtl", "-o", "b.xml", "--library", "ip"},
+         "2\nhdlbuild: error: --library 'ip': write it as NAME=PATTERN\n"},
+        {{"rtl", "-o", "b.xml", "--library", "=rtl"},
+         "2\nhdlbuild: error: --library '=rtl': write it as NAME=PATTERN\n"},
+        {{"rtl", "-o", "b.xml", "--library", "ip="},
+         "2\nhdlbuild: error: --library 'ip=': write it as NAME=PATTERN\n"},
+        {{"rtl", "-o", "b.xml", "--library", "a=rtl", "--library", "ip=rtl/ip"},
+         "2\nhdlbuild: error: --library ip: no source that is left matches its pattern\n"},
+        {{"rtl", "-o", "b.xml", "--check"},
+         "2\nhdlbuild: error: --check and --exact need a build that is there: --output makes "
+         "one\n"},
+        {{"rtl", "tb"},
+         "2\nhdlbuild: error: several sources make a build: give it with --output\n"},
+        {{"rtl", "--library", "a=rtl"},
+         "2\nhdlbuild: error: --library and --exclude need --output\n"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(Scan(row.Arguments), row.Expected);
+        EXPECT_EQ(Folder.Read("old.xml"), "old");
+        EXPECT_EQ(Folder.List().find("b.xml"), std::string::npos);
+    }
+}
