@@ -13,6 +13,7 @@ int RunRemove(const TChangeArguments& arguments, const TToolStreams& streams) {
     if (const int status = build.FindSources(arguments.Paths, &sources); status != kExitDone)
         return status;
     std::vector<IHdlSourceFile*> gone;
+    gone.reserve(sources.size());
     for (const TBuildSource& source : sources) gone.push_back(source.Source);
     if (arguments.IsMissing)
         // They are the build's, which may be changed.
