@@ -12,7 +12,7 @@
 namespace {
 
 std::string ReadTrapsV() {
-    std::ifstream stream(HDLBUILDFILE_SOURCE_DIR "/tests/flows/scan/traps.sv", std::ios::binary);
+    std::ifstream stream(HDLBUILDFILE_SOURCE_DIR "/fuzz/corpus/verilog/traps.sv", std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
