@@ -20,8 +20,8 @@ std::vector<std::string> FoldersOf(const std::vector<std::string>& directories,
     std::vector<std::string> folders;
     for (const std::string& directory : ResolveOrvaneEnvVariables(directories)) {
         TUtilFileName name(build.GetProjectPath().c_str());
-        name.PushFileName(directory.c_str());
-        folders.push_back(std::string(name.CanonicalWithoutFinalSlash()) + "/");
+        name.PushDirectory(directory.c_str());
+        folders.emplace_back(name.Canonical());
     }
     return folders;
 }

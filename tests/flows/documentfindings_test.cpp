@@ -2,6 +2,7 @@
 #include "buildfile/hdlbuildfile.h"
 #include "services/names/isfilename.h"
 #include "tests/support/recorders.h"
+#include "tests/support/replaced.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
 #include <filesystem>
@@ -35,7 +36,9 @@ std::string Findings(const std::string& document, const TemporaryFolder& folder)
     const TDocumentFindings findings =
         CheckDocument(ISFileName::NewISFileName(folder.Write("b.xml", document).c_str()));
     const auto relative = [&folder](const std::string& path) {
-        return path.starts_with(folder.Path()) ? path.substr(folder.Path().size() + 1) : path;
+        return ReplacedEverywhere(
+            path.starts_with(folder.Path()) ? path.substr(folder.Path().size() + 1) : path, "\\",
+            "/");
     };
     std::string lines;
     for (const TRepeatedSource& source : findings.Repeated) {

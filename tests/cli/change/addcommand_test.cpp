@@ -59,7 +59,13 @@ TEST_F(AddCommand, SaysWhatIsThereAlreadyAndAddsItNotTwice) {
               "VHDL source rtl/core.vhd: none -> {\"library\":\"\"}\n"
               "b.xml: saved\n");
     const std::string saved = Folder.Read("b.xml");
+#ifdef _WIN32
+    EXPECT_EQ(Add({"RTL/Core.vhd"}),
+              "RTL/Core.vhd is in the build already\n"
+              "b.xml: nothing to change\n");
+#else
     EXPECT_EQ(Add({"RTL/Core.vhd"}), "3\nhdlbuild: error: RTL/Core.vhd: the file does not exist\n");
+#endif
     EXPECT_EQ(Add({"rtl/*.vhd"}),
               "rtl/core.vhd is in the build already\n"
               "rtl/pkg.vhd is in the build already\n"
