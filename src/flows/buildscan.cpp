@@ -44,14 +44,18 @@ void DropThoseInLibraries(const THdlBuildFile& build, const TDesignFiles& files,
     std::erase_if(*missing, [&](const TMissingUnit& unit) {
         if (files[unit.First.Unit.File].Scan.Language != LANGUAGE_VERILOG) return false;
         for (const std::string& folder : folders)
-            for (const std::string& extension : verilog->GetLibraryExtensions())
-                if (LookAtFile(folder + unit.Unit + extension).Exists) return true;
+            for (const std::string& extension : verilog->GetLibraryExtensions()) {
+                std::string path = folder;
+                path.append(unit.Unit).append(extension);
+                if (LookAtFile(path).Exists) return true;
+            }
         return false;
     });
 }
 
 TSourceScan ScanAll(const std::vector<TScannedSource>& sources, const THdlBuildFile& build) {
     std::vector<TSourceToScan> toScan;
+    toScan.reserve(sources.size());
     for (const TScannedSource& source : sources)
         toScan.push_back({source.Source->GetFileName()->Canonical(false), source.Group,
                           LibraryOfSource(*source.Source, build)});

@@ -12,18 +12,19 @@ bool IsUnreserved(char c) {
 }
 
 /// A path as a reference of a URI, absolute for an absolute path.
-std::string UriOf(std::string path) {
+std::string UriOf(const std::string& path) {
 #ifdef _WIN32
-    std::replace(path.begin(), path.end(), '\\', '/');
+    constexpr char kDelimiter = '\\';
     const bool hasDrive = path.size() > 1 && path[1] == ':';
     std::string uri = hasDrive ? "file:///" : "";
 #else
-    std::string uri = path.starts_with("/") ? "file://" : "";
+    constexpr char kDelimiter = '/';
+    std::string uri = path.starts_with(kDelimiter) ? "file://" : "";
 #endif
     static constexpr const char* kDigits = "0123456789ABCDEF";
     for (const char c : path) {
-        if (IsUnreserved(c)) {
-            uri += c;
+        if (c == kDelimiter || IsUnreserved(c)) {
+            uri += c == kDelimiter ? '/' : c;
             continue;
         }
         const auto byte = static_cast<unsigned char>(c);
