@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <set>
 #include <system_error>
+#include <tuple>
 #include <unordered_set>
 #include <utility>
 
@@ -122,7 +123,9 @@ private:
     struct TStep {
         std::string Folder;
         std::size_t Part;
-        auto operator<=>(const TStep&) const = default;
+        bool operator<(const TStep& other) const {
+            return std::tie(Folder, Part) < std::tie(other.Folder, other.Part);
+        }
     };
 
     // Goes down as far as the pattern is plain, then from folder to folder.
