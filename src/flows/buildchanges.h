@@ -23,8 +23,8 @@ TBuildSource FindListed(THdlBuildFile& build, const ISFileName* file);
 
 /// Puts the source at the end of the group of `language`, and has the general settings compile that
 /// language: without that the library's next save would drop the group, unless it is the top-level
-/// language's. General settings are made where they are needed and missing. Returns the source;
-/// null when the group lists it.
+/// language's. General settings are made where they are needed and missing: only a
+/// TSimWrapHdlBuildFile deletes them. Returns the source; null when the group lists it.
 IHdlSourceFile* AddSource(THdlBuildFile& build, const ISFileName* file, THdlLanguage language);
 void CompileLanguage(THdlBuildFile& build, THdlLanguage language);
 

@@ -1,5 +1,5 @@
 #include "flows/sourcelists.h"
-#include "buildfile/hdlbuildfile.h"
+#include "buildfile/simwraphdlbuildfile.h"
 #include "flows/buildchanges.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
@@ -73,8 +73,8 @@ struct Difference {
         return text;
     }
 
-    THdlBuildFile BuildBefore;
-    THdlBuildFile BuildAfter;
+    TSimWrapHdlBuildFile BuildBefore;
+    TSimWrapHdlBuildFile BuildAfter;
     TTextNumbers Libraries;
     TSourceLists Before;
     TSourceLists After;
