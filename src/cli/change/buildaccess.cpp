@@ -1,7 +1,8 @@
 #include "cli/change/buildaccess.h"
-#include "cli/change/buildstate.h"
+#include "cli/frame/buildstate.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/progressline.h"
+#include "cli/frame/sourcechanges.h"
 #include "flows/filepatterns.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
@@ -99,79 +100,14 @@ int TBuildAccess::Save(const char* verb) {
     TFileChange change{MakeResult("hdlbuild-" + std::string(verb), "build", File), File, StateRead,
                        StateOf(Edit.GetFound())};
     NameAll(&change.Before, &change.After);
-    if (reason.empty()) AddSourceChanges(&change);
+    if (reason.empty() && Edit.IsChanged())
+        AddSourceChanges({Edit.GetSourcesBefore(), Edit.GetSourcesAfter(), Edit.GetSourceChanges(),
+                          Edit.GetLibraries()},
+                         Form, &change.Before, &change.After);
     for (const TNote& note : Notes) {
         change.Result[note.Key] = note.Names;
         if (Arguments.Json || !reason.empty()) continue;
         for (const std::string& name : note.Names) PrintLine(Streams.Out, name + note.Text);
     }
     return SaveEditedFile(std::move(change), reason, Edit.GetFile(), Arguments, Streams);
-}
-
-namespace {
-
-/// The values of a source, as they are told.
-class TSourceValues {
-public:
-    TSourceValues(const TListedRecord& record, const TSourceLists& lists,
-                  const TTextNumbers& libraries, const TPathForm& form)
-        : Library(libraries.GetText(record.Library)), IsLibraryFile(record.IsLibraryFile) {
-        for (const ISFileName* file : lists.GetDependencies(record))
-            Dependencies.Add(PathText(file, form));
-    }
-
-    TJson AsJson() const {
-        TJson json = {{"library", Library}};
-        if (IsLibraryFile.IsTrue()) json["libraryFile"] = true;
-        if (!Dependencies.GetEntries().empty()) json["dependencies"] = Dependencies;
-        return json;
-    }
-    TState AsState(const std::string& name) const {
-        return {{name + ", library", Library},
-                {name + ", library file", IsLibraryFile},
-                {name + ", dependencies", Dependencies}};
-    }
-
-private:
-    TJson Library;
-    TJson IsLibraryFile;
-    TJson Dependencies = TJson::Array();
-};
-
-void Append(const TState& values, TState* state) {
-    state->insert(state->end(), values.begin(), values.end());
-}
-
-}  // namespace
-
-void TBuildAccess::AddSourceChanges(TFileChange* change) const {
-    if (!Edit.IsChanged()) return;
-    const TSourceListsDifference& difference = Edit.GetSourceChanges();
-    for (const TListedChange& source : difference.GetChanges()) {
-        const TListedRecord& named = source.After ? *source.After : *source.Before;
-        const std::string name = std::string(GetStringFromHdlLanguage(source.Language)) +
-                                 " source " + TextOf(named.File);
-        const auto valuesOf = [&](const TListedRecord& record, const TSourceLists& lists) {
-            return TSourceValues(record, lists, Edit.GetLibraries(), Form);
-        };
-        const auto behind = [&](const ISFileName* file) {
-            return file ? TJson(TextOf(file)) : TJson();
-        };
-        if (!source.Before || !source.After) {
-            change->Before.emplace_back(
-                name, source.Before ? valuesOf(*source.Before, Edit.GetSourcesBefore()).AsJson()
-                                    : TJson());
-            change->After.emplace_back(
-                name,
-                source.After ? valuesOf(*source.After, Edit.GetSourcesAfter()).AsJson() : TJson());
-            continue;
-        }
-        Append(valuesOf(*source.Before, Edit.GetSourcesBefore()).AsState(name), &change->Before);
-        Append(valuesOf(*source.After, Edit.GetSourcesAfter()).AsState(name), &change->After);
-        if (!source.IsMoved) continue;
-        change->Before.emplace_back(name + ", behind",
-                                    behind(difference.GetFileInFrontBefore(source)));
-        change->After.emplace_back(name + ", behind",
-                                   behind(difference.GetFileInFrontAfter(source)));
-    }
 }

@@ -49,7 +49,6 @@ private:
     };
 
     int Finish(bool isRead, TXMLReadError* error);
-    void AddSourceChanges(TFileChange* change) const;
 
     const std::string& File;
     const TCommonArguments& Arguments;

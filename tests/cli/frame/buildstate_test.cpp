@@ -1,4 +1,4 @@
-#include "cli/change/buildstate.h"
+#include "cli/frame/buildstate.h"
 #include "buildfile/hdlbuildfile.h"
 #include "settings/projectsimgeneralconfig.h"
 #include <gtest/gtest.h>

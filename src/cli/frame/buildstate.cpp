@@ -1,4 +1,4 @@
-#include "cli/change/buildstate.h"
+#include "cli/frame/buildstate.h"
 #include "buildfile/hdlbuildfile.h"
 #include "cli/frame/settingkeys.h"
 #include "flows/buildattributes.h"
