@@ -5,7 +5,9 @@
 #include "cli/frame/texts.h"
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iterator>
 #include <map>
+#include <sstream>
 
 namespace {
 
@@ -61,8 +63,23 @@ public:
         if (!Words.empty()) usage.insert(usage.find_last_not_of('\n') + 1, " " + Words);
         return usage;
     }
+    // The parser has them in the order of their addresses.
+    std::string make_option_opts(const CLI::Option* option) const override {
+        std::string text = CLI::Formatter::make_option_opts(option);
+        const std::size_t excluded = text.find(kExcludes);
+        if (excluded == std::string::npos) return text;
+        std::istringstream stream(text.substr(excluded + std::string_view(kExcludes).size()));
+        std::vector<std::string> names{std::istream_iterator<std::string>(stream), {}};
+        std::sort(names.begin(), names.end());
+        text.resize(excluded);
+        text += kExcludes;
+        for (const std::string& name : names) text += " " + name;
+        return text;
+    }
 
 private:
+    static constexpr const char* kExcludes = " Excludes:";
+
     std::string Front;
     std::string Words;
 };
