@@ -2,6 +2,7 @@
 #include "cli/build/commands.h"
 #include "cli/change/commands.h"
 #include "cli/frame/commandline.h"
+#include "cli/questions/commands.h"
 #include "cli/scan/commands.h"
 #include "cli/servers/commands.h"
 #include "cli/settings/commands.h"
@@ -19,8 +20,9 @@ constexpr const char* kFooter =
 
 std::vector<TCommand> MakeCommands() {
     std::vector<TCommand> commands;
-    for (const auto make : {MakeBuildCommands, MakeChangeCommands, MakeScanCommands,
-                            MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
+    for (const auto make :
+         {MakeBuildCommands, MakeQuestionCommands, MakeChangeCommands, MakeScanCommands,
+          MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
         for (TCommand& command : make()) commands.push_back(std::move(command));
     return commands;
 }

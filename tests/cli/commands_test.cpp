@@ -21,6 +21,7 @@ const std::map<std::string, TLine>& CommandLines() {
         {"order", {"order", "b.xml"}},
         {"options", {"options", "b.xml"}},
         {"command-file", {"command-file", "b.xml"}},
+        {"list", {"list", "b.xml"}},
         {"new", {"new", "n.xml"}},
         {"add", {"add", "b.xml", "a.vhd"}},
         {"source", {"source", "d.xml", "a.vhd", "--library", "ip"}},

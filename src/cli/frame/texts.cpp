@@ -68,6 +68,10 @@ void PrintFields(std::ostream& out, const std::vector<std::string>& fields) {
     out << '\n';
 }
 
+void PrintWithNul(std::ostream& out, std::string_view text) {
+    out << text << '\0';
+}
+
 void PrintTable(std::vector<std::vector<std::string>> rows, std::ostream& out) {
     std::vector<std::size_t> widths;
     for (auto& row : rows) {

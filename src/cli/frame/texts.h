@@ -12,7 +12,7 @@ class ISFileName;
 std::string Escaped(std::string_view text, std::string_view kept = {});
 
 /// Prints the line escaped, and a line end. All text output goes through this function, but for the
-/// command file, which is a file of its own.
+/// command file, which is a file of its own, and what other programs take.
 void PrintLine(std::ostream& out, std::string_view line);
 /// Prints a line of words that another program takes: tabulators separate words and stay.
 void PrintWords(std::ostream& out, std::string_view words);
@@ -20,6 +20,9 @@ void PrintWords(std::ostream& out, std::string_view words);
 void PrintDiff(std::string_view diff, std::ostream& out);
 /// Prints a line of fields, escaped one by one and separated by tabulators.
 void PrintFields(std::ostream& out, const std::vector<std::string>& fields);
+
+/// Prints the text as it is, ended by a NUL, for a program that takes names so.
+void PrintWithNul(std::ostream& out, std::string_view text);
 
 /// Prints rows of equally many columns, padded to the widest text of each, two blanks between them.
 /// Empty texts print as "-".

@@ -1,0 +1,21 @@
+#include "cli/questions/commands.h"
+#include "cli/frame/languagenames.h"
+
+std::vector<TCommand> MakeQuestionCommands() {
+    const auto values = std::make_shared<TQuestionArguments>();
+    const TRunWith<TQuestionArguments> with(values);
+    const TArgument build{"BUILD", &values->Build, "The build file", kRequired};
+    const TArgument absolute{"--absolute", &values->Paths.Absolute,
+                             "Print absolute paths, not paths relative to the current directory"};
+    const TArgument language{"--language", &values->Language, "Only sources in " + LanguageHelp()};
+    const TArgument library{"--library", &values->Library,
+                            "Only sources that are compiled into this library"};
+    const TArgument missing{"--missing", &values->Missing, "Only sources that do not exist"};
+    std::vector<TArgument> listArguments = {build, absolute, language, library, missing};
+    for (TArgument& format : ListFormatArguments(*values))
+        listArguments.push_back(std::move(format));
+    return {
+        {"list", "List the sources with their libraries, flags and number of dependencies",
+         with(RunList), listArguments},
+    };
+}
