@@ -6,6 +6,7 @@
 #include "cli/scan/commands.h"
 #include "cli/servers/commands.h"
 #include "cli/settings/commands.h"
+#include "cli/setup/commands.h"
 #include "cli/translator/commands.h"
 
 namespace {
@@ -21,8 +22,8 @@ constexpr const char* kFooter =
 std::vector<TCommand> MakeCommands() {
     std::vector<TCommand> commands;
     for (const auto make :
-         {MakeBuildCommands, MakeQuestionCommands, MakeChangeCommands, MakeScanCommands,
-          MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
+         {MakeBuildCommands, MakeQuestionCommands, MakeChangeCommands, MakeSetupCommands,
+          MakeScanCommands, MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
         for (TCommand& command : make()) commands.push_back(std::move(command));
     return commands;
 }

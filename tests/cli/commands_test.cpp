@@ -28,6 +28,11 @@ const std::map<std::string, TLine>& CommandLines() {
         {"remove", {"remove", "d.xml", "a.vhd"}},
         {"rename", {"rename", "d.xml", "a.vhd", "b.vhd"}},
         {"depend", {"depend", "d.xml", "a.vhd", "--on", "e.vhd"}},
+        {"top", {"top", "b.xml"}},
+        {"top list", {"top", "b.xml", "list"}},
+        {"top add", {"top", "b.xml", "add", "work.e(a)"}},
+        {"top remove", {"top", "d.xml", "remove", "work.t"}},
+        {"top force", {"top", "b.xml", "force", "on"}},
         {"scan", {"scan", "d.xml"}},
         {"settings list", {"settings", "p.hpj", "list"}},
         {"settings show", {"settings", "p.hpj", "show"}},
@@ -62,8 +67,11 @@ public:
                                         "<LanguageSettings Language=\"Verilog\"/>"
                                         "</ProjectLanguageConfigurationList>"));
         Folder.Write("d.xml",
-                     BuildText("<SourceFileGroup Language=\"VHDL\">" + SourceText("a.vhd") +
-                               SourceText("e.vhd") + "</SourceFileGroup>"));
+                     BuildText("<TopLevelComponents><ComponentList Language=\"VHDL\">"
+                               "<Component Library=\"work\">t</Component></ComponentList>"
+                               "</TopLevelComponents>"
+                               "<SourceFileGroup Language=\"VHDL\">" +
+                               SourceText("a.vhd") + SourceText("e.vhd") + "</SourceFileGroup>"));
         Folder.Write("a.vhd", "architecture a of e is begin end;");
         Folder.Write("e.vhd", "entity e is end;");
         Folder.Write("p.hpj", ProjectText());
@@ -196,6 +204,9 @@ TEST(CommandTable, ADryRunSaysTheSameAndChangesNothing) {
               "remove\n"
               "rename\n"
               "depend\n"
+              "top add\n"
+              "top remove\n"
+              "top force\n"
               "scan\n"
               "settings current\n"
               "settings copy\n"

@@ -158,24 +158,32 @@ TEST(Tool, TakesArgumentsBehindTwoDashesByTheirPlaces) {
               "-h: LogFileName: \"simulation.log\" -> \"-x\"\np.hpj: saved\n");
 }
 
+namespace {
+
+std::string KnownCommands() {
+    std::string names;
+    for (const TCommand& command : MakeCommands()) names += std::string(command.Name) + ", ";
+    return names + "help";
+}
+
+}  // namespace
+
 TEST(Tool, ReportsWrongUsageWithStatusTwo) {
     const struct {
         const char* Label;
         std::vector<std::string> Arguments;
-        const char* Err;
+        std::string Err;
     } rows[] = {
         {"no command",
          {},
-         "COMMAND is required; known: show, check, order, options, command-file, new, add, "
-         "source, remove, rename, depend, scan, settings, templates, servers, simulators, "
-         "translator, help\n"
-         "Run with --help for more information.\n"},
+         "COMMAND is required; known: " + KnownCommands() +
+             "\n"
+             "Run with --help for more information.\n"},
         {"unknown command",
          {"ordre", "a.xml"},
-         "unknown command 'ordre'; nearest: order; known: show, check, order, options, "
-         "command-file, new, add, source, remove, rename, depend, scan, settings, templates, "
-         "servers, simulators, translator, help\n"
-         "Run with --help for more information.\n"},
+         "unknown command 'ordre'; nearest: order; known: " + KnownCommands() +
+             "\n"
+             "Run with --help for more information.\n"},
         {"no build file", {"show"}, "BUILD is required\nRun with --help for more information.\n"},
         {"no verb",
          {"settings", "a.hpj"},

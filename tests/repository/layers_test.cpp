@@ -53,13 +53,14 @@ const std::map<std::string, std::set<std::string>> kPermitted = {
     {"cli/build", kFamily},
     {"cli/change", kFamily},
     {"cli/questions", kFamily},
+    {"cli/setup", kFamily},
     {"cli/scan", kFamily},
     {"cli/settings", kFamily},
     {"cli/servers", kFamily},
     {"cli/translator", kFamily},
     {"cli",
-     {"cli/frame", "cli/build", "cli/change", "cli/questions", "cli/scan", "cli/settings",
-      "cli/servers", "cli/translator"}},
+     {"cli/frame", "cli/build", "cli/change", "cli/setup", "cli/questions", "cli/scan",
+      "cli/settings", "cli/servers", "cli/translator"}},
 };
 
 }  // namespace

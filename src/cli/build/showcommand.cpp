@@ -2,8 +2,7 @@
 #include "cli/frame/filereports.h"
 #include "cli/frame/json.h"
 #include "cli/frame/texts.h"
-#include "filenames/componentname.h"
-#include "filenames/componentnamelist.h"
+#include "cli/frame/toptexts.h"
 #include "flows/listedsources.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
@@ -38,19 +37,7 @@ TJson LibrariesOf(const THdlBuildFile& build) {
 
 TJson TopLevelComponentsOf(const THdlBuildFile& build) {
     TJson components = TJson::Array();
-    for (const THdlLanguageRecord& record : GetHdlLanguageTable()) {
-        const THdlLanguage language = record.Language;
-        const TComponentNameList* names = build.GetComponentNameList(language);
-        if (!names) continue;
-        const auto text = [language](const TTBIdentifier& identifier) {
-            return identifier.GetEscapedName(language, '-', false, false).Str();
-        };
-        for (const TComponentName* name : *names)
-            components.Add({{"language", LanguageText(language)},
-                            {"library", name->GetDestinationLibraryName()},
-                            {"entity", text(name->GetEntity())},
-                            {"architecture", text(name->GetArchitecture())}});
-    }
+    for (const TBuildTop& top : ListTops(build)) components.Add(TopAsJson(top));
     return components;
 }
 
@@ -173,12 +160,11 @@ void PrintContents(std::ostream& out, const TJson& contents) {
     PrintLabelled(out, "Generated into", Text(contents["libraries"]["generation"]));
     PrintLabelled(out, "Snapshot", Text(contents["libraries"]["snapshot"]));
     PrintLabelled(out, "Compiled into", Text(contents["libraries"]["groups"]));
-    for (const TJson& component : contents["topLevelComponents"].GetEntries()) {
-        const std::string architecture = Text(component["architecture"]);
-        PrintLabelled(out, "Top level " + Text(component["language"]),
-                      Text(component["library"]) + "." + Text(component["entity"]) +
-                          (architecture.empty() ? "" : "(" + architecture + ")"));
-    }
+    for (const TJson& component : contents["topLevelComponents"].GetEntries())
+        PrintLabelled(
+            out, "Top level " + Text(component["language"]),
+            TextOf(TBuildTop{LANGUAGE_NONE, Text(component["library"]), Text(component["entity"]),
+                             Text(component["architecture"])}));
     if (contents["forceTopLevelComponents"].IsTrue()) PrintLabelled(out, "Top level", "forced");
     for (const TJson& tool : contents["simulators"].GetEntries()) {
         PrintLabelled(out, "Simulator " + Text(tool["language"]), Text(tool["simulator"]));

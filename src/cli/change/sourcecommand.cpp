@@ -1,4 +1,4 @@
-#include "cli/change/buildaccess.h"
+#include "cli/frame/buildaccess.h"
 #include "cli/change/commands.h"
 #include "cli/change/sourceplace.h"
 #include "projectfiles/ihdlsourcefile.h"

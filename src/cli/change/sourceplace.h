@@ -1,5 +1,5 @@
 #pragma once
-#include "cli/change/buildaccess.h"
+#include "cli/frame/buildaccess.h"
 #include "cli/change/commands.h"
 #include <map>
 

@@ -1,7 +1,11 @@
 #include "cli/frame/buildstate.h"
 #include "buildfile/hdlbuildfile.h"
-#include "cli/frame/settingkeys.h"
+#include "cli/frame/settingstext.h"
+#include "cli/frame/toptexts.h"
 #include "flows/buildattributes.h"
+#include "settings/storedlanguages.h"
+#include "simtools/basesimtool.h"
+#include <map>
 #include <set>
 
 namespace {
@@ -15,12 +19,45 @@ void AddAttributes(const THdlBuildFile& build, TState* state) {
     }
 }
 
-void AddGeneralSettings(const THdlBuildFile& build, TState* state) {
-    const TProjectSimGeneralConfig defaults;
+void AddTops(const THdlBuildFile& build, TState* state) {
+    state->emplace_back("ForceTopLevelComponents", build.GetForceTopLevelComponents());
+    std::map<THdlLanguage, TJson> lists;
+    for (const TBuildTop& top : ListTops(build)) lists[top.Language].Add(TextOf(top));
+    for (const auto& [language, list] : lists)
+        state->emplace_back(
+            std::string(GetStringFromHdlLanguage(language)) + " top-level components", list);
+}
+
+void AddSimulators(const THdlBuildFile& build, TState* state) {
+    for (const THdlLanguage language : build.GetSimToolLanguages()) {
+        const TBaseSimTool& tool = *build.GetSimTool(language);
+        state->emplace_back(std::string(GetStringFromHdlLanguage(language)) + " simulator",
+                            TJson{{"simulator", GetSimulatorNameFromType(tool.GetSimulatorType())},
+                                  {"path", tool.GetExecutablePath()},
+                                  {"pliLibrary", tool.GetPliLibrary()}});
+    }
+}
+
+// What is missing counts as the defaults: making settings is no change of its own.
+void AddSettings(const THdlBuildFile& build, TState* state) {
+    const TProjectSimGeneralConfig generalDefaults;
+    const TProjectSimLanguageConfig languageDefaults;
     const TProjectSimGeneralConfig* const general = build.GetGeneralConfiguration();
-    for (const TGeneralSetting& setting : GetGeneralSettings())
-        state->emplace_back(setting.Name,
-                            ValueOf(setting.Kind, setting.Get(general ? *general : defaults)));
+    const std::string folder = build.GetFileName() ? build.GetProjectPath() : "";
+    std::vector<TSettingValue> values;
+    AddGeneralSettings(general ? *general : generalDefaults, &values);
+    for (const THdlLanguage language : GetStoredLanguages()) {
+        const TProjectSimLanguageConfig* const settings = build.GetProjectLanguageConfig(language);
+        AddLanguageSettings(language, settings ? *settings : languageDefaults, folder, &values);
+    }
+    for (TSettingValue& value : values)
+        state->emplace_back(value.Language + (value.Language.empty() ? "" : " ") + value.Key,
+                            std::move(value.Value));
+}
+
+void AddVariables(const THdlBuildFile& build, TState* state) {
+    for (const auto& [name, value] : *build.GetPseudoEnvironmentVariables())
+        state->emplace_back("variable." + name, value);
 }
 
 void AddMissing(const TState& from, TState* to) {
@@ -32,10 +69,13 @@ void AddMissing(const TState& from, TState* to) {
 
 }  // namespace
 
-TState StateOf(THdlBuildFile& build) {
+TState StateOf(const THdlBuildFile& build) {
     TState state;
     AddAttributes(build, &state);
-    AddGeneralSettings(build, &state);
+    AddTops(build, &state);
+    AddSimulators(build, &state);
+    AddSettings(build, &state);
+    AddVariables(build, &state);
     return state;
 }
 

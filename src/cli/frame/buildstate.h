@@ -4,7 +4,7 @@
 class THdlBuildFile;
 
 /// All that users set in a build but for its sources, under the names of commands and reports.
-TState StateOf(THdlBuildFile& build);
+TState StateOf(const THdlBuildFile& build);
 
 /// Gives each state the names of the other one, as null, so that what comes and goes is reported.
 void NameAll(TState* before, TState* after);

@@ -2,7 +2,7 @@
 #include "cli/frame/filereports.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
-#include "cli/settings/settingstext.h"
+#include "cli/frame/settingstext.h"
 #include "flows/editrules.h"
 #include "flows/textreaders.h"
 #include "services/ini/propcache.h"

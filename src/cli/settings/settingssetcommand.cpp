@@ -3,7 +3,7 @@
 #include "cli/frame/texts.h"
 #include "cli/settings/commands.h"
 #include "cli/settings/projectaccess.h"
-#include "cli/settings/settingstext.h"
+#include "cli/frame/settingstext.h"
 #include "services/names/environment.h"
 #include "services/names/utilfilename.h"
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "cli/change/buildaccess.h"
+#include "cli/frame/buildaccess.h"
 #include "cli/frame/buildstate.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/progressline.h"

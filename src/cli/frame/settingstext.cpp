@@ -1,30 +1,34 @@
-#include "cli/settings/settingstext.h"
+#include "cli/frame/settingstext.h"
 #include "cli/frame/texts.h"
 #include "settings/storedlanguages.h"
 
-namespace {
+std::vector<TSettingValue> ListSettings(const TProjectSimConfig& configuration,
+                                        const std::string& baseDirectory) {
+    std::vector<TSettingValue> values;
+    AddGeneralSettings(*configuration.GetGeneralConfiguration(), &values);
+    for (const THdlLanguage language : LanguagesOf(configuration))
+        AddLanguageSettings(language, *configuration.GetProjectLanguageConfig(language),
+                            baseDirectory, &values);
+    return values;
+}
+
+void AddGeneralSettings(const TProjectSimGeneralConfig& settings,
+                        std::vector<TSettingValue>* values) {
+    for (const TGeneralSetting& setting : GetGeneralSettings())
+        values->push_back({"", setting.Name, ValueOf(setting.Kind, setting.Get(settings))});
+}
+
+void AddLanguageSettings(THdlLanguage language, const TProjectSimLanguageConfig& settings,
+                         const std::string& baseDirectory, std::vector<TSettingValue>* values) {
+    for (const TLanguageSetting& setting : GetLanguageSettings())
+        values->push_back({GetStringFromHdlLanguage(language), setting.Name,
+                           ValueOf(setting, settings, baseDirectory)});
+}
 
 TJson ValueOf(const TLanguageSetting& setting, const TProjectSimLanguageConfig& settings,
               const std::string& baseDirectory) {
     return IsListKind(setting.Kind) ? TJson(ListEntries(setting, settings, baseDirectory))
                                     : ValueOf(setting.Kind, setting.Get(settings));
-}
-
-}  // namespace
-
-std::vector<TSettingValue> ListSettings(const TProjectSimConfig& configuration,
-                                        const std::string& baseDirectory) {
-    std::vector<TSettingValue> values;
-    for (const TGeneralSetting& setting : GetGeneralSettings())
-        values.push_back(
-            {"", setting.Name,
-             ValueOf(setting.Kind, setting.Get(*configuration.GetGeneralConfiguration()))});
-    for (const THdlLanguage language : LanguagesOf(configuration))
-        for (const TLanguageSetting& setting : GetLanguageSettings())
-            values.push_back({GetStringFromHdlLanguage(language), setting.Name,
-                              ValueOf(setting, *configuration.GetProjectLanguageConfig(language),
-                                      baseDirectory)});
-    return values;
 }
 
 std::vector<std::string> ListEntries(const TLanguageSetting& list,
@@ -60,7 +64,7 @@ void PrintSettings(const std::vector<TSettingValue>& settings, std::ostream& out
     for (const TSettingValue& setting : settings) {
         if (setting.Language != language) PrintLine(out, language = setting.Language);
         const std::string value = setting.Value.Text();
-        std::string line = "  " + std::string(setting.Key);
+        std::string line = "  " + setting.Key;
         if (!value.empty()) line.append(kWidth + 2 - line.size(), ' ').append(value);
         PrintLine(out, line);
     }

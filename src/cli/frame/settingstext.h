@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-/// One setting of a configuration.
+/// One setting of a configuration or a build.
 struct TSettingValue {
     std::string Language;  ///< "" for a general setting
-    const char* Key;
+    std::string Key;
     TJson Value;
 };
 
@@ -16,6 +16,16 @@ struct TSettingValue {
 /// as the settings hold them when it is empty.
 std::vector<TSettingValue> ListSettings(const TProjectSimConfig& configuration,
                                         const std::string& baseDirectory);
+
+/// Adds those that do not depend on a language, and those of one language.
+void AddGeneralSettings(const TProjectSimGeneralConfig& settings,
+                        std::vector<TSettingValue>* values);
+void AddLanguageSettings(THdlLanguage language, const TProjectSimLanguageConfig& settings,
+                         const std::string& baseDirectory, std::vector<TSettingValue>* values);
+
+/// The value of one setting of a language.
+TJson ValueOf(const TLanguageSetting& setting, const TProjectSimLanguageConfig& settings,
+              const std::string& baseDirectory);
 
 /// The entries of a list, directories in the same form as in ListSettings.
 std::vector<std::string> ListEntries(const TLanguageSetting& list,

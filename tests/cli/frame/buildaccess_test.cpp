@@ -1,5 +1,4 @@
-#include "cli/change/buildaccess.h"
-#include "cli/change/sourceplace.h"
+#include "cli/frame/buildaccess.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "tests/cli/toolrun.h"
 #include <gtest/gtest.h>
@@ -11,7 +10,7 @@ struct Access {
     std::ostringstream Out;
     std::ostringstream Err;
     TToolStreams Streams{Out, Err};
-    TChangeArguments Arguments;
+    TCommonArguments Arguments;
     std::string File = "b.xml";
     TBuildAccess Build{File, Arguments, Streams};
 };

@@ -1,0 +1,88 @@
+#include "cli/frame/toptexts.h"
+#include "services/hdl/identifier.h"
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace {
+
+/// The length of the extended identifier that `text` begins with, doubled backslashes included.
+std::size_t VhdlExtendedLength(std::string_view text) {
+    std::size_t end = 1;
+    while (end < text.size() && (text[end] != '\\' || text.substr(end).starts_with("\\\\")))
+        end += text[end] == '\\' ? std::size_t{2} : std::size_t{1};
+    return std::min(end + 1, text.size());
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+    while (text.starts_with(' ')) text.remove_prefix(1);
+    while (text.ends_with(' ')) text.remove_suffix(1);
+    return text;
+}
+
+/// Takes a name from the front of `text`: an escaped one, or what stands in front of one of `ends`.
+std::string TakeName(std::string_view* text, THdlLanguage language, std::string_view ends) {
+    std::size_t length = std::min(text->find_first_of(ends), text->size());
+    if (text->starts_with('\\') && language == LANGUAGE_VHDL)
+        length = VhdlExtendedLength(*text);
+    else if (text->starts_with('\\') && language == LANGUAGE_VERILOG)
+        length = std::min(text->find(' '), text->size() - 1) + 1;
+    const std::string_view name = text->substr(0, length);
+    text->remove_prefix(length);
+    return std::string(name.starts_with('\\') ? name : WithoutBlanks(name));
+}
+
+bool Take(std::string_view* text, char character) {
+    if (!text->starts_with(character)) return false;
+    text->remove_prefix(1);
+    return true;
+}
+
+bool ReadParts(std::string_view text, TNamedTop* named) {
+    TBuildTop& top = named->Top;
+    top.Entity = TakeName(&text, top.Language, ".(");
+    if (Take(&text, '.')) {
+        named->HasLibrary = true;
+        top.Library = std::exchange(top.Entity, TakeName(&text, top.Language, ".("));
+    }
+    if (Take(&text, '(')) {
+        top.Architecture = TakeName(&text, top.Language, ")");
+        if (top.Architecture.empty() || !Take(&text, ')')) return false;
+    }
+    return text.empty() && !top.Entity.empty();
+}
+
+/// "" for a name that stands for itself.
+std::string NameComplaint(const std::string& name, THdlLanguage language) {
+    const std::string escaped =
+        TTBIdentifier(name.c_str(), language).GetEscapedName(language, '-', false, false).Str();
+    if (name.starts_with('\\') || escaped == name) return "";
+    return "'" + name + "' is no simple name of " + GetStringFromHdlLanguage(language) +
+           ": as an escaped one it is written '" + escaped + "'";
+}
+
+}  // namespace
+
+std::string TextOf(const TBuildTop& top) {
+    return top.Library + "." + top.Entity +
+           (top.Architecture.empty() ? "" : "(" + top.Architecture + ")");
+}
+
+TJson TopAsJson(const TBuildTop& top) {
+    return {{"language", GetStringFromHdlLanguage(top.Language)},
+            {"library", top.Library},
+            {"entity", top.Entity},
+            {"architecture", top.Architecture}};
+}
+
+TNamedTop ReadTop(const std::string& text, THdlLanguage language) {
+    TNamedTop named{{language, {}, {}, {}}};
+    if (!ReadParts(text, &named)) {
+        named.Complaint =
+            "'" + text + "': LIBRARY.ENTITY or LIBRARY.ENTITY(ARCHITECTURE) is wanted";
+        return named;
+    }
+    named.Complaint = NameComplaint(named.Top.Entity, language);
+    if (named.Complaint.empty()) named.Complaint = NameComplaint(named.Top.Architecture, language);
+    return named;
+}

@@ -1,0 +1,54 @@
+#include "cli/setup/commands.h"
+#include "cli/frame/languagenames.h"
+
+namespace {
+
+using TValues = std::shared_ptr<TSetupArguments>;
+
+std::vector<TCommand> TopVerbs(const TValues& values) {
+    const TRunWith<TSetupArguments> with(values);
+    const TArgument components{"COMPONENT", &values->Components,
+                               "LIBRARY.ENTITY(ARCHITECTURE), or LIBRARY.ENTITY", kRequired};
+    const TArgument json = JsonArgument(*values);
+    const TArgument dryRun = DryRunArgument(*values);
+    return {
+        {"list", "List the top-level components", with(RunTopList), {json}},
+        {"add",
+         "Add top-level components",
+         with(RunTopAdd),
+         {components,
+          {"--language", &values->Language,
+           LanguageHelp() + "; else the top-level language of the build"},
+          json,
+          dryRun}},
+        {"remove",
+         "Remove top-level components",
+         with(RunTopRemove),
+         {components,
+          {"--language", &values->Language, LanguageHelp() + "; else every one that lists them"},
+          json,
+          dryRun}},
+        {"force",
+         "Force the top-level components on the simulators, or not",
+         with(RunTopForce),
+         {{"STATE", &values->State, "on or off", kRequired}, json, dryRun}},
+    };
+}
+
+}  // namespace
+
+std::vector<TCommand> MakeSetupCommands() {
+    const auto values = std::make_shared<TSetupArguments>();
+    const TRunWith<TSetupArguments> with(values);
+    const TArgument build{"BUILD", &values->Build, "The build file", kRequired};
+    const TArgument json = JsonArgument(*values);
+    return {
+        {"top",
+         "Show and change the top-level components",
+         with(RunTopList),
+         {build, json},
+         TopVerbs(values),
+         "Without LIBRARY, the library of a COMPONENT is the build's destination library, else "
+         "work."},
+    };
+}

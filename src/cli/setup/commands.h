@@ -1,0 +1,18 @@
+#pragma once
+#include "cli/frame/command.h"
+
+/// The arguments of the commands that show and change all of a build but its sources.
+struct TSetupArguments : TCommonArguments {
+    std::string Build;
+    std::string Language;
+    std::vector<std::string> Components;
+    std::string State;
+};
+
+int RunTopList(const TSetupArguments& arguments, const TToolStreams& streams);
+int RunTopAdd(const TSetupArguments& arguments, const TToolStreams& streams);
+int RunTopRemove(const TSetupArguments& arguments, const TToolStreams& streams);
+int RunTopForce(const TSetupArguments& arguments, const TToolStreams& streams);
+
+/// One row for each of them, in the order of the help text.
+std::vector<TCommand> MakeSetupCommands();

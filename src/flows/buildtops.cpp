@@ -1,0 +1,47 @@
+#include "flows/buildtops.h"
+#include "buildfile/hdlbuildfile.h"
+#include "filenames/componentname.h"
+#include "filenames/componentnamelist.h"
+#include "services/hdl/hdllanguagetable.h"
+
+namespace {
+
+std::string EscapedName(const TTBIdentifier& identifier, THdlLanguage language) {
+    return identifier.GetEscapedName(language, '-', false, false).Str();
+}
+
+}  // namespace
+
+std::vector<TBuildTop> ListTops(const THdlBuildFile& build) {
+    std::vector<TBuildTop> tops;
+    for (const THdlLanguageRecord& record : GetHdlLanguageTable()) {
+        const THdlLanguage language = record.Language;
+        const TComponentNameList* const list = build.GetComponentNameList(language);
+        if (!list) continue;
+        for (const TComponentName* const name : *list)
+            tops.push_back({language, name->GetDestinationLibraryName(),
+                            EscapedName(name->GetEntity(), language),
+                            EscapedName(name->GetArchitecture(), language)});
+    }
+    return tops;
+}
+
+bool AddTop(THdlBuildFile& build, const TBuildTop& top) {
+    return build.AddComponentName(top.Entity.c_str(), top.Architecture.c_str(), top.Library.c_str(),
+                                  top.Language);
+}
+
+bool RemoveTop(THdlBuildFile& build, const TBuildTop& top) {
+    TComponentNameList* const list = build.GetComponentNameList(top.Language);
+    const TTBIdentifier entity(top.Entity.c_str(), top.Language);
+    const TTBIdentifier architecture(top.Architecture.c_str(), top.Language);
+    if (!list || !list->IsNameInList(entity, architecture, top.Library.c_str())) return false;
+    std::vector<TComponentName> kept;
+    for (const TComponentName* const name : *list)
+        if (!name->IsEqualTo(entity, architecture, top.Library)) kept.push_back(*name);
+    list->Flush();
+    for (const TComponentName& name : kept)
+        list->AddComponentName(name.GetEntity(), name.GetArchitecture(),
+                               name.GetDestinationLibraryName().c_str());
+    return true;
+}

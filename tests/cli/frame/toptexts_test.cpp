@@ -1,0 +1,53 @@
+#include "cli/frame/toptexts.h"
+#include <gtest/gtest.h>
+
+TEST(TopTexts, ReadNamesAsTheirLanguageWritesThem) {
+    const struct {
+        THdlLanguage Language;
+        const char* Text;
+        const char* Library;
+        const char* Entity;
+        const char* Architecture;
+        bool HasLibrary = true;
+    } rows[] = {
+        {LANGUAGE_VHDL, "work.counter(rtl)", "work", "counter", "rtl"},
+        {LANGUAGE_VHDL, "work.counter", "work", "counter", ""},
+        {LANGUAGE_VHDL, "counter(rtl)", "", "counter", "rtl", false},
+        {LANGUAGE_VHDL, "counter", "", "counter", "", false},
+        {LANGUAGE_VHDL, ".counter", "", "counter", ""},
+        {LANGUAGE_VHDL, " my lib . counter ( rtl )", "my lib", "counter", "rtl"},
+        {LANGUAGE_VHDL, "l.\\a.b(\\\\c)\\(\\(x)\\)", "l", "\\a.b(\\\\c)\\", "\\(x)\\"},
+        {LANGUAGE_VHDL, "l.\\a", "l", "\\a", ""},
+        {LANGUAGE_VERILOG, "l.\\a.b( (\\c) )", "l", "\\a.b( ", "\\c) "},
+        {LANGUAGE_VERILOG, "l.\\a", "l", "\\a", ""},
+        {LANGUAGE_SYSTEMC, "l.\\a+ b(c)", "l", "\\a+ b", "c"},
+    };
+    for (const auto& row : rows) {
+        const TNamedTop named = ReadTop(row.Text, row.Language);
+        EXPECT_EQ(named.Complaint, "") << row.Text;
+        EXPECT_EQ(named.Top.Language, row.Language) << row.Text;
+        EXPECT_EQ(named.Top.Library, row.Library) << row.Text;
+        EXPECT_EQ(named.Top.Entity, row.Entity) << row.Text;
+        EXPECT_EQ(named.Top.Architecture, row.Architecture) << row.Text;
+        EXPECT_EQ(named.HasLibrary, row.HasLibrary) << row.Text;
+    }
+}
+
+TEST(TopTexts, TellWhatNamesNoComponent) {
+    const std::string wanted = ": LIBRARY.ENTITY or LIBRARY.ENTITY(ARCHITECTURE) is wanted";
+    for (const char* const text :
+         {"", "l.", "l.(a)", "(a)", "l.e(", "l.e()", "l.e(a", "l.e(a)b", "l.e.f"})
+        EXPECT_EQ(ReadTop(text, LANGUAGE_VHDL).Complaint, "'" + std::string(text) + "'" + wanted);
+    EXPECT_EQ(ReadTop("l.e)", LANGUAGE_VHDL).Complaint,
+              "'e)' is no simple name of VHDL: as an escaped one it is written '\\e)\\'");
+    EXPECT_EQ(ReadTop("l.e(1a)", LANGUAGE_VHDL).Complaint,
+              "'1a' is no simple name of VHDL: as an escaped one it is written '\\1a\\'");
+    EXPECT_EQ(ReadTop("l.a+b", LANGUAGE_VERILOG).Complaint,
+              "'a+b' is no simple name of Verilog: as an escaped one it is written '\\a+b '");
+}
+
+TEST(TopTexts, ShowWhatIsReadBack) {
+    EXPECT_EQ(TextOf({LANGUAGE_VHDL, "work", "counter", "rtl"}), "work.counter(rtl)");
+    EXPECT_EQ(TextOf({LANGUAGE_VERILOG, "work", "\\a+b ", ""}), "work.\\a+b ");
+    EXPECT_EQ(TextOf({LANGUAGE_VHDL, "", "counter", ""}), ".counter");
+}
