@@ -1,4 +1,5 @@
 #include "flows/scanedit.h"
+#include "flows/buildedit.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "tests/flows/scannedfolder.h"
@@ -8,16 +9,16 @@ using ScanEdit = ScannedFolder;
 TEST_F(ScanEdit, EditsTheElementsOfSourcesThatChange) {
     Folder.Write("a.vhd", "use work.p.all; entity e is end;");
     Folder.Write("p.vhd", "package p is end;");
-    THdlBuildFile build = Read("",
-                               "<SourceFile>a.vhd<!-- ours --><Dependency>b.vhd</Dependency>"
-                               "</SourceFile><SourceFile>p.vhd</SourceFile>");
-    TEditedFile file(build.GetFileName());
+    TBuildEdit edit(Write("",
+                          "<SourceFile>a.vhd<!-- ours --><Dependency>b.vhd</Dependency>"
+                          "</SourceFile><SourceFile>p.vhd</SourceFile>"));
     TXMLReadError error;
-    ASSERT_TRUE(file.Read(&error));
-    const TBuildScan scan(build, {});
+    ASSERT_TRUE(edit.Read(&error));
+    const TBuildScan scan(*edit.GetBuild(), {});
     const TScanChanges changes{scan.GetDifferences(), {{"e", "", "work", LANGUAGE_VHDL}}};
-    EXPECT_EQ(EditScanned(scan, changes, &build, &file), "");
-    EXPECT_EQ(file.GetChanged(),
+    ApplyScan(scan, changes, edit.GetBuild());
+    EXPECT_EQ(edit.FindEdits(), "");
+    EXPECT_EQ(edit.GetFile().GetChanged(),
               "<HdlBuildFileList><HdlBuildFile ><TopLevelComponents><ComponentList "
               "Language=\"VHDL\"><Component Library=\"work\" Architecture=\"\">e</Component>"
               "</ComponentList></TopLevelComponents><SourceFileGroup Language=\"VHDL\">"
@@ -33,16 +34,16 @@ TEST_F(ScanEdit, EditsTheElementsOfSourcesThatChange) {
 TEST_F(ScanEdit, FindsTheGroupThatListsASource) {
     Folder.Write("a.vhd", "use work.p.all; entity e is end;");
     Folder.Write("p.vhd", "package p is end;");
-    THdlBuildFile build = Read("",
-                               "<SourceFile>p.vhd</SourceFile></SourceFileGroup>\n"
-                               "<SourceFileGroup Language=\"VHDL\">\n"
-                               "<SourceFile>a.vhd</SourceFile>\n");
-    TEditedFile file(build.GetFileName());
+    TBuildEdit edit(Write("",
+                          "<SourceFile>p.vhd</SourceFile></SourceFileGroup>\n"
+                          "<SourceFileGroup Language=\"VHDL\">\n"
+                          "<SourceFile>a.vhd</SourceFile>\n"));
     TXMLReadError error;
-    ASSERT_TRUE(file.Read(&error));
-    const TBuildScan scan(build, {});
-    EXPECT_EQ(EditScanned(scan, {scan.GetDifferences(), {}}, &build, &file), "");
-    EXPECT_EQ(file.GetChanged(),
+    ASSERT_TRUE(edit.Read(&error));
+    const TBuildScan scan(*edit.GetBuild(), {});
+    ApplyScan(scan, {scan.GetDifferences(), {}}, edit.GetBuild());
+    EXPECT_EQ(edit.FindEdits(), "");
+    EXPECT_EQ(edit.GetFile().GetChanged(),
               "<HdlBuildFileList><HdlBuildFile ><SourceFileGroup Language=\"VHDL\">"
               "<SourceFile>p.vhd</SourceFile></SourceFileGroup>\n"
               "<SourceFileGroup Language=\"VHDL\">\n"

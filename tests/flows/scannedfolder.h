@@ -9,14 +9,20 @@
 /// A folder with a build and its VHDL sources.
 class ScannedFolder : public testing::Test {
 protected:
-    /// Reads a build with this beginning and these sources.
+    /// Writes a build with this beginning and these sources.
+    const ISFileName* Write(const std::string& attributes, const std::string& sources,
+                            const std::string& front = "") const {
+        return ISFileName::NewISFileName(
+            Folder
+                .Write("b.xml", "<HdlBuildFileList><HdlBuildFile " + attributes + ">" + front +
+                                    "<SourceFileGroup Language=\"VHDL\">" + sources +
+                                    "</SourceFileGroup></HdlBuildFile></HdlBuildFileList>")
+                .c_str());
+    }
+    /// The same, read.
     THdlBuildFile Read(const std::string& attributes, const std::string& sources,
                        const std::string& front = "") const {
-        const std::string path =
-            Folder.Write("b.xml", "<HdlBuildFileList><HdlBuildFile " + attributes + ">" + front +
-                                      "<SourceFileGroup Language=\"VHDL\">" + sources +
-                                      "</SourceFileGroup></HdlBuildFile></HdlBuildFileList>");
-        return THdlBuildFile(ISFileName::NewISFileName(Folder.Path("b.xml").c_str()));
+        return THdlBuildFile(Write(attributes, sources, front));
     }
     TemporaryFolder Folder;
     RecordingMessageBox Box;

@@ -1,12 +1,11 @@
-#include "buildfile/simwraphdlbuildfile.h"
 #include "cli/frame/changereport.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/progressline.h"
 #include "cli/scan/commands.h"
 #include "cli/scan/scanfindings.h"
 #include "filenames/componentnamelist.h"
+#include "flows/buildedit.h"
 #include "flows/scanedit.h"
-#include "flows/textreaders.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "services/names/isfilename.h"
@@ -19,7 +18,7 @@ public:
     TScanRun(const TScanArguments& arguments, const TToolStreams& streams)
         : Arguments(arguments),
           Streams(streams),
-          File(ISFileName::NewISFileName(arguments.Paths.front().c_str())) {}
+          Edit(ISFileName::NewISFileName(arguments.Paths.front().c_str())) {}
 
     int Run();
 
@@ -32,14 +31,13 @@ private:
 
     const TScanArguments& Arguments;
     const TToolStreams& Streams;
-    TEditedFile File;
-    TSimWrapHdlBuildFile Build;
+    TBuildEdit Edit;
 };
 
 int TScanRun::Run() {
     const TQuietMessageBox quiet;
     if (const int status = Read(); status != kExitDone) return status;
-    const TBuildScan scan(Build, {Arguments.ExternalLibraries});
+    const TBuildScan scan(*Edit.GetBuild(), {Arguments.ExternalLibraries});
     const TToldScan told{scan, {}};
     const int status = Arguments.Check ? Check(told) : Change(told);
     return StatusOfScan(status, scan, Streams);
@@ -48,17 +46,18 @@ int TScanRun::Run() {
 int TScanRun::Read() {
     if (Streams.Progress) Streams.Progress->SetFile(Arguments.Paths.front());
     TXMLReadError error;
-    if (!Arguments.DryRun && !Arguments.Check) File.TakeLock();
-    if (!File.Read(&error) || !ReadBuildText(File.GetBytes(), File.GetFile(), &Build, &error)) {
+    const bool isToSave = !Arguments.DryRun && !Arguments.Check;
+    if (!(isToSave ? Edit.ReadToChange(&error) : Edit.Read(&error))) {
         ReportReadError(error, Arguments.Paths.front(), Streams);
         return kExitFile;
     }
-    ReportNoBuild(Build, Streams);
-    const THdlBuildFileReadResults result = Build.GetReadResult();
+    THdlBuildFile& build = *Edit.GetBuild();
+    ReportNoBuild(build, Streams);
+    const THdlBuildFileReadResults result = build.GetReadResult();
     // Those that are missing are told one by one.
     const bool isRead = result == READ_NO_ERROR || result == READ_FILES_MISSING;
     if (!isRead) ReportError(Streams, THdlBuildFile::GetErrorString(result));
-    return isRead && Build.HasBuildElement() ? kExitDone : kExitProblems;
+    return isRead && build.HasBuildElement() ? kExitDone : kExitProblems;
 }
 
 int TScanRun::Check(const TToldScan& told) const {
@@ -88,9 +87,9 @@ int TScanRun::Change(const TToldScan& told) {
     else
         PrintFindings(told, false, Arguments.Exact, Streams);
     TFileChange change{std::move(result), Arguments.Paths.front(), StateOf(told, changes), {}};
-    const std::string reason = EditScanned(told.Scan, changes, &Build, &File);
+    ApplyScan(told.Scan, changes, Edit.GetBuild());
     change.After = StateOf(told, changes);
-    return SaveEditedFile(std::move(change), reason, File, Arguments, Streams);
+    return SaveEditedFile(std::move(change), Edit.FindEdits(), Edit.GetFile(), Arguments, Streams);
 }
 
 TScanChanges TScanRun::WantedChanges(const TBuildScan& scan) {
@@ -100,7 +99,7 @@ TScanChanges TScanRun::WantedChanges(const TBuildScan& scan) {
         if (!difference.Lacking.empty() || !difference.Unexplained.empty())
             changes.Differences.push_back(std::move(difference));
     }
-    if (Arguments.SetTops) changes.Tops = ListUnrecordedTops(scan, Build);
+    if (Arguments.SetTops) changes.Tops = ListUnrecordedTops(scan, *Edit.GetBuild());
     return changes;
 }
 
@@ -117,7 +116,7 @@ TState TScanRun::StateOf(const TToldScan& told, const TScanChanges& changes) {
                            std::move(dependencies));
     }
     for (const TScannedTop& top : changes.Tops) {
-        const TComponentNameList* const list = Build.GetComponentNameList(top.Language);
+        const TComponentNameList* const list = Edit.GetBuild()->GetComponentNameList(top.Language);
         const bool isRecorded = list && list->IsNameInList({top.Entity.c_str(), top.Language},
                                                            {top.Architecture.c_str(), top.Language},
                                                            top.Library.c_str());
