@@ -1,6 +1,7 @@
 #include "flows/buildscan.h"
 #include "buildfile/hdlbuildfile.h"
 #include "flows/listedsources.h"
+#include "flows/verilogoptions.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "services/files/filestatus.h"
@@ -26,25 +27,28 @@ std::vector<std::string> FoldersOf(const std::vector<std::string>& directories,
     return folders;
 }
 
-TScanOptions OptionsOf(const THdlBuildFile& build) {
-    TScanOptions options;
+TVerilogOptions VerilogOptionsOf(const THdlBuildFile& build) {
+    TVerilogOptions options;
     if (const TProjectSimLanguageConfig* const verilog =
-            build.GetProjectLanguageConfig(LANGUAGE_VERILOG))
-        options.IncludeFolders = FoldersOf(verilog->GetIncludeDirectories(), build);
+            build.GetProjectLanguageConfig(LANGUAGE_VERILOG)) {
+        options.IncludeFolders = verilog->GetIncludeDirectories();
+        options.LibraryFolders = verilog->GetLibraryDirectories();
+        options.LibraryExtensions = verilog->GetLibraryExtensions();
+        AddVerilogOptions(verilog->GetBuildOptions(), &options);
+    }
+    AddVerilogOptions(build.GetVerilogUserDefines(), &options);
+    AddVerilogOptions(build.GetVerilogOtherPlusOptions(), &options);
     return options;
 }
 
 /// Takes out the modules that simulators find in library directories, by the names of files.
-void DropThoseInLibraries(const THdlBuildFile& build, const TDesignFiles& files,
-                          std::vector<TMissingUnit>* missing) {
-    const TProjectSimLanguageConfig* const verilog =
-        build.GetProjectLanguageConfig(LANGUAGE_VERILOG);
-    if (!verilog) return;
-    const std::vector<std::string> folders = FoldersOf(verilog->GetLibraryDirectories(), build);
+void DropThoseInLibraries(const TVerilogOptions& options, const THdlBuildFile& build,
+                          const TDesignFiles& files, std::vector<TMissingUnit>* missing) {
+    const std::vector<std::string> folders = FoldersOf(options.LibraryFolders, build);
     std::erase_if(*missing, [&](const TMissingUnit& unit) {
         if (files[unit.First.Unit.File].Scan.Language != LANGUAGE_VERILOG) return false;
         for (const std::string& folder : folders)
-            for (const std::string& extension : verilog->GetLibraryExtensions()) {
+            for (const std::string& extension : options.LibraryExtensions) {
                 std::string path = folder;
                 path.append(unit.Unit).append(extension);
                 if (LookAtFile(path).Exists) return true;
@@ -53,13 +57,14 @@ void DropThoseInLibraries(const THdlBuildFile& build, const TDesignFiles& files,
     });
 }
 
-TSourceScan ScanAll(const std::vector<TScannedSource>& sources, const THdlBuildFile& build) {
+TSourceScan ScanAll(const std::vector<TScannedSource>& sources, const THdlBuildFile& build,
+                    const TVerilogOptions& options) {
     std::vector<TSourceToScan> toScan;
     toScan.reserve(sources.size());
     for (const TScannedSource& source : sources)
         toScan.push_back({source.Source->GetFileName()->Canonical(false), source.Group,
                           LibraryOfSource(*source.Source, build)});
-    return ScanSources(toScan, OptionsOf(build));
+    return ScanSources(toScan, {options.Defines, FoldersOf(options.IncludeFolders, build)});
 }
 
 }  // namespace
@@ -68,9 +73,10 @@ TBuildScan::TBuildScan(THdlBuildFile& build, const TLinkOptions& options) {
     for (const THdlLanguageRecord& record : GetHdlLanguageTable())
         for (IHdlSourceFile* const source : *build.GetSourceFileGroup(record.Language))
             Sources.push_back({record.Language, source});
-    Scan = ScanAll(Sources, build);
+    const TVerilogOptions verilog = VerilogOptionsOf(build);
+    Scan = ScanAll(Sources, build, verilog);
     Design = TNeedLinker(Scan.Files, options).Link();
-    DropThoseInLibraries(build, Scan.Files, &Design.Missing);
+    DropThoseInLibraries(verilog, build, Scan.Files, &Design.Missing);
     Compare();
 }
 

@@ -114,6 +114,10 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
          "{1}: {2} {3} is written in another language, in {4}",
          "Compile that language first where the simulator asks for it: orders do not cross "
          "groups."},
+        {DIAGNOSTIC_MISSING_INCLUDE, "missing-include", SEVERITY_WARNING,
+         "{1}: no folder holds the included file {2} ({3})",
+         "Add the folder of the file to the include directories of the build's Verilog settings. "
+         "What the file defines and holds is not known."},
     };
     return rules;
 }

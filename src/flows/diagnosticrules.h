@@ -38,6 +38,7 @@ enum TDiagnosticCode : int {
     DIAGNOSTIC_UNNEEDED_UNIT = 508,
     DIAGNOSTIC_TOP_CANDIDATE = 509,
     DIAGNOSTIC_FOREIGN_NEED = 510,
+    DIAGNOSTIC_MISSING_INCLUDE = 511,
 };
 
 /// One row of the table of diagnostics. The texts are static and never null.

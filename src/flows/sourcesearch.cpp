@@ -185,13 +185,20 @@ private:
                 if (entry.Name.starts_with('.')) continue;
                 std::string path = Below(current, entry.Name);
                 if (!entry.IsFolder) {
-                    if (!IsIncluded(path)) AddOfFolder(path);
+                    AddOrKeep(path);
                 } else if (EntersByItself(entry.Name)) {
                     inner.push_back(std::move(path));
                 }
             }
             std::move(inner.rbegin(), inner.rend(), std::back_inserter(folders));
         }
+    }
+
+    void AddOrKeep(const std::string& path) {
+        const std::size_t before = Met;
+        if (!IsIncluded(path)) AddOfFolder(path);
+        if (Met == before && Search.KeepsRest && KnownRest.insert(path).second)
+            Found.Rest.push_back(path);
     }
 
     void AddMatch(const std::string& path) {
@@ -245,6 +252,7 @@ private:
     std::vector<std::string> ExcludedNames;
     std::vector<std::string> ExcludedPaths;
     std::unordered_set<std::string> Known;
+    std::unordered_set<std::string> KnownRest;
     std::size_t Met = 0;  // sources, those that were known included
 };
 

@@ -12,6 +12,7 @@ struct TSourceSearch {
     /// and folders, another one with whole paths; relative ones are taken against the working
     /// directory.
     std::vector<std::string> Excluded = {};
+    bool KeepsRest = false;  ///< to look for what sources include
 };
 
 struct TFoundSource {
@@ -22,8 +23,10 @@ struct TFoundSource {
 
 struct TFoundSources {
     std::vector<TFoundSource> Sources;  ///< each once, in the order of the paths, then of the names
-    std::string Complaint;              ///< why there are none; "" without a fault
-    bool IsFileFault = false;           ///< whether a file is missing or a folder cannot be read
+    /// With KeepsRest the other files of the folders that were entered, in that order, each once.
+    std::vector<std::string> Rest = {};
+    std::string Complaint;     ///< why there are none; "" without a fault
+    bool IsFileFault = false;  ///< whether a file is missing or a folder cannot be read
 };
 
 /// The sources that `paths` name: files, folders and patterns (see filepatterns.h), in UTF-8,

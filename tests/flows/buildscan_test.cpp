@@ -59,6 +59,35 @@ TEST_F(BuildScan, ExplainsNothingOfWhatIsNotListedAndAllOfWhatIsNotRead) {
     EXPECT_EQ(scan.GetReasons(), (std::vector<std::string>{"", "", "the file does not exist"}));
 }
 
+TEST_F(BuildScan, DecidesConditionsByTheOptionsOfTheBuild) {
+    Folder.Write("a.v",
+                 "`include \"defs.vh\"\n`ifdef FROM_OPTIONS\nimport p::*;\n`else\nimport q::*;"
+                 "\n`endif\n`ifdef FROM_USER\nimport r::*;\n`else\nimport s::*;\n`endif\n"
+                 "module a; cell i(); endmodule");
+    Folder.Write("inc/defs.vh", "");
+    Folder.Write("lib/cell.v", "");
+    Folder.Write("b.vhd",
+                 "`if FROM_OPTIONS = \"\" then\nlibrary x; use x.y.all;\n`end if\n"
+                 "entity b is end;");
+    const std::string path = Folder.Write(
+        "v.xml",
+        "<HdlBuildFileList><HdlBuildFile><ProjectLanguageConfigurationList>"
+        "<LanguageSettings Language=\"Verilog\"><BuildOptions>+define+FROM_OPTIONS+incdir "
+        "-incdir inc -y lib +libext+.v</BuildOptions></LanguageSettings>"
+        "</ProjectLanguageConfigurationList>"
+        "<SourceFileGroup Language=\"Verilog\"><SourceFile>a.v</SourceFile></SourceFileGroup>"
+        "<SourceFileGroup Language=\"VHDL\"><SourceFile>b.vhd</SourceFile></SourceFileGroup>"
+        "</HdlBuildFile></HdlBuildFileList>");
+    THdlBuildFile build(ISFileName::NewISFileName(path.c_str()));
+    build.SetVerilogUserDefines("+define+FROM_USER");
+    const TBuildScan scan(build, {});
+    std::string missing;
+    for (const TMissingUnit& unit : scan.GetDesign().Missing)
+        missing += unit.Library + "." + unit.Unit + "\n";
+    EXPECT_EQ(missing, "work.p\nwork.r\nx.y\n");
+    EXPECT_EQ(scan.GetFiles()[0].Scan.Includes[0].Path, Folder.Path("inc/defs.vh"));
+}
+
 TEST_F(BuildScan, FindsModulesInLibraryDirectoriesAndIncludedFilesInIncludeDirectories) {
     Folder.Write("a.v", "`include \"defs.vh\"\nmodule a; cell i(); nowhere j(); p::t x; endmodule");
     Folder.Write("inc/defs.vh", "import q::*;");

@@ -53,6 +53,21 @@ TEST(SourceSearch, TakesFilesWithTheLanguageOfTheirExtension) {
     EXPECT_EQ(folder.Find({"notes.txt"}, {.Language = LANGUAGE_VHDL}), "notes.txt VHDL\n");
 }
 
+TEST(SourceSearch, KeepsTheOtherFilesOfFoldersWhenAsked) {
+    const TemporaryFolder folder;
+    for (const char* name : {"a.vhd", "b.txt", "rtl/c.vh", "rtl/d.v", "rtl/build/e.vh"})
+        folder.Write(name, "");
+    const std::vector<std::string> paths = {folder.Path("rtl"), folder.Path(),
+                                            folder.Path("b.txt")};
+    const TSourceSearch plain{.EntersFolders = true, .Language = LANGUAGE_VHDL};
+    TSourceSearch keeping = plain;
+    keeping.KeepsRest = true;
+    EXPECT_EQ(FindSources(paths, plain).Rest, std::vector<std::string>());
+    EXPECT_EQ(FindSources(paths, keeping).Rest,
+              (std::vector<std::string>{folder.Path("rtl/c.vh"), folder.Path("rtl/d.v"),
+                                        folder.Path("b.txt")}));
+}
+
 TEST(SourceSearch, EntersFoldersButNotHiddenOnesNorOutputs) {
     const SearchedFolder folder;
     const TSourceSearch search{.EntersFolders = true};

@@ -6,6 +6,7 @@
 #include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
 #include <algorithm>
+#include <unordered_map>
 
 namespace {
 
@@ -107,6 +108,33 @@ TAllTold FindUnbound(const TToldScan& told) {
     return FindMissing(told, true);
 }
 
+/// Each name once, where it is included first. An include that conditions may leave out is no
+/// fault.
+TAllTold FindMissingIncludes(const TToldScan& told) {
+    struct TMissingInclude {
+        std::string Place;
+        std::string Name;
+        int Count;
+    };
+    std::vector<TMissingInclude> missing;
+    std::unordered_map<std::string, std::size_t> numbers;
+    const TDesignFiles& files = told.Scan.GetFiles();
+    for (std::uint32_t file = 0; file < files.size(); ++file)
+        for (const TScannedInclude& include : files[file].Scan.Includes) {
+            if (!include.IsCertain || !include.Path.empty()) continue;
+            const auto [number, isNew] = numbers.try_emplace(include.Name, missing.size());
+            if (isNew) missing.push_back({PlaceText(told, file, include.Place), include.Name, 0});
+            ++missing[number->second].Count;
+        }
+    TAllTold all;
+    for (const TMissingInclude& one : missing)
+        all.push_back({{DIAGNOSTIC_MISSING_INCLUDE,
+                        {one.Place, one.Name,
+                         std::to_string(one.Count) + (one.Count == 1 ? " include" : " includes")}},
+                       {{"file", one.Name}, {"place", one.Place}, {"includes", one.Count}}});
+    return all;
+}
+
 TAllTold FindElsewhere(const TToldScan& told) {
     TAllTold all;
     for (const TUnitElsewhere& elsewhere : told.Scan.GetDesign().Elsewhere) {
@@ -192,6 +220,7 @@ struct TScanFinding {
 constexpr TScanFinding kFindings[] = {
     {"unread", FindUnread},
     {"repeatedUnits", FindRepeated},
+    {"missingIncludes", FindMissingIncludes},
     {"missingUnits", FindMissingUnits},
     {"wantedInOtherLibraries", FindElsewhere},
     {"lacking", FindLacking},

@@ -6,6 +6,7 @@
 #include "flows/buildchanges.h"
 #include "flows/buildedit.h"
 #include "flows/filepatterns.h"
+#include "flows/includedsources.h"
 #include "flows/scanedit.h"
 #include "flows/sourcesearch.h"
 #include "projectfiles/ihdlsourcefile.h"
@@ -13,6 +14,7 @@
 #include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
 #include "services/names/utilfilename.h"
+#include "settings/projectsimlanguageconfig.h"
 #include <algorithm>
 
 namespace {
@@ -46,15 +48,19 @@ private:
     int ReadRules();
     int FindAll();
     int Make();
+    void SetIncludeDirectories();
     int Save(const TBuildScan& scan);
     TState GetMadeState();
+    std::string TextOfFolder(const std::string& folder) const {
+        return PathText(TUtilFileName(folder.c_str()).CanonicalWithoutFinalSlash(), Form);
+    }
 
     const TScanArguments& Arguments;
     const TToolStreams& Streams;
     TBuildEdit Edit;
     TPathForm Form;
     std::vector<TLibraryRule> Rules;
-    std::vector<TFoundSource> Sources;
+    TSortedSources Sorted;
 };
 
 int TScanNewRun::Run() {
@@ -79,24 +85,27 @@ int TScanNewRun::ReadRules() {
 }
 
 int TScanNewRun::FindAll() {
-    TFoundSources found = FindSources(Arguments.Paths, {true, LANGUAGE_NONE, Arguments.Excluded});
+    const TFoundSources found =
+        FindSources(Arguments.Paths, {true, LANGUAGE_NONE, Arguments.Excluded, true});
     if (!found.Complaint.empty())
         return Refuse(found.Complaint, found.IsFileFault ? kExitFile : kExitUsage);
-    if (found.Sources.empty()) return Refuse("there are no sources in the folders");
-    Sources = std::move(found.Sources);
+    Sorted = SortOutIncluded(found);
+    if (Sorted.Sources.empty()) return Refuse("there are no sources in the folders");
     return kExitDone;
 }
 
 int TScanNewRun::Make() {
     const TQuietMessageBox quiet;
     if (Streams.Progress) Streams.Progress->SetFile(Arguments.Output);
+    const std::vector<TFoundSource>& sources = Sorted.Sources;
     const bool hasVhdl =
-        std::any_of(Sources.begin(), Sources.end(),
+        std::any_of(sources.begin(), sources.end(),
                     [](const TFoundSource& source) { return source.Language == LANGUAGE_VHDL; });
     const std::string reason =
-        Edit.Make(hasVhdl ? LANGUAGE_VHDL : Sources.front().Language, !Arguments.DryRun);
+        Edit.Make(hasVhdl ? LANGUAGE_VHDL : sources.front().Language, !Arguments.DryRun);
     if (!reason.empty()) return Refuse(Arguments.Output + ": " + reason, kExitFile);
-    for (const TFoundSource& found : Sources) {
+    SetIncludeDirectories();
+    for (const TFoundSource& found : sources) {
         const ISFileName* const file = ISFileName::NewISFileName(found.Path.c_str());
         IHdlSourceFile* const source = AddSource(*Edit.GetBuild(), file, found.Language);
         const auto rule = std::find_if(Rules.begin(), Rules.end(), [&](const TLibraryRule& each) {
@@ -113,16 +122,29 @@ int TScanNewRun::Make() {
     return kExitDone;
 }
 
+void TScanNewRun::SetIncludeDirectories() {
+    if (Sorted.IncludeFolders.empty()) return;
+    TProjectSimLanguageConfig verilog;
+    for (const std::string& folder : Sorted.IncludeFolders)
+        verilog.AddIncludeDirectory(folder.c_str(), false);
+    Edit.GetBuild()->AddLanguageConfig(LANGUAGE_VERILOG, &verilog);
+}
+
 int TScanNewRun::Save(const TBuildScan& scan) {
     const TQuietMessageBox quiet;
     const TToldScan told{scan, Form};
     TScanChanges changes{scan.GetDifferences(), {}};
     if (Arguments.SetTops) changes.Tops = ListUnrecordedTops(scan, *Edit.GetBuild());
     TJson result = MakeResult("hdlbuild-scan", "build", Arguments.Output);
-    if (Arguments.Json)
+    if (Arguments.Json) {
+        TJson& included = result["included"] = TJson::Array();
+        for (const std::string& path : Sorted.Included) included.Add(PathText(path.c_str(), Form));
         AddFindings(told, &result);
-    else
+    } else {
+        for (const std::string& path : Sorted.Included)
+            PrintLine(Streams.Out, PathText(path.c_str(), Form) + ": included, not listed");
         PrintFindings(told, false, false, Streams);
+    }
     ApplyScan(scan, changes, Edit.GetBuild());
     TState after = GetMadeState();
     for (const TScannedTop& top : changes.Tops) after.emplace_back(NameOfTop(top), true);
@@ -134,6 +156,8 @@ int TScanNewRun::Save(const TBuildScan& scan) {
 
 TState TScanNewRun::GetMadeState() {
     TState state;
+    for (const std::string& folder : Sorted.IncludeFolders)
+        state.emplace_back("Verilog include directory " + TextOfFolder(folder), true);
     THdlBuildFile& build = *Edit.GetBuild();
     for (const THdlLanguage language : build.GetSourceFileLanguages()) {
         for (const IHdlSourceFile* const source : *build.GetSourceFileGroup(language)) {

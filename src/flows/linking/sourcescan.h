@@ -21,5 +21,5 @@ bool CanScanLanguage(THdlLanguage language);
 
 /// Reads and scans the sources, all processors at work. A text is let go of with the scan of its
 /// file: the memory does not grow with the bytes, but for those of included files. Languages that
-/// cannot be scanned give no units.
+/// cannot be scanned give no units. The options are those of Verilog.
 TSourceScan ScanSources(const std::vector<TSourceToScan>& sources, TScanOptions options);

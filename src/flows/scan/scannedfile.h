@@ -5,6 +5,7 @@
 #include <vector>
 
 class TIncludeFiles;
+class TIncludeIndex;
 
 /// What can be compiled on its own and be needed by others.
 enum class TDesignUnitKind {
@@ -118,6 +119,8 @@ struct TScanOptions {
     std::vector<TScanDefine> Defines;
     /// Where included files are looked for, behind the folder of the including one.
     std::vector<std::string> IncludeFolders = {};
+    /// Where one is looked for that none of these folders has. Null: nowhere.
+    const TIncludeIndex* Elsewhere = nullptr;
     /// Reads included files; shared by the scans of a set. Null reads none.
     TIncludeFiles* Includes = nullptr;
 };

@@ -1,3 +1,4 @@
+#include "flows/scan/includeindex.h"
 #include "flows/scan/sourcetext.h"
 #include "flows/scan/verilogkeywords.h"
 #include "flows/scan/verilogpreprocessor.h"
@@ -166,6 +167,15 @@ void TVerilogPreprocessor::ObeyInclude(TVerilogToken* token) {
     if (quoted.size() > 2 && !Conditions.IsSkipping()) Enter(*token, quoted);
 }
 
+const std::string* TVerilogPreprocessor::FindIncluded(std::string_view name,
+                                                      const std::vector<std::string_view>& folders,
+                                                      std::string* path) {
+    const std::string* const text = FindIncludeFile(Options.Includes, name, folders, path);
+    if (text || !Options.Elsewhere) return text;
+    const std::string folder = Options.Elsewhere->FindFolder(name, Sources.back().Folder);
+    return folder.empty() ? nullptr : FindIncludeFile(Options.Includes, name, {folder}, path);
+}
+
 void TVerilogPreprocessor::Enter(const TVerilogToken& place, std::string_view quoted) {
     const bool isAngled = quoted.front() == '<';
     if ((!isAngled && quoted.front() != '"') || quoted.back() != (isAngled ? '>' : '"')) return;
@@ -178,7 +188,7 @@ void TVerilogPreprocessor::Enter(const TVerilogToken& place, std::string_view qu
     include.IsAngled = isAngled;
     include.IsCertain = Conditions.IsCertain();
     include.Place = PlaceOf(place);
-    const std::string* text = FindIncludeFile(Options.Includes, name, folders, &include.Path);
+    const std::string* const text = FindIncluded(name, folders, &include.Path);
     LinesOf.push_back(Lines.size());
     if (!text) {
         HasUnread = true;

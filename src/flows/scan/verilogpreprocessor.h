@@ -72,6 +72,9 @@ private:
     static TDirective FindDirective(std::string_view word);
 
     void UseMacro(TVerilogToken* token) const;
+    const std::string* FindIncluded(std::string_view name,
+                                    const std::vector<std::string_view>& folders,
+                                    std::string* path);
     void Enter(const TVerilogToken& place, std::string_view quoted);
 
     const TScanOptions& Options;

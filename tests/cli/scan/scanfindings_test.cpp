@@ -42,3 +42,23 @@ TEST_F(ScanFindings, AreToldWithTheirPlaces) {
     EXPECT_EQ(found["topCandidates"][1].dump(),
               R"({"kind":"entity","place":"e2.vhd:1:24","unit":"work.e"})");
 }
+
+TEST_F(ScanFindings, NameEachIncludeThatNoFolderHolds) {
+    Folder.Write("a.v",
+                 "`include \"none.vh\"\n`include \"a.vh\"\n`ifdef X\n`include \"open.vh\"\n"
+                 "`endif\npackage p; endpackage");
+    Folder.Write("b.v", "`include \"none.vh\"\nimport p::*;");
+    Folder.Write("a.vh", "\n  `include <lone.vh>\n");
+    Folder.Write("b.xml", BuildText("<SourceFileGroup Language=\"Verilog\">\n" + SourceText("a.v") +
+                                    SourceText("b.v", {"a.v"}) + "</SourceFileGroup>\n"));
+    EXPECT_EQ(
+        Scan({}),
+        "b.xml: nothing to change\n"
+        "hdlbuild: warning: a.v:1:10: no folder holds the included file none.vh (2 includes)\n"
+        "hdlbuild: warning: a.vh:2:12: no folder holds the included file lone.vh (1 "
+        "include)\n");
+    const auto found = nlohmann::json::parse(RunHdlbuild({"scan", "b.xml", "--json"}).Out);
+    EXPECT_EQ(found["missingIncludes"].dump(),
+              R"([{"file":"none.vh","includes":2,"place":"a.v:1:10"},)"
+              R"({"file":"lone.vh","includes":1,"place":"a.vh:2:12"}])");
+}

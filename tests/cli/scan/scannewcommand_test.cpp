@@ -48,6 +48,31 @@ TEST_F(ScanNewCommand, MakesABuildOutOfFolders) {
               "b.xml: the dependencies are up to date\n");
 }
 
+TEST_F(ScanNewCommand, ListsNoIncludedFileButItsFolder) {
+    Folder.Write("rtl/v/a.v", "`include \"defs.v\"\n`include \"m.svh\"\nmodule a; endmodule\n");
+    Folder.Write("rtl/v/defs.v", "");
+    Folder.Write("inc/m.svh", "package p; endpackage\n");
+    EXPECT_EQ(Scan({"rtl/v", "inc", "-o", "b.xml"}),
+              "rtl/v/defs.v: included, not listed\n"
+              "inc/m.svh:1:9: nobody needs package work.p\n"
+              "rtl/v/a.v:3:8: nobody instantiates module work.a\n"
+              "Verilog include directory rtl/v: none -> true\n"
+              "Verilog include directory inc: none -> true\n"
+              "Verilog source rtl/v/a.v: none -> {\"library\":\"\"}\n"
+              "b.xml: saved\n");
+    EXPECT_EQ(Scan({"b.xml", "--check", "--exact"}),
+              "inc/m.svh:1:9: nobody needs package work.p\n"
+              "rtl/v/a.v:3:8: nobody instantiates module work.a\n"
+              "b.xml: the dependencies are up to date\n");
+    const std::string document = Folder.Read("b.xml");
+    const std::size_t begin = document.find("<IncludeDirectories>");
+    EXPECT_EQ(document.substr(begin, document.find("</IncludeDirectories>") - begin),
+              "<IncludeDirectories>\n"
+              "          <Directory>rtl/v/</Directory>\n"
+              "          <Directory>inc/</Directory>\n"
+              "        ");
+}
+
 TEST_F(ScanNewCommand, SavesNothingInADryRun) {
     const std::string said = Scan({"tb", "-o", "b.xml", "--dry-run", "--set-tops"});
     EXPECT_EQ(said.substr(0, said.find("@@ ")),

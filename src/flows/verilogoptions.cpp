@@ -1,0 +1,101 @@
+#include "flows/verilogoptions.h"
+
+namespace {
+
+using TTake = void (*)(std::string value, TVerilogOptions* options);
+
+void TakeDefine(std::string value, TVerilogOptions* options) {
+    const std::size_t sign = value.find('=');
+    if (sign == std::string::npos)
+        options->Defines.push_back({std::move(value), ""});
+    else
+        options->Defines.push_back({value.substr(0, sign), value.substr(sign + 1)});
+}
+
+void TakeIncludeFolder(std::string value, TVerilogOptions* options) {
+    options->IncludeFolders.push_back(std::move(value));
+}
+
+void TakeLibraryFolder(std::string value, TVerilogOptions* options) {
+    options->LibraryFolders.push_back(std::move(value));
+}
+
+void TakeLibraryExtension(std::string value, TVerilogOptions* options) {
+    options->LibraryExtensions.push_back(std::move(value));
+}
+
+/// How the value of an option is written.
+enum class TForm {
+    List,     ///< behind the name, several with a plus in between
+    Operand,  ///< the next word
+    Joined    ///< behind the name; the next word when nothing is there
+};
+
+struct TOptionRow {
+    std::string_view Name;
+    TForm Form;
+    TTake Take;
+};
+
+// What begins like another one stands in front of it.
+constexpr TOptionRow kOptions[] = {
+    {"+define+", TForm::List, TakeDefine},
+    {"+incdir+", TForm::List, TakeIncludeFolder},
+    {"+libext+", TForm::List, TakeLibraryExtension},
+    {"-define", TForm::Operand, TakeDefine},
+    {"-incdir", TForm::Operand, TakeIncludeFolder},
+    {"-y", TForm::Operand, TakeLibraryFolder},
+    {"-D", TForm::Joined, TakeDefine},
+    {"-I", TForm::Joined, TakeIncludeFolder},
+};
+
+std::vector<std::string> WordsOf(std::string_view text) {
+    std::vector<std::string> words;
+    bool isQuoted = false;
+    bool isInWord = false;
+    for (const char c : text) {
+        const bool isBlank = c == ' ' || c == '\t' || c == '\n' || c == '\r';
+        if (isBlank && !isQuoted) {
+            isInWord = false;
+            continue;
+        }
+        if (!isInWord) words.emplace_back();
+        isInWord = true;
+        if (c == '"')
+            isQuoted = !isQuoted;
+        else
+            words.back() += c;
+    }
+    return words;
+}
+
+void TakeList(std::string_view list, const TOptionRow& row, TVerilogOptions* options) {
+    while (!list.empty()) {
+        const std::size_t plus = list.find('+');
+        const std::string_view value = list.substr(0, plus);
+        if (!value.empty()) row.Take(std::string(value), options);
+        list = plus == std::string_view::npos ? "" : list.substr(plus + 1);
+    }
+}
+
+bool IsMeant(const TOptionRow& row, const std::string& word) {
+    return row.Form == TForm::Operand ? word == row.Name : word.starts_with(row.Name);
+}
+
+}  // namespace
+
+void AddVerilogOptions(std::string_view text, TVerilogOptions* options) {
+    const std::vector<std::string> words = WordsOf(text);
+    for (std::size_t i = 0; i < words.size(); ++i)
+        for (const TOptionRow& row : kOptions) {
+            if (!IsMeant(row, words[i])) continue;
+            const std::string value = words[i].substr(row.Name.size());
+            if (row.Form == TForm::List)
+                TakeList(value, row, options);
+            else if (!value.empty())
+                row.Take(value, options);
+            else if (i + 1 < words.size())
+                row.Take(words[++i], options);
+            break;
+        }
+}

@@ -1,0 +1,18 @@
+#pragma once
+#include "flows/scan/scannedfile.h"
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What the compile options of Verilog tell about the sources.
+struct TVerilogOptions {
+    std::vector<TScanDefine> Defines;
+    std::vector<std::string> IncludeFolders;     // as written
+    std::vector<std::string> LibraryFolders;     // as written
+    std::vector<std::string> LibraryExtensions;  // with their dots
+};
+
+/// Adds what `text` gives to `*options`. Words stand between blanks, unless in double quotes, which
+/// are taken off; options are known in the spellings that simulators have in common:
+/// "+define+A=1+B", "-define A=1", "-DA=1", "+incdir+D", "-incdir D", "-ID", "-y D", "+libext+.v".
+void AddVerilogOptions(std::string_view text, TVerilogOptions* options);
