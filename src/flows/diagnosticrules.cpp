@@ -118,6 +118,10 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
          "{1}: no folder holds the included file {2} ({3})",
          "Add the folder of the file to the include directories of the build's Verilog settings. "
          "What the file defines and holds is not known."},
+        {DIAGNOSTIC_LATE_SOURCE, "late-source", SEVERITY_WARNING,
+         "{1}: listed behind {2}, which needs it to be compiled before",
+         "Run `hdlbuild scan --sort` on the build, or move the source: those of Verilog are "
+         "compiled as they are listed."},
     };
     return rules;
 }

@@ -39,6 +39,7 @@ enum TDiagnosticCode : int {
     DIAGNOSTIC_TOP_CANDIDATE = 509,
     DIAGNOSTIC_FOREIGN_NEED = 510,
     DIAGNOSTIC_MISSING_INCLUDE = 511,
+    DIAGNOSTIC_LATE_SOURCE = 512,
 };
 
 /// One row of the table of diagnostics. The texts are static and never null.

@@ -1,5 +1,6 @@
 #include "flows/scanedit.h"
 #include "buildfile/hdlbuildfile.h"
+#include "flows/buildchanges.h"
 #include "projectfiles/ihdlsourcefile.h"
 
 void ApplyScan(const TBuildScan& scan, const TScanChanges& changes, THdlBuildFile* build) {
@@ -13,4 +14,12 @@ void ApplyScan(const TBuildScan& scan, const TScanChanges& changes, THdlBuildFil
     for (const TScannedTop& top : changes.Tops)
         build->AddComponentName(top.Entity.c_str(), top.Architecture.c_str(), top.Library.c_str(),
                                 top.Language);
+}
+
+TCompileSort SortVerilog(THdlBuildFile& build) {
+    return SortForCompile(*build.GetSourceFileGroup(LANGUAGE_VERILOG));
+}
+
+void ApplySort(const TCompileSort& sort, THdlBuildFile* build) {
+    if (!sort.Late.empty()) MoveSources(*build, LANGUAGE_VERILOG, sort.Order, PLACE_FIRST, nullptr);
 }

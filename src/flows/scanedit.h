@@ -1,5 +1,6 @@
 #pragma once
 #include "flows/buildscan.h"
+#include "flows/compilesort.h"
 #include "flows/scannedtops.h"
 #include <vector>
 
@@ -14,3 +15,8 @@ struct TScanChanges {
 /// Changes `build`: the sources of the differences depend on what they lacked and not on what was
 /// unexplained, and the tops are added.
 void ApplyScan(const TBuildScan& scan, const TScanChanges& changes, THdlBuildFile* build);
+
+/// The sources of Verilog, in the order in which their dependencies let them be compiled.
+TCompileSort SortVerilog(THdlBuildFile& build);
+/// Lists them in that order.
+void ApplySort(const TCompileSort& sort, THdlBuildFile* build);

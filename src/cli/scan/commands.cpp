@@ -24,9 +24,11 @@ std::vector<TCommand> MakeScanCommands() {
           {"--exclude", &values->Excluded,
            "Pass over what matches this pattern, a name or a path, when a build is made"},
           {"--check", &values->Check,
-           "Change nothing; exit status 1 when a dependency is missing, or with --exact "
-           "unexplained"},
+           "Change nothing; exit status 1 when a dependency is missing, with --exact when one is "
+           "unexplained, with --sort when the order is none"},
           {"--exact", &values->Exact, "Remove dependencies that the scan cannot explain"},
+          {"--sort", &values->Sort,
+           "Put Verilog sources into compile order; they are compiled as they are listed"},
           {"--external", &values->ExternalLibraries,
            "A library whose units are not looked for, unless the build fills it"},
           {"--set-tops", &values->SetTops,

@@ -10,6 +10,7 @@ struct TScanArguments : TCommonArguments {
     std::vector<std::string> ExternalLibraries;
     bool Check = false;    ///< compare, and change nothing
     bool Exact = false;    ///< remove what the scan cannot explain
+    bool Sort = false;     ///< put Verilog into compile order
     bool SetTops = false;  ///< record what may be top level
 };
 

@@ -8,7 +8,9 @@
 #include "flows/scanedit.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
+#include <unordered_map>
 
 namespace {
 
@@ -24,9 +26,11 @@ public:
 
 private:
     int Read();
-    int Check(const TToldScan& told) const;
-    int Change(const TToldScan& told);
+    int Check(TToldScan told);
+    int Change(TToldScan told);
     TScanChanges WantedChanges(const TBuildScan& scan);
+    static void AddMoves(const TToldScan& told, const std::vector<IHdlSourceFile*>& order,
+                         TState* state);
     TState StateOf(const TToldScan& told, const TScanChanges& changes);
 
     const TScanArguments& Arguments;
@@ -38,8 +42,7 @@ int TScanRun::Run() {
     const TQuietMessageBox quiet;
     if (const int status = Read(); status != kExitDone) return status;
     const TBuildScan scan(*Edit.GetBuild(), {Arguments.ExternalLibraries});
-    const TToldScan told{scan, {}};
-    const int status = Arguments.Check ? Check(told) : Change(told);
+    const int status = Arguments.Check ? Check({scan, {}}) : Change({scan, {}});
     return StatusOfScan(status, scan, Streams);
 }
 
@@ -60,8 +63,10 @@ int TScanRun::Read() {
     return isRead && build.HasBuildElement() ? kExitDone : kExitProblems;
 }
 
-int TScanRun::Check(const TToldScan& told) const {
-    bool isUpToDate = true;
+int TScanRun::Check(TToldScan told) {
+    ApplyScan(told.Scan, WantedChanges(told.Scan), Edit.GetBuild());
+    told.Late = SortVerilog(*Edit.GetBuild()).Late;
+    bool isUpToDate = !Arguments.Sort || told.Late.empty();
     for (const TDependencyDifference& difference : told.Scan.GetDifferences())
         if (!difference.Lacking.empty() || (Arguments.Exact && !difference.Unexplained.empty()))
             isUpToDate = false;
@@ -71,25 +76,49 @@ int TScanRun::Check(const TToldScan& told) const {
         AddFindings(told, &result);
         PrintJson(result, Streams);
     } else {
-        PrintFindings(told, true, Arguments.Exact, Streams);
-        PrintLine(Streams.Out,
-                  Arguments.Paths.front() + (isUpToDate ? ": the dependencies are up to date"
-                                                        : ": the dependencies are not up to date"));
+        PrintFindings(told, Arguments, Streams);
+        PrintLine(Streams.Out, Arguments.Paths.front() + ": the dependencies" +
+                                   (Arguments.Sort ? " and the order are " : " are ") +
+                                   (isUpToDate ? "up to date" : "not up to date"));
     }
     return isUpToDate ? kExitDone : kExitProblems;
 }
 
-int TScanRun::Change(const TToldScan& told) {
+int TScanRun::Change(TToldScan told) {
     const TScanChanges changes = WantedChanges(told.Scan);
+    TState before = StateOf(told, changes);
+    ApplyScan(told.Scan, changes, Edit.GetBuild());
+    const TIHdlSourceFileList& group = *Edit.GetBuild()->GetSourceFileGroup(LANGUAGE_VERILOG);
+    const std::vector<IHdlSourceFile*> listed(group.begin(), group.end());
+    const TCompileSort sort = SortVerilog(*Edit.GetBuild());
+    told.Late = sort.Late;
+    if (Arguments.Sort) ApplySort(sort, Edit.GetBuild());
     TJson result = MakeResult("hdlbuild-scan", "build", Arguments.Paths.front());
     if (Arguments.Json)
         AddFindings(told, &result);
     else
-        PrintFindings(told, false, Arguments.Exact, Streams);
-    TFileChange change{std::move(result), Arguments.Paths.front(), StateOf(told, changes), {}};
-    ApplyScan(told.Scan, changes, Edit.GetBuild());
-    change.After = StateOf(told, changes);
-    return SaveEditedFile(std::move(change), Edit.FindEdits(), Edit.GetFile(), Arguments, Streams);
+        PrintFindings(told, Arguments, Streams);
+    TState after = StateOf(told, changes);
+    if (Arguments.Sort) AddMoves(told, listed, &before);
+    if (Arguments.Sort) AddMoves(told, sort.Order, &after);
+    return SaveEditedFile(
+        {std::move(result), Arguments.Paths.front(), std::move(before), std::move(after)},
+        Edit.FindEdits(), Edit.GetFile(), Arguments, Streams);
+}
+
+/// What the sources that move stand behind, in that order.
+void TScanRun::AddMoves(const TToldScan& told, const std::vector<IHdlSourceFile*>& order,
+                        TState* state) {
+    std::unordered_map<const IHdlSourceFile*, const IHdlSourceFile*> inFront;
+    for (std::size_t i = 1; i < order.size(); ++i) inFront[order[i]] = order[i - 1];
+    const auto textOf = [&](const IHdlSourceFile* source) {
+        return PathText(source->GetFileName(), told.Paths);
+    };
+    for (const TLateSource& late : told.Late) {
+        const IHdlSourceFile* const other = inFront[late.Source];
+        state->emplace_back("Verilog source " + textOf(late.Source) + ", behind",
+                            other ? TJson(textOf(other)) : TJson());
+    }
 }
 
 TScanChanges TScanRun::WantedChanges(const TBuildScan& scan) {

@@ -182,6 +182,17 @@ TAllTold FindUnexplained(const TToldScan& told) {
     return all;
 }
 
+TAllTold FindLate(const TToldScan& told) {
+    TAllTold all;
+    for (const TLateSource& late : told.Late) {
+        const std::string path = PathText(late.Source->GetFileName(), told.Paths);
+        const std::string user = PathText(late.User->GetFileName(), told.Paths);
+        all.push_back(
+            {{DIAGNOSTIC_LATE_SOURCE, {path, user}}, {{"path", path}, {"neededBy", user}}});
+    }
+    return all;
+}
+
 TAllTold FindUnits(const TToldScan& told, const std::vector<TUnitPlace>& units,
                    TDiagnosticCode code) {
     TAllTold all;
@@ -225,6 +236,7 @@ constexpr TScanFinding kFindings[] = {
     {"wantedInOtherLibraries", FindElsewhere},
     {"lacking", FindLacking},
     {"unexplained", FindUnexplained},
+    {"lateSources", FindLate},
     {"unboundComponents", FindUnbound},
     {"otherLanguages", FindForeign},
     {"unneededUnits", FindUnneeded},
@@ -273,10 +285,16 @@ void AddFindings(const TToldScan& told, TJson* result) {
     }
 }
 
-void PrintFindings(const TToldScan& told, bool isCheck, bool isExact, const TToolStreams& streams) {
+void PrintFindings(const TToldScan& told, const TScanArguments& arguments,
+                   const TToolStreams& streams) {
+    const auto isAboutToChange = [&](const TScanFinding& finding) {
+        if (arguments.Check) return false;
+        return finding.Find == FindLacking ||
+               (finding.Find == FindUnexplained && arguments.Exact) ||
+               (finding.Find == FindLate && arguments.Sort);
+    };
     for (const TScanFinding& finding : kFindings) {
-        if (finding.Find == FindLacking && !isCheck) continue;
-        if (finding.Find == FindUnexplained && isExact && !isCheck) continue;
+        if (isAboutToChange(finding)) continue;
         for (const TTold& one : finding.Find(told)) Print(one.Diagnostic, streams);
     }
 }

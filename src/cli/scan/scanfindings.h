@@ -2,7 +2,9 @@
 #include "cli/frame/json.h"
 #include "cli/frame/streams.h"
 #include "cli/frame/texts.h"
+#include "cli/scan/commands.h"
 #include "flows/buildscan.h"
+#include "flows/compilesort.h"
 #include "flows/scannedtops.h"
 #include <string>
 #include <vector>
@@ -11,6 +13,7 @@
 struct TToldScan {
     const TBuildScan& Scan;
     TPathForm Paths;
+    std::vector<TLateSource> Late = {};  ///< of Verilog
 
     std::string PathOf(std::size_t source) const;
     /// "lib.e", "lib.e(a)" of an architecture.
@@ -28,6 +31,7 @@ void AddFindings(const TToldScan& told, TJson* result);
 int StatusOfScan(int status, const TBuildScan& scan, const TToolStreams& streams);
 
 /// Prints the findings: what may be wrong on Err, what is good to know on Out. What differs from
-/// the build's dependencies is left out where it is about to change: what they lack unless
-/// `isCheck`, what is unexplained when it is removed.
-void PrintFindings(const TToldScan& told, bool isCheck, bool isExact, const TToolStreams& streams);
+/// the build is left out where it is about to change, unless `arguments` ask for a check: what
+/// dependencies lack, what is unexplained and will be removed, what is late and will move.
+void PrintFindings(const TToldScan& told, const TScanArguments& arguments,
+                   const TToolStreams& streams);

@@ -132,9 +132,13 @@ void TScanNewRun::SetIncludeDirectories() {
 
 int TScanNewRun::Save(const TBuildScan& scan) {
     const TQuietMessageBox quiet;
-    const TToldScan told{scan, Form};
+    TToldScan told{scan, Form};
     TScanChanges changes{scan.GetDifferences(), {}};
     if (Arguments.SetTops) changes.Tops = ListUnrecordedTops(scan, *Edit.GetBuild());
+    ApplyScan(scan, changes, Edit.GetBuild());
+    const TCompileSort sort = SortVerilog(*Edit.GetBuild());
+    told.Late = sort.Late;
+    if (Arguments.Sort) ApplySort(sort, Edit.GetBuild());
     TJson result = MakeResult("hdlbuild-scan", "build", Arguments.Output);
     if (Arguments.Json) {
         TJson& included = result["included"] = TJson::Array();
@@ -143,9 +147,8 @@ int TScanNewRun::Save(const TBuildScan& scan) {
     } else {
         for (const std::string& path : Sorted.Included)
             PrintLine(Streams.Out, PathText(path.c_str(), Form) + ": included, not listed");
-        PrintFindings(told, false, false, Streams);
+        PrintFindings(told, Arguments, Streams);
     }
-    ApplyScan(scan, changes, Edit.GetBuild());
     TState after = GetMadeState();
     for (const TScannedTop& top : changes.Tops) after.emplace_back(NameOfTop(top), true);
     TState before;

@@ -138,6 +138,49 @@ TEST_F(ScanCommand, LeavesSourcesOfOtherLanguagesAlone) {
     EXPECT_EQ(Scan({"--exact"}), "b.xml: nothing to change\n");
 }
 
+TEST_F(ScanCommand, PutsVerilogIntoCompileOrder) {
+    Folder.Write("a.sv", "import p::*; module a; endmodule");
+    Folder.Write("m.sv", "module m; a i(); endmodule");
+    Folder.Write("p.sv", "package p; endpackage");
+    const std::string front = "<SourceFileGroup Language=\"Verilog\">\n  <!-- ours -->\n";
+    const std::string back = "</SourceFileGroup>\n";
+    const std::string unsorted =
+        front + SourceText("m.sv") + SourceText("a.sv", {"p.sv"}) + SourceText("p.sv") + back;
+    const std::string notes = "m.sv:1:8: nobody instantiates module work.m\n";
+    const std::string late =
+        "hdlbuild: warning: p.sv: listed behind a.sv, which needs it to be compiled before\n";
+    Folder.Write("b.xml", BuildText(unsorted));
+    EXPECT_EQ(Scan({"--check"}), notes + "b.xml: the dependencies are up to date\n" + late);
+    EXPECT_EQ(Scan({"--check", "--sort"}),
+              "1\n" + notes + "b.xml: the dependencies and the order are not up to date\n" + late);
+    EXPECT_EQ(Scan({}), notes + "b.xml: nothing to change\n" + late);
+    const std::string moved = notes + "Verilog source p.sv, behind: \"a.sv\" -> \"m.sv\"\n";
+    const std::string shown = Scan({"--sort", "--dry-run"});
+    EXPECT_EQ(shown.substr(0, shown.find("---")), moved + "b.xml: not saved (dry run)\n");
+    EXPECT_EQ(Folder.Read("b.xml"), BuildText(unsorted));
+    EXPECT_EQ(Scan({"--sort"}), moved + "b.xml: saved\n");
+    EXPECT_EQ(Folder.Read("b.xml"), BuildText(front + SourceText("m.sv") + SourceText("p.sv") +
+                                              SourceText("a.sv", {"p.sv"}) + back));
+    EXPECT_EQ(Scan({"--sort"}), notes + "b.xml: nothing to change\n");
+    EXPECT_EQ(Scan({"--check", "--sort"}),
+              notes + "b.xml: the dependencies and the order are up to date\n");
+}
+
+TEST_F(ScanCommand, PutsVerilogIntoTheOrderOfDependenciesThatItFinds) {
+    Folder.Write("a.sv", "import p::*; module a; endmodule");
+    Folder.Write("p.sv", "package p; endpackage");
+    Folder.Write("b.xml",
+                 BuildText("<SourceFileGroup Language=\"Verilog\">\n" + SourceText("a.sv") +
+                           SourceText("p.sv") + "</SourceFileGroup>\n"));
+    const auto result =
+        nlohmann::ordered_json::parse(ResultOf({"scan", "b.xml", "--json", "--sort"}));
+    EXPECT_EQ(result["lateSources"].dump(), R"([{"path":"p.sv","neededBy":"a.sv"}])");
+    EXPECT_EQ(result["changes"].dump(),
+              R"([{"what":"Verilog source a.sv, dependencies","before":[],"after":["p.sv"]},)"
+              R"({"what":"Verilog source p.sv, behind","before":"a.sv","after":null}])");
+    EXPECT_EQ(ResultOf({"order", "b.xml", "--language", "verilog"}), "p.sv\na.sv\n");
+}
+
 TEST_F(ScanCommand, RefusesABuildThatCannotBeRead) {
     EXPECT_EQ(Scan({}), "3\nhdlbuild: error: b.xml: the file does not exist\n");
     Folder.Write("b.xml", "<HdlBuildFileList/>");

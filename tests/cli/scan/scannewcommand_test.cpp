@@ -73,6 +73,21 @@ TEST_F(ScanNewCommand, ListsNoIncludedFileButItsFolder) {
               "        ");
 }
 
+TEST_F(ScanNewCommand, ListsVerilogInCompileOrderWhenAsked) {
+    Folder.Write("v/a.sv", "import p::*; module a; endmodule\n");
+    Folder.Write("v/p.sv", "package p; endpackage\n");
+    const std::string note = "v/a.sv:1:21: nobody instantiates module work.a\n";
+    const std::string a =
+        "Verilog source v/a.sv: none -> {\"library\":\"\",\"dependencies\":[\"v/p.sv\"]}\n";
+    const std::string p = "Verilog source v/p.sv: none -> {\"library\":\"\"}\n";
+    EXPECT_EQ(Scan({"v", "-o", "a.xml"}),
+              note + a + p + "a.xml: saved\n" +
+                  "hdlbuild: warning: v/p.sv: listed behind v/a.sv, which needs it to be compiled "
+                  "before\n");
+    EXPECT_EQ(Scan({"v", "-o", "b.xml", "--sort"}), note + p + a + "b.xml: saved\n");
+    EXPECT_EQ(ResultOf({"order", "b.xml", "--language", "verilog"}), "v/p.sv\nv/a.sv\n");
+}
+
 TEST_F(ScanNewCommand, SavesNothingInADryRun) {
     const std::string said = Scan({"tb", "-o", "b.xml", "--dry-run", "--set-tops"});
     EXPECT_EQ(said.substr(0, said.find("@@ ")),
