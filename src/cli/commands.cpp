@@ -2,6 +2,7 @@
 #include "cli/build/commands.h"
 #include "cli/change/commands.h"
 #include "cli/frame/commandline.h"
+#include "cli/graph/commands.h"
 #include "cli/questions/commands.h"
 #include "cli/scan/commands.h"
 #include "cli/servers/commands.h"
@@ -21,9 +22,9 @@ constexpr const char* kFooter =
 
 std::vector<TCommand> MakeCommands() {
     std::vector<TCommand> commands;
-    for (const auto make :
-         {MakeBuildCommands, MakeQuestionCommands, MakeChangeCommands, MakeSetupCommands,
-          MakeScanCommands, MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
+    for (const auto make : {MakeBuildCommands, MakeQuestionCommands, MakeGraphCommands,
+                            MakeChangeCommands, MakeSetupCommands, MakeScanCommands,
+                            MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
         for (TCommand& command : make()) commands.push_back(std::move(command));
     return commands;
 }

@@ -1,4 +1,5 @@
 #include "flows/dependencycycles.h"
+#include "flows/cyclicsets.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "services/base/progress.h"
@@ -22,7 +23,7 @@ std::size_t MostSteps(std::size_t size) {
 
 struct TGraph {
     std::vector<const IHdlSourceFile*> Files;
-    std::vector<std::vector<TIndex>> Edges;
+    TEdgesOfPlaces Edges;
 };
 
 TGraph BuildGraph(const std::vector<const IHdlSourceFile*>& roots) {
@@ -45,77 +46,6 @@ TGraph BuildGraph(const std::vector<const IHdlSourceFile*>& roots) {
     }
     return graph;
 }
-
-/// Tarjan's strongly connected components with a stack of its own, as chains may be a million deep.
-class TComponentFinder {
-public:
-    explicit TComponentFinder(const TGraph& graph)
-        : Graph(graph),
-          Order(graph.Files.size(), kNone),
-          Low(graph.Files.size()),
-          OnStack(graph.Files.size()) {}
-
-    /// The components that hold a cycle, each in ascending order of place.
-    std::vector<std::vector<TIndex>> Find() {
-        for (TIndex at = 0; at < Graph.Files.size(); ++at)
-            if (Order[at] == kNone) Walk(at);
-        std::sort(Cyclic.begin(), Cyclic.end());
-        return std::move(Cyclic);
-    }
-
-private:
-    struct TFrame {
-        TIndex At;
-        std::size_t NextEdge;
-    };
-
-    void Enter(TIndex at) {
-        Order[at] = Low[at] = Counter++;
-        Stack.push_back(at);
-        OnStack[at] = true;
-        Frames.push_back({at, 0});
-    }
-
-    void Walk(TIndex root) {
-        Enter(root);
-        while (!Frames.empty()) {
-            const TIndex at = Frames.back().At;
-            if (Frames.back().NextEdge == Graph.Edges[at].size()) {
-                Leave(at);
-                continue;
-            }
-            const TIndex next = Graph.Edges[at][Frames.back().NextEdge++];
-            if (Order[next] == kNone)
-                Enter(next);
-            else if (OnStack[next])
-                Low[at] = std::min(Low[at], Order[next]);
-        }
-    }
-
-    void Leave(TIndex at) {
-        Progress.Advance();
-        Frames.pop_back();
-        if (!Frames.empty()) Low[Frames.back().At] = std::min(Low[Frames.back().At], Low[at]);
-        if (Low[at] != Order[at]) return;
-        const auto first = std::find(Stack.rbegin(), Stack.rend(), at).base() - 1;
-        std::vector<TIndex> component(first, Stack.end());
-        Stack.erase(first, Stack.end());
-        for (const TIndex member : component) OnStack[member] = false;
-        const auto& edges = Graph.Edges[at];
-        const bool dependsOnItself = std::find(edges.begin(), edges.end(), at) != edges.end();
-        if (component.size() == 1 && !dependsOnItself) return;
-        std::sort(component.begin(), component.end());
-        Cyclic.push_back(std::move(component));
-    }
-
-    const TGraph& Graph;
-    TProgress Progress{PROGRESS_CHECK_SOURCES, Graph.Files.size()};
-    std::vector<TIndex> Order, Low, Stack;
-    std::vector<bool> OnStack;
-    std::vector<TFrame> Frames;
-    std::vector<std::vector<TIndex>> Cyclic;
-    TIndex Counter = 0;
-};
 
 /// Finds a shortest cycle of one strongly connected set: breadth first from each member in turn,
 /// which is then taken out with all that no longer lies on a cycle, so that a plain ring takes one
@@ -220,7 +150,7 @@ std::vector<TDependencyCycle> FindDependencyCycles(
     const std::vector<const IHdlSourceFile*>& roots) {
     const TGraph graph = BuildGraph(roots);
     std::vector<TDependencyCycle> cycles;
-    for (const auto& members : TComponentFinder(graph).Find()) {
+    for (const auto& members : FindCyclicSets(graph.Edges)) {
         TDependencyCycle& cycle = cycles.emplace_back();
         for (const TIndex member : members) cycle.Files.push_back(graph.Files[member]);
         cycle.Shortest = TShortestCycle(graph, members).Find();

@@ -34,6 +34,7 @@ const std::map<std::string, TLine>& CommandLines() {
         {"top remove", {"top", "d.xml", "remove", "work.t"}},
         {"top force", {"top", "b.xml", "force", "on"}},
         {"scan", {"scan", "d.xml"}},
+        {"graph", {"graph", "d.xml"}},
         {"settings list", {"settings", "p.hpj", "list"}},
         {"settings show", {"settings", "p.hpj", "show"}},
         {"settings current", {"settings", "p.hpj", "current", "Debug"}},
