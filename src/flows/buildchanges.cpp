@@ -63,6 +63,18 @@ void CompileLanguage(THdlBuildFile& build, THdlLanguage language) {
         if (flag.Language == language) (general->*flag.Set)(true);
 }
 
+std::vector<THdlLanguage> ListUnsavedGroups(const THdlBuildFile& build) {
+    const TProjectSimGeneralConfig* const general = build.GetGeneralConfiguration();
+    std::vector<THdlLanguage> languages;
+    for (const THdlLanguage language : build.GetSourceFileLanguages()) {
+        const TIHdlSourceFileList& group = *build.GetSourceFileGroup(language);
+        const bool isCompiled = general && general->GetCompileLanguageFiles(language);
+        if (language != build.GetTopLanguage() && !isCompiled && group.begin() != group.end())
+            languages.push_back(language);
+    }
+    return languages;
+}
+
 void SetDependencies(IHdlSourceFile& source, const TSources& dependencies) {
     source.FlushDependencies();
     for (IHdlSourceFile* dependency : dependencies) source.AddDependency(dependency);

@@ -27,6 +27,8 @@ TBuildSource FindListed(THdlBuildFile& build, const ISFileName* file);
 /// TSimWrapHdlBuildFile deletes them. Returns the source; null when the group lists it.
 IHdlSourceFile* AddSource(THdlBuildFile& build, const ISFileName* file, THdlLanguage language);
 void CompileLanguage(THdlBuildFile& build, THdlLanguage language);
+/// The languages whose sources the library's next save leaves out of the file.
+std::vector<THdlLanguage> ListUnsavedGroups(const THdlBuildFile& build);
 
 /// Replaces the dependencies of `source`.
 void SetDependencies(IHdlSourceFile& source, const std::vector<IHdlSourceFile*>& dependencies);

@@ -36,15 +36,23 @@ void PushSimulators(THdlBuildFile& build, TXMLList* document) {
     build.SetGeneralConfiguration(own);
 }
 
-void PushLanguageSettings(THdlBuildFile& build, TXMLList* document) {
+using TLanguageSettings = std::map<THdlLanguage, TProjectSimLanguageConfig>;
+
+TLanguageSettings CopyLanguageSettings(const THdlBuildFile& build) {
+    TLanguageSettings settings;
+    for (const THdlLanguage language : GetStoredLanguages())
+        if (const TProjectSimLanguageConfig* const own = build.GetProjectLanguageConfig(language))
+            settings.emplace(language, *own);
+    return settings;
+}
+
+void PushLanguageSettings(TLanguageSettings settings, TXMLList* document) {
     constexpr const char* kList = "ProjectLanguageConfigurationList";
     Push(document, TElement::START, kList);
-    for (const THdlLanguage language : GetStoredLanguages()) {
-        TProjectSimLanguageConfig* const settings = build.GetProjectLanguageConfig(language);
-        if (!settings) continue;
+    for (auto& [language, own] : settings) {
         const TAttributeView attributes[] = {{"Language", GetStringFromHdlLanguage(language)}};
         document->Push(TElement::START, "LanguageSettings", {}, attributes);
-        settings->WriteToProjectFile(document, language, false, false, false);
+        own.WriteToProjectFile(document, language, false, false, false);
         Push(document, TElement::END, "LanguageSettings");
     }
     Push(document, TElement::END, kList);
@@ -71,6 +79,7 @@ bool TBuildEdit::Read(TXMLReadError* error) {
     SourcesBefore = TSourceLists(*Build, &Libraries);
     RestBefore = PrintRest(*Build);
     PushFront(*Build, &Base);
+    LanguagesBefore = CopyLanguageSettings(*Build);
     VariablesBefore = *Build->GetPseudoEnvironmentVariables();
     return true;
 }
@@ -91,20 +100,31 @@ std::string TBuildEdit::Make(THdlLanguage language, bool isLocked) {
     return "";
 }
 
-// The build's own element, up to the sources.
+TProjectSimLanguageConfig& TBuildEdit::GetOrMakeLanguageSettings(THdlLanguage language) {
+    if (!Build->GetProjectLanguageConfig(language)) {
+        TProjectSimLanguageConfig settings;
+        settings.SetProjectFileName(File.GetFile());
+        Build->AddLanguageConfig(language, &settings);
+        // In both streams, and not in the document: so they come without their defaults.
+        LanguagesBefore.emplace(language, settings);
+    }
+    return *Build->GetProjectLanguageConfig(language);
+}
+
+// The build's own element, up to the settings of languages.
 void TBuildEdit::PushFront(THdlBuildFile& build, TXMLList* document) const {
     document->SetFileName(File.GetFile()->Canonical(false));
     PushStart(build, document);
     build.WriteTopLevelComponentNames(document);
     PushSimulators(build, document);
     build.WriteGeneralSettings(document);
-    PushLanguageSettings(build, document);
 }
 
 // Translator options and all.
 std::string TBuildEdit::PrintRest(THdlBuildFile& build) const {
     TXMLList document;
     PushFront(build, &document);
+    PushLanguageSettings(CopyLanguageSettings(build), &document);
     build.WriteV2VOptions(&document);
     PushEnd(build, &document);
     std::string text;
@@ -137,6 +157,8 @@ std::string TBuildEdit::FindEdits() {
     }
     TXMLList wanted;
     PushFront(*Build, &wanted);
+    PushLanguageSettings(LanguagesBefore, &Base);
+    PushLanguageSettings(CopyLanguageSettings(*Build), &wanted);
     SourceChanges->Push(File.GetFile(), Libraries, &Base, &wanted);
     PushEnd(*Build, &wanted);
     TPseudoVariables& variables = *Build->GetPseudoEnvironmentVariables();
@@ -164,6 +186,7 @@ bool TBuildEdit::IsAsWanted(const std::string& document, const std::string& rest
 std::string TBuildEdit::ReadRestOfSave() {
     TXMLList wanted;
     PushFront(*Build, &wanted);
+    PushLanguageSettings(CopyLanguageSettings(*Build), &wanted);
     Build->WriteV2VOptions(&wanted);
     PushEnd(*Build, &wanted);
     std::string document;

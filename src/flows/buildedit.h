@@ -2,6 +2,8 @@
 #include "buildfile/simwraphdlbuildfile.h"
 #include "flows/editedfile.h"
 #include "flows/sourcelists.h"
+#include "settings/projectsimlanguageconfig.h"
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -33,6 +35,9 @@ public:
 
     /// Null before it is read or made.
     THdlBuildFile* GetBuild() { return Build.get(); }
+    /// The settings of a language, which are made where the build has none: of those the document
+    /// gets no more than what differs from the defaults, which must be something.
+    TProjectSimLanguageConfig& GetOrMakeLanguageSettings(THdlLanguage language);
 
     /// Turns what was changed in the build into edits of the file, and looks at what a reader makes
     /// of the result. Returns why the file cannot take the change; "" when it can. To be called
@@ -67,7 +72,8 @@ private:
     TSourceLists SourcesAfter;
     std::optional<TSourceListsDifference> SourceChanges;
     // Of the build as it was read.
-    TXMLList Base;  // up to the sources
+    TXMLList Base;  // up to the settings of languages
+    std::map<THdlLanguage, TProjectSimLanguageConfig> LanguagesBefore;  // and those made since
     TPseudoVariables VariablesBefore;
     std::string RestBefore;  // all but the sources
 };

@@ -33,6 +33,8 @@ const std::map<std::string, TLine>& CommandLines() {
         {"top add", {"top", "b.xml", "add", "work.e(a)"}},
         {"top remove", {"top", "d.xml", "remove", "work.t"}},
         {"top force", {"top", "b.xml", "force", "on"}},
+        {"set", {"set", "b.xml", "SnapshotName", "s"}},
+        {"get", {"get", "b.xml"}},
         {"scan", {"scan", "d.xml"}},
         {"graph", {"graph", "d.xml"}},
         {"settings list", {"settings", "p.hpj", "list"}},
@@ -208,6 +210,7 @@ TEST(CommandTable, ADryRunSaysTheSameAndChangesNothing) {
               "top add\n"
               "top remove\n"
               "top force\n"
+              "set\n"
               "scan\n"
               "settings current\n"
               "settings copy\n"

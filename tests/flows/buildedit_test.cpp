@@ -41,6 +41,7 @@ public:
         return *FindListed(*Edit.GetBuild(), Name(path)).Source;
     }
     THdlBuildFile& Build() { return *Edit.GetBuild(); }
+    TBuildEdit& Edited() { return Edit; }
 
     /// The lines of the difference that come and go, or why there is none.
     std::string Save() {
@@ -132,6 +133,17 @@ TEST(BuildEdit, EditsWhatChangedInTheModel) {
          "+  <BuildFileVariables>\n"
          "+    <Variable Name=\"W\" Value=\"8\"/>\n"
          "+  </BuildFileVariables>\n"},
+        {"a language without settings, of which only what differs comes",
+         [](EditedBuild& build) {
+             build.Edited().GetOrMakeLanguageSettings(LANGUAGE_CPLUSPLUS).SetPliDriven(true);
+             build.Edited().GetOrMakeLanguageSettings(LANGUAGE_CPLUSPLUS).SetBuildOptions("-g");
+         },
+         "+  <ProjectLanguageConfigurationList>\n"
+         "+    <LanguageSettings Language=\"C++\">\n"
+         "+      <PliDriven>true</PliDriven>\n"
+         "+      <BuildOptions>-g</BuildOptions>\n"
+         "+    </LanguageSettings>\n"
+         "+  </ProjectLanguageConfigurationList>\n"},
         {"what no document can hold",
          [](EditedBuild& build) { build.Build().SetSnapshotName("a\x01"); },
          "refused: no document can hold the character U+0001"},

@@ -8,6 +8,8 @@
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "services/names/isfilename.h"
 #include "services/names/utilfilename.h"
+#include <algorithm>
+#include <map>
 #include <utility>
 
 TBuildAccess::TBuildAccess(const std::string& build, const TCommonArguments& arguments,
@@ -43,6 +45,7 @@ int TBuildAccess::Finish(bool isRead, TXMLReadError* error) {
     const bool isUnderstood = result == READ_NO_ERROR || result == READ_FILES_MISSING;
     if (!isUnderstood) ReportError(Streams, THdlBuildFile::GetErrorString(result));
     StateRead = StateOf(build);
+    UnsavedGroupsRead = ListUnsavedGroups(build);
     return isUnderstood && build.HasBuildElement() ? kExitDone : kExitProblems;
 }
 
@@ -94,11 +97,34 @@ void TBuildAccess::Note(const char* key, const std::vector<std::string>& names,
     Notes.push_back({key, names, text});
 }
 
+std::string TBuildAccess::FindEdits(TState* after) {
+    const std::string reason = Edit.FindEdits();
+    *after = StateOf(Edit.GetFound());
+    if (!reason.empty()) return reason;
+    TState wanted = StateOf(GetBuild());
+    NameAll(&wanted, after);
+    const std::map<std::string, TJson> found(after->begin(), after->end());
+    for (const auto& [name, value] : wanted)
+        if (const TJson& other = found.at(name); other != value)
+            return name + " " + value.Dump() + " cannot be stored: a reader would find " +
+                   other.Dump();
+    return "";
+}
+
+void TBuildAccess::WarnOfUnsavedGroups() {
+    for (const THdlLanguage language : ListUnsavedGroups(Edit.GetFound()))
+        if (std::find(UnsavedGroupsRead.begin(), UnsavedGroupsRead.end(), language) ==
+            UnsavedGroupsRead.end())
+            ReportWarning(Streams, std::string("the general settings do not compile ") +
+                                       GetStringFromHdlLanguage(language) +
+                                       " files: a save by the environment drops these sources");
+}
+
 int TBuildAccess::Save(const char* verb) {
     const TQuietMessageBox quiet;
-    const std::string reason = Edit.FindEdits();
-    TFileChange change{MakeResult("hdlbuild-" + std::string(verb), "build", File), File, StateRead,
-                       StateOf(Edit.GetFound())};
+    TFileChange change{
+        MakeResult("hdlbuild-" + std::string(verb), "build", File), File, StateRead, {}};
+    const std::string reason = FindEdits(&change.After);
     NameAll(&change.Before, &change.After);
     if (reason.empty() && Edit.IsChanged())
         AddSourceChanges({Edit.GetSourcesBefore(), Edit.GetSourcesAfter(), Edit.GetSourceChanges(),
@@ -109,5 +135,8 @@ int TBuildAccess::Save(const char* verb) {
         if (Arguments.Json || !reason.empty()) continue;
         for (const std::string& name : note.Names) PrintLine(Streams.Out, name + note.Text);
     }
-    return SaveEditedFile(std::move(change), reason, Edit.GetFile(), Arguments, Streams);
+    const int status =
+        SaveEditedFile(std::move(change), reason, Edit.GetFile(), Arguments, Streams);
+    if (status == kExitDone) WarnOfUnsavedGroups();
+    return status;
 }

@@ -23,6 +23,10 @@ public:
     int Make(THdlLanguage language);
 
     THdlBuildFile& GetBuild() { return *Edit.GetBuild(); }
+    /// See TBuildEdit.
+    TProjectSimLanguageConfig& GetOrMakeLanguageSettings(THdlLanguage language) {
+        return Edit.GetOrMakeLanguageSettings(language);
+    }
 
     /// The listed source that the user named; null, with one line on Err, for another file.
     TBuildSource FindSource(const std::string& path);
@@ -38,7 +42,8 @@ public:
 
     /// Saves what was changed, and prints it. `verb` names the command in JSON output. A file that
     /// has changed since it was read, and one that cannot take the change, stays as it is: one line
-    /// on Err, and kExitFile.
+    /// on Err, and kExitFile. Groups that a save by the library would leave out from now on are
+    /// warnings on Err.
     int Save(const char* verb);
 
 private:
@@ -49,12 +54,15 @@ private:
     };
 
     int Finish(bool isRead, TXMLReadError* error);
+    std::string FindEdits(TState* after);
+    void WarnOfUnsavedGroups();
 
     const std::string& File;
     const TCommonArguments& Arguments;
     const TToolStreams& Streams;
     TBuildEdit Edit;
     TState StateRead;
+    std::vector<THdlLanguage> UnsavedGroupsRead;
     std::vector<TNote> Notes;
     TPathForm Form;
 };

@@ -1,17 +1,9 @@
 #include "cli/settings/commands.h"
-#include "cli/frame/texts.h"
-#include "services/hdl/hdllanguagetable.h"
+#include <utility>
 
 namespace {
 
 using TSharedArguments = std::shared_ptr<TSettingsArguments>;
-
-std::string LanguageHelp() {
-    std::vector<std::string> names;
-    for (const THdlLanguage language : GetStoredLanguages())
-        names.emplace_back(GetHdlLanguageRecord(language).Name);
-    return JoinChoices(names);
-}
 
 std::vector<TCommand> SettingsVerbs(const TSharedArguments& values) {
     const TRunWith<TSettingsArguments> with(values);
@@ -24,6 +16,11 @@ std::vector<TCommand> SettingsVerbs(const TSharedArguments& values) {
                            "project"};
     const TArgument json = JsonArgument(*values);
     const TArgument dryRun = DryRunArgument(*values);
+    std::vector<TArgument> setArguments = {name};
+    for (TArgument& argument :
+         SettingArguments(values->Setting, "The setting, as project files name it"))
+        setArguments.push_back(std::move(argument));
+    setArguments.insert(setArguments.end(), {json, dryRun});
     return {
         {"list",
          "List the configurations; '*' marks the current one",
@@ -54,19 +51,10 @@ std::vector<TCommand> SettingsVerbs(const TSharedArguments& values) {
         {"set",
          "Change a setting: set NAME KEY VALUE",
          with(RunSettingsSet),
-         {name,
-          {"KEY", &values->Key, "The setting, as project files name it", kRequired},
-          {"--language", &values->Language, LanguageHelp()},
-          {"--add", &values->AddedEntries, "Add this entry to a list"},
-          {"--remove", &values->RemovedEntries, "Remove this entry from a list"},
-          {"--clear", &values->ClearEntries, "Empty a list"},
-          json,
-          dryRun},
+         std::move(setArguments),
          {},
-         "VALUE may begin with '-'; write --add=ENTRY for an entry that does. A list is emptied\n"
-         "first, then entries are removed, then added. Directories are relative to the project.\n"
-         "What follows '--' is no option, whatever it looks like.",
-         {"[VALUE]", &values->Words}},
+         kSettingFooter,
+         {"[VALUE]", &values->Setting.Words}},
     };
 }
 

@@ -1,19 +1,14 @@
 #pragma once
-#include "cli/frame/command.h"
+#include "cli/frame/settingchange.h"
 
 /// The arguments of the commands about configurations and templates.
 struct TSettingsArguments : TCommonArguments {
     std::string Project;
     std::string Configuration;
     std::string NewName;
-    std::string Key;
-    std::string Language;
-    std::vector<std::string> AddedEntries;
-    std::vector<std::string> RemovedEntries;
-    bool ClearEntries = false;
+    TSettingRequest Setting;
     bool Debug = false;
     bool Absolute = false;
-    std::vector<std::string> Words;
 };
 
 int RunSettingsList(const TSettingsArguments& arguments, const TToolStreams& streams);

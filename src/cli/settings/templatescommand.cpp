@@ -1,8 +1,8 @@
 #include "cli/frame/knownnames.h"
+#include "cli/frame/settingstext.h"
 #include "cli/frame/texts.h"
 #include "cli/settings/commands.h"
 #include "cli/settings/projectaccess.h"
-#include "cli/frame/settingstext.h"
 
 int RunTemplatesList(const TSettingsArguments& arguments, const TToolStreams& streams) {
     TProjectTemplateSimConfigList templates;

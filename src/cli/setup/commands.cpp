@@ -42,6 +42,13 @@ std::vector<TCommand> MakeSetupCommands() {
     const TRunWith<TSetupArguments> with(values);
     const TArgument build{"BUILD", &values->Build, "The build file", kRequired};
     const TArgument json = JsonArgument(*values);
+    const TArgument dryRun = DryRunArgument(*values);
+    constexpr const char* kKey =
+        "An attribute or setting, as build files name it, or variable.NAME";
+    std::vector<TArgument> setArguments = {build};
+    for (TArgument& argument : SettingArguments(values->Setting, kKey))
+        setArguments.push_back(std::move(argument));
+    setArguments.insert(setArguments.end(), {json, dryRun});
     return {
         {"top",
          "Show and change the top-level components",
@@ -50,5 +57,19 @@ std::vector<TCommand> MakeSetupCommands() {
          TopVerbs(values),
          "Without LIBRARY, the library of a COMPONENT is the build's destination library, else "
          "work."},
+        {"set",
+         "Change an attribute, a setting or a variable: set BUILD KEY VALUE",
+         with(RunSet),
+         std::move(setArguments),
+         {},
+         kSettingFooter,
+         {"[VALUE]", &values->Setting.Words}},
+        {"get",
+         "Print an attribute, a setting or a variable, or all of them",
+         with(RunGet),
+         {build,
+          {"KEY", &values->Setting.Key, kKey},
+          {"--language", &values->Setting.Language, SettingLanguageHelp()},
+          json}},
     };
 }
