@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 #include "cli/build/commands.h"
 #include "cli/change/commands.h"
+#include "cli/export/commands.h"
 #include "cli/frame/commandline.h"
 #include "cli/graph/commands.h"
 #include "cli/questions/commands.h"
@@ -22,9 +23,10 @@ constexpr const char* kFooter =
 
 std::vector<TCommand> MakeCommands() {
     std::vector<TCommand> commands;
-    for (const auto make : {MakeBuildCommands, MakeQuestionCommands, MakeGraphCommands,
-                            MakeChangeCommands, MakeSetupCommands, MakeScanCommands,
-                            MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
+    for (const auto make :
+         {MakeBuildCommands, MakeQuestionCommands, MakeGraphCommands, MakeChangeCommands,
+          MakeSetupCommands, MakeScanCommands, MakeExportCommands, MakeSettingsCommands,
+          MakeServersCommands, MakeTranslatorCommands})
         for (TCommand& command : make()) commands.push_back(std::move(command));
     return commands;
 }

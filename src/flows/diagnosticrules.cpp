@@ -122,6 +122,15 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
          "{1}: listed behind {2}, which needs it to be compiled before",
          "Run `hdlbuild scan --sort` on the build, or move the source: those of Verilog are "
          "compiled as they are listed."},
+        {DIAGNOSTIC_UNKNOWN_VARIABLE, "unknown-variable", SEVERITY_WARNING,
+         "a variable without a value: {1}",
+         "Set the variable in the environment or in the build. Other tools get it as it is "
+         "written."},
+        {DIAGNOSTIC_NOT_EXPORTED, "not-exported", SEVERITY_WARNING, "{1} has no words for {2}",
+         "Give it to the tool by other means where it is needed."},
+        {DIAGNOSTIC_UNWRITABLE_NAME, "unwritable-name", SEVERITY_ERROR,
+         "{1} cannot hold the name \"{2}\": {3}",
+         "Rename the file or folder, or take another format."},
     };
     return rules;
 }

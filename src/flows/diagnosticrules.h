@@ -40,6 +40,9 @@ enum TDiagnosticCode : int {
     DIAGNOSTIC_FOREIGN_NEED = 510,
     DIAGNOSTIC_MISSING_INCLUDE = 511,
     DIAGNOSTIC_LATE_SOURCE = 512,
+    DIAGNOSTIC_UNKNOWN_VARIABLE = 601,
+    DIAGNOSTIC_NOT_EXPORTED = 602,
+    DIAGNOSTIC_UNWRITABLE_NAME = 603,
 };
 
 /// One row of the table of diagnostics. The texts are static and never null.

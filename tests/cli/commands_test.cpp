@@ -37,6 +37,7 @@ const std::map<std::string, TLine>& CommandLines() {
         {"get", {"get", "b.xml"}},
         {"scan", {"scan", "d.xml"}},
         {"graph", {"graph", "d.xml"}},
+        {"export", {"export", "d.xml", "--to", "ghdl"}},
         {"settings list", {"settings", "p.hpj", "list"}},
         {"settings show", {"settings", "p.hpj", "show"}},
         {"settings current", {"settings", "p.hpj", "current", "Debug"}},

@@ -52,7 +52,7 @@ int RunCommandFile(const TBuildArguments& arguments, const TToolStreams& streams
         if (const int failed = SaveOutput(arguments.Output, file.GetText(), streams)) return failed;
         if (!arguments.Json) return status;
     } else if (!arguments.Json) {
-        streams.Out << file.GetText();
+        PrintFile(file.GetText(), streams.Out);
         return status;
     }
     TJson result = MakeResult("hdlbuild-command-file", "build", arguments.Build);

@@ -62,6 +62,10 @@ void PrintWords(std::ostream& out, std::string_view words) {
     out << Escaped(words, "\t") << '\n';
 }
 
+void PrintFile(std::string_view text, std::ostream& out) {
+    out << text;
+}
+
 void PrintFields(std::ostream& out, const std::vector<std::string>& fields) {
     for (const std::string& field : fields)
         out << (&field == &fields.front() ? "" : "\t") << Escaped(field);

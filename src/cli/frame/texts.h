@@ -18,6 +18,8 @@ void PrintLine(std::ostream& out, std::string_view line);
 void PrintWords(std::ostream& out, std::string_view words);
 /// Prints a difference of files, for a program that applies it: ends of lines and tabulators stay.
 void PrintDiff(std::string_view diff, std::ostream& out);
+/// Prints the text of a file of another tool, as it would be written.
+void PrintFile(std::string_view text, std::ostream& out);
 /// Prints a line of fields, escaped one by one and separated by tabulators.
 void PrintFields(std::ostream& out, const std::vector<std::string>& fields);
 

@@ -1,27 +1,11 @@
 #include "tests/cli/scan/vhdldesign.h"
+#include "tests/cli/shell.h"
 #include "tests/cli/toolrun.h"
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
 
 namespace {
-
-bool IsInstalled(const std::string& program) {
-    return std::system(("command -v " + program + " >/dev/null 2>&1").c_str()) == 0;
-}
-
-/// Runs a command; its status and its output, both streams.
-std::pair<int, std::string> Shell(const std::string& command) {
-    std::string output;
-    std::FILE* const pipe = popen(("{ " + command + "; } 2>&1").c_str(), "r");
-    if (!pipe) return {-1, ""};
-    char buffer[4096];
-    for (std::size_t size; (size = std::fread(buffer, 1, sizeof buffer, pipe)) > 0;)
-        output.append(buffer, size);
-    return {pclose(pipe), output};
-}
 
 /// What GHDL says of the sources in this order, "library\tpath" on each line; "" when it takes all.
 std::string Analyse(const std::string& order) {

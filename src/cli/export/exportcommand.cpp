@@ -1,0 +1,186 @@
+#include "buildfile/hdlbuildfile.h"
+#include "cli/export/commands.h"
+#include "cli/frame/filereports.h"
+#include "cli/frame/json.h"
+#include "cli/frame/knownnames.h"
+#include "cli/frame/texts.h"
+#include "flows/commandfile.h"
+#include "flows/formats/exportformats.h"
+#include "flows/plan/planoptions.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "services/base/mystring.h"
+#include "services/files/filereplace.h"
+#include "services/names/isfilename.h"
+
+namespace {
+
+constexpr const char* kList = "list";
+
+/// A run of the command.
+class TExportRun {
+public:
+    TExportRun(const TExportArguments& arguments, const TToolStreams& streams)
+        : Arguments(arguments), Streams(streams) {}
+
+    int Run();
+
+private:
+    bool IsSaved() const { return !Arguments.Output.empty() && Arguments.Output != "-"; }
+    int List();
+    int Write();
+    bool MayReplace() const;
+    bool FindTop(const TBuildPlan& plan, const TPlanTop** top) const;
+    std::string FolderOfPaths(const TBuildPlan& plan) const;
+    /// kExitProblems when one of them is an error.
+    int Tell(const TBuildPlan& plan, const TExported& exported);
+    int Save(const std::string& text) const;
+    void Print(const std::string& text);
+
+    const TExportArguments& Arguments;
+    const TToolStreams& Streams;
+    const TExportFormat* Format = nullptr;
+    THdlBuildFile Build;
+    TJson Losses = TJson::Array();
+};
+
+std::string Folded(const std::string& text) {
+    TMyString folded = text;
+    folded.toLower();
+    return folded.Str();
+}
+
+/// What users may call a top-level component, the fullest name first.
+std::vector<std::string> NamesOf(const TPlanTop& top) {
+    const std::string entity =
+        top.Architecture.empty() ? top.Entity : top.Entity + "(" + top.Architecture + ")";
+    return {top.Library + "." + entity, top.Library + "." + top.Entity, entity, top.Entity};
+}
+
+int TExportRun::Run() {
+    if (Arguments.Format == kList) return List();
+    std::vector<std::string> known{kList};
+    for (const TExportFormat& format : GetExportFormats()) known.emplace_back(format.Name);
+    Format = FindExportFormat(Arguments.Format);
+    if (!Format) {
+        ReportError(Streams, UnknownName("format", Arguments.Format, known));
+        return kExitUsage;
+    }
+    if (Arguments.Build.empty()) {
+        ReportError(Streams, "BUILD is required");
+        return kExitUsage;
+    }
+    return Write();
+}
+
+int TExportRun::List() {
+    TJson formats = TJson::Array();
+    std::vector<std::vector<std::string>> rows;
+    for (const TExportFormat& format : GetExportFormats()) {
+        formats.Add(
+            {{"name", format.Name}, {"description", format.Description}, {"holds", format.Holds}});
+        rows.push_back({format.Name, format.Description, format.Holds});
+    }
+    if (!Arguments.Json) {
+        PrintTable(std::move(rows), Streams.Out);
+        return kExitDone;
+    }
+    TJson result = MakeResult("hdlbuild-export-formats");
+    result["formats"] = formats;
+    PrintJson(result, Streams);
+    return kExitDone;
+}
+
+int TExportRun::Write() {
+    if (IsSaved() && IsSameFile(ISFileName::NewISFileName(Arguments.Output.c_str()),
+                                ISFileName::NewISFileName(Arguments.Build.c_str()))) {
+        ReportError(Streams, Arguments.Output + ": the output would replace the build file");
+        return kExitUsage;
+    }
+    const int status = LoadBuild(Arguments.Build, Streams, &Build);
+    if (status == kExitFile) return status;
+    ReportReadResult(Build, Streams);
+    if (!Build.HasBuildElement()) return status;
+    if (IsSaved() && !MayReplace()) return kExitUsage;
+    const TBuildPlan plan = MakePlan(Build);
+    const TPlanTop* top = nullptr;
+    if (!FindTop(plan, &top)) return kExitUsage;
+    const TExported exported = Format->Write({plan, FolderOfPaths(plan), top});
+    if (const int told = Tell(plan, exported); told != kExitDone) return told;
+    if (IsSaved())
+        if (const int saved = Save(exported.Text); saved != kExitDone) return saved;
+    Print(exported.Text);
+    return status;
+}
+
+bool TExportRun::MayReplace() const {
+    const IHdlSourceFile* const source = FindSourceReplacedBy(Arguments.Output, Build);
+    if (source)
+        ReportError(Streams, Arguments.Output + ": the output would replace the source " +
+                                 PathText(source->GetFileName(), TPathForm()));
+    return !source;
+}
+
+/// False, with an error line on Err, for one that the build does not have, or several times.
+bool TExportRun::FindTop(const TBuildPlan& plan, const TPlanTop** top) const {
+    if (Arguments.Top.empty()) return true;
+    std::vector<std::string> known;
+    for (const TPlanTop& candidate : plan.Tops) {
+        const std::vector<std::string> names = NamesOf(candidate);
+        known.push_back(names.front());
+        for (const std::string& name : names)
+            if (!*top && Folded(name) == Folded(Arguments.Top)) *top = &candidate;
+    }
+    if (!*top) ReportError(Streams, UnknownName("top-level component", Arguments.Top, known));
+    return *top != nullptr;
+}
+
+// Standard output is in no folder: what is printed is for the build's own.
+std::string TExportRun::FolderOfPaths(const TBuildPlan& plan) const {
+    if (Arguments.Absolute) return {};
+    if (!IsSaved()) return plan.Folder;
+    const ISFileName* const output = ISFileName::NewISFileName(Arguments.Output.c_str());
+    return WholePath("", output->GetParts(PART_DRIVE | PART_DIRECTORY)) + "/";
+}
+
+int TExportRun::Tell(const TBuildPlan& plan, const TExported& exported) {
+    int status = kExitDone;
+    for (const auto* const losses : {&plan.Losses, &exported.Losses})
+        for (const TDiagnostic& loss : *losses) {
+            const bool isError = GetDiagnosticRule(loss.Code).Severity == SEVERITY_ERROR;
+            const std::string line =
+                GetDiagnosticText(loss) + " [" + GetDiagnosticId(loss.Code) + "]";
+            if (isError) status = kExitProblems;
+            if (isError)
+                ReportError(Streams, line);
+            else
+                ReportWarning(Streams, line);
+            Losses.Add({{"code", GetDiagnosticId(loss.Code)}, {"text", GetDiagnosticText(loss)}});
+        }
+    return status;
+}
+
+int TExportRun::Save(const std::string& text) const {
+    std::string reason;
+    if (ReplaceWholeFile(Arguments.Output.c_str(), text, &reason)) return kExitDone;
+    ReportError(Streams, Arguments.Output + ": " + reason);
+    return kExitFile;
+}
+
+void TExportRun::Print(const std::string& text) {
+    if (!Arguments.Json) {
+        if (!IsSaved()) PrintFile(text, Streams.Out);
+        return;
+    }
+    TJson result = MakeResult("hdlbuild-export", "build", Arguments.Build);
+    result["to"] = Format->Name;
+    result["output"] = IsSaved() ? TJson(Arguments.Output) : TJson();
+    result["losses"] = Losses;
+    result["text"] = text;
+    PrintJson(result, Streams);
+}
+
+}  // namespace
+
+int RunExport(const TExportArguments& arguments, const TToolStreams& streams) {
+    return TExportRun(arguments, streams).Run();
+}

@@ -1,0 +1,52 @@
+#include "flows/formats/exportwriter.h"
+#include <array>
+
+const TPlanSettings& TExportWriter::SettingsOf(THdlLanguage language) const {
+    static const TPlanSettings none;
+    const TPlanSettings* const settings = GetPlan().FindSettings(language);
+    return settings ? *settings : none;
+}
+
+// Through folders above only as far as both share a folder: else a whole path says more.
+std::string TExportWriter::PathOf(const std::string& path) const {
+    const std::string& folder = Request.Folder;
+    if (folder.empty()) return path;
+    std::size_t shared = 0;
+    for (std::size_t at = 0; at < folder.size() && at < path.size() && folder[at] == path[at]; ++at)
+        if (folder[at] == '/') shared = at + 1;
+    // A folder itself, which has no delimiter at its end.
+    if (path.size() + 1 == folder.size() && folder.starts_with(path)) return ".";
+    if (shared <= 1) return path;
+    std::string relative;
+    for (std::size_t at = shared; at < folder.size(); ++at)
+        if (folder[at] == '/') relative += "../";
+    return relative.append(path, shared);
+}
+
+void TExportWriter::AddLine(std::string_view line) {
+    Exported.Text.append(line).append("\n");
+}
+
+void TExportWriter::Lose(const std::string& what) {
+    if (Lost.insert(what).second)
+        Exported.Losses.push_back({DIAGNOSTIC_NOT_EXPORTED, {Format, what}});
+}
+
+void TExportWriter::Refuse(const std::string& name, const char* reason) {
+    Exported.Losses.push_back({DIAGNOSTIC_UNWRITABLE_NAME, {Format, name, reason}});
+}
+
+void TExportWriter::LoseOtherLanguages(const std::set<THdlLanguage>& written) {
+    for (const TPlanSource& source : GetPlan().Sources)
+        if (!written.contains(source.Language))
+            Lose(std::string("sources in ") + GetDisplayStringFromHdlLanguage(source.Language));
+}
+
+void TExportWriter::LoseOptions(THdlLanguage language, const std::set<TPlanStep>& written) {
+    constexpr std::array<const char*, kPlanSteps> kNames = {"analysis", "elaboration", "run"};
+    for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE, STEP_RUN}) {
+        if (written.contains(step)) continue;
+        for (const std::string& word : SettingsOf(language).Options[step])
+            Lose(std::string("the ") + kNames[step] + " option " + word);
+    }
+}

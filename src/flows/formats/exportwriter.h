@@ -1,0 +1,41 @@
+#pragma once
+#include "flows/formats/exportformats.h"
+#include <functional>
+#include <set>
+#include <string>
+#include <string_view>
+
+/// What is written for one format.
+class TExportWriter {
+public:
+    /// Both must outlive the object; `format` is the name that users know.
+    TExportWriter(const TExportRequest& request, const char* format)
+        : Request(request), Format(format) {}
+
+    const TBuildPlan& GetPlan() const { return Request.Plan; }
+    const TPlanTop* GetTop() const { return Request.Top; }
+    /// The settings of a language; empty ones when the plan has none.
+    const TPlanSettings& SettingsOf(THdlLanguage language) const;
+
+    /// A path of the plan as the file names it.
+    std::string PathOf(const std::string& path) const;
+    void AddLine(std::string_view line);
+
+    /// Tells once that the format has no words for `what`.
+    void Lose(const std::string& what);
+    /// Tells that the format cannot hold a name.
+    void Refuse(const std::string& name, const char* reason);
+
+    /// Tells of sources in other languages than these.
+    void LoseOtherLanguages(const std::set<THdlLanguage>& written);
+    /// Tells of the words that a language's options have besides those with a field in the plan.
+    void LoseOptions(THdlLanguage language, const std::set<TPlanStep>& written);
+
+    TExported Take() { return std::move(Exported); }
+
+private:
+    const TExportRequest& Request;
+    const char* Format;
+    TExported Exported;
+    std::set<std::string> Lost;
+};

@@ -1,0 +1,13 @@
+#pragma once
+#include "flows/formats/exportformats.h"
+
+// The writer of each format: see the table of GetExportFormats.
+
+TExported WriteBlueprint(const TExportRequest& request);
+TExported WriteFileList(const TExportRequest& request);
+TExported WriteGhdlScript(const TExportRequest& request);
+TExported WriteIcarusList(const TExportRequest& request);
+TExported WriteVerilatorList(const TExportRequest& request);
+TExported WriteVhdlLs(const TExportRequest& request);
+TExported WriteVunitScript(const TExportRequest& request);
+TExported WriteVunitTable(const TExportRequest& request);

@@ -1,0 +1,82 @@
+#include "flows/formats/exportwriter.h"
+#include "flows/formats/formatwriters.h"
+
+namespace {
+
+// Nothing but a single quote means anything within single quotes.
+std::string ShellWord(const std::string& text) {
+    constexpr std::string_view kPlain =
+        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
+        "0123456789_./-+=:,@%";
+    if (!text.empty() && text.find_first_not_of(kPlain) == std::string::npos) return text;
+    std::string word = "'";
+    for (const char c : text)
+        if (c == '\'')
+            word += "'\\''";
+        else
+            word += c;
+    return word + "'";
+}
+
+std::string Words(const std::vector<std::string>& texts) {
+    std::string words;
+    for (const std::string& text : texts) words.append(" ").append(ShellWord(text));
+    return words;
+}
+
+/// Writes the script.
+class TGhdlScript {
+public:
+    explicit TGhdlScript(const TExportRequest& request) : Writer(request, "ghdl") {}
+
+    TExported Write() {
+        AddHead();
+        for (const TPlanSource& source : Writer.GetPlan().Sources)
+            if (source.Language == LANGUAGE_VHDL) AddSource(source);
+        for (const TPlanTop& top : Writer.GetPlan().Tops)
+            if (top.Language == LANGUAGE_VHDL && (!Writer.GetTop() || Writer.GetTop() == &top))
+                AddTop(top);
+        Writer.LoseOtherLanguages({LANGUAGE_VHDL});
+        return Writer.Take();
+    }
+
+private:
+    const TPlanSettings& Settings() const { return Writer.SettingsOf(LANGUAGE_VHDL); }
+    void AddHead();
+    void AddSource(const TPlanSource& source);
+    void AddTop(const TPlanTop& top);
+
+    TExportWriter Writer;
+};
+
+// The working directory of the libraries is one: GHDL finds libraries of each other there.
+void TGhdlScript::AddHead() {
+    const std::string& standard = Settings().Standard;
+    const std::string years = standard.empty() ? "08" : standard.substr(standard.size() - 2);
+    Writer.AddLine("#!/bin/sh");
+    Writer.AddLine("set -e");
+    Writer.AddLine("cd \"$(dirname \"$0\")\"");
+    Writer.AddLine("GHDL=${GHDL:-ghdl}");
+    Writer.AddLine("mkdir -p ghdl");
+    Writer.AddLine("options=\"--std=" + years + " --workdir=ghdl -Pghdl\"");
+}
+
+void TGhdlScript::AddSource(const TPlanSource& source) {
+    Writer.AddLine("$GHDL -a $options --work=" + ShellWord(source.Library) +
+                   Words(Settings().Options[STEP_ANALYSE]) + " " +
+                   ShellWord(Writer.PathOf(source.Path)));
+}
+
+void TGhdlScript::AddTop(const TPlanTop& top) {
+    std::string units = " " + ShellWord(top.Entity);
+    if (!top.Architecture.empty()) units += " " + ShellWord(top.Architecture);
+    Writer.AddLine("$GHDL --elab-run $options --work=" + ShellWord(top.Library) +
+                   Words(Settings().Options[STEP_ELABORATE]) + units +
+                   Words(Settings().Options[STEP_RUN]));
+}
+
+}  // namespace
+
+TExported WriteGhdlScript(const TExportRequest& request) {
+    return TGhdlScript(request).Write();
+}

@@ -1,0 +1,216 @@
+#include "flows/formats/exportwriter.h"
+#include "flows/formats/formatwriters.h"
+#include <algorithm>
+
+namespace {
+
+/// Why a list cannot hold a name; null when it can.
+using TComplaint = const char* (*)(std::string_view name);
+
+/// How a simulator reads lists of Verilog sources.
+struct TListDialect {
+    const char* Format;
+    const char* Heading;      ///< a comment
+    const char* TopOption;    ///< null: no word in the list
+    const char* CommandLine;  ///< what calls the simulator; null: none is told
+    std::string (*Quoted)(const std::string& name);
+    TComplaint SourceComplaint;  ///< of the name of a source, alone in its line
+    TComplaint WordComplaint;    ///< of a name or value within a word
+    bool HasDelays;              ///< on its command line
+};
+
+bool HasAny(std::string_view text, std::string_view characters) {
+    return text.find_first_of(characters) != std::string_view::npos;
+}
+
+bool HasControl(std::string_view text) {
+    return std::any_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; });
+}
+
+bool HasComment(std::string_view text) {
+    return text.find("//") != std::string_view::npos || text.find("/*") != std::string_view::npos;
+}
+
+/// What reads as something else at the beginning of a line.
+bool IsOption(std::string_view text) {
+    return text.empty() || std::string_view("+-#").find(text.front()) != std::string_view::npos;
+}
+
+const char* CommonComplaint(std::string_view name) {
+    if (HasControl(name) || HasAny(name, " \"'\\")) return "readers differ on blanks and quotes";
+    if (HasAny(name, "$")) return "a dollar begins a variable";
+    if (HasComment(name)) return "a comment begins in it";
+    return IsOption(name) ? "it reads as an option" : nullptr;
+}
+
+const char* CommonWordComplaint(std::string_view name) {
+    return HasAny(name, "+") ? "a plus ends the word" : CommonComplaint(name);
+}
+
+const char* IcarusComplaint(std::string_view name) {
+    if (HasControl(name)) return "a line holds one name";
+    if (name.ends_with(' ')) return "blanks at the end of a line are lost";
+    if (name.find("${") != std::string_view::npos || name.find("$(") != std::string_view::npos)
+        return "a dollar begins a variable";
+    if (HasComment(name)) return "a comment begins in it";
+    return IsOption(name) || name.front() == ' ' ? "it reads as something else" : nullptr;
+}
+
+const char* IcarusWordComplaint(std::string_view name) {
+    return HasAny(name, " +") ? "a blank or plus ends the word" : IcarusComplaint(name);
+}
+
+const char* VerilatorComplaint(std::string_view name) {
+    if (HasControl(name)) return "a line holds one name";
+    if (HasAny(name, "$")) return "a dollar begins a variable";
+    if (name.find("/*") != std::string_view::npos) return "a comment begins in it";
+    return IsOption(name) ? "it reads as an option" : nullptr;
+}
+
+// Since 5.034 a plus separates directories, before it was a part of the name.
+const char* VerilatorWordComplaint(std::string_view name) {
+    return HasAny(name, "+") ? "a plus ends the word" : VerilatorComplaint(name);
+}
+
+std::string AsItIs(const std::string& name) {
+    return name;
+}
+
+std::string VerilatorQuoted(const std::string& name) {
+    if (!HasAny(name, " \"'\\")) return name;
+    std::string quoted = "\"";
+    for (const char c : name) {
+        if (c == '"' || c == '\\') quoted += '\\';
+        quoted += c;
+    }
+    return quoted + '"';
+}
+
+/// Writes the list of one dialect.
+class TListWriter {
+public:
+    TListWriter(const TExportRequest& request, const TListDialect& dialect)
+        : Writer(request, dialect.Format), Dialect(dialect) {}
+
+    TExported Write() {
+        Writer.AddLine(std::string("// ") + Dialect.Heading);
+        AddCommandLine();
+        AddSettings();
+        for (const TPlanSource& source : Writer.GetPlan().Sources)
+            if (source.Language == LANGUAGE_VERILOG) AddSource(source);
+        AddTop();
+        Writer.LoseOtherLanguages({LANGUAGE_VERILOG});
+        Writer.LoseOptions(LANGUAGE_VERILOG, {});
+        return Writer.Take();
+    }
+
+private:
+    const TPlanSettings& Settings() const { return Writer.SettingsOf(LANGUAGE_VERILOG); }
+    bool IsSystemVerilog() const;
+    void AddCommandLine();
+    void AddSettings();
+    void AddSource(const TPlanSource& source);
+    void AddTop();
+    void AddWord(const std::string& option, const std::string& value);
+    void AddPath(const char* option, const std::string& path);
+
+    TExportWriter Writer;
+    const TListDialect& Dialect;
+};
+
+bool TListWriter::IsSystemVerilog() const {
+    const auto& sources = Writer.GetPlan().Sources;
+    return !Settings().Standard.empty() ||
+           std::any_of(sources.begin(), sources.end(), [](const TPlanSource& source) {
+               return source.Language == LANGUAGE_VERILOG && source.Path.ends_with(".sv");
+           });
+}
+
+// What no line of the list can say, so that people who read it know.
+void TListWriter::AddCommandLine() {
+    const TSimProjectDelayType delay = Settings().Delay;
+    const TPlanTop* const top = Writer.GetTop();
+    if (!Dialect.HasDelays && delay != DELAY_TYPE_TYPICAL) Writer.Lose("the choice of delays");
+    if (!Dialect.CommandLine) return;
+    std::string line = std::string("// ") + Dialect.CommandLine;
+    if (top && top->Language == LANGUAGE_VERILOG) line += " -s " + top->Entity;
+    if (delay == DELAY_TYPE_MINIMUM) line += " -Tmin";
+    if (delay == DELAY_TYPE_MAXIMUM) line += " -Tmax";
+    if (IsSystemVerilog()) line += " -g2012";
+    Writer.AddLine(line);
+}
+
+void TListWriter::AddSettings() {
+    const TPlanSettings& settings = Settings();
+    for (const std::string& directory : settings.IncludeDirectories)
+        AddWord("+incdir+", Writer.PathOf(directory));
+    for (const TPlanDefine& define : settings.Defines)
+        AddWord("+define+", define.Value ? define.Name + "=" + *define.Value : define.Name);
+    for (const std::string& directory : settings.LibraryDirectories) AddPath("-y ", directory);
+    for (const std::string& extension : settings.LibraryExtensions) AddWord("+libext+", extension);
+}
+
+void TListWriter::AddWord(const std::string& option, const std::string& value) {
+    if (const char* const complaint = Dialect.WordComplaint(value))
+        return Writer.Refuse(value, complaint);
+    Writer.AddLine(Dialect.Quoted(option + value));
+}
+
+void TListWriter::AddPath(const char* option, const std::string& path) {
+    const std::string name = Writer.PathOf(path);
+    const bool isAlone = *option == '\0';
+    if (const char* const complaint =
+            isAlone ? Dialect.SourceComplaint(name) : Dialect.WordComplaint(name))
+        return Writer.Refuse(name, complaint);
+    Writer.AddLine(option + Dialect.Quoted(name));
+}
+
+void TListWriter::AddSource(const TPlanSource& source) {
+    AddPath(source.IsLibraryFile ? "-v " : "", source.Path);
+}
+
+void TListWriter::AddTop() {
+    const TPlanTop* const top = Writer.GetTop();
+    if (!top || top->Language != LANGUAGE_VERILOG || !Dialect.TopOption) return;
+    Writer.AddLine(Dialect.TopOption + Dialect.Quoted(top->Entity));
+}
+
+const TListDialect kCommon = {"filelist",
+                              "Verilog sources, one item a line",
+                              nullptr,
+                              nullptr,
+                              AsItIs,
+                              CommonComplaint,
+                              CommonWordComplaint,
+                              false};
+const TListDialect kIcarus = {"icarus",
+                              "Verilog sources for Icarus Verilog",
+                              nullptr,
+                              "iverilog -c THIS_FILE",
+                              AsItIs,
+                              IcarusComplaint,
+                              IcarusWordComplaint,
+                              true};
+const TListDialect kVerilator = {"verilator",
+                                 "Verilog sources for Verilator",
+                                 "--top-module ",
+                                 nullptr,
+                                 VerilatorQuoted,
+                                 VerilatorComplaint,
+                                 VerilatorWordComplaint,
+                                 false};
+
+}  // namespace
+
+TExported WriteFileList(const TExportRequest& request) {
+    return TListWriter(request, kCommon).Write();
+}
+
+TExported WriteIcarusList(const TExportRequest& request) {
+    return TListWriter(request, kIcarus).Write();
+}
+
+TExported WriteVerilatorList(const TExportRequest& request) {
+    return TListWriter(request, kVerilator).Write();
+}

@@ -1,0 +1,96 @@
+#include "flows/formats/exportwriter.h"
+#include "flows/formats/formatwriters.h"
+#include <map>
+
+namespace {
+
+std::string PythonText(std::string_view text) {
+    constexpr char kHex[] = "0123456789abcdef";
+    std::string quoted = "\"";
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < ' ' || byte == 0x7F) {
+            quoted.append("\\x").append(1, kHex[byte / 16]).append(1, kHex[byte % 16]);
+            continue;
+        }
+        if (c == '"' || c == '\\') quoted += '\\';
+        quoted += c;
+    }
+    return quoted + '"';
+}
+
+/// Writes run.py.
+class TVunitScript {
+public:
+    explicit TVunitScript(const TExportRequest& request) : Writer(request, "vunit") {}
+
+    TExported Write();
+
+private:
+    void AddHead();
+    std::string VerilogArguments() const;
+
+    TExportWriter Writer;
+};
+
+TExported TVunitScript::Write() {
+    AddHead();
+    std::map<std::string, std::string> libraries;
+    const std::string verilog = VerilogArguments();
+    for (const TPlanSource& source : Writer.GetPlan().Sources) {
+        if (source.Language != LANGUAGE_VHDL && source.Language != LANGUAGE_VERILOG) continue;
+        // VUnit has no library of this name.
+        const std::string name = source.Library == "work" ? "work_lib" : source.Library;
+        if (source.Library == "work") Writer.Lose("the library name work");
+        auto [library, isNew] = libraries.try_emplace(name);
+        if (isNew) {
+            library->second = "library_" + std::to_string(libraries.size());
+            Writer.AddLine(library->second + " = project.add_library(" + PythonText(name) + ")");
+        }
+        Writer.AddLine(library->second + ".add_source_file(root / " +
+                       PythonText(Writer.PathOf(source.Path)) +
+                       (source.Language == LANGUAGE_VERILOG ? verilog : "") + ")");
+    }
+    Writer.AddLine("");
+    Writer.AddLine("project.main()");
+    Writer.LoseOtherLanguages({LANGUAGE_VHDL, LANGUAGE_VERILOG});
+    for (const TPlanSettings& settings : Writer.GetPlan().Settings)
+        Writer.LoseOptions(settings.Language, {});
+    if (!Writer.SettingsOf(LANGUAGE_VERILOG).LibraryDirectories.empty())
+        Writer.Lose("library directories");
+    return Writer.Take();
+}
+
+void TVunitScript::AddHead() {
+    const std::string& standard = Writer.SettingsOf(LANGUAGE_VHDL).Standard;
+    Writer.AddLine("from pathlib import Path");
+    Writer.AddLine("");
+    Writer.AddLine("from vunit import VUnit");
+    Writer.AddLine("");
+    Writer.AddLine("root = Path(__file__).resolve().parent");
+    Writer.AddLine("project = VUnit.from_argv(vhdl_standard=" +
+                   PythonText(standard.empty() ? "2008" : standard) + ")");
+    Writer.AddLine("project.add_vhdl_builtins()");
+}
+
+std::string TVunitScript::VerilogArguments() const {
+    const TPlanSettings& settings = Writer.SettingsOf(LANGUAGE_VERILOG);
+    std::string arguments;
+    std::string folders;
+    for (const std::string& folder : settings.IncludeDirectories)
+        folders += (folders.empty() ? "str(root / " : ", str(root / ") +
+                   PythonText(Writer.PathOf(folder)) + ")";
+    if (!folders.empty()) arguments += ", include_dirs=[" + folders + "]";
+    std::string defines;
+    for (const TPlanDefine& define : settings.Defines)
+        defines += (defines.empty() ? "" : ", ") + PythonText(define.Name) + ": " +
+                   PythonText(define.Value.value_or(""));
+    if (!defines.empty()) arguments += ", defines={" + defines + "}";
+    return arguments;
+}
+
+}  // namespace
+
+TExported WriteVunitScript(const TExportRequest& request) {
+    return TVunitScript(request).Write();
+}

@@ -1,0 +1,87 @@
+#include "tests/cli/shell.h"
+#include "tests/cli/toolrun.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string Export(const std::vector<std::string>& arguments) {
+    std::vector<std::string> words{"export", "my build.xml"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    return ResultOf(words);
+}
+
+void WriteVerilog(const WorkingFolder& folder) {
+    folder.Write("inc/width.vh", "`define WIDTH 4\n");
+    folder.Write("lib/cell.v", "module cell_a(output y); assign y = 1; endmodule\n");
+    folder.Write("my rtl/top.v",
+                 "`include \"width.vh\"\nmodule top;\n  wire [`WIDTH-1:0] y;\n"
+                 "  cell_a c(y[0]);\n  initial begin\n    #1 $display(\"%0d %b\", `TAPS, y[0]);\n"
+                 "    $finish;\n  end\nendmodule\n");
+    folder.Write(
+        "my build.xml",
+        BuildText("<TopLevelComponents><ComponentList Language=\"Verilog\"><Component "
+                  "Library=\"work\" Architecture=\"\">top</Component></ComponentList>"
+                  "</TopLevelComponents>\n<ProjectLanguageConfigurationList><LanguageSettings "
+                  "Language=\"Verilog\"><IncludeDirectories><Directory>inc</Directory>"
+                  "</IncludeDirectories><DelayType>1</DelayType><BuildOptions>+define+TAPS=16"
+                  "</BuildOptions></LanguageSettings></ProjectLanguageConfigurationList>\n"
+                  "<SourceFileGroup Language=\"Verilog\">\n" +
+                  SourceText("my rtl/top.v") + SourceText("lib/cell.v", {}, "Library=\"true\"") +
+                  "</SourceFileGroup>\n"));
+}
+
+}  // namespace
+
+TEST(ExportedBuilds, RunUnderIcarus) {
+    if (!IsInstalled("iverilog")) GTEST_SKIP() << "iverilog is not installed";
+    const WorkingFolder folder;
+    WriteVerilog(folder);
+    EXPECT_EQ(Export({"--to", "icarus", "--top", "top", "-o", "b.f"}), "");
+    EXPECT_EQ(Shell("iverilog -c b.f -s top -o top.vvp && vvp -n top.vvp"),
+              std::make_pair(0, std::string("16 1\n")));
+}
+
+TEST(ExportedBuilds, PassVerilator) {
+    if (!IsInstalled("verilator")) GTEST_SKIP() << "verilator is not installed";
+    const WorkingFolder folder;
+    WriteVerilog(folder);
+    EXPECT_EQ(Export({"--to", "verilator", "--top", "top", "-o", "b.f"}), "");
+    EXPECT_EQ(Shell("verilator --lint-only --timing -Wno-fatal -Wno-WIDTH -Wno-UNUSED -f b.f"),
+              std::make_pair(0, std::string()));
+}
+
+TEST(ExportedBuilds, RunUnderGhdl) {
+    if (!IsInstalled("ghdl")) GTEST_SKIP() << "ghdl is not installed";
+    const WorkingFolder folder;
+    folder.Write("it's here/p.vhd", "package p is constant c : natural := 16; end package;\n");
+    folder.Write("tb.vhd",
+                 "library util; use util.p.all;\nentity tb is end;\n"
+                 "architecture sim of tb is begin\n"
+                 "  assert false report integer'image(c) severity note;\nend;\n");
+    folder.Write("my build.xml",
+                 BuildText("<TopLevelComponents><ComponentList Language=\"VHDL\"><Component "
+                           "Library=\"work\" Architecture=\"sim\">tb</Component></ComponentList>"
+                           "</TopLevelComponents>\n<SourceFileGroup Language=\"VHDL\">\n" +
+                           SourceText("tb.vhd", {"it's here/p.vhd"}) +
+                           SourceText("it's here/p.vhd", {}, "PrecompiledLibrary=\"util\"") +
+                           "</SourceFileGroup>\n"));
+    EXPECT_EQ(Export({"--to", "ghdl", "-o", "run.sh"}), "");
+    const auto [status, output] = Shell("sh ./run.sh");
+    EXPECT_EQ(status, 0) << output;
+    EXPECT_EQ(output, "tb.vhd:4:3:@0ms:(assertion note): 16\n");
+}
+
+TEST(ExportedBuilds, AreTheLanguagesThatTheyClaimToBe) {
+    const WorkingFolder folder;
+    folder.Write("my build.xml", BuildText("<SourceFileGroup Language=\"VHDL\">\n" +
+                                           SourceText("q&quot;.vhd") + "</SourceFileGroup>\n"));
+    folder.Write("q\".vhd", "entity e is end;\n");
+    EXPECT_EQ(RunHdlbuild({"export", "my build.xml", "--to", "vunit", "-o", "run.py"}).Status, 0);
+    EXPECT_EQ(RunHdlbuild({"export", "my build.xml", "--to", "vunit-csv", "-o", "t.csv"}).Status,
+              0);
+    EXPECT_EQ(Shell("/usr/bin/python3 -c \"import ast, csv; "
+                    "tree = ast.parse(open('run.py').read()); "
+                    "print([n.value for n in ast.walk(tree) if isinstance(n, ast.Constant) "
+                    "and '.vhd' in str(n.value)]); print(list(csv.reader(open('t.csv'))))\""),
+              std::make_pair(0, std::string("['q\".vhd']\n[['work', 'q\".vhd']]\n")));
+}

@@ -1,0 +1,26 @@
+#include "flows/formats/exportformats.h"
+#include "tests/flows/formats/exportedplan.h"
+#include <gtest/gtest.h>
+
+TEST(ExportFormats, AreInAlphabeticOrder) {
+    std::string names;
+    for (const TExportFormat& format : GetExportFormats()) names += std::string(format.Name) + " ";
+    EXPECT_EQ(names, "blueprint filelist ghdl icarus verilator vhdl-ls vunit vunit-csv ");
+}
+
+TEST(ExportFormats, AreFoundByTheirNames) {
+    for (const TExportFormat& format : GetExportFormats())
+        EXPECT_EQ(FindExportFormat(format.Name), &format);
+    EXPECT_EQ(FindExportFormat("Icarus"), nullptr);
+    EXPECT_EQ(FindExportFormat(""), nullptr);
+}
+
+TEST(ExportFormats, TellOfSourcesInOtherLanguages) {
+    const TBuildPlan plan = MakePlanOf(LANGUAGE_CPLUSPLUS, "/p/a.cpp");
+    for (const TExportFormat& format : GetExportFormats()) {
+        const std::string told = Exported(format.Name, plan);
+        const std::string line = std::string(format.Name) + " has no words for sources in C++\n";
+        EXPECT_TRUE(told.starts_with(line)) << told;
+        EXPECT_EQ(told.find("a.cpp"), std::string::npos) << told;
+    }
+}

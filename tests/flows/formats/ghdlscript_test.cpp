@@ -1,0 +1,41 @@
+#include "tests/flows/formats/exportedplan.h"
+#include <gtest/gtest.h>
+
+TEST(GhdlScript, AnalysesInOrderAndRunsEachTop) {
+    EXPECT_EQ(Exported("ghdl", MakeSamplePlan()),
+              "ghdl has no words for sources in Verilog\n"
+              "#!/bin/sh\n"
+              "set -e\n"
+              "cd \"$(dirname \"$0\")\"\n"
+              "GHDL=${GHDL:-ghdl}\n"
+              "mkdir -p ghdl\n"
+              "options=\"--std=08 --workdir=ghdl -Pghdl\"\n"
+              "$GHDL -a $options --work=sensor -frelaxed rtl/adc_pkg.vhd\n"
+              "$GHDL -a $options --work=work -frelaxed /q/tb.vhd\n"
+              "$GHDL --elab-run $options --work=work tb sim\n");
+}
+
+TEST(GhdlScript, QuotesWhatAShellReads) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VHDL, "/p/it's $HOME `x`\n.vhd");
+    plan.Sources[0].Library = "a;b";
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_VHDL;
+    plan.Settings[0].Standard = "1993";
+    plan.Settings[0].Options[STEP_ANALYSE] = {"", "-x&y"};
+    EXPECT_EQ(Exported("ghdl", plan),
+              "#!/bin/sh\n"
+              "set -e\n"
+              "cd \"$(dirname \"$0\")\"\n"
+              "GHDL=${GHDL:-ghdl}\n"
+              "mkdir -p ghdl\n"
+              "options=\"--std=93 --workdir=ghdl -Pghdl\"\n"
+              "$GHDL -a $options --work='a;b' '' '-x&y' 'it'\\''s $HOME `x`\n.vhd'\n");
+}
+
+TEST(GhdlScript, RunsTheChosenTop) {
+    TBuildPlan plan;
+    plan.Tops = {{LANGUAGE_VHDL, "l", "a", ""}, {LANGUAGE_VHDL, "l", "b", ""}};
+    const std::string script = Exported("ghdl", plan, &plan.Tops[1]);
+    EXPECT_EQ(script.substr(script.find("-Pghdl\"\n") + 8),
+              "$GHDL --elab-run $options --work=l b\n");
+}

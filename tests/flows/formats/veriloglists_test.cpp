@@ -1,0 +1,100 @@
+#include "tests/flows/formats/exportedplan.h"
+#include <gtest/gtest.h>
+
+TEST(VerilogLists, HaveOneItemALine) {
+    const TBuildPlan plan = MakeSamplePlan();
+    EXPECT_EQ(Exported("filelist", plan),
+              "filelist has no words for sources in VHDL\n"
+              "filelist has no words for the run option +go\n"
+              "// Verilog sources, one item a line\n"
+              "+incdir+inc\n"
+              "+define+TAPS=16\n"
+              "+define+FAST\n"
+              "-y lib\n"
+              "+libext+.v\n"
+              "+libext+.sv\n"
+              "rtl/adc.v\n"
+              "-v lib/cells.v\n");
+}
+
+TEST(VerilogLists, TellTheCommandLineOfIcarus) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, "/p/a b.sv");
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_VERILOG;
+    plan.Settings[0].Delay = DELAY_TYPE_MAXIMUM;
+    plan.Tops = {{LANGUAGE_VERILOG, "main", "top", ""}};
+    EXPECT_EQ(Exported("icarus", plan, &plan.Tops[0]),
+              "// Verilog sources for Icarus Verilog\n"
+              "// iverilog -c THIS_FILE -s top -Tmax -g2012\n"
+              "a b.sv\n");
+    EXPECT_EQ(Exported("verilator", plan, &plan.Tops[0]),
+              "verilator has no words for the choice of delays\n"
+              "// Verilog sources for Verilator\n"
+              "\"a b.sv\"\n"
+              "--top-module top\n");
+}
+
+TEST(VerilogLists, HoldOrRefuseEachName) {
+    const struct {
+        const char* Name;
+        const char* Common;  // null: the name itself
+        const char* Icarus;
+        const char* Verilator;
+    } rows[] = {
+        {"a.v", nullptr, nullptr, nullptr},
+        {"a b.v", "readers differ on blanks and quotes", nullptr, "\"a b.v\""},
+        {"a\"b.v", "readers differ on blanks and quotes", nullptr, "\"a\\\"b.v\""},
+        {"a'b.v", "readers differ on blanks and quotes", nullptr, "\"a'b.v\""},
+        {"$a.v", "a dollar begins a variable", nullptr, "a dollar begins a variable"},
+        {"${a}.v", "a dollar begins a variable", "a dollar begins a variable",
+         "a dollar begins a variable"},
+        {"a*/b.v", nullptr, nullptr, nullptr},
+        {"a/*b.v", "a comment begins in it", "a comment begins in it", "a comment begins in it"},
+        {"#a.v", "it reads as an option", "it reads as something else", "it reads as an option"},
+        {"+a.v", "it reads as an option", "it reads as something else", "it reads as an option"},
+        {"-a.v", "it reads as an option", "it reads as something else", "it reads as an option"},
+        {"a.v ", "readers differ on blanks and quotes", "blanks at the end of a line are lost",
+         "\"a.v \""},
+        {"a\nb.v", "readers differ on blanks and quotes", "a line holds one name",
+         "a line holds one name"},
+        {"\xC3\xA4.v", nullptr, nullptr, nullptr},
+    };
+    for (const auto& row : rows) {
+        const TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, std::string("/p/") + row.Name);
+        const auto expected = [&row](const char* format, const char* told) {
+            if (!told) return std::string(row.Name) + "\n";
+            const std::string text = told;
+            return text.front() == '"' ? text + "\n"
+                                       : std::string(format) + " cannot hold the name \"" +
+                                             row.Name + "\": " + text + "\n";
+        };
+        const auto exported = [&plan](const char* format) {
+            std::string text = Exported(format, plan);
+            for (std::size_t at; (at = text.find("// ")) != std::string::npos;)
+                text.erase(at, text.find('\n', at) + 1 - at);
+            return text;
+        };
+        EXPECT_EQ(exported("filelist"), expected("filelist", row.Common));
+        EXPECT_EQ(exported("icarus"), expected("icarus", row.Icarus));
+        EXPECT_EQ(exported("verilator"), expected("verilator", row.Verilator));
+    }
+}
+
+TEST(VerilogLists, RefuseWhatEndsAWord) {
+    TBuildPlan plan;
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_VERILOG;
+    plan.Settings[0].IncludeDirectories = {"/p/a b", "/p/c+d"};
+    plan.Settings[0].Defines = {{"S", "\"x y\""}};
+    EXPECT_EQ(Exported("icarus", plan),
+              "icarus cannot hold the name \"a b\": a blank or plus ends the word\n"
+              "icarus cannot hold the name \"c+d\": a blank or plus ends the word\n"
+              "icarus cannot hold the name \"S=\"x y\"\": a blank or plus ends the word\n"
+              "// Verilog sources for Icarus Verilog\n"
+              "// iverilog -c THIS_FILE\n");
+    EXPECT_EQ(Exported("verilator", plan),
+              "verilator cannot hold the name \"c+d\": a plus ends the word\n"
+              "// Verilog sources for Verilator\n"
+              "\"+incdir+a b\"\n"
+              "\"+define+S=\\\"x y\\\"\"\n");
+}
