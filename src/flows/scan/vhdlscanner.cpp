@@ -150,6 +150,10 @@ bool TVhdlScanner::ScanWordStart() {
         ReadView();
         return true;
     }
+    if (Scopes.Has(TVhdlScopeKind::Verification) && Tokens.PeekWord("inherit")) {
+        ReadInherit();
+        return true;
+    }
     const bool isVerification =
         Tokens.PeekWord("vunit") || Tokens.PeekWord("vprop") || Tokens.PeekWord("vmode");
     if (!isVerification || !(Peek(2).Is('(') || Peek(2).Is('{'))) return false;

@@ -43,6 +43,7 @@ private:
     void ReadPackageBody();
     void ReadPackageInstance();
     void ReadVerification();
+    void ReadInherit();
     void BeginUnit(TDesignUnitKind kind, TVhdlScopeKind scope, const TVhdlToken& name,
                    const TVhdlName* primary = nullptr);
     void EndUnit();

@@ -1,3 +1,4 @@
+#include "flows/scan/vhdlnames.h"
 #include "flows/scan/vhdlscanner.h"
 
 // The heads of design units and their context clauses.
@@ -139,6 +140,20 @@ void TVhdlScanner::ReadPackageInstance() {
     Units.AddPackage(package, Parentheses > 0 ? TNeedKind::Package : TNeedKind::Generic);
 }
 
+/// The verification units that one takes over.
+void TVhdlScanner::ReadInherit() {
+    Take();
+    while (Peek().IsIdentifier()) {
+        const TVhdlName name = ReadName();
+        if (name.Count == 1)
+            Units.Add(TNeedKind::Use, true, "work", Units.NameOf(name.Parts[0]), "", name.Parts[0]);
+        else
+            Units.AddUse(name, Scopes.Depth());
+        if (!Peek().Is(',')) break;
+        Take();
+    }
+}
+
 void TVhdlScanner::ReadVerification() {
     Take();
     const TVhdlToken name = Take();
@@ -156,7 +171,9 @@ void TVhdlScanner::ReadVerification() {
     BeginUnit(TDesignUnitKind::Verification, TVhdlScopeKind::Verification, name, &bound);
     if (Peek().Is('{')) Take();
     if (bound.Count == 0) return;
-    const TVhdlToken& entity = bound.Parts[bound.Count - 1];
-    Units.Add(TNeedKind::Primary, true, "work", Units.NameOf(entity),
+    const std::string first = Units.NameOf(bound.Parts[0]);
+    const bool isSelected = bound.Count > 1 && Units.IsLibrary(FoldVhdlName(first));
+    const TVhdlToken& entity = bound.Parts[isSelected ? 1 : bound.Count - 1];
+    Units.Add(TNeedKind::Primary, true, isSelected ? first : "work", Units.NameOf(entity),
               architecture.IsIdentifier() ? Units.NameOf(architecture) : "", entity);
 }
