@@ -1,4 +1,6 @@
 #include "flows/verilogoptions.h"
+#include "flows/optiontexts.h"
+#include <utility>
 
 namespace {
 
@@ -49,35 +51,6 @@ constexpr TOptionRow kOptions[] = {
     {"-I", TForm::Joined, TakeIncludeFolder},
 };
 
-std::vector<std::string> WordsOf(std::string_view text) {
-    std::vector<std::string> words;
-    bool isQuoted = false;
-    bool isInWord = false;
-    for (const char c : text) {
-        const bool isBlank = c == ' ' || c == '\t' || c == '\n' || c == '\r';
-        if (isBlank && !isQuoted) {
-            isInWord = false;
-            continue;
-        }
-        if (!isInWord) words.emplace_back();
-        isInWord = true;
-        if (c == '"')
-            isQuoted = !isQuoted;
-        else
-            words.back() += c;
-    }
-    return words;
-}
-
-void TakeList(std::string_view list, const TOptionRow& row, TVerilogOptions* options) {
-    while (!list.empty()) {
-        const std::size_t plus = list.find('+');
-        const std::string_view value = list.substr(0, plus);
-        if (!value.empty()) row.Take(std::string(value), options);
-        list = plus == std::string_view::npos ? "" : list.substr(plus + 1);
-    }
-}
-
 bool IsMeant(const TOptionRow& row, const std::string& word) {
     return row.Form == TForm::Operand ? word == row.Name : word.starts_with(row.Name);
 }
@@ -85,13 +58,14 @@ bool IsMeant(const TOptionRow& row, const std::string& word) {
 }  // namespace
 
 void AddVerilogOptions(std::string_view text, TVerilogOptions* options) {
-    const std::vector<std::string> words = WordsOf(text);
+    const std::vector<std::string> words = WordsOfOptions(text);
     for (std::size_t i = 0; i < words.size(); ++i)
         for (const TOptionRow& row : kOptions) {
             if (!IsMeant(row, words[i])) continue;
             const std::string value = words[i].substr(row.Name.size());
             if (row.Form == TForm::List)
-                TakeList(value, row, options);
+                for (std::string& listed : ValuesOfList(value))
+                    row.Take(std::move(listed), options);
             else if (!value.empty())
                 row.Take(value, options);
             else if (i + 1 < words.size())

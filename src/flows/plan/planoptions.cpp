@@ -1,45 +1,11 @@
 #include "flows/plan/planoptions.h"
+#include "flows/optiontexts.h"
 #include "services/names/utilfilename.h"
 #include <algorithm>
 #include <string_view>
 #include <utility>
 
 namespace {
-
-/// The words of a text, without their quotes.
-std::vector<std::string> WordsOf(std::string_view text) {
-    std::vector<std::string> words;
-    std::string word;
-    bool isQuoted = false;
-    bool isWord = false;
-    for (const char c : text) {
-        const bool isBlank = c == ' ' || c == '\t' || c == '\n' || c == '\r';
-        if (c == '"') {
-            isQuoted = !isQuoted;
-            isWord = true;
-        } else if (isQuoted || !isBlank) {
-            word += c;
-            isWord = true;
-        } else if (isWord) {
-            words.push_back(std::move(word));
-            word.clear();
-            isWord = false;
-        }
-    }
-    if (isWord) words.push_back(std::move(word));
-    return words;
-}
-
-/// The parts between '+', without empty ones.
-std::vector<std::string> PartsOf(std::string_view text) {
-    std::vector<std::string> parts;
-    while (!text.empty()) {
-        const std::size_t length = std::min(text.find('+'), text.size());
-        if (length > 0) parts.emplace_back(text.substr(0, length));
-        text.remove_prefix(std::min(length + 1, text.size()));
-    }
-    return parts;
-}
 
 void AddDefine(std::string_view text, TPlanSettings* settings) {
     const std::size_t equals = text.find('=');
@@ -151,7 +117,7 @@ bool Take(const TKnownOption& option, const std::vector<std::string>& words, std
         case LIST:
             if (!word.starts_with(option.Text)) return false;
             for (const std::string& part :
-                 PartsOf(std::string_view(word).substr(option.Text.size())))
+                 ValuesOfList(std::string_view(word).substr(option.Text.size())))
                 option.Take(part, folder, settings);
             return true;
     }
@@ -170,7 +136,7 @@ std::string WholePath(const std::string& path, const std::string& folder) {
 
 void AddOptions(const std::string& text, TPlanStep step, const std::string& folder,
                 TPlanSettings* settings) {
-    const std::vector<std::string> words = WordsOf(text);
+    const std::vector<std::string> words = WordsOfOptions(text);
     const TKnownOptions& known = OptionsOf(settings->Language);
     for (std::size_t at = 0; at < words.size(); ++at) {
         const bool isTaken = std::any_of(known.begin(), known.end(), [&](const auto& option) {
