@@ -10,6 +10,7 @@
 #include "services/names/isfilename.h"
 #include "services/names/utilfilename.h"
 #include "settings/projectsimlanguageconfig.h"
+#include <unordered_set>
 
 namespace {
 
@@ -41,12 +42,36 @@ TVerilogOptions VerilogOptionsOf(const THdlBuildFile& build) {
     return options;
 }
 
-/// Takes out the modules that simulators find in library directories, by the names of files.
+TScanOptions ScanOptionsOf(const TVerilogOptions& options, const THdlBuildFile& build) {
+    return {options.Defines, FoldersOf(options.IncludeFolders, build)};
+}
+
+/// The names of what library files of the options hold.
+std::unordered_set<std::string> NamesInLibraryFiles(const TVerilogOptions& options,
+                                                    const THdlBuildFile& build) {
+    std::vector<TSourceToScan> files;
+    for (const std::string& file : ResolveOrvaneEnvVariables(options.LibraryFiles)) {
+        TUtilFileName name(build.GetProjectPath().c_str());
+        name.PushFileName(file.c_str());
+        files.push_back({name.Canonical(), LANGUAGE_VERILOG, ""});
+    }
+    std::unordered_set<std::string> names;
+    if (files.empty()) return names;
+    for (const TDesignFile& file : ScanSources(files, ScanOptionsOf(options, build)).Files)
+        for (const TDesignUnit& unit : file.Scan.Units) names.insert(unit.Name);
+    return names;
+}
+
+/// Takes out the modules that simulators find in library files, and in library directories by the
+/// names of the files there.
 void DropThoseInLibraries(const TVerilogOptions& options, const THdlBuildFile& build,
                           const TDesignFiles& files, std::vector<TMissingUnit>* missing) {
     const std::vector<std::string> folders = FoldersOf(options.LibraryFolders, build);
+    const std::unordered_set<std::string> held =
+        missing->empty() ? std::unordered_set<std::string>() : NamesInLibraryFiles(options, build);
     std::erase_if(*missing, [&](const TMissingUnit& unit) {
         if (files[unit.First.Unit.File].Scan.Language != LANGUAGE_VERILOG) return false;
+        if (held.contains(unit.Unit)) return true;
         for (const std::string& folder : folders)
             for (const std::string& extension : options.LibraryExtensions) {
                 std::string path = folder;
@@ -64,7 +89,7 @@ TSourceScan ScanAll(const std::vector<TScannedSource>& sources, const THdlBuildF
     for (const TScannedSource& source : sources)
         toScan.push_back({source.Source->GetFileName()->Canonical(false), source.Group,
                           LibraryOfSource(*source.Source, build)});
-    return ScanSources(toScan, {options.Defines, FoldersOf(options.IncludeFolders, build)});
+    return ScanSources(toScan, ScanOptionsOf(options, build));
 }
 
 }  // namespace

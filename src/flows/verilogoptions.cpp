@@ -22,6 +22,10 @@ void TakeLibraryFolder(std::string value, TVerilogOptions* options) {
     options->LibraryFolders.push_back(std::move(value));
 }
 
+void TakeLibraryFile(std::string value, TVerilogOptions* options) {
+    options->LibraryFiles.push_back(std::move(value));
+}
+
 void TakeLibraryExtension(std::string value, TVerilogOptions* options) {
     options->LibraryExtensions.push_back(std::move(value));
 }
@@ -41,13 +45,10 @@ struct TOptionRow {
 
 // What begins like another one stands in front of it.
 constexpr TOptionRow kOptions[] = {
-    {"+define+", TForm::List, TakeDefine},
-    {"+incdir+", TForm::List, TakeIncludeFolder},
-    {"+libext+", TForm::List, TakeLibraryExtension},
-    {"-define", TForm::Operand, TakeDefine},
-    {"-incdir", TForm::Operand, TakeIncludeFolder},
-    {"-y", TForm::Operand, TakeLibraryFolder},
-    {"-D", TForm::Joined, TakeDefine},
+    {"+define+", TForm::List, TakeDefine},           {"+incdir+", TForm::List, TakeIncludeFolder},
+    {"+libext+", TForm::List, TakeLibraryExtension}, {"-define", TForm::Operand, TakeDefine},
+    {"-incdir", TForm::Operand, TakeIncludeFolder},  {"-y", TForm::Operand, TakeLibraryFolder},
+    {"-v", TForm::Operand, TakeLibraryFile},         {"-D", TForm::Joined, TakeDefine},
     {"-I", TForm::Joined, TakeIncludeFolder},
 };
 

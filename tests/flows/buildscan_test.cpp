@@ -63,7 +63,8 @@ TEST_F(BuildScan, DecidesConditionsByTheOptionsOfTheBuild) {
     Folder.Write("a.v",
                  "`include \"defs.vh\"\n`ifdef FROM_OPTIONS\nimport p::*;\n`else\nimport q::*;"
                  "\n`endif\n`ifdef FROM_USER\nimport r::*;\n`else\nimport s::*;\n`endif\n"
-                 "module a; cell i(); endmodule");
+                 "module a; cell i(); other j(); endmodule");
+    Folder.Write("cells.v", "`ifdef FROM_OPTIONS\nmodule other; endmodule\n`endif\n");
     Folder.Write("inc/defs.vh", "");
     Folder.Write("lib/cell.v", "");
     Folder.Write("b.vhd",
@@ -73,7 +74,7 @@ TEST_F(BuildScan, DecidesConditionsByTheOptionsOfTheBuild) {
         "v.xml",
         "<HdlBuildFileList><HdlBuildFile><ProjectLanguageConfigurationList>"
         "<LanguageSettings Language=\"Verilog\"><BuildOptions>+define+FROM_OPTIONS+incdir "
-        "-incdir inc -y lib +libext+.v</BuildOptions></LanguageSettings>"
+        "-incdir inc -y lib +libext+.v -v cells.v</BuildOptions></LanguageSettings>"
         "</ProjectLanguageConfigurationList>"
         "<SourceFileGroup Language=\"Verilog\"><SourceFile>a.v</SourceFile></SourceFileGroup>"
         "<SourceFileGroup Language=\"VHDL\"><SourceFile>b.vhd</SourceFile></SourceFileGroup>"

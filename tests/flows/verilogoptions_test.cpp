@@ -13,6 +13,7 @@ std::string TextOf(std::string_view text) {
     for (const std::string& folder : options.LibraryFolders) found += "library " + folder + "\n";
     for (const std::string& extension : options.LibraryExtensions)
         found += "ext " + extension + "\n";
+    for (const std::string& file : options.LibraryFiles) found += "file " + file + "\n";
     return found;
 }
 
@@ -30,7 +31,7 @@ TEST(VerilogOptions, AreKnownInTheSpellingsOfSimulators) {
         {"\"+define+A=b c\" +define+D=\"e f\"", "define A=b c\ndefine D=e f\n"},
         {"+incdir+a+b -incdir c -I d -Ie",
          "include a\ninclude b\ninclude c\ninclude d\ninclude e\n"},
-        {"-y lib +libext+.v+.sv", "library lib\next .v\next .sv\n"},
+        {"-y lib +libext+.v+.sv -v c.v -v", "library lib\next .v\next .sv\nfile c.v\n"},
         {"+notimingchecks -w a.v -defineX", ""},
         {"-D", ""},
         {"-define", ""},

@@ -28,7 +28,8 @@ std::vector<TCommand> MakeScanCommands() {
            "unexplained, with --sort when the order is none"},
           {"--exact", &values->Exact, "Remove dependencies that the scan cannot explain"},
           {"--sort", &values->Sort,
-           "Put Verilog sources into compile order; they are compiled as they are listed"},
+           "Put Verilog sources into compile order, as a build that is made has them; they are "
+           "compiled as they are listed"},
           {"--external", &values->ExternalLibraries,
            "A library whose units are not looked for, unless the build fills it"},
           {"--set-tops", &values->SetTops,

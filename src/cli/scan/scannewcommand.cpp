@@ -132,13 +132,12 @@ void TScanNewRun::SetIncludeDirectories() {
 
 int TScanNewRun::Save(const TBuildScan& scan) {
     const TQuietMessageBox quiet;
-    TToldScan told{scan, Form};
+    const TToldScan told{scan, Form};
     TScanChanges changes{scan.GetDifferences(), {}};
     if (Arguments.SetTops) changes.Tops = ListUnrecordedTops(scan, *Edit.GetBuild());
     ApplyScan(scan, changes, Edit.GetBuild());
-    const TCompileSort sort = SortVerilog(*Edit.GetBuild());
-    told.Late = sort.Late;
-    if (Arguments.Sort) ApplySort(sort, Edit.GetBuild());
+    // Nobody has chosen an order that would have to stay.
+    ApplySort(SortVerilog(*Edit.GetBuild()), Edit.GetBuild());
     TJson result = MakeResult("hdlbuild-scan", "build", Arguments.Output);
     if (Arguments.Json) {
         TJson& included = result["included"] = TJson::Array();
