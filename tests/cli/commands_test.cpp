@@ -22,6 +22,7 @@ const std::map<std::string, TLine>& CommandLines() {
         {"options", {"options", "b.xml"}},
         {"command-file", {"command-file", "b.xml"}},
         {"list", {"list", "b.xml"}},
+        {"deps", {"deps", "d.xml"}},
         {"new", {"new", "n.xml"}},
         {"add", {"add", "b.xml", "a.vhd"}},
         {"source", {"source", "d.xml", "a.vhd", "--library", "ip"}},

@@ -14,8 +14,19 @@ std::vector<TCommand> MakeQuestionCommands() {
     std::vector<TArgument> listArguments = {build, absolute, language, library, missing};
     for (TArgument& format : ListFormatArguments(*values))
         listArguments.push_back(std::move(format));
+    const TArgument file{"FILE", &values->File, "A source; without one, the answer is for all"};
+    const TArgument all{"--all", &values->All, "Also what is needed through others"};
+    const TArgument reverse{"--reverse", &values->Reverse, "Who needs it, not what it needs"};
+    const TArgument pathTo{"--path-to", &values->PathTo,
+                           "The shortest chain of needs to this source"};
+    const TArgument units{"--units", &values->Units,
+                          "Scan the sources, and print the needs with their places"};
     return {
         {"list", "List the sources with their libraries, flags and number of dependencies",
          with(RunList), listArguments},
+        {"deps",
+         "Print what a source needs, who needs it, and why",
+         with(RunDeps),
+         {build, file, JsonArgument(*values), absolute, all, reverse, pathTo, units}},
     };
 }

@@ -17,38 +17,13 @@ struct TTold {
 };
 using TAllTold = std::vector<TTold>;
 
-std::string PlaceText(const TToldScan& told, std::uint32_t file, const TSourcePlace& place) {
-    const auto& includes = told.Scan.GetFiles()[file].Scan.Includes;
-    const std::string path = place.Include > 0 && place.Include <= includes.size()
-                                 ? PathText(includes[place.Include - 1].Path.c_str(), told.Paths)
-                                 : told.PathOf(file);
-    return path + ":" + std::to_string(place.Line) + ":" + std::to_string(place.Column);
-}
-
-std::string PlaceText(const TToldScan& told, TUnitPlace unit) {
-    return PlaceText(told, unit.File, UnitAt(told.Scan.GetFiles(), unit).Place);
-}
-
-std::string PlaceText(const TToldScan& told, const TNeedPlace& need) {
-    return PlaceText(told, need.Unit.File, NeedAt(told.Scan.GetFiles(), need).Place);
-}
-
 std::string KindOf(const TToldScan& told, TUnitPlace unit) {
     return GetDesignUnitKindName(UnitAt(told.Scan.GetFiles(), unit).Kind);
 }
 
-/// "work.p", "work.e(a)" as the need names it.
-std::string NeededName(const TToldScan& told, const TNeedPlace& place) {
-    const TUnitNeed& need = NeedAt(told.Scan.GetFiles(), place);
-    std::string name = need.Library;
-    if (!need.Unit.empty()) name += (name.empty() ? "" : ".") + need.Unit;
-    return need.Secondary.empty() ? name : name + "(" + need.Secondary + ")";
-}
-
 TJson UnitAsJson(const TToldScan& told, TUnitPlace unit) {
-    return {{"unit", told.NameOf(unit)},
-            {"kind", KindOf(told, unit)},
-            {"place", PlaceText(told, unit)}};
+    return {
+        {"unit", told.NameOf(unit)}, {"kind", KindOf(told, unit)}, {"place", told.PlaceOf(unit)}};
 }
 
 TAllTold FindUnread(const TToldScan& told) {
@@ -68,12 +43,12 @@ TAllTold FindRepeated(const TToldScan& told) {
         TJson places = TJson::Array();
         std::vector<std::string> others;
         for (const TUnitPlace place : repeated.Places) {
-            places.Add(PlaceText(told, place));
-            if (!(place == first)) others.push_back(PlaceText(told, place));
+            places.Add(told.PlaceOf(place));
+            if (!(place == first)) others.push_back(told.PlaceOf(place));
         }
         all.push_back(
             {{DIAGNOSTIC_REPEATED_UNIT,
-              {PlaceText(told, first), KindOf(told, first), told.NameOf(first), JoinNames(others)}},
+              {told.PlaceOf(first), KindOf(told, first), told.NameOf(first), JoinNames(others)}},
              {{"unit", told.NameOf(first)},
               {"kind", KindOf(told, first)},
               {"places", std::move(places)}}});
@@ -91,7 +66,7 @@ TAllTold FindMissing(const TToldScan& told, bool isComponent) {
         if (missing.IsComponent != isComponent) continue;
         std::string name = isComponent ? missing.Unit : missing.Library + "." + missing.Unit;
         if (!missing.Secondary.empty()) name += "(" + missing.Secondary + ")";
-        const std::string place = PlaceText(told, missing.First);
+        const std::string place = told.PlaceOf(missing.First);
         all.push_back(
             {{isComponent ? DIAGNOSTIC_UNBOUND_COMPONENT : DIAGNOSTIC_MISSING_UNIT,
               {place, name, CountText(missing.Count)}},
@@ -123,7 +98,7 @@ TAllTold FindMissingIncludes(const TToldScan& told) {
         for (const TScannedInclude& include : files[file].Scan.Includes) {
             if (!include.IsCertain || !include.Path.empty()) continue;
             const auto [number, isNew] = numbers.try_emplace(include.Name, missing.size());
-            if (isNew) missing.push_back({PlaceText(told, file, include.Place), include.Name, 0});
+            if (isNew) missing.push_back({told.PlaceOf(file, include.Place), include.Name, 0});
             ++missing[number->second].Count;
         }
     TAllTold all;
@@ -138,7 +113,7 @@ TAllTold FindMissingIncludes(const TToldScan& told) {
 TAllTold FindElsewhere(const TToldScan& told) {
     TAllTold all;
     for (const TUnitElsewhere& elsewhere : told.Scan.GetDesign().Elsewhere) {
-        const std::string place = PlaceText(told, elsewhere.First);
+        const std::string place = told.PlaceOf(elsewhere.First);
         const std::string path = told.PathOf(elsewhere.Unit.File);
         const std::string& library = told.Scan.GetFiles()[elsewhere.Unit.File].Library;
         const std::string& name = UnitAt(told.Scan.GetFiles(), elsewhere.Unit).Name;
@@ -157,8 +132,8 @@ TAllTold FindLacking(const TToldScan& told) {
     TAllTold all;
     for (const TDependencyDifference& difference : told.Scan.GetDifferences())
         for (const TLinkedFile& linked : difference.Lacking) {
-            const std::string place = PlaceText(told, linked.Need);
-            const std::string name = NeededName(told, linked.Need);
+            const std::string place = told.PlaceOf(linked.Need);
+            const std::string name = told.NameOf(linked.Need);
             all.push_back(
                 {{DIAGNOSTIC_LACKING_DEPENDENCY,
                   {place, told.PathOf(difference.Source), told.PathOf(linked.File), name}},
@@ -197,7 +172,7 @@ TAllTold FindUnits(const TToldScan& told, const std::vector<TUnitPlace>& units,
                    TDiagnosticCode code) {
     TAllTold all;
     for (const TUnitPlace unit : units)
-        all.push_back({{code, {PlaceText(told, unit), KindOf(told, unit), told.NameOf(unit)}},
+        all.push_back({{code, {told.PlaceOf(unit), KindOf(told, unit), told.NameOf(unit)}},
                        UnitAsJson(told, unit)});
     return all;
 }
@@ -205,7 +180,7 @@ TAllTold FindUnits(const TToldScan& told, const std::vector<TUnitPlace>& units,
 TAllTold FindForeign(const TToldScan& told) {
     TAllTold all;
     for (const TForeignNeed& foreign : told.Scan.GetDesign().Foreign) {
-        const std::string place = PlaceText(told, foreign.Need);
+        const std::string place = told.PlaceOf(foreign.Need);
         const std::string path = told.PathOf(foreign.Unit.File);
         all.push_back({{DIAGNOSTIC_FOREIGN_NEED,
                         {place, KindOf(told, foreign.Unit), told.NameOf(foreign.Unit), path}},
@@ -258,18 +233,6 @@ void Print(const TDiagnostic& diagnostic, const TToolStreams& streams) {
 }
 
 }  // namespace
-
-std::string TToldScan::PathOf(std::size_t source) const {
-    return PathText(Scan.GetSources()[source].Source->GetFileName(), Paths);
-}
-
-std::string TToldScan::NameOf(TUnitPlace place) const {
-    const TDesignUnit& unit = UnitAt(Scan.GetFiles(), place);
-    const std::string library = Scan.GetFiles()[place.File].Library + ".";
-    if (unit.Kind == TDesignUnitKind::Architecture)
-        return library + unit.Primary + "(" + unit.Name + ")";
-    return library + unit.Name;
-}
 
 std::string NameOfTop(const TScannedTop& top) {
     std::string name = std::string(GetStringFromHdlLanguage(top.Language)) +

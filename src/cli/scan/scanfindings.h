@@ -1,24 +1,11 @@
 #pragma once
 #include "cli/frame/json.h"
 #include "cli/frame/streams.h"
-#include "cli/frame/texts.h"
+#include "cli/frame/toldscan.h"
 #include "cli/scan/commands.h"
-#include "flows/buildscan.h"
-#include "flows/compilesort.h"
 #include "flows/scannedtops.h"
 #include <string>
 #include <vector>
-
-/// A build that has been scanned, as it is told.
-struct TToldScan {
-    const TBuildScan& Scan;
-    TPathForm Paths;
-    std::vector<TLateSource> Late = {};  ///< of Verilog
-
-    std::string PathOf(std::size_t source) const;
-    /// "lib.e", "lib.e(a)" of an architecture.
-    std::string NameOf(TUnitPlace unit) const;
-};
 
 /// A top-level component as it is told.
 std::string NameOfTop(const TScannedTop& top);

@@ -37,6 +37,12 @@ struct TLinkedFile {
     TNeedPlace Need;
 };
 
+/// A unit that a need means.
+struct TLinkedUnit {
+    TUnitPlace Unit;
+    TNeedPlace Need;
+};
+
 /// A unit that several files of one library declare. Needs mean that of their own file, else the
 /// first.
 struct TRepeatedUnit {
@@ -71,6 +77,10 @@ struct TLinkedDesign {
     /// For each file those that have to be compiled before it, each once, in the order of the
     /// needs; never itself.
     std::vector<std::vector<TLinkedFile>> Dependencies;
+    /// Unless it was asked for, empty: the units that each need means, in the order of the needs;
+    /// also those that the file holds itself. Behind a unit comes the architecture or the body that
+    /// has to be compiled before, too. A component may mean several entities.
+    std::vector<TLinkedUnit> Units;
     std::vector<TRepeatedUnit> Repeated;
     std::vector<TMissingUnit> Missing;
     std::vector<TUnitElsewhere> Elsewhere;
@@ -84,4 +94,5 @@ struct TLinkOptions {
     /// Libraries whose units are not looked for unless a file is compiled into them, besides those
     /// of the language's standards.
     std::vector<std::string> ExternalLibraries;
+    bool KeepsUnits = false;  ///< whether it is told which units the needs mean
 };

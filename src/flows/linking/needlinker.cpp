@@ -25,7 +25,8 @@ TNeedLinker::TNeedLinker(const TDesignFiles& files, const TLinkOptions& options)
     : Files(files),
       Index(files),
       Visible(Index),
-      External(std::begin(kStandardLibraries), std::end(kStandardLibraries)) {
+      External(std::begin(kStandardLibraries), std::end(kStandardLibraries)),
+      KeepsUnits(options.KeepsUnits) {
     for (const std::string& library : options.ExternalLibraries)
         External.insert(FoldVhdlName(library));
 }
@@ -107,6 +108,7 @@ std::optional<TUnitPlace> TNeedLinker::FindNamed(const TNamed& named, const TNee
 void TNeedLinker::LinkTo(TUnitPlace target, const TNeedPlace& place) {
     const TUnitNeed& need = NeedAt(Files, place);
     const TNeedRule& rule = GetNeedRule(need.Kind);
+    Keep(target, place);
     MarkNeeded(target, place);
     if (rule.OrdersFiles) Depend(target.File, place);
     const std::string& library = Index.LibraryOf(target.File);
@@ -114,14 +116,18 @@ void TNeedLinker::LinkTo(TUnitPlace target, const TNeedPlace& place) {
     if (rule.OrdersSecondary && !need.Secondary.empty()) {
         const auto architecture =
             Index.FindArchitecture(library, name, FoldVhdlName(need.Secondary), place.Unit.File);
-        if (architecture)
+        if (architecture) {
+            Keep(*architecture, place);
             Depend(architecture->File, place);
-        else
+        } else {
             Miss(place, true);
+        }
     }
     if (!rule.OrdersBody) return;
-    if (const auto body = Index.FindPackageBody(library, name, place.Unit.File))
+    if (const auto body = Index.FindPackageBody(library, name, place.Unit.File)) {
+        Keep(*body, place);
         Depend(body->File, place);
+    }
 }
 
 // An entity of the component's name: in the file's own library or one that is visible, as default
@@ -137,15 +143,25 @@ void TNeedLinker::LinkComponent(const TNeedPlace& place) {
     bool isFound = false;
     const auto look = [&](const std::string& library) {
         const auto entity = Index.FindPrimary(library, name, file);
-        if (entity) MarkNeeded(*entity, place);
+        if (entity) {
+            Keep(*entity, place);
+            MarkNeeded(*entity, place);
+        }
         isFound = isFound || entity.has_value();
     };
     const std::string& own = Index.LibraryOf(file);
     look(own);
     for (const std::string& library : Visible.GetLibraries())
         if (library != own) look(library);
-    if (isFound || !Anywhere.insert(name).second) return;
+    if (isFound) return;
+    // Which one is meant nobody can tell.
+    Keep(all.front(), place);
+    if (!Anywhere.insert(name).second) return;
     for (const TUnitPlace entity : all) MarkNeeded(entity, place);
+}
+
+void TNeedLinker::Keep(TUnitPlace target, const TNeedPlace& place) {
+    if (KeepsUnits) Design.Units.push_back({target, place});
 }
 
 void TNeedLinker::Depend(std::uint32_t file, const TNeedPlace& place) {

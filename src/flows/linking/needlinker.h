@@ -34,6 +34,7 @@ private:
     bool LinkForeign(const TNeedPlace& place);
     void NoteForeign(TUnitPlace target, const TNeedPlace& place);
     void Depend(std::uint32_t file, const TNeedPlace& place);
+    void Keep(TUnitPlace target, const TNeedPlace& place);
 
     void MarkNeeded(TUnitPlace target, const TNeedPlace& place);
     void MarkInstantiated(TUnitPlace target);
@@ -50,6 +51,7 @@ private:
     const TUnitIndex Index;
     TVisibleNames Visible;
     std::unordered_set<std::string> External;
+    const bool KeepsUnits;
     TLinkedDesign Design;
     std::vector<std::size_t> FirstUnits;   // of the files, as numbers of units
     std::vector<bool> Needed;              // by number

@@ -36,6 +36,7 @@ void TNeedLinker::LinkVerilogNeed(const TNeedPlace& place) {
         need.Library.empty() ? Index.LibraryOf(file) : FoldVhdlName(need.Library);
     for (const TVerilogNames names : NamesOf(need.Kind))
         if (const auto target = Index.FindVerilog(names, library, need.Unit, file)) {
+            Keep(*target, place);
             MarkNeeded(*target, place);
             if (GetNeedRule(need.Kind).OrdersFiles) Depend(target->File, place);
             return;
@@ -59,6 +60,7 @@ bool TNeedLinker::LinkForeign(const TNeedPlace& place) {
 
 /// Once for each file and unit.
 void TNeedLinker::NoteForeign(TUnitPlace target, const TNeedPlace& place) {
+    Keep(target, place);
     MarkNeeded(target, place);
     const std::string key =
         std::to_string(place.Unit.File) + " " + std::to_string(NumberOf(target));

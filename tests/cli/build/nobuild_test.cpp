@@ -8,7 +8,7 @@ TEST(NoBuild, IsToldByEveryCommandThatReadsABuild) {
     folder.Write("good.xml", BuildText(""));
     const std::string error =
         "hdlbuild: error: no HdlBuildFile element: the document describes no build\n";
-    for (const char* command : {"show", "order", "options", "command-file", "list"}) {
+    for (const char* command : {"show", "order", "options", "command-file", "list", "deps"}) {
         const TToolRun run = RunHdlbuild({command, "other.xml"});
         EXPECT_EQ(run.Status, kExitProblems) << command;
         EXPECT_EQ(run.Err.substr(0, error.size()), error) << command;

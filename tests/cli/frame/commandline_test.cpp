@@ -31,6 +31,7 @@ TTool CallTool() {
                                               {"--add", &values->Entries, "Adds an entry"},
                                               {"--one", TChoice{&values->Form, 1}, "Form 1"},
                                               {"--two", TChoice{&values->Form, 2}, "Form 2"},
+                                              {"--six", TChoice{&values->Form, 6}, "Form 6"},
                                               JsonArgument(*values)};
     return {"caller",
             "1.2",
@@ -187,8 +188,9 @@ Options:
   --help                      Print this help message and exit
   --option TEXT               An option
   --add TEXT                  Adds an entry
-  --one Excludes: --two       Form 1
-  --two Excludes: --one       Form 2
+  --one Excludes: --six --two Form 1
+  --two Excludes: --one --six Form 2
+  --six Excludes: --one --two Form 6
   --json                      Print one JSON object
   --quiet                     Do not show how far long work has come
 

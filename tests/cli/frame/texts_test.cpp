@@ -34,11 +34,12 @@ TEST(Texts, PrintLinesOfTextWordsAndFields) {
     PrintWords(out, "a\tb\nc");
     PrintFields(out, {"a\tb", "", "c\n"});
     PrintFields(out, {});
+    PrintWithNul(out, "a\tb\n");
     EXPECT_EQ(out.str(),
               "a\\tb\\nc\n"
               "a\tb\\nc\n"
               "a\\tb\t\tc\\n\n"
-              "\n");
+              "\na\tb\n" + std::string(1, '\0'));
 }
 
 TEST(Texts, JoinNamesAndChoices) {

@@ -149,6 +149,42 @@ TEST(NeedLinker, MeansTheUnitOfTheOwnFileWhereSeveralHoldIt) {
     });
 }
 
+TEST(NeedLinker, KeepsTheUnitsOfEachNeedOnRequest) {
+    const TDesignFiles files = Design({
+        {"l",
+         "library m; use m.g; entity e is end; architecture a of e is\n"
+         "package i is new m.g;\n"
+         "begin one: entity work.f(b); two: c; three: d; four: v; end;"},
+        {"m", "package g is generic (n : integer); end; package body g is end;"},
+        {"l", "entity f is end; architecture b of f is begin end; entity c is end;"},
+        {"m", "entity c is end;"},
+        {"x", "entity d is end;"},
+        {"y", "entity d is end;"},
+        {"l", "module v; w i(); endmodule module w; endmodule", kVerilog},
+        {"l", "configuration k of e is for a end for; end;"},
+    });
+    EXPECT_TRUE(TNeedLinker(files, {}).Link().Units.empty());
+    std::string text;
+    for (const TLinkedUnit& linked : TNeedLinker(files, {{}, true}).Link().Units)
+        text += TextOf(files, linked.Need) + " " + TextOf(files, linked.Unit) + "\n";
+    EXPECT_EQ(text,
+              "a:1:16 package g in b\n"
+              "a:1:56 entity e in a\n"
+              "a:2:18 package g in b\n"
+              "a:2:18 package body g in b\n"
+              "a:3:19 entity f in c\n"
+              "a:3:35 entity c in c\n"
+              "a:3:35 entity c in d\n"
+              "a:3:45 entity d in e\n"
+              "a:3:54 module v in g\n"
+              "b:1:55 package g in b\n"
+              "c:1:36 entity f in c\n"
+              "g:1:11 module w in g\n"
+              "h:1:20 entity e in a\n"
+              "h:1:29 entity e in a\n"
+              "h:1:29 architecture a in a\n");
+}
+
 // Of files that all hold a testbench of one name, and see the packages of a whole library.
 TEST(NeedLinker, TakesTimeInProportionToTheFiles) {
     const auto link = [](int count) {

@@ -1,0 +1,51 @@
+#include "cli/frame/toldscan.h"
+#include "flows/diagnosticrules.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "services/names/isfilename.h"
+
+std::string TToldScan::PathOf(std::size_t source) const {
+    return PathText(Scan.GetSources()[source].Source->GetFileName(), Paths);
+}
+
+std::string TToldScan::NameOf(TUnitPlace place) const {
+    const TDesignUnit& unit = UnitAt(Scan.GetFiles(), place);
+    const std::string library = Scan.GetFiles()[place.File].Library + ".";
+    if (unit.Kind == TDesignUnitKind::Architecture)
+        return library + unit.Primary + "(" + unit.Name + ")";
+    return library + unit.Name;
+}
+
+std::string TToldScan::NameOf(const TNeedPlace& place) const {
+    const TUnitNeed& need = NeedAt(Scan.GetFiles(), place);
+    std::string name = need.Library;
+    if (!need.Unit.empty()) name += (name.empty() ? "" : ".") + need.Unit;
+    return need.Secondary.empty() ? name : name + "(" + need.Secondary + ")";
+}
+
+std::string TToldScan::PlaceOf(std::size_t source, const TSourcePlace& place) const {
+    const auto& includes = Scan.GetFiles()[source].Scan.Includes;
+    const std::string path = place.Include > 0 && place.Include <= includes.size()
+                                 ? PathText(includes[place.Include - 1].Path.c_str(), Paths)
+                                 : PathOf(source);
+    return path + ":" + std::to_string(place.Line) + ":" + std::to_string(place.Column);
+}
+
+std::string TToldScan::PlaceOf(TUnitPlace unit) const {
+    return PlaceOf(unit.File, UnitAt(Scan.GetFiles(), unit).Place);
+}
+
+std::string TToldScan::PlaceOf(const TNeedPlace& need) const {
+    return PlaceOf(need.Unit.File, NeedAt(Scan.GetFiles(), need).Place);
+}
+
+int ReportUnread(const TToldScan& told, const TToolStreams& streams) {
+    int status = kExitDone;
+    const std::vector<std::string>& reasons = told.Scan.GetReasons();
+    for (std::size_t i = 0; i < reasons.size(); ++i) {
+        if (reasons[i].empty()) continue;
+        ReportError(streams,
+                    GetDiagnosticText({DIAGNOSTIC_UNREAD_SOURCE, {told.PathOf(i), reasons[i]}}));
+        status = kExitProblems;
+    }
+    return status;
+}

@@ -1,0 +1,28 @@
+#pragma once
+#include "cli/frame/streams.h"
+#include "cli/frame/texts.h"
+#include "flows/buildscan.h"
+#include "flows/compilesort.h"
+#include <string>
+#include <vector>
+
+/// A build that has been scanned, as it is told.
+struct TToldScan {
+    const TBuildScan& Scan;
+    TPathForm Paths;
+    std::vector<TLateSource> Late = {};  ///< of Verilog
+
+    std::string PathOf(std::size_t source) const;
+    /// "lib.e", "lib.e(a)" of an architecture.
+    std::string NameOf(TUnitPlace unit) const;
+    /// "work.p", "work.e(a)" as the need names it.
+    std::string NameOf(const TNeedPlace& need) const;
+    /// "path:line:column"; of what an included file holds, its path.
+    std::string PlaceOf(std::size_t source, const TSourcePlace& place) const;
+    std::string PlaceOf(TUnitPlace unit) const;
+    std::string PlaceOf(const TNeedPlace& need) const;
+};
+
+/// An error line on Err for each source that could not be read; kExitProblems if there is one, else
+/// kExitDone.
+int ReportUnread(const TToldScan& told, const TToolStreams& streams);
