@@ -15,7 +15,8 @@ std::vector<TNeedPlace> ListNeedsOf(const TFileNeed& need) {
 }
 
 TBuildNeeds::TBuildNeeds(const THdlBuildFile& build) {
-    for (const TListedSource& source : ListSources(build)) NumberOf(source.File);
+    for (const TListedSource& source : ListSources(build))
+        if (NumberOf(source.File) == Groups.size()) Groups.push_back(source.Group);
     // Files grows while it is walked.
     for (std::uint32_t file = 0; file < Files.size(); ++file) {
         std::vector<TFileNeed> needs;

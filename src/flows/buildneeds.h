@@ -31,6 +31,10 @@ public:
     /// The sources of all groups in their order, each once, then those that only dependencies name.
     /// A file's place is its number.
     const std::vector<const IHdlSourceFile*>& GetFiles() const { return Files; }
+    /// The language of the first group that lists a file; LANGUAGE_NONE for one that none lists.
+    THdlLanguage GetGroup(std::uint32_t file) const {
+        return file < Groups.size() ? Groups[file] : LANGUAGE_NONE;
+    }
     /// The number of a file, whatever the letter case of its name.
     std::optional<std::uint32_t> FindFile(const ISFileName* name) const;
     /// Recorded ones first; each file once, and never itself but where that is recorded.
@@ -41,6 +45,7 @@ private:
     std::uint32_t NumberOf(const IHdlSourceFile* file);
 
     std::vector<const IHdlSourceFile*> Files;
+    std::vector<THdlLanguage> Groups;  // of those that are listed
     std::unordered_map<const IHdlSourceFile*, std::uint32_t> Numbers;
     std::vector<std::vector<TFileNeed>> Needs;
 };

@@ -23,6 +23,7 @@ const std::map<std::string, TLine>& CommandLines() {
         {"command-file", {"command-file", "b.xml"}},
         {"list", {"list", "b.xml"}},
         {"deps", {"deps", "d.xml"}},
+        {"needed", {"needed", "d.xml", "--top", "e"}},
         {"new", {"new", "n.xml"}},
         {"add", {"add", "b.xml", "a.vhd"}},
         {"source", {"source", "d.xml", "a.vhd", "--library", "ip"}},

@@ -21,6 +21,13 @@ std::vector<TCommand> MakeQuestionCommands() {
                            "The shortest chain of needs to this source"};
     const TArgument units{"--units", &values->Units,
                           "Scan the sources, and print the needs with their places"};
+    const TArgument top{"--top", &values->Tops,
+                        "A unit, as in work.tb(sim) or tb; else the top-level components of the "
+                        "build"};
+    const TArgument topLanguage{"--language", &values->Language,
+                                "The language of the units; else any"};
+    const TArgument tsv{"--tsv", &values->Tsv, "Print library, tabulator, path"};
+    const TArgument rest{"--rest", &values->Rest, "Print the sources that are not needed"};
     return {
         {"list", "List the sources with their libraries, flags and number of dependencies",
          with(RunList), listArguments},
@@ -28,5 +35,9 @@ std::vector<TCommand> MakeQuestionCommands() {
          "Print what a source needs, who needs it, and why",
          with(RunDeps),
          {build, file, JsonArgument(*values), absolute, all, reverse, pathTo, units}},
+        {"needed",
+         "Print the files that top-level units need, in compile order",
+         with(RunNeeded),
+         {build, JsonArgument(*values), absolute, top, topLanguage, rest, tsv}},
     };
 }

@@ -6,18 +6,22 @@
 struct TQuestionArguments : TCommonArguments {
     std::string Build;
     TPathForm Paths;
-    std::string Language;        ///< empty: all
-    std::string Library;         ///< empty: all
-    std::string File;            ///< of `deps`; empty: all
-    std::string PathTo;          ///< the end of a chain; empty: none
-    bool All = false;            ///< also what is needed through others
-    bool Reverse = false;        ///< who needs it, not what it needs
-    bool Units = false;          ///< scan the sources for the units that are needed
-    bool Missing = false;        ///< only sources that do not exist
-    std::size_t ListFormat = 0;  ///< its row in the table of formats
+    std::string Language;           ///< empty: all
+    std::string Library;            ///< empty: all
+    std::string File;               ///< of `deps`; empty: all
+    std::string PathTo;             ///< the end of a chain; empty: none
+    bool All = false;               ///< also what is needed through others
+    bool Reverse = false;           ///< who needs it, not what it needs
+    bool Units = false;             ///< scan the sources for the units that are needed
+    std::vector<std::string> Tops;  ///< none: those of the build
+    bool Rest = false;              ///< what is not needed
+    bool Tsv = false;               ///< of `needed`
+    bool Missing = false;           ///< only sources that do not exist
+    std::size_t ListFormat = 0;     ///< its row in the table of formats
 };
 
 int RunList(const TQuestionArguments& arguments, const TToolStreams& streams);
+int RunNeeded(const TQuestionArguments& arguments, const TToolStreams& streams);
 int RunDeps(const TQuestionArguments& arguments, const TToolStreams& streams);
 
 /// An option for each format of `list`.
