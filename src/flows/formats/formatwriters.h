@@ -4,10 +4,18 @@
 // The writer of each format: see the table of GetExportFormats.
 
 TExported WriteBlueprint(const TExportRequest& request);
+TExported WriteDepfile(const TExportRequest& request);
 TExported WriteFileList(const TExportRequest& request);
 TExported WriteGhdlScript(const TExportRequest& request);
 TExported WriteIcarusList(const TExportRequest& request);
+TExported WriteLibraryMap(const TExportRequest& request);
+TExported WriteOsvvmScript(const TExportRequest& request);
+TExported WriteSlangList(const TExportRequest& request);
+TExported WriteSvls(const TExportRequest& request);
+TExported WriteVcsList(const TExportRequest& request);
+TExported WriteVeribleList(const TExportRequest& request);
 TExported WriteVerilatorList(const TExportRequest& request);
 TExported WriteVhdlLs(const TExportRequest& request);
+TExported WriteVsimScript(const TExportRequest& request);
 TExported WriteVunitScript(const TExportRequest& request);
 TExported WriteVunitTable(const TExportRequest& request);

@@ -1,11 +1,28 @@
 #include "flows/formats/exportwriter.h"
 #include "flows/formats/formatwriters.h"
-#include <algorithm>
+#include <map>
 
 namespace {
 
 bool HasAny(std::string_view text, std::string_view characters) {
     return text.find_first_of(characters) != std::string_view::npos;
+}
+
+// As make and ninja read names.
+std::string DepfileName(const std::string& name) {
+    std::string escaped;
+    for (const char c : name) {
+        if (c == ' ' || c == '#') escaped += '\\';
+        if (c == '$') escaped += '$';
+        escaped += c;
+    }
+    return escaped;
+}
+
+/// What a library map reads as it is written.
+bool IsPlainPath(std::string_view path) {
+    return !path.empty() && !HasAny(path, " \t\n\r\"',;*?\\$") &&
+           path.find("//") == std::string_view::npos && path.find("...") == std::string_view::npos;
 }
 
 const char* FileSetOf(THdlLanguage language) {
@@ -59,5 +76,47 @@ TExported WriteVunitTable(const TExportRequest& request) {
             writer.AddLine(CsvField(source.Library) + "," + CsvField(writer.PathOf(source.Path)));
     writer.LoseOtherLanguages({LANGUAGE_VHDL, LANGUAGE_VERILOG});
     LoseAllSettings(&writer);
+    return writer.Take();
+}
+
+// Make has no words for these characters in a name.
+TExported WriteDepfile(const TExportRequest& request) {
+    TExportWriter writer(request, "depfile");
+    std::string rule = DepfileName(request.Plan.Name) + ":";
+    for (const TPlanSource& source : request.Plan.Sources) {
+        const std::string name = writer.PathOf(source.Path);
+        if (HasAny(name, "\t\n\r\\:*?[]%"))
+            writer.Refuse(name, "make reads one of its characters as something else");
+        else
+            rule += " \\\n  " + DepfileName(name);
+    }
+    writer.AddLine(rule);
+    LoseAllSettings(&writer);
+    return writer.Take();
+}
+
+TExported WriteLibraryMap(const TExportRequest& request) {
+    TExportWriter writer(request, "libmap");
+    std::string folders;
+    const auto take = [&writer](const std::string& path, const char* before, std::string* text) {
+        const std::string name = writer.PathOf(path);
+        if (IsPlainPath(name))
+            text->append(text->empty() ? "" : ",").append(before).append(name);
+        else
+            writer.Refuse(name, "a library map reads one of its characters as something else");
+    };
+    const TPlanSettings& settings = writer.SettingsOf(LANGUAGE_VERILOG);
+    for (const std::string& folder : settings.IncludeDirectories) take(folder, " ", &folders);
+    std::map<std::string, std::string> libraries;
+    for (const TPlanSource& source : request.Plan.Sources)
+        if (source.Language == LANGUAGE_VERILOG)
+            take(source.Path, "\n  ", &libraries[source.Library]);
+    for (const auto& [library, files] : libraries)
+        writer.AddLine("library " + library + files +
+                       (folders.empty() ? ";" : "\n  -incdir" + folders + ";"));
+    if (!settings.LibraryDirectories.empty()) writer.Lose("library directories");
+    if (!settings.Defines.empty()) writer.Lose("defines");
+    writer.LoseOtherLanguages({LANGUAGE_VERILOG});
+    writer.LoseOptions(LANGUAGE_VERILOG, {});
     return writer.Take();
 }

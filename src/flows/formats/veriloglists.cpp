@@ -7,16 +7,20 @@ namespace {
 /// Why a list cannot hold a name; null when it can.
 using TComplaint = const char* (*)(std::string_view name);
 
+enum TListDelays { NO_DELAYS, DELAYS_ON_COMMAND_LINE, DELAYS_IN_LIST };
+
 /// How a simulator reads lists of Verilog sources.
 struct TListDialect {
     const char* Format;
     const char* Heading;      ///< a comment
-    const char* TopOption;    ///< null: no word in the list
     const char* CommandLine;  ///< what calls the simulator; null: none is told
+    const char* TopOption;    ///< null: no word in the list
+    const char* ExtensionOption;
+    const char* SystemVerilogOption;  ///< null: no word in the list, or none is needed
+    TListDelays Delays;
     std::string (*Quoted)(const std::string& name);
     TComplaint SourceComplaint;  ///< of the name of a source, alone in its line
     TComplaint WordComplaint;    ///< of a name or value within a word
-    bool HasDelays;              ///< on its command line
 };
 
 bool HasAny(std::string_view text, std::string_view characters) {
@@ -77,7 +81,7 @@ std::string AsItIs(const std::string& name) {
     return name;
 }
 
-std::string VerilatorQuoted(const std::string& name) {
+std::string BackslashQuoted(const std::string& name) {
     if (!HasAny(name, " \"'\\")) return name;
     std::string quoted = "\"";
     for (const char c : name) {
@@ -85,6 +89,11 @@ std::string VerilatorQuoted(const std::string& name) {
         quoted += c;
     }
     return quoted + '"';
+}
+
+const char* DelayOption(TSimProjectDelayType delay) {
+    if (delay == DELAY_TYPE_MINIMUM) return "+mindelays";
+    return delay == DELAY_TYPE_MAXIMUM ? "+maxdelays" : "+typdelays";
 }
 
 /// Writes the list of one dialect.
@@ -96,6 +105,7 @@ public:
     TExported Write() {
         Writer.AddLine(std::string("// ") + Dialect.Heading);
         AddCommandLine();
+        AddLanguage();
         AddSettings();
         for (const TPlanSource& source : Writer.GetPlan().Sources)
             if (source.Language == LANGUAGE_VERILOG) AddSource(source);
@@ -109,6 +119,7 @@ private:
     const TPlanSettings& Settings() const { return Writer.SettingsOf(LANGUAGE_VERILOG); }
     bool IsSystemVerilog() const;
     void AddCommandLine();
+    void AddLanguage();
     void AddSettings();
     void AddSource(const TPlanSource& source);
     void AddTop();
@@ -129,16 +140,23 @@ bool TListWriter::IsSystemVerilog() const {
 
 // What no line of the list can say, so that people who read it know.
 void TListWriter::AddCommandLine() {
-    const TSimProjectDelayType delay = Settings().Delay;
-    const TPlanTop* const top = Writer.GetTop();
-    if (!Dialect.HasDelays && delay != DELAY_TYPE_TYPICAL) Writer.Lose("the choice of delays");
     if (!Dialect.CommandLine) return;
     std::string line = std::string("// ") + Dialect.CommandLine;
+    const TPlanTop* const top = Writer.GetTop();
     if (top && top->Language == LANGUAGE_VERILOG) line += " -s " + top->Entity;
-    if (delay == DELAY_TYPE_MINIMUM) line += " -Tmin";
-    if (delay == DELAY_TYPE_MAXIMUM) line += " -Tmax";
+    if (Settings().Delay == DELAY_TYPE_MINIMUM) line += " -Tmin";
+    if (Settings().Delay == DELAY_TYPE_MAXIMUM) line += " -Tmax";
     if (IsSystemVerilog()) line += " -g2012";
     Writer.AddLine(line);
+}
+
+void TListWriter::AddLanguage() {
+    const TSimProjectDelayType delay = Settings().Delay;
+    if (Dialect.SystemVerilogOption && IsSystemVerilog())
+        Writer.AddLine(Dialect.SystemVerilogOption);
+    if (Dialect.Delays == NO_DELAYS && delay != DELAY_TYPE_TYPICAL)
+        Writer.Lose("the choice of delays");
+    if (Dialect.Delays == DELAYS_IN_LIST) Writer.AddLine(DelayOption(delay));
 }
 
 void TListWriter::AddSettings() {
@@ -148,13 +166,15 @@ void TListWriter::AddSettings() {
     for (const TPlanDefine& define : settings.Defines)
         AddWord("+define+", define.Value ? define.Name + "=" + *define.Value : define.Name);
     for (const std::string& directory : settings.LibraryDirectories) AddPath("-y ", directory);
-    for (const std::string& extension : settings.LibraryExtensions) AddWord("+libext+", extension);
+    for (const std::string& extension : settings.LibraryExtensions)
+        AddWord(Dialect.ExtensionOption, extension);
 }
 
 void TListWriter::AddWord(const std::string& option, const std::string& value) {
     if (const char* const complaint = Dialect.WordComplaint(value))
         return Writer.Refuse(value, complaint);
-    Writer.AddLine(Dialect.Quoted(option + value));
+    Writer.AddLine(option.ends_with(' ') ? option + Dialect.Quoted(value)
+                                         : Dialect.Quoted(option + value));
 }
 
 void TListWriter::AddPath(const char* option, const std::string& path) {
@@ -176,30 +196,57 @@ void TListWriter::AddTop() {
     Writer.AddLine(Dialect.TopOption + Dialect.Quoted(top->Entity));
 }
 
-const TListDialect kCommon = {"filelist",
-                              "Verilog sources, one item a line",
-                              nullptr,
-                              nullptr,
-                              AsItIs,
-                              CommonComplaint,
-                              CommonWordComplaint,
-                              false};
-const TListDialect kIcarus = {"icarus",
-                              "Verilog sources for Icarus Verilog",
-                              nullptr,
-                              "iverilog -c THIS_FILE",
-                              AsItIs,
-                              IcarusComplaint,
-                              IcarusWordComplaint,
-                              true};
-const TListDialect kVerilator = {"verilator",
-                                 "Verilog sources for Verilator",
-                                 "--top-module ",
-                                 nullptr,
-                                 VerilatorQuoted,
-                                 VerilatorComplaint,
-                                 VerilatorWordComplaint,
-                                 false};
+const TListDialect kCommon{.Format = "filelist",
+                           .Heading = "Verilog sources, one item a line",
+                           .CommandLine = nullptr,
+                           .TopOption = nullptr,
+                           .ExtensionOption = "+libext+",
+                           .SystemVerilogOption = nullptr,
+                           .Delays = NO_DELAYS,
+                           .Quoted = AsItIs,
+                           .SourceComplaint = CommonComplaint,
+                           .WordComplaint = CommonWordComplaint};
+const TListDialect kIcarus{.Format = "icarus",
+                           .Heading = "Verilog sources for Icarus Verilog",
+                           .CommandLine = "iverilog -c THIS_FILE",
+                           .TopOption = nullptr,
+                           .ExtensionOption = "+libext+",
+                           .SystemVerilogOption = nullptr,
+                           .Delays = DELAYS_ON_COMMAND_LINE,
+                           .Quoted = AsItIs,
+                           .SourceComplaint = IcarusComplaint,
+                           .WordComplaint = IcarusWordComplaint};
+const TListDialect kSlang{.Format = "slang",
+                          .Heading = "Verilog sources for slang",
+                          .CommandLine = nullptr,
+                          .TopOption = "--top ",
+                          .ExtensionOption = "-Y ",
+                          .SystemVerilogOption = nullptr,
+                          .Delays = NO_DELAYS,
+                          .Quoted = BackslashQuoted,
+                          .SourceComplaint = VerilatorComplaint,
+                          .WordComplaint = VerilatorWordComplaint};
+// The large simulators have no grammar in common but the shared subset and these words.
+const TListDialect kVcs{.Format = "vcs",
+                        .Heading = "Verilog sources for simulators with the words of VCS",
+                        .CommandLine = nullptr,
+                        .TopOption = "-top ",
+                        .ExtensionOption = "+libext+",
+                        .SystemVerilogOption = "-sverilog",
+                        .Delays = DELAYS_IN_LIST,
+                        .Quoted = AsItIs,
+                        .SourceComplaint = CommonComplaint,
+                        .WordComplaint = CommonWordComplaint};
+const TListDialect kVerilator{.Format = "verilator",
+                              .Heading = "Verilog sources for Verilator",
+                              .CommandLine = nullptr,
+                              .TopOption = "--top-module ",
+                              .ExtensionOption = "+libext+",
+                              .SystemVerilogOption = nullptr,
+                              .Delays = NO_DELAYS,
+                              .Quoted = BackslashQuoted,
+                              .SourceComplaint = VerilatorComplaint,
+                              .WordComplaint = VerilatorWordComplaint};
 
 }  // namespace
 
@@ -209,6 +256,14 @@ TExported WriteFileList(const TExportRequest& request) {
 
 TExported WriteIcarusList(const TExportRequest& request) {
     return TListWriter(request, kIcarus).Write();
+}
+
+TExported WriteSlangList(const TExportRequest& request) {
+    return TListWriter(request, kSlang).Write();
+}
+
+TExported WriteVcsList(const TExportRequest& request) {
+    return TListWriter(request, kVcs).Write();
 }
 
 TExported WriteVerilatorList(const TExportRequest& request) {

@@ -20,23 +20,40 @@ std::string TextOf(const WorkingFolder& folder, const std::string& name) {
 }  // namespace
 
 TEST(ExportCommand, ListsTheFormats) {
-    EXPECT_EQ(
-        ResultOf({"export", "--to", "list"}),
-        "blueprint  Tab-separated list of all sources with language and library      libraries, "
-        "order\n"
-        "filelist   Command file in the subset that all readers of such lists share  include and "
-        "library directories, library files, defines\n"
-        "ghdl       Shell script that analyses, elaborates and runs with GHDL        libraries, "
-        "order, standard, tops, options\n"
-        "icarus     Command file for Icarus Verilog                                  include and "
-        "library directories, library files, defines\n"
-        "verilator  Command file for Verilator                                       include and "
-        "library directories, library files, defines, top\n"
-        "vhdl-ls    vhdl_ls.toml of the VHDL language server                         libraries, "
-        "standard\n"
-        "vunit      run.py for VUnit                                                 libraries, "
-        "standard, include directories, defines, options\n"
-        "vunit-csv  List of sources that VUnit reads                                 libraries\n");
+    EXPECT_EQ(ResultOf({"export", "--to", "list"}),
+              "blueprint  Tab-separated list of all sources with language and library      "
+              "libraries, order\n"
+              "depfile    Rule of make and ninja that names all sources                    "
+              "nothing else\n"
+              "filelist   Command file in the subset that all readers of such lists share  "
+              "include and library directories, library files, defines\n"
+              "ghdl       Shell script that analyses, elaborates and runs with GHDL        "
+              "libraries, order, standard, tops, options\n"
+              "icarus     Command file for Icarus Verilog                                  "
+              "include and library directories, library files, defines\n"
+              "libmap     Library map of SystemVerilog                                     "
+              "libraries, include directories\n"
+              "osvvm      Script (.pro) for OSVVM                                          "
+              "libraries, order, standard, tops\n"
+              "slang      Command file for slang                                           "
+              "include and library directories, library files, defines, top\n"
+              "svls       .svls.toml of the SystemVerilog language server svls             "
+              "include directories only\n"
+              "vcs        Command file for the large Verilog simulators                    "
+              "include and library directories, library files, defines, delays, top\n"
+              "verible    verible.filelist of the language server of Verible               "
+              "include directories, defines with a value\n"
+              "verilator  Command file for Verilator                                       "
+              "include and library directories, library files, defines, top\n"
+              "vhdl-ls    vhdl_ls.toml of the VHDL language server                         "
+              "libraries, standard\n"
+              "vsim       Tcl script for simulators with vlib, vcom, vlog and vsim         "
+              "libraries, order, standard, include and library directories, library files, "
+              "defines, delays, tops, options\n"
+              "vunit      run.py for VUnit                                                 "
+              "libraries, standard, include directories, defines\n"
+              "vunit-csv  List of sources that VUnit reads                                 "
+              "libraries\n");
 }
 
 TEST(ExportCommand, WritesPathsFromTheFolderOfItsOutput) {
@@ -77,7 +94,8 @@ TEST(ExportCommand, RefusesWhatItDoesNotKnowAndWhatItWouldReplace) {
     } rows[] = {
         {{"export", "b.xml", "--to", "iccarus"},
          "2\nhdlbuild: error: unknown format 'iccarus'; nearest: icarus; known: list, blueprint, "
-         "filelist, ghdl, icarus, verilator, vhdl-ls, vunit, vunit-csv\n"},
+         "depfile, filelist, ghdl, icarus, libmap, osvvm, slang, svls, vcs, verible, verilator, "
+         "vhdl-ls, vsim, vunit, vunit-csv\n"},
         {{"export", "--to", "ghdl"}, "2\nhdlbuild: error: BUILD is required\n"},
         {{"export", "b.xml", "--to", "icarus", "--top", "topp"},
          "2\nhdlbuild: error: unknown top-level component 'topp'; known: "

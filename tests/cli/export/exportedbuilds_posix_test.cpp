@@ -85,3 +85,38 @@ TEST(ExportedBuilds, AreTheLanguagesThatTheyClaimToBe) {
                     "and '.vhd' in str(n.value)]); print(list(csv.reader(open('t.csv'))))\""),
               std::make_pair(0, std::string("['q\".vhd']\n[['work', 'q\".vhd']]\n")));
 }
+
+TEST(ExportedBuilds, AreRulesThatMakeReads) {
+    if (!IsInstalled("make")) GTEST_SKIP() << "make is not installed";
+    const WorkingFolder folder;
+    folder.Write("a $b#.vhd", "entity e is end;\n");
+    folder.Write("c.vhd", "entity f is end;\n");
+    folder.Write("my build.xml",
+                 BuildText("<SourceFileGroup Language=\"VHDL\">\n" + SourceText("a $b#.vhd") +
+                           SourceText("c.vhd") + "</SourceFileGroup>\n"));
+    EXPECT_EQ(Export({"--to", "depfile", "-o", "b.d"}), "");
+    folder.Write("Makefile", "include b.d\nmy\\ build:\n\t@echo made of $(words $^): '$^'\n");
+    EXPECT_EQ(Shell("make -s"), std::make_pair(0, std::string("made of 3: a $b#.vhd c.vhd\n")));
+    std::filesystem::remove("c.vhd");
+    EXPECT_NE(Shell("make -s").first, 0);
+}
+
+TEST(ExportedBuilds, AreScriptsThatTclReads) {
+    if (!IsInstalled("tclsh")) GTEST_SKIP() << "tclsh is not installed";
+    const WorkingFolder folder;
+    folder.Write("a $b [c] {d\".vhd", "entity e is end;\n");
+    folder.Write("my build.xml",
+                 BuildText("<SourceFileGroup Language=\"VHDL\">\n" +
+                           SourceText("a $b [c] {d&quot;.vhd") + "</SourceFileGroup>\n"));
+    EXPECT_EQ(Export({"--to", "vsim", "-o", "b.tcl"}), "");
+    EXPECT_EQ(Export({"--to", "osvvm", "-o", "b.pro"}), "");
+    folder.Write("run.tcl",
+                 "foreach name {vlib vcom library analyze} {\n"
+                 "  proc $name args \"puts \\[join \\[list $name {*}\\$args\\] |\\]\"\n}\n"
+                 "source b.tcl\nsource b.pro\n");
+    EXPECT_EQ(Shell("tclsh run.tcl"),
+              std::make_pair(0, std::string("vlib|work\n"
+                                            "vcom|-work|work|a $b [c] {d\".vhd\n"
+                                            "library|work\n"
+                                            "analyze|a $b [c] {d\".vhd\n")));
+}

@@ -42,3 +42,30 @@ TEST(SourceTables, QuoteOrRefuseNames) {
         EXPECT_EQ(Exported("blueprint", plan), row.Blueprint);
     }
 }
+
+TEST(SourceTables, NameAllSourcesInARule) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_CPLUSPLUS, "/p/a b$#.cpp");
+    plan.Name = "my soc";
+    plan.Sources.push_back({"/q/x.v", LANGUAGE_VERILOG, "main", false, {}});
+    EXPECT_EQ(Exported("depfile", plan), "my\\ soc: \\\n  a\\ b$$\\#.cpp \\\n  /q/x.v\n");
+    for (const std::string name : {"a\tb", "a:b", "a*", "a%", "a\\b"})
+        EXPECT_EQ(Exported("depfile", MakePlanOf(LANGUAGE_VHDL, "/p/" + name)),
+                  "depfile cannot hold the name \"" + name +
+                      "\": make reads one of its characters as something else\n:\n");
+}
+
+TEST(SourceTables, MapLibraries) {
+    EXPECT_EQ(Exported("libmap", MakeSamplePlan()),
+              "libmap has no words for library directories\n"
+              "libmap has no words for defines\n"
+              "libmap has no words for sources in VHDL\n"
+              "libmap has no words for the run option +go\n"
+              "library main\n  rtl/adc.v,\n  lib/cells.v\n  -incdir inc;\n");
+    EXPECT_EQ(Exported("libmap", MakePlanOf(LANGUAGE_VERILOG, "/p/a.v")), "library main\n  a.v;\n");
+    for (const std::string name : {"a b.v", "a,b.v", "a;.v", "*.v", "a?.v", "x...v", "$a.v"}) {
+        const std::string told = Exported("libmap", MakePlanOf(LANGUAGE_VERILOG, "/p/" + name));
+        EXPECT_EQ(told.substr(0, told.find('\n')),
+                  "libmap cannot hold the name \"" + name +
+                      "\": a library map reads one of its characters as something else");
+    }
+}

@@ -98,3 +98,53 @@ TEST(VerilogLists, RefuseWhatEndsAWord) {
               "\"+incdir+a b\"\n"
               "\"+define+S=\\\"x y\\\"\"\n");
 }
+
+TEST(VerilogLists, HaveTheWordsOfEachReader) {
+    TBuildPlan plan = MakeSamplePlan();
+    plan.Settings[0].Standard = "2012";
+    plan.Settings[0].Delay = DELAY_TYPE_MINIMUM;
+    EXPECT_EQ(Exported("slang", plan, &plan.Tops[0]),
+              "slang has no words for the choice of delays\n"
+              "slang has no words for sources in VHDL\n"
+              "slang has no words for the run option +go\n"
+              "// Verilog sources for slang\n"
+              "+incdir+inc\n"
+              "+define+TAPS=16\n"
+              "+define+FAST\n"
+              "-y lib\n"
+              "-Y .v\n"
+              "-Y .sv\n"
+              "rtl/adc.v\n"
+              "-v lib/cells.v\n"
+              "--top adc\n");
+    EXPECT_EQ(Exported("vcs", plan, &plan.Tops[0]),
+              "vcs has no words for sources in VHDL\n"
+              "vcs has no words for the run option +go\n"
+              "// Verilog sources for simulators with the words of VCS\n"
+              "-sverilog\n"
+              "+mindelays\n"
+              "+incdir+inc\n"
+              "+define+TAPS=16\n"
+              "+define+FAST\n"
+              "-y lib\n"
+              "+libext+.v\n"
+              "+libext+.sv\n"
+              "rtl/adc.v\n"
+              "-v lib/cells.v\n"
+              "-top adc\n");
+    // A top of another language is nothing to them.
+    EXPECT_EQ(Exported("slang", plan, &plan.Tops[1]).find("--top"), std::string::npos);
+}
+
+TEST(VerilogLists, ChooseDelays) {
+    TBuildPlan plan;
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_VERILOG;
+    for (const auto& [delay, word] : {std::pair(DELAY_TYPE_MINIMUM, "+mindelays\n"),
+                                      std::pair(DELAY_TYPE_TYPICAL, "+typdelays\n"),
+                                      std::pair(DELAY_TYPE_MAXIMUM, "+maxdelays\n")}) {
+        plan.Settings[0].Delay = delay;
+        EXPECT_EQ(Exported("vcs", plan),
+                  std::string("// Verilog sources for simulators with the words of VCS\n") + word);
+    }
+}
