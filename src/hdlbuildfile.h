@@ -68,6 +68,7 @@
 #include "services/names/utilfilename.h"
 #include "services/xml/documentedit.h"
 #include "services/xml/documentlines.h"
+#include "services/xml/elementvisit.h"
 #include "services/xml/textedit.h"
 #include "services/xml/xmleditrules.h"
 #include "services/xml/xmlelement.h"

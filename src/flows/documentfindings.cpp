@@ -8,17 +8,28 @@ std::uint32_t TDocumentFindings::FindPlace(const ISFileName* file) const {
     return Mentions ? Mentions->FindPlace(file) : kNoXMLPlace;
 }
 
+std::string TDocumentFindings::ReadText(const ISFileName* buildFile) const {
+    const std::string path = buildFile->Canonical(false);
+    std::string text;
+    const bool isRead = ReadWholeFile(path.c_str(), &text, nullptr) == FILE_READ_DONE;
+    return isRead && LookAtFile(path) == Status ? text : "";
+}
+
 TDocumentFindings CheckDocument(const ISFileName* buildFile) {
+    const std::string path = buildFile->Canonical(false);
     TDocumentFindings findings;
-    if (ReadWholeFile(buildFile->Canonical(false), &findings.Text, nullptr) != FILE_READ_DONE)
-        return {};
-    TXMLList document;
-    TXMLPlaces places;
-    document.SetDocumentType("<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">");
-    if (!document.ReadFromText(findings.Text, nullptr, &places)) return {};
+    findings.Status = LookAtFile(path);
+    std::string text;
+    if (ReadWholeFile(path.c_str(), &text, nullptr) != FILE_READ_DONE) return {};
     TDocumentWords words;
-    const auto mentions =
-        std::make_shared<TSourceMentions>(&document, places, buildFile->GetPathOnly(), &words);
+    const auto mentions = std::make_shared<TSourceMentions>(buildFile->GetPathOnly());
+    const auto meet = [&](const TMetElement& element) {
+        words.Meet(element);
+        mentions->Meet(element);
+    };
+    if (!VisitElements(&text, "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">",
+                       PROGRESS_CHECK_ELEMENTS, meet, nullptr))
+        return {};
     findings.Words = words.GetDiagnostics();
     findings.Repeated = mentions->FindRepeated();
     findings.Spelled = mentions->FindSpelled();

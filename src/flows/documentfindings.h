@@ -1,5 +1,6 @@
 #pragma once
 #include "flows/diagnosticrules.h"
+#include "services/files/filestatus.h"
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -50,7 +51,7 @@ struct TFolderAsSource {
 
 /// What the document of a build file shows, but not the build read from it.
 struct TDocumentFindings {
-    std::string Text;                ///< of the document
+    TFileStatus Status;              ///< of the file, when it was read
     std::vector<TDiagnostic> Words;  ///< of TDocumentWords
     /// Of a repeated name, the build keeps but one.
     std::vector<TRepeatedSource> Repeated;
@@ -59,6 +60,9 @@ struct TDocumentFindings {
     std::vector<TFolderAsSource> Folders;
     std::shared_ptr<const TSourceMentions> Mentions;  ///< null for a file that cannot be read
 
+    /// The document that the places are in, read again: a long one is not kept. "" when the file
+    /// has changed since.
+    std::string ReadText(const ISFileName* buildFile) const;
     /// Where the file is listed first, in whatever case; kNoXMLPlace for one that is not.
     std::uint32_t FindPlace(const ISFileName* file) const;
 };

@@ -8,11 +8,10 @@ namespace {
 
 constexpr const char* kBlanks = " \t\r\n";
 
-std::string Trimmed(const char* text) {
-    const std::string whole = text;
-    const std::size_t begin = whole.find_first_not_of(kBlanks);
+std::string Trimmed(std::string_view text) {
+    const std::size_t begin = text.find_first_not_of(kBlanks);
     if (begin == std::string::npos) return "";
-    return whole.substr(begin, whole.find_last_not_of(kBlanks) + 1 - begin);
+    return std::string(text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin));
 }
 
 bool IsLanguage(const std::string& text) {
@@ -52,13 +51,13 @@ constexpr TWordCheck kWordChecks[] = {
 
 }  // namespace
 
-void TDocumentWords::Meet(const TElement& element, std::uint32_t place) {
-    if (element.ElemType == TElement::START)
-        Open(element, place);
-    else if (element.ElemType == TElement::END)
+void TDocumentWords::Meet(const TMetElement& element) {
+    if (element.Type == TElement::START)
+        Open(element);
+    else if (element.Type == TElement::END)
         Close();
     else
-        MeetText(element, place);
+        MeetText(element);
 }
 
 const TKnownElement* TDocumentWords::FindKnown(std::string_view name) {
@@ -71,12 +70,12 @@ const TKnownElement* TDocumentWords::FindKnown(std::string_view name) {
     return known;
 }
 
-void TDocumentWords::Open(const TElement& start, std::uint32_t place) {
-    const TKnownElement* known = FindKnown(start.Name.View());
-    if (!known) MeetUnknown(start.Name.Str(), place);
+void TDocumentWords::Open(const TMetElement& start) {
+    const TKnownElement* known = FindKnown(start.Name);
+    if (!known) MeetUnknown(std::string(start.Name), start.Place);
     MeetInList(known);
-    Stack.push_back({known, place});
-    if (known) CheckAttributes(*known, start, place);
+    Stack.push_back({known, start.Place});
+    if (known) CheckAttributes(*known, start);
 }
 
 // A reader of a list knows entries that hold a text at most.
@@ -117,31 +116,31 @@ void TDocumentWords::MeetUnknown(const std::string& name, std::uint32_t place) {
         AddOnce(DIAGNOSTIC_UNKNOWN_ELEMENT, {name}, place);
 }
 
-void TDocumentWords::MeetText(const TElement& text, std::uint32_t place) {
+void TDocumentWords::MeetText(const TMetElement& text) {
     if (Stack.empty() || !Stack.back().Known) return;
     if (!Stack.back().Known->NeededEntry.empty()) Stack.back().IsBroken = true;
-    CheckWord(Stack.back().Known->Text, text.Text.c_str(), place);
+    CheckWord(Stack.back().Known->Text, text.Text, text.Place);
 }
 
-void TDocumentWords::CheckAttributes(const TKnownElement& known, const TElement& start,
-                                     std::uint32_t place) {
+void TDocumentWords::CheckAttributes(const TKnownElement& known, const TMetElement& start) {
     if (known.Unknown == UNKNOWN_IS_FREE) return;
     if (known.Name == "LanguageSettings") {
         Language = start.GetAttribute("Language");
-        if (Language.empty()) Add(DIAGNOSTIC_SETTINGS_WITHOUT_LANGUAGE, {}, place);
+        if (Language.empty()) Add(DIAGNOSTIC_SETTINGS_WITHOUT_LANGUAGE, {}, start.Place);
     }
     for (const TKnownAttribute& attribute : known.Attributes)
         if (attribute.Kind != WORD_ANY)
-            CheckWord(attribute.Kind, start.GetAttribute(attribute.Name), place);
-    for (const auto& [name, value] : start.GetAttributes()) {
+            CheckWord(attribute.Kind, start.GetAttribute(attribute.Name), start.Place);
+    for (const auto& [name, value] : start.Attributes) {
         const bool isKnown =
             std::any_of(known.Attributes.begin(), known.Attributes.end(),
                         [&name = name](const TKnownAttribute& row) { return name == row.Name; });
-        if (!isKnown) AddOnce(DIAGNOSTIC_UNKNOWN_ATTRIBUTE, {name, known.Name}, place);
+        if (!isKnown)
+            AddOnce(DIAGNOSTIC_UNKNOWN_ATTRIBUTE, {std::string(name), known.Name}, start.Place);
     }
 }
 
-void TDocumentWords::CheckWord(TWordKind kind, const char* text, std::uint32_t place) {
+void TDocumentWords::CheckWord(TWordKind kind, std::string_view text, std::uint32_t place) {
     if (kind == WORD_ANY) return;
     const std::string word = Trimmed(text);
     if (word.empty() && kind != WORD_NEEDED_LANGUAGE) return;

@@ -1,7 +1,7 @@
 #pragma once
 #include "flows/diagnosticrules.h"
 #include "flows/knownelements.h"
-#include "services/xml/xmllist.h"
+#include "services/xml/elementvisit.h"
 #include <set>
 
 /// Meets the elements of a build file one after the other, in document order, and finds the words
@@ -9,8 +9,7 @@
 /// that cannot be read. What is repeated is found once, at its first place; settings each time.
 class TDocumentWords {
 public:
-    /// `place` is that of the element in the document.
-    void Meet(const TElement& element, std::uint32_t place);
+    void Meet(const TMetElement& element);
     /// In the order in which they were met: a list at its end.
     const std::vector<TDiagnostic>& GetDiagnostics() const { return Diagnostics; }
 
@@ -22,14 +21,14 @@ private:
         bool IsBroken = false;  // holds what a reader of lists stops at
     };
 
-    void Open(const TElement& start, std::uint32_t place);
+    void Open(const TMetElement& start);
     void Close();
     const TKnownElement* FindKnown(std::string_view name);
     void MeetInList(const TKnownElement* known);
     void MeetUnknown(const std::string& name, std::uint32_t place);
-    void MeetText(const TElement& text, std::uint32_t place);
-    void CheckAttributes(const TKnownElement& known, const TElement& start, std::uint32_t place);
-    void CheckWord(TWordKind kind, const char* text, std::uint32_t place);
+    void MeetText(const TMetElement& text);
+    void CheckAttributes(const TKnownElement& known, const TMetElement& start);
+    void CheckWord(TWordKind kind, std::string_view text, std::uint32_t place);
     void AddOnce(TDiagnosticCode code, std::vector<std::string> names, std::uint32_t place);
     void Add(TDiagnosticCode code, std::vector<std::string> names, std::uint32_t place) {
         Diagnostics.push_back({code, std::move(names), {}, place});

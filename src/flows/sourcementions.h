@@ -1,18 +1,20 @@
 #pragma once
 #include "flows/documentfindings.h"
-#include "services/xml/xmllist.h"
+#include "services/names/isfilename.h"
+#include "services/xml/elementvisit.h"
+#include <deque>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
-class TDocumentWords;
-
-/// The sources that a build file names, in its order, with their places.
+/// The sources that a build file names, in its order, with their places. Meets the elements of the
+/// document one after the other; the questions are for the time behind the last one.
 class TSourceMentions {
 public:
-    /// Lets `words` meet each element. Deletes the elements, which it is done with. Paths are
-    /// relative to `directory`.
-    TSourceMentions(TXMLList* document, const TXMLPlaces& places, const char* directory,
-                    TDocumentWords* words);
+    /// Paths are relative to `directory`.
+    explicit TSourceMentions(const char* directory);
+
+    void Meet(const TMetElement& element);
 
     std::vector<TRepeatedSource> FindRepeated() const;
     std::vector<TSpelledSource> FindSpelled() const;
@@ -23,54 +25,52 @@ public:
     std::uint32_t FindPlace(const ISFileName* file) const;
 
 private:
-    struct TSameIgnoringCase {
-        bool operator()(std::string_view a, std::string_view b) const {
-            return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                              [](char x, char y) { return Folded(x) == Folded(y); });
-        }
-        static char Folded(char c) {
-            return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-        }
-    };
-
-    struct THashIgnoringCase {
-        std::size_t operator()(std::string_view text) const {
-            std::uint64_t hash = 0xcbf29ce484222325U;
-            for (const char c : text)
-                hash = (hash ^ static_cast<unsigned char>(TSameIgnoringCase::Folded(c))) *
-                       0x100000001b3U;
-            return static_cast<std::size_t>(hash ^ hash >> 32);
-        }
-    };
-
     /// What all mentions that are equal ignoring case have in common.
     struct TName {
         const ISFileName* First = nullptr;
-        std::size_t Listings = 0;
+        std::uint32_t Listings = 0;
         std::uint32_t Place = kNoXMLPlace;  // of the first listing
         bool IsSpelled = false;             // in two ways at least
     };
 
-    /// One way in which the document names a source. Handles are the same for the same spelling.
-    struct TMention {
+    struct TListed {
         const ISFileName* File;
-        const ISFileName* Dependent;  // null for a listed source and for an entry without a name
         std::uint32_t Language;
         std::uint32_t Library;
         std::uint32_t Place;
-        const TName* Name = nullptr;
     };
 
-    void Collect(TXMLList* document, const TXMLPlaces& places, const char* directory,
-                 TDocumentWords* words);
-    std::uint32_t NumberOfLibrary(const char* name);
-    void CompareNames();
-    void Meet(TMention* mention, bool isListed);
+    /// Handles are the same for the same spelling.
+    struct TDependency {
+        const ISFileName* File;
+        const ISFileName* Dependent;  // null for an entry without a name
+        std::uint32_t Place;
+    };
+
+    void MeetStart(const TMetElement& start);
+    void MeetFile(std::string_view text);
+    const ISFileName* FileOf(std::string_view text);
+    std::uint32_t NumberOfLibrary(std::string_view name);
+    TName& Note(const ISFileName* file);
+    const TName& NameOf(const ISFileName* file) const;
+    bool IsMetFirst(const ISFileName* dependency);
+
+    std::string Directory;  // with a delimiter at its end
+    std::string Path;       // of the last file
+
+    // Of the tag whose file is to come, if there is one.
+    enum { NO_TAG, SOURCE_TAG, DEPENDENCY_TAG } Tag = NO_TAG;
+    std::uint32_t Library = 0;
+    std::uint32_t Place = 0;
+    const ISFileName* Source = nullptr;  // met last
 
     std::vector<std::string> Languages = {""};
     std::vector<std::string> Libraries = {""};
     std::unordered_map<std::string, std::uint32_t> NumbersOfLibraries;
-    std::vector<TMention> Listed;
-    std::vector<TMention> Dependencies;  // each spelling once
-    std::unordered_map<std::string_view, TName, THashIgnoringCase, TSameIgnoringCase> Names;
+    // They stay where they are: doubling would need three times the memory.
+    std::deque<TListed> Listed;
+    std::deque<TDependency> Dependencies;             // each spelling once
+    std::vector<const ISFileName*> Met;               // first of each file, by number
+    std::unordered_set<const ISFileName*> OthersMet;  // other spellings
+    std::vector<TName> Names;                         // by number
 };

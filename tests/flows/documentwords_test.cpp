@@ -16,14 +16,12 @@ namespace {
 
 /// A line for each finding: place, code, names.
 std::string WordsOf(const std::string& document, bool withPlaces = true) {
-    TXMLList list;
-    TXMLPlaces places;
-    list.SetDocumentType("<!DOCTYPE HdlBuildFileList>");
-    EXPECT_TRUE(list.ReadFromText(document, nullptr, &places)) << document;
     TDocumentWords words;
-    std::size_t number = 0;
-    for (DListIterator<TElement*> element(list); element.NotAtTail(); ++element)
-        words.Meet(*element.Current(), places[number++]);
+    std::string text = document;
+    EXPECT_TRUE(VisitElements(
+        &text, "<!DOCTYPE HdlBuildFileList>", PROGRESS_CHECK_ELEMENTS,
+        [&words](const TMetElement& element) { words.Meet(element); }, nullptr))
+        << document;
     std::string lines;
     for (const TDiagnostic& diagnostic : words.GetDiagnostics()) {
         if (withPlaces) lines += std::to_string(diagnostic.Place) + " ";

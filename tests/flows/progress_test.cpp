@@ -51,19 +51,18 @@ TEST_F(FlowProgress, OfCyclesCountsTheSourcesTwice) {
               "check sources ended\n");
 }
 
-// Six elements for a source, two for the build and two for the group. The read has met all files
-// but the last dependency, which is too little to be told.
-TEST_F(FlowProgress, OfADocumentCountsElementsAndNames) {
-    const ISFileName* file = Write(1030);
+// The first 64 KiB end in front of a tag. The read has met all files but the last dependency, which
+// is too little to be told.
+TEST_F(FlowProgress, OfADocumentCountsBytesAndNames) {
+    const ISFileName* file = Write(1200);
     const THdlBuildFile build(file);
     RecordingProgress observer;
     EXPECT_TRUE(CheckDocument(file).Repeated.empty());
     EXPECT_EQ(observer.Take(),
-              "check elements 0/6184\ncheck elements 1024/6184\ncheck elements 2048/6184\n"
-              "check elements 3072/6184\ncheck elements 4096/6184\ncheck elements 5120/6184\n"
-              "check elements 6144/6184\ncheck elements 6184/6184\ncheck elements ended\n"
-              "check names 0/2060\ncheck names 1024/2060\ncheck names 2048/2060\n"
-              "check names 2060/2060\ncheck names ended\n");
+              "check elements 0/67519\ncheck elements 65553/67519\ncheck elements 67519/67519\n"
+              "check elements ended\n"
+              "check names 0/2400\ncheck names 1024/2400\ncheck names 2048/2400\n"
+              "check names 2400/2400\ncheck names ended\n");
 }
 
 // Each of the sources and the last dependency, when no read has met them.

@@ -227,6 +227,7 @@ int RunCheck(const TBuildArguments& arguments, const TToolStreams& streams) {
     const int status = LoadBuild(arguments.Build, streams, &build);
     if (status == kExitFile) return status;
     const TCheckedBuild checked{build, arguments.Paths, CheckDocument(build.GetFileName())};
-    return ReportFindings(FindAll(FindingKinds(), checked), arguments.Build, checked.Document.Text,
+    const auto readText = [&] { return checked.Document.ReadText(build.GetFileName()); };
+    return ReportFindings(FindAll(FindingKinds(), checked), arguments.Build, readText,
                           MakeResult("hdlbuild-check", "build", arguments.Build), options, streams);
 }

@@ -19,13 +19,19 @@ TDiagnosticSeverity SeverityOf(TDiagnosticCode code, const TReportOptions& optio
     return options.Strict && severity == SEVERITY_WARNING ? SEVERITY_ERROR : severity;
 }
 
-/// The lines of the text are looked for once, when a fault has a place.
-void Locate(TReport* report) {
-    std::vector<std::size_t> lines;
+bool HasPlace(const TReportedDiagnostic& diagnostic) {
+    return diagnostic.Fault->Place != kNoXMLPlace;
+}
+
+/// The text is read and its lines are looked for when a fault has a place.
+void Locate(const std::function<std::string()>& readText, TReport* report) {
+    if (!std::any_of(report->Diagnostics.begin(), report->Diagnostics.end(), HasPlace)) return;
+    report->Text = readText();
+    if (report->Text.empty()) return;
+    const std::vector<std::size_t> lines = FindLinesOfDocument(report->Text);
     for (TReportedDiagnostic& diagnostic : report->Diagnostics) {
+        if (!HasPlace(diagnostic)) continue;
         const std::size_t place = diagnostic.Fault->Place;
-        if (place == kNoXMLPlace) continue;
-        if (lines.empty()) lines = FindLinesOfDocument(report->Text);
         const auto next = std::upper_bound(lines.begin() + 1, lines.end(), place);
         diagnostic.Line = static_cast<int>(next - lines.begin());
         diagnostic.LineBegin = *std::prev(next);
@@ -131,14 +137,15 @@ int CheckReportOptions(const TReportOptions& options, const TToolStreams& stream
     return kExitDone;
 }
 
-int ReportFindings(const TFindings& findings, const std::string& file, std::string_view text,
-                   TJson result, const TReportOptions& options, const TToolStreams& streams) {
-    TReport report{file, text, {}, std::move(result)};
+int ReportFindings(const TFindings& findings, const std::string& file,
+                   const std::function<std::string()>& readText, TJson result,
+                   const TReportOptions& options, const TToolStreams& streams) {
+    TReport report{file, {}, {}, std::move(result)};
     for (const auto& [key, found] : findings)
         for (const TDiagnostic& diagnostic : found.Diagnostics)
             if (!IsSuppressed(diagnostic.Code, options))
                 report.Diagnostics.push_back({&diagnostic, SeverityOf(diagnostic.Code, options)});
-    Locate(&report);
+    Locate(readText, &report);
     report.Result["clean"] = report.Diagnostics.empty();
     for (const auto& [key, found] : findings)
         if (key) report.Result[key] = found.Json;

@@ -2,6 +2,7 @@
 #include "cli/frame/command.h"
 #include "cli/frame/json.h"
 #include "flows/diagnosticrules.h"
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -73,8 +74,8 @@ struct TReportedDiagnostic {
 
 /// All faults that are not suppressed, in the order of the rows.
 struct TReport {
-    std::string File;       ///< as the user named it
-    std::string_view Text;  ///< of the file
+    std::string File;  ///< as the user named it
+    std::string Text;  ///< of the file, when a diagnostic has a place in it
     std::vector<TReportedDiagnostic> Diagnostics;
     TJson Result;  ///< the JSON object, with all members
 };
@@ -88,11 +89,13 @@ struct TReportOptions {
 /// kExitUsage, with an error line on Err, for an unknown format or code; else kExitDone.
 int CheckReportOptions(const TReportOptions& options, const TToolStreams& streams);
 
-/// Prints the findings about `file`, whose text is `text`, in a format of the options that
-/// CheckReportOptions accepts; as JSON `result` with "clean", a member for each kind that has a
-/// key, and "diagnostics". Returns kExitProblems when one of them is an error, else kExitDone.
-int ReportFindings(const TFindings& findings, const std::string& file, std::string_view text,
-                   TJson result, const TReportOptions& options, const TToolStreams& streams);
+/// Prints the findings about `file` in a format of the options that CheckReportOptions accepts; as
+/// JSON `result` with "clean", a member for each kind that has a key, and "diagnostics". `readText`
+/// is asked for the text of the file when there are places in it; they are left out when it is "".
+/// Returns kExitProblems when one of them is an error, else kExitDone.
+int ReportFindings(const TFindings& findings, const std::string& file,
+                   const std::function<std::string()>& readText, TJson result,
+                   const TReportOptions& options, const TToolStreams& streams);
 
 /// A log of SARIF 2.1.0 with one run.
 TJson MakeSarif(const TReport& report);

@@ -20,7 +20,7 @@ constexpr TWorkText kWorkTexts[] = {
     {PROGRESS_WRITE_SOURCES, "writing", "sources"},
     {PROGRESS_CHECK_SOURCES, "checking", "sources"},
     {PROGRESS_CHECK_NAMES, "checking", "names"},
-    {PROGRESS_CHECK_ELEMENTS, "checking", "elements"},
+    {PROGRESS_CHECK_ELEMENTS, "checking", "bytes"},
     {PROGRESS_SCAN_SOURCES, "scanning", "sources"},
 };
 

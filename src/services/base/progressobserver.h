@@ -10,7 +10,7 @@ enum TProgressWork {
     PROGRESS_WRITE_SOURCES = 3,   ///< a group's sources are written into a document
     PROGRESS_CHECK_SOURCES = 4,   ///< sources are checked; the library itself reports no checks
     PROGRESS_CHECK_NAMES = 5,     ///< names of sources are checked
-    PROGRESS_CHECK_ELEMENTS = 6,  ///< elements of a document are checked
+    PROGRESS_CHECK_ELEMENTS = 6,  ///< elements of a document are checked: its bytes
     PROGRESS_SCAN_SOURCES = 7,    ///< sources are scanned, which the library itself does not do
 };
 

@@ -286,6 +286,10 @@ TFileIdentity GetFileIdentity(const ISFileName* file) {
     return TFileIdentity(SharedHandleOf(ISFileName::NewISFileName(text))->GetFirst());
 }
 
+std::size_t GetFileNumber(const ISFileName* file) {
+    return GetFileIdentity(file).GetNumber();
+}
+
 std::size_t TFileIdentity::GetNumber() const {
     return static_cast<const TSharedFileName*>(First)->GetNumber();
 }

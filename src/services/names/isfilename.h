@@ -83,6 +83,8 @@ private:
 
 /// The identity of `file`; of the blank name for null and for a tracked name without handle.
 TFileIdentity GetFileIdentity(const ISFileName* file);
+/// The number of the file's identity, for tables of what callers know of files.
+HDLBUILDFILE_API std::size_t GetFileNumber(const ISFileName* file);
 
 /// Whether `file` is a handle that NewISFileName made: its text never changes.
 bool IsSharedHandle(const ISFileName* file);

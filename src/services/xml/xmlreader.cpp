@@ -13,24 +13,38 @@ namespace {
 
 constexpr std::size_t kBytesAReport = std::size_t{1} << 16;
 
+/// What becomes of the elements: they are kept, with their places unless that is null, or visited.
+struct TElementTarget {
+    TElementSequence* Elements = nullptr;
+    TXMLPlaces* Places = nullptr;
+    const TElementVisit* Visit = nullptr;  // null: they are kept
+    TProgressWork Work = PROGRESS_READ_DOCUMENT;
+
+    void Clear() const {
+        if (Elements) Elements->Clear();
+        if (Places) Places->clear();
+    }
+};
+
 class TDocumentReader {
 public:
     TDocumentReader(std::string_view document, const TXMLEncoding& encoding,
-                    std::string_view droppedRoot, bool holdsRoot, TElementSequence* elements,
-                    TXMLPlaces* places)
+                    std::string_view droppedRoot, bool holdsRoot, const TElementTarget& target)
         : Run(encoding, this),
           Rest(document),
           UnitSize(encoding.UnitSize),
           DroppedRoot(droppedRoot),
           MaxLevels(kMaxXMLNesting + (holdsRoot ? 1 : 0)),
-          Elements(*elements),
-          Places(places),
-          Progress(PROGRESS_READ_DOCUMENT, document.size(), kBytesAReport) {
+          Elements(target.Elements),
+          Places(target.Places),
+          Visit(target.Visit),
+          Progress(target.Work, document.size(), kBytesAReport) {
         XML_Parser parser = Run.GetParser();
         XML_SetElementHandler(parser, Progress.IsObserved() ? OnObservedStart : OnStart, OnEnd);
         XML_SetCharacterDataHandler(parser, OnText);
         XML_SetStartCdataSectionHandler(parser, OnCdataSection);
-        if (places) NotePlaces();
+        if (Places) NotePlaces();
+        if (Visit) NoteBeginOfTexts();
         XML_SetDefaultHandler(parser, OnTokenBeforeRoot);
     }
 
@@ -49,7 +63,7 @@ public:
     std::string GetReason() const {
         if (Run.GetError() != XML_ERROR_NO_ELEMENTS || !RootSeen) return Run.GetReason();
         return "the document ends inside element \"" +
-               (Open.empty() ? std::string(DroppedRoot) : Open.back()->Name.Str()) + "\"";
+               (Open.empty() ? std::string(DroppedRoot) : GetNameOfInnermost()) + "\"";
     }
     bool HasWrongEnd() const { return Run.GetError() == XML_ERROR_TAG_MISMATCH; }
     std::size_t GetFailurePlace() const { return Run.GetFailurePlace(); }
@@ -67,12 +81,19 @@ private:
         return Run.ParseCopy(copy, true);
     }
 
+    std::string GetNameOfInnermost() const {
+        return Visit ? VisitedNames.back() : Open.back()->Name.Str();
+    }
+
     // Handlers of their own: most documents are read without places.
     void NotePlaces() {
-        XML_Parser parser = Run.GetParser();
-        XML_SetElementHandler(parser, OnPlacedStart, OnPlacedEnd);
-        XML_SetCharacterDataHandler(parser, OnPlacedText);
-        XML_SetStartCdataSectionHandler(parser, OnPlacedCdataSection);
+        XML_SetElementHandler(Run.GetParser(), OnPlacedStart, OnPlacedEnd);
+        NoteBeginOfTexts();
+    }
+
+    void NoteBeginOfTexts() {
+        XML_SetCharacterDataHandler(Run.GetParser(), OnPlacedText);
+        XML_SetStartCdataSectionHandler(Run.GetParser(), OnPlacedCdataSection);
     }
 
     static void OnPlacedStart(void* userData, const XML_Char* name, const XML_Char** attributes) {
@@ -99,7 +120,7 @@ private:
 
     // Only what was pushed has a place: the dropped root and a refused element are not.
     void PlaceElement() {
-        if (Places->size() < Elements.GetCount()) AddPlace(Run.GetTokenBegin());
+        if (Places->size() < Elements->GetCount()) AddPlace(Run.GetTokenBegin());
     }
 
     void BeginText() {
@@ -110,8 +131,9 @@ private:
         if (TextCounts) AddPlace(TextBegin);
     }
 
-    void AddPlace(std::size_t place) {
-        Places->push_back(static_cast<std::uint32_t>(std::min<std::size_t>(place, kNoXMLPlace)));
+    void AddPlace(std::size_t place) { Places->push_back(PlaceOf(place)); }
+    static std::uint32_t PlaceOf(std::size_t place) {
+        return static_cast<std::uint32_t>(std::min<std::size_t>(place, kNoXMLPlace));
     }
 
     static TDocumentReader& From(void* userData) {
@@ -153,14 +175,29 @@ private:
         Attributes.clear();
         for (; attributes[0]; attributes += 2)
             Attributes.emplace_back(attributes[0], attributes[1]);
-        Open.push_back(Elements.Push(TElement::START, name, {}, Attributes));
+        if (Visit) return VisitStart(name);
+        Open.push_back(Elements->Push(TElement::START, name, {}, Attributes));
     }
 
     void End() {
         FinishText();
         if (Open.empty()) return;  // the dropped root
-        Elements.PushEnd(*Open.back());
+        if (Visit)
+            VisitEnd();
+        else
+            Elements->PushEnd(*Open.back());
         Open.pop_back();
+    }
+
+    void VisitStart(std::string_view name) {
+        Open.push_back(nullptr);
+        VisitedNames.emplace_back(name);
+        (*Visit)({TElement::START, name, {}, Attributes, PlaceOf(Run.GetTokenBegin())});
+    }
+
+    void VisitEnd() {
+        (*Visit)({TElement::END, VisitedNames.back(), {}, {}, PlaceOf(Run.GetTokenBegin())});
+        VisitedNames.pop_back();
     }
 
     void AddText(std::string_view text) {
@@ -169,9 +206,16 @@ private:
     }
 
     void FinishText() {
-        if (TextCounts) Elements.Push(TElement::TEXT, {}, Text);
+        if (TextCounts) PushText();
         Text.clear();
         TextCounts = false;
+    }
+
+    void PushText() {
+        if (Visit)
+            (*Visit)({TElement::TEXT, {}, Text, {}, PlaceOf(TextBegin)});
+        else
+            Elements->Push(TElement::TEXT, {}, Text);
     }
 
     // Whether blank text at the present token was written as a reference.
@@ -186,11 +230,13 @@ private:
     std::size_t UnitSize;
     std::string_view DroppedRoot;
     std::size_t MaxLevels;
-    TElementSequence& Elements;
-    TXMLPlaces* Places;  // null: nobody wants them
+    TElementSequence* Elements;  // null when they are visited
+    TXMLPlaces* Places;          // null: nobody wants them
+    const TElementVisit* Visit;
     std::size_t TextBegin = 0;
     TProgress Progress;
-    std::vector<const TElement*> Open;
+    std::vector<const TElement*> Open;       // null ones when they are visited
+    std::vector<std::string> VisitedNames;   // of the open ones
     std::vector<TAttributeView> Attributes;  // of the present tag
     std::string Text;
     bool TextCounts = false;
@@ -204,13 +250,9 @@ bool Fail(std::string_view document, const TXMLEncoding& encoding, std::size_t p
     return false;
 }
 
-}  // namespace
-
-bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
-                     TElementSequence* elements, TXMLReadError* error, std::string* documentType,
-                     std::string* released, TXMLPlaces* places) {
-    elements->Clear();
-    if (places) places->clear();
+bool Read(std::string_view document, std::string_view droppedRoot, const TElementTarget& target,
+          TXMLReadError* error, std::string* documentType, std::string* released) {
+    target.Clear();
     if (documentType) documentType->clear();
     const TXMLEncoding encoding = DetectXMLEncoding(document);
     if (encoding.Refusal) return Fail(document, encoding, 0, encoding.Refusal, error);
@@ -220,14 +262,12 @@ bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
     if (!prologue.Reason.empty())
         return Fail(document, encoding, prologue.FailurePlace, prologue.Reason, error);
     if (documentType) *documentType = prologue.DocumentType;
-    TDocumentReader reader(document, encoding, droppedRoot, documentType != nullptr, elements,
-                           places);
+    TDocumentReader reader(document, encoding, droppedRoot, documentType != nullptr, target);
     const std::string beginning(document.substr(0, prologue.DocumentTypeEnd));
     const std::string blanked = BlankDocumentType(document, encoding, prologue);
     if (reader.Read(blanked, released)) return true;
     std::string reason = reader.GetReason();
-    elements->Clear();
-    if (places) places->clear();
+    target.Clear();
     std::string whole;
     if (released && released->empty()) {
         whole = beginning + std::string(reader.GetRest());
@@ -236,4 +276,17 @@ bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
     if (reader.HasWrongEnd())
         reason += ": " + DescribeOpenElement(document, encoding, blanked) + " is still open";
     return Fail(document, encoding, reader.GetFailurePlace(), reason, error);
+}
+
+}  // namespace
+
+bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
+                     TElementSequence* elements, TXMLReadError* error, std::string* documentType,
+                     std::string* released, TXMLPlaces* places) {
+    return Read(document, droppedRoot, {elements, places}, error, documentType, released);
+}
+
+bool VisitXMLDocument(std::string_view document, std::string_view droppedRoot, TProgressWork work,
+                      const TElementVisit& visit, TXMLReadError* error, std::string* released) {
+    return Read(document, droppedRoot, {nullptr, nullptr, &visit, work}, error, nullptr, released);
 }

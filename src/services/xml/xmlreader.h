@@ -1,5 +1,6 @@
 #pragma once
 #include "services/xml/elementsequence.h"
+#include "services/xml/elementvisit.h"
 #include "services/xml/xmllist.h"
 #include <string>
 #include <string_view>
@@ -21,3 +22,7 @@ bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
                      TElementSequence* elements, TXMLReadError* error,
                      std::string* documentType = nullptr, std::string* released = nullptr,
                      TXMLPlaces* places = nullptr);
+
+/// The same without keeping them: on failure, those in front of the fault have been visited.
+bool VisitXMLDocument(std::string_view document, std::string_view droppedRoot, TProgressWork work,
+                      const TElementVisit& visit, TXMLReadError* error, std::string* released);

@@ -44,8 +44,8 @@ std::string Report(const TText& text, bool isJson) {
     if (isJson) options.Format = "json";
     std::ostringstream out;
     std::ostringstream err;
-    const int status = ReportFindings(FindAll(kinds, text), "a\n.txt", text, {{"format", "f"}},
-                                      options, {out, err});
+    const int status = ReportFindings(FindAll(kinds, text), "a\n.txt", [&] { return text; },
+                                      {{"format", "f"}}, options, {out, err});
     return std::to_string(status) + "\n" + out.str() + err.str();
 }
 

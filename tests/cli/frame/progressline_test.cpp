@@ -116,7 +116,7 @@ TEST_F(ProgressLine, NamesEveryWork) {
               "\nwriting: 25 % (9,000 of 36,000 sources)"
               "\nchecking: 25 % (9,000 of 36,000 sources)"
               "\nchecking: 25 % (9,000 of 36,000 names)"
-              "\nchecking: 25 % (9,000 of 36,000 elements)"
+              "\nchecking: 25 % (9,000 of 36,000 bytes)"
               "\nscanning: 25 % (9,000 of 36,000 sources)");
 }
 

@@ -235,6 +235,7 @@ TEST(SFileName, IsIdentifiedWithoutRegardToCase) {
     EXPECT_TRUE(identity == GetFileIdentity(lower));
     EXPECT_EQ(identity.GetNumber(), GetFileIdentity(lower).GetNumber());
     EXPECT_NE(identity.GetNumber(), GetFileIdentity(other).GetNumber());
+    EXPECT_EQ(GetFileNumber(lower), identity.GetNumber());
     EXPECT_FALSE(identity == GetFileIdentity(other));
     EXPECT_FALSE(identity.IsNone());
     EXPECT_TRUE(TFileIdentity().IsNone());

@@ -1,0 +1,14 @@
+#include "services/xml/elementvisit.h"
+
+#include "services/xml/xmlprologue.h"
+#include "services/xml/xmlreader.h"
+#include "services/xml/xmltext.h"
+
+bool VisitElements(std::string* document, const char* documentType, TProgressWork work,
+                   const TElementVisit& visit, TXMLReadError* error) {
+    TXMLReadError found;
+    const std::string droppedRoot = GetDocumentTypeRoot(ToUtf8(documentType));
+    const bool isVisited = VisitXMLDocument(*document, droppedRoot, work, visit, &found, document);
+    if (error) *error = found;
+    return isVisited;
+}
