@@ -88,7 +88,7 @@ TExported WriteDepfile(const TExportRequest& request) {
         if (HasAny(name, "\t\n\r\\:*?[]%"))
             writer.Refuse(name, "make reads one of its characters as something else");
         else
-            rule += " \\\n  " + DepfileName(name);
+            rule.append(" \\\n  ").append(DepfileName(name));
     }
     writer.AddLine(rule);
     LoseAllSettings(&writer);
@@ -111,9 +111,9 @@ TExported WriteLibraryMap(const TExportRequest& request) {
     for (const TPlanSource& source : request.Plan.Sources)
         if (source.Language == LANGUAGE_VERILOG)
             take(source.Path, "\n  ", &libraries[source.Library]);
+    const std::string end = folders.empty() ? ";" : "\n  -incdir" + folders + ";";
     for (const auto& [library, files] : libraries)
-        writer.AddLine("library " + library + files +
-                       (folders.empty() ? ";" : "\n  -incdir" + folders + ";"));
+        writer.AddLine(std::string("library ").append(library).append(files).append(end));
     if (!settings.LibraryDirectories.empty()) writer.Lose("library directories");
     if (!settings.Defines.empty()) writer.Lose("defines");
     writer.LoseOtherLanguages({LANGUAGE_VERILOG});
