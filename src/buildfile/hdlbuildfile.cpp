@@ -247,6 +247,10 @@ void THdlBuildFile::AddSimTool(TBaseSimTool* tool) {
     Parts->SimTools.AddSimTool(tool);
 }
 
+bool THdlBuildFile::RemoveSimTool(THdlLanguage language) {
+    return Parts->SimTools.RemoveSimTool(language);
+}
+
 TBaseSimTool* THdlBuildFile::GetSimTool(THdlLanguage language) {
     return Parts->SimTools.GetSimTool(language);
 }

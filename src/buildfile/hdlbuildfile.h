@@ -119,6 +119,8 @@ public:
 
     /// Takes ownership; a tool that had the language stays valid.
     void AddSimTool(TBaseSimTool* tool);
+    /// The tool of the language stays valid. False when there is none.
+    bool RemoveSimTool(THdlLanguage language);
     /// Null when the language has none.
     TBaseSimTool* GetSimTool(THdlLanguage language);
     const TBaseSimTool* GetSimTool(THdlLanguage language) const;

@@ -14,6 +14,10 @@ void TSimToolMap::AddSimTool(TBaseSimTool* tool) {
     Tools[tool->GetLanguage()] = tool;
 }
 
+bool TSimToolMap::RemoveSimTool(THdlLanguage language) {
+    return Tools.erase(language) > 0;
+}
+
 const TBaseSimTool* TSimToolMap::GetSimTool(THdlLanguage language) const {
     const auto entry = Tools.find(language);
     return entry == Tools.end() ? nullptr : entry->second;

@@ -18,6 +18,9 @@ public:
     /// stays valid as long as the map or GetCallersShare(). Null is ignored.
     void AddSimTool(TBaseSimTool* tool);
 
+    /// False when the language has none. The tool stays valid as one that is replaced.
+    bool RemoveSimTool(THdlLanguage language);
+
     /// Null when the language has none. The tool stays the map's.
     const TBaseSimTool* GetSimTool(THdlLanguage language) const;
     TBaseSimTool* GetSimTool(THdlLanguage language);

@@ -50,6 +50,17 @@ TEST(HdlBuildFile, IgnoresNullObjects) {
     EXPECT_EQ(TextOf(build), kFresh);
 }
 
+TEST(HdlBuildFile, RemovesASimulator) {
+    THdlBuildFile build;
+    EXPECT_FALSE(build.RemoveSimTool(LANGUAGE_VHDL));
+    auto* const tool = new TBaseSimTool;  // the build's
+    tool->SetLanguage(LANGUAGE_VHDL);
+    build.AddSimTool(tool);
+    EXPECT_TRUE(build.RemoveSimTool(LANGUAGE_VHDL));
+    EXPECT_EQ(build.GetSimTool(LANGUAGE_VHDL), nullptr);
+    EXPECT_EQ(TextOf(build), kFresh);
+}
+
 TEST(HdlBuildFile, DoesNothingWithTheDiskWithoutAName) {
     RecordingMessageBox box;
     THdlBuildFile build(nullptr);

@@ -37,6 +37,8 @@ const std::map<std::string, TLine>& CommandLines() {
         {"top force", {"top", "b.xml", "force", "on"}},
         {"set", {"set", "b.xml", "SnapshotName", "s"}},
         {"get", {"get", "b.xml"}},
+        {"tool", {"tool", "b.xml", "VHDL", "Scirocco"}},
+        {"use", {"use", "b.xml", "p.hpj"}},
         {"scan", {"scan", "d.xml"}},
         {"graph", {"graph", "d.xml"}},
         {"export", {"export", "d.xml", "--to", "ghdl"}},
@@ -214,6 +216,8 @@ TEST(CommandTable, ADryRunSaysTheSameAndChangesNothing) {
               "top remove\n"
               "top force\n"
               "set\n"
+              "tool\n"
+              "use\n"
               "scan\n"
               "settings current\n"
               "settings copy\n"

@@ -50,6 +50,23 @@ public:
 
 }  // namespace
 
+TEST(BuildChanges, TellWhichGroupsTheNextSaveLeavesOut) {
+    TSimWrapHdlBuildFile build;
+    build.SetTopLanguage(LANGUAGE_VHDL);
+    for (const THdlLanguage language : {LANGUAGE_VERILOG, LANGUAGE_VHDL, LANGUAGE_SYSTEMC})
+        build.GetSourceFileGroup(language)->AddSourceFile(
+            build.CreateOrGetSourceFile(GetStringFromHdlLanguage(language)), false);
+    (void)build.GetSourceFileGroup(LANGUAGE_TESTBUILDER);
+    using TLanguages = std::vector<THdlLanguage>;
+    EXPECT_EQ(ListUnsavedGroups(build), (TLanguages{LANGUAGE_VERILOG, LANGUAGE_SYSTEMC}));
+    build.SetGeneralConfiguration(new TProjectSimGeneralConfig);
+    EXPECT_EQ(ListUnsavedGroups(build), TLanguages{LANGUAGE_VERILOG});
+    build.SetTopLanguage(LANGUAGE_VERILOG);
+    EXPECT_EQ(ListUnsavedGroups(build), TLanguages{LANGUAGE_VHDL});
+    build.GetGeneralConfiguration()->SetCompileVHDLFiles(true);
+    EXPECT_EQ(ListUnsavedGroups(build), TLanguages{});
+}
+
 TEST(BuildChanges, AddASourceOnce) {
     FourSources build;
     EXPECT_EQ(AddSource(build, Name("B.VHD"), LANGUAGE_VHDL), nullptr);

@@ -117,6 +117,24 @@ TEST(SimToolMap, ClearDeletesTheMappedTools) {
     EXPECT_EQ(tools.GetSimToolLanguages(), std::vector<THdlLanguage>());
 }
 
+TEST(SimToolMap, KeepsARemovedToolValid) {
+    {
+        TSimToolMap tools;
+        auto* vcs = new CountedTool(SIM_VCS, LANGUAGE_VERILOG);
+        tools.AddSimTool(vcs);
+        tools.AddSimTool(new CountedTool(SIM_SCIROCCO, LANGUAGE_VHDL));
+        EXPECT_TRUE(tools.RemoveSimTool(LANGUAGE_VERILOG));
+        EXPECT_FALSE(tools.RemoveSimTool(LANGUAGE_VERILOG));
+        EXPECT_EQ(tools.GetSimTool(LANGUAGE_VERILOG), nullptr);
+        EXPECT_EQ(tools.GetSimToolLanguages(), std::vector<THdlLanguage>{LANGUAGE_VHDL});
+        EXPECT_EQ(vcs->GetSimulatorType(), SIM_VCS);
+        tools.AddSimTool(vcs);
+        EXPECT_EQ(tools.GetSimTool(LANGUAGE_VERILOG), vcs);
+        EXPECT_TRUE(tools.RemoveSimTool(LANGUAGE_VERILOG));
+    }
+    EXPECT_EQ(CountedTool::Alive, 0);
+}
+
 TEST(SimToolMap, ReadsBackWhatItWrote) {
     TXMLList document;
     PushElements(&document, kSection);

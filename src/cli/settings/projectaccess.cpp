@@ -1,8 +1,6 @@
 #include "cli/settings/projectaccess.h"
-#include "cli/frame/filereports.h"
-#include "cli/frame/knownnames.h"
+#include "cli/frame/projectconfigurations.h"
 #include "cli/frame/settingstext.h"
-#include "cli/frame/texts.h"
 #include "flows/editrules.h"
 #include "flows/textreaders.h"
 #include "services/ini/propcache.h"
@@ -65,13 +63,7 @@ int TProjectAccess::ReadFile(bool mayBeMissing) {
     else
         Settings.SetProjectFileName(GetFile());
     if (result == HPJ_FILE_DONE || (error.Missing && mayBeMissing)) return kExitDone;
-    if (result == HPJ_FILE_UNREADABLE)
-        ReportReadError(error, Arguments.Project, Streams);
-    else
-        ReportError(Streams, Arguments.Project + ": " + THpjFile::GetErrorString(result));
-    const bool isProblem =
-        result == HPJ_FILE_INVALID_SETTINGS || result == HPJ_FILE_REPEATED_SETTINGS;
-    return isProblem ? kExitProblems : kExitFile;
+    return ReportProjectResult(result, error, Arguments.Project, Streams);
 }
 
 std::string TProjectAccess::GetDirectory() const {
@@ -79,14 +71,7 @@ std::string TProjectAccess::GetDirectory() const {
 }
 
 TProjectSimConfig* TProjectAccess::FindConfiguration() {
-    const std::string& name = Arguments.Configuration;
-    if (TProjectSimConfig* configuration = Settings.GetConfiguration(name.c_str()))
-        return configuration;
-    const std::vector<std::string> known = NamesOf(Settings);
-    ReportError(Streams, known.empty()
-                             ? "unknown configuration '" + name + "': the project has none"
-                             : UnknownName("configuration", name, known));
-    return nullptr;
+    return ::FindConfiguration(Settings, Arguments.Configuration, Streams);
 }
 
 int TProjectAccess::Save(const char* verb) {
@@ -158,13 +143,6 @@ TState TProjectAccess::StateOf(const TProjectSimSettings& settings) const {
             state.emplace_back(labels[i] + ": " + language + setting.Key, std::move(setting.Value));
         }
     return state;
-}
-
-std::vector<std::string> NamesOf(const TProjectSimConfigList& configurations) {
-    std::vector<std::string> names;
-    for (const TProjectSimConfig* configuration : configurations.GetConfigurations())
-        names.emplace_back(configuration->GetName());
-    return names;
 }
 
 int ReadTemplates(TProjectTemplateSimConfigList* templates, const TToolStreams& streams) {

@@ -47,9 +47,6 @@ private:
     TProjectSimSettings Settings;
 };
 
-/// The names in list order.
-std::vector<std::string> NamesOf(const TProjectSimConfigList& configurations);
-
 /// The templates as the environment starts with them: the built-in ones, or those of the INI files
 /// when these name any. kExitFile, with one line on Err, when an INI file cannot be read.
 int ReadTemplates(TProjectTemplateSimConfigList* templates, const TToolStreams& streams);

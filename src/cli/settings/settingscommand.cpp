@@ -1,4 +1,5 @@
 #include "cli/frame/knownnames.h"
+#include "cli/frame/projectconfigurations.h"
 #include "cli/frame/settingstext.h"
 #include "cli/frame/texts.h"
 #include "cli/settings/commands.h"
@@ -40,18 +41,6 @@ int CopySource(TProjectAccess& project, const TSettingsArguments& arguments,
     return kExitUsage;
 }
 
-/// The configuration to show; null, with one line on Err, when there is none.
-const TProjectSimConfig* FindShown(TProjectAccess& project, const TSettingsArguments& arguments,
-                                   const TToolStreams& streams) {
-    if (!arguments.Configuration.empty()) return project.FindConfiguration();
-    if (const TProjectSimConfig* current = project.GetSettings().GetCurrentConfig()) return current;
-    const std::string known = JoinNames(NamesOf(project.GetSettings()));
-    ReportError(streams, known.empty()
-                             ? "the project has no configurations"
-                             : "the project has no current configuration; known: " + known);
-    return nullptr;
-}
-
 }  // namespace
 
 int RunSettingsList(const TSettingsArguments& arguments, const TToolStreams& streams) {
@@ -74,7 +63,8 @@ int RunSettingsList(const TSettingsArguments& arguments, const TToolStreams& str
 int RunSettingsShow(const TSettingsArguments& arguments, const TToolStreams& streams) {
     TProjectAccess project(arguments, streams);
     if (const int status = project.Read(); status != kExitDone) return status;
-    const TProjectSimConfig* configuration = FindShown(project, arguments, streams);
+    const TProjectSimConfig* configuration =
+        FindNamedOrCurrent(project.GetSettings(), arguments.Configuration, streams);
     if (!configuration) return kExitUsage;
     const bool isCurrent = configuration == project.GetSettings().GetCurrentConfig();
     const std::vector<TSettingValue> values =

@@ -1,4 +1,5 @@
 #include "cli/frame/knownnames.h"
+#include "cli/frame/projectconfigurations.h"
 #include "cli/frame/settingstext.h"
 #include "cli/frame/texts.h"
 #include "cli/settings/commands.h"
