@@ -75,18 +75,20 @@ std::wstring FindProgram(const std::string& name) {
     return found;
 }
 
-/// The words with quotes around each, as programs split their command line.
+/// The words as programs split their command line; quotes only where a word needs them.
 std::wstring CommandLineOf(const std::vector<std::string>& words) {
     std::string line;
     for (const std::string& word : words) {
-        line += line.empty() ? "\"" : " \"";
+        const char* const quote =
+            word.empty() || word.find_first_of(" \t\"") != std::string::npos ? "\"" : "";
+        line += (line.empty() ? "" : " ") + std::string(quote);
         std::size_t backslashes = 0;
         for (const char c : word) {
             if (c == '"') line.append(backslashes + 1, '\\');
             backslashes = c == '\\' ? backslashes + 1 : 0;
             line += c;
         }
-        line.append(backslashes, '\\') += '"';
+        if (*quote) line.append(backslashes, '\\') += quote;
     }
     return WideText(line);
 }

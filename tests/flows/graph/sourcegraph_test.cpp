@@ -4,14 +4,18 @@
 #include "services/names/isfilename.h"
 #include "tests/flows/graph/graphlines.h"
 #include "tests/support/growth.h"
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <list>
 #include <map>
 
 namespace {
 
+/// The path from the root, as every system writes it here.
 std::string NameOf(const ISFileName* file) {
-    return std::string(file->Canonical(false)).substr(file->Canonical(false)[1] == ':' ? 3 : 1);
+    std::string path = file->Canonical(false);
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path.substr(path.find('/') + 1);
 }
 
 /// A build of VHDL sources by the words "path" or "library:path", and "a>b": a depends on b, which
