@@ -63,8 +63,8 @@ int WriteSvg(const TDrawing& drawing, std::string* text) {
 int WriteHtml(const TDrawing& drawing, std::string* text) {
     if (GetGraphPage().empty()) {
         ReportError(drawing.Streams,
-                    "this hdlbuild was built without the page for graphs, as the npm registry was "
-                    "not reached: draw dot or svg");
+                    "this hdlbuild was built without the page for graphs, which takes the npm "
+                    "registry: draw dot or svg");
         return kExitFile;
     }
     *text = WriteGraphAsHtml(drawing.Graph, drawing.Grouping, drawing.Title, GetGraphPage());
