@@ -5,6 +5,11 @@
 #include <string>
 #include <string_view>
 
+/// Whether one of the characters is in the text.
+inline bool HasAny(std::string_view text, std::string_view characters) {
+    return text.find_first_of(characters) != std::string_view::npos;
+}
+
 /// What is written for one format.
 class TExportWriter {
 public:

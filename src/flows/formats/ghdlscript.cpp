@@ -18,7 +18,7 @@ std::string ShellWord(const std::string& text) {
     return word + "'";
 }
 
-std::string Words(const std::vector<std::string>& texts) {
+std::string ShellWords(const std::vector<std::string>& texts) {
     std::string words;
     for (const std::string& text : texts) words.append(" ").append(ShellWord(text));
     return words;
@@ -63,7 +63,7 @@ void TGhdlScript::AddHead() {
 
 void TGhdlScript::AddSource(const TPlanSource& source) {
     Writer.AddLine("$GHDL -a $options --work=" + ShellWord(source.Library) +
-                   Words(Settings().Options[STEP_ANALYSE]) + " " +
+                   ShellWords(Settings().Options[STEP_ANALYSE]) + " " +
                    ShellWord(Writer.PathOf(source.Path)));
 }
 
@@ -71,8 +71,8 @@ void TGhdlScript::AddTop(const TPlanTop& top) {
     std::string units = " " + ShellWord(top.Entity);
     if (!top.Architecture.empty()) units += " " + ShellWord(top.Architecture);
     Writer.AddLine("$GHDL --elab-run $options --work=" + ShellWord(top.Library) +
-                   Words(Settings().Options[STEP_ELABORATE]) + units +
-                   Words(Settings().Options[STEP_RUN]));
+                   ShellWords(Settings().Options[STEP_ELABORATE]) + units +
+                   ShellWords(Settings().Options[STEP_RUN]));
 }
 
 }  // namespace

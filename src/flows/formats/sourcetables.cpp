@@ -4,10 +4,6 @@
 
 namespace {
 
-bool HasAny(std::string_view text, std::string_view characters) {
-    return text.find_first_of(characters) != std::string_view::npos;
-}
-
 // As make and ninja read names.
 std::string DepfileName(const std::string& name) {
     std::string escaped;

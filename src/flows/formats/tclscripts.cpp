@@ -19,7 +19,7 @@ std::string TclWord(const std::string& text) {
     return word;
 }
 
-std::string Words(const std::vector<std::string>& texts) {
+std::string TclWords(const std::vector<std::string>& texts) {
     std::string words;
     for (const std::string& text : texts) words.append(" ").append(TclWord(text));
     return words;
@@ -83,7 +83,7 @@ void TVsimScript::AddSource(const TPlanSource& source, bool goesOn, bool isFollo
         const std::string& year = settings.Standard;
         line = "vcom -work " + TclWord(source.Library);
         if (!year.empty()) line += " -" + (year.starts_with("19") ? year.substr(2) : year);
-        line += Words(settings.Options[STEP_ANALYSE]) + " ";
+        line += TclWords(settings.Options[STEP_ANALYSE]) + " ";
     }
     if (source.IsLibraryFile && source.Language == LANGUAGE_VERILOG) line += "-v ";
     line += TclWord(Writer.PathOf(source.Path));
@@ -103,7 +103,7 @@ std::string TVsimScript::VerilogOptions() const {
         options += " -y " + TclWord(Writer.PathOf(folder));
     for (const std::string& extension : settings.LibraryExtensions)
         options += " " + TclWord("+libext+" + extension);
-    return options + Words(settings.Options[STEP_ANALYSE]);
+    return options + TclWords(settings.Options[STEP_ANALYSE]);
 }
 
 void TVsimScript::AddTop(const TPlanTop& top) {
@@ -113,7 +113,7 @@ void TVsimScript::AddTop(const TPlanTop& top) {
         line += " +mindelays";
     if (top.Language == LANGUAGE_VERILOG && settings.Delay == DELAY_TYPE_MAXIMUM)
         line += " +maxdelays";
-    line += Words(settings.Options[STEP_ELABORATE]) + Words(settings.Options[STEP_RUN]);
+    line += TclWords(settings.Options[STEP_ELABORATE]) + TclWords(settings.Options[STEP_RUN]);
     line += " " + TclWord(top.Library + "." + top.Entity +
                           (top.Architecture.empty() ? "" : "(" + top.Architecture + ")"));
     Writer.AddLine(line);

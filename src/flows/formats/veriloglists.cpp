@@ -23,10 +23,6 @@ struct TListDialect {
     TComplaint WordComplaint;    ///< of a name or value within a word
 };
 
-bool HasAny(std::string_view text, std::string_view characters) {
-    return text.find_first_of(characters) != std::string_view::npos;
-}
-
 bool HasControl(std::string_view text) {
     return std::any_of(text.begin(), text.end(),
                        [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; });
