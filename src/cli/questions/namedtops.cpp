@@ -8,7 +8,7 @@
 namespace {
 
 // As many that may be top level are told.
-constexpr std::size_t kMostNamed = 10;
+constexpr std::size_t kMostTopsNamed = 10;
 
 /// A unit that a name may mean.
 struct TCandidate {
@@ -37,10 +37,10 @@ std::string NoUnit(const std::string& text, const TNamedTop& read, const TToldSc
     const std::string nearest = JoinChoices(NearestNames(wanted, known));
     const std::vector<TUnitPlace>& tops = told.Scan.GetDesign().TopCandidates;
     std::vector<std::string> named;
-    for (std::size_t i = 0; i < std::min(tops.size(), kMostNamed); ++i)
+    for (std::size_t i = 0; i < std::min(tops.size(), kMostTopsNamed); ++i)
         named.push_back(told.NameOf(tops[i]));
-    if (tops.size() > kMostNamed)
-        named.push_back(std::to_string(tops.size() - kMostNamed) + " more");
+    if (tops.size() > kMostTopsNamed)
+        named.push_back(std::to_string(tops.size() - kMostTopsNamed) + " more");
     return "no source holds '" + text + "'" + (nearest.empty() ? "" : "; nearest: " + nearest) +
            (named.empty() ? "" : "; may be top level: " + JoinNames(named));
 }

@@ -7,7 +7,7 @@
 namespace {
 
 // Of files that have one name in many folders, as many are told.
-constexpr std::size_t kMostNamed = 10;
+constexpr std::size_t kMostNearestNamed = 10;
 
 std::string NameOf(const ISFileName* file) {
     const std::string path = file->Canonical(false);
@@ -35,7 +35,8 @@ std::optional<std::uint32_t> FindNamedFile(const std::string& path, const TBuild
                                            const TPathForm& form, const TToolStreams& streams) {
     if (const auto file = needs.FindFile(ISFileName::NewISFileName(path.c_str()))) return file;
     std::vector<std::string> nearest = NearestFiles(path, needs, form);
-    const std::size_t more = nearest.size() > kMostNamed ? nearest.size() - kMostNamed : 0;
+    const std::size_t more =
+        nearest.size() > kMostNearestNamed ? nearest.size() - kMostNearestNamed : 0;
     nearest.resize(nearest.size() - more);
     if (more > 0) nearest.push_back(std::to_string(more) + " more");
     ReportError(streams, path + " is no source of the build" +
