@@ -1,5 +1,6 @@
 #include "flows/sourcelists.h"
 #include "buildfile/hdlbuildfile.h"
+#include "flows/scan/asciicase.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "services/base/booltext.h"
@@ -18,7 +19,18 @@ std::uint32_t TTextNumbers::NumberOf(const char* text) {
     return entry->second;
 }
 
-TSourceLists::TSourceLists(const THdlBuildFile& build, TTextNumbers* libraries) {
+const ISFileName* TSameFiles::HandleOf(const ISFileName* file) {
+    const auto [handle, isNew] = Handles.try_emplace(file, file);
+    if (isNew && file)
+        handle->second =
+            ByFoldedPath.try_emplace(FoldAscii(file->Canonical(false)), file).first->second;
+    return handle->second;
+}
+
+TSourceLists::TSourceLists(const THdlBuildFile& build, TTextNumbers* libraries, TSameFiles* files) {
+    const auto handleOf = [files](const ISFileName* file) {
+        return files ? files->HandleOf(file) : file;
+    };
     for (const THdlLanguage language : build.GetSourceFileLanguages()) {
         const TIHdlSourceFileList& group = *build.GetSourceFileGroup(language);
         TRecords& records = Groups[language];
@@ -27,8 +39,8 @@ TSourceLists::TSourceLists(const THdlBuildFile& build, TTextNumbers* libraries) 
             const std::size_t begin = Dependencies.size();
             if (const TIHdlSourceFileList* list = source->GetDependencyList())
                 for (const IHdlSourceFile* dependency : *list)
-                    Dependencies.push_back(dependency->GetFileName());
-            records.push_back({source->GetFileName(),
+                    Dependencies.push_back(handleOf(dependency->GetFileName()));
+            records.push_back({handleOf(source->GetFileName()),
                                libraries->NumberOf(source->GetPrecompiledLibraryGroupName()),
                                source->IsLibrary(), begin, Dependencies.size() - begin});
         }

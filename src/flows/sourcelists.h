@@ -22,6 +22,16 @@ private:
     std::vector<const std::string*> Texts;
 };
 
+/// One handle for each file of several builds, whatever the letter case of its name.
+class TSameFiles {
+public:
+    const ISFileName* HandleOf(const ISFileName* file);
+
+private:
+    std::unordered_map<const ISFileName*, const ISFileName*> Handles;
+    std::unordered_map<std::string, const ISFileName*> ByFoldedPath;
+};
+
 /// One source as a build lists it.
 struct TListedRecord {
     const ISFileName* File;
@@ -39,8 +49,9 @@ public:
 
     /// No groups.
     TSourceLists() = default;
-    /// `libraries` gives the numbers: lists that are compared share one. It is not kept.
-    TSourceLists(const THdlBuildFile& build, TTextNumbers* libraries);
+    /// `libraries` gives the numbers: lists that are compared share one. So do those of two builds
+    /// with `files`; null takes the handles that the build has. Neither is kept.
+    TSourceLists(const THdlBuildFile& build, TTextNumbers* libraries, TSameFiles* files = nullptr);
 
     /// By language; empty groups included.
     const std::map<THdlLanguage, TRecords>& GetGroups() const { return Groups; }
@@ -65,7 +76,8 @@ struct TListedChange {
     bool IsMoved;                 ///< stands elsewhere among those that stayed
 };
 
-/// How two lists of one build differ. Both must outlive the object and number libraries alike.
+/// How two lists differ, of one build or of two. Both must outlive the object and number libraries
+/// alike.
 class TSourceListsDifference {
 public:
     TSourceListsDifference(const TSourceLists& before, const TSourceLists& after);

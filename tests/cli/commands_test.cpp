@@ -24,6 +24,7 @@ const std::map<std::string, TLine>& CommandLines() {
         {"list", {"list", "b.xml"}},
         {"deps", {"deps", "d.xml"}},
         {"needed", {"needed", "d.xml", "--top", "e"}},
+        {"diff", {"diff", "d.xml", "d.xml"}},
         {"new", {"new", "n.xml"}},
         {"add", {"add", "b.xml", "a.vhd"}},
         {"source", {"source", "d.xml", "a.vhd", "--library", "ip"}},

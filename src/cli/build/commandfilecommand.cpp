@@ -5,41 +5,10 @@
 #include "cli/frame/outputfile.h"
 #include "flows/commandfile.h"
 
-namespace {
-
-/// Reads the build; kExitFile when it cannot be read.
-int LoadVerilogBuild(const TBuildArguments& arguments, const TToolStreams& streams,
-                     THdlBuildFile* build) {
-    const int status = LoadBuild(arguments.Build, streams, build);
-    if (status == kExitFile) return status;
-    ReportReadResult(*build, streams);
-    if (!build->GetProjectLanguageConfig(LANGUAGE_VERILOG))
-        ReportWarning(streams, "the build has no Verilog settings: the option text is empty");
-    return status;
-}
-
-}  // namespace
-
-int RunOptions(const TBuildArguments& arguments, const TToolStreams& streams) {
-    THdlBuildFile build;
-    const int status = LoadVerilogBuild(arguments, streams, &build);
-    if (status == kExitFile) return status;
-    build.SetGOFBuildFileFlag(arguments.Gof);
-    const std::string options = build.GetVerilogCommandLineOptions();
-    if (!arguments.Json) {
-        PrintWords(streams.Out, options);
-        return status;
-    }
-    TJson result = MakeResult("hdlbuild-options", "build", arguments.Build);
-    result["options"] = options;
-    PrintJson(result, streams);
-    return status;
-}
-
 int RunCommandFile(const TBuildArguments& arguments, const TToolStreams& streams) {
     if (const int usage = CheckOutput(arguments.Output, arguments.Build, streams)) return usage;
     THdlBuildFile build;
-    const int status = LoadVerilogBuild(arguments, streams, &build);
+    const int status = LoadBuildWithSettings(LANGUAGE_VERILOG, arguments, streams, &build);
     if (status == kExitFile) return status;
     if (const int usage = CheckOutput(arguments.Output, build, arguments.Paths, streams))
         return usage;

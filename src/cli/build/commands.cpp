@@ -18,6 +18,10 @@ std::vector<TCommand> MakeBuildCommands() {
         "Write absolute paths, not paths relative to the folder of the build file"};
     const TArgument gof{"--gof", &values->Gof,
                         "The form without log file, user defines and other plus options"};
+    const TArgument optionsLanguage{"--language", &values->OptionsLanguage,
+                                    "The option texts of the settings of " + LanguageHelp()};
+    const TArgument step{"--step", &values->Step,
+                         "Only the text for compile, elaborate or run, without its name"};
     const TArgument format{"--format", &values->Report.Format,
                            "text (with places and codes), json or sarif, instead of plain lines"};
     const TArgument strict{"--strict", &values->Report.Strict, "Take warnings for errors"};
@@ -31,7 +35,10 @@ std::vector<TCommand> MakeBuildCommands() {
          {build, json, absolute, format, strict, suppress}},
         {"order", "Print the files to compile, one a line, in compile order", with(RunOrder),
          orderArguments},
-        {"options", "Print the Verilog option text", with(RunOptions), {build, json, gof}},
+        {"options",
+         "Print the Verilog option text, or the option texts of a language",
+         with(RunOptions),
+         {build, json, gof, optionsLanguage, step}},
         {"command-file",
          "Write the Verilog command file",
          with(RunCommandFile),

@@ -3,45 +3,44 @@
 #include "flows/editedfile.h"
 #include <map>
 
-namespace {
-
-struct TDifference {
-    std::string Name;
-    TJson Before;
-    TJson After;
-};
-
-std::vector<TDifference> DifferencesOf(const TFileChange& change) {
-    const std::map<std::string, TJson> before(change.Before.begin(), change.Before.end());
-    std::vector<TDifference> differences;
-    for (const auto& [name, value] : change.After) {
-        const auto former = before.find(name);
-        if (former != before.end() && former->second != value)
-            differences.push_back({name, former->second, value});
+std::vector<TStateDifference> FindDifferences(const TState& before, const TState& after) {
+    std::map<std::string, const TJson*> values;
+    for (const auto& [name, value] : before) values.emplace(name, &value);
+    std::vector<TStateDifference> differences;
+    for (const auto& [name, value] : after) {
+        const auto former = values.find(name);
+        if (former != values.end() && *former->second != value)
+            differences.push_back({name, *former->second, value});
     }
     return differences;
 }
 
-std::string Text(const TJson& value) {
-    return value.IsNull() ? "none" : value.Dump();
+std::string TextOf(const TStateDifference& difference) {
+    const auto text = [](const TJson& value) { return value.IsNull() ? "none" : value.Dump(); };
+    return difference.Name + ": " + text(difference.Before) + " -> " + text(difference.After);
 }
 
-void Print(const std::vector<TDifference>& differences, const TFileChange& change, bool isSaved,
-           std::ostream& out) {
-    for (const TDifference& difference : differences)
-        PrintLine(out, difference.Name + ": " + Text(difference.Before) + " -> " +
-                           Text(difference.After));
+TJson AsJson(const std::vector<TStateDifference>& differences) {
+    TJson list = TJson::Array();
+    for (const auto& [name, before, after] : differences)
+        list.Add({{"what", name}, {"before", before}, {"after", after}});
+    return list;
+}
+
+namespace {
+
+void Print(const std::vector<TStateDifference>& differences, const TFileChange& change,
+           bool isSaved, std::ostream& out) {
+    for (const TStateDifference& difference : differences) PrintLine(out, TextOf(difference));
     const char* const done = isSaved ? "saved" : "not saved (dry run)";
     PrintLine(out, change.File + ": " + (differences.empty() ? "nothing to change" : done));
     if (!isSaved) PrintDiff(change.Diff, out);
 }
 
-void PrintAsJson(const std::vector<TDifference>& differences, const TFileChange& change,
+void PrintAsJson(const std::vector<TStateDifference>& differences, const TFileChange& change,
                  bool isSaved, const TToolStreams& streams) {
     TJson result = change.Result;
-    TJson& list = result["changes"] = TJson::Array();
-    for (const auto& [name, before, after] : differences)
-        list.Add({{"what", name}, {"before", before}, {"after", after}});
+    result["changes"] = AsJson(differences);
     result["saved"] = isSaved;
     if (!isSaved && !change.Diff.empty()) result["diff"] = change.Diff;
     PrintJson(result, streams);
@@ -51,7 +50,7 @@ void PrintAsJson(const std::vector<TDifference>& differences, const TFileChange&
 
 int SaveChange(const TFileChange& change, const TCommonArguments& arguments,
                const TToolStreams& streams, const std::function<std::string()>& save) {
-    const std::vector<TDifference> differences = DifferencesOf(change);
+    const std::vector<TStateDifference> differences = FindDifferences(change.Before, change.After);
     const bool isSaved = !differences.empty() && !arguments.DryRun;
     if (isSaved) {
         const std::string reason = save();

@@ -12,6 +12,19 @@ class TEditedFile;
 /// order in which changes are reported.
 using TState = std::vector<std::pair<std::string, TJson>>;
 
+/// A value that differs between two states.
+struct TStateDifference {
+    std::string Name;
+    TJson Before;
+    TJson After;
+};
+
+/// In the order of `after`. Values that only one of the states has do not count.
+std::vector<TStateDifference> FindDifferences(const TState& before, const TState& after);
+/// "name: before -> after", without a line end.
+std::string TextOf(const TStateDifference& difference);
+TJson AsJson(const std::vector<TStateDifference>& differences);
+
 /// What a command that changes a file has done to it.
 struct TFileChange {
     TJson Result;      ///< as MakeResult gives it

@@ -28,6 +28,10 @@ std::vector<TCommand> MakeQuestionCommands() {
                                 "The language of the units; else any"};
     const TArgument tsv{"--tsv", &values->Tsv, "Print library, tabulator, path"};
     const TArgument rest{"--rest", &values->Rest, "Print the sources that are not needed"};
+    const TArgument first{"A", &values->Build, "A build file", kRequired};
+    const TArgument second{"B", &values->Other, "Another one", kRequired};
+    const TArgument sameFolder{"--same-folder", &values->SameFolder,
+                               "Take the paths of B as if it stood in the folder of A"};
     return {
         {"list", "List the sources with their libraries, flags and number of dependencies",
          with(RunList), listArguments},
@@ -39,5 +43,9 @@ std::vector<TCommand> MakeQuestionCommands() {
          "Print the files that top-level units need, in compile order",
          with(RunNeeded),
          {build, JsonArgument(*values), absolute, top, topLanguage, rest, tsv}},
+        {"diff",
+         "Compare two builds; exit status 1 when they differ",
+         with(RunDiff),
+         {first, second, JsonArgument(*values), absolute, sameFolder}},
     };
 }

@@ -5,6 +5,8 @@
 /// The arguments of the commands that answer questions about a build.
 struct TQuestionArguments : TCommonArguments {
     std::string Build;
+    std::string Other;        ///< build of `diff`
+    bool SameFolder = false;  ///< take it as if it stood in the folder of the first
     TPathForm Paths;
     std::string Language;           ///< empty: all
     std::string Library;            ///< empty: all
@@ -21,6 +23,7 @@ struct TQuestionArguments : TCommonArguments {
 };
 
 int RunList(const TQuestionArguments& arguments, const TToolStreams& streams);
+int RunDiff(const TQuestionArguments& arguments, const TToolStreams& streams);
 int RunNeeded(const TQuestionArguments& arguments, const TToolStreams& streams);
 int RunDeps(const TQuestionArguments& arguments, const TToolStreams& streams);
 
