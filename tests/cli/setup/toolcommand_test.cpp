@@ -1,4 +1,7 @@
+#include "buildfile/simwraphdlbuildfile.h"
+#include "services/names/isfilename.h"
 #include "tests/cli/toolrun.h"
+#include "tests/support/recorders.h"
 #include "tests/support/replaced.h"
 #include "tests/support/settingtexts.h"
 #include <gtest/gtest.h>
@@ -129,6 +132,12 @@ TEST_F(ToolCommand, MakesGeneralSettings) {
               "  </ExternalSimulatorSettings>\n"
               "  " +
                   GeneralXml() + "\n</HdlBuildFile>\n");
+    const RecordingMessageBox box;
+    TSimWrapHdlBuildFile build(ISFileName::NewISFileName(Folder.Path("b.xml").c_str()));
+    ASSERT_TRUE(build.WriteToFile());
+    EXPECT_EQ(Tool({"C++"}),
+              "SIMULATOR  PATH  PLI LIBRARY\n"
+              "GCC        -     -\n");
 }
 
 TEST_F(ToolCommand, RefusesWhatCannotBe) {

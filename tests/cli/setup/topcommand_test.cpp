@@ -1,6 +1,3 @@
-#include "buildfile/hdlbuildfile.h"
-#include "flows/buildtops.h"
-#include "services/names/isfilename.h"
 #include "tests/cli/toolrun.h"
 #include "tests/support/replaced.h"
 #include <gtest/gtest.h>
