@@ -127,6 +127,8 @@ TEST(SourceGraph, AroundAFileKeepsTheCyclesOfTheWholeGraph) {
               "d library=work folder=. files=1\n"
               "c > d\n"
               "cycles=1\n");
+    EXPECT_EQ(GraphAround(graph, build.PlaceOf(graph, "a"), 1).CycleCount, 1u);
+    EXPECT_EQ(GraphAround(graph, build.PlaceOf(graph, "d"), 0).CycleCount, 0u);
 }
 
 TEST(SourceGraph, OfLibrariesCountsFilesAndDependencies) {
