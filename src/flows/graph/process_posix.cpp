@@ -33,6 +33,7 @@ std::string ReadFrom(std::FILE* file) {
 
 bool Start(const std::vector<std::string>& words, std::FILE* const (&streams)[3], pid_t* child) {
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
     posix_spawn_file_actions_t actions;
