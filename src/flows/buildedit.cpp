@@ -5,6 +5,7 @@
 #include "flows/textreaders.h"
 #include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
+#include "services/names/recordedstatus.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
 #include <utility>
@@ -175,6 +176,8 @@ bool TBuildEdit::IsRead(const std::string& document, THdlBuildFile* build) const
 }
 
 bool TBuildEdit::IsAsWanted(const std::string& document, const std::string& rest) {
+    // What is on the disk has been seen when the build was read.
+    const TRecordsTrusted trusted;
     Found = std::make_unique<TSimWrapHdlBuildFile>();
     if (!IsRead(document, Found.get())) return false;
     if (TSourceLists(*Found, &Libraries) != SourcesAfter) return false;

@@ -74,10 +74,10 @@ std::vector<THdlLanguage> LanguagesOf(const TSourceLists& one, const TSourceList
 
 using TPlaces = std::unordered_map<const ISFileName*, std::size_t>;
 
-TPlaces PlacesOf(const TSourceLists::TRecords& records) {
+TPlaces PlacesOf(const TSourceLists::TRecords& records, std::size_t begin, std::size_t end) {
     TPlaces places;
-    places.reserve(records.size());
-    for (std::size_t i = 0; i < records.size(); ++i) places.emplace(records[i].File, i);
+    places.reserve(end - begin);
+    for (std::size_t i = begin; i < end; ++i) places.emplace(records[i].File, i);
     return places;
 }
 
@@ -118,8 +118,9 @@ TSourceListsDifference::TSourceListsDifference(const TSourceLists& before,
     for (const THdlLanguage language : LanguagesOf(before, after)) Compare(language);
 }
 
-// Walks both groups in step. Where both go on with a source that the other one has elsewhere, the
-// one moved that the other group only leaves out; else it is the one in the group after.
+// Walks both groups in step, between what is the same at both ends. Where both go on with a source
+// that the other one has elsewhere, the one moved that the other group only leaves out; else it is
+// the one in the group after.
 void TSourceListsDifference::Compare(THdlLanguage language) {
     const TSourceLists::TRecords& before = Before.GetGroup(language);
     const TSourceLists::TRecords& after = After.GetGroup(language);
@@ -127,17 +128,20 @@ void TSourceListsDifference::Compare(THdlLanguage language) {
     std::size_t j = 0;
     while (i < before.size() && j < after.size() && before[i].File == after[j].File)
         CompareOne(language, before[i++], after[j++]);
-    if (i == before.size() && j == after.size()) return;
-    const TPlaces places = PlacesOf(before);
-    const TPlaces placesAfter = PlacesOf(after);
+    std::size_t end = before.size();
+    std::size_t endAfter = after.size();
+    while (i < end && j < endAfter && before[end - 1].File == after[endAfter - 1].File)
+        --end, --endAfter;
+    const TPlaces places = PlacesOf(before, i, end);
+    const TPlaces placesAfter = PlacesOf(after, j, endAfter);
     std::unordered_set<const ISFileName*> moved;
     const auto move = [&](const TListedRecord& from, const TListedRecord& to) {
         moved.insert(to.File);
         Changes.push_back({language, &from, &to, true});
     };
-    while (i < before.size() || j < after.size()) {
-        const TListedRecord* const from = i < before.size() ? &before[i] : nullptr;
-        const TListedRecord* const to = j < after.size() ? &after[j] : nullptr;
+    while (i < end || j < endAfter) {
+        const TListedRecord* const from = i < end ? &before[i] : nullptr;
+        const TListedRecord* const to = j < endAfter ? &after[j] : nullptr;
         if (from && to && from->File == to->File) {
             CompareOne(language, before[i++], after[j++]);
         } else if (from && moved.contains(from->File)) {
@@ -148,12 +152,13 @@ void TSourceListsDifference::Compare(THdlLanguage language) {
             Changes.push_back({language, &before[i++], nullptr, false});
         } else if (to && !places.contains(to->File)) {
             Changes.push_back({language, nullptr, &after[j++], false});
-        } else if (!to || (i + 1 < before.size() && before[i + 1].File == to->File)) {
+        } else if (!to || (i + 1 < end && before[i + 1].File == to->File)) {
             move(*from, after[placesAfter.at(from->File)]);
         } else {
             move(before[places.at(to->File)], *to);
         }
     }
+    while (i < before.size()) CompareOne(language, before[i++], after[j++]);
 }
 
 void TSourceListsDifference::CompareOne(THdlLanguage language, const TListedRecord& before,

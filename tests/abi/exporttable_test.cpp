@@ -98,6 +98,7 @@ const std::vector<TClassTraits> kClasses = {
     Row<TIHdlSourceFileList>("TIHdlSourceFileList"),
     Row<TMyString>("TMyString"),
     Row<TProgress>("TProgress"),
+    Row<TRecordsTrusted>("TRecordsTrusted"),
     Row<TProjectComponent>("TProjectComponent"),
     Row<TProjectDiagramSimConfig>("TProjectDiagramSimConfig"),
     Row<THpjFile>("THpjFile"),

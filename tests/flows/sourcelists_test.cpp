@@ -101,6 +101,7 @@ TEST(SourceLists, TellWhatBecameOfEachSource) {
         {"a b c d", "d c b a", "d:c->none c:b->d a:none->b ", "a b c d | d c b a "},
         {"a b(a) c", "a b(c) c", "!b ", "b a | b c "},
         {"a b(a) c", "b(c) a c", "a:none->b !b ", "a b a c | b c a c "},
+        {"a b c(a)", "a x b c(b)", "+x !c ", "a b c a | a x b c b "},
         {"", "a b", "+a +b ", "| a b "},
         {"a b", "", "-a -b ", "a b | "},
     };

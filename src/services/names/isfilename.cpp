@@ -16,6 +16,9 @@
 
 namespace {
 
+// Objects of TRecordsTrusted.
+thread_local int trustInRecords = 0;
+
 /// The handle behind NewISFileName. Many callers share it, so that what would change it does
 /// nothing.
 class TSharedFileName final : public TFileNameQueries<ISFileName> {
@@ -314,6 +317,8 @@ void ReportNamesake(const ISFileName* listed, const ISFileName* file) {
 }
 
 bool MarkLoadedAndTestExists(const ISFileName* file, const char* key) {
+    if (trustInRecords > 0)
+        if (const auto status = FindStatusWhenLoaded(file, key)) return status->Exists;
     if (const TSharedFileName* handle = SharedHandleOf(file)) return handle->MarkLoaded(key);
     if (!file) return false;
     // A caller's own class keeps its record itself.
@@ -324,4 +329,12 @@ bool MarkLoadedAndTestExists(const ISFileName* file, const char* key) {
 std::optional<TFileStatus> FindStatusWhenLoaded(const ISFileName* file, const char* key) {
     const TSharedFileName* handle = SharedHandleOf(file);
     return handle ? handle->FindLoaded(key) : std::nullopt;
+}
+
+TRecordsTrusted::TRecordsTrusted() {
+    ++trustInRecords;
+}
+
+TRecordsTrusted::~TRecordsTrusted() {
+    --trustInRecords;
 }

@@ -328,3 +328,24 @@ TEST(FindStatusWhenLoaded, TellsWhatWasThereWithoutALook) {
     file.Name->UpdateTimeFileLastLoaded("key");
     EXPECT_FALSE(FindStatusWhenLoaded(file.Name, "key").value_or(*status).Exists);
 }
+
+TEST(RecordsTrusted, SpareTheLookAtWhatIsRecorded) {
+    TimedFile file;
+    TimedFile other;
+    EXPECT_TRUE(MarkLoadedAndTestExists(file.Name, "key"));
+    file.Remove();
+    {
+        const TRecordsTrusted trusted;
+        const std::uint64_t before = CountOfFileLooks();
+        {
+            const TRecordsTrusted inner;
+            EXPECT_TRUE(MarkLoadedAndTestExists(file.Name, "key"));
+        }
+        EXPECT_TRUE(MarkLoadedAndTestExists(file.Name, "key"));
+        EXPECT_EQ(CountOfFileLooks() - before, 0u);
+        EXPECT_FALSE(MarkLoadedAndTestExists(file.Name, "other"));
+        EXPECT_TRUE(MarkLoadedAndTestExists(other.Name, "key"));
+        EXPECT_EQ(CountOfFileLooks() - before, 2u);
+    }
+    EXPECT_FALSE(MarkLoadedAndTestExists(file.Name, "key"));
+}
