@@ -29,6 +29,9 @@ struct TGraph {
 TGraph BuildGraph(const std::vector<const IHdlSourceFile*>& roots) {
     TGraph graph;
     std::unordered_map<const IHdlSourceFile*, TIndex> places;
+    places.reserve(roots.size());
+    graph.Files.reserve(roots.size());
+    graph.Edges.reserve(roots.size());
     const auto place = [&](const IHdlSourceFile* file) {
         const auto [entry, added] = places.try_emplace(file, graph.Files.size());
         if (added) graph.Files.push_back(file);
@@ -42,6 +45,7 @@ TGraph BuildGraph(const std::vector<const IHdlSourceFile*>& roots) {
         auto& edges = graph.Edges.emplace_back();
         const TIHdlSourceFileList* dependencies = graph.Files[at]->GetDependencyList();
         if (!dependencies) continue;
+        edges.reserve(dependencies->size());
         for (const IHdlSourceFile* dependency : *dependencies) edges.push_back(place(dependency));
     }
     return graph;

@@ -80,48 +80,51 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
          "{1} is no list of {2} elements: the {3} settings are not read from there on",
          "Give the list at least one entry and nothing but entries, each with a text, or take it "
          "out."},
-        {DIAGNOSTIC_UNREAD_SOURCE, "unread-source", SEVERITY_ERROR, "{1}: not scanned: {2}",
+        {DIAGNOSTIC_UNREAD_SOURCE, "unread-source", SEVERITY_ERROR, "not scanned: {1}",
          "Make the file readable, or take its SourceFile element out. What it records and what it "
          "holds is not known."},
         {DIAGNOSTIC_REPEATED_UNIT, "repeated-unit", SEVERITY_WARNING,
-         "{1}: {2} {3} is declared here and in {4}",
+         "{1} {2} is declared here and in {3}",
          "Keep one of the files in the library. Others depend on the first one, and a compiler "
          "takes what it meets last."},
-        {DIAGNOSTIC_MISSING_UNIT, "missing-unit", SEVERITY_WARNING, "{1}: no file holds {2} ({3})",
+        {DIAGNOSTIC_MISSING_UNIT, "missing-unit", SEVERITY_WARNING, "no file holds {1} ({2})",
          "Add the file that holds the unit, correct the library of that file, or name the library "
          "with --external when others provide it."},
         {DIAGNOSTIC_UNIT_ELSEWHERE, "unit-elsewhere", SEVERITY_WARNING,
-         "{1}: no file holds {2}; {3} holds the unit in library {4}, but is needed in {5} here",
+         "no file holds {1}; {2} holds the unit in library {3}, but is needed in {4} here",
          "Compile the file into the library in which it is needed, or change the name. The build "
          "holds a path once; to compile the text into several libraries, list copies of the file."},
         {DIAGNOSTIC_LACKING_DEPENDENCY, "lacking-dependency", SEVERITY_ERROR,
-         "{1}: {2} has no dependency on {3}, which holds {4}",
+         "{1} has no dependency on {2}, which holds {3}",
          "Run `hdlbuild scan` on the build. Without the dependency the order may be wrong."},
         {DIAGNOSTIC_UNEXPLAINED_DEPENDENCY, "unexplained-dependency", SEVERITY_WARNING,
-         "{1}: nothing in it needs {2}, on which it depends",
+         "nothing in it needs {1}, on which it depends",
          "Take the Dependency out, or run `hdlbuild scan --exact`, unless something else than the "
          "text asks for it."},
         {DIAGNOSTIC_UNBOUND_COMPONENT, "unbound-component", SEVERITY_NOTE,
-         "{1}: no entity has the name of component {2} ({3})",
+         "no entity has the name of component {1} ({2})",
          "Add the file that holds the entity, unless a configuration binds the component or it is "
          "a black box."},
-        {DIAGNOSTIC_UNNEEDED_UNIT, "unneeded-unit", SEVERITY_NOTE, "{1}: nobody needs {2} {3}",
+        {DIAGNOSTIC_UNNEEDED_UNIT, "unneeded-unit", SEVERITY_NOTE, "nobody needs {1} {2}",
          "Take the file out when it is a leftover."},
-        {DIAGNOSTIC_TOP_CANDIDATE, "top-candidate", SEVERITY_NOTE,
-         "{1}: nobody instantiates {2} {3}",
+        {DIAGNOSTIC_TOP_CANDIDATE, "top-candidate", SEVERITY_NOTE, "nobody instantiates {1} {2}",
          "Record it as a top-level component when it is one: `hdlbuild scan --set-tops` does."},
         {DIAGNOSTIC_FOREIGN_NEED, "foreign-need", SEVERITY_NOTE,
-         "{1}: {2} {3} is written in another language, in {4}",
+         "{1} {2} is written in another language, in {3}",
          "Compile that language first where the simulator asks for it: orders do not cross "
          "groups."},
         {DIAGNOSTIC_MISSING_INCLUDE, "missing-include", SEVERITY_WARNING,
-         "{1}: no folder holds the included file {2} ({3})",
+         "no folder holds the included file {1} ({2})",
          "Add the folder of the file to the include directories of the build's Verilog settings. "
          "What the file defines and holds is not known."},
         {DIAGNOSTIC_LATE_SOURCE, "late-source", SEVERITY_WARNING,
-         "{1}: listed behind {2}, which needs it to be compiled before",
+         "listed behind {1}, which needs it to be compiled before",
          "Run `hdlbuild scan --sort` on the build, or move the source: those of Verilog are "
          "compiled as they are listed."},
+        {DIAGNOSTIC_UNHELD_TOP, "unheld-top", SEVERITY_ERROR,
+         "top-level component {1}: no source of library {2} holds it",
+         "Add the file that holds the unit, correct the name or the library of the Component, or "
+         "name the library with --external when others provide it."},
         {DIAGNOSTIC_UNKNOWN_VARIABLE, "unknown-variable", SEVERITY_WARNING,
          "a variable without a value: {1}",
          "Set the variable in the environment or in the build. Other tools get it as it is "
@@ -166,4 +169,9 @@ std::string GetDiagnosticText(const TDiagnostic& diagnostic) {
         if (place < diagnostic.Names.size()) text += diagnostic.Names[place];
     }
     return text + std::string(rest);
+}
+
+std::string GetSourcePlaceText(const TDiagnosticSource& source) {
+    if (source.Line == 0) return source.Path;
+    return source.Path + ":" + std::to_string(source.Line) + ":" + std::to_string(source.Column);
 }

@@ -40,6 +40,7 @@ enum TDiagnosticCode : int {
     DIAGNOSTIC_FOREIGN_NEED = 510,
     DIAGNOSTIC_MISSING_INCLUDE = 511,
     DIAGNOSTIC_LATE_SOURCE = 512,
+    DIAGNOSTIC_UNHELD_TOP = 513,
     DIAGNOSTIC_UNKNOWN_VARIABLE = 601,
     DIAGNOSTIC_NOT_EXPORTED = 602,
     DIAGNOSTIC_UNWRITABLE_NAME = 603,
@@ -54,12 +55,20 @@ struct TDiagnosticRule {
     const char* Cure;  ///< what helps, in whole sentences
 };
 
+/// Where a fault stands in a source of the build.
+struct TDiagnosticSource {
+    std::string Path = {};  ///< as users see it; empty: the fault stands in none
+    int Line = 0;           ///< 1-based; 0: the source as a whole
+    int Column = 0;         ///< 1-based, in bytes
+};
+
 /// One fault.
 struct TDiagnostic {
     TDiagnosticCode Code;
     std::vector<std::string> Names;         ///< for the places in the text, as users see them
     std::vector<std::string> Details = {};  ///< names that need a line of their own
     std::uint32_t Place = kNoXMLPlace;      ///< of its element in the build file, if it has one
+    TDiagnosticSource Source = {};
 };
 
 /// All rows, in ascending order of their codes. Static.
@@ -75,3 +84,5 @@ std::string GetDiagnosticId(TDiagnosticCode code);
 const char* GetSeverityText(TDiagnosticSeverity severity);
 /// The text of one fault with its names, but without its details.
 std::string GetDiagnosticText(const TDiagnostic& diagnostic);
+/// "a.vhd:1:2", "a.vhd" for a source as a whole.
+std::string GetSourcePlaceText(const TDiagnosticSource& source);

@@ -1,6 +1,7 @@
 #include "flows/documentfindings.h"
 #include "flows/documentwords.h"
 #include "flows/sourcementions.h"
+#include "flows/topmentions.h"
 #include "services/files/filereplace.h"
 #include "services/names/isfilename.h"
 
@@ -22,15 +23,18 @@ TDocumentFindings CheckDocument(const ISFileName* buildFile) {
     std::string text;
     if (ReadWholeFile(path.c_str(), &text, nullptr) != FILE_READ_DONE) return {};
     TDocumentWords words;
+    TTopMentions tops;
     const auto mentions = std::make_shared<TSourceMentions>(buildFile->GetPathOnly());
     const auto meet = [&](const TMetElement& element) {
         words.Meet(element);
         mentions->Meet(element);
+        tops.Meet(element);
     };
     if (!VisitElements(&text, "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">",
                        PROGRESS_CHECK_ELEMENTS, meet, nullptr))
         return {};
     findings.Words = words.GetDiagnostics();
+    findings.Tops = tops.GetTops();
     findings.Repeated = mentions->FindRepeated();
     findings.Spelled = mentions->FindSpelled();
     mentions->LookAtFiles(&findings);

@@ -49,6 +49,15 @@ struct TFolderAsSource {
     std::uint32_t Place;
 };
 
+/// A top-level component as a build file names it.
+struct TTopMention {
+    std::string Language;  ///< of its list
+    std::string Library;
+    std::string Entity;
+    std::string Architecture;
+    std::uint32_t Place;  ///< of the element in the document
+};
+
 /// What the document of a build file shows, but not the build read from it.
 struct TDocumentFindings {
     TFileStatus Status;              ///< of the file, when it was read
@@ -58,6 +67,7 @@ struct TDocumentFindings {
     std::vector<TSpelledSource> Spelled;
     std::vector<TUnlistedDependency> Unlisted;
     std::vector<TFolderAsSource> Folders;
+    std::vector<TTopMention> Tops;                    ///< all of them
     std::shared_ptr<const TSourceMentions> Mentions;  ///< null for a file that cannot be read
 
     /// The document that the places are in, read again: a long one is not kept. "" when the file

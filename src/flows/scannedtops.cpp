@@ -57,3 +57,44 @@ std::vector<TScannedTop> ListUnrecordedTops(const TBuildScan& scan, const THdlBu
     }
     return tops;
 }
+
+namespace {
+
+/// Names of Verilog are compared as they are.
+std::string UnitKeyOf(THdlLanguage language, const std::string& library, const std::string& unit) {
+    const bool isVhdl = language == LANGUAGE_VHDL;
+    const std::string plain = !isVhdl && unit.starts_with('\\') ? unit.substr(1) : unit;
+    return FoldVhdlName(library) + "\n" + (isVhdl ? FoldVhdlName(plain) : plain);
+}
+
+bool MayBeTop(TDesignUnitKind kind) {
+    return kind == TDesignUnitKind::Entity || kind == TDesignUnitKind::Configuration ||
+           kind == TDesignUnitKind::Module || kind == TDesignUnitKind::Interface ||
+           kind == TDesignUnitKind::Program || kind == TDesignUnitKind::Primitive;
+}
+
+}  // namespace
+
+std::vector<TTopMention> ListUnheldTops(const TBuildScan& scan, const TLinkOptions& options,
+                                        const std::vector<TTopMention>& mentions) {
+    TNames held;
+    TNames filled;
+    TNames unknown;  // libraries, folded as all of them
+    const TDesignFiles& files = scan.GetFiles();
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        filled.insert(FoldVhdlName(files[i].Library));
+        if (!scan.GetReasons()[i].empty()) unknown.insert(FoldVhdlName(files[i].Library));
+        for (const TDesignUnit& unit : files[i].Scan.Units)
+            if (MayBeTop(unit.Kind))
+                held.insert(UnitKeyOf(files[i].Scan.Language, files[i].Library, unit.Name));
+    }
+    for (const std::string& library : options.ExternalLibraries)
+        if (!filled.contains(FoldVhdlName(library))) unknown.insert(FoldVhdlName(library));
+    std::vector<TTopMention> unheld;
+    for (const TTopMention& top : mentions)
+        if (!unknown.contains(FoldVhdlName(top.Library)) &&
+            !held.contains(
+                UnitKeyOf(GetHdlLanguageFromString(top.Language.c_str()), top.Library, top.Entity)))
+            unheld.push_back(top);
+    return unheld;
+}

@@ -1,12 +1,16 @@
 #include "cli/build/commands.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/findings.h"
+#include "cli/frame/scanfindings.h"
 #include "flows/dependencycycles.h"
 #include "flows/documentfindings.h"
 #include "flows/listedsources.h"
+#include "flows/scanedit.h"
+#include "flows/scannedtops.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "services/names/isfilename.h"
 #include <algorithm>
+#include <optional>
 #include <set>
 
 namespace {
@@ -16,6 +20,8 @@ struct TCheckedBuild {
     const THdlBuildFile& Build;
     TPathForm Paths;
     TDocumentFindings Document;
+    TLinkOptions LinkOptions = {};
+    const TToldScan* Scan = nullptr;  ///< null: the sources are not looked at
 };
 
 std::string PathOf(const IHdlSourceFile* file, const TCheckedBuild& checked) {
@@ -197,6 +203,22 @@ std::vector<TDiagnostic> FindUnlisted(const TCheckedBuild& checked) {
     return dependencies;
 }
 
+std::vector<TDiagnostic> FindScanned(const TCheckedBuild& checked) {
+    return checked.Scan ? DiagnoseScan(*checked.Scan) : std::vector<TDiagnostic>();
+}
+
+std::vector<TDiagnostic> FindUnheldTops(const TCheckedBuild& checked) {
+    std::vector<TDiagnostic> unheld;
+    if (!checked.Scan) return unheld;
+    std::vector<TTopMention> tops = checked.Document.Tops;
+    for (TTopMention& top : tops)
+        if (top.Library.empty()) top.Library = GetDestinationLibraryName(checked.Build);
+    for (const TTopMention& top : ListUnheldTops(checked.Scan->Scan, checked.LinkOptions, tops))
+        unheld.push_back(
+            {DIAGNOSTIC_UNHELD_TOP, {top.Library + "." + top.Entity, top.Library}, {}, top.Place});
+    return unheld;
+}
+
 /// Everything that may be wrong with a build, in the order of both outputs.
 const std::vector<TFindingKind<TCheckedBuild>>& FindingKinds() {
     static const std::vector<TFindingKind<TCheckedBuild>> kinds = {
@@ -209,6 +231,8 @@ const std::vector<TFindingKind<TCheckedBuild>>& FindingKinds() {
         DiagnosticKind(FindFolders),
         DiagnosticKind(FindUnlisted),
         DiagnosticKind(FindWords),
+        DiagnosticKind(FindUnheldTops),
+        DiagnosticKind(FindScanned),
     };
     return kinds;
 }
@@ -223,10 +247,27 @@ int RunCheck(const TBuildArguments& arguments, const TToolStreams& streams) {
     }
     if (arguments.Json) options.Format = "json";
     if (const int status = CheckReportOptions(options, streams)) return status;
+    if (!arguments.ExternalLibraries.empty() && !arguments.Sources) {
+        ReportError(streams, "--external needs --sources");
+        return kExitUsage;
+    }
     THdlBuildFile build;
     const int status = LoadBuild(arguments.Build, streams, &build);
-    if (status == kExitFile) return status;
-    const TCheckedBuild checked{build, arguments.Paths, CheckDocument(build.GetFileName())};
+    if (status == kExitFile) {
+        if (options.Format == "sarif")
+            ReportFailureAsSarif(GetReadErrorText(build.GetReadError(), arguments.Build),
+                                 arguments.Build, streams);
+        return status;
+    }
+    TCheckedBuild checked{
+        build, arguments.Paths, CheckDocument(build.GetFileName()), {arguments.ExternalLibraries}};
+    std::optional<TBuildScan> scan;
+    std::optional<TToldScan> told;
+    if (arguments.Sources && build.HasBuildElement()) {
+        scan.emplace(build, checked.LinkOptions);
+        told.emplace(TToldScan{*scan, arguments.Paths, SortVerilog(build).Late});
+        checked.Scan = &*told;
+    }
     const auto readText = [&] { return checked.Document.ReadText(build.GetFileName()); };
     return ReportFindings(FindAll(FindingKinds(), checked), arguments.Build, readText,
                           MakeResult("hdlbuild-check", "build", arguments.Build), options, streams);

@@ -27,12 +27,17 @@ std::vector<TCommand> MakeBuildCommands() {
     const TArgument strict{"--strict", &values->Report.Strict, "Take warnings for errors"};
     const TArgument suppress{"--suppress", &values->Report.Suppressed,
                              "Leave out a diagnostic by its code, such as HB303"};
+    const TArgument sources{"--sources", &values->Sources,
+                            "Scan the sources, too, and report what 'scan' finds"};
+    const TArgument external{"--external", &values->ExternalLibraries,
+                             "With --sources, a library whose units are not looked for, unless "
+                             "the build fills it"};
     return {
         {"show", "Show what the build holds", with(RunShow), {build, json, absolute}},
         {"check",
          "Report everything that is wrong with the build",
          with(RunCheck),
-         {build, json, absolute, format, strict, suppress}},
+         {build, json, absolute, format, strict, suppress, sources, external}},
         {"order", "Print the files to compile, one a line, in compile order", with(RunOrder),
          orderArguments},
         {"options",

@@ -16,7 +16,9 @@ struct TBuildArguments : TCommonArguments {
     std::size_t OrderFormat = 0;  ///< its row in the table of formats
     std::string Output;           ///< empty: standard output
     bool Gof = false;
-    TReportOptions Report;  ///< of `check`
+    TReportOptions Report;  ///< of `check`, as what follows
+    bool Sources = false;   ///< scan them
+    std::vector<std::string> ExternalLibraries;
 };
 
 int RunShow(const TBuildArguments& arguments, const TToolStreams& streams);

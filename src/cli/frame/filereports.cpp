@@ -15,9 +15,13 @@ std::string ReadErrorText(const TXMLReadError& error) {
 
 }  // namespace
 
-void ReportReadError(TXMLReadError error, const std::string& file, const TToolStreams& streams) {
+std::string GetReadErrorText(TXMLReadError error, const std::string& file) {
     error.File = file;
-    ReportError(streams, ReadErrorText(error));
+    return ReadErrorText(error);
+}
+
+void ReportReadError(TXMLReadError error, const std::string& file, const TToolStreams& streams) {
+    ReportError(streams, GetReadErrorText(std::move(error), file));
 }
 
 int LoadBuild(const std::string& file, const TToolStreams& streams, THdlBuildFile* build) {

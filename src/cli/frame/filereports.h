@@ -21,6 +21,8 @@ private:
     IMessageBox* Former;
 };
 
+/// Why the file that the user named `file` could not be read, with the place of the fault.
+std::string GetReadErrorText(TXMLReadError error, const std::string& file);
 /// Tells in one error line why the file that the user named `file` could not be read, with the
 /// place of the fault.
 void ReportReadError(TXMLReadError error, const std::string& file, const TToolStreams& streams);

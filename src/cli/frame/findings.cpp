@@ -19,6 +19,7 @@ TDiagnosticSeverity SeverityOf(TDiagnosticCode code, const TReportOptions& optio
     return options.Strict && severity == SEVERITY_WARNING ? SEVERITY_ERROR : severity;
 }
 
+// In the build file.
 bool HasPlace(const TReportedDiagnostic& diagnostic) {
     return diagnostic.Fault->Place != kNoXMLPlace;
 }
@@ -47,9 +48,10 @@ void PrintDetails(const TDiagnostic& diagnostic, const TToolStreams& streams) {
 void PrintPlain(const TReport& report, const TToolStreams& streams) {
     for (const TReportedDiagnostic& diagnostic : report.Diagnostics) {
         const bool isError = diagnostic.Severity == SEVERITY_ERROR;
+        const std::string place = GetSourcePlaceText(diagnostic.Fault->Source);
         PrintLine(streams.Out,
                   (isError ? "" : std::string(GetSeverityText(diagnostic.Severity)) + ": ") +
-                      GetDiagnosticText(*diagnostic.Fault));
+                      (place.empty() ? "" : place + ": ") + GetDiagnosticText(*diagnostic.Fault));
         PrintDetails(*diagnostic.Fault, streams);
     }
     if (report.Diagnostics.empty()) PrintLine(streams.Out, report.File + ": no problems");
@@ -58,7 +60,8 @@ void PrintPlain(const TReport& report, const TToolStreams& streams) {
 // As compilers do, so that editors find the place.
 void PrintText(const TReport& report, const TToolStreams& streams) {
     for (const TReportedDiagnostic& diagnostic : report.Diagnostics) {
-        std::string line = report.File + ":";
+        const std::string& source = diagnostic.Fault->Source.Path;
+        std::string line = (source.empty() ? report.File : source) + ":";
         if (diagnostic.Line > 0)
             line += std::to_string(diagnostic.Line) + ":" + std::to_string(diagnostic.Column) + ":";
         PrintLine(streams.Out, line + " " + GetSeverityText(diagnostic.Severity) + ": " +
@@ -73,13 +76,15 @@ TJson DiagnosticsAsJson(const TReport& report) {
     for (const TReportedDiagnostic& diagnostic : report.Diagnostics) {
         const TDiagnosticRule& rule = GetDiagnosticRule(diagnostic.Fault->Code);
         const bool isPlaced = diagnostic.Line > 0;
-        list.Add({{"code", GetDiagnosticId(rule.Code)},
-                  {"severity", GetSeverityText(diagnostic.Severity)},
-                  {"line", isPlaced ? TJson(diagnostic.Line) : TJson()},
-                  {"column", isPlaced ? TJson(diagnostic.Column) : TJson()},
-                  {"text", GetDiagnosticText(*diagnostic.Fault)},
-                  {"details", diagnostic.Fault->Details},
-                  {"cure", rule.Cure}});
+        TJson one = {{"code", GetDiagnosticId(rule.Code)},
+                     {"severity", GetSeverityText(diagnostic.Severity)},
+                     {"line", isPlaced ? TJson(diagnostic.Line) : TJson()},
+                     {"column", isPlaced ? TJson(diagnostic.Column) : TJson()},
+                     {"text", GetDiagnosticText(*diagnostic.Fault)},
+                     {"details", diagnostic.Fault->Details},
+                     {"cure", rule.Cure}};
+        if (!diagnostic.Fault->Source.Path.empty()) one["source"] = diagnostic.Fault->Source.Path;
+        list.Add(std::move(one));
     }
     return list;
 }
@@ -137,14 +142,20 @@ int CheckReportOptions(const TReportOptions& options, const TToolStreams& stream
     return kExitDone;
 }
 
+void ReportFailureAsSarif(const std::string& reason, const std::string& file,
+                          const TToolStreams& streams) {
+    PrintJson(MakeSarif({file, {}, {}, {}, reason}), streams);
+}
+
 int ReportFindings(const TFindings& findings, const std::string& file,
                    const std::function<std::string()>& readText, TJson result,
                    const TReportOptions& options, const TToolStreams& streams) {
-    TReport report{file, {}, {}, std::move(result)};
+    TReport report{file, {}, {}, std::move(result), {}};
     for (const auto& [key, found] : findings)
         for (const TDiagnostic& diagnostic : found.Diagnostics)
             if (!IsSuppressed(diagnostic.Code, options))
-                report.Diagnostics.push_back({&diagnostic, SeverityOf(diagnostic.Code, options)});
+                report.Diagnostics.push_back({&diagnostic, SeverityOf(diagnostic.Code, options),
+                                              diagnostic.Source.Line, diagnostic.Source.Column});
     Locate(readText, &report);
     report.Result["clean"] = report.Diagnostics.empty();
     for (const auto& [key, found] : findings)

@@ -67,7 +67,7 @@ TFindings FindAll(const std::vector<TFindingKind<TSubject>>& kinds, const TSubje
 struct TReportedDiagnostic {
     const TDiagnostic* Fault;
     TDiagnosticSeverity Severity;
-    int Line = 0;    ///< 1-based; 0 for a fault without a place
+    int Line = 0;    ///< 1-based, of the build file or the fault's source; 0: without a place
     int Column = 0;  ///< 1-based, in bytes
     std::size_t LineBegin = 0;
 };
@@ -77,7 +77,8 @@ struct TReport {
     std::string File;  ///< as the user named it
     std::string Text;  ///< of the file, when a diagnostic has a place in it
     std::vector<TReportedDiagnostic> Diagnostics;
-    TJson Result;  ///< the JSON object, with all members
+    TJson Result;         ///< the JSON object, with all members
+    std::string Failure;  ///< why the file could not be read; empty: it was
 };
 
 struct TReportOptions {
@@ -96,6 +97,10 @@ int CheckReportOptions(const TReportOptions& options, const TToolStreams& stream
 int ReportFindings(const TFindings& findings, const std::string& file,
                    const std::function<std::string()>& readText, TJson result,
                    const TReportOptions& options, const TToolStreams& streams);
+
+/// Prints a log of SARIF whose one notification is that `file` could not be read.
+void ReportFailureAsSarif(const std::string& reason, const std::string& file,
+                          const TToolStreams& streams);
 
 /// A log of SARIF 2.1.0 with one run.
 TJson MakeSarif(const TReport& report);

@@ -22,20 +22,19 @@ std::string TToldScan::NameOf(const TNeedPlace& place) const {
     return need.Secondary.empty() ? name : name + "(" + need.Secondary + ")";
 }
 
-std::string TToldScan::PlaceOf(std::size_t source, const TSourcePlace& place) const {
+TDiagnosticSource TToldScan::SourceOf(std::size_t source, const TSourcePlace& place) const {
     const auto& includes = Scan.GetFiles()[source].Scan.Includes;
-    const std::string path = place.Include > 0 && place.Include <= includes.size()
-                                 ? PathText(includes[place.Include - 1].Path.c_str(), Paths)
-                                 : PathOf(source);
-    return path + ":" + std::to_string(place.Line) + ":" + std::to_string(place.Column);
+    const bool isIncluded = place.Include > 0 && place.Include <= includes.size();
+    return {isIncluded ? PathText(includes[place.Include - 1].Path.c_str(), Paths) : PathOf(source),
+            static_cast<int>(place.Line), static_cast<int>(place.Column)};
 }
 
-std::string TToldScan::PlaceOf(TUnitPlace unit) const {
-    return PlaceOf(unit.File, UnitAt(Scan.GetFiles(), unit).Place);
+TDiagnosticSource TToldScan::SourceOf(TUnitPlace unit) const {
+    return SourceOf(unit.File, UnitAt(Scan.GetFiles(), unit).Place);
 }
 
-std::string TToldScan::PlaceOf(const TNeedPlace& need) const {
-    return PlaceOf(need.Unit.File, NeedAt(Scan.GetFiles(), need).Place);
+TDiagnosticSource TToldScan::SourceOf(const TNeedPlace& need) const {
+    return SourceOf(need.Unit.File, NeedAt(Scan.GetFiles(), need).Place);
 }
 
 int ReportUnread(const TToldScan& told, const TToolStreams& streams) {
@@ -43,8 +42,8 @@ int ReportUnread(const TToldScan& told, const TToolStreams& streams) {
     const std::vector<std::string>& reasons = told.Scan.GetReasons();
     for (std::size_t i = 0; i < reasons.size(); ++i) {
         if (reasons[i].empty()) continue;
-        ReportError(streams,
-                    GetDiagnosticText({DIAGNOSTIC_UNREAD_SOURCE, {told.PathOf(i), reasons[i]}}));
+        ReportError(streams, told.PathOf(i) + ": " +
+                                 GetDiagnosticText({DIAGNOSTIC_UNREAD_SOURCE, {reasons[i]}}));
         status = kExitProblems;
     }
     return status;

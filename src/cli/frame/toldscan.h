@@ -3,6 +3,7 @@
 #include "cli/frame/texts.h"
 #include "flows/buildscan.h"
 #include "flows/compilesort.h"
+#include "flows/diagnosticrules.h"
 #include <string>
 #include <vector>
 
@@ -17,10 +18,15 @@ struct TToldScan {
     std::string NameOf(TUnitPlace unit) const;
     /// "work.p", "work.e(a)" as the need names it.
     std::string NameOf(const TNeedPlace& need) const;
-    /// "path:line:column"; of what an included file holds, its path.
-    std::string PlaceOf(std::size_t source, const TSourcePlace& place) const;
-    std::string PlaceOf(TUnitPlace unit) const;
-    std::string PlaceOf(const TNeedPlace& need) const;
+    /// Of what an included file holds, with its path.
+    TDiagnosticSource SourceOf(std::size_t source, const TSourcePlace& place) const;
+    TDiagnosticSource SourceOf(TUnitPlace unit) const;
+    TDiagnosticSource SourceOf(const TNeedPlace& need) const;
+    /// The same as text: "path:line:column".
+    template <class... T>
+    std::string PlaceOf(const T&... thing) const {
+        return GetSourcePlaceText(SourceOf(thing...));
+    }
 };
 
 /// An error line on Err for each source that could not be read; kExitProblems if there is one, else

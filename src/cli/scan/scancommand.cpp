@@ -1,8 +1,8 @@
 #include "cli/frame/changereport.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/progressline.h"
+#include "cli/frame/scanfindings.h"
 #include "cli/scan/commands.h"
-#include "cli/scan/scanfindings.h"
 #include "filenames/componentnamelist.h"
 #include "flows/buildedit.h"
 #include "flows/scanedit.h"
@@ -76,7 +76,7 @@ int TScanRun::Check(TToldScan told) {
         AddFindings(told, &result);
         PrintJson(result, Streams);
     } else {
-        PrintFindings(told, Arguments, Streams);
+        PrintFindings(told, {}, Streams);
         PrintLine(Streams.Out, Arguments.Paths.front() + ": the dependencies" +
                                    (Arguments.Sort ? " and the order are " : " are ") +
                                    (isUpToDate ? "up to date" : "not up to date"));
@@ -97,7 +97,7 @@ int TScanRun::Change(TToldScan told) {
     if (Arguments.Json)
         AddFindings(told, &result);
     else
-        PrintFindings(told, Arguments, Streams);
+        PrintFindings(told, {true, Arguments.Exact, Arguments.Sort}, Streams);
     TState after = StateOf(told, changes);
     if (Arguments.Sort) AddMoves(told, listed, &before);
     if (Arguments.Sort) AddMoves(told, sort.Order, &after);

@@ -1,8 +1,8 @@
 #include "cli/frame/changereport.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/progressline.h"
+#include "cli/frame/scanfindings.h"
 #include "cli/scan/commands.h"
-#include "cli/scan/scanfindings.h"
 #include "flows/buildchanges.h"
 #include "flows/buildedit.h"
 #include "flows/filepatterns.h"
@@ -146,7 +146,7 @@ int TScanNewRun::Save(const TBuildScan& scan) {
     } else {
         for (const std::string& path : Sorted.Included)
             PrintLine(Streams.Out, PathText(path.c_str(), Form) + ": included, not listed");
-        PrintFindings(told, Arguments, Streams);
+        PrintFindings(told, {true, Arguments.Exact, Arguments.Sort}, Streams);
     }
     TState after = GetMadeState();
     for (const TScannedTop& top : changes.Tops) after.emplace_back(NameOfTop(top), true);

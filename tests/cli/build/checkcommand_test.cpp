@@ -344,6 +344,113 @@ TEST(CheckCommand, PrintsALogOfSarif) {
               R"("region":{"startLine":5,"startColumn":21}}}])");
 }
 
+TEST(CheckCommand, LogsInSarifThatABuildCannotBeRead) {
+    const WorkingFolder folder;
+    folder.Write("b 1.xml", "<a>\n</b>");
+    const TToolRun run = RunHdlbuild({"check", "--format", "sarif", "b 1.xml"});
+    EXPECT_EQ(run.Status, kExitFile);
+    EXPECT_EQ(run.Err,
+              "hdlbuild: error: b 1.xml:2:3: mismatched tag: element \"a\" of line 1 is still "
+              "open\n");
+    const auto log = nlohmann::ordered_json::parse(run.Out);
+    EXPECT_EQ(log["runs"][0]["results"].dump(), "[]");
+    EXPECT_EQ(
+        log["runs"][0]["invocations"].dump(),
+        R"([{"executionSuccessful":false,"toolExecutionNotifications":[{"level":"error",)"
+        R"("message":{"text":"b 1.xml:2:3: mismatched tag: element \"a\" of line 1 is still )"
+        R"(open"},"locations":[{"physicalLocation":{"artifactLocation":{"uri":"b%201.xml"}}}]}]}])");
+}
+
+namespace {
+
+/// A source that lacks a dependency, and a top-level component that is nowhere.
+void WriteBuildToScan(const WorkingFolder& folder) {
+    folder.Write("e.vhd",
+                 "library lib;\n/* \xc3\xa9 */ entity e is port (x : lib.p.t); end;\n"
+                 "architecture a of e is begin end;");
+    folder.Write("p.vhd", "package p is end;");
+    folder.Write("m.v", "module Top; endmodule");
+    folder.Write("b.xml",
+                 BuildText("<TopLevelComponents><ComponentList Language=\"VHDL\">\n"
+                           "<Component Library=\"WORK\" Architecture=\"a\">E</Component>\n"
+                           "<Component Library=\"work\">gone</Component>\n"
+                           "<Component Library=\"lib\">e</Component>\n"
+                           "<Component Library=\"vendor\">e</Component></ComponentList>\n"
+                           "<ComponentList Language=\"Verilog\">\n"
+                           "<Component Library=\"work\">Top</Component>\n"
+                           "<Component>top</Component></ComponentList></TopLevelComponents>\n"
+                           "<SourceFileGroup Language=\"Verilog\">\n" +
+                           SourceText("m.v") + "</SourceFileGroup>\n" +
+                           VhdlGroup(SourceText("e.vhd") +
+                                     SourceText("p.vhd", {}, "PrecompiledLibrary=\"lib\""))));
+}
+
+}  // namespace
+
+TEST(CheckCommand, AddsWhatAScanOfTheSourcesFinds) {
+    const WorkingFolder folder;
+    WriteBuildToScan(folder);
+    EXPECT_EQ(ResultOf({"check", "b.xml"}), "b.xml: no problems\n");
+    EXPECT_EQ(ResultOf({"check", "b.xml", "--sources", "--format", "text", "--external", "Vendor"}),
+              "1\n"
+              "b.xml:6:1: error: top-level component work.gone: no source of library work holds it "
+              "[HB513]\n"
+              "b.xml:7:1: error: top-level component lib.e: no source of library lib holds it "
+              "[HB513]\n"
+              "b.xml:11:1: error: top-level component work.top: no source of library work holds it "
+              "[HB513]\n"
+              "e.vhd:2:32: error: e.vhd has no dependency on p.vhd, which holds lib.p [HB505]\n"
+              "m.v:1:8: note: nobody instantiates module work.Top [HB509]\n"
+              "e.vhd:2:17: note: nobody instantiates entity work.e [HB509]\n");
+    EXPECT_EQ(ResultOf({"check", "b.xml", "--sources", "--suppress", "HB509"}),
+              "1\n"
+              "top-level component work.gone: no source of library work holds it\n"
+              "top-level component lib.e: no source of library lib holds it\n"
+              "top-level component vendor.e: no source of library vendor holds it\n"
+              "top-level component work.top: no source of library work holds it\n"
+              "e.vhd:2:32: e.vhd has no dependency on p.vhd, which holds lib.p\n");
+    EXPECT_EQ(ResultOf({"check", "b.xml", "--external", "vendor"}),
+              "2\nhdlbuild: error: --external needs --sources\n");
+}
+
+TEST(CheckCommand, NamesTheSourceOfAFindingInEachFormat) {
+    const WorkingFolder folder;
+    WriteBuildToScan(folder);
+    const auto json = nlohmann::ordered_json::parse(
+        RunHdlbuild({"check", "b.xml", "--sources", "--suppress", "HB513", "--json"}).Out);
+    ASSERT_EQ(json["diagnostics"].size(), 3u);
+    EXPECT_EQ(json["diagnostics"][0].dump(),
+              R"({"code":"HB505","severity":"error","line":2,"column":32,)"
+              R"("text":"e.vhd has no dependency on p.vhd, which holds lib.p","details":[],)"
+              R"("cure":"Run `hdlbuild scan` on the build. Without the dependency the order may )"
+              R"(be wrong.","source":"e.vhd"})");
+    const auto log = nlohmann::ordered_json::parse(
+        RunHdlbuild({"check", "b.xml", "--sources", "--suppress", "HB513", "--format", "sarif"})
+            .Out);
+    const auto& results = log["runs"][0]["results"];
+    ASSERT_EQ(results.size(), 3u);
+    EXPECT_EQ(results[0]["locations"].dump(),
+              R"([{"physicalLocation":{"artifactLocation":{"uri":"e.vhd"},)"
+              R"("region":{"startLine":2,"startColumn":31}}}])")
+        << "characters";
+    EXPECT_EQ(results[1]["locations"].dump(),
+              R"([{"physicalLocation":{"artifactLocation":{"uri":"m.v"},)"
+              R"("region":{"startLine":1,"startColumn":8}}}])");
+}
+
+// What it holds is not known.
+TEST(CheckCommand, MissesNoTopLevelComponentInALibraryWithAnUnreadSource) {
+    const WorkingFolder folder;
+    folder.Write("b.xml", BuildText("<TopLevelComponents><ComponentList Language=\"VHDL\">"
+                                    "<Component Library=\"work\">e</Component></ComponentList>"
+                                    "</TopLevelComponents>\n" +
+                                    VhdlGroup(SourceText("gone.vhd"))));
+    EXPECT_EQ(ResultOf({"check", "b.xml", "--sources"}),
+              "1\nread result 9: Build File: Missing file(s) on load.\n"
+              "missing file: gone.vhd (VHDL)\n"
+              "gone.vhd: not scanned: the file does not exist\n");
+}
+
 TEST(CheckCommand, FailsForWarningsWhenStrict) {
     const WorkingFolder folder;
     folder.Write("build.xml", BuildText("<Notes/>\n"));

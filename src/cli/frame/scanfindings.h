@@ -2,7 +2,7 @@
 #include "cli/frame/json.h"
 #include "cli/frame/streams.h"
 #include "cli/frame/toldscan.h"
-#include "cli/scan/commands.h"
+#include "flows/diagnosticrules.h"
 #include "flows/scannedtops.h"
 #include <string>
 #include <vector>
@@ -17,8 +17,16 @@ void AddFindings(const TToldScan& told, TJson* result);
 /// on each other in cycles: then no order is a compile order.
 int StatusOfScan(int status, const TBuildScan& scan, const TToolStreams& streams);
 
-/// Prints the findings: what may be wrong on Err, what is good to know on Out. What differs from
-/// the build is left out where it is about to change, unless `arguments` ask for a check: what
-/// dependencies lack, what is unexplained and will be removed, what is late and will move.
-void PrintFindings(const TToldScan& told, const TScanArguments& arguments,
-                   const TToolStreams& streams);
+/// All findings, in the order of the output.
+std::vector<TDiagnostic> DiagnoseScan(const TToldScan& told);
+
+/// What a command is about to change, and does not tell: what dependencies lack, what is
+/// unexplained and will be removed, what is late and will move.
+struct TScanRepairs {
+    bool Lacking = false;
+    bool Unexplained = false;
+    bool Late = false;
+};
+
+/// Prints the other findings: what may be wrong on Err, what is good to know on Out.
+void PrintFindings(const TToldScan& told, const TScanRepairs& repairs, const TToolStreams& streams);

@@ -1,4 +1,4 @@
-#include "cli/scan/scanfindings.h"
+#include "cli/frame/scanfindings.h"
 #include "cli/frame/filereports.h"
 #include "flows/dependencycycles.h"
 #include "flows/diagnosticrules.h"
@@ -17,6 +17,11 @@ struct TTold {
 };
 using TAllTold = std::vector<TTold>;
 
+TTold Tell(TDiagnosticCode code, const TDiagnosticSource& source, std::vector<std::string> names,
+           TJson json) {
+    return {{code, std::move(names), {}, kNoXMLPlace, source}, std::move(json)};
+}
+
 std::string KindOf(const TToldScan& told, TUnitPlace unit) {
     return GetDesignUnitKindName(UnitAt(told.Scan.GetFiles(), unit).Kind);
 }
@@ -31,8 +36,8 @@ TAllTold FindUnread(const TToldScan& told) {
     const std::vector<std::string>& reasons = told.Scan.GetReasons();
     for (std::size_t i = 0; i < reasons.size(); ++i)
         if (!reasons[i].empty())
-            all.push_back({{DIAGNOSTIC_UNREAD_SOURCE, {told.PathOf(i), reasons[i]}},
-                           {{"path", told.PathOf(i)}, {"reason", reasons[i]}}});
+            all.push_back(Tell(DIAGNOSTIC_UNREAD_SOURCE, {told.PathOf(i)}, {reasons[i]},
+                               {{"path", told.PathOf(i)}, {"reason", reasons[i]}}));
     return all;
 }
 
@@ -46,12 +51,11 @@ TAllTold FindRepeated(const TToldScan& told) {
             places.Add(told.PlaceOf(place));
             if (!(place == first)) others.push_back(told.PlaceOf(place));
         }
-        all.push_back(
-            {{DIAGNOSTIC_REPEATED_UNIT,
-              {told.PlaceOf(first), KindOf(told, first), told.NameOf(first), JoinNames(others)}},
-             {{"unit", told.NameOf(first)},
-              {"kind", KindOf(told, first)},
-              {"places", std::move(places)}}});
+        all.push_back(Tell(DIAGNOSTIC_REPEATED_UNIT, told.SourceOf(first),
+                           {KindOf(told, first), told.NameOf(first), JoinNames(others)},
+                           {{"unit", told.NameOf(first)},
+                            {"kind", KindOf(told, first)},
+                            {"places", std::move(places)}}));
     }
     return all;
 }
@@ -66,11 +70,12 @@ TAllTold FindMissing(const TToldScan& told, bool isComponent) {
         if (missing.IsComponent != isComponent) continue;
         std::string name = isComponent ? missing.Unit : missing.Library + "." + missing.Unit;
         if (!missing.Secondary.empty()) name += "(" + missing.Secondary + ")";
-        const std::string place = told.PlaceOf(missing.First);
-        all.push_back(
-            {{isComponent ? DIAGNOSTIC_UNBOUND_COMPONENT : DIAGNOSTIC_MISSING_UNIT,
-              {place, name, CountText(missing.Count)}},
-             {{"unit", name}, {"place", place}, {"needs", static_cast<int>(missing.Count)}}});
+        const TDiagnosticSource place = told.SourceOf(missing.First);
+        all.push_back(Tell(isComponent ? DIAGNOSTIC_UNBOUND_COMPONENT : DIAGNOSTIC_MISSING_UNIT,
+                           place, {name, CountText(missing.Count)},
+                           {{"unit", name},
+                            {"place", GetSourcePlaceText(place)},
+                            {"needs", static_cast<int>(missing.Count)}}));
     }
     return all;
 }
@@ -87,7 +92,7 @@ TAllTold FindUnbound(const TToldScan& told) {
 /// fault.
 TAllTold FindMissingIncludes(const TToldScan& told) {
     struct TMissingInclude {
-        std::string Place;
+        TDiagnosticSource Place;
         std::string Name;
         int Count;
     };
@@ -98,32 +103,34 @@ TAllTold FindMissingIncludes(const TToldScan& told) {
         for (const TScannedInclude& include : files[file].Scan.Includes) {
             if (!include.IsCertain || !include.Path.empty()) continue;
             const auto [number, isNew] = numbers.try_emplace(include.Name, missing.size());
-            if (isNew) missing.push_back({told.PlaceOf(file, include.Place), include.Name, 0});
+            if (isNew) missing.push_back({told.SourceOf(file, include.Place), include.Name, 0});
             ++missing[number->second].Count;
         }
     TAllTold all;
     for (const TMissingInclude& one : missing)
-        all.push_back({{DIAGNOSTIC_MISSING_INCLUDE,
-                        {one.Place, one.Name,
-                         std::to_string(one.Count) + (one.Count == 1 ? " include" : " includes")}},
-                       {{"file", one.Name}, {"place", one.Place}, {"includes", one.Count}}});
+        all.push_back(Tell(
+            DIAGNOSTIC_MISSING_INCLUDE, one.Place,
+            {one.Name, std::to_string(one.Count) + (one.Count == 1 ? " include" : " includes")},
+            {{"file", one.Name},
+             {"place", GetSourcePlaceText(one.Place)},
+             {"includes", one.Count}}));
     return all;
 }
 
 TAllTold FindElsewhere(const TToldScan& told) {
     TAllTold all;
     for (const TUnitElsewhere& elsewhere : told.Scan.GetDesign().Elsewhere) {
-        const std::string place = told.PlaceOf(elsewhere.First);
+        const TDiagnosticSource place = told.SourceOf(elsewhere.First);
         const std::string path = told.PathOf(elsewhere.Unit.File);
         const std::string& library = told.Scan.GetFiles()[elsewhere.Unit.File].Library;
         const std::string& name = UnitAt(told.Scan.GetFiles(), elsewhere.Unit).Name;
-        all.push_back({{DIAGNOSTIC_UNIT_ELSEWHERE,
-                        {place, elsewhere.Library + "." + name, path, library, elsewhere.Library}},
-                       {{"path", path},
-                        {"library", library},
-                        {"wantedLibrary", elsewhere.Library},
-                        {"unit", name},
-                        {"place", place}}});
+        all.push_back(Tell(DIAGNOSTIC_UNIT_ELSEWHERE, place,
+                           {elsewhere.Library + "." + name, path, library, elsewhere.Library},
+                           {{"path", path},
+                            {"library", library},
+                            {"wantedLibrary", elsewhere.Library},
+                            {"unit", name},
+                            {"place", GetSourcePlaceText(place)}}));
     }
     return all;
 }
@@ -132,15 +139,14 @@ TAllTold FindLacking(const TToldScan& told) {
     TAllTold all;
     for (const TDependencyDifference& difference : told.Scan.GetDifferences())
         for (const TLinkedFile& linked : difference.Lacking) {
-            const std::string place = told.PlaceOf(linked.Need);
+            const TDiagnosticSource place = told.SourceOf(linked.Need);
             const std::string name = told.NameOf(linked.Need);
-            all.push_back(
-                {{DIAGNOSTIC_LACKING_DEPENDENCY,
-                  {place, told.PathOf(difference.Source), told.PathOf(linked.File), name}},
-                 {{"path", told.PathOf(difference.Source)},
-                  {"dependency", told.PathOf(linked.File)},
-                  {"need", name},
-                  {"place", place}}});
+            all.push_back(Tell(DIAGNOSTIC_LACKING_DEPENDENCY, place,
+                               {told.PathOf(difference.Source), told.PathOf(linked.File), name},
+                               {{"path", told.PathOf(difference.Source)},
+                                {"dependency", told.PathOf(linked.File)},
+                                {"need", name},
+                                {"place", GetSourcePlaceText(place)}}));
         }
     return all;
 }
@@ -151,8 +157,8 @@ TAllTold FindUnexplained(const TToldScan& told) {
         for (const IHdlSourceFile* const dependency : difference.Unexplained) {
             const std::string path = told.PathOf(difference.Source);
             const std::string on = PathText(dependency->GetFileName(), told.Paths);
-            all.push_back({{DIAGNOSTIC_UNEXPLAINED_DEPENDENCY, {path, on}},
-                           {{"path", path}, {"dependency", on}}});
+            all.push_back(Tell(DIAGNOSTIC_UNEXPLAINED_DEPENDENCY, {path}, {on},
+                               {{"path", path}, {"dependency", on}}));
         }
     return all;
 }
@@ -163,7 +169,7 @@ TAllTold FindLate(const TToldScan& told) {
         const std::string path = PathText(late.Source->GetFileName(), told.Paths);
         const std::string user = PathText(late.User->GetFileName(), told.Paths);
         all.push_back(
-            {{DIAGNOSTIC_LATE_SOURCE, {path, user}}, {{"path", path}, {"neededBy", user}}});
+            Tell(DIAGNOSTIC_LATE_SOURCE, {path}, {user}, {{"path", path}, {"neededBy", user}}));
     }
     return all;
 }
@@ -172,19 +178,21 @@ TAllTold FindUnits(const TToldScan& told, const std::vector<TUnitPlace>& units,
                    TDiagnosticCode code) {
     TAllTold all;
     for (const TUnitPlace unit : units)
-        all.push_back({{code, {told.PlaceOf(unit), KindOf(told, unit), told.NameOf(unit)}},
-                       UnitAsJson(told, unit)});
+        all.push_back(Tell(code, told.SourceOf(unit), {KindOf(told, unit), told.NameOf(unit)},
+                           UnitAsJson(told, unit)));
     return all;
 }
 
 TAllTold FindForeign(const TToldScan& told) {
     TAllTold all;
     for (const TForeignNeed& foreign : told.Scan.GetDesign().Foreign) {
-        const std::string place = told.PlaceOf(foreign.Need);
+        const TDiagnosticSource place = told.SourceOf(foreign.Need);
         const std::string path = told.PathOf(foreign.Unit.File);
-        all.push_back({{DIAGNOSTIC_FOREIGN_NEED,
-                        {place, KindOf(told, foreign.Unit), told.NameOf(foreign.Unit), path}},
-                       {{"unit", told.NameOf(foreign.Unit)}, {"path", path}, {"place", place}}});
+        all.push_back(Tell(DIAGNOSTIC_FOREIGN_NEED, place,
+                           {KindOf(told, foreign.Unit), told.NameOf(foreign.Unit), path},
+                           {{"unit", told.NameOf(foreign.Unit)},
+                            {"path", path},
+                            {"place", GetSourcePlaceText(place)}}));
     }
     return all;
 }
@@ -218,8 +226,9 @@ constexpr TScanFinding kFindings[] = {
     {"topCandidates", FindTops},
 };
 
-void Print(const TDiagnostic& diagnostic, const TToolStreams& streams) {
-    const std::string text = GetDiagnosticText(diagnostic);
+void PrintScanned(const TDiagnostic& diagnostic, const TToolStreams& streams) {
+    const std::string text =
+        GetSourcePlaceText(diagnostic.Source) + ": " + GetDiagnosticText(diagnostic);
     switch (GetDiagnosticRule(diagnostic.Code).Severity) {
         case SEVERITY_ERROR:
             ReportError(streams, text);
@@ -248,17 +257,23 @@ void AddFindings(const TToldScan& told, TJson* result) {
     }
 }
 
-void PrintFindings(const TToldScan& told, const TScanArguments& arguments,
+std::vector<TDiagnostic> DiagnoseScan(const TToldScan& told) {
+    std::vector<TDiagnostic> diagnostics;
+    for (const TScanFinding& finding : kFindings)
+        for (TTold& one : finding.Find(told)) diagnostics.push_back(std::move(one.Diagnostic));
+    return diagnostics;
+}
+
+void PrintFindings(const TToldScan& told, const TScanRepairs& repairs,
                    const TToolStreams& streams) {
     const auto isAboutToChange = [&](const TScanFinding& finding) {
-        if (arguments.Check) return false;
-        return finding.Find == FindLacking ||
-               (finding.Find == FindUnexplained && arguments.Exact) ||
-               (finding.Find == FindLate && arguments.Sort);
+        return (finding.Find == FindLacking && repairs.Lacking) ||
+               (finding.Find == FindUnexplained && repairs.Unexplained) ||
+               (finding.Find == FindLate && repairs.Late);
     };
     for (const TScanFinding& finding : kFindings) {
         if (isAboutToChange(finding)) continue;
-        for (const TTold& one : finding.Find(told)) Print(one.Diagnostic, streams);
+        for (const TTold& one : finding.Find(told)) PrintScanned(one.Diagnostic, streams);
     }
 }
 
