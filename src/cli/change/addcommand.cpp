@@ -1,6 +1,6 @@
-#include "cli/frame/buildaccess.h"
 #include "cli/change/commands.h"
 #include "cli/change/sourceplace.h"
+#include "cli/frame/buildaccess.h"
 #include "cli/frame/languagenames.h"
 #include "flows/sourcesearch.h"
 #include "projectfiles/ihdlsourcefile.h"

@@ -1,5 +1,5 @@
-#include "cli/frame/buildaccess.h"
 #include "cli/change/commands.h"
+#include "cli/frame/buildaccess.h"
 #include "cli/frame/filereports.h"
 #include "flows/dependencycycles.h"
 #include "flows/listedsources.h"

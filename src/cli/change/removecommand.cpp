@@ -1,5 +1,5 @@
-#include "cli/frame/buildaccess.h"
 #include "cli/change/commands.h"
+#include "cli/frame/buildaccess.h"
 #include "flows/listedsources.h"
 
 int RunRemove(const TChangeArguments& arguments, const TToolStreams& streams) {

@@ -1,5 +1,5 @@
-#include "cli/frame/buildaccess.h"
 #include "cli/change/commands.h"
+#include "cli/frame/buildaccess.h"
 #include "services/names/isfilename.h"
 
 int RunRename(const TChangeArguments& arguments, const TToolStreams& streams) {

@@ -1,6 +1,6 @@
-#include "cli/frame/buildaccess.h"
 #include "cli/change/commands.h"
 #include "cli/change/sourceplace.h"
+#include "cli/frame/buildaccess.h"
 #include "projectfiles/ihdlsourcefile.h"
 
 int RunSource(const TChangeArguments& arguments, const TToolStreams& streams) {

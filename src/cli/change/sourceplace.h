@@ -1,6 +1,6 @@
 #pragma once
-#include "cli/frame/buildaccess.h"
 #include "cli/change/commands.h"
+#include "cli/frame/buildaccess.h"
 #include <map>
 
 /// Puts sources where "--first", "--before" and "--after" say.

@@ -14,14 +14,10 @@ struct TWorkText {
     const char* Items;
 };
 constexpr TWorkText kWorkTexts[] = {
-    {PROGRESS_READ_DOCUMENT, "reading", "bytes"},
-    {PROGRESS_READ_SOURCES, "reading", "sources"},
-    {PROGRESS_ORDER_SOURCES, "ordering", "sources"},
-    {PROGRESS_WRITE_SOURCES, "writing", "sources"},
-    {PROGRESS_CHECK_SOURCES, "checking", "sources"},
-    {PROGRESS_CHECK_NAMES, "checking", "names"},
-    {PROGRESS_CHECK_ELEMENTS, "checking", "bytes"},
-    {PROGRESS_SCAN_SOURCES, "scanning", "sources"},
+    {PROGRESS_READ_DOCUMENT, "reading", "bytes"},    {PROGRESS_READ_SOURCES, "reading", "sources"},
+    {PROGRESS_ORDER_SOURCES, "ordering", "sources"}, {PROGRESS_WRITE_SOURCES, "writing", "sources"},
+    {PROGRESS_CHECK_SOURCES, "checking", "sources"}, {PROGRESS_CHECK_NAMES, "checking", "names"},
+    {PROGRESS_CHECK_ELEMENTS, "checking", "bytes"},  {PROGRESS_SCAN_SOURCES, "scanning", "sources"},
 };
 
 const TWorkText& TextsOf(TProgressWork work) {

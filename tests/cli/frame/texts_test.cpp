@@ -39,7 +39,8 @@ TEST(Texts, PrintLinesOfTextWordsAndFields) {
               "a\\tb\\nc\n"
               "a\tb\\nc\n"
               "a\\tb\t\tc\\n\n"
-              "\na\tb\n" + std::string(1, '\0'));
+              "\na\tb\n" +
+                  std::string(1, '\0'));
 }
 
 TEST(Texts, JoinNamesAndChoices) {
