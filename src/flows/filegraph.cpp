@@ -40,18 +40,18 @@ std::vector<std::uint32_t> ListReached(const TFileGraph& graph,
 
 std::vector<std::uint32_t> FindShortestChain(const TFileGraph& graph, std::uint32_t from,
                                              std::uint32_t to) {
-    constexpr auto kNobody = static_cast<std::uint32_t>(-1);
-    std::vector<std::uint32_t> users(graph.size(), kNobody);
+    constexpr auto kNoUser = static_cast<std::uint32_t>(-1);
+    std::vector<std::uint32_t> users(graph.size(), kNoUser);
     std::vector<std::uint32_t> queue = {from};
     users[from] = from;
-    for (std::size_t at = 0; at < queue.size() && users[to] == kNobody; ++at)
+    for (std::size_t at = 0; at < queue.size() && users[to] == kNoUser; ++at)
         for (const std::uint32_t needed : graph[queue[at]]) {
-            if (users[needed] != kNobody) continue;
+            if (users[needed] != kNoUser) continue;
             users[needed] = queue[at];
             queue.push_back(needed);
         }
     std::vector<std::uint32_t> chain;
-    if (users[to] == kNobody) return chain;
+    if (users[to] == kNoUser) return chain;
     for (std::uint32_t file = to; file != from; file = users[file]) chain.push_back(file);
     chain.push_back(from);
     std::reverse(chain.begin(), chain.end());
