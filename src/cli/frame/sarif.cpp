@@ -2,6 +2,7 @@
 #include "services/files/filereplace.h"
 #include "services/xml/documentlines.h"
 #include <algorithm>
+#include <cstddef>
 #include <optional>
 
 namespace {
@@ -74,7 +75,7 @@ private:
 };
 
 // Of each character of UTF-8 one byte is no continuation. In UTF-16 bytes are no characters.
-long ColumnBehind(std::string_view front) {
+std::ptrdiff_t ColumnBehind(std::string_view front) {
     return 1 + std::count_if(front.begin(), front.end(), [](char c) {
                return (static_cast<unsigned char>(c) & 0xc0U) != 0x80U;
            });
