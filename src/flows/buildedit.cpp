@@ -47,7 +47,7 @@ TLanguageSettings CopyLanguageSettings(const THdlBuildFile& build) {
     return settings;
 }
 
-void PushLanguageSettings(TLanguageSettings settings, TXMLList* document) {
+void PushLanguageSettings(TLanguageSettings& settings, TXMLList* document) {
     constexpr const char* kList = "ProjectLanguageConfigurationList";
     Push(document, TElement::START, kList);
     for (auto& [language, own] : settings) {
@@ -125,7 +125,8 @@ void TBuildEdit::PushFront(THdlBuildFile& build, TXMLList* document) const {
 std::string TBuildEdit::PrintRest(THdlBuildFile& build) const {
     TXMLList document;
     PushFront(build, &document);
-    PushLanguageSettings(CopyLanguageSettings(build), &document);
+    TLanguageSettings languages = CopyLanguageSettings(build);
+    PushLanguageSettings(languages, &document);
     build.WriteV2VOptions(&document);
     PushEnd(build, &document);
     std::string text;
@@ -159,7 +160,8 @@ std::string TBuildEdit::FindEdits() {
     TXMLList wanted;
     PushFront(*Build, &wanted);
     PushLanguageSettings(LanguagesBefore, &Base);
-    PushLanguageSettings(CopyLanguageSettings(*Build), &wanted);
+    TLanguageSettings languages = CopyLanguageSettings(*Build);
+    PushLanguageSettings(languages, &wanted);
     SourceChanges->Push(File.GetFile(), Libraries, &Base, &wanted);
     PushEnd(*Build, &wanted);
     TPseudoVariables& variables = *Build->GetPseudoEnvironmentVariables();
@@ -189,7 +191,8 @@ bool TBuildEdit::IsAsWanted(const std::string& document, const std::string& rest
 std::string TBuildEdit::ReadRestOfSave() {
     TXMLList wanted;
     PushFront(*Build, &wanted);
-    PushLanguageSettings(CopyLanguageSettings(*Build), &wanted);
+    TLanguageSettings languages = CopyLanguageSettings(*Build);
+    PushLanguageSettings(languages, &wanted);
     Build->WriteV2VOptions(&wanted);
     PushEnd(*Build, &wanted);
     std::string document;

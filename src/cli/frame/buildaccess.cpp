@@ -98,7 +98,7 @@ void TBuildAccess::Note(const char* key, const std::vector<std::string>& names,
 }
 
 std::string TBuildAccess::FindEdits(TState* after) {
-    const std::string reason = Edit.FindEdits();
+    std::string reason = Edit.FindEdits();
     *after = StateOf(Edit.GetFound());
     if (!reason.empty()) return reason;
     TState wanted = StateOf(GetBuild());

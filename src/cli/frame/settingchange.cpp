@@ -12,6 +12,7 @@ namespace {
 
 std::vector<std::string> NamesOf(const std::vector<THdlLanguage>& languages) {
     std::vector<std::string> names;
+    names.reserve(languages.size());
     for (const THdlLanguage language : languages)
         names.emplace_back(GetStringFromHdlLanguage(language));
     return names;

@@ -48,6 +48,7 @@ std::string NoUnit(const std::string& text, const TNamedTop& read, const TToldSc
 std::string Several(const std::string& text, const std::vector<TCandidate>& candidates,
                     const TToldScan& told) {
     std::vector<std::string> names;
+    names.reserve(candidates.size());
     for (const TCandidate& candidate : candidates)
         names.push_back(LanguageOf(candidate.Unit, told) + " " + told.NameOf(candidate.Unit));
     return "'" + text + "' may be " + JoinChoices(names) + ": name the library or the language";

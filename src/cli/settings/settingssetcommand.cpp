@@ -13,7 +13,7 @@ std::string Change(const TSettingRequest& request, TProjectSimConfig* configurat
     const TLanguageSetting* const key = FindLanguageSetting(request.Key);
     if (!key) return UnknownName("setting", request.Key, KnownKeys());
     const THdlLanguage language = GetHdlLanguageFromString(request.Language.c_str());
-    const std::string complaint = LanguageComplaint(request, language, LanguagesOf(*configuration));
+    std::string complaint = LanguageComplaint(request, language, LanguagesOf(*configuration));
     if (!complaint.empty()) return complaint;
     return ChangeSetting(request, *key, language, directory,
                          configuration->GetProjectLanguageConfig(language));

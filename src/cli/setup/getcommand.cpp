@@ -28,7 +28,7 @@ std::string Find(const TSettingRequest& request, const THdlBuildFile& build, TJs
     const TLanguageSetting* const ofLanguage = FindLanguageSetting(request.Key);
     if (ofLanguage) {
         const THdlLanguage language = GetHdlLanguageFromString(request.Language.c_str());
-        const std::string complaint = LanguageComplaint(request, language, GetStoredLanguages());
+        std::string complaint = LanguageComplaint(request, language, GetStoredLanguages());
         if (complaint.empty())
             *value = ValueOf(*ofLanguage, SettingsOf(build, language), build.GetProjectPath());
         return complaint;

@@ -37,7 +37,7 @@ private:
     std::string ChangeVariable(const std::string& name) {
         TPseudoVariables& variables = *Build.GetPseudoEnvironmentVariables();
         const bool isKnown = variables.contains(name);
-        const std::string complaint = GeneralComplaint(Request);
+        std::string complaint = GeneralComplaint(Request);
         if (!complaint.empty()) return complaint;
         const bool changesEntries =
             !Request.AddedEntries.empty() || !Request.RemovedEntries.empty();
@@ -59,7 +59,7 @@ private:
     std::string ChangeGeneral(const TGeneralSetting& key) {
         TProjectSimGeneralConfig settings;
         TProjectSimGeneralConfig* const own = Build.GetGeneralConfiguration();
-        const std::string complaint = ChangeSetting(Request, key, own ? own : &settings);
+        std::string complaint = ChangeSetting(Request, key, own ? own : &settings);
         if (!complaint.empty() || own || key.Get(settings) == key.Get(TProjectSimGeneralConfig()))
             return complaint;
         Build.SetGeneralConfiguration(new TProjectSimGeneralConfig(settings));
