@@ -3,13 +3,11 @@
 #include "cli/frame/filereports.h"
 #include "cli/frame/json.h"
 #include "cli/frame/knownnames.h"
+#include "cli/frame/outputfile.h"
 #include "cli/frame/texts.h"
-#include "flows/commandfile.h"
 #include "flows/formats/exportformats.h"
 #include "flows/plan/planoptions.h"
-#include "projectfiles/ihdlsourcefile.h"
 #include "services/base/mystring.h"
-#include "services/files/filereplace.h"
 #include "services/names/isfilename.h"
 
 namespace {
@@ -25,15 +23,12 @@ public:
     int Run();
 
 private:
-    bool IsSaved() const { return !Arguments.Output.empty() && Arguments.Output != "-"; }
     int List();
     int Write();
-    bool MayReplace() const;
     bool FindTop(const TBuildPlan& plan, const TPlanTop** top) const;
     std::string FolderOfPaths(const TBuildPlan& plan) const;
     /// kExitProblems when one of them is an error.
     int Tell(const TBuildPlan& plan, const TExported& exported);
-    int Save(const std::string& text) const;
     void Print(const std::string& text);
 
     const TExportArguments& Arguments;
@@ -91,33 +86,21 @@ int TExportRun::List() {
 }
 
 int TExportRun::Write() {
-    if (IsSaved() && IsSameFile(ISFileName::NewISFileName(Arguments.Output.c_str()),
-                                ISFileName::NewISFileName(Arguments.Build.c_str()))) {
-        ReportError(Streams, Arguments.Output + ": the output would replace the build file");
-        return kExitUsage;
-    }
+    if (const int usage = CheckOutput(Arguments.Output, Arguments.Build, Streams)) return usage;
     const int status = LoadBuild(Arguments.Build, Streams, &Build);
     if (status == kExitFile) return status;
     ReportReadResult(Build, Streams);
     if (!Build.HasBuildElement()) return status;
-    if (IsSaved() && !MayReplace()) return kExitUsage;
+    if (const int usage = CheckOutput(Arguments.Output, Build, TPathForm(), Streams)) return usage;
     const TBuildPlan plan = MakePlan(Build);
     const TPlanTop* top = nullptr;
     if (!FindTop(plan, &top)) return kExitUsage;
     const TExported exported = Format->Write({plan, FolderOfPaths(plan), top});
     if (const int told = Tell(plan, exported); told != kExitDone) return told;
-    if (IsSaved())
-        if (const int saved = Save(exported.Text); saved != kExitDone) return saved;
+    if (IsFileOutput(Arguments.Output))
+        if (const int failed = SaveOutput(Arguments.Output, exported.Text, Streams)) return failed;
     Print(exported.Text);
     return status;
-}
-
-bool TExportRun::MayReplace() const {
-    const IHdlSourceFile* const source = FindSourceReplacedBy(Arguments.Output, Build);
-    if (source)
-        ReportError(Streams, Arguments.Output + ": the output would replace the source " +
-                                 PathText(source->GetFileName(), TPathForm()));
-    return !source;
 }
 
 /// False, with an error line on Err, for one that the build does not have, or several times.
@@ -137,7 +120,7 @@ bool TExportRun::FindTop(const TBuildPlan& plan, const TPlanTop** top) const {
 // Standard output is in no folder: what is printed is for the build's own.
 std::string TExportRun::FolderOfPaths(const TBuildPlan& plan) const {
     if (Arguments.Absolute) return {};
-    if (!IsSaved()) return plan.Folder;
+    if (!IsFileOutput(Arguments.Output)) return plan.Folder;
     const ISFileName* const output = ISFileName::NewISFileName(Arguments.Output.c_str());
     return WholePath("", output->GetParts(PART_DRIVE | PART_DIRECTORY)) + "/";
 }
@@ -159,21 +142,14 @@ int TExportRun::Tell(const TBuildPlan& plan, const TExported& exported) {
     return status;
 }
 
-int TExportRun::Save(const std::string& text) const {
-    std::string reason;
-    if (ReplaceWholeFile(Arguments.Output.c_str(), text, &reason)) return kExitDone;
-    ReportError(Streams, Arguments.Output + ": " + reason);
-    return kExitFile;
-}
-
 void TExportRun::Print(const std::string& text) {
     if (!Arguments.Json) {
-        if (!IsSaved()) PrintFile(text, Streams.Out);
+        if (!IsFileOutput(Arguments.Output)) PrintFile(text, Streams.Out);
         return;
     }
     TJson result = MakeResult("hdlbuild-export", "build", Arguments.Build);
     result["to"] = Format->Name;
-    result["output"] = IsSaved() ? TJson(Arguments.Output) : TJson();
+    result["output"] = IsFileOutput(Arguments.Output) ? TJson(Arguments.Output) : TJson();
     result["losses"] = Losses;
     result["text"] = text;
     PrintJson(result, Streams);

@@ -187,7 +187,7 @@ int PutOut(const TGraphArguments& arguments, const TWanted& wanted, const TSourc
         if (IsFileOutput(arguments.Output)) {
             if (const int failed = SaveOutput(arguments.Output, text, streams)) return failed;
         } else {
-            streams.Out << text;
+            PrintFile(text, streams.Out);
         }
     }
     if (arguments.Json) PrintJson(GraphAsJson(arguments, graph), streams);
