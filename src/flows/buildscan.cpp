@@ -28,14 +28,14 @@ std::vector<std::string> FoldersOf(const std::vector<std::string>& directories,
     return folders;
 }
 
-TVerilogOptions VerilogOptionsOf(const THdlBuildFile& build) {
+TVerilogOptions VerilogOptionsOf(THdlBuildFile& build) {
     TVerilogOptions options;
     if (const TProjectSimLanguageConfig* const verilog =
             build.GetProjectLanguageConfig(LANGUAGE_VERILOG)) {
         options.IncludeFolders = verilog->GetIncludeDirectories();
         options.LibraryFolders = verilog->GetLibraryDirectories();
         options.LibraryExtensions = verilog->GetLibraryExtensions();
-        AddVerilogOptions(verilog->GetBuildOptions(), &options);
+        AddVerilogOptions(build.GetCompileOptions(LANGUAGE_VERILOG), &options);
     }
     AddVerilogOptions(build.GetVerilogUserDefines(), &options);
     AddVerilogOptions(build.GetVerilogOtherPlusOptions(), &options);

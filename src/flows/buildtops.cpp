@@ -31,11 +31,18 @@ bool AddTop(THdlBuildFile& build, const TBuildTop& top) {
                                   top.Language);
 }
 
+bool HasTop(const THdlBuildFile& build, const TBuildTop& top) {
+    const TComponentNameList* const list = build.GetComponentNameList(top.Language);
+    return list &&
+           list->IsNameInList({top.Entity.c_str(), top.Language},
+                              {top.Architecture.c_str(), top.Language}, top.Library.c_str());
+}
+
 bool RemoveTop(THdlBuildFile& build, const TBuildTop& top) {
+    if (!HasTop(build, top)) return false;
     TComponentNameList* const list = build.GetComponentNameList(top.Language);
     const TTBIdentifier entity(top.Entity.c_str(), top.Language);
     const TTBIdentifier architecture(top.Architecture.c_str(), top.Language);
-    if (!list || !list->IsNameInList(entity, architecture, top.Library.c_str())) return false;
     std::vector<TComponentName> kept;
     for (const TComponentName* const name : *list)
         if (!name->IsEqualTo(entity, architecture, top.Library)) kept.push_back(*name);

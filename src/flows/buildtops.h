@@ -16,6 +16,7 @@ struct TBuildTop {
 /// All of them, in the order of the languages, then of the lists.
 std::vector<TBuildTop> ListTops(const THdlBuildFile& build);
 
+bool HasTop(const THdlBuildFile& build, const TBuildTop& top);
 /// False when an equal one is listed.
 bool AddTop(THdlBuildFile& build, const TBuildTop& top);
 /// False when none is listed that is equal by the rule of its language.

@@ -11,9 +11,7 @@ void ApplyScan(const TBuildScan& scan, const TScanChanges& changes, THdlBuildFil
         for (IHdlSourceFile* const dependency : difference.Unexplained)
             source.RemoveDependency(dependency);
     }
-    for (const TScannedTop& top : changes.Tops)
-        build->AddComponentName(top.Entity.c_str(), top.Architecture.c_str(), top.Library.c_str(),
-                                top.Language);
+    for (const TBuildTop& top : changes.Tops) AddTop(*build, top);
 }
 
 TCompileSort SortVerilog(THdlBuildFile& build) {

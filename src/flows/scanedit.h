@@ -9,7 +9,7 @@ class THdlBuildFile;
 /// What a scan changes in a build.
 struct TScanChanges {
     std::vector<TDependencyDifference> Differences;  ///< unexplained dependencies are removed
-    std::vector<TScannedTop> Tops;                   ///< are added
+    std::vector<TBuildTop> Tops;                     ///< are added
 };
 
 /// Changes `build`: the sources of the differences depend on what they lacked and not on what was

@@ -1,67 +1,15 @@
 #include "flows/scannedtops.h"
-#include "buildfile/hdlbuildfile.h"
-#include "filenames/componentname.h"
-#include "filenames/componentnamelist.h"
 #include "flows/scan/vhdlnames.h"
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace {
 
 using TNames = std::unordered_set<std::string>;
 
-std::string KeyOf(const std::string& library, const std::string& entity) {
-    return FoldVhdlName(library) + "\n" + FoldVhdlName(entity);
-}
-
-TNames RecordedTops(const THdlBuildFile& build, THdlLanguage language) {
-    TNames names;
-    if (const TComponentNameList* const list = build.GetComponentNameList(language))
-        for (const TComponentName* const name : *list)
-            names.insert(
-                KeyOf(name->GetDestinationLibraryName(),
-                      name->GetEntity().GetEscapedName(language, 0, false, false).c_str()));
-    return names;
-}
-
-/// By the keys of entities; "" for several.
-std::unordered_map<std::string, std::string> OnlyArchitectures(const TDesignFiles& files) {
-    std::unordered_map<std::string, std::string> architectures;
-    for (const TDesignFile& file : files)
-        for (const TDesignUnit& unit : file.Scan.Units) {
-            if (unit.Kind != TDesignUnitKind::Architecture) continue;
-            const auto [entry, isNew] =
-                architectures.try_emplace(KeyOf(file.Library, unit.Primary), unit.Name);
-            if (!isNew) entry->second.clear();
-        }
-    return architectures;
-}
-
-}  // namespace
-
-std::vector<TScannedTop> ListUnrecordedTops(const TBuildScan& scan, const THdlBuildFile& build) {
-    std::vector<TScannedTop> tops;
-    std::unordered_map<int, TNames> recorded;
-    const auto architectures = OnlyArchitectures(scan.GetFiles());
-    for (const TUnitPlace place : scan.GetDesign().TopCandidates) {
-        const THdlLanguage language = scan.GetSources()[place.File].Group;
-        const auto entry = recorded.try_emplace(language);
-        if (entry.second) entry.first->second = RecordedTops(build, language);
-        const std::string& library = scan.GetFiles()[place.File].Library;
-        const std::string& entity = UnitAt(scan.GetFiles(), place).Name;
-        const std::string key = KeyOf(library, entity);
-        if (!entry.first->second.insert(key).second) continue;
-        const auto architecture = architectures.find(key);
-        tops.push_back({entity, architecture == architectures.end() ? "" : architecture->second,
-                        library, language});
-    }
-    return tops;
-}
-
-namespace {
-
 /// Names of Verilog are compared as they are.
-std::string UnitKeyOf(THdlLanguage language, const std::string& library, const std::string& unit) {
+std::string KeyOf(THdlLanguage language, const std::string& library, const std::string& unit) {
     const bool isVhdl = language == LANGUAGE_VHDL;
     const std::string plain = !isVhdl && unit.starts_with('\\') ? unit.substr(1) : unit;
     return FoldVhdlName(library) + "\n" + (isVhdl ? FoldVhdlName(plain) : plain);
@@ -73,7 +21,44 @@ bool MayBeTop(TDesignUnitKind kind) {
            kind == TDesignUnitKind::Program || kind == TDesignUnitKind::Primitive;
 }
 
+/// Whatever its architecture.
+std::string KeyOf(const TBuildTop& top) {
+    return std::to_string(top.Language) + "\n" + KeyOf(top.Language, top.Library, top.Entity);
+}
+
+/// By the keys of entities; "" for several.
+std::unordered_map<std::string, std::string> OnlyArchitectures(const TDesignFiles& files) {
+    std::unordered_map<std::string, std::string> architectures;
+    for (const TDesignFile& file : files)
+        for (const TDesignUnit& unit : file.Scan.Units) {
+            if (unit.Kind != TDesignUnitKind::Architecture) continue;
+            const auto [entry, isNew] = architectures.try_emplace(
+                KeyOf(LANGUAGE_VHDL, file.Library, unit.Primary), unit.Name);
+            if (!isNew) entry->second.clear();
+        }
+    return architectures;
+}
+
 }  // namespace
+
+std::vector<TBuildTop> ListUnrecordedTops(const TBuildScan& scan, const THdlBuildFile& build) {
+    std::vector<TBuildTop> tops;
+    TNames recorded;
+    for (const TBuildTop& top : ListTops(build)) recorded.insert(KeyOf(top));
+    const auto architectures = OnlyArchitectures(scan.GetFiles());
+    for (const TUnitPlace place : scan.GetDesign().TopCandidates) {
+        TBuildTop top{scan.GetSources()[place.File].Group,
+                      scan.GetFiles()[place.File].Library,
+                      UnitAt(scan.GetFiles(), place).Name,
+                      {}};
+        if (!recorded.insert(KeyOf(top)).second) continue;
+        const auto architecture = architectures.find(KeyOf(LANGUAGE_VHDL, top.Library, top.Entity));
+        if (top.Language == LANGUAGE_VHDL && architecture != architectures.end())
+            top.Architecture = architecture->second;
+        tops.push_back(std::move(top));
+    }
+    return tops;
+}
 
 std::vector<TTopMention> ListUnheldTops(const TBuildScan& scan, const TLinkOptions& options,
                                         const std::vector<TTopMention>& mentions) {
@@ -86,7 +71,7 @@ std::vector<TTopMention> ListUnheldTops(const TBuildScan& scan, const TLinkOptio
         if (!scan.GetReasons()[i].empty()) unknown.insert(FoldVhdlName(files[i].Library));
         for (const TDesignUnit& unit : files[i].Scan.Units)
             if (MayBeTop(unit.Kind))
-                held.insert(UnitKeyOf(files[i].Scan.Language, files[i].Library, unit.Name));
+                held.insert(KeyOf(files[i].Scan.Language, files[i].Library, unit.Name));
     }
     for (const std::string& library : options.ExternalLibraries)
         if (!filled.contains(FoldVhdlName(library))) unknown.insert(FoldVhdlName(library));
@@ -94,7 +79,7 @@ std::vector<TTopMention> ListUnheldTops(const TBuildScan& scan, const TLinkOptio
     for (const TTopMention& top : mentions)
         if (!unknown.contains(FoldVhdlName(top.Library)) &&
             !held.contains(
-                UnitKeyOf(GetHdlLanguageFromString(top.Language.c_str()), top.Library, top.Entity)))
+                KeyOf(GetHdlLanguageFromString(top.Language.c_str()), top.Library, top.Entity)))
             unheld.push_back(top);
     return unheld;
 }

@@ -1,20 +1,12 @@
 #pragma once
 #include "flows/buildscan.h"
+#include "flows/buildtops.h"
 #include "flows/documentfindings.h"
-#include <string>
 #include <vector>
 
-/// A top-level component as a build records it.
-struct TScannedTop {
-    std::string Entity;
-    std::string Architecture;  ///< "" when there is none or more than one
-    std::string Library;
-    THdlLanguage Language;
-};
-
 /// The units that may be top level and that `build`, which was scanned, does not record with any
-/// architecture.
-std::vector<TScannedTop> ListUnrecordedTops(const TBuildScan& scan, const THdlBuildFile& build);
+/// architecture. The architecture is "" when there is none or more than one.
+std::vector<TBuildTop> ListUnrecordedTops(const TBuildScan& scan, const THdlBuildFile& build);
 
 /// The recorded top-level components that no source of their library declares, of those in
 /// `mentions`. Nothing is told of libraries that `options` name and the build does not fill, and of

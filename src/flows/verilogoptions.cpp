@@ -56,21 +56,29 @@ bool IsMeant(const TOptionRow& row, const std::string& word) {
     return row.Form == TForm::Operand ? word == row.Name : word.starts_with(row.Name);
 }
 
+/// Takes the word at `*at` with what belongs to it; false when no row means it, or its operand is
+/// not there.
+bool Take(const std::vector<std::string>& words, std::size_t* at, TVerilogOptions* options) {
+    for (const TOptionRow& row : kOptions) {
+        if (!IsMeant(row, words[*at])) continue;
+        const std::string value = words[*at].substr(row.Name.size());
+        if (row.Form == TForm::List)
+            for (std::string& listed : ValuesOfList(value)) row.Take(std::move(listed), options);
+        else if (!value.empty())
+            row.Take(value, options);
+        else if (*at + 1 < words.size())
+            row.Take(words[++*at], options);
+        else
+            return false;
+        return true;
+    }
+    return false;
+}
+
 }  // namespace
 
 void AddVerilogOptions(std::string_view text, TVerilogOptions* options) {
     const std::vector<std::string> words = WordsOfOptions(text);
-    for (std::size_t i = 0; i < words.size(); ++i)
-        for (const TOptionRow& row : kOptions) {
-            if (!IsMeant(row, words[i])) continue;
-            const std::string value = words[i].substr(row.Name.size());
-            if (row.Form == TForm::List)
-                for (std::string& listed : ValuesOfList(value))
-                    row.Take(std::move(listed), options);
-            else if (!value.empty())
-                row.Take(value, options);
-            else if (i + 1 < words.size())
-                row.Take(words[++i], options);
-            break;
-        }
+    for (std::size_t at = 0; at < words.size(); ++at)
+        if (!Take(words, &at, options)) options->Others.push_back(words[at]);
 }

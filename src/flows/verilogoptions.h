@@ -11,6 +11,7 @@ struct TVerilogOptions {
     std::vector<std::string> LibraryFolders;     // as written
     std::vector<std::string> LibraryExtensions;  // with their dots
     std::vector<std::string> LibraryFiles;       // as written
+    std::vector<std::string> Others;             // words that are none of these options
 };
 
 /// Adds what `text` gives to `*options`. Words stand between blanks, unless in double quotes, which

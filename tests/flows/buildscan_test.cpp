@@ -73,12 +73,13 @@ TEST_F(BuildScan, DecidesConditionsByTheOptionsOfTheBuild) {
     const std::string path = Folder.Write(
         "v.xml",
         "<HdlBuildFileList><HdlBuildFile><ProjectLanguageConfigurationList>"
-        "<LanguageSettings Language=\"Verilog\"><BuildOptions>+define+FROM_OPTIONS+incdir "
+        "<LanguageSettings Language=\"Verilog\"><BuildOptions>+define+${FLAG}+incdir "
         "-incdir inc -y lib +libext+.v -v cells.v</BuildOptions></LanguageSettings>"
         "</ProjectLanguageConfigurationList>"
         "<SourceFileGroup Language=\"Verilog\"><SourceFile>a.v</SourceFile></SourceFileGroup>"
         "<SourceFileGroup Language=\"VHDL\"><SourceFile>b.vhd</SourceFile></SourceFileGroup>"
-        "</HdlBuildFile></HdlBuildFileList>");
+        "<BuildFileVariables><Variable Name=\"FLAG\" Value=\"FROM_OPTIONS\"/>"
+        "</BuildFileVariables></HdlBuildFile></HdlBuildFileList>");
     THdlBuildFile build(ISFileName::NewISFileName(path.c_str()));
     build.SetVerilogUserDefines("+define+FROM_USER");
     const TBuildScan scan(build, {});

@@ -15,7 +15,7 @@ TEST_F(ScanEdit, EditsTheElementsOfSourcesThatChange) {
     TXMLReadError error;
     ASSERT_TRUE(edit.Read(&error));
     const TBuildScan scan(*edit.GetBuild(), {});
-    const TScanChanges changes{scan.GetDifferences(), {{"e", "", "work", LANGUAGE_VHDL}}};
+    const TScanChanges changes{scan.GetDifferences(), {{LANGUAGE_VHDL, "work", "e", ""}}};
     ApplyScan(scan, changes, edit.GetBuild());
     EXPECT_EQ(edit.FindEdits(), "");
     EXPECT_EQ(edit.GetFile().GetChanged(),

@@ -16,8 +16,30 @@ TEST_F(ScannedTops, AreThoseThatTheBuildDoesNotRecord) {
                                "</ComponentList></TopLevelComponents>");
     const TBuildScan scan(build, {});
     std::string tops;
-    for (const TScannedTop& top : ListUnrecordedTops(scan, build))
+    for (const TBuildTop& top : ListUnrecordedTops(scan, build))
         tops += top.Library + "." + top.Entity + "(" + top.Architecture + ") " +
                 GetStringFromHdlLanguage(top.Language) + "\n";
     EXPECT_EQ(tops, "work.one(a) VHDL\nwork.two() VHDL\nwork.three() VHDL\nwork.\\Two\\() VHDL\n");
+}
+
+TEST_F(ScannedTops, AreComparedByTheRuleOfTheirLanguage) {
+    Folder.Write("a.v", "module top; endmodule module Top; endmodule module TOP; endmodule");
+    Folder.Write("a.vhd",
+                 "entity top is end; architecture rtl of top is begin end; entity Other is end;");
+    const std::string path = Folder.Write(
+        "v.xml",
+        "<HdlBuildFile><TopLevelComponents><ComponentList Language='Verilog'>"
+        "<Component Library='work' Architecture=''>Top</Component></ComponentList>"
+        "<ComponentList Language='VHDL'><Component Library='work' Architecture=''>OTHER"
+        "</Component></ComponentList></TopLevelComponents>"
+        "<SourceFileGroup Language='Verilog'><SourceFile>a.v</SourceFile></SourceFileGroup>"
+        "<SourceFileGroup Language='VHDL'><SourceFile>a.vhd</SourceFile></SourceFileGroup>"
+        "</HdlBuildFile>");
+    THdlBuildFile build(ISFileName::NewISFileName(path.c_str()));
+    const TBuildScan scan(build, {});
+    std::string tops;
+    for (const TBuildTop& top : ListUnrecordedTops(scan, build))
+        tops += std::string(GetStringFromHdlLanguage(top.Language)) + " " + top.Entity + "(" +
+                top.Architecture + ")\n";
+    EXPECT_EQ(tops, "Verilog top()\nVerilog TOP()\nVHDL top(rtl)\n");
 }

@@ -14,6 +14,7 @@ std::string TextOf(std::string_view text) {
     for (const std::string& extension : options.LibraryExtensions)
         found += "ext " + extension + "\n";
     for (const std::string& file : options.LibraryFiles) found += "file " + file + "\n";
+    for (const std::string& word : options.Others) found += "other " + word + "\n";
     return found;
 }
 
@@ -31,10 +32,11 @@ TEST(VerilogOptions, AreKnownInTheSpellingsOfSimulators) {
         {"\"+define+A=b c\" +define+D=\"e f\"", "define A=b c\ndefine D=e f\n"},
         {"+incdir+a+b -incdir c -I d -Ie",
          "include a\ninclude b\ninclude c\ninclude d\ninclude e\n"},
-        {"-y lib +libext+.v+.sv -v c.v -v", "library lib\next .v\next .sv\nfile c.v\n"},
-        {"+notimingchecks -w a.v -defineX", ""},
-        {"-D", ""},
-        {"-define", ""},
+        {"-y lib +libext+.v+.sv -v c.v -v", "library lib\next .v\next .sv\nfile c.v\nother -v\n"},
+        {"+notimingchecks -w a.v -defineX",
+         "other +notimingchecks\nother -w\nother a.v\nother -defineX\n"},
+        {"-D", "other -D\n"},
+        {"-define", "other -define\n"},
         {"+define++", ""},
     };
     for (const auto& row : rows) EXPECT_EQ(TextOf(row.Text), row.Found) << row.Text;

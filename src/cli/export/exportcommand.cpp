@@ -25,7 +25,7 @@ public:
 private:
     int List();
     int Write();
-    bool FindTop(const TBuildPlan& plan, const TPlanTop** top) const;
+    bool FindTop(const TBuildPlan& plan, const TBuildTop** top) const;
     std::string FolderOfPaths(const TBuildPlan& plan) const;
     /// kExitProblems when one of them is an error.
     int Tell(const TBuildPlan& plan, const TExported& exported);
@@ -45,7 +45,7 @@ std::string Folded(const std::string& text) {
 }
 
 /// What users may call a top-level component, the fullest name first.
-std::vector<std::string> NamesOf(const TPlanTop& top) {
+std::vector<std::string> NamesOf(const TBuildTop& top) {
     const std::string entity =
         top.Architecture.empty() ? top.Entity : top.Entity + "(" + top.Architecture + ")";
     return {top.Library + "." + entity, top.Library + "." + top.Entity, entity, top.Entity};
@@ -93,7 +93,7 @@ int TExportRun::Write() {
     if (!Build.HasBuildElement()) return status;
     if (const int usage = CheckOutput(Arguments.Output, Build, TPathForm(), Streams)) return usage;
     const TBuildPlan plan = MakePlan(Build);
-    const TPlanTop* top = nullptr;
+    const TBuildTop* top = nullptr;
     if (!FindTop(plan, &top)) return kExitUsage;
     const TExported exported = Format->Write({plan, FolderOfPaths(plan), top});
     if (const int told = Tell(plan, exported); told != kExitDone) return told;
@@ -104,10 +104,10 @@ int TExportRun::Write() {
 }
 
 /// False, with an error line on Err, for one that the build does not have, or several times.
-bool TExportRun::FindTop(const TBuildPlan& plan, const TPlanTop** top) const {
+bool TExportRun::FindTop(const TBuildPlan& plan, const TBuildTop** top) const {
     if (Arguments.Top.empty()) return true;
     std::vector<std::string> known;
-    for (const TPlanTop& candidate : plan.Tops) {
+    for (const TBuildTop& candidate : plan.Tops) {
         const std::vector<std::string> names = NamesOf(candidate);
         known.push_back(names.front());
         for (const std::string& name : names)

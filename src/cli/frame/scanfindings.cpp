@@ -1,5 +1,6 @@
 #include "cli/frame/scanfindings.h"
 #include "cli/frame/filereports.h"
+#include "cli/frame/toptexts.h"
 #include "flows/dependencycycles.h"
 #include "flows/diagnosticrules.h"
 #include "projectfiles/ihdlsourcefile.h"
@@ -243,11 +244,9 @@ void PrintScanned(const TDiagnostic& diagnostic, const TToolStreams& streams) {
 
 }  // namespace
 
-std::string NameOfTop(const TScannedTop& top) {
-    std::string name = std::string(GetStringFromHdlLanguage(top.Language)) +
-                       " top-level component " + top.Library + "." + top.Entity;
-    if (!top.Architecture.empty()) name += "(" + top.Architecture + ")";
-    return name;
+std::string NameOfTop(const TBuildTop& top) {
+    return std::string(GetStringFromHdlLanguage(top.Language)) + " top-level component " +
+           TextOf(top);
 }
 
 void AddFindings(const TToldScan& told, TJson* result) {

@@ -8,7 +8,7 @@
 #include <vector>
 
 /// A top-level component as it is told.
-std::string NameOfTop(const TScannedTop& top);
+std::string NameOfTop(const TBuildTop& top);
 
 /// Adds a member for each kind of finding to `result`.
 void AddFindings(const TToldScan& told, TJson* result);

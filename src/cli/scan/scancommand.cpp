@@ -3,7 +3,6 @@
 #include "cli/frame/progressline.h"
 #include "cli/frame/scanfindings.h"
 #include "cli/scan/commands.h"
-#include "filenames/componentnamelist.h"
 #include "flows/buildedit.h"
 #include "flows/scanedit.h"
 #include "projectfiles/ihdlsourcefile.h"
@@ -144,13 +143,8 @@ TState TScanRun::StateOf(const TToldScan& told, const TScanChanges& changes) {
                                told.PathOf(difference.Source) + ", dependencies",
                            std::move(dependencies));
     }
-    for (const TScannedTop& top : changes.Tops) {
-        const TComponentNameList* const list = Edit.GetBuild()->GetComponentNameList(top.Language);
-        const bool isRecorded = list && list->IsNameInList({top.Entity.c_str(), top.Language},
-                                                           {top.Architecture.c_str(), top.Language},
-                                                           top.Library.c_str());
-        state.emplace_back(NameOfTop(top), isRecorded);
-    }
+    for (const TBuildTop& top : changes.Tops)
+        state.emplace_back(NameOfTop(top), HasTop(*Edit.GetBuild(), top));
     return state;
 }
 

@@ -149,7 +149,7 @@ int TScanNewRun::Save(const TBuildScan& scan) {
         PrintFindings(told, {true, Arguments.Exact, Arguments.Sort}, Streams);
     }
     TState after = GetMadeState();
-    for (const TScannedTop& top : changes.Tops) after.emplace_back(NameOfTop(top), true);
+    for (const TBuildTop& top : changes.Tops) after.emplace_back(NameOfTop(top), true);
     TState before;
     for (const auto& [name, value] : after) before.emplace_back(name, TJson());
     return SaveEditedFile({std::move(result), Arguments.Output, before, after}, Edit.FindEdits(),

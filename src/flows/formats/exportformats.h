@@ -10,7 +10,7 @@ struct TExportRequest {
     /// Of the file that is written, with '/' at its end: paths in it are relative to that. "" for
     /// whole paths.
     std::string Folder;
-    const TPlanTop* Top = nullptr;  ///< of the plan; null when none is chosen
+    const TBuildTop* Top = nullptr;  ///< of the plan; null when none is chosen
 };
 
 struct TExported {

@@ -1,6 +1,10 @@
 #include "flows/formats/exportwriter.h"
 #include <array>
 
+std::string TextOf(const TScanDefine& define) {
+    return define.Value.empty() ? define.Name : define.Name + "=" + define.Value;
+}
+
 const TPlanSettings& TExportWriter::SettingsOf(THdlLanguage language) const {
     static const TPlanSettings none;
     const TPlanSettings* const settings = GetPlan().FindSettings(language);

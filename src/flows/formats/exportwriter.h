@@ -5,6 +5,9 @@
 #include <string>
 #include <string_view>
 
+/// "NAME" or "NAME=VALUE".
+std::string TextOf(const TScanDefine& define);
+
 /// Whether one of the characters is in the text.
 inline bool HasAny(std::string_view text, std::string_view characters) {
     return text.find_first_of(characters) != std::string_view::npos;
@@ -18,7 +21,7 @@ public:
         : Request(request), Format(format) {}
 
     const TBuildPlan& GetPlan() const { return Request.Plan; }
-    const TPlanTop* GetTop() const { return Request.Top; }
+    const TBuildTop* GetTop() const { return Request.Top; }
     /// The settings of a language; empty ones when the plan has none.
     const TPlanSettings& SettingsOf(THdlLanguage language) const;
 

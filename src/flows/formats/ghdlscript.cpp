@@ -33,7 +33,7 @@ public:
         AddHead();
         for (const TPlanSource& source : Writer.GetPlan().Sources)
             if (source.Language == LANGUAGE_VHDL) AddSource(source);
-        for (const TPlanTop& top : Writer.GetPlan().Tops)
+        for (const TBuildTop& top : Writer.GetPlan().Tops)
             if (top.Language == LANGUAGE_VHDL && (!Writer.GetTop() || Writer.GetTop() == &top))
                 AddTop(top);
         Writer.LoseOtherLanguages({LANGUAGE_VHDL});
@@ -44,7 +44,7 @@ private:
     const TPlanSettings& Settings() const { return Writer.SettingsOf(LANGUAGE_VHDL); }
     void AddHead();
     void AddSource(const TPlanSource& source);
-    void AddTop(const TPlanTop& top);
+    void AddTop(const TBuildTop& top);
 
     TExportWriter Writer;
 };
@@ -67,7 +67,7 @@ void TGhdlScript::AddSource(const TPlanSource& source) {
                    ShellWord(Writer.PathOf(source.Path)));
 }
 
-void TGhdlScript::AddTop(const TPlanTop& top) {
+void TGhdlScript::AddTop(const TBuildTop& top) {
     std::string units = " " + ShellWord(top.Entity);
     if (!top.Architecture.empty()) units += " " + ShellWord(top.Architecture);
     Writer.AddLine("$GHDL --elab-run $options --work=" + ShellWord(top.Library) +

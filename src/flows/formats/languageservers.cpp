@@ -29,11 +29,11 @@ TExported WriteVeribleList(const TExportRequest& request) {
     for (const std::string& folder : settings.IncludeDirectories)
         AddItem("+incdir+", writer.PathOf(folder), &writer);
     // The server drops a define without a value.
-    for (const TPlanDefine& define : settings.Defines)
-        if (define.Value)
-            AddItem("+define+", define.Name + "=" + *define.Value, &writer);
-        else
+    for (const TScanDefine& define : settings.Defines)
+        if (define.Value.empty())
             writer.Lose("the define " + define.Name + " without a value");
+        else
+            AddItem("+define+", TextOf(define), &writer);
     for (const TPlanSource& source : request.Plan.Sources)
         if (source.Language == LANGUAGE_VERILOG) AddItem("", writer.PathOf(source.Path), &writer);
     if (!settings.LibraryDirectories.empty()) writer.Lose("library directories");

@@ -39,7 +39,7 @@ public:
 private:
     void AddLibraries();
     void AddSource(const TPlanSource& source, bool goesOn, bool isFollowed);
-    void AddTop(const TPlanTop& top);
+    void AddTop(const TBuildTop& top);
     std::string VerilogOptions() const;
     const TPlanSettings& SettingsOf(THdlLanguage language) const {
         return Writer.SettingsOf(language);
@@ -61,7 +61,7 @@ TExported TVsimScript::Write() {
     };
     for (std::size_t at = 0; at < sources.size(); ++at)
         AddSource(*sources[at], at > 0 && isOneCall(at - 1, at), isOneCall(at, at + 1));
-    for (const TPlanTop& top : Writer.GetPlan().Tops)
+    for (const TBuildTop& top : Writer.GetPlan().Tops)
         if (!Writer.GetTop() || Writer.GetTop() == &top) AddTop(top);
     Writer.LoseOtherLanguages({LANGUAGE_VHDL, LANGUAGE_VERILOG});
     return Writer.Take();
@@ -96,9 +96,8 @@ std::string TVsimScript::VerilogOptions() const {
     if (!settings.Standard.empty()) options += " -sv";
     for (const std::string& folder : settings.IncludeDirectories)
         options += " " + TclWord("+incdir+" + Writer.PathOf(folder));
-    for (const TPlanDefine& define : settings.Defines)
-        options += " " + TclWord("+define+" + define.Name +
-                                 (define.Value ? "=" + *define.Value : std::string()));
+    for (const TScanDefine& define : settings.Defines)
+        options += " " + TclWord("+define+" + TextOf(define));
     for (const std::string& folder : settings.LibraryDirectories)
         options += " -y " + TclWord(Writer.PathOf(folder));
     for (const std::string& extension : settings.LibraryExtensions)
@@ -106,7 +105,7 @@ std::string TVsimScript::VerilogOptions() const {
     return options + TclWords(settings.Options[STEP_ANALYSE]);
 }
 
-void TVsimScript::AddTop(const TPlanTop& top) {
+void TVsimScript::AddTop(const TBuildTop& top) {
     const TPlanSettings& settings = SettingsOf(top.Language);
     std::string line = "vsim -c";
     if (top.Language == LANGUAGE_VERILOG && settings.Delay == DELAY_TYPE_MINIMUM)
@@ -140,7 +139,7 @@ TExported WriteOsvvmScript(const TExportRequest& request) {
         enter(source.Library);
         writer.AddLine("analyze " + TclWord(writer.PathOf(source.Path)));
     }
-    for (const TPlanTop& top : request.Plan.Tops) {
+    for (const TBuildTop& top : request.Plan.Tops) {
         if (!IsOfTheField(top.Language) || (request.Top && request.Top != &top)) continue;
         enter(top.Library);
         writer.AddLine("simulate " + TclWord(top.Entity));

@@ -138,7 +138,7 @@ bool TListWriter::IsSystemVerilog() const {
 void TListWriter::AddCommandLine() {
     if (!Dialect.CommandLine) return;
     std::string line = std::string("// ") + Dialect.CommandLine;
-    const TPlanTop* const top = Writer.GetTop();
+    const TBuildTop* const top = Writer.GetTop();
     if (top && top->Language == LANGUAGE_VERILOG) line += " -s " + top->Entity;
     if (Settings().Delay == DELAY_TYPE_MINIMUM) line += " -Tmin";
     if (Settings().Delay == DELAY_TYPE_MAXIMUM) line += " -Tmax";
@@ -159,8 +159,7 @@ void TListWriter::AddSettings() {
     const TPlanSettings& settings = Settings();
     for (const std::string& directory : settings.IncludeDirectories)
         AddWord("+incdir+", Writer.PathOf(directory));
-    for (const TPlanDefine& define : settings.Defines)
-        AddWord("+define+", define.Value ? define.Name + "=" + *define.Value : define.Name);
+    for (const TScanDefine& define : settings.Defines) AddWord("+define+", TextOf(define));
     for (const std::string& directory : settings.LibraryDirectories) AddPath("-y ", directory);
     for (const std::string& extension : settings.LibraryExtensions)
         AddWord(Dialect.ExtensionOption, extension);
@@ -187,7 +186,7 @@ void TListWriter::AddSource(const TPlanSource& source) {
 }
 
 void TListWriter::AddTop() {
-    const TPlanTop* const top = Writer.GetTop();
+    const TBuildTop* const top = Writer.GetTop();
     if (!top || top->Language != LANGUAGE_VERILOG || !Dialect.TopOption) return;
     Writer.AddLine(Dialect.TopOption + Dialect.Quoted(top->Entity));
 }

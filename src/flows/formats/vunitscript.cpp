@@ -82,9 +82,9 @@ std::string TVunitScript::VerilogArguments() const {
                    PythonText(Writer.PathOf(folder)) + ")";
     if (!folders.empty()) arguments += ", include_dirs=[" + folders + "]";
     std::string defines;
-    for (const TPlanDefine& define : settings.Defines)
+    for (const TScanDefine& define : settings.Defines)
         defines += (defines.empty() ? "" : ", ") + PythonText(define.Name) + ": " +
-                   PythonText(define.Value.value_or(""));
+                   PythonText(define.Value);
     if (!defines.empty()) arguments += ", defines={" + defines + "}";
     return arguments;
 }

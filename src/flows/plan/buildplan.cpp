@@ -1,7 +1,5 @@
 #include "flows/plan/buildplan.h"
 #include "buildfile/hdlbuildfile.h"
-#include "filenames/componentname.h"
-#include "filenames/componentnamelist.h"
 #include "flows/listedsources.h"
 #include "flows/plan/planoptions.h"
 #include "projectfiles/ihdlsourcefile.h"
@@ -25,24 +23,24 @@ private:
     void AddName();
     void AddSources(THdlLanguage language);
     void AddNeeds();
-    void AddTops(THdlLanguage language);
+    void AddTops();
     void AddSettings(THdlLanguage language);
     std::string Resolved(const std::string& text);
     void AddDirectories(const std::vector<std::string>& directories, std::vector<std::string>* to);
 
     THdlBuildFile& Build;
     TBuildPlan Plan;
-    std::vector<const IHdlSourceFile*> Files;  // of the plan's sources
+    std::vector<const IHdlSourceFile*> Files;  // of the plan's sources; null: of options
 };
 
 TBuildPlan TPlanner::Make() {
     AddName();
     for (const THdlLanguageRecord& record : GetHdlLanguageTable()) {
         AddSources(record.Language);
-        AddTops(record.Language);
         AddSettings(record.Language);
     }
     AddNeeds();
+    AddTops();
     return std::move(Plan);
 }
 
@@ -72,7 +70,8 @@ void TPlanner::AddNeeds() {
     for (std::size_t number = 0; number < Files.size(); ++number)
         numbers.try_emplace(Files[number], number);
     for (std::size_t number = 0; number < Files.size(); ++number) {
-        const TIHdlSourceFileList* const list = Files[number]->GetDependencyList();
+        const TIHdlSourceFileList* const list =
+            Files[number] ? Files[number]->GetDependencyList() : nullptr;
         if (!list) continue;
         for (const IHdlSourceFile* const needed : *list)
             if (const auto found = numbers.find(needed);
@@ -81,18 +80,10 @@ void TPlanner::AddNeeds() {
     }
 }
 
-void TPlanner::AddTops(THdlLanguage language) {
-    const TComponentNameList* const names = Build.GetComponentNameList(language);
-    if (!names) return;
-    const auto textOf = [language](const TTBIdentifier& identifier) -> std::string {
-        return identifier.GetEscapedName(language, 0, false, false).c_str();
-    };
-    for (const TComponentName* const name : *names) {
-        std::string library = name->GetDestinationLibraryName();
-        if (library.empty()) library = GetDestinationLibraryName(Build);
-        Plan.Tops.push_back({language, std::move(library), textOf(name->GetEntity()),
-                             textOf(name->GetArchitecture())});
-    }
+void TPlanner::AddTops() {
+    Plan.Tops = ListTops(Build);
+    for (TBuildTop& top : Plan.Tops)
+        if (top.Library.empty()) top.Library = GetDestinationLibraryName(Build);
 }
 
 void TPlanner::AddSettings(THdlLanguage language) {
@@ -109,8 +100,14 @@ void TPlanner::AddSettings(THdlLanguage language) {
     settings.LibraryExtensions = config->GetLibraryExtensions();
     const char* const texts[kPlanSteps] = {config->GetBuildOptions(), config->GetLinkerOptions(),
                                            config->GetRuntimeOptions()};
+    std::vector<std::string> libraryFiles;
     for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE, STEP_RUN})
-        AddOptions(Resolved(texts[step]), step, Plan.Folder, &settings);
+        AddOptions(Resolved(texts[step]), step, Plan.Folder, &settings, &libraryFiles);
+    for (std::string& file : libraryFiles) {
+        Plan.Sources.push_back(
+            {std::move(file), language, GetDestinationLibraryName(Build), true, {}});
+        Files.push_back(nullptr);
+    }
 }
 
 std::string TPlanner::Resolved(const std::string& text) {

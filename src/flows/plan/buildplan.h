@@ -1,11 +1,12 @@
 #pragma once
+#include "flows/buildtops.h"
 #include "flows/diagnosticrules.h"
+#include "flows/scan/scannedfile.h"
 #include "services/hdl/hdllanguage.h"
 #include "services/hdl/simulatortype.h"
 #include "settings/simprojectdelaytype.h"
 #include <array>
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,13 +15,6 @@ class THdlBuildFile;
 /// What is done with a build: each source is analysed, each top elaborated and run.
 enum TPlanStep : std::size_t { STEP_ANALYSE, STEP_ELABORATE, STEP_RUN };
 inline constexpr std::size_t kPlanSteps = 3;
-
-/// A macro of the preprocessor.
-struct TPlanDefine {
-    std::string Name;
-    std::optional<std::string> Value;  ///< none: defined without a value
-    bool operator==(const TPlanDefine&) const = default;
-};
 
 /// How the sources of one language are analysed, elaborated and run. Directories are whole paths
 /// with '/', without one at the end.
@@ -31,7 +25,7 @@ struct TPlanSettings {
     std::vector<std::string> IncludeDirectories;
     std::vector<std::string> LibraryDirectories;
     std::vector<std::string> LibraryExtensions;  ///< with the point
-    std::vector<TPlanDefine> Defines;
+    std::vector<TScanDefine> Defines;
     TSimProjectDelayType Delay = DELAY_TYPE_TYPICAL;
     /// By step, the words that have no field of their own here, without the quotes around them.
     std::array<std::vector<std::string>, kPlanSteps> Options;
@@ -47,21 +41,15 @@ struct TPlanSource {
     std::vector<std::size_t> Needs;
 };
 
-/// The steps that elaborate and run a top-level component. They wait for all sources.
-struct TPlanTop {
-    THdlLanguage Language = LANGUAGE_NONE;
-    std::string Library;
-    std::string Entity;        ///< as typed in its language
-    std::string Architecture;  ///< "" when none is told
-};
-
 struct TBuildPlan {
     std::string Name;    ///< of the build file, without folder and extension
     std::string Folder;  ///< of the build file, with '/' at its end
     /// In compile order: VHDL ordered by its dependencies, every other language as it is listed;
-    /// languages in ascending order. Excluded sources are not there.
+    /// languages in ascending order, each with the library files that its options name at the end.
+    /// Excluded sources are not there.
     std::vector<TPlanSource> Sources;
-    std::vector<TPlanTop> Tops;
+    /// Each is elaborated and run, when all sources are analysed. The libraries are never empty.
+    std::vector<TBuildTop> Tops;
     std::vector<TPlanSettings> Settings;  ///< one for each language that sources or settings have
     std::vector<TDiagnostic> Losses;      ///< what of the build is not in the plan
 

@@ -1,12 +1,13 @@
 #pragma once
 #include "flows/plan/buildplan.h"
 #include <string>
+#include <vector>
 
-/// Takes an option text apart: what has a field in `settings` is put there, the other words become
-/// its options of `step`. Blanks separate words, double quotes group. Relative directories are
-/// taken against `folder`, which ends with '/'.
+/// Takes an option text apart: what has a field in `settings` is put there, library files into
+/// `*libraryFiles`, and the other words become its options of `step`. Blanks separate words, double
+/// quotes group. Relative paths are taken against `folder`, which ends with '/'.
 void AddOptions(const std::string& text, TPlanStep step, const std::string& folder,
-                TPlanSettings* settings);
+                TPlanSettings* settings, std::vector<std::string>* libraryFiles);
 
 /// `path` with '/', whole, without a delimiter at its end. A relative one is taken against
 /// `folder`.

@@ -112,7 +112,8 @@ struct TScannedFile {
 /// A name that conditions in sources may ask for, such as a tool's, with its value.
 struct TScanDefine {
     std::string Name;
-    std::string Value;
+    std::string Value;  ///< "" without one
+    bool operator==(const TScanDefine&) const = default;
 };
 
 struct TScanOptions {

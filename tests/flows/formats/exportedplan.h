@@ -36,7 +36,7 @@ inline TBuildPlan MakePlanOf(THdlLanguage language, const std::string& path) {
 
 /// What the format makes of the plan: a line for each loss, then the text.
 inline std::string Exported(const char* format, const TBuildPlan& plan,
-                            const TPlanTop* top = nullptr, const std::string& folder = "/p/") {
+                            const TBuildTop* top = nullptr, const std::string& folder = "/p/") {
     const TExported exported = FindExportFormat(format)->Write({plan, folder, top});
     std::string text;
     for (const TDiagnostic& loss : exported.Losses) text += GetDiagnosticText(loss) + "\n";

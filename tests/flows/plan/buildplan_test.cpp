@@ -71,13 +71,27 @@ TEST_F(BuildPlan, OrdersVhdlAndKeepsOtherGroups) {
               "VHDL main top.vhd <2 <3\n");
 }
 
+TEST_F(BuildPlan, HasTheLibraryFilesThatOptionsName) {
+    const TBuildPlan plan = PlanOf(
+        "<ProjectLanguageConfigurationList><LanguageSettings Language='Verilog'>"
+        "<BuildOptions>-v lib/cells.v</BuildOptions></LanguageSettings>"
+        "</ProjectLanguageConfigurationList><SourceFileGroup Language='Verilog'>"
+        "<SourceFile PrecompiledLibrary='ip'>a.v</SourceFile></SourceFileGroup>"
+        "<SourceFileGroup Language='VHDL'><SourceFile>b.vhd</SourceFile>"
+        "</SourceFileGroup>");
+    EXPECT_EQ(SourcesOf(plan),
+              "Verilog ip a.v\n"
+              "Verilog main lib/cells.v library\n"
+              "VHDL main b.vhd\n");
+}
+
 TEST_F(BuildPlan, HasTheTopsInTheirLibraries) {
     const TBuildPlan plan = PlanOf(
         "<TopLevelComponents><ComponentList Language='VHDL'><Component Library='tb' "
         "Architecture='sim'>bench</Component></ComponentList><ComponentList Language='Verilog'>"
         "<Component Library='' Architecture=''>m</Component></ComponentList></TopLevelComponents>");
     std::string tops;
-    for (const TPlanTop& top : plan.Tops)
+    for (const TBuildTop& top : plan.Tops)
         tops += std::string(GetStringFromHdlLanguage(top.Language)) + " " + top.Library + "." +
                 top.Entity + "(" + top.Architecture + ")\n";
     EXPECT_EQ(tops, "Verilog main.m()\nVHDL tb.bench(sim)\n");
@@ -100,7 +114,7 @@ TEST_F(BuildPlan, TakesTheSettingsOfEachLanguage) {
     EXPECT_EQ(settings.Delay, DELAY_TYPE_MAXIMUM);
     ASSERT_EQ(settings.IncludeDirectories.size(), 1u);
     EXPECT_EQ(Below(plan, settings.IncludeDirectories[0]), "inc");
-    EXPECT_EQ(settings.Defines, (std::vector<TPlanDefine>{{"WIDTH", "16"}}));
+    EXPECT_EQ(settings.Defines, (std::vector<TScanDefine>{{"WIDTH", "16"}}));
     EXPECT_EQ(settings.Options[STEP_ANALYSE], (std::vector<std::string>{"+acc"}));
     EXPECT_EQ(settings.Options[STEP_RUN], (std::vector<std::string>{"+go", "$(NO_SUCH_VARIABLE)"}));
     ASSERT_EQ(plan.Losses.size(), 1u);

@@ -14,7 +14,8 @@ std::string Taken(THdlLanguage language, const std::string& text) {
     const std::string folder = WholePath("/p", "") + "/";
     TPlanSettings settings;
     settings.Language = language;
-    AddOptions(text, STEP_ELABORATE, folder, &settings);
+    std::vector<std::string> libraryFiles;
+    AddOptions(text, STEP_ELABORATE, folder, &settings, &libraryFiles);
     std::string taken;
     const auto tell = [&taken](const char* name, const std::string& value) {
         if (!value.empty()) taken += std::string(name) + " " + value + "\n";
@@ -28,9 +29,10 @@ std::string Taken(THdlLanguage language, const std::string& text) {
     tell("standard", settings.Standard);
     tell("include", below(settings.IncludeDirectories));
     tell("library", below(settings.LibraryDirectories));
+    tell("file", below(libraryFiles));
     tell("extension", Joined(settings.LibraryExtensions));
-    for (const TPlanDefine& define : settings.Defines)
-        tell("define", define.Name + (define.Value ? "=" + *define.Value : ""));
+    for (const TScanDefine& define : settings.Defines)
+        tell("define", define.Name + "=" + define.Value);
     if (settings.Delay != DELAY_TYPE_TYPICAL) tell("delay", GetDelayTypeFromEnum(settings.Delay));
     tell("analysis", Joined(settings.Options[STEP_ANALYSE]));
     tell("elaboration", Joined(settings.Options[STEP_ELABORATE]));
@@ -48,12 +50,13 @@ TEST(PlanOptions, GoIntoTheFieldsThatTheyHave) {
     } rows[] = {
         {LANGUAGE_VERILOG, "", ""},
         {LANGUAGE_VERILOG, " \t\r\n", ""},
-        {LANGUAGE_VERILOG, "+define+A=1+B +define+", "define A=1\ndefine B\n"},
-        {LANGUAGE_VERILOG, "-DA= -D B", "define A=\nelaboration [-D][B]\n"},
+        {LANGUAGE_VERILOG, "+define+A=1+B +define+", "define A=1\ndefine B=\n"},
+        {LANGUAGE_VERILOG, "-DA= -D B -define C=2", "define A=\ndefine B=\ndefine C=2\n"},
         {LANGUAGE_VERILOG, "+define+S=\"a b\"", "define S=a b\n"},
-        {LANGUAGE_VERILOG, "+incdir+a+b+ -Ic +incdir+a", "include [a][b][c]\n"},
+        {LANGUAGE_VERILOG, "+incdir+a+b+ -Ic +incdir+a -incdir b", "include [a][b][c]\n"},
         {LANGUAGE_VERILOG, "-y lib/ -y \"l 2\"", "library [lib][l 2]\n"},
         {LANGUAGE_VERILOG, "-y", "elaboration [-y]\n"},
+        {LANGUAGE_VERILOG, "-v c.v -w -v d/e.v", "file [c.v][d/e.v]\nelaboration [-w]\n"},
         {LANGUAGE_VERILOG, "+libext+.v+.vo", "extension [.v][.vo]\n"},
         {LANGUAGE_VERILOG, "+mindelays", "delay min\n"},
         {LANGUAGE_VERILOG, "+maxdelays +typdelays", ""},
