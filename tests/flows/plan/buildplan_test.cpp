@@ -21,7 +21,8 @@ protected:
         return MakePlan(Build);
     }
     static std::string Below(const TBuildPlan& plan, const std::string& path) {
-        return path.starts_with(plan.Folder) ? path.substr(plan.Folder.size()) : path;
+        return path.starts_with(plan.Folder) ? path.substr(plan.Folder.size())
+                                             : "not below: " + path;
     }
     static std::string SourcesOf(const TBuildPlan& plan) {
         std::string text;
