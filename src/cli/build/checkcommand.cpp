@@ -1,6 +1,7 @@
 #include "cli/build/commands.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/findings.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/scanfindings.h"
 #include "flows/dependencycycles.h"
 #include "flows/documentfindings.h"

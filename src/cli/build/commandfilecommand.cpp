@@ -1,7 +1,7 @@
 #include "buildfile/hdlbuildfile.h"
 #include "cli/build/commands.h"
 #include "cli/frame/filereports.h"
-#include "cli/frame/json.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/outputfile.h"
 #include "flows/commandfile.h"
 

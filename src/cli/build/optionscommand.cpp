@@ -1,7 +1,7 @@
 #include "buildfile/hdlbuildfile.h"
 #include "cli/build/commands.h"
 #include "cli/frame/filereports.h"
-#include "cli/frame/json.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/languagenames.h"
 #include <algorithm>

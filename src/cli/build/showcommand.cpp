@@ -1,6 +1,6 @@
 #include "cli/build/commands.h"
 #include "cli/frame/filereports.h"
-#include "cli/frame/json.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/texts.h"
 #include "cli/frame/toptexts.h"
 #include "flows/listedsources.h"

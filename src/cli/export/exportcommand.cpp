@@ -1,7 +1,7 @@
 #include "buildfile/hdlbuildfile.h"
 #include "cli/export/commands.h"
 #include "cli/frame/filereports.h"
-#include "cli/frame/json.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/outputfile.h"
 #include "cli/frame/texts.h"

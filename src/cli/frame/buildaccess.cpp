@@ -1,6 +1,7 @@
 #include "cli/frame/buildaccess.h"
 #include "cli/frame/buildstate.h"
 #include "cli/frame/filereports.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/progressline.h"
 #include "cli/frame/sourcechanges.h"
 #include "flows/filepatterns.h"

@@ -1,4 +1,5 @@
 #include "cli/frame/changereport.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/texts.h"
 #include "flows/editedfile.h"
 #include <map>

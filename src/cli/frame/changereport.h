@@ -1,6 +1,6 @@
 #pragma once
 #include "cli/frame/command.h"
-#include "cli/frame/json.h"
+#include "flows/trees/json.h"
 #include <functional>
 #include <string>
 #include <utility>

@@ -1,5 +1,5 @@
 #include "cli/frame/commandline.h"
-#include "cli/frame/json.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/progressline.h"
 #include "cli/frame/texts.h"

@@ -1,4 +1,5 @@
 #include "cli/frame/findings.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
 #include "services/xml/documentlines.h"

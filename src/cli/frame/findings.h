@@ -1,7 +1,7 @@
 #pragma once
 #include "cli/frame/command.h"
-#include "cli/frame/json.h"
 #include "flows/diagnosticrules.h"
+#include "flows/trees/json.h"
 #include <functional>
 #include <string>
 #include <utility>

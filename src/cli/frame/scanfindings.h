@@ -1,9 +1,9 @@
 #pragma once
-#include "cli/frame/json.h"
 #include "cli/frame/streams.h"
 #include "cli/frame/toldscan.h"
 #include "flows/diagnosticrules.h"
 #include "flows/scannedtops.h"
+#include "flows/trees/json.h"
 #include <string>
 #include <vector>
 

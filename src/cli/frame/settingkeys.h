@@ -1,5 +1,5 @@
 #pragma once
-#include "cli/frame/json.h"
+#include "flows/trees/json.h"
 #include "settings/settingtable.h"
 #include <string>
 #include <vector>

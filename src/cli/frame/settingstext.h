@@ -1,6 +1,6 @@
 #pragma once
-#include "cli/frame/json.h"
 #include "cli/frame/settingkeys.h"
+#include "flows/trees/json.h"
 #include "settings/projectsimconfig.h"
 #include <string>
 #include <vector>

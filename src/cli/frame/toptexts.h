@@ -1,6 +1,6 @@
 #pragma once
-#include "cli/frame/json.h"
 #include "flows/buildtops.h"
+#include "flows/trees/json.h"
 #include <optional>
 #include <string>
 

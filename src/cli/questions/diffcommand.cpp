@@ -1,7 +1,7 @@
 #include "buildfile/hdlbuildfile.h"
 #include "cli/frame/buildstate.h"
 #include "cli/frame/filereports.h"
-#include "cli/frame/json.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/sourcechanges.h"
 #include "cli/questions/commands.h"
 #include "flows/editedfile.h"

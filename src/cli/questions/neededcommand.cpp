@@ -1,6 +1,6 @@
 #include "buildfile/hdlbuildfile.h"
 #include "cli/frame/filereports.h"
-#include "cli/frame/json.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/languagenames.h"
 #include "cli/frame/toptexts.h"
 #include "cli/questions/commands.h"

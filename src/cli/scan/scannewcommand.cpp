@@ -1,5 +1,6 @@
 #include "cli/frame/changereport.h"
 #include "cli/frame/filereports.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/progressline.h"
 #include "cli/frame/scanfindings.h"
 #include "cli/scan/commands.h"

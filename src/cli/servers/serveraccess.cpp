@@ -1,5 +1,6 @@
 #include "cli/servers/serveraccess.h"
 #include "cli/frame/filereports.h"
+#include "cli/frame/jsonresults.h"
 #include "flows/editrules.h"
 #include "flows/textreaders.h"
 #include "services/files/filereplace.h"

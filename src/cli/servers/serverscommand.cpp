@@ -1,3 +1,4 @@
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
 #include "cli/servers/commands.h"

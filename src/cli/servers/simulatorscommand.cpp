@@ -1,4 +1,4 @@
-#include "cli/frame/json.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/texts.h"
 #include "cli/servers/commands.h"
 #include "services/hdl/simtypelanguagemap.h"

@@ -1,4 +1,5 @@
 #include "cli/settings/projectaccess.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/projectconfigurations.h"
 #include "cli/frame/settingstext.h"
 #include "flows/editrules.h"

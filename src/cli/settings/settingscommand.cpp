@@ -1,3 +1,4 @@
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/projectconfigurations.h"
 #include "cli/frame/settingstext.h"

@@ -1,4 +1,5 @@
 #include "cli/frame/buildaccess.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/settingstext.h"
 #include "cli/setup/buildkeys.h"

@@ -1,5 +1,6 @@
 #include "buildfile/hdlbuildfile.h"
 #include "cli/frame/buildaccess.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/languagenames.h"
 #include "cli/setup/commands.h"

@@ -2,6 +2,7 @@
 #include "buildfile/hdlbuildfile.h"
 #include "buildfile/hdlbuildfilexmllist.h"
 #include "cli/frame/filereports.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/progressline.h"
 #include "flows/editrules.h"

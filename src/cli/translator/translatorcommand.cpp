@@ -1,3 +1,4 @@
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/texts.h"
 #include "cli/translator/commands.h"
 #include "cli/translator/translatoraccess.h"

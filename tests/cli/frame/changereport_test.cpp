@@ -1,4 +1,5 @@
 #include "cli/frame/changereport.h"
+#include "cli/frame/jsonresults.h"
 #include <gtest/gtest.h>
 #include <sstream>
 

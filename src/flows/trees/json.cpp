@@ -1,5 +1,4 @@
-#include "cli/frame/json.h"
-#include "cli/frame/texts.h"
+#include "flows/trees/json.h"
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
@@ -89,34 +88,15 @@ const std::vector<TJson::TMember>& TJson::GetMembers() const {
 std::string TJson::Text() const {
     if (const auto* text = std::get_if<std::string>(&Value)) return *text;
     if (!std::holds_alternative<std::vector<TJson>>(Value)) return Dump();
-    std::vector<std::string> texts;
-    for (const TJson& entry : GetEntries()) texts.push_back(entry.Text());
-    return JoinNames(texts);
+    std::string texts;
+    for (const TJson& entry : GetEntries()) {
+        if (&entry != &GetEntries().front()) texts += ", ";
+        texts += entry.Text();
+    }
+    return texts;
 }
 
 std::string TJson::Dump(int indent) const {
     return std::visit(TJsonPrint(), Value)
         .dump(indent, ' ', false, TPrinted::error_handler_t::replace);
-}
-
-TJson MakeResult(const std::string& format) {
-    return {{"format", format}, {"version", 1}};
-}
-
-TJson MakeResult(const std::string& format, const char* key, const std::string& file) {
-    return {{"format", format}, {"version", 1}, {key, file}};
-}
-
-void PrintJson(const TJson& result, const TToolStreams& streams) {
-    streams.Out << result.Dump(2) << "\n";
-    if (streams.Outcome) streams.Outcome->HasResult = true;
-}
-
-void PrintFailureAsJson(int status, const TToolStreams& streams) {
-    const TJsonOutcome* const outcome = streams.Outcome;
-    if (!outcome || !outcome->IsWanted || outcome->HasResult) return;
-    TJson result = MakeResult("hdlbuild-failure");
-    result["status"] = status;
-    result["errors"] = outcome->Errors;
-    PrintJson(result, streams);
 }

@@ -1,6 +1,5 @@
-#include "cli/frame/json.h"
+#include "flows/trees/json.h"
 #include <gtest/gtest.h>
-#include <sstream>
 
 TEST(Json, PrintsEveryKindOfValueIndented) {
     const TJson value = {{"none", TJson()},
@@ -61,15 +60,4 @@ TEST(Json, GivesTheTextOfAValue) {
     EXPECT_EQ(TJson("a \"b\"").Text(), "a \"b\"");
     EXPECT_EQ(TJson(false).Text(), "false");
     EXPECT_EQ(TJson().Text(), "null");
-}
-
-TEST(Json, PrintsForeignBytesAsReplacementCharacters) {
-    std::ostringstream out;
-    std::ostringstream err;
-    PrintJson({{"path", "a\xff.v"}, {"next", "\"\\\n\x01"}}, {out, err});
-    EXPECT_EQ(out.str(),
-              "{\n"
-              "  \"path\": \"a\xEF\xBF\xBD.v\",\n"
-              "  \"next\": \"\\\"\\\\\\n\\u0001\"\n"
-              "}\n");
 }
