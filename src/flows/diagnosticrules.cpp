@@ -134,6 +134,13 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
         {DIAGNOSTIC_UNWRITABLE_NAME, "unwritable-name", SEVERITY_ERROR,
          "{1} cannot hold the name \"{2}\": {3}",
          "Rename the file or folder, or take another format."},
+        {DIAGNOSTIC_LEFT_OUT, "left-out", SEVERITY_NOTE,
+         "{1} of {2} sources are left out: {3} does not need them",
+         "Run `hdlbuild needed --rest --top` to see which. Leave --top out to have all sources "
+         "written."},
+        {DIAGNOSTIC_UNSCANNED_TOP, "unscanned-top", SEVERITY_WARNING,
+         "no source holds {1}: none is left out",
+         "Add the file that holds the unit, or correct the name of the top-level component."},
     };
     return rules;
 }

@@ -44,6 +44,8 @@ enum TDiagnosticCode : int {
     DIAGNOSTIC_UNKNOWN_VARIABLE = 601,
     DIAGNOSTIC_NOT_EXPORTED = 602,
     DIAGNOSTIC_UNWRITABLE_NAME = 603,
+    DIAGNOSTIC_LEFT_OUT = 604,
+    DIAGNOSTIC_UNSCANNED_TOP = 605,
 };
 
 /// One row of the table of diagnostics. The texts are static and never null.

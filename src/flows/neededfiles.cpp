@@ -81,6 +81,14 @@ void TNeededFiles::Add(const TWantedTop& top) {
     Follow();
 }
 
+void TNeededFiles::AddSource(std::uint32_t source) {
+    Compile(NumberOf(source));
+    const std::size_t units = Scan.GetFiles()[source].Scan.Units.size();
+    for (std::uint32_t unit = 0; unit < units; ++unit) Elaborate({source, unit});
+    Elaborate({source, kOutsideUnits});
+    Follow();
+}
+
 void TNeededFiles::Follow() {
     while (!FilesToFollow.empty() || !UnitsToFollow.empty())
         if (!UnitsToFollow.empty()) {

@@ -29,6 +29,8 @@ public:
     std::vector<TUnitPlace> GetSecondaries(TUnitPlace unit) const;
 
     void Add(const TWantedTop& top);
+    /// Adds a source of the scan, with all that stands in it.
+    void AddSource(std::uint32_t source);
 
     /// Whether the file of that number is needed by what was added.
     bool IsNeeded(std::uint32_t file) const { return IsCompiled[file]; }

@@ -6,6 +6,7 @@
 #include "cli/frame/outputfile.h"
 #include "cli/frame/texts.h"
 #include "flows/formats/exportformats.h"
+#include "flows/plan/neededsources.h"
 #include "flows/plan/planoptions.h"
 #include "services/base/mystring.h"
 #include "services/names/isfilename.h"
@@ -13,6 +14,10 @@
 namespace {
 
 constexpr const char* kList = "list";
+
+/// By severity.
+constexpr void (*kReports[])(const TToolStreams& streams, const std::string& message) = {
+    ReportNote, ReportWarning, ReportError};
 
 /// A run of the command.
 class TExportRun {
@@ -92,9 +97,10 @@ int TExportRun::Write() {
     ReportReadResult(Build, Streams);
     if (!Build.HasBuildElement()) return status;
     if (const int usage = CheckOutput(Arguments.Output, Build, TPathForm(), Streams)) return usage;
-    const TBuildPlan plan = MakePlan(Build);
+    TBuildPlan plan = MakePlan(Build);
     const TBuildTop* top = nullptr;
     if (!FindTop(plan, &top)) return kExitUsage;
+    if (top) top = LeaveOutUnneeded(Build, *top, &plan);
     const TExported exported = Format->Write({plan, FolderOfPaths(plan), top});
     if (const int told = Tell(plan, exported); told != kExitDone) return told;
     if (IsFileOutput(Arguments.Output))
@@ -129,14 +135,10 @@ int TExportRun::Tell(const TBuildPlan& plan, const TExported& exported) {
     int status = kExitDone;
     for (const auto* const losses : {&plan.Losses, &exported.Losses})
         for (const TDiagnostic& loss : *losses) {
-            const bool isError = GetDiagnosticRule(loss.Code).Severity == SEVERITY_ERROR;
-            const std::string line =
-                GetDiagnosticText(loss) + " [" + GetDiagnosticId(loss.Code) + "]";
-            if (isError) status = kExitProblems;
-            if (isError)
-                ReportError(Streams, line);
-            else
-                ReportWarning(Streams, line);
+            const TDiagnosticSeverity severity = GetDiagnosticRule(loss.Code).Severity;
+            if (severity == SEVERITY_ERROR) status = kExitProblems;
+            kReports[severity](Streams,
+                               GetDiagnosticText(loss) + " [" + GetDiagnosticId(loss.Code) + "]");
             Losses.Add({{"code", GetDiagnosticId(loss.Code)}, {"text", GetDiagnosticText(loss)}});
         }
     return status;

@@ -24,3 +24,7 @@ void ReportError(const TToolStreams& streams, const std::string& message) {
 void ReportWarning(const TToolStreams& streams, const std::string& message) {
     ReportLabelled(streams, "warning", "\033[1;33m", message);
 }
+
+void ReportNote(const TToolStreams& streams, const std::string& message) {
+    ReportLabelled(streams, "note", "\033[1;36m", message);
+}

@@ -33,3 +33,5 @@ struct TToolStreams {
 void ReportError(const TToolStreams& streams, const std::string& message);
 /// Writes "hdlbuild: warning: " and the message to Err.
 void ReportWarning(const TToolStreams& streams, const std::string& message);
+/// Writes "hdlbuild: note: " and the message to Err.
+void ReportNote(const TToolStreams& streams, const std::string& message);

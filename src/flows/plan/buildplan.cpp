@@ -8,7 +8,6 @@
 #include "services/names/environment.h"
 #include "services/names/isfilename.h"
 #include "settings/projectsimlanguageconfig.h"
-#include <algorithm>
 #include <unordered_map>
 
 namespace {
@@ -54,8 +53,7 @@ void TPlanner::AddSources(THdlLanguage language) {
     for (const IHdlSourceFile* const file : *Build.GetFilesToCompile(language)) {
         if (!file->GetFileName() || file->IsExcludeFromBuild()) continue;
         TPlanSource& source = Plan.Sources.emplace_back();
-        source.Path = file->GetFileName()->Canonical(false);
-        std::replace(source.Path.begin(), source.Path.end(), '\\', '/');
+        source.Path = WholePathOf(*file->GetFileName());
         source.Language = language;
         source.Library = LibraryOfSource(*file, Build);
         source.IsLibraryFile = file->IsLibrary();

@@ -1,6 +1,7 @@
 #include "flows/plan/planoptions.h"
 #include "flows/optiontexts.h"
 #include "flows/verilogoptions.h"
+#include "services/names/isfilename.h"
 #include "services/names/utilfilename.h"
 #include <algorithm>
 
@@ -97,6 +98,12 @@ std::string WholePath(const std::string& path, const std::string& folder) {
     std::string whole = name.CanonicalWithoutFinalSlash();
     std::replace(whole.begin(), whole.end(), '\\', '/');
     return whole;
+}
+
+std::string WholePathOf(const ISFileName& file) {
+    std::string path = file.Canonical(false);
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
 }
 
 void AddOptions(const std::string& text, TPlanStep step, const std::string& folder,

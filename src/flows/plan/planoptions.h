@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+class ISFileName;
+
 /// Takes an option text apart: what has a field in `settings` is put there, library files into
 /// `*libraryFiles`, and the other words become its options of `step`. Blanks separate words, double
 /// quotes group. Relative paths are taken against `folder`, which ends with '/'.
@@ -12,3 +14,5 @@ void AddOptions(const std::string& text, TPlanStep step, const std::string& fold
 /// `path` with '/', whole, without a delimiter at its end. A relative one is taken against
 /// `folder`.
 std::string WholePath(const std::string& path, const std::string& folder);
+/// The same of a tracked file.
+std::string WholePathOf(const ISFileName& file);

@@ -111,6 +111,28 @@ TEST(ExportCommand, RefusesWhatItDoesNotKnowAndWhatItWouldReplace) {
     EXPECT_EQ(TextOf(folder, "a.v"), "module top; endmodule\n");
 }
 
+TEST(ExportCommand, LeavesOutWhatTheTopDoesNotNeed) {
+    const WorkingFolder folder;
+    folder.Write("a.v", "module a; b i(); endmodule\n");
+    folder.Write("b.v", "module b; endmodule\n");
+    folder.Write("c.v", "module c; endmodule\n");
+    folder.Write("b.xml", BuildText("<TopLevelComponents><ComponentList Language=\"Verilog\">"
+                                    "<Component Library=\"work\">a</Component>"
+                                    "<Component Library=\"work\">d</Component>"
+                                    "</ComponentList></TopLevelComponents>\n"
+                                    "<SourceFileGroup Language=\"Verilog\">\n" +
+                                    SourceText("c.v") + SourceText("b.v") + SourceText("a.v") +
+                                    "</SourceFileGroup>\n"));
+    EXPECT_EQ(ResultOf({"export", "b.xml", "--to", "verilator", "--top", "a"}),
+              "// Verilog sources for Verilator\nb.v\na.v\n--top-module a\n"
+              "hdlbuild: note: 1 of 3 sources are left out: work.a does not need them [HB604]\n");
+    EXPECT_EQ(ResultOf({"export", "b.xml", "--to", "verilator", "--top", "d"}),
+              "// Verilog sources for Verilator\nc.v\nb.v\na.v\n--top-module d\n"
+              "hdlbuild: warning: no source holds work.d: none is left out [HB605]\n");
+    EXPECT_EQ(ResultOf({"export", "b.xml", "--to", "verilator"}),
+              "// Verilog sources for Verilator\nc.v\nb.v\na.v\n");
+}
+
 TEST(ExportCommand, PrintsJson) {
     const WorkingFolder folder;
     WriteBuild(folder, "a.v");
