@@ -32,7 +32,7 @@ bool IsSimulator(const std::string& text) {
 }
 
 bool IsSimulatorOrNumber(const std::string& text) {
-    return FindSimulator(text) != SIM_NONE;
+    return FindSimulator(text) != SIM_NONE || IsSimulator(text);
 }
 
 struct TWordCheck {

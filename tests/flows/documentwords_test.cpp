@@ -108,8 +108,8 @@ TEST(DocumentWords, TellWhatNoReaderKnows) {
         {"simulators by number",
          "<ExternalSimulatorSettings><Tool Name='22'>VHDL</Tool><Tool Name='None'>VHDL</Tool>"
          "<ProjectLanguageConfigurationList><LanguageSettings Language='VHDL'><SimTool>22"
-         "</SimTool><SimTool>31</SimTool></LanguageSettings></ProjectLanguageConfigurationList>"
-         "</ExternalSimulatorSettings>",
+         "</SimTool><SimTool>31</SimTool><SimTool>None</SimTool></LanguageSettings>"
+         "</ProjectLanguageConfigurationList></ExternalSimulatorSettings>",
          "27 HB402 22\n181 HB402 31\n"},
         {"simulators",
          "<a><ExternalSimulatorSettings><Tool Name='Foo'>VHDL</Tool></ExternalSimulatorSettings>"
