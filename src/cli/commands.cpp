@@ -4,6 +4,7 @@
 #include "cli/export/commands.h"
 #include "cli/frame/commandline.h"
 #include "cli/graph/commands.h"
+#include "cli/import/commands.h"
 #include "cli/questions/commands.h"
 #include "cli/scan/commands.h"
 #include "cli/servers/commands.h"
@@ -25,8 +26,8 @@ std::vector<TCommand> MakeCommands() {
     std::vector<TCommand> commands;
     for (const auto make :
          {MakeBuildCommands, MakeQuestionCommands, MakeGraphCommands, MakeChangeCommands,
-          MakeSetupCommands, MakeScanCommands, MakeExportCommands, MakeSettingsCommands,
-          MakeServersCommands, MakeTranslatorCommands})
+          MakeSetupCommands, MakeScanCommands, MakeExportCommands, MakeImportCommands,
+          MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
         for (TCommand& command : make()) commands.push_back(std::move(command));
     return commands;
 }

@@ -141,6 +141,40 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
         {DIAGNOSTIC_UNSCANNED_TOP, "unscanned-top", SEVERITY_WARNING,
          "no source holds {1}: none is left out",
          "Add the file that holds the unit, or correct the name of the top-level component."},
+        {DIAGNOSTIC_NOT_IMPORTED, "not-imported", SEVERITY_WARNING, "a build has no words for {1}",
+         "Give it to the simulator by other means where it is needed, and import with --lossy."},
+        {DIAGNOSTIC_IMPORTED_OTHERWISE, "imported-otherwise", SEVERITY_WARNING,
+         "named again in another way: {1} (first: {2})",
+         "Keep one of the places. The build holds a path once, with the library and flag of the "
+         "first place; to compile the text into several libraries, list copies of the file."},
+        {DIAGNOSTIC_IMPORTED_NO_LANGUAGE, "imported-no-language", SEVERITY_WARNING,
+         "no language has the extension of {1}",
+         "Import with --lossy, and add the file with `hdlbuild add --language` when it is a "
+         "source."},
+        {DIAGNOSTIC_UNSET_VARIABLE, "unset-variable", SEVERITY_WARNING,
+         "the variable {1} is not set",
+         "Set it in the environment. With --lossy the text is what the tool of the format makes of "
+         "it."},
+        {DIAGNOSTIC_IMPORTED_AGAIN, "imported-again", SEVERITY_NOTE,
+         "named again: {1} (first: {2})",
+         "Nothing is to be done: the build holds the path once, at its first place."},
+        {DIAGNOSTIC_IMPORTED_OPTION, "imported-option", SEVERITY_NOTE,
+         "kept as a compile option: {1}",
+         "See whether the simulator that the build is for knows the option. A word behind it that "
+         "belongs to it may have been taken for a source."},
+        {DIAGNOSTIC_IMPORTED_FILE_MISSING, "imported-file-missing", SEVERITY_NOTE,
+         "does not exist: {1}",
+         "Restore or generate the file, or take relative paths against another folder with "
+         "--relative-to. The build names it all the same."},
+        {DIAGNOSTIC_IMPORT_SYNTAX, "import-syntax", SEVERITY_ERROR, "not of the format: {1}",
+         "Correct the place, or name the format that the file has."},
+        {DIAGNOSTIC_IMPORT_UNREADABLE, "import-unreadable", SEVERITY_ERROR, "{1}: {2}",
+         "Make the file readable, correct its name, or take relative paths against another folder "
+         "with --relative-to."},
+        {DIAGNOSTIC_IMPORT_CYCLE, "import-cycle", SEVERITY_ERROR, "files that name each other: {1}",
+         "Take one of the places out."},
+        {DIAGNOSTIC_IMPORT_TOO_DEEP, "import-too-deep", SEVERITY_ERROR,
+         "more than {1} files, each named by the one before", "Name the files in fewer steps."},
     };
     return rules;
 }
@@ -180,5 +214,6 @@ std::string GetDiagnosticText(const TDiagnostic& diagnostic) {
 
 std::string GetSourcePlaceText(const TDiagnosticSource& source) {
     if (source.Line == 0) return source.Path;
-    return source.Path + ":" + std::to_string(source.Line) + ":" + std::to_string(source.Column);
+    const std::string line = source.Path + ":" + std::to_string(source.Line);
+    return source.Column == 0 ? line : line + ":" + std::to_string(source.Column);
 }

@@ -46,6 +46,17 @@ enum TDiagnosticCode : int {
     DIAGNOSTIC_UNWRITABLE_NAME = 603,
     DIAGNOSTIC_LEFT_OUT = 604,
     DIAGNOSTIC_UNSCANNED_TOP = 605,
+    DIAGNOSTIC_NOT_IMPORTED = 701,
+    DIAGNOSTIC_IMPORTED_OTHERWISE = 702,
+    DIAGNOSTIC_IMPORTED_NO_LANGUAGE = 703,
+    DIAGNOSTIC_UNSET_VARIABLE = 704,
+    DIAGNOSTIC_IMPORTED_AGAIN = 705,
+    DIAGNOSTIC_IMPORTED_OPTION = 706,
+    DIAGNOSTIC_IMPORTED_FILE_MISSING = 707,
+    DIAGNOSTIC_IMPORT_SYNTAX = 708,
+    DIAGNOSTIC_IMPORT_UNREADABLE = 709,
+    DIAGNOSTIC_IMPORT_CYCLE = 710,
+    DIAGNOSTIC_IMPORT_TOO_DEEP = 711,
 };
 
 /// One row of the table of diagnostics. The texts are static and never null.
@@ -61,7 +72,7 @@ struct TDiagnosticRule {
 struct TDiagnosticSource {
     std::string Path = {};  ///< as users see it; empty: the fault stands in none
     int Line = 0;           ///< 1-based; 0: the source as a whole
-    int Column = 0;         ///< 1-based, in bytes
+    int Column = 0;         ///< 1-based, in bytes; 0: the line as a whole
 };
 
 /// One fault.
@@ -86,5 +97,5 @@ std::string GetDiagnosticId(TDiagnosticCode code);
 const char* GetSeverityText(TDiagnosticSeverity severity);
 /// The text of one fault with its names, but without its details.
 std::string GetDiagnosticText(const TDiagnostic& diagnostic);
-/// "a.vhd:1:2", "a.vhd" for a source as a whole.
+/// "a.vhd:1:2", "a.vhd:1" for a line and "a.vhd" for a source as a whole.
 std::string GetSourcePlaceText(const TDiagnosticSource& source);

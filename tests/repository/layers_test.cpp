@@ -53,6 +53,7 @@ const std::map<std::string, std::set<std::string>> kPermitted = {
     {"flows/graph", AllOf(kLibrary, {"flows/scan", "flows/linking", "flows"})},
     {"flows/plan", AllOf(kLibrary, {"flows/scan", "flows"})},
     {"flows/formats", AllOf(kLibrary, {"flows/trees", "flows/scan", "flows", "flows/plan"})},
+    {"flows/imports", AllOf(kLibrary, {"flows/trees", "flows/scan", "flows", "flows/plan"})},
     {"cli/frame", AllOf(kLibrary, {"flows/trees", "flows/scan", "flows/linking", "flows"})},
     {"cli/build", kFamily},
     {"cli/change", kFamily},
@@ -60,13 +61,14 @@ const std::map<std::string, std::set<std::string>> kPermitted = {
     {"cli/questions", kFamily},
     {"cli/setup", kFamily},
     {"cli/export", AllOf(kFamily, {"flows/plan", "flows/formats"})},
+    {"cli/import", AllOf(kFamily, {"flows/plan", "flows/imports"})},
     {"cli/scan", kFamily},
     {"cli/settings", kFamily},
     {"cli/servers", kFamily},
     {"cli/translator", kFamily},
     {"cli",
      {"cli/frame", "cli/build", "cli/change", "cli/export", "cli/questions", "cli/graph",
-      "cli/setup", "cli/scan", "cli/settings", "cli/servers", "cli/translator"}},
+      "cli/import", "cli/setup", "cli/scan", "cli/settings", "cli/servers", "cli/translator"}},
 };
 
 }  // namespace

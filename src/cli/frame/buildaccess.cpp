@@ -131,6 +131,7 @@ int TBuildAccess::Save(const char* verb) {
         AddSourceChanges({Edit.GetSourcesBefore(), Edit.GetSourcesAfter(), Edit.GetSourceChanges(),
                           Edit.GetLibraries()},
                          Form, &change.Before, &change.After);
+    for (TJson::TMember& member : Members) change.Result[member.first] = std::move(member.second);
     for (const TNote& note : Notes) {
         change.Result[note.Key] = note.Names;
         if (Arguments.Json || !reason.empty()) continue;

@@ -23,6 +23,7 @@ public:
     int Make(THdlLanguage language);
 
     THdlBuildFile& GetBuild() { return *Edit.GetBuild(); }
+    TBuildEdit& GetEdit() { return Edit; }
     /// See TBuildEdit.
     TProjectSimLanguageConfig& GetOrMakeLanguageSettings(THdlLanguage language) {
         return Edit.GetOrMakeLanguageSettings(language);
@@ -39,6 +40,8 @@ public:
 
     /// Tells in addition to the changes what `texts` say, in JSON under `key`.
     void Note(const char* key, const std::vector<std::string>& names, const std::string& text);
+    /// Adds a member to the JSON output, in front of those of Note.
+    void AddToResult(const char* key, TJson value) { Members.emplace_back(key, std::move(value)); }
 
     /// Saves what was changed, and prints it. `verb` names the command in JSON output. A file that
     /// has changed since it was read, and one that cannot take the change, stays as it is: one line
@@ -63,6 +66,7 @@ private:
     TBuildEdit Edit;
     TState StateRead;
     std::vector<THdlLanguage> UnsavedGroupsRead;
+    std::vector<TJson::TMember> Members;
     std::vector<TNote> Notes;
     TPathForm Form;
 };

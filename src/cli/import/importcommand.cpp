@@ -1,0 +1,135 @@
+#include "cli/frame/buildaccess.h"
+#include "cli/frame/filereports.h"
+#include "cli/frame/jsonresults.h"
+#include "cli/frame/knownnames.h"
+#include "cli/frame/texts.h"
+#include "cli/import/commands.h"
+#include "flows/imports/importedbuild.h"
+#include "flows/imports/importformats.h"
+#include "services/names/utilfilename.h"
+
+namespace {
+
+constexpr const char* kList = "list";
+
+/// A run of the command.
+class TImportRun {
+public:
+    TImportRun(const TImportArguments& arguments, const TToolStreams& streams)
+        : Arguments(arguments), Streams(streams) {}
+
+    int Run();
+
+private:
+    int Refuse(const std::string& reason, int status = kExitUsage) const {
+        ReportError(Streams, reason);
+        return status;
+    }
+    int List() const;
+    void Read();
+    int Tell();
+    void TellOne(const TDiagnostic& diagnostic, TJson* told) const;
+    int Save();
+
+    const TImportArguments& Arguments;
+    const TToolStreams& Streams;
+    const TImportFormat* Format = nullptr;
+    TPathForm Form;
+    TImported Imported;
+    TJson Told = TJson::Array();
+};
+
+int TImportRun::Run() {
+    if (Arguments.Format == kList) return List();
+    std::vector<std::string> known{kList};
+    for (const TImportFormat& format : GetImportFormats()) known.emplace_back(format.Name);
+    Format = FindImportFormat(Arguments.Format);
+    if (!Format) return Refuse(UnknownName("format", Arguments.Format, known));
+    if (Arguments.Files.empty()) return Refuse("FILE is required");
+    if (Arguments.Output.empty()) return Refuse("--output is required");
+    Read();
+    const int status = Tell();
+    return status == kExitDone ? Save() : status;
+}
+
+int TImportRun::List() const {
+    TJson formats = TJson::Array();
+    std::vector<std::vector<std::string>> rows;
+    for (const TImportFormat& format : GetImportFormats()) {
+        formats.Add(
+            {{"name", format.Name}, {"description", format.Description}, {"holds", format.Holds}});
+        rows.push_back({format.Name, format.Description, format.Holds});
+    }
+    if (!Arguments.Json) {
+        PrintTable(std::move(rows), Streams.Out);
+        return kExitDone;
+    }
+    TJson result = MakeResult("hdlbuild-import-formats");
+    result["formats"] = formats;
+    PrintJson(result, Streams);
+    return kExitDone;
+}
+
+void TImportRun::Read() {
+    TImportRequest request{Arguments.Files, "", [this](const std::string& path) {
+                               return PathText(path.c_str(), Form);
+                           }};
+    if (!Arguments.Folder.empty())
+        request.Folder =
+            std::string(TUtilFileName(Arguments.Folder.c_str()).CanonicalWithoutFinalSlash()) + "/";
+    Imported = Import(*Format, request);
+}
+
+// Files that are missing do not keep a build from being made.
+int TImportRun::Tell() {
+    bool isLossy = false;
+    bool hasErrors = false;
+    bool isRead = true;
+    for (const TDiagnostic& diagnostic : Imported.Diagnostics) {
+        TellOne(diagnostic, &Told);
+        isLossy = isLossy || IsImportLoss(diagnostic);
+        hasErrors = hasErrors || IsImportError(diagnostic);
+        isRead = isRead && diagnostic.Code != DIAGNOSTIC_IMPORT_UNREADABLE;
+    }
+    if (!isRead) return kExitFile;
+    if (hasErrors) return kExitProblems;
+    if (isLossy && !Arguments.IsLossy)
+        return Refuse(Arguments.Output + ": not made, as something would be lost: --lossy makes it",
+                      kExitProblems);
+    if (Imported.Sources.empty()) return Refuse("there are no sources in the files");
+    return kExitDone;
+}
+
+void TImportRun::TellOne(const TDiagnostic& diagnostic, TJson* told) const {
+    const TDiagnosticSource& source = diagnostic.Source;
+    const std::string text = GetDiagnosticText(diagnostic);
+    const std::string code = GetDiagnosticId(diagnostic.Code);
+    const std::string place = source.Path.empty() ? "" : GetSourcePlaceText(source) + ": ";
+    const std::string line = place + text + " [" + code + "]";
+    if (IsImportError(diagnostic))
+        ReportError(Streams, line);
+    else
+        ReportWarning(Streams, line);
+    TJson json = {{"code", code}, {"text", text}};
+    if (!source.Path.empty()) json["file"] = source.Path;
+    if (source.Line > 0) json["line"] = source.Line;
+    if (source.Column > 0) json["column"] = source.Column;
+    told->Add(std::move(json));
+}
+
+int TImportRun::Save() {
+    const TQuietMessageBox quiet;
+    TBuildAccess build(Arguments.Output, Arguments, Streams);
+    if (const int status = build.Make(LanguageOfImported(Imported)); status != kExitDone)
+        return status;
+    AddImported(Imported, &build.GetEdit());
+    build.AddToResult("from", Format->Name);
+    build.AddToResult("findings", std::move(Told));
+    return build.Save("import");
+}
+
+}  // namespace
+
+int RunImport(const TImportArguments& arguments, const TToolStreams& streams) {
+    return TImportRun(arguments, streams).Run();
+}

@@ -1,0 +1,219 @@
+#include "flows/imports/formatreaders.h"
+#include "flows/imports/importreader.h"
+#include "flows/imports/listdialects.h"
+#include "flows/optiontexts.h"
+#include <algorithm>
+#include <array>
+#include <deque>
+
+namespace {
+
+// What a simulator links, and no compiler of HDL reads.
+constexpr std::array<std::string_view, 8> kNoSources = {".a",  ".dll", ".o",   ".sft",
+                                                        ".so", ".vlt", ".vpi", ".vpl"};
+
+/// A list that is being read; it stands still while one that it names is.
+struct TOpenList {
+    TImportFile File;
+    TListWords Words;
+    std::string Library;  // of the sources that follow
+
+    TOpenList(TImportFile file, const TListSyntax& syntax, std::string library)
+        : File(std::move(file)), Words(File.Text, syntax), Library(std::move(library)) {}
+    TOpenList(const TOpenList&) = delete;
+    TOpenList& operator=(const TOpenList&) = delete;
+};
+
+/// Reads a list, and those that it names, of one dialect.
+class TFileListReader {
+public:
+    TFileListReader(TImportReader* reader, const TListDialect& dialect)
+        : Reader(*reader), Dialect(dialect) {}
+
+    void Read(const TImportFile& file);
+
+private:
+    TOpenList& List() { return Lists.back(); }
+    TImportPlace PlaceOf(const TListWord& word) {
+        return {List().File.Name, word.Line, word.Column};
+    }
+    void TakeWord(const TListWord& word);
+    void TakeOption(const TListOption& option, const TListWord& word);
+    void Take(TListMeaning meaning, const std::string& value, const TImportPlace& place);
+    void TakeFlag(TListMeaning meaning, const TImportPlace& place);
+    void KeepOption(const TListOption& option, const TListWord& word);
+    void AddSource(const std::string& name, bool isLibraryFile, const TImportPlace& place);
+    void OpenList(TListMeaning meaning, const std::string& name, const TImportPlace& place);
+    std::string Expanded(const std::string& text, const TImportPlace& place);
+    TImportedText Folder(const std::string& name, const TImportPlace& place) {
+        return {TImportReader::WholeOf(name, List().File.Folder), place};
+    }
+
+    TImportReader& Reader;
+    const TListDialect& Dialect;
+    std::string WorkingFolder;
+    std::deque<TOpenList> Lists;  // the views of words must stay
+};
+
+void TFileListReader::Read(const TImportFile& file) {
+    WorkingFolder = file.Folder;
+    Lists.emplace_back(file, Dialect.Syntax, "");
+    while (!Lists.empty()) {
+        TListWord word;
+        if (List().Words.Next(&word)) {
+            TakeWord(word);
+            continue;
+        }
+        if (List().Words.GetFault()) Reader.Fail(List().Words.GetFault(), PlaceOf(word));
+        Lists.pop_back();
+        if (!Lists.empty()) Reader.Leave();
+    }
+}
+
+void TFileListReader::TakeWord(const TListWord& word) {
+    const bool isOption = word.Text.starts_with('-') || word.Text.starts_with('+');
+    if (const TListOption* const option = FindListOption(word.Text, Dialect.Tool))
+        TakeOption(*option, word);
+    else if (isOption && Dialect.Tool == LIST_VERIBLE)
+        Reader.Lose("the line " + word.Text, PlaceOf(word));
+    else if (isOption)
+        Reader.KeepOption(word.Text, PlaceOf(word));
+    else
+        AddSource(word.Text, false, PlaceOf(word));
+}
+
+void TFileListReader::TakeOption(const TListOption& option, const TListWord& word) {
+    if (option.Meaning == MEANS_OPTION) return KeepOption(option, word);
+    if (option.Form == FORM_ALONE) return TakeFlag(option.Meaning, PlaceOf(word));
+    std::string value = word.Text.substr(option.Name.size());
+    if (option.Form == FORM_EQUALS && !value.empty()) value.erase(0, 1);
+    if (option.Form == FORM_LIST) {
+        for (const std::string& each : ValuesOfList(value))
+            Take(option.Meaning, each, PlaceOf(word));
+        return;
+    }
+    TListWord next;
+    const bool isNext = option.Form != FORM_REST && word.Text == option.Name;
+    if (isNext && !List().Words.Next(&next))
+        return Reader.Fail(word.Text + " without a value", PlaceOf(word));
+    Take(option.Meaning, isNext ? next.Text : value, PlaceOf(word));
+}
+
+void TFileListReader::KeepOption(const TListOption& option, const TListWord& word) {
+    Reader.KeepOption(word.Text, PlaceOf(word));
+    TListWord next;
+    if (word.Text == option.Name && List().Words.Next(&next))
+        Reader.KeepOption(next.Text, PlaceOf(next));
+}
+
+void TFileListReader::Take(TListMeaning meaning, const std::string& value,
+                           const TImportPlace& place) {
+    TImportedSettings& settings = Reader.SettingsOf(LANGUAGE_VERILOG);
+    switch (meaning) {
+        case MEANS_INCLUDE_FOLDER:
+            return settings.IncludeDirectories.push_back(Folder(Expanded(value, place), place));
+        case MEANS_LIBRARY_FOLDER:
+            return settings.LibraryDirectories.push_back(Folder(Expanded(value, place), place));
+        case MEANS_LIBRARY_EXTENSION:
+            return settings.LibraryExtensions.push_back({value, place});
+        case MEANS_LIBRARY_FILE:
+            return AddSource(value, true, place);
+        case MEANS_DEFINE:
+            return Reader.AddDefine(value, place);
+        case MEANS_TOP:
+            return Reader.AddTop({LANGUAGE_VERILOG, List().Library, value, ""}, place);
+        case MEANS_LIBRARY:
+            List().Library = value;
+            return;
+        default:
+            return OpenList(meaning, Expanded(value, place), place);
+    }
+}
+
+void TFileListReader::TakeFlag(TListMeaning meaning, const TImportPlace& place) {
+    std::optional<TSimProjectDelayType>& delay = Reader.SettingsOf(LANGUAGE_VERILOG).Delay;
+    switch (meaning) {
+        case MEANS_SYSTEM_VERILOG:
+            return Reader.SetStandard(LANGUAGE_VERILOG, "2012", place);
+        case MEANS_MINIMUM_DELAYS:
+            delay = DELAY_TYPE_MINIMUM;
+            return;
+        case MEANS_MAXIMUM_DELAYS:
+            delay = DELAY_TYPE_MAXIMUM;
+            return;
+        case MEANS_TYPICAL_DELAYS:
+            delay = DELAY_TYPE_TYPICAL;
+            return;
+        default:
+            List().Library.clear();
+    }
+}
+
+void TFileListReader::AddSource(const std::string& name, bool isLibraryFile,
+                                const TImportPlace& place) {
+    std::string path = Expanded(name, place);
+    TImportedSource source;
+    source.Library = List().Library;
+    // A library in front of a library file: no path begins so on any system.
+    if (const std::size_t sign = path.find('=');
+        isLibraryFile && Dialect.Tool == LIST_SLANG && sign != std::string::npos) {
+        source.Library = path.substr(0, sign);
+        path.erase(0, sign + 1);
+    }
+    if (path.empty()) return Reader.Fail("an empty name", place);
+    const auto isNone = [&path](std::string_view extension) { return path.ends_with(extension); };
+    if (std::any_of(kNoSources.begin(), kNoSources.end(), isNone))
+        return Reader.Lose(path + ", which is no source", place);
+    if (!Dialect.IsVerilogOnly) source.Language = LanguageOfPath(path);
+    if (source.Language == LANGUAGE_NONE) source.Language = LANGUAGE_VERILOG;
+    source.Path = TImportReader::WholeOf(path, List().File.Folder);
+    source.IsLibraryFile = isLibraryFile;
+    source.Place = place;
+    Reader.AddSource(std::move(source));
+}
+
+void TFileListReader::OpenList(TListMeaning meaning, const std::string& name,
+                               const TImportPlace& place) {
+    const TImportFile& parent = List().File;
+    if (meaning == MEANS_UNIT_LIST) Reader.Lose("a compilation unit of its own", place);
+    const std::string beside = parent.Path.substr(0, parent.Path.find_last_of("/\\") + 1);
+    const std::string path =
+        TImportReader::CanonicalOf(name, Dialect.IsBesideItsParent ? beside : parent.Folder);
+    const std::string folder = meaning == MEANS_LIST ? WorkingFolder : std::string();
+    TImportFile file;
+    if (Reader.Enter(path, folder, List().Library, place, &file))
+        Lists.emplace_back(std::move(file), Dialect.Syntax, List().Library);
+}
+
+std::string TFileListReader::Expanded(const std::string& text, const TImportPlace& place) {
+    std::vector<std::string> unset;
+    std::string whole = WithVariables(text, Dialect.Variables, Dialect.KeepsUnsetVariables, &unset);
+    for (const std::string& name : unset) Reader.Tell(DIAGNOSTIC_UNSET_VARIABLE, {name}, place);
+    return whole;
+}
+
+}  // namespace
+
+void ReadFileList(TImportReader& reader, const TImportFile& file) {
+    TFileListReader(&reader, kCommonList).Read(file);
+}
+
+void ReadIcarusList(TImportReader& reader, const TImportFile& file) {
+    TFileListReader(&reader, kIcarusList).Read(file);
+}
+
+void ReadSlangList(TImportReader& reader, const TImportFile& file) {
+    TFileListReader(&reader, kSlangList).Read(file);
+}
+
+void ReadVcsList(TImportReader& reader, const TImportFile& file) {
+    TFileListReader(&reader, kVcsList).Read(file);
+}
+
+void ReadVeribleList(TImportReader& reader, const TImportFile& file) {
+    TFileListReader(&reader, kVeribleList).Read(file);
+}
+
+void ReadVerilatorList(TImportReader& reader, const TImportFile& file) {
+    TFileListReader(&reader, kVerilatorList).Read(file);
+}

@@ -1,0 +1,49 @@
+#include "flows/imports/importformats.h"
+#include "flows/imports/formatreaders.h"
+#include "flows/imports/importcheck.h"
+#include "flows/imports/importreader.h"
+#include "services/names/utilfilename.h"
+#include <algorithm>
+
+const std::vector<TImportFormat>& GetImportFormats() {
+    static const std::vector<TImportFormat> formats = {
+        {"filelist", "Command file of Verilog sources in the words of any simulator",
+         "libraries, include and library directories, library files, defines, delays, top, options",
+         ORDER_COUNTS, ReadFileList},
+        {"icarus", "Command file of Icarus Verilog",
+         "include and library directories, library files, defines", ORDER_COUNTS, ReadIcarusList},
+        {"slang", "Command file of slang",
+         "include and library directories, library files, defines, top", ORDER_COUNTS,
+         ReadSlangList},
+        {"vcs", "Command file of the large Verilog simulators",
+         "libraries, include and library directories, library files, defines, delays, top, options",
+         ORDER_COUNTS, ReadVcsList},
+        {"verible", "verible.filelist of the language server of Verible",
+         "include directories, defines", ORDER_COUNTS, ReadVeribleList},
+        {"verilator", "Command file of Verilator",
+         "include and library directories, library files, defines, top, options", ORDER_COUNTS,
+         ReadVerilatorList},
+    };
+    return formats;
+}
+
+const TImportFormat* FindImportFormat(std::string_view name) {
+    const auto& formats = GetImportFormats();
+    const auto found = std::find_if(formats.begin(), formats.end(),
+                                    [name](const auto& format) { return name == format.Name; });
+    return found == formats.end() ? nullptr : &*found;
+}
+
+TImported Import(const TImportFormat& format, const TImportRequest& request) {
+    TImported imported;
+    TImportReader reader(request, &imported);
+    for (const std::string& name : request.Files) {
+        TImportFile file;
+        const std::string path = TUtilFileName(name.c_str()).CanonicalWithoutFinalSlash();
+        if (!reader.Enter(path, request.Folder, "", {}, &file)) continue;
+        format.Read(reader, file);
+        reader.Leave();
+    }
+    CheckImported(format.Order, request, &imported);
+    return imported;
+}

@@ -1,0 +1,76 @@
+#pragma once
+#include "flows/imports/importformats.h"
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+/// How many files may be open, one named by the other.
+inline constexpr std::size_t kDeepestImport = 64;
+
+/// What the readers of all formats share: where what they read goes, and the files they read.
+class TImportReader {
+public:
+    /// All must outlive the object.
+    TImportReader(const TImportRequest& request, TImported* imported)
+        : Request(request), Imported(*imported) {}
+
+    /// `path` against `folder`: whole, with '/'.
+    static std::string WholeOf(const std::string& path, const std::string& folder);
+    /// The same as the system writes it.
+    static std::string CanonicalOf(const std::string& path, const std::string& folder);
+
+    void AddSource(TImportedSource source) { Imported.Sources.push_back(std::move(source)); }
+    void AddTop(const TBuildTop& top, const TImportPlace& place) {
+        Imported.Tops.push_back({top, place});
+    }
+    TImportedSettings& SettingsOf(THdlLanguage language) { return Imported.Settings[language]; }
+    /// "NAME" or "NAME=VALUE", for Verilog.
+    void AddDefine(const std::string& text, const TImportPlace& place);
+    /// A year; another one than before is told.
+    void SetStandard(THdlLanguage language, const std::string& year, const TImportPlace& place);
+    /// Keeps a word of the compile options of Verilog that has no meaning here, and tells it.
+    void KeepOption(const std::string& word, const TImportPlace& place);
+
+    /// Tells that a build has no words for `what`.
+    void Lose(const std::string& what, const TImportPlace& place) {
+        Tell(DIAGNOSTIC_NOT_IMPORTED, {what}, place);
+    }
+    /// Tells that the file is not what its format asks for.
+    void Fail(const std::string& what, const TImportPlace& place) {
+        Tell(DIAGNOSTIC_IMPORT_SYNTAX, {what}, place);
+    }
+    void Tell(TDiagnosticCode code, std::vector<std::string> names, const TImportPlace& place) {
+        Imported.Diagnostics.push_back({code, std::move(names), {}, kNoXMLPlace, place});
+    }
+
+    /// Reads the file of a canonical path, named at `place`, and has it open until Leave. A
+    /// relative path in it is taken against `folder`; "" for the file's own. False when it cannot
+    /// be read, names itself or lies too deep, which is told, and when it has been read with the
+    /// same `folder` and `context`: it would give nothing new.
+    bool Enter(const std::string& path, const std::string& folder, const std::string& context,
+               const TImportPlace& place, TImportFile* file);
+    void Leave();
+
+private:
+    struct TOpenFile {
+        std::string Path;
+        TImportPlace From;
+    };
+
+    bool MayEnter(const std::string& path, const TImportPlace& place);
+    std::string ChainFrom(std::size_t first, const TImportPlace& place) const;
+
+    const TImportRequest& Request;
+    TImported& Imported;
+    std::vector<TOpenFile> Open;
+    std::unordered_set<std::string> Known;
+};
+
+/// The lines of a text without their ends, be they of Unix or of Windows.
+std::vector<std::string_view> LinesOfImport(std::string_view text);
+/// Without blanks and tabulators at both ends.
+std::string_view TrimmedImport(std::string_view text);
+/// Of the extension; LANGUAGE_NONE when no language has it.
+THdlLanguage LanguageOfPath(const std::string& path);

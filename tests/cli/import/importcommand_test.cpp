@@ -1,0 +1,111 @@
+#include "tests/cli/toolrun.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+std::string SettingsAndSources(const WorkingFolder& folder) {
+    const std::string text = folder.Read("b.xml");
+    const std::size_t begin = text.find("    <SourceFileGroup");
+    return begin == std::string::npos ? text : text.substr(begin);
+}
+
+}  // namespace
+
+TEST(ImportCommand, MakesABuildOfAList) {
+    const WorkingFolder folder;
+    folder.Write("rtl/a.v", "module a; endmodule\n");
+    folder.Write("rtl/inc/i.vh", "");
+    folder.Write("rtl/a.f", "+incdir+inc\na.v\n+define+N=1\n");
+    EXPECT_EQ(ResultOf({"import", "filelist", "rtl/a.f", "-o", "b.xml"}),
+              "TopLevelLanguage: \"None\" -> \"Verilog\"\n"
+              "HvlLanguage: \"None\" -> \"Verilog\"\n"
+              "HdlLanguage: \"None\" -> \"Verilog\"\n"
+              "CompileVerilogFiles: false -> true\n"
+              "Verilog IncludeDirectories: [] -> [\"rtl/inc\"]\n"
+              "Verilog BuildOptions: \"\" -> \"+define+N=1\"\n"
+              "Verilog source rtl/a.v: none -> {\"library\":\"\"}\n"
+              "b.xml: saved\n");
+    EXPECT_EQ(SettingsAndSources(folder),
+              "    <SourceFileGroup Language=\"Verilog\">\n"
+              "      <SourceFile Library=\"false\" PrecompiledLibrary=\"\">rtl/a.v</SourceFile>\n"
+              "    </SourceFileGroup>\n"
+              "  </HdlBuildFile>\n"
+              "</HdlBuildFileList>\n");
+    EXPECT_EQ(ResultOf({"check", "b.xml"}), "b.xml: no problems\n");
+    EXPECT_EQ(ResultOf({"import", "filelist", "rtl/a.f", "-o", "b.xml"}),
+              "3\nhdlbuild: error: b.xml: the file exists already\n");
+}
+
+TEST(ImportCommand, MakesNothingWhenSomethingWouldBeLost) {
+    const WorkingFolder folder;
+    folder.Write("a.v", "");
+    folder.Write("a.f", "a.v\n+define+S=\"hi\"\n");
+    const std::string loss =
+        "hdlbuild: warning: a.f:2:1: a build has no words for the option S=\"hi\" with a quote in "
+        "it [HB701]\n";
+    EXPECT_EQ(ResultOf({"import", "icarus", "a.f", "-o", "b.xml"}),
+              "1\n" + loss +
+                  "hdlbuild: error: b.xml: not made, as something would be lost: --lossy makes "
+                  "it\n");
+    EXPECT_FALSE(folder.Exists("b.xml"));
+    const TToolRun run = RunHdlbuild({"import", "icarus", "a.f", "-o", "b.xml", "--lossy"});
+    EXPECT_EQ(run.Status, 0);
+    EXPECT_EQ(run.Err, loss);
+    EXPECT_TRUE(folder.Exists("b.xml"));
+}
+
+TEST(ImportCommand, KeepsSourcesThatAreMissing) {
+    const WorkingFolder folder;
+    folder.Write("sub/a.f", "none.v\n");
+    const TToolRun run = RunHdlbuild(
+        {"import", "filelist", "sub/a.f", "-o", "b.xml", "--relative-to", ".", "--dry-run"});
+    EXPECT_EQ(run.Status, 0);
+    EXPECT_EQ(run.Err, "hdlbuild: warning: sub/a.f:1:1: does not exist: none.v [HB707]\n");
+    EXPECT_NE(run.Out.find("Verilog source none.v: none -> {\"library\":\"\"}\n"),
+              std::string::npos);
+    EXPECT_FALSE(folder.Exists("b.xml"));
+}
+
+TEST(ImportCommand, TellsWhatItDidAsJson) {
+    const WorkingFolder folder;
+    folder.Write("a.v", "");
+    folder.Write("a.f", "a.v\n-x\n");
+    const std::string told =
+        "\"findings\": [\n    {\n      \"code\": \"HB706\",\n"
+        "      \"text\": \"kept as a compile option: -x\",\n"
+        "      \"file\": \"a.f\",\n      \"line\": 2,\n"
+        "      \"column\": 1\n    }\n  ],\n";
+    const TToolRun run = RunHdlbuild({"import", "vcs", "a.f", "-o", "b.xml", "--json"});
+    EXPECT_EQ(run.Status, 0);
+    EXPECT_EQ(run.Out.substr(0, run.Out.find("  \"changes\"")),
+              "{\n  \"format\": \"hdlbuild-import\",\n  \"version\": 1,\n"
+              "  \"build\": \"b.xml\",\n  \"from\": \"vcs\",\n  " +
+                  told);
+}
+
+TEST(ImportCommand, RefusesWhatItCannotDo) {
+    const WorkingFolder folder;
+    folder.Write("a.f", "// nothing\n");
+    folder.Write("cycle.f", "-f cycle.f\n");
+    const struct {
+        std::vector<std::string> Arguments;
+        const char* Result;
+    } rows[] = {
+        {{"import", "filelists", "a.f", "-o", "b.xml"},
+         "2\nhdlbuild: error: unknown format 'filelists'; nearest: filelist; known: "},
+        {{"import", "filelist", "-o", "b.xml"}, "2\nhdlbuild: error: FILE is required\n"},
+        {{"import", "filelist", "a.f"}, "2\nhdlbuild: error: --output is required\n"},
+        {{"import", "filelist", "a.f", "-o", "b.xml"},
+         "2\nhdlbuild: error: there are no sources in the files\n"},
+        {{"import", "filelist", "none.f", "-o", "b.xml"},
+         "3\nhdlbuild: error: none.f: the file does not exist [HB709]\n"},
+        {{"import", "filelist", "cycle.f", "-o", "b.xml", "--lossy"},
+         "1\nhdlbuild: error: cycle.f:1:1: files that name each other: cycle.f:1:1 -> cycle.f "
+         "[HB710]\n"},
+    };
+    for (const auto& row : rows) {
+        const std::string result = ResultOf(row.Arguments);
+        EXPECT_EQ(result.substr(0, std::string(row.Result).size()), row.Result);
+    }
+    EXPECT_FALSE(folder.Exists("b.xml"));
+}

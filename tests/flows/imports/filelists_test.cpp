@@ -1,0 +1,157 @@
+#include "tests/flows/imports/importedtext.h"
+#include "tests/support/environmentvariable.h"
+#include <gtest/gtest.h>
+
+TEST(FileLists, HoldTheWordsOfAllSimulators) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("filelist",
+                              "+incdir+inc+../ip // both\n"
+                              "-I inc2 -Iinc3 -incdir inc4\n"
+                              "+define+A=1+B -DC=1+2 -define D=x\n"
+                              "-y lib +libext+.v+.sv -v lib/cells.v\n"
+                              "-sv +maxdelays --top-module tb\n"
+                              "a.v b.sv c.vhd d.weird e.cpp\n"),
+              "in/list:4:23 Verilog  in/lib/cells.v library file\n"
+              "in/list:6:1 Verilog  in/a.v\n"
+              "in/list:6:5 Verilog  in/b.sv\n"
+              "in/list:6:10 VHDL  in/c.vhd\n"
+              "in/list:6:16 Verilog  in/d.weird\n"
+              "in/list:6:24 C++  in/e.cpp\n"
+              "in/list:5:16 top Verilog .tb\n"
+              "in/list:1:1 include in/inc\n"
+              "in/list:1:1 include ip\n"
+              "in/list:2:1 include in/inc2\n"
+              "in/list:2:9 include in/inc3\n"
+              "in/list:2:16 include in/inc4\n"
+              "in/list:4:1 library folder in/lib\n"
+              "in/list:4:8 extension .v\n"
+              "in/list:4:8 extension .sv\n"
+              "in/list:3:1 define A=1\n"
+              "in/list:3:1 define B=\n"
+              "in/list:3:15 define C=1+2\n"
+              "in/list:3:23 define D=x\n"
+              "in/list:5:1 standard 2012\n"
+              "delays max\n"
+              "in/list:6:16 HB701 a build has no words for the order of Verilog behind VHDL\n");
+}
+
+TEST(FileLists, TellWhatABuildDoesNotHold) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("filelist",
+                              "-timescale 1ns/1ps +notimingchecks\n"
+                              "a.v a.v -v a.v\n"
+                              "lib.so -C unit.f\n"
+                              "+define+=1 -y\n"),
+              "in/list:2:1 Verilog  in/a.v\n"
+              "in/list:1:1 option -timescale\n"
+              "in/list:1:12 option 1ns/1ps\n"
+              "in/list:1:20 option +notimingchecks\n"
+              "in/list:1:1 HB706 kept as a compile option: -timescale\n"
+              "in/list:1:12 HB706 kept as a compile option: 1ns/1ps\n"
+              "in/list:1:20 HB706 kept as a compile option: +notimingchecks\n"
+              "in/list:3:1 HB701 a build has no words for lib.so, which is no source\n"
+              "in/list:3:8 HB701 a build has no words for a compilation unit of its own\n"
+              "in/list:3:8 HB709 in/unit.f: the file does not exist\n"
+              "in/list:4:1 HB708 not of the format: a define without a name\n"
+              "in/list:4:12 HB708 not of the format: -y without a value\n"
+              "in/list:2:5 HB705 named again: in/a.v (first: in/list:2:1)\n"
+              "in/list:2:9 HB702 named again in another way: in/a.v (first: in/list:2:1)\n");
+}
+
+TEST(FileLists, PutSourcesIntoLibraries) {
+    const ImportFolder folder;
+    folder.Write("in/ip.f", "b.v\n-work other\nc.v\n");
+    EXPECT_EQ(folder.ReadText("vcs",
+                              "-sverilog -work main a.v -f ip.f d.v\n"
+                              "-makelib ip e.v -endlib f.v -top tb +mindelays\n"),
+              "in/list:1:22 Verilog main in/a.v\n"
+              "in/ip.f:1:1 Verilog main in/b.v\n"
+              "in/ip.f:3:1 Verilog other in/c.v\n"
+              "in/list:1:34 Verilog main in/d.v\n"
+              "in/list:2:13 Verilog ip in/e.v\n"
+              "in/list:2:25 Verilog  in/f.v\n"
+              "in/list:2:29 top Verilog .tb\n"
+              "in/list:1:1 standard 2012\n"
+              "delays min\n");
+    EXPECT_EQ(folder.ReadText("slang", "-v ip=a.v -v b.v\n"),
+              "in/list:1:1 Verilog ip in/a.v library file\n"
+              "in/list:1:11 Verilog  in/b.v library file\n");
+}
+
+// The same text is something else to each of them.
+TEST(FileLists, FollowTheirDialects) {
+    const ImportFolder folder;
+    const struct {
+        const char* Format;
+        const char* Text;
+        const char* Read;
+    } rows[] = {
+        {"icarus", "-ylib\n-l c.v\na b.v // x\n+define+A=1+B\n",
+         "in/list:2:1 Verilog  in/c.v library file\n"
+         "in/list:3:1 Verilog  in/a b.v\n"
+         "in/list:1:1 library folder in/lib\n"
+         "in/list:4:1 define A=1+B\n"},
+        {"icarus", "-s tb\na.vhd\n",
+         "in/list:1:4 Verilog  in/tb\n"
+         "in/list:2:1 Verilog  in/a.vhd\n"
+         "in/list:1:1 option -s\n"
+         "in/list:1:1 HB706 kept as a compile option: -s\n"},
+        {"verible", "+incdir+a+b\n+define+A\n-y lib\nc d.v\n",
+         "in/list:4:1 Verilog  in/c d.v\n"
+         "in/list:1:1 include in/a+b\n"
+         "in/list:2:1 define A=\n"
+         "in/list:3:1 HB701 a build has no words for the line -y lib\n"},
+        {"slang", "--top=tb -Y .sv --libdir lib\n\"a b.v\" c.v#d\n",
+         "in/list:2:1 Verilog  in/a b.v\n"
+         "in/list:2:9 Verilog  in/c.v\n"
+         "in/list:1:1 top Verilog .tb\n"
+         "in/list:1:17 library folder in/lib\n"
+         "in/list:1:10 extension .sv\n"},
+        {"verilator", "\"-DS=\\\"hi there\\\"\" --timescale 1ns/1ps a\\ b.v c.cpp\n",
+         "in/list:1:40 Verilog  in/a b.v\n"
+         "in/list:1:47 C++  in/c.cpp\n"
+         "in/list:1:20 option --timescale\n"
+         "in/list:1:32 option 1ns/1ps\n"
+         "in/list:1:20 HB706 kept as a compile option: --timescale\n"
+         "in/list:1:32 HB706 kept as a compile option: 1ns/1ps\n"
+         "in/list:1:1 HB701 a build has no words for the option S=\"hi there\" with a quote in "
+         "it\n"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(folder.ReadText(row.Format, row.Text), row.Read) << row.Format;
+}
+
+TEST(FileLists, NameOthersFromTheirFoldersOrTheWorkingFolder) {
+    const ImportFolder folder;
+    folder.Write("in/ip/ip.f", "a.v\n-f sub.f\n-F sub/sub.f\n");
+    folder.Write("in/ip/sub.f", "b.v\n");
+    folder.Write("in/ip/sub/sub.f", "c.v\n");
+    folder.Write("in/sub.f", "d.v\n");
+    EXPECT_EQ(folder.ReadText("verilator", "-F ip/ip.f\n"),
+              "in/ip/ip.f:1:1 Verilog  in/ip/a.v\n"
+              "in/ip/sub.f:1:1 Verilog  in/b.v\n"
+              "in/ip/sub/sub.f:1:1 Verilog  in/ip/sub/c.v\n");
+    EXPECT_EQ(folder.ReadText("filelist", "-f ip/ip.f\n"),
+              "in/ip/ip.f:1:1 Verilog  in/a.v\n"
+              "in/sub.f:1:1 Verilog  in/d.v\n"
+              "in/ip/ip.f:3:1 HB709 in/sub/sub.f: the file does not exist\n");
+    folder.Write("in/ip/ip.f", "a.v\n-f sub.f\n");
+    EXPECT_EQ(folder.ReadText("icarus", "-c ip/ip.f\n"),
+              "in/ip/ip.f:1:1 Verilog  in/a.v\n"
+              "in/ip/sub.f:1:1 Verilog  in/b.v\n");
+}
+
+TEST(FileLists, PutInVariables) {
+    const EnvironmentVariable variable("IMPORT_TEST", "rtl");
+    const ImportFolder folder;
+    EXPECT_EQ(
+        folder.ReadText("filelist", "$IMPORT_TEST/a.v +incdir+${IMPORT_TEST} $IMPORT_NO/b.v\n"),
+        "in/list:1:1 Verilog  in/rtl/a.v\n"
+        "in/list:1:41 Verilog  in/$IMPORT_NO/b.v\n"
+        "in/list:1:18 include in/rtl\n"
+        "in/list:1:41 HB704 the variable IMPORT_NO is not set\n");
+    EXPECT_EQ(folder.ReadText("icarus", "$IMPORT_TEST.v\n$(IMPORT_NO)b.v\n"),
+              "in/list:1:1 Verilog  in/$IMPORT_TEST.v\n"
+              "in/list:2:1 Verilog  in/b.v\n"
+              "in/list:2:1 HB704 the variable IMPORT_NO is not set\n");
+}

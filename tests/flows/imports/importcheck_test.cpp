@@ -1,0 +1,98 @@
+#include "flows/imports/importcheck.h"
+#include "tests/flows/imports/importedtext.h"
+#include "tests/support/environmentvariable.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+/// What is left of the record, and what is told.
+std::string Checked(TImported imported, TImportOrder order = ORDER_COUNTS) {
+    const ImportFolder folder;
+    folder.Write("a.v", "");
+    folder.Write("b.vhd", "");
+    folder.Write("sub/c.v", "");
+    const TImportRequest request{
+        {}, "", [&](const std::string& path) { return folder.TextOf(path); }};
+    const auto prepend = [&](std::string* path) { *path = folder.Path(*path); };
+    for (TImportedSource& source : imported.Sources) prepend(&source.Path);
+    for (auto& [language, settings] : imported.Settings)
+        for (TImportedText& text : settings.IncludeDirectories) prepend(&text.Text);
+    CheckImported(order, request, &imported);
+    return folder.TextOf(imported);
+}
+
+TImportedSource SourceOf(const std::string& path, int line, const std::string& library = "",
+                         bool isLibraryFile = false) {
+    TImportedSource source;
+    source.Path = path;
+    source.Library = library;
+    source.IsLibraryFile = isLibraryFile;
+    source.Place = {"l", line, 0};
+    return source;
+}
+
+}  // namespace
+
+TEST(ImportCheck, KeepsEachSourceOnce) {
+    TImported imported;
+    imported.Sources = {SourceOf("a.v", 1), SourceOf("a.v", 2), SourceOf("sub/../a.v", 3),
+                        SourceOf("a.v", 4, "lib"), SourceOf("a.v", 5, "", true)};
+    EXPECT_EQ(Checked(imported),
+              "l:1 Verilog  a.v\n"
+              "l:2 HB705 named again: a.v (first: l:1)\n"
+              "l:3 HB705 named again: sub/../a.v (first: l:1)\n"
+              "l:4 HB702 named again in another way: a.v (first: l:1)\n"
+              "l:5 HB702 named again in another way: a.v (first: l:1)\n");
+}
+
+TEST(ImportCheck, TellsOfFilesThatAreMissingOrNoSources) {
+    TImported imported;
+    imported.Sources = {SourceOf("no.v", 1), SourceOf("a.txt", 2), SourceOf("sub", 3)};
+    imported.Sources[2].Language = LANGUAGE_VHDL;
+    imported.Settings[LANGUAGE_VERILOG].IncludeDirectories = {{"sub", {"l", 4, 0}},
+                                                              {"no", {"l", 5, 0}}};
+    EXPECT_EQ(Checked(imported),
+              "l:1 Verilog  no.v\n"
+              "l:4 include sub\n"
+              "l:5 include no\n"
+              "l:1 HB707 does not exist: no.v\n"
+              "l:2 HB703 no language has the extension of a.txt\n"
+              "l:3 HB701 a build has no words for the folder sub as a source\n"
+              "l:5 HB707 does not exist: no\n");
+}
+
+TEST(ImportCheck, TellsOfAnOrderThatGroupsLose) {
+    TImported imported;
+    imported.Sources = {SourceOf("b.vhd", 1), SourceOf("a.v", 2), SourceOf("sub/c.v", 3)};
+    const std::string listed = "l:1 VHDL  b.vhd\nl:2 Verilog  a.v\nl:3 Verilog  sub/c.v\n";
+    EXPECT_EQ(Checked(imported, ORDER_COUNTS),
+              listed + "l:2 HB701 a build has no words for the order of Verilog behind VHDL\n");
+    EXPECT_EQ(Checked(imported, ORDER_DOES_NOT_COUNT), listed);
+}
+
+TEST(ImportCheck, GivesTopsTheLanguageOfTheSources) {
+    TImported imported;
+    imported.Sources = {SourceOf("a.v", 1)};
+    imported.Tops = {{{LANGUAGE_NONE, "", "tb", ""}, {"l", 2, 0}}};
+    EXPECT_EQ(Checked(imported), "l:1 Verilog  a.v\nl:2 top Verilog .tb\n");
+    imported.Sources.push_back(SourceOf("b.vhd", 3));
+    EXPECT_EQ(Checked(imported), "l:1 Verilog  a.v\nl:3 VHDL  b.vhd\nl:2 top VHDL .tb\n");
+}
+
+TEST(ImportCheck, TakesOutWhatOptionTextsDoNotHold) {
+    const EnvironmentVariable variable("IMPORT_TEST", "x");
+    TImported imported;
+    TImportedSettings& settings = imported.Settings[LANGUAGE_VERILOG];
+    settings.Defines = {{{"A", "\"x\""}, {"l", 1, 0}},
+                        {{"B", "$IMPORT_TEST"}, {"l", 2, 0}},
+                        {{"C", "1\n2"}, {"l", 3, 0}},
+                        {{"D", "a b+c"}, {"l", 4, 0}}};
+    settings.Options[STEP_RUN] = {{"+x=\"", {"l", 5, 0}}, {"+y", {"l", 6, 0}}};
+    EXPECT_EQ(Checked(imported),
+              "l:4 define D=a b+c\n"
+              "l:6 option +y\n"
+              "l:1 HB701 a build has no words for the option A=\"x\" with a quote in it\n"
+              "l:2 HB701 a build has no words for the option B=$IMPORT_TEST with a variable in it\n"
+              "l:3 HB701 a build has no words for the option C=1\n2 with a line end in it\n"
+              "l:5 HB701 a build has no words for the option +x=\" with a quote in it\n");
+}
