@@ -1,5 +1,6 @@
 #include "flows/formats/exportwriter.h"
 #include "flows/formats/formatwriters.h"
+#include <algorithm>
 #include <map>
 
 namespace {
@@ -28,15 +29,20 @@ public:
 
 private:
     void AddHead();
+    void AddSource(const std::string& library, const TPlanSource& source);
+    bool IsMixed() const;
     std::string VerilogArguments() const;
 
     TExportWriter Writer;
+    bool IsGuarded = false;  ///< Verilog is added where the simulator compiles it
+    std::string Verilog;     ///< the arguments of its sources
 };
 
 TExported TVunitScript::Write() {
+    IsGuarded = IsMixed();
     AddHead();
     std::map<std::string, std::string> libraries;
-    const std::string verilog = VerilogArguments();
+    Verilog = VerilogArguments();
     for (const TPlanSource& source : Writer.GetPlan().Sources) {
         if (source.Language != LANGUAGE_VHDL && source.Language != LANGUAGE_VERILOG) continue;
         // VUnit has no library of this name.
@@ -47,9 +53,7 @@ TExported TVunitScript::Write() {
             library->second = "library_" + std::to_string(libraries.size());
             Writer.AddLine(library->second + " = project.add_library(" + PythonText(name) + ")");
         }
-        Writer.AddLine(library->second + ".add_source_file(root / " +
-                       PythonText(Writer.PathOf(source.Path)) +
-                       (source.Language == LANGUAGE_VERILOG ? verilog : "") + ")");
+        AddSource(library->second, source);
     }
     Writer.AddLine("");
     Writer.AddLine("project.main()");
@@ -71,6 +75,27 @@ void TVunitScript::AddHead() {
     Writer.AddLine("project = VUnit.from_argv(vhdl_standard=" +
                    PythonText(standard.empty() ? "2008" : standard) + ")");
     Writer.AddLine("project.add_vhdl_builtins()");
+    if (!IsGuarded) return;
+    Writer.AddLine("# GHDL and NVC compile the VHDL part alone.");
+    Writer.AddLine("has_verilog = project.get_simulator_name() not in (\"ghdl\", \"nvc\")");
+}
+
+void TVunitScript::AddSource(const std::string& library, const TPlanSource& source) {
+    const bool isVerilog = source.Language == LANGUAGE_VERILOG;
+    Writer.AddLine((isVerilog && IsGuarded ? "if has_verilog: " : "") + library +
+                   ".add_source_file(root / " + PythonText(Writer.PathOf(source.Path)) +
+                   (isVerilog ? Verilog : "") + ")");
+}
+
+// VUnit refuses a project with files that its simulator cannot compile.
+bool TVunitScript::IsMixed() const {
+    const auto has = [this](THdlLanguage language) {
+        const auto& sources = Writer.GetPlan().Sources;
+        return std::any_of(sources.begin(), sources.end(), [language](const TPlanSource& source) {
+            return source.Language == language;
+        });
+    };
+    return has(LANGUAGE_VHDL) && has(LANGUAGE_VERILOG);
 }
 
 std::string TVunitScript::VerilogArguments() const {
