@@ -7,11 +7,26 @@
 
 const std::vector<TImportFormat>& GetImportFormats() {
     static const std::vector<TImportFormat> formats = {
+        {"blueprint", "Tab-separated list of Orbit", "libraries, order", ORDER_COUNTS,
+         ReadBlueprint},
+        {"depfile", "Rules of make that name files, as Verilator writes with -MMD",
+         "folders of included files", ORDER_DOES_NOT_COUNT, ReadDepfile},
         {"filelist", "Command file of Verilog sources in the words of any simulator",
          "libraries, include and library directories, library files, defines, delays, top, options",
          ORDER_COUNTS, ReadFileList},
+        {"ghdl-order", "What `ghdl --elab-order` prints, with or without --libraries",
+         "libraries, order", ORDER_COUNTS, ReadGhdlOrder},
+        {"hdlmake", "Manifest.py of hdlmake, as far as it is literal",
+         "libraries, include directories, tops, options", ORDER_DOES_NOT_COUNT,
+         ReadHdlmakeManifest},
         {"icarus", "Command file of Icarus Verilog",
          "include and library directories, library files, defines", ORDER_COUNTS, ReadIcarusList},
+        {"icarus-deps", "What Icarus Verilog writes with -M", "folders of included files",
+         ORDER_COUNTS, ReadIcarusDependencies},
+        {"libmap", "Library map of SystemVerilog", "libraries, include directories",
+         ORDER_DOES_NOT_COUNT, ReadLibraryMap},
+        {"osvvm", "Script (.pro) for OSVVM, as far as it is literal",
+         "libraries, order, standard, tops", ORDER_COUNTS, ReadOsvvmScript},
         {"slang", "Command file of slang",
          "include and library directories, library files, defines, top", ORDER_COUNTS,
          ReadSlangList},
@@ -23,6 +38,8 @@ const std::vector<TImportFormat>& GetImportFormats() {
         {"verilator", "Command file of Verilator",
          "include and library directories, library files, defines, top, options", ORDER_COUNTS,
          ReadVerilatorList},
+        {"vunit-csv", "List of sources that VUnit reads", "libraries", ORDER_DOES_NOT_COUNT,
+         ReadVunitTable},
     };
     return formats;
 }

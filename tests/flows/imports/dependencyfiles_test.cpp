@@ -1,0 +1,44 @@
+#include "tests/flows/imports/importedtext.h"
+#include <gtest/gtest.h>
+
+TEST(DependencyFiles, AreRulesOfMake) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("depfile",
+                              "o/a.vvp o/b: rtl/a.v inc/t.vh \\\r\n"
+                              "  lib/my\\ core.v h\\#i.vhd c$$d.v # x\n"
+                              "inc/t.vh:\n"
+                              "\n"
+                              "C:/o/x.vvp : rtl/a.v \\\n"
+                              " inc/u.svh e.cpp"),
+              "in/list:1:14 Verilog  in/rtl/a.v\n"
+              "in/list:2:3 Verilog  in/lib/my core.v\n"
+              "in/list:2:18 VHDL  in/h#i.vhd\n"
+              "in/list:2:27 Verilog  in/c$d.v\n"
+              "in/list:6:12 C++  in/e.cpp\n"
+              "in/list:1:22 include in/inc\n");
+}
+
+TEST(DependencyFiles, TellWhatIsNoRule) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("depfile",
+                              "a: b.v $(X)/c.v d.txt /usr/bin/verilator_bin\n\ttouch a\nno rule\n"
+                              "# a comment\n"),
+              "in/list:1:4 Verilog  in/b.v\n"
+              "in/list:1:8 HB701 a build has no words for the variable in $(X)/c.v\n"
+              "in/list:2:1 HB701 a build has no words for a command\n"
+              "in/list:3:1 HB708 not of the format: a line that is no rule\n"
+              "in/list:1:17 HB703 no language has the extension of in/d.txt\n");
+}
+
+TEST(DependencyFiles, AreLinesOfIcarus) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("icarus-deps",
+                              "M my d/top.v\nI inc/w.vh\nM lib/cell_a.v\nM lib/cell_a.v\n"),
+              "in/list:1:1 Verilog  in/my d/top.v\n"
+              "in/list:3:1 Verilog  in/lib/cell_a.v\n"
+              "in/list:2:1 include in/inc\n");
+    EXPECT_EQ(folder.ReadText("icarus-deps", "my d/top.v\r\ninc/w.vh\ninc/v.svh\nx.inc\n"),
+              "in/list:1:1 Verilog  in/my d/top.v\n"
+              "in/list:4:1 Verilog  in/x.inc\n"
+              "in/list:2:1 include in/inc\n");
+}

@@ -1,0 +1,46 @@
+#include "tests/flows/imports/importedtext.h"
+#include <gtest/gtest.h>
+
+TEST(HdlmakeManifests, NameFilesAndModules) {
+    const ImportFolder folder;
+    folder.Write("in/ip/Manifest.py", "files = 'x.v'\nmodules = {'local': 'sub'}\n");
+    folder.Write("in/ip/sub/Manifest.py", "library = \"deep\"\nfiles = ['y.vhd']\n");
+    EXPECT_EQ(folder.ReadText("hdlmake",
+                              "action = \"simulation\"\ntop_module = 'tb'\n"
+                              "modules = {\"local\": [\"ip\", \"./ip\"]}\n"
+                              "files = [\n  'tb.vhd',\n]\nlibrary = 'main'\n"
+                              "include_dirs = ['inc']\nvlog_opt = '+define+A=1 -x'\n"
+                              "vcom_opt = '-93'\n"),
+              "in/list:5 VHDL main in/tb.vhd\n"
+              "in/ip/Manifest.py:1 Verilog work in/ip/x.v\n"
+              "in/ip/sub/Manifest.py:2 VHDL deep in/ip/sub/y.vhd\n"
+              "in/list:2 top VHDL .tb\n"
+              "in/list:8 include in/inc\n"
+              "in/list:9 option +define+A=1\n"
+              "in/list:9 option -x\n"
+              "in/list:10 option -93\n"
+              "in/list:9 HB706 kept as a compile option: +define+A=1\n"
+              "in/list:9 HB706 kept as a compile option: -x\n"
+              "in/list:10 HB706 kept as a compile option: -93\n");
+}
+
+TEST(HdlmakeManifests, TellWhatIsNotLiteral) {
+    const ImportFolder folder;
+    folder.Write("in/ip/Manifest.py", "modules = {'local': '..'}");
+    folder.Write("in/Manifest.py", "modules = {'local': 'ip'}");
+    EXPECT_EQ(folder.ReadText("hdlmake",
+                              "files = ['a.v'] + more\nimport os\naction = 'synthesis'\n"
+                              "sim_tool = 'ghdl'\nfiles = ['b.v']\n"
+                              "modules = {'git': 'u', 'local': ['ip', 'no']}\n"),
+              "in/list:5 Verilog work in/b.v\n"
+              "in/list:1 HB701 a build has no words for the statement that begins with 'files'\n"
+              "in/list:2 HB701 a build has no words for the statement that begins with 'import'\n"
+              "in/list:3 HB701 a build has no words for the action synthesis\n"
+              "in/list:4 HB701 a build has no words for the variable sim_tool\n"
+              "in/list:6 HB701 a build has no words for the module u of git\n"
+              "in/Manifest.py:1 HB710 files that name each other: in/ip/Manifest.py:1 -> "
+              "in/Manifest.py:1 -> in/ip/Manifest.py\n"
+              "in/list:6 HB709 in/no/Manifest.py: the file does not exist\n");
+    EXPECT_EQ(folder.ReadText("hdlmake", "files = ['a.v'"),
+              "in/list:1 HB708 not of the format: a bracket that is not closed\n");
+}

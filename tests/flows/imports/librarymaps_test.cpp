@@ -1,0 +1,63 @@
+#include "tests/flows/imports/importedtext.h"
+#include <gtest/gtest.h>
+
+TEST(LibraryMaps, NameTheFilesOfLibraries) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("libmap",
+                              "// libraries\nlibrary main rtl/a.v, \"my b.v\",\n"
+                              "  c.vhd -incdir inc, inc2; /* x */;\n"
+                              "library ip ip/x -incdir inc,inc2;\n"),
+              "in/list:2:14 Verilog main in/rtl/a.v\n"
+              "in/list:2:23 Verilog main in/my b.v\n"
+              "in/list:3:3 VHDL main in/c.vhd\n"
+              "in/list:4:12 Verilog ip in/ip/x\n"
+              "in/list:3:17 include in/inc\n"
+              "in/list:3:22 include in/inc2\n"
+              "in/list:4:25 include in/inc\n"
+              "in/list:4:29 include in/inc2\n");
+}
+
+TEST(LibraryMaps, FindTheFilesOfPatterns) {
+    const ImportFolder folder;
+    for (const char* const name :
+         {"in/rtl/a.v", "in/rtl/b.sv", "in/rtl/x.txt", "in/rtl/sub/c.v", "in/lib/d.v"})
+        folder.Write(name, "");
+    EXPECT_EQ(folder.ReadText("libmap",
+                              "library one rtl/?.v, lib/;\nlibrary two rtl/.../*.v;\n"
+                              "library three none/*.v;\n"),
+              "in/list:1:13 Verilog one in/rtl/a.v\n"
+              "in/list:1:22 Verilog one in/lib/d.v\n"
+              "in/list:2:13 Verilog two in/rtl/sub/c.v\n"
+              "in/list:2:13 HB702 named again in another way: in/rtl/a.v (first: in/list:1:13)\n");
+}
+
+TEST(LibraryMaps, IncludeMaps) {
+    const ImportFolder folder;
+    folder.Write("in/ip/lib.map", "library ip x.v;\ninclude ../list;\n");
+    EXPECT_EQ(folder.ReadText("libmap", "include ip/lib.map;\nlibrary main a.v;\ninclude no;"),
+              "in/ip/lib.map:1:12 Verilog ip in/ip/x.v\n"
+              "in/list:2:14 Verilog main in/a.v\n"
+              "in/ip/lib.map:2:9 HB710 files that name each other: in/list:1:9 -> "
+              "in/ip/lib.map:2:9 -> in/list\n"
+              "in/list:3:9 HB709 in/no: the file does not exist\n");
+}
+
+TEST(LibraryMaps, TellWhatABuildDoesNotHold) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("libmap",
+                              "library a a.v -incdir inc;\nlibrary b b.v;\n"
+                              "config c;\n  design a.x;\nendconfig\nfoo bar;\nlibrary c c.v\n"),
+              "in/list:1:11 Verilog a in/a.v\n"
+              "in/list:2:11 Verilog b in/b.v\n"
+              "in/list:7:11 Verilog c in/c.v\n"
+              "in/list:1:23 include in/inc\n"
+              "in/list:2:9 HB701 a build has no words for include directories of the library b "
+              "alone\n"
+              "in/list:3:1 HB701 a build has no words for a configuration\n"
+              "in/list:6:1 HB708 not of the format: 'foo' instead of a statement\n"
+              "in/list:7:9 HB708 not of the format: a library without a semicolon\n");
+    EXPECT_EQ(folder.ReadText("libmap", "library a \"b"),
+              "in/list:1:11 Verilog a in/b\n"
+              "in/list:1:11 HB708 not of the format: a quote that does not end\n"
+              "in/list:1:9 HB708 not of the format: a library without a semicolon\n");
+}
