@@ -46,6 +46,24 @@ void TExportWriter::LoseOtherLanguages(const std::set<THdlLanguage>& written) {
             Lose(std::string("sources in ") + GetDisplayStringFromHdlLanguage(source.Language));
 }
 
+void TExportWriter::LoseLibraries(const std::set<THdlLanguage>& written) {
+    const std::string* library = nullptr;  // of those so far
+    for (const TPlanSource& source : GetPlan().Sources) {
+        if (!written.contains(source.Language)) continue;
+        if (library && *library != source.Library) Lose("libraries");
+        library = &source.Library;
+    }
+}
+
+void TExportWriter::LoseLibraryFiles() {
+    for (const TPlanSource& source : GetPlan().Sources)
+        if (source.IsLibraryFile) Lose("the mark of library files");
+}
+
+void TExportWriter::LoseDelays() {
+    if (SettingsOf(LANGUAGE_VERILOG).Delay != DELAY_TYPE_TYPICAL) Lose("the choice of delays");
+}
+
 void TExportWriter::LoseOptions(THdlLanguage language, const std::set<TPlanStep>& written) {
     constexpr std::array<const char*, kPlanSteps> kNames = {"analysis", "elaboration", "run"};
     for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE, STEP_RUN}) {

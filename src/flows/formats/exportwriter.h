@@ -36,6 +36,12 @@ public:
 
     /// Tells of sources in other languages than these.
     void LoseOtherLanguages(const std::set<THdlLanguage>& written);
+    /// Tells of libraries where the sources in these languages are in more than one.
+    void LoseLibraries(const std::set<THdlLanguage>& written);
+    /// Tells of library files.
+    void LoseLibraryFiles();
+    /// Tells of delays of Verilog that are not the typical ones.
+    void LoseDelays();
     /// Tells of the words that a language's options have besides those with a field in the plan.
     void LoseOptions(THdlLanguage language, const std::set<TPlanStep>& written);
 

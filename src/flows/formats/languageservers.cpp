@@ -37,6 +37,8 @@ TExported WriteVeribleList(const TExportRequest& request) {
     for (const TPlanSource& source : request.Plan.Sources)
         if (source.Language == LANGUAGE_VERILOG) AddItem("", writer.PathOf(source.Path), &writer);
     if (!settings.LibraryDirectories.empty()) writer.Lose("library directories");
+    writer.LoseLibraries({LANGUAGE_VERILOG});
+    writer.LoseLibraryFiles();
     writer.LoseOtherLanguages({LANGUAGE_VERILOG});
     writer.LoseOptions(LANGUAGE_VERILOG, {});
     return writer.Take();

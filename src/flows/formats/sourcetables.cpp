@@ -45,6 +45,8 @@ void LoseAllSettings(TExportWriter* writer) {
         if (!settings.Standard.empty()) writer->Lose("the language standard");
         writer->LoseOptions(settings.Language, {});
     }
+    writer->LoseLibraryFiles();
+    writer->LoseDelays();
 }
 
 }  // namespace
@@ -87,6 +89,7 @@ TExported WriteDepfile(const TExportRequest& request) {
             rule.append(" \\\n  ").append(DepfileName(name));
     }
     writer.AddLine(rule);
+    writer.LoseLibraries({LANGUAGE_VHDL, LANGUAGE_VERILOG});
     LoseAllSettings(&writer);
     return writer.Take();
 }
@@ -112,6 +115,8 @@ TExported WriteLibraryMap(const TExportRequest& request) {
         writer.AddLine(std::string("library ").append(library).append(files).append(end));
     if (!settings.LibraryDirectories.empty()) writer.Lose("library directories");
     if (!settings.Defines.empty()) writer.Lose("defines");
+    writer.LoseLibraryFiles();
+    writer.LoseDelays();
     writer.LoseOtherLanguages({LANGUAGE_VERILOG});
     writer.LoseOptions(LANGUAGE_VERILOG, {});
     return writer.Take();

@@ -149,6 +149,9 @@ TExported WriteOsvvmScript(const TExportRequest& request) {
     if (!verilog.IncludeDirectories.empty()) writer.Lose("include directories");
     if (!verilog.LibraryDirectories.empty()) writer.Lose("library directories");
     if (!verilog.Defines.empty()) writer.Lose("defines");
+    if (!verilog.Standard.empty()) writer.Lose("the standard of Verilog");
+    writer.LoseLibraryFiles();
+    writer.LoseDelays();
     for (const TPlanSettings& settings : request.Plan.Settings)
         writer.LoseOptions(settings.Language, {});
     return writer.Take();

@@ -21,6 +21,8 @@ struct TListDialect {
     std::string (*Quoted)(const std::string& name);
     TComplaint SourceComplaint;  ///< of the name of a source, alone in its line
     TComplaint WordComplaint;    ///< of a name or value within a word
+    /// Whether a reader takes another language than SystemVerilog, and no word chooses.
+    bool LosesStandard = false;
 };
 
 bool HasControl(std::string_view text) {
@@ -106,6 +108,7 @@ public:
         for (const TPlanSource& source : Writer.GetPlan().Sources)
             if (source.Language == LANGUAGE_VERILOG) AddSource(source);
         AddTop();
+        Writer.LoseLibraries({LANGUAGE_VERILOG});
         Writer.LoseOtherLanguages({LANGUAGE_VERILOG});
         Writer.LoseOptions(LANGUAGE_VERILOG, {});
         return Writer.Take();
@@ -150,8 +153,9 @@ void TListWriter::AddLanguage() {
     const TSimProjectDelayType delay = Settings().Delay;
     if (Dialect.SystemVerilogOption && IsSystemVerilog())
         Writer.AddLine(Dialect.SystemVerilogOption);
-    if (Dialect.Delays == NO_DELAYS && delay != DELAY_TYPE_TYPICAL)
-        Writer.Lose("the choice of delays");
+    if (Dialect.LosesStandard && !Settings().Standard.empty())
+        Writer.Lose("the standard of Verilog");
+    if (Dialect.Delays == NO_DELAYS) Writer.LoseDelays();
     if (Dialect.Delays == DELAYS_IN_LIST) Writer.AddLine(DelayOption(delay));
 }
 
@@ -187,7 +191,9 @@ void TListWriter::AddSource(const TPlanSource& source) {
 
 void TListWriter::AddTop() {
     const TBuildTop* const top = Writer.GetTop();
-    if (!top || top->Language != LANGUAGE_VERILOG || !Dialect.TopOption) return;
+    if (!top || top->Language != LANGUAGE_VERILOG) return;
+    if (!Dialect.TopOption && !Dialect.CommandLine) Writer.Lose("the top-level component");
+    if (!Dialect.TopOption) return;
     Writer.AddLine(Dialect.TopOption + Dialect.Quoted(top->Entity));
 }
 
@@ -200,7 +206,8 @@ const TListDialect kCommon{.Format = "filelist",
                            .Delays = NO_DELAYS,
                            .Quoted = AsItIs,
                            .SourceComplaint = CommonComplaint,
-                           .WordComplaint = CommonWordComplaint};
+                           .WordComplaint = CommonWordComplaint,
+                           .LosesStandard = true};
 const TListDialect kIcarus{.Format = "icarus",
                            .Heading = "Verilog sources for Icarus Verilog",
                            .CommandLine = "iverilog -c THIS_FILE",

@@ -62,6 +62,10 @@ TExported TVunitScript::Write() {
         Writer.LoseOptions(settings.Language, {});
     if (!Writer.SettingsOf(LANGUAGE_VERILOG).LibraryDirectories.empty())
         Writer.Lose("library directories");
+    if (!Writer.SettingsOf(LANGUAGE_VERILOG).Standard.empty())
+        Writer.Lose("the standard of Verilog");
+    Writer.LoseLibraryFiles();
+    Writer.LoseDelays();
     return Writer.Take();
 }
 

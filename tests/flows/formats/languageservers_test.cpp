@@ -5,6 +5,7 @@ TEST(LanguageServers, GetAListForVerible) {
     EXPECT_EQ(Exported("verible", MakeSamplePlan()),
               "verible has no words for the define FAST without a value\n"
               "verible has no words for library directories\n"
+              "verible has no words for the mark of library files\n"
               "verible has no words for sources in VHDL\n"
               "verible has no words for the run option +go\n"
               "+incdir+inc\n"

@@ -8,7 +8,8 @@ TEST(SourceTables, ListLibrariesAndPaths) {
                " has no words for library directories\n" + format + " has no words for defines\n" +
                format + " has no words for the run option +go\n" + format +
                " has no words for the language standard\n" + format +
-               " has no words for the analysis option -frelaxed\n";
+               " has no words for the analysis option -frelaxed\n" + format +
+               " has no words for the mark of library files\n";
     };
     EXPECT_EQ(Exported("blueprint", plan), losses("blueprint") +
                                                "VLOG\tmain\t/p/rtl/adc.v\n"
@@ -58,6 +59,7 @@ TEST(SourceTables, MapLibraries) {
     EXPECT_EQ(Exported("libmap", MakeSamplePlan()),
               "libmap has no words for library directories\n"
               "libmap has no words for defines\n"
+              "libmap has no words for the mark of library files\n"
               "libmap has no words for sources in VHDL\n"
               "libmap has no words for the run option +go\n"
               "library main\n  rtl/adc.v,\n  lib/cells.v\n  -incdir inc;\n");

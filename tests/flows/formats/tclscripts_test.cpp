@@ -59,6 +59,7 @@ TEST(TclScripts, AnalyzeAndSimulateWithOsvvm) {
         "osvvm has no words for include directories\n"
         "osvvm has no words for library directories\n"
         "osvvm has no words for defines\n"
+        "osvvm has no words for the mark of library files\n"
         "osvvm has no words for the run option +go\n"
         "osvvm has no words for the analysis option -frelaxed\n";
     const std::string analysis =

@@ -8,6 +8,7 @@ TEST(VunitScript, AddsTheSourcesToTheirLibraries) {
         "vunit has no words for the run option +go\n"
         "vunit has no words for the analysis option -frelaxed\n"
         "vunit has no words for library directories\n"
+        "vunit has no words for the mark of library files\n"
         "from pathlib import Path\n"
         "\n"
         "from vunit import VUnit\n"
