@@ -43,7 +43,8 @@ const char* CommonComplaint(std::string_view name) {
     if (HasControl(name) || HasAny(name, " \"'\\")) return "readers differ on blanks and quotes";
     if (HasAny(name, "$")) return "a dollar begins a variable";
     if (HasComment(name)) return "a comment begins in it";
-    return IsOption(name) ? "it reads as an option" : nullptr;
+    if (IsOption(name)) return "it reads as an option";
+    return HasAny(name, "#") ? "some readers begin a comment at a hash" : nullptr;
 }
 
 const char* CommonWordComplaint(std::string_view name) {
@@ -80,7 +81,8 @@ std::string AsItIs(const std::string& name) {
 }
 
 std::string BackslashQuoted(const std::string& name) {
-    if (!HasAny(name, " \"'\\")) return name;
+    // slang begins a comment at a hash within a word.
+    if (!HasAny(name, " \"'\\#")) return name;
     std::string quoted = "\"";
     for (const char c : name) {
         if (c == '"' || c == '\\') quoted += '\\';

@@ -106,11 +106,16 @@ void TImportCheck::CheckTops() {
         if (top.Top.Language == LANGUAGE_NONE) top.Top.Language = language;
 }
 
-// Quotes group in option texts, which have no escapes, and variables are put in.
+// Readers of a build put in the values of variables.
+bool HasVariable(const std::string& text) {
+    return ResolveOrvaneEnvVariables(text.c_str()) != text;
+}
+
+// Quotes group in option texts, which have no escapes.
 bool TImportCheck::IsOption(const std::string& text, const TImportPlace& place) {
     const bool hasQuote = text.find('"') != std::string::npos;
     const bool hasLineEnd = text.find_first_of("\n\r") != std::string::npos;
-    if (!hasQuote && !hasLineEnd && !HasOrvaneEnvVariable(text.c_str())) return true;
+    if (!hasQuote && !hasLineEnd && !HasVariable(text)) return true;
     const char* const fault = hasQuote     ? " with a quote in it"
                               : hasLineEnd ? " with a line end in it"
                                            : " with a variable in it";
@@ -119,7 +124,7 @@ bool TImportCheck::IsOption(const std::string& text, const TImportPlace& place) 
 }
 
 bool TImportCheck::IsDirectory(const TImportedText& directory) {
-    if (HasOrvaneEnvVariable(directory.Text.c_str())) {
+    if (HasVariable(directory.Text)) {
         Tell(DIAGNOSTIC_NOT_IMPORTED, {"the folder " + directory.Text + " with a variable in it"},
              directory.Place);
         return false;

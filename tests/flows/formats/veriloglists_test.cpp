@@ -51,6 +51,7 @@ TEST(VerilogLists, HoldOrRefuseEachName) {
         {"a*/b.v", nullptr, nullptr, nullptr},
         {"a/*b.v", "a comment begins in it", "a comment begins in it", "a comment begins in it"},
         {"#a.v", "it reads as an option", "it reads as something else", "it reads as an option"},
+        {"a#b.v", "some readers begin a comment at a hash", nullptr, "\"a#b.v\""},
         {"+a.v", "it reads as an option", "it reads as something else", "it reads as an option"},
         {"-a.v", "it reads as an option", "it reads as something else", "it reads as an option"},
         {"a.v ", "readers differ on blanks and quotes", "blanks at the end of a line are lost",
