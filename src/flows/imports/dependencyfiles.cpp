@@ -38,6 +38,12 @@ bool IsIncluded(const std::string& path) {
     return extension == ".vh" || extension == ".svh";
 }
 
+// Verilator names itself and its command files among what it has read.
+bool IsOfVerilator(const std::string& path) {
+    const std::string name = TUtilFileName(path.c_str()).GetParts(PART_NAME | PART_EXTENSION);
+    return name.starts_with("verilator") || name.ends_with(".f") || name.ends_with(".vc");
+}
+
 /// Reads the rules of make that name files, and nothing else of make.
 class TDepfileReader {
 public:
@@ -159,10 +165,8 @@ void TDepfileReader::TakeCharacter(std::string* word) {
 
 void TDepfileReader::TakePrerequisite(const std::string& word, const TImportPlace& place) {
     if (HasVariable) return Reader.Lose("the variable in " + word, place);
-    const std::string name = TUtilFileName(word.c_str()).GetParts(PART_NAME);
     const THdlLanguage language = LanguageOfPath(word);
-    // Verilator names itself among what it has read.
-    if (language == LANGUAGE_NONE && name.starts_with("verilator")) return;
+    if (language == LANGUAGE_NONE && IsOfVerilator(word)) return;
     if (IsIncluded(word))
         Files.AddIncluded(word, place);
     else

@@ -2,6 +2,7 @@
 #include "flows/imports/importreader.h"
 #include "flows/imports/listdialects.h"
 #include "flows/optiontexts.h"
+#include "services/files/filestatus.h"
 #include <algorithm>
 #include <array>
 #include <deque>
@@ -185,9 +186,13 @@ void TFileListReader::OpenList(TListMeaning meaning, const std::string& name,
         Lists.emplace_back(std::move(file), Dialect.Syntax, List().Library);
 }
 
+// A dollar in the name of a file that is there is none of a variable.
 std::string TFileListReader::Expanded(const std::string& text, const TImportPlace& place) {
     std::vector<std::string> unset;
     std::string whole = WithVariables(text, Dialect.Variables, Dialect.KeepsUnsetVariables, &unset);
+    if (whole == text && !unset.empty() &&
+        LookAtFile(TImportReader::CanonicalOf(text, List().File.Folder)).Exists)
+        return whole;
     for (const std::string& name : unset) Reader.Tell(DIAGNOSTIC_UNSET_VARIABLE, {name}, place);
     return whole;
 }

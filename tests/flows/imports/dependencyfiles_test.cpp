@@ -21,7 +21,7 @@ TEST(DependencyFiles, AreRulesOfMake) {
 TEST(DependencyFiles, TellWhatIsNoRule) {
     const ImportFolder folder;
     EXPECT_EQ(folder.ReadText("depfile",
-                              "a: b.v $(X)/c.v d.txt /usr/bin/verilator_bin\n\ttouch a\nno rule\n"
+                              "a: b.v $(X)/c.v d.txt /usr/bin/verilator_bin e.f\n\ttouch a\nno rule\n"
                               "# a comment\n"),
               "in/list:1:4 Verilog  in/b.v\n"
               "in/list:1:8 HB701 a build has no words for the variable in $(X)/c.v\n"

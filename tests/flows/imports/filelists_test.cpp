@@ -154,4 +154,9 @@ TEST(FileLists, PutInVariables) {
               "in/list:1:1 Verilog  in/$IMPORT_TEST.v\n"
               "in/list:2:1 Verilog  in/b.v\n"
               "in/list:2:1 HB704 the variable IMPORT_NO is not set\n");
+    folder.Write("in/d$d.v", "");
+    EXPECT_EQ(folder.ReadText("verilator", "d$d.v d$e.v\n"),
+              "in/list:1:1 Verilog  in/d$d.v\n"
+              "in/list:1:7 Verilog  in/d$e.v\n"
+              "in/list:1:7 HB704 the variable e is not set\n");
 }
