@@ -6,6 +6,7 @@
 #include "cli/graph/commands.h"
 #include "cli/import/commands.h"
 #include "cli/questions/commands.h"
+#include "cli/run/commands.h"
 #include "cli/scan/commands.h"
 #include "cli/servers/commands.h"
 #include "cli/settings/commands.h"
@@ -27,12 +28,14 @@ std::vector<TCommand> MakeCommands() {
     for (const auto make :
          {MakeBuildCommands, MakeQuestionCommands, MakeGraphCommands, MakeChangeCommands,
           MakeSetupCommands, MakeScanCommands, MakeExportCommands, MakeImportCommands,
-          MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
+          MakeRunCommands, MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
         for (TCommand& command : make()) commands.push_back(std::move(command));
     return commands;
 }
 
 int RunTool(const std::vector<std::string>& arguments, const TToolStreams& streams) {
+    if (!arguments.empty() && arguments.front() == kStepCommand)
+        return RunStepCommand({arguments.begin() + 1, arguments.end()}, streams);
     const TTool tool{"hdlbuild", HDLBUILDFILE_VERSION,
                      "Reads, checks and orders HDL build files, and keeps their settings.", kFooter,
                      MakeCommands()};

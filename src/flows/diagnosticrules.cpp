@@ -175,6 +175,16 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
          "Take one of the places out."},
         {DIAGNOSTIC_IMPORT_TOO_DEEP, "import-too-deep", SEVERITY_ERROR,
          "more than {1} files, each named by the one before", "Name the files in fewer steps."},
+        {DIAGNOSTIC_TWO_STANDARDS, "two-standards", SEVERITY_ERROR,
+         "the options ask for VHDL {1} and {2}, but a library has one standard",
+         "Leave one of the options in the VHDL settings of the build."},
+        {DIAGNOSTIC_MIXED_TOP, "mixed-top", SEVERITY_ERROR,
+         "top-level component {1} needs sources in {2}, which {3} does not simulate",
+         "Choose other top-level components with --top, or simulate it where both languages are "
+         "known."},
+        {DIAGNOSTIC_TOP_WITHOUT_TOOL, "top-without-tool", SEVERITY_WARNING,
+         "top-level component {1} is left out: no chosen simulator knows {2}",
+         "Give a simulator of its language with --with, too, or choose others with --top."},
     };
     return rules;
 }

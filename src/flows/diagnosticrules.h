@@ -57,6 +57,9 @@ enum TDiagnosticCode : int {
     DIAGNOSTIC_IMPORT_UNREADABLE = 709,
     DIAGNOSTIC_IMPORT_CYCLE = 710,
     DIAGNOSTIC_IMPORT_TOO_DEEP = 711,
+    DIAGNOSTIC_TWO_STANDARDS = 801,
+    DIAGNOSTIC_MIXED_TOP = 802,
+    DIAGNOSTIC_TOP_WITHOUT_TOOL = 803,
 };
 
 /// One row of the table of diagnostics. The texts are static and never null.

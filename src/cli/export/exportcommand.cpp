@@ -5,10 +5,10 @@
 #include "cli/frame/knownnames.h"
 #include "cli/frame/outputfile.h"
 #include "cli/frame/texts.h"
+#include "cli/frame/toptexts.h"
 #include "flows/formats/exportformats.h"
 #include "flows/plan/neededsources.h"
 #include "flows/plan/planoptions.h"
-#include "services/base/mystring.h"
 #include "services/names/isfilename.h"
 
 namespace {
@@ -42,19 +42,6 @@ private:
     THdlBuildFile Build;
     TJson Losses = TJson::Array();
 };
-
-std::string Folded(const std::string& text) {
-    TMyString folded = text;
-    folded.toLower();
-    return folded.Str();
-}
-
-/// What users may call a top-level component, the fullest name first.
-std::vector<std::string> NamesOf(const TBuildTop& top) {
-    const std::string entity =
-        top.Architecture.empty() ? top.Entity : top.Entity + "(" + top.Architecture + ")";
-    return {top.Library + "." + entity, top.Library + "." + top.Entity, entity, top.Entity};
-}
 
 int TExportRun::Run() {
     if (Arguments.Format == kList) return List();
@@ -112,14 +99,10 @@ int TExportRun::Write() {
 /// False, with an error line on Err, for one that the build does not have, or several times.
 bool TExportRun::FindTop(const TBuildPlan& plan, const TBuildTop** top) const {
     if (Arguments.Top.empty()) return true;
-    std::vector<std::string> known;
-    for (const TBuildTop& candidate : plan.Tops) {
-        const std::vector<std::string> names = NamesOf(candidate);
-        known.push_back(names.front());
-        for (const std::string& name : names)
-            if (!*top && Folded(name) == Folded(Arguments.Top)) *top = &candidate;
-    }
-    if (!*top) ReportError(Streams, UnknownName("top-level component", Arguments.Top, known));
+    *top = FindTopOf(plan.Tops, Arguments.Top);
+    if (!*top)
+        ReportError(Streams,
+                    UnknownName("top-level component", Arguments.Top, FullNamesOf(plan.Tops)));
     return *top != nullptr;
 }
 

@@ -1,4 +1,5 @@
 #include "cli/frame/toptexts.h"
+#include "services/base/mystring.h"
 #include "services/hdl/identifier.h"
 #include <algorithm>
 #include <string_view>
@@ -61,6 +62,19 @@ std::string NameComplaint(const std::string& name, THdlLanguage language) {
            ": as an escaped one it is written '" + escaped + "'";
 }
 
+std::string Folded(const std::string& text) {
+    TMyString folded = text;
+    folded.toLower();
+    return folded.Str();
+}
+
+/// What users may call a top-level component, the fullest name first.
+std::vector<std::string> NamesOf(const TBuildTop& top) {
+    const std::string entity =
+        top.Architecture.empty() ? top.Entity : top.Entity + "(" + top.Architecture + ")";
+    return {top.Library + "." + entity, top.Library + "." + top.Entity, entity, top.Entity};
+}
+
 }  // namespace
 
 std::string TextOf(const TBuildTop& top) {
@@ -85,4 +99,18 @@ TNamedTop ReadTop(const std::string& text, THdlLanguage language) {
     named.Complaint = NameComplaint(named.Top.Entity, language);
     if (named.Complaint.empty()) named.Complaint = NameComplaint(named.Top.Architecture, language);
     return named;
+}
+
+const TBuildTop* FindTopOf(const std::vector<TBuildTop>& tops, const std::string& name) {
+    for (const TBuildTop& top : tops)
+        for (const std::string& known : NamesOf(top))
+            if (Folded(known) == Folded(name)) return &top;
+    return nullptr;
+}
+
+std::vector<std::string> FullNamesOf(const std::vector<TBuildTop>& tops) {
+    std::vector<std::string> names;
+    names.reserve(tops.size());
+    for (const TBuildTop& top : tops) names.push_back(NamesOf(top).front());
+    return names;
 }

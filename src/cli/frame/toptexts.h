@@ -3,6 +3,7 @@
 #include "flows/trees/json.h"
 #include <optional>
 #include <string>
+#include <vector>
 
 /// A top-level component as commands take and tell it: "work.counter(rtl)", or "work.tb" without an
 /// architecture.
@@ -19,3 +20,9 @@ struct TNamedTop {
 /// Reads [LIBRARY.]ENTITY[(ARCHITECTURE)]. Names that are no simple ones are written as `language`
 /// escapes them.
 TNamedTop ReadTop(const std::string& text, THdlLanguage language);
+
+/// The first of the components that a user means with LIBRARY.ENTITY(ARCHITECTURE), or parts of it,
+/// in any letter case; null for none.
+const TBuildTop* FindTopOf(const std::vector<TBuildTop>& tops, const std::string& name);
+/// The fullest name of each.
+std::vector<std::string> FullNamesOf(const std::vector<TBuildTop>& tops);

@@ -1,5 +1,5 @@
 #include "flows/graph/svggraph.h"
-#include "flows/graph/process.h"
+#include "flows/process/process.h"
 
 bool DrawDotAsSvg(const std::string& dot, std::string* svg, std::string* reason) {
     TProcessResult drawn = RunProcess({"dot", "-Tsvg"}, dot);

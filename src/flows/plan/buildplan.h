@@ -22,6 +22,7 @@ struct TPlanSettings {
     THdlLanguage Language = LANGUAGE_NONE;
     TSimulatorType Simulator = SIM_NONE;
     std::string Standard;  ///< the year of a language standard: "2008"; "" when nothing tells
+    std::vector<std::string> OtherStandards;  ///< that VHDL's options ask for as well
     std::vector<std::string> IncludeDirectories;
     std::vector<std::string> LibraryDirectories;
     std::vector<std::string> LibraryExtensions;  ///< with the point

@@ -46,11 +46,12 @@ bool TakeVerilogWord(const std::string& word, TPlanSettings* settings) {
 bool TakeVhdlWord(const std::string& word, TPlanSettings* settings) {
     for (const std::string prefix : {"--std=", "-"}) {
         if (word.compare(0, prefix.size(), prefix) != 0) continue;
-        for (const TYearName& year : kVhdlYears) {
-            if (word.substr(prefix.size()) != year.Name) continue;
-            settings->Standard = year.Standard;
-            return true;
-        }
+        const std::string year = FindVhdlStandard(word.substr(prefix.size()));
+        if (year.empty()) continue;
+        if (!settings->Standard.empty() && settings->Standard != year)
+            settings->OtherStandards.push_back(settings->Standard);
+        settings->Standard = year;
+        return true;
     }
     return false;
 }
@@ -91,6 +92,12 @@ std::vector<std::string> TakeVerilog(const std::string& text, const std::string&
 }
 
 }  // namespace
+
+std::string FindVhdlStandard(const std::string& name) {
+    for (const TYearName& year : kVhdlYears)
+        if (name == year.Name) return year.Standard;
+    return {};
+}
 
 std::string WholePath(const std::string& path, const std::string& folder) {
     TUtilFileName name(folder.c_str());

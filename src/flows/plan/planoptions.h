@@ -11,6 +11,9 @@ class ISFileName;
 void AddOptions(const std::string& text, TPlanStep step, const std::string& folder,
                 TPlanSettings* settings, std::vector<std::string>* libraryFiles);
 
+/// The year of a VHDL standard that users name by two digits or four: "2008" for "08"; "" for none.
+std::string FindVhdlStandard(const std::string& name);
+
 /// `path` with '/', whole, without a delimiter at its end. A relative one is taken against
 /// `folder`.
 std::string WholePath(const std::string& path, const std::string& folder);

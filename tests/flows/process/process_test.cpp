@@ -1,4 +1,4 @@
-#include "flows/graph/process.h"
+#include "flows/process/process.h"
 #include <gtest/gtest.h>
 
 namespace {

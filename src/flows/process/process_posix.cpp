@@ -1,4 +1,4 @@
-#include "flows/graph/process.h"
+#include "flows/process/process.h"
 #include <cerrno>
 #include <cstdio>
 #include <memory>

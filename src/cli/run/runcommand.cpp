@@ -1,0 +1,259 @@
+#include "buildfile/hdlbuildfile.h"
+#include "cli/frame/filereports.h"
+#include "cli/frame/jsonresults.h"
+#include "cli/frame/knownnames.h"
+#include "cli/frame/outputfile.h"
+#include "cli/frame/toptexts.h"
+#include "cli/run/commands.h"
+#include "cli/run/runoptions.h"
+#include "cli/run/runtexts.h"
+#include "flows/plan/planoptions.h"
+#include "flows/process/programs.h"
+#include "flows/run/junit.h"
+#include "flows/run/ninjarun.h"
+#include "flows/run/runrecipe.h"
+#include "flows/run/runscan.h"
+#include "services/files/filestatus.h"
+#include <algorithm>
+
+namespace {
+
+constexpr TRunProgram kNinja = {"ninja", "ninja-build"};
+
+/// A run of the command.
+class TBuildRun {
+public:
+    TBuildRun(const TRunArguments& arguments, const TToolStreams& streams)
+        : Arguments(arguments), Streams(streams) {}
+
+    int Run();
+
+private:
+    int Load();
+    int ChooseTops();
+    int List() const;
+    int CheckPlan();
+    int FindPrograms();
+    int Execute();
+    void PrintDryRun();
+    int Finish(const TNinjaOutcome& outcome);
+    void ReportMissing(const TRunProgram& program) const;
+    bool Knows(THdlLanguage language) const;
+    /// Whether one of them is an error.
+    bool Tell(const std::vector<TDiagnostic>& diagnostics) const;
+    std::string FolderOfRun() const;
+
+    const TRunArguments& Arguments;
+    const TToolStreams& Streams;
+    const TPathForm Paths;
+    TRunOptions Options;
+    THdlBuildFile Build;
+    TBuildPlan Plan;
+    std::vector<std::vector<std::string>> Includes;  // of the plan's sources
+    TRunPlan Steps;
+    std::string Ninja;
+    int ReadStatus = kExitDone;
+};
+
+int TBuildRun::Run() {
+    if (const int usage = ReadRunOptions(Arguments, Streams, &Options)) return usage;
+    for (const auto step : {&TBuildRun::Load, &TBuildRun::ChooseTops})
+        if (const int status = (this->*step)()) return status;
+    if (Arguments.List) return List();
+    for (const auto step : {&TBuildRun::CheckPlan, &TBuildRun::FindPrograms, &TBuildRun::Execute})
+        if (const int status = (this->*step)()) return status;
+    return ReadStatus;
+}
+
+int TBuildRun::Load() {
+    ReadStatus = LoadBuild(Arguments.Build, Streams, &Build);
+    if (ReadStatus == kExitFile) return ReadStatus;
+    ReportReadResult(Build, Streams);
+    if (!Build.HasBuildElement()) return ReadStatus;
+    Plan = MakePlan(Build);
+    return kExitDone;
+}
+
+bool TBuildRun::Knows(THdlLanguage language) const {
+    return std::any_of(Options.Tools.begin(), Options.Tools.end(),
+                       [language](const TRunTool* tool) { return tool->Language == language; });
+}
+
+int TBuildRun::ChooseTops() {
+    std::vector<TDiagnostic> left;
+    if (Arguments.Tops.empty()) {
+        for (const TBuildTop& top : Plan.Tops)
+            if (Arguments.List || Knows(top.Language))
+                Options.Wishes.Tops.push_back(&top);
+            else
+                left.push_back({DIAGNOSTIC_TOP_WITHOUT_TOOL,
+                                {TitleOf(top), GetDisplayStringFromHdlLanguage(top.Language)}});
+        Tell(left);
+        return kExitDone;
+    }
+    for (const std::string& name : Arguments.Tops) {
+        const TBuildTop* const top = FindTopOf(Plan.Tops, name);
+        if (!top) {
+            ReportError(Streams, UnknownName("top-level component", name, FullNamesOf(Plan.Tops)));
+            return kExitUsage;
+        }
+        if (!Arguments.List && !Knows(top->Language)) {
+            ReportError(Streams, "no simulator given with --with knows " +
+                                     std::string(GetDisplayStringFromHdlLanguage(top->Language)) +
+                                     ", the language of " + TitleOf(*top));
+            return kExitUsage;
+        }
+        auto& tops = Options.Wishes.Tops;
+        if (std::find(tops.begin(), tops.end(), top) == tops.end()) tops.push_back(top);
+    }
+    return kExitDone;
+}
+
+int TBuildRun::List() const {
+    if (!Arguments.Json) {
+        for (const TBuildTop* const top : Options.Wishes.Tops)
+            PrintLine(Streams.Out, TitleOf(*top));
+        return ReadStatus;
+    }
+    TJson simulations = TJson::Array();
+    for (const TBuildTop* const top : Options.Wishes.Tops)
+        simulations.Add(
+            {{"simulation", TitleOf(*top)}, {"language", GetStringFromHdlLanguage(top->Language)}});
+    TJson result = MakeResult("hdlbuild-simulations", "build", Arguments.Build);
+    result["simulations"] = simulations;
+    PrintJson(result, Streams);
+    return ReadStatus;
+}
+
+bool TBuildRun::Tell(const std::vector<TDiagnostic>& diagnostics) const {
+    bool hasError = false;
+    for (const TDiagnostic& diagnostic : diagnostics) {
+        const bool isError = GetDiagnosticRule(diagnostic.Code).Severity == SEVERITY_ERROR;
+        const std::string line =
+            GetDiagnosticText(diagnostic) + " [" + GetDiagnosticId(diagnostic.Code) + "]";
+        if (isError)
+            ReportError(Streams, line);
+        else
+            ReportWarning(Streams, line);
+        hasError = hasError || isError;
+    }
+    return hasError;
+}
+
+int TBuildRun::CheckPlan() {
+    std::vector<TDiagnostic> found = Plan.Losses;
+    for (const TPlanSettings& settings : Plan.Settings)
+        for (const std::string& other : settings.OtherStandards)
+            if (Knows(settings.Language))
+                found.push_back({DIAGNOSTIC_TWO_STANDARDS, {other, settings.Standard}});
+    for (const TPlanSource& source : Plan.Sources)
+        if (Knows(source.Language) && !LookAtFile(source.Path).Exists)
+            found.push_back({DIAGNOSTIC_MISSING_FILE,
+                             {PathText(source.Path.c_str(), Paths),
+                              GetStringFromHdlLanguage(source.Language)}});
+    if (Tell(found)) return kExitProblems;
+    const TRunScan scan = ScanForRun(Build, Plan);
+    found.clear();
+    for (std::size_t number = 0; number < Plan.Tops.size(); ++number) {
+        const TBuildTop& top = Plan.Tops[number];
+        const auto& tops = Options.Wishes.Tops;
+        if (std::find(tops.begin(), tops.end(), &top) == tops.end()) continue;
+        for (const TRunTool* const tool : Options.Tools)
+            for (const THdlLanguage other : scan.OtherLanguages[number])
+                if (tool->Language == top.Language)
+                    found.push_back(
+                        {DIAGNOSTIC_MIXED_TOP,
+                         {TitleOf(top), GetDisplayStringFromHdlLanguage(other), tool->Name}});
+    }
+    if (Tell(found)) return kExitProblems;
+    Options.Wishes.Folder = FolderOfRun();
+    Includes = scan.Includes;
+    return kExitDone;
+}
+
+// Of the build, unless the user has another one in mind.
+std::string TBuildRun::FolderOfRun() const {
+    if (Arguments.Output.empty()) return Plan.Folder + Plan.Name + ".run/";
+    return WholePath(Arguments.Output, Paths.Directory + "/") + "/";
+}
+
+void TBuildRun::ReportMissing(const TRunProgram& program) const {
+    const std::string package = program.Package
+                                    ? "install Debian's package " + std::string(program.Package)
+                                    : std::string("install it");
+    ReportError(Streams, std::string(program.Name) + " was not found: " + package +
+                             ", or name its folder with --tool-path");
+}
+
+int TBuildRun::FindPrograms() {
+    int status = kExitDone;
+    const auto find = [this, &status](const TRunProgram& program) {
+        const std::string path = FindProgram(program.Name, Arguments.ToolPaths);
+        if (path.empty() && !Arguments.DryRun) {
+            ReportMissing(program);
+            status = kExitFile;
+        }
+        return WholePath(path, Paths.Directory + "/");
+    };
+    if (Arguments.DryRun) return kExitDone;
+    Ninja = find(kNinja);
+    for (const TRunTool* const tool : Options.Tools)
+        for (const TRunProgram& program : tool->Programs)
+            Options.Wishes.Programs[program.Name] = find(program);
+    return status;
+}
+
+int TBuildRun::Execute() {
+    for (const TRunTool* const tool : Options.Tools)
+        AddRun(*tool, Plan, Options.Wishes, Includes, &Steps);
+    if (Tell(Steps.Losses)) return kExitProblems;
+    if (Steps.Steps.empty()) ReportWarning(Streams, "the build has nothing to run");
+    if (Arguments.DryRun) {
+        PrintDryRun();
+        return kExitDone;
+    }
+    const std::string reason = WriteRunFiles(Steps, Options.Wishes.Folder, GetOwnProgram());
+    if (!reason.empty()) {
+        ReportError(Streams, reason);
+        return kExitFile;
+    }
+    if (Arguments.Rerun) ForgetSimulations(Steps);
+    const TNinjaWishes wishes{Ninja, Options.Wishes.Folder, Arguments.Jobs, Arguments.KeepGoing};
+    return Finish(RunNinja(Steps, wishes, [this](std::string_view line) {
+        PrintLine(Streams.Err, line);
+        Streams.Err.flush();
+    }));
+}
+
+void TBuildRun::PrintDryRun() {
+    if (!Arguments.Json) return PrintSteps(Steps, Streams.Out);
+    TJson result = MakeResult("hdlbuild-run", "build", Arguments.Build);
+    result["steps"] = StepsAsJson(Steps);
+    PrintJson(result, Streams);
+}
+
+int TBuildRun::Finish(const TNinjaOutcome& outcome) {
+    if (outcome.IsInterrupted)
+        ReportError(Streams, "interrupted");
+    else if (!outcome.Reason.empty())
+        ReportError(Streams, "ninja: " + outcome.Reason);
+    if (Arguments.Json) {
+        TJson result = MakeResult("hdlbuild-run", "build", Arguments.Build);
+        result["passed"] = outcome.HasSucceeded;
+        result["simulations"] = SummaryAsJson(Steps, outcome.Simulations, Paths);
+        PrintJson(result, Streams);
+    } else if (!outcome.Simulations.empty()) {
+        PrintSummary(Steps, outcome.Simulations, Paths, Streams.Out);
+    }
+    if (!Arguments.Junit.empty())
+        if (const int failed = SaveOutput(
+                Arguments.Junit, WriteJunit(Plan.Name, Steps, outcome.Simulations), Streams))
+            return failed;
+    return outcome.HasSucceeded ? kExitDone : kExitProblems;
+}
+
+}  // namespace
+
+int RunBuild(const TRunArguments& arguments, const TToolStreams& streams) {
+    return TBuildRun(arguments, streams).Run();
+}

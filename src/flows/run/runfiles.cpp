@@ -1,0 +1,51 @@
+#include "flows/run/runfiles.h"
+#include "services/files/filereplace.h"
+#include <cstdint>
+#include <fstream>
+
+std::filesystem::path NativePath(const std::string& path) {
+    return std::filesystem::path(std::u8string(path.begin(), path.end()));
+}
+
+std::string ReadText(const std::string& path) {
+    std::string text;
+    return ReadWholeFile(path.c_str(), &text, nullptr) == FILE_READ_DONE ? text : std::string();
+}
+
+// Nothing waits for the disk here: what a power failure takes is made again.
+std::string WriteWhole(const std::string& path, std::string_view text) {
+    std::error_code error;
+    const std::filesystem::path native = NativePath(path);
+    const std::filesystem::path part = NativePath(path + ".part");
+    std::filesystem::create_directories(native.parent_path(), error);
+    std::ofstream stream(part, std::ios::binary);
+    stream << text;
+    stream.close();
+    if (!stream) return path + ": the file cannot be written";
+    std::filesystem::rename(part, native, error);
+    return error ? path + ": " + error.message() : std::string();
+}
+
+std::string WriteNew(const std::string& path, std::string_view text) {
+    std::string held;
+    if (ReadWholeFile(path.c_str(), &held, nullptr) == FILE_READ_DONE && held == text) return {};
+    return WriteWhole(path, text);
+}
+
+std::string DigestOf(std::string_view text) {
+    std::uint64_t digest = 0xcbf29ce484222325u;
+    for (const char c : text) digest = (digest ^ static_cast<unsigned char>(c)) * 0x100000001b3u;
+    std::string digits(16, '0');
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, digest >>= 4)
+        *digit = "0123456789abcdef"[digest & 15];
+    return digits;
+}
+
+std::string WriteDigest(const std::string& source, const std::string& output) {
+    std::string text;
+    std::string reason;
+    const TFileReadResult result = ReadWholeFile(source.c_str(), &text, &reason);
+    if (result == FILE_READ_MISSING) return source + ": the file does not exist";
+    if (result != FILE_READ_DONE) return source + ": " + reason;
+    return WriteNew(output, DigestOf(text) + " " + std::to_string(text.size()) + "\n");
+}

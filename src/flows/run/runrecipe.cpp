@@ -1,0 +1,199 @@
+#include "flows/run/runrecipe.h"
+#include "flows/run/runfiles.h"
+#include <algorithm>
+#include <array>
+
+namespace {
+
+/// The text with nothing but characters that all file systems and shells take as they are.
+std::string PlainName(const std::string& text) {
+    std::string name = text;
+    for (char& c : name)
+        if (std::string_view("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_.-")
+                .find(c) == std::string_view::npos)
+            c = '_';
+    return name;
+}
+
+std::string UniqueName(const std::string& title, const std::string& whole) {
+    return PlainName(title).substr(0, 80) + "-" + DigestOf(whole).substr(0, 8);
+}
+
+bool BeginsWithOne(std::string_view word, const std::vector<std::string_view>& prefixes) {
+    return std::any_of(prefixes.begin(), prefixes.end(),
+                       [word](std::string_view prefix) { return word.starts_with(prefix); });
+}
+
+}  // namespace
+
+void Append(const TRunRecipe::TWords& words, TRunRecipe::TWords* to) {
+    to->insert(to->end(), words.begin(), words.end());
+}
+
+std::string TitleOf(const TBuildTop& top) {
+    return top.Library + "." + top.Entity +
+           (top.Architecture.empty() ? "" : "(" + top.Architecture + ")");
+}
+
+std::string TitleOf(const TPlanSource& source) {
+    const std::string name = source.Path.substr(source.Path.rfind('/') + 1);
+    return source.Library + "." + name.substr(0, name.rfind('.'));
+}
+
+const TPlanSettings& TRunRecipe::GetSettings() const {
+    static const TPlanSettings none;
+    const TPlanSettings* const settings = Plan.FindSettings(Tool.Language);
+    return settings ? *settings : none;
+}
+
+TRunRecipe::TWords TRunRecipe::Call(const std::string& program) const {
+    TWords words = Wishes.Launcher;
+    const auto path = Wishes.Programs.find(program);
+    words.push_back(path == Wishes.Programs.end() ? program : path->second);
+    return words;
+}
+
+std::string TRunRecipe::WavesOf(const TBuildTop& top, const std::string& extension) const {
+    return Wishes.Waves ? WorkFolderOf(top) + "/waves." + extension : std::string();
+}
+
+std::vector<const TBuildTop*> TRunRecipe::ListTops() const {
+    std::vector<const TBuildTop*> tops;
+    for (const TBuildTop* const top : Wishes.Tops)
+        if (top->Language == Tool.Language) tops.push_back(top);
+    return tops;
+}
+
+std::string TRunRecipe::NameOf(const TPlanSource& source) const {
+    return UniqueName(TitleOf(source), source.Library + "\n" + source.Path);
+}
+
+std::string TRunRecipe::NameOf(const TBuildTop& top) const {
+    return UniqueName(TitleOf(top), TitleOf(top));
+}
+
+std::size_t TRunRecipe::AddStep(const std::string& name, const std::string& title,
+                                TStepRecord record) {
+    TRunStep& step = Run->Steps.emplace_back();
+    step.Name = std::string(Tool.Name) + "/" + name;
+    record.Title = title;
+    record.Log = Wishes.Folder + "logs/" + step.Name + ".log";
+    record.Stamp = Wishes.Folder + "done/" + step.Name;
+    step.Record = std::move(record);
+    return Run->Steps.size() - 1;
+}
+
+// The analyses of a tool write into libraries that the next ones read.
+void TRunRecipe::AddAnalyses(const std::function<TStepRecord(const TPlanSource&)>& recordOf) {
+    std::vector<std::size_t> steps(Plan.Sources.size(), kPlanSteps);
+    std::vector<std::size_t> before;
+    for (std::size_t number = 0; number < Plan.Sources.size(); ++number) {
+        const TPlanSource& source = Plan.Sources[number];
+        if (source.Language != Tool.Language) continue;
+        steps[number] =
+            AddStep("analyse-" + NameOf(source), "analyse " + TitleOf(source), recordOf(source));
+        TRunStep& step = Run->Steps.back();
+        step.Sources = {source.Path};
+        for (const std::size_t need : source.Needs)
+            if (Plan.Sources[need].Language == Tool.Language && need < number)
+                step.Needs.push_back(steps[need]);
+        step.After = before;
+        before = {steps[number]};
+    }
+}
+
+std::size_t TRunRecipe::AddCompilation(const TBuildTop& top, const char* verb, TStepRecord record) {
+    const std::size_t number =
+        AddStep(verb + ("-" + NameOf(top)), verb + (" " + TitleOf(top)), std::move(record));
+    TRunStep& step = Run->Steps[number];
+    AddSources(&step);
+    AddLibrarySources(&step);
+    return number;
+}
+
+void TRunRecipe::AddSources(TRunStep* step) const {
+    for (std::size_t number = 0; number < Plan.Sources.size(); ++number) {
+        if (Plan.Sources[number].Language != Tool.Language) continue;
+        step->Sources.push_back(Plan.Sources[number].Path);
+        if (number < Includes.size())
+            step->Sources.insert(step->Sources.end(), Includes[number].begin(),
+                                 Includes[number].end());
+    }
+    std::set<std::string> known;
+    std::erase_if(step->Sources,
+                  [&known](const std::string& path) { return !known.insert(path).second; });
+}
+
+// The tool may take any of them.
+void TRunRecipe::AddLibrarySources(TRunStep* step) const {
+    std::vector<std::string> extensions = GetSettings().LibraryExtensions;
+    if (extensions.empty()) extensions = {".v", ".sv"};
+    for (const std::string& directory : GetSettings().LibraryDirectories) {
+        std::vector<std::string> files;
+        std::error_code error;
+        for (const auto& entry :
+             std::filesystem::directory_iterator(NativePath(directory), error)) {
+            const std::u8string name = entry.path().filename().u8string();
+            const std::string path = directory + "/" + std::string(name.begin(), name.end());
+            if (std::any_of(extensions.begin(), extensions.end(),
+                            [&path](const std::string& end) { return path.ends_with(end); }))
+                files.push_back(path);
+        }
+        std::sort(files.begin(), files.end());
+        step->Sources.insert(step->Sources.end(), files.begin(), files.end());
+    }
+}
+
+void TRunRecipe::AddSimulation(const TBuildTop& top, TStepRecord record,
+                               std::vector<std::size_t> needs, const std::string& waves) {
+    record.TimeoutSeconds = Wishes.TimeoutSeconds;
+    record.FailOn = Wishes.FailOn;
+    record.Tool = Tool.Name;
+    record.Folder = WorkFolderOf(top);
+    record.Result = Wishes.Folder + "results/" + Tool.Name + "/" + NameOf(top);
+    const std::size_t number =
+        AddStep("simulate-" + NameOf(top), "simulate " + TitleOf(top), std::move(record));
+    Run->Steps[number].Needs = std::move(needs);
+    Run->Simulations.push_back({&top, Tool.Name, number, waves});
+}
+
+void TRunRecipe::AddFile(const std::string& path, const std::string& text) {
+    Run->Files.emplace_back(path, text);
+}
+
+std::vector<std::size_t> TRunRecipe::ListSteps() const {
+    std::vector<std::size_t> steps;
+    for (std::size_t number = FirstStep; number < Run->Steps.size(); ++number)
+        steps.push_back(number);
+    return steps;
+}
+
+TRunRecipe::TWords TRunRecipe::OptionsOf(TPlanStep step,
+                                         const std::vector<std::string_view>& prefixes) {
+    constexpr std::array<const char*, kPlanSteps> kNames = {"analysis", "elaboration", "run"};
+    TWords words;
+    for (const std::string& word : GetSettings().Options[step])
+        if (BeginsWithOne(word, prefixes))
+            words.push_back(word);
+        else
+            Lose(std::string("the ") + kNames[step] + " option " + word);
+    return words;
+}
+
+void TRunRecipe::Lose(const std::string& what) {
+    if (Lost.insert(what).second)
+        Run->Losses.push_back({DIAGNOSTIC_NOT_EXPORTED, {Tool.Name, what}});
+}
+
+void TRunRecipe::Refuse(const std::string& name, const char* reason) {
+    Run->Losses.push_back({DIAGNOSTIC_UNWRITABLE_NAME, {Tool.Name, name, reason}});
+}
+
+void TRunRecipe::LoseVerilogSettings() {
+    const TPlanSettings& settings = GetSettings();
+    if (!settings.IncludeDirectories.empty()) Lose("include directories");
+    if (!settings.LibraryDirectories.empty()) Lose("library directories");
+    if (!settings.LibraryExtensions.empty()) Lose("library extensions");
+    if (!settings.Defines.empty()) Lose("defines");
+    if (settings.Delay != DELAY_TYPE_TYPICAL) Lose("the choice of delays");
+}

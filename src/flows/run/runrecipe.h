@@ -1,0 +1,81 @@
+#pragma once
+#include "flows/run/runtools.h"
+#include <functional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The steps of one tool in the making.
+class TRunRecipe {
+public:
+    using TWords = std::vector<std::string>;
+
+    /// Keeps all of them.
+    TRunRecipe(const TRunTool& tool, const TBuildPlan& plan, const TRunWishes& wishes,
+               const std::vector<std::vector<std::string>>& includes, TRunPlan* run)
+        : Tool(tool), Plan(plan), Wishes(wishes), Includes(includes), Run(run) {}
+
+    const TBuildPlan& GetPlan() const { return Plan; }
+    const TRunWishes& GetWishes() const { return Wishes; }
+    /// Of the tool's language; empty ones when the plan has none.
+    const TPlanSettings& GetSettings() const;
+    /// A file or folder of the tool, below the folder of the run.
+    std::string PathOf(const std::string& name) const {
+        return Wishes.Folder + Tool.Name + "/" + name;
+    }
+    /// Where the waves of a top are left; "" when none are wished.
+    std::string WavesOf(const TBuildTop& top, const std::string& extension) const;
+    /// The launcher and a program of the tool, by whose path it is called.
+    TWords Call(const std::string& program) const;
+    /// The wished tops that the tool simulates.
+    std::vector<const TBuildTop*> ListTops() const;
+
+    /// Adds a step that analyses each source, each behind the one before.
+    void AddAnalyses(const std::function<TStepRecord(const TPlanSource&)>& recordOf);
+    /// Adds a step that compiles all sources for a top. Returns its number.
+    std::size_t AddCompilation(const TBuildTop& top, const char* verb, TStepRecord record);
+    /// Adds the step that runs a top once the steps `needs` are done.
+    void AddSimulation(const TBuildTop& top, TStepRecord record, std::vector<std::size_t> needs,
+                       const std::string& waves);
+    /// A source that is written for the tool.
+    void AddFile(const std::string& path, const std::string& text);
+    /// The numbers of the tool's steps so far.
+    std::vector<std::size_t> ListSteps() const;
+
+    /// Of the options of a step, those words that begin with one of the prefixes; the others are
+    /// told.
+    TWords OptionsOf(TPlanStep step, const std::vector<std::string_view>& prefixes);
+    /// Tells once that the tool has no words for `what`.
+    void Lose(const std::string& what);
+    /// Tells that the tool cannot work with a name.
+    void Refuse(const std::string& name, const char* reason);
+    /// Tells of settings that nothing but Verilog has.
+    void LoseVerilogSettings();
+
+    /// Names for files, of a source and of a top.
+    std::string NameOf(const TPlanSource& source) const;
+    std::string NameOf(const TBuildTop& top) const;
+
+private:
+    std::string WorkFolderOf(const TBuildTop& top) const { return PathOf("work/" + NameOf(top)); }
+    std::size_t AddStep(const std::string& name, const std::string& title, TStepRecord record);
+    void AddSources(TRunStep* step) const;
+    void AddLibrarySources(TRunStep* step) const;
+
+    const TRunTool& Tool;
+    const TBuildPlan& Plan;
+    const TRunWishes& Wishes;
+    const std::vector<std::vector<std::string>>& Includes;
+    TRunPlan* const Run;
+    const std::size_t FirstStep = Run->Steps.size();
+    std::set<std::string> Lost;
+};
+
+/// Adds the words at the end of others.
+void Append(const TRunRecipe::TWords& words, TRunRecipe::TWords* to);
+
+/// A top as users see it: "work.tb(sim)".
+std::string TitleOf(const TBuildTop& top);
+/// "work.tb" of a source "tb.vhd" in library work.
+std::string TitleOf(const TPlanSource& source);

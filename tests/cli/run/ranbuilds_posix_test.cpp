@@ -1,0 +1,262 @@
+#include "tests/cli/shell.h"
+#include "tests/cli/toolrun.h"
+#include <fstream>
+#include <gtest/gtest.h>
+#include <regex>
+
+namespace {
+
+/// A top-level component of a build.
+struct TTop {
+    const char* Entity;
+    const char* Architecture;
+};
+
+std::string TopsText(const char* language, const std::vector<TTop>& tops) {
+    std::string text =
+        std::string("<TopLevelComponents><ComponentList Language=\"") + language + "\">";
+    for (const TTop& top : tops)
+        text += std::string("<Component Library=\"work\" Architecture=\"") + top.Architecture +
+                "\">" + top.Entity + "</Component>";
+    return text + "</ComponentList></TopLevelComponents>\n";
+}
+
+/// Runs the tool on the build, its errors behind its results. Times are "T", digests "D" and the
+/// current folder is ".".
+std::string Ran(const std::string& arguments) {
+    auto [status, text] = Shell(HDLBUILD_PROGRAM " run 'my build.xml' " + arguments +
+                                " 2>err; s=$?; cat err; exit $s");
+    status = WEXITSTATUS(status);
+    text = std::regex_replace(text, std::regex("[0-9]+\\.[0-9][0-9] s"), "T s");
+    text = std::regex_replace(text, std::regex("-[0-9a-f]{8}\\b"), "-D");
+    text = std::regex_replace(text, std::regex("  +"), "  ");
+    const std::string here = std::filesystem::current_path().string();
+    for (std::size_t at; (at = text.find(here)) != std::string::npos;)
+        text.replace(at, here.size(), ".");
+    return (status ? std::to_string(status) + "\n" : "") + text;
+}
+
+void Touch(const std::string& file) {
+    std::filesystem::last_write_time(file, std::filesystem::file_time_type::clock::now());
+}
+
+void AppendTo(const std::string& file, const std::string& text) {
+    std::ofstream(file, std::ios::app) << text;
+}
+
+/// Two packages, and a top over each.
+void WriteVhdl(const WorkingFolder& folder) {
+    folder.Write("it's here/p.vhd", "package p is constant c : natural := 16; end package;\n");
+    folder.Write("q.vhd", "package q is constant d : natural := 2; end package;\n");
+    folder.Write("a.vhd",
+                 "library util; use util.p.all;\nentity a is end;\narchitecture sim of a is begin\n"
+                 "  assert false report integer'image(c) severity note;\nend;\n");
+    folder.Write("b.vhd",
+                 "use work.q.all;\nentity b is end;\narchitecture sim of b is begin\n"
+                 "  assert false report integer'image(d) severity note;\nend;\n");
+    folder.Write(
+        "my build.xml",
+        BuildText(TopsText("VHDL", {{"a", "sim"}, {"b", "sim"}}) +
+                  "<SourceFileGroup Language=\"VHDL\">\n" +
+                  SourceText("a.vhd", {"it's here/p.vhd"}) + SourceText("b.vhd", {"q.vhd"}) +
+                  SourceText("it's here/p.vhd", {}, "PrecompiledLibrary=\"util\"") +
+                  SourceText("q.vhd") + "</SourceFileGroup>\n"));
+}
+
+constexpr const char* kBothPassed =
+    "simulation  result  time  log\n"
+    "work.a(sim)  passed  T s  my build.run/logs/ghdl/simulate-work.a_sim_-D.log\n"
+    "work.b(sim)  passed  T s  my build.run/logs/ghdl/simulate-work.b_sim_-D.log\n"
+    "2 passed, 0 failed, 0 not run\n";
+constexpr const char* kBothUnchanged =
+    "simulation  result  time  log\n"
+    "work.a(sim)  passed  T s before  my build.run/logs/ghdl/simulate-work.a_sim_-D.log\n"
+    "work.b(sim)  passed  T s before  my build.run/logs/ghdl/simulate-work.b_sim_-D.log\n"
+    "2 passed, 0 failed, 0 not run\n";
+
+}  // namespace
+
+TEST(RanBuilds, DoUnderGhdlWhatHasChangedAlone) {
+    if (!IsInstalled("ghdl")) GTEST_SKIP() << "ghdl is not installed";
+    const WorkingFolder folder;
+    WriteVhdl(folder);
+    const std::string order =
+        "[1/6] analyse util.p\n[2/6] analyse work.a\n[3/6] analyse work.q\n"
+        "[4/6] analyse work.b\n[5/6] simulate work.a(sim)\n"
+        "[6/6] simulate work.b(sim)\n";
+    EXPECT_EQ(Ran("--with ghdl --jobs 1"), kBothPassed + order);
+    EXPECT_EQ(Ran("--with ghdl --jobs 1"), kBothUnchanged);
+    for (const char* source : {"it's here/p.vhd", "q.vhd", "a.vhd", "b.vhd"}) Touch(source);
+    EXPECT_EQ(Ran("--with ghdl --jobs 1"), kBothUnchanged);
+    EXPECT_EQ(
+        Ran("--with ghdl --jobs 1 --rerun"),
+        std::string(kBothPassed) + "[1/2] simulate work.a(sim)\n[2/2] simulate work.b(sim)\n");
+    AppendTo("q.vhd", "-- changed\n");
+    EXPECT_EQ(Ran("--with ghdl --jobs 1"),
+              std::string(kBothPassed) +
+                  "[1/4] analyse work.q\n[2/4] analyse work.b\n[3/4] simulate work.a(sim)\n"
+                  "[4/4] simulate work.b(sim)\n");
+    EXPECT_EQ(folder.List(), "a.vhd\nb.vhd\nerr\nit's here\nmy build.run\nmy build.xml\nq.vhd\n");
+}
+
+TEST(RanBuilds, StopAtAFaultAndGoOnWhenItIsMended) {
+    if (!IsInstalled("ghdl")) GTEST_SKIP() << "ghdl is not installed";
+    const WorkingFolder folder;
+    WriteVhdl(folder);
+    AppendTo("q.vhd", "constant\n");
+    const std::string notRun =
+        "1\nsimulation  result  time  log\nwork.a(sim)  not run  -  -\n"
+        "work.b(sim)  not run  -  -\n0 passed, 0 failed, 2 not run\n";
+    EXPECT_EQ(
+        Ran("--with ghdl --jobs 1"),
+        notRun +
+            "[1/6] analyse util.p\n[2/6] analyse work.a\n[3/6] analyse work.q\n"
+            "./q.vhd:2:1: missing entity, architecture, package or configuration\nconstant\n^\n"
+            "analyse work.q failed: exit status 1\n");
+    folder.Write("q.vhd", "package q is constant d : natural := 3; end package;\n");
+    EXPECT_EQ(Ran("--with ghdl --jobs 1"),
+              std::string(kBothPassed) +
+                  "[1/4] analyse work.q\n[2/4] analyse work.b\n[3/4] simulate work.a(sim)\n"
+                  "[4/4] simulate work.b(sim)\n");
+}
+
+// A note passes; what fails is told by the message that failed it.
+TEST(RanBuilds, FailUnderEveryToolByErrorsAndTime) {
+    const struct {
+        const char* Tool;
+        const char* Program;
+        const char* Language;
+        const char* Text;  // of the top "t", around what it does
+        const char* Body;
+        const char* Options;
+        const char* Reason;  // "" for one that passes
+    } rows[] = {
+        {"ghdl", "ghdl", "VHDL", "entity t is end;\narchitecture s of t is begin process begin\n",
+         "report \"x\" severity warning; wait;", "", ""},
+        {"ghdl", "ghdl", "VHDL", "entity t is end;\narchitecture s of t is begin process begin\n",
+         "report \"x\" severity warning; wait;", "--fail-on warning",
+         "warning: ./t:3:1:@0ms:(report warning): x"},
+        {"ghdl", "ghdl", "VHDL", "entity t is end;\narchitecture s of t is begin process begin\n",
+         "report \"x\" severity error; wait;", "", "error: ./t:3:1:@0ms:(report error): x"},
+        {"ghdl", "ghdl", "VHDL", "entity t is end;\narchitecture s of t is begin process begin\n",
+         "report \"x\" severity error; wait;", "--fail-on failure", ""},
+        {"ghdl", "ghdl", "VHDL", "entity t is end;\narchitecture s of t is begin process begin\n",
+         "report \"x\" severity failure; wait;", "--fail-on failure",
+         "failure: ./t:3:1:@0ms:(report failure): x"},
+        {"ghdl", "ghdl", "VHDL", "entity t is end;\narchitecture s of t is begin process begin\n",
+         "loop end loop;", "--timeout 1", "not done after 1 s"},
+        {"icarus", "iverilog", "Verilog", "module t; initial begin\n", "$display(\"x\");", "", ""},
+        {"icarus", "iverilog", "Verilog", "module t; initial begin\n", "$warning(\"x\");",
+         "--fail-on warning", "warning: WARNING: ./t:2: x"},
+        {"icarus", "iverilog", "Verilog", "module t; initial begin\n", "$error(\"x\");", "",
+         "error: ERROR: ./t:2: x"},
+        {"icarus", "iverilog", "Verilog", "module t; initial begin\n", "$error(\"x\");",
+         "--fail-on failure", ""},
+        {"icarus", "iverilog", "Verilog", "module t; initial begin\n", "$fatal(1, \"x\");",
+         "--fail-on failure", "failure: FATAL: ./t:2: x"},
+        {"icarus", "iverilog", "Verilog", "module t; initial begin\n", "forever;", "--timeout 1",
+         "not done after 1 s"},
+    };
+    for (const auto& row : rows) {
+        if (!IsInstalled(row.Program)) continue;
+        const WorkingFolder folder;
+        const bool isVhdl = std::string(row.Language) == "VHDL";
+        folder.Write("t", row.Text + std::string(row.Body) +
+                              (isVhdl ? "\nend process; end;\n" : "\nend endmodule\n"));
+        folder.Write("my build.xml",
+                     BuildText(TopsText(row.Language, {{"t", isVhdl ? "s" : ""}}) +
+                               "<ProjectLanguageConfigurationList><LanguageSettings Language="
+                               "\"Verilog\"><BuildOptions>-sv</BuildOptions></LanguageSettings>"
+                               "</ProjectLanguageConfigurationList>\n<SourceFileGroup Language=\"" +
+                               row.Language + "\">\n" + SourceText("t") + "</SourceFileGroup>\n"));
+        const std::string result =
+            Ran(std::string("-o out --with ") + row.Tool + " " + row.Options);
+        const bool passes = *row.Reason == '\0';
+        const std::string top = isVhdl ? "work.t(s)" : "work.t";
+        EXPECT_EQ(result.substr(0, 2), passes ? "si" : "1\n") << row.Tool << row.Body << result;
+        EXPECT_NE(result.find(passes ? "1 passed, 0 failed, 0 not run\n"
+                                     : "0 passed, 1 failed, 0 not run\n"),
+                  std::string::npos)
+            << row.Tool << row.Body << result;
+        if (!passes) {
+            EXPECT_TRUE(result.ends_with("simulate " + top + " failed: " + row.Reason + "\n"))
+                << row.Tool << row.Body << result;
+        }
+    }
+}
+
+// One program that is told what to do: it takes long to make. Verilator cuts names at blanks when
+// it tells of places.
+TEST(RanBuilds, FailUnderVerilatorByErrorsAndTime) {
+    if (!IsInstalled("verilator")) GTEST_SKIP() << "verilator is not installed";
+    const WorkingFolder folder;
+    folder.Write("my rtl/t.v",
+                 "module t;\n  initial begin\n"
+                 "    if ($test$plusargs(\"warning\")) $warning(\"x\");\n"
+                 "    if ($test$plusargs(\"error\")) $error(\"x\");\n"
+                 "    if ($test$plusargs(\"fatal\")) $fatal(1, \"x\");\n"
+                 "    if (!$test$plusargs(\"forever\")) $finish;\n  end\n"
+                 "  always #1;\nendmodule\n");
+    folder.Write("my build.xml",
+                 BuildText(TopsText("Verilog", {{"t", ""}}) +
+                           "<ProjectLanguageConfigurationList><LanguageSettings Language="
+                           "\"Verilog\"><BuildOptions>-sv</BuildOptions></LanguageSettings>"
+                           "</ProjectLanguageConfigurationList>\n<SourceFileGroup "
+                           "Language=\"Verilog\">\n" +
+                           SourceText("my rtl/t.v") + "</SourceFileGroup>\n"));
+    const std::string head = "simulation  result  time  log\nwork.t  ";
+    const std::string tail = "  T s  out/logs/verilator/simulate-work.t-D.log\n";
+    EXPECT_EQ(Ran("--with verilator -o out"), head + "passed" + tail +
+                                                  "1 passed, 0 failed, 0 not run\n" +
+                                                  "[1/2] compile work.t\n[2/2] simulate work.t\n");
+    EXPECT_EQ(Ran("--with verilator -o out -- +warning").substr(0, 1), "s");
+    const struct {
+        const char* Options;
+        const char* Reason;
+    } rows[] = {
+        {"--fail-on warning -- +warning",
+         "warning: [0] %Warning: my:3: Assertion failed in TOP.t: x"},
+        {"-- +error", "error: [0] %Error: my:4: Assertion failed in TOP.t: x"},
+        {"-- +fatal", "error: [0] %Error: my:5: Assertion failed in TOP.t: x"},
+        {"--timeout 1 -- +forever", "not done after 1 s"},
+    };
+    for (const auto& row : rows) {
+        const std::string result = Ran(std::string("--with verilator -o out ") + row.Options);
+        const std::string begin = "1\n" + head + "failed" + tail +
+                                  "0 passed, 1 failed, 0 not run\n[1/1] simulate work.t\n";
+        EXPECT_EQ(result.substr(0, begin.size()), begin);
+        EXPECT_TRUE(result.ends_with(std::string("simulate work.t failed: ") + row.Reason + "\n"))
+            << result;
+    }
+}
+
+TEST(RanBuilds, AreRefusedWhereMakeFails) {
+    const WorkingFolder folder;
+    folder.Write("t.v", "module t; endmodule\n");
+    folder.Write("my build.xml", BuildText(TopsText("Verilog", {{"t", ""}}) +
+                                           "<SourceFileGroup Language=\"Verilog\">\n" +
+                                           SourceText("t.v") + "</SourceFileGroup>\n"));
+    EXPECT_EQ(
+        Ran("--with verilator --dry-run"),
+        "1\nhdlbuild: error: verilator cannot hold the name \"./my build.run/\": make takes no "
+        "blanks; choose another folder with --output [HB603]\n");
+}
+
+TEST(RanBuilds, SayWhatIsMissing) {
+    const WorkingFolder folder;
+    WriteVhdl(folder);
+    folder.Write("bin/ninja", "#!/bin/sh\n");
+    EXPECT_EQ(Shell("PATH= " HDLBUILD_PROGRAM " run 'my build.xml' --with ghdl").second,
+              "hdlbuild: error: ninja was not found: install Debian's package ninja-build, or name "
+              "its folder with --tool-path\n"
+              "hdlbuild: error: ghdl was not found: install Debian's package ghdl, or name its "
+              "folder with --tool-path\n");
+    std::filesystem::permissions("bin/ninja", std::filesystem::perms::owner_all);
+    const auto [status, text] =
+        Shell("PATH= " HDLBUILD_PROGRAM " run 'my build.xml' --with nvc --tool-path bin");
+    EXPECT_EQ(WEXITSTATUS(status), 3);
+    EXPECT_EQ(text,
+              "hdlbuild: error: nvc was not found: install it, or name its folder with "
+              "--tool-path\n");
+    EXPECT_FALSE(folder.Exists("my build.run"));
+}
