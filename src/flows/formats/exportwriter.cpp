@@ -5,6 +5,12 @@ std::string TextOf(const TScanDefine& define) {
     return define.Value.empty() ? define.Name : define.Name + "=" + define.Value;
 }
 
+bool IsSystemVerilog(const TPlanSource& source, const TBuildPlan& plan) {
+    const TPlanSettings* const settings = plan.FindSettings(LANGUAGE_VERILOG);
+    return source.Path.ends_with(".sv") || source.Path.ends_with(".svh") ||
+           (settings && !settings->Standard.empty());
+}
+
 const TPlanSettings& TExportWriter::SettingsOf(THdlLanguage language) const {
     static const TPlanSettings none;
     const TPlanSettings* const settings = GetPlan().FindSettings(language);
@@ -40,10 +46,20 @@ void TExportWriter::Refuse(const std::string& name, const char* reason) {
     Exported.Losses.push_back({DIAGNOSTIC_UNWRITABLE_NAME, {Format, name, reason}});
 }
 
+void TExportWriter::LoseLanguage(THdlLanguage language) {
+    Lose(std::string("sources in ") + GetDisplayStringFromHdlLanguage(language));
+}
+
+void TExportWriter::LoseDirectories(THdlLanguage language) {
+    const TPlanSettings& settings = SettingsOf(language);
+    if (!settings.IncludeDirectories.empty()) Lose("include directories");
+    if (!settings.LibraryDirectories.empty()) Lose("library directories");
+    if (!settings.Defines.empty()) Lose("defines");
+}
+
 void TExportWriter::LoseOtherLanguages(const std::set<THdlLanguage>& written) {
     for (const TPlanSource& source : GetPlan().Sources)
-        if (!written.contains(source.Language))
-            Lose(std::string("sources in ") + GetDisplayStringFromHdlLanguage(source.Language));
+        if (!written.contains(source.Language)) LoseLanguage(source.Language);
 }
 
 void TExportWriter::LoseLibraries(const std::set<THdlLanguage>& written) {

@@ -8,6 +8,9 @@
 /// "NAME" or "NAME=VALUE".
 std::string TextOf(const TScanDefine& define);
 
+/// Whether the source needs a reader of SystemVerilog: by its name, or by the settings.
+bool IsSystemVerilog(const TPlanSource& source, const TBuildPlan& plan);
+
 /// Whether one of the characters is in the text.
 inline bool HasAny(std::string_view text, std::string_view characters) {
     return text.find_first_of(characters) != std::string_view::npos;
@@ -34,6 +37,10 @@ public:
     /// Tells that the format cannot hold a name.
     void Refuse(const std::string& name, const char* reason);
 
+    /// Tells of sources in a language.
+    void LoseLanguage(THdlLanguage language);
+    /// Tells of the directories and defines of a language.
+    void LoseDirectories(THdlLanguage language);
     /// Tells of sources in other languages than these.
     void LoseOtherLanguages(const std::set<THdlLanguage>& written);
     /// Tells of libraries where the sources in these languages are in more than one.

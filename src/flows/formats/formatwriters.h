@@ -4,11 +4,17 @@
 // The writer of each format: see the table of GetExportFormats.
 
 TExported WriteBlueprint(const TExportRequest& request);
+TExported WriteCompileCommands(const TExportRequest& request);
 TExported WriteDepfile(const TExportRequest& request);
+TExported WriteEdamJson(const TExportRequest& request);
+TExported WriteEdamYaml(const TExportRequest& request);
 TExported WriteFileList(const TExportRequest& request);
+TExported WriteFusesocCore(const TExportRequest& request);
 TExported WriteGhdlScript(const TExportRequest& request);
+TExported WriteHdlPrj(const TExportRequest& request);
 TExported WriteIcarusList(const TExportRequest& request);
 TExported WriteLibraryMap(const TExportRequest& request);
+TExported WriteMakefile(const TExportRequest& request);
 TExported WriteOsvvmScript(const TExportRequest& request);
 TExported WriteSlangList(const TExportRequest& request);
 TExported WriteSvls(const TExportRequest& request);

@@ -1,28 +1,8 @@
 #include "flows/formats/exportwriter.h"
 #include "flows/formats/formatwriters.h"
+#include "flows/formats/shelltext.h"
 
 namespace {
-
-// Nothing but a single quote means anything within single quotes.
-std::string ShellWord(const std::string& text) {
-    constexpr std::string_view kPlain =
-        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
-        "0123456789_./-+=:,@%";
-    if (!text.empty() && text.find_first_not_of(kPlain) == std::string::npos) return text;
-    std::string word = "'";
-    for (const char c : text)
-        if (c == '\'')
-            word += "'\\''";
-        else
-            word += c;
-    return word + "'";
-}
-
-std::string ShellWords(const std::vector<std::string>& texts) {
-    std::string words;
-    for (const std::string& text : texts) words.append(" ").append(ShellWord(text));
-    return words;
-}
 
 /// Writes the script.
 class TGhdlScript {
@@ -51,14 +31,12 @@ private:
 
 // The working directory of the libraries is one: GHDL finds libraries of each other there.
 void TGhdlScript::AddHead() {
-    const std::string& standard = Settings().Standard;
-    const std::string years = standard.empty() ? "08" : standard.substr(standard.size() - 2);
     Writer.AddLine("#!/bin/sh");
     Writer.AddLine("set -e");
     Writer.AddLine("cd \"$(dirname \"$0\")\"");
     Writer.AddLine("GHDL=${GHDL:-ghdl}");
     Writer.AddLine("mkdir -p ghdl");
-    Writer.AddLine("options=\"--std=" + years + " --workdir=ghdl -Pghdl\"");
+    Writer.AddLine("options=\"--std=" + GhdlStandard(Settings()) + " --workdir=ghdl -Pghdl\"");
 }
 
 void TGhdlScript::AddSource(const TPlanSource& source) {

@@ -49,6 +49,7 @@ public:
 
 private:
     friend struct TJsonPrint;
+    friend struct TYamlPrint;
     std::variant<std::monostate, bool, long long, std::string, std::vector<TJson>,
                  std::vector<TMember>>
         Value;

@@ -51,6 +51,17 @@ constexpr TConsumer kConsumers[] = {
      "verilator --lint-only --timing -f out", "", true},
     {"Verilator with the shared subset", "filelist", "fifo_tb", "verilator",
      "verilator --lint-only --timing -f out --top-module fifo_tb", "", false},
+    {"make with GHDL and Icarus Verilog", "make", "", "make", "make -s -f out",
+     "vhdl/sim/filter_tb.vhd:55:9:@8055ns:(report note): filter_tb passed: 133 samples\n"
+     "simulation finished @8055ns\n"
+     "vhdl/sim/node_tb.vhd:76:9:@161295ns:(report note): node_tb passed: 80 frames, 3 alarms\n"
+     "simulation finished @161295ns\n"
+     "fifo_tb passed\n4 channels, pads of 3 ns\ncollector_tb passed\n",
+     true},
+    {"make, one bench again", "make", "fifo_tb", "make",
+     "make -s -f out && touch verilog/rtl/fifo.v && make -s -f out analyse && make -q -f out "
+     "analyse",
+     "fifo_tb passed\n", true},
     {"make", "depfile", "", "make",
      "printf 'include out\\nsensors:\\n\\t@touch $@; echo made\\n' > Makefile; make -s && "
      "make -s && sleep 0.02 && touch vhdl/node/alarm.vhd && make -s",

@@ -7,8 +7,8 @@ TEST(ExportFormats, AreInAlphabeticOrder) {
     for (const TExportFormat& format : GetExportFormats()) names += std::string(format.Name) + " ";
     EXPECT_EQ(
         names,
-        "blueprint depfile filelist ghdl icarus libmap osvvm slang svls vcs verible verilator "
-        "vhdl-ls vsim vunit vunit-csv ");
+        "blueprint compile-commands depfile edam-json edam-yaml filelist fusesoc ghdl hdl-prj "
+        "icarus libmap make osvvm slang svls vcs verible verilator vhdl-ls vsim vunit vunit-csv ");
 }
 
 TEST(ExportFormats, AreFoundByTheirNames) {
@@ -19,12 +19,14 @@ TEST(ExportFormats, AreFoundByTheirNames) {
 }
 
 TEST(ExportFormats, TellOfSourcesInOtherLanguages) {
-    const TBuildPlan plan = MakePlanOf(LANGUAGE_CPLUSPLUS, "/p/a.cpp");
+    TBuildPlan plan = MakePlanOf(LANGUAGE_SPECMAN, "/p/a.e");
+    plan.Name = "soc";
     for (const TExportFormat& format : GetExportFormats()) {
         if (std::string(format.Name) == "depfile") continue;  // a source is a source there
         const std::string told = Exported(format.Name, plan);
-        const std::string line = std::string(format.Name) + " has no words for sources in C++\n";
+        const std::string line =
+            std::string(format.Name) + " has no words for sources in Specman\n";
         EXPECT_TRUE(told.starts_with(line)) << told;
-        EXPECT_EQ(told.find("a.cpp"), std::string::npos) << told;
+        EXPECT_EQ(told.find("a.e"), std::string::npos) << told;
     }
 }

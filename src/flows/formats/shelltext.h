@@ -1,0 +1,12 @@
+#pragma once
+#include "flows/plan/buildplan.h"
+#include <string>
+#include <vector>
+
+/// A word of a shell's command line, in single quotes where it needs them.
+std::string ShellWord(const std::string& text);
+/// All of them, each with a blank before it.
+std::string ShellWords(const std::vector<std::string>& texts);
+
+/// What follows "--std=" of GHDL: "08", also when no standard is chosen.
+std::string GhdlStandard(const TPlanSettings& settings);

@@ -1,0 +1,56 @@
+#include "tests/flows/formats/exportedplan.h"
+#include <gtest/gtest.h>
+
+TEST(FusesocCore, HasOneFileSetAndOneTarget) {
+    EXPECT_EQ(Exported("fusesoc", MakeSamplePlan()),
+              "fusesoc has no words for the architecture sim\n"
+              "fusesoc has no words for include directories without a list of their files\n"
+              "fusesoc has no words for library directories\n"
+              "fusesoc has no words for the run option +go\n"
+              "fusesoc has no words for the analysis option -frelaxed\n"
+              "fusesoc has no words for the mark of library files\n"
+              "CAPI=2:\n"
+              "name: \"::soc\"\n"
+              "filesets:\n"
+              "  sources:\n"
+              "    files:\n"
+              "      - rtl/adc.v:\n"
+              "          file_type: verilogSource\n"
+              "          logical_name: main\n"
+              "      - lib/cells.v:\n"
+              "          file_type: verilogSource\n"
+              "          logical_name: main\n"
+              "      - rtl/adc_pkg.vhd:\n"
+              "          file_type: vhdlSource-2008\n"
+              "          logical_name: sensor\n"
+              "      - \"/q/tb.vhd\":\n"
+              "          file_type: vhdlSource-2008\n"
+              "parameters:\n"
+              "  TAPS:\n"
+              "    datatype: int\n"
+              "    default: 16\n"
+              "    paramtype: vlogdefine\n"
+              "  FAST:\n"
+              "    datatype: bool\n"
+              "    default: true\n"
+              "    paramtype: vlogdefine\n"
+              "targets:\n"
+              "  default:\n"
+              "    filesets:\n"
+              "      - sources\n"
+              "    toplevel: \"adc tb\"\n"
+              "    parameters:\n"
+              "      - TAPS\n"
+              "      - FAST\n");
+}
+
+TEST(FusesocCore, RefusesNamesThatFusesocReadsAsSomethingElse) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VHDL, "/p/a?.vhd");
+    plan.Name = "a:b";
+    const TExported exported = FindExportFormat("fusesoc")->Write({plan, "/p/", nullptr});
+    std::string losses;
+    for (const TDiagnostic& loss : exported.Losses) losses += GetDiagnosticText(loss) + "\n";
+    EXPECT_EQ(losses,
+              "fusesoc cannot hold the name \"a:b\": a colon or question mark ends the name\n"
+              "fusesoc cannot hold the name \"a?.vhd\": it reads as a condition\n");
+}
