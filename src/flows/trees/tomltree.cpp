@@ -1,0 +1,177 @@
+// The library's own limits and ways are chosen before it is included.
+#define TOML_EXCEPTIONS 0
+#define TOML_ENABLE_FORMATTERS 0
+#define TOML_MAX_NESTED_VALUES 64
+#include "flows/trees/treebuilder.h"
+#include "flows/trees/treereaders.h"
+#include <algorithm>
+#include <toml++/toml.h>
+
+namespace {
+
+/// Places of the library count characters, those of a tree count bytes.
+class TTomlLines {
+public:
+    explicit TTomlLines(std::string_view text) : Text(text) {
+        Begins.push_back(0);
+        for (std::size_t at = 0; at < text.size(); ++at)
+            if (text[at] == '\n') Begins.push_back(at + 1);
+    }
+
+    TTreePlace PlaceOf(const toml::source_position& position) const;
+    TTreePlace PlaceOf(const toml::source_region& region) const { return PlaceOf(region.begin); }
+
+private:
+    std::string_view Text;
+    std::vector<std::size_t> Begins;
+};
+
+TTreePlace TTomlLines::PlaceOf(const toml::source_position& position) const {
+    if (position.line == 0 || position.line > Begins.size()) return {1, 1};
+    std::size_t at = Begins[position.line - 1];
+    const auto isInside = [this](std::size_t byte) {
+        return (static_cast<unsigned char>(Text[byte]) & 0xC0) == 0x80;
+    };
+    for (toml::source_index column = 1; column < position.column && at < Text.size(); ++column)
+        for (++at; at < Text.size() && isInside(at);) ++at;
+    return {static_cast<int>(position.line), static_cast<int>(at - Begins[position.line - 1]) + 1};
+}
+
+/// Looks for keys of very many parts, each of which would be a table in another: the library goes
+/// as deep as they say.
+class TTomlKeys {
+public:
+    explicit TTomlKeys(std::string_view text) : Text(text) {}
+
+    /// False with the place of one.
+    bool AreShort(toml::source_position* place);
+
+private:
+    bool StepOverText();
+
+    std::string_view Text;
+    std::size_t At = 0;
+};
+
+bool TTomlKeys::AreShort(toml::source_position* place) {
+    std::size_t points = 0;
+    toml::source_index line = 1;
+    while (At < Text.size()) {
+        const char c = Text[At];
+        if (c == '#') At = std::min(Text.find('\n', At), Text.size());
+        if (At >= Text.size()) return true;
+        if (StepOverText()) continue;
+        if (Text[At] == '\n') ++line;
+        points = Text[At] == '.' ? points + 1
+                 : std::string_view("\n=,[]{}").find(Text[At]) != std::string_view::npos ? 0
+                                                                                         : points;
+        if (points > kDeepestTree) {
+            *place = {line, 1};
+            return false;
+        }
+        ++At;
+    }
+    return true;
+}
+
+// One that has no end is a fault that the library tells. Lines within it do not matter here: what
+// follows the longest key is not read.
+bool TTomlKeys::StepOverText() {
+    const char quote = Text[At];
+    if (quote != '"' && quote != '\'') return false;
+    const std::string fence(3, quote);
+    const bool isLong = Text.substr(At, 3) == fence;
+    const std::string_view end = isLong ? std::string_view(fence) : Text.substr(At, 1);
+    At += end.size();
+    while (At < Text.size() && Text.substr(At, end.size()) != end) {
+        if (!isLong && Text[At] == '\n') return true;
+        At += quote == '"' && Text[At] == '\\' ? std::size_t{2} : std::size_t{1};
+    }
+    At += end.size();
+    return true;
+}
+
+/// Makes a tree of the library's tables.
+class TTomlWalk {
+public:
+    explicit TTomlWalk(const TTomlLines& lines) : Lines(lines) {}
+
+    bool Add(const toml::node& node);
+    TTreeBuilder& GetBuilder() { return Builder; }
+
+private:
+    bool AddTable(const toml::table& table);
+    bool AddArray(const toml::array& array);
+
+    const TTomlLines& Lines;
+    TTreeBuilder Builder;
+};
+
+// No deeper than the builder lets it.
+bool TTomlWalk::Add(const toml::node& node) {
+    const TTreePlace place = Lines.PlaceOf(node.source());
+    if (const toml::table* const table = node.as_table()) return AddTable(*table);
+    if (const toml::array* const array = node.as_array()) return AddArray(*array);
+    if (const auto* const text = node.as_string()) return Builder.Add(TREE_TEXT, **text, place);
+    if (const auto* const integer = node.as_integer())
+        return Builder.Add(TREE_INTEGER, std::to_string(**integer), place);
+    if (const auto* const boolean = node.as_boolean())
+        return Builder.Add(TREE_BOOLEAN, **boolean ? "true" : "false", place);
+    if (const auto* const real = node.as_floating_point())
+        return Builder.Add(TREE_REAL, std::to_string(**real), place);
+    return Builder.Fail("dates and times have no meaning here", place);
+}
+
+// The library sorts keys by their names.
+bool TTomlWalk::AddTable(const toml::table& table) {
+    if (!Builder.Begin(TREE_MAP, Lines.PlaceOf(table.source()))) return false;
+    struct TMember {
+        const toml::key* Key;
+        const toml::node* Value;
+    };
+    std::vector<TMember> members;
+    members.reserve(table.size());
+    for (auto at = table.begin(); at != table.end(); ++at)
+        members.push_back({&at->first, &at->second});
+    std::stable_sort(members.begin(), members.end(), [](const TMember& left, const TMember& right) {
+        return left.Key->source().begin < right.Key->source().begin;
+    });
+    for (const TMember& member : members)
+        if (!Builder.Key(std::string(member.Key->str()), Lines.PlaceOf(member.Key->source())) ||
+            !Add(*member.Value))
+            return false;
+    return Builder.End();
+}
+
+bool TTomlWalk::AddArray(const toml::array& array) {
+    if (!Builder.Begin(TREE_LIST, Lines.PlaceOf(array.source()))) return false;
+    for (const toml::node& value : array)
+        if (!Add(value)) return false;
+    return Builder.End();
+}
+
+}  // namespace
+
+bool ReadTomlTree(std::string_view text, TTree* tree, TTreeFault* fault) {
+    static_assert(TOML_MAX_NESTED_VALUES == kDeepestTree);
+    const TTomlLines lines(text);
+    toml::source_position deep;
+    if (!TTomlKeys(text).AreShort(&deep)) {
+        *fault = {"a key of more than " + std::to_string(kDeepestTree) + " parts",
+                  lines.PlaceOf(deep)};
+        return false;
+    }
+    const toml::parse_result result = toml::parse(text);
+    if (!result) {
+        *fault = {std::string(result.error().description()),
+                  lines.PlaceOf(result.error().source())};
+        return false;
+    }
+    TTomlWalk walk(lines);
+    if (!walk.Add(result.table())) {
+        *fault = walk.GetBuilder().GetFault();
+        return false;
+    }
+    *tree = walk.GetBuilder().Take();
+    return true;
+}
