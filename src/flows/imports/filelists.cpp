@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <deque>
+#include <optional>
 
 namespace {
 
@@ -24,6 +25,36 @@ struct TOpenList {
     TOpenList(const TOpenList&) = delete;
     TOpenList& operator=(const TOpenList&) = delete;
 };
+
+/// What the command line of Icarus Verilog says that no list can.
+struct TIcarusWord {
+    std::string_view Word;
+    const char* Standard;  ///< null: none
+    std::optional<TSimProjectDelayType> Delay;
+};
+
+const TIcarusWord kIcarusWords[] = {
+    {"-Tmax", nullptr, DELAY_TYPE_MAXIMUM},
+    {"-Tmin", nullptr, DELAY_TYPE_MINIMUM},
+    {"-Ttyp", nullptr, DELAY_TYPE_TYPICAL},
+    {"-g2005-sv", "2005", {}},
+    {"-g2009", "2009", {}},
+    {"-g2012", "2012", {}},
+};
+
+void TakeIcarusCommandLine(std::string_view line, const TImportPlace& place,
+                           TImportReader* reader) {
+    const std::vector<std::string> words = WordsOfOptions(line);
+    for (std::size_t at = 0; at < words.size(); ++at) {
+        if (words[at] == "-s" && at + 1 < words.size())
+            reader->AddTop({LANGUAGE_VERILOG, "", words[++at], ""}, place);
+        for (const TIcarusWord& known : kIcarusWords) {
+            if (words[at] != known.Word) continue;
+            if (known.Standard) reader->SetStandard(LANGUAGE_VERILOG, known.Standard, place);
+            if (known.Delay) reader->SettingsOf(LANGUAGE_VERILOG).Delay = known.Delay;
+        }
+    }
+}
 
 /// Reads a list, and those that it names, of one dialect.
 class TFileListReader {
@@ -203,7 +234,14 @@ void ReadFileList(TImportReader& reader, const TImportFile& file) {
     TFileListReader(&reader, kCommonList).Read(file);
 }
 
+// A comment that is the command line says what a list has no words for: exports have one.
 void ReadIcarusList(TImportReader& reader, const TImportFile& file) {
+    int number = 0;
+    for (const std::string_view line : LinesOfImport(file.Text)) {
+        ++number;
+        if (line.starts_with("// iverilog "))
+            TakeIcarusCommandLine(line, {file.Name, number, 1}, &reader);
+    }
     TFileListReader(&reader, kIcarusList).Read(file);
 }
 

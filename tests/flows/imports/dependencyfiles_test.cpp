@@ -20,14 +20,15 @@ TEST(DependencyFiles, AreRulesOfMake) {
 
 TEST(DependencyFiles, TellWhatIsNoRule) {
     const ImportFolder folder;
-    EXPECT_EQ(folder.ReadText("depfile",
-                              "a: b.v $(X)/c.v d.txt /usr/bin/verilator_bin e.f\n\ttouch a\nno rule\n"
-                              "# a comment\n"),
-              "in/list:1:4 Verilog  in/b.v\n"
-              "in/list:1:8 HB701 a build has no words for the variable in $(X)/c.v\n"
-              "in/list:2:1 HB701 a build has no words for a command\n"
-              "in/list:3:1 HB708 not of the format: a line that is no rule\n"
-              "in/list:1:17 HB703 no language has the extension of in/d.txt\n");
+    EXPECT_EQ(
+        folder.ReadText("depfile",
+                        "a: b.v $(X)/c.v d.txt /usr/bin/verilator_bin e.f\n\ttouch a\nno rule\n"
+                        "# a comment\n"),
+        "in/list:1:4 Verilog  in/b.v\n"
+        "in/list:1:8 HB701 a build has no words for the variable in $(X)/c.v\n"
+        "in/list:2:1 HB701 a build has no words for a command\n"
+        "in/list:3:1 HB708 not of the format: a line that is no rule\n"
+        "in/list:1:17 HB703 no language has the extension of in/d.txt\n");
 }
 
 TEST(DependencyFiles, AreLinesOfIcarus) {

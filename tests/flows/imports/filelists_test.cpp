@@ -96,6 +96,11 @@ TEST(FileLists, FollowTheirDialects) {
          "in/list:2:1 Verilog  in/a.vhd\n"
          "in/list:1:1 option -s\n"
          "in/list:1:1 HB706 kept as a compile option: -s\n"},
+        {"icarus", "// iverilog -c THIS_FILE -s tb -Tmax -g2012\na.v\n",
+         "in/list:2:1 Verilog  in/a.v\n"
+         "in/list:1:1 top Verilog .tb\n"
+         "in/list:1:1 standard 2012\n"
+         "delays max\n"},
         {"verible", "+incdir+a+b\n+define+A\n-y lib\nc d.v\n",
          "in/list:4:1 Verilog  in/c d.v\n"
          "in/list:1:1 include in/a+b\n"
