@@ -74,8 +74,7 @@ bool TBuildEdit::ReadToChange(TXMLReadError* error) {
 
 bool TBuildEdit::Read(TXMLReadError* error) {
     auto build = std::make_unique<TSimWrapHdlBuildFile>();
-    if (!File.Read(error) || !ReadBuildText(File.GetBytes(), File.GetFile(), build.get(), error))
-        return false;
+    if (!File.Read(error) || !ReadBuildText(&File, build.get(), error)) return false;
     Build = std::move(build);
     SourcesBefore = TSourceLists(*Build, &Libraries);
     RestBefore = PrintRest(*Build);

@@ -22,13 +22,22 @@ bool TEditedFile::Read(TXMLReadError* error) {
     return false;
 }
 
+bool TEditedFile::ReadInto(TXMLList* list, TXMLReadError* error) {
+    return Edit.Read(std::move(Bytes), list, error);
+}
+
 std::string TEditedFile::Change(const TXMLList& base, const TXMLList& wanted, TXMLEditRules rules,
                                 const std::function<bool(const std::string&)>& isAsWanted) {
     for (const bool isWhole : {false, true}) {
         rules.InsertsWhole = isWhole;
-        if (!Edit.Find(Bytes, base, wanted, rules)) return Edit.GetReason();
-        if (isAsWanted(Edit.GetEdited())) return "";
+        const bool isKept = !Edit.GetDocument().empty();
+        if (!(isKept ? Edit.Find(base, wanted, rules)
+                     : Edit.Find(std::move(Bytes), base, wanted, rules)))
+            return Edit.GetReason();
+        New = Edit.GetEdited();
+        if (isAsWanted(New)) return "";
     }
+    Bytes = Edit.GetDocument();
     Edit = {};
     return "the change cannot be made in this file: a reader would find something else in it";
 }
@@ -36,11 +45,6 @@ std::string TEditedFile::Change(const TXMLList& base, const TXMLList& wanted, TX
 std::string TEditedFile::Make(std::string document) {
     New = std::move(document);
     return "";
-}
-
-std::string TEditedFile::GetChanged() const {
-    if (!IsThere) return New;
-    return Edit.IsEmpty() ? Bytes : Edit.GetEdited();
 }
 
 std::string TEditedFile::GetUnifiedDiff(const std::string& path) const {
@@ -60,7 +64,7 @@ std::string TEditedFile::GetUnifiedDiff(const std::string& path) const {
 bool TEditedFile::IsAsRead() const {
     std::string bytes;
     const TFileReadResult result = ReadWholeFile(File->Canonical(false), &bytes, nullptr);
-    return IsThere ? result == FILE_READ_DONE && bytes == Bytes : result == FILE_READ_MISSING;
+    return IsThere ? result == FILE_READ_DONE && bytes == GetBytes() : result == FILE_READ_MISSING;
 }
 
 std::string TEditedFile::Save() const {

@@ -24,8 +24,14 @@ public:
     bool Read(TXMLReadError* error);
     /// Whether there was a file to read.
     bool WasThere() const { return IsThere; }
-    const std::string& GetBytes() const { return Bytes; }
+    const std::string& GetBytes() const {
+        return Edit.GetDocument().empty() ? Bytes : Edit.GetDocument();
+    }
     const ISFileName* GetFile() const { return File; }
+
+    /// Reads the bytes into `list`, as ReadFromText() of the list does: Change() then needs no
+    /// second look at them.
+    bool ReadInto(TXMLList* list, TXMLReadError* error);
 
     /// Edits the bytes for the change between two streams, as TDocumentEdit does. `isAsWanted` is
     /// given the edited bytes, reads them and tells whether a reader finds what is wanted; when it
@@ -36,7 +42,7 @@ public:
     std::string Make(std::string document);
 
     /// As the file was read, without a change.
-    std::string GetChanged() const;
+    const std::string& GetChanged() const { return IsThere && Edit.IsEmpty() ? GetBytes() : New; }
     /// Of what was read and what a save writes, see TDocumentEdit; "" when they are the same.
     std::string GetUnifiedDiff(const std::string& path) const;
 
@@ -50,7 +56,7 @@ private:
     const ISFileName* File;
     std::optional<TFileLock> Lock;
     bool IsThere = false;  // as far as was read
-    std::string Bytes;
-    std::string New;  // of a missing file
+    std::string Bytes;     // until they are the document of the edit
+    std::string New;       // of a missing file, or with the edits
     TDocumentEdit Edit;
 };

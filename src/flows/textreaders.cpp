@@ -1,6 +1,7 @@
 #include "flows/textreaders.h"
 #include "buildfile/hdlbuildfile.h"
 #include "buildfile/hdlbuildfilexmllist.h"
+#include "flows/editedfile.h"
 #include "services/xml/xmlsectionfile.h"
 #include "settings/projectsimsettings.h"
 #include "simtools/serverconfigurationfilexmllist.h"
@@ -16,6 +17,9 @@ public:
 
     bool Read(const std::string& document, TXMLReadError* error) {
         return this->ReadFromText(document, error) && this->InterpretElements();
+    }
+    bool Read(TEditedFile* file, TXMLReadError* error) {
+        return file->ReadInto(this, error) && this->InterpretElements();
     }
 };
 
@@ -35,6 +39,12 @@ bool ReadBuildText(const std::string& document, const ISFileName* file, THdlBuil
     build->SetBuildFileName(file);
     TDocumentInMemory<THdlBuildFileXMLList> list(build);
     return list.Read(document, error);
+}
+
+bool ReadBuildText(TEditedFile* file, THdlBuildFile* build, TXMLReadError* error) {
+    build->SetBuildFileName(file->GetFile());
+    TDocumentInMemory<THdlBuildFileXMLList> list(build);
+    return list.Read(file, error);
 }
 
 bool ReadSimulatorsText(const std::string& document, const char* server,

@@ -4,6 +4,7 @@
 #include <string>
 
 class ISFileName;
+class TEditedFile;
 class TBaseSimToolServerClientCourier;
 class THdlBuildFile;
 class TProjectSimSettings;
@@ -16,6 +17,9 @@ class TProjectSimSettings;
 /// looked for on the disk, and missing ones shown in the message box, as when a file is read.
 bool ReadBuildText(const std::string& document, const ISFileName* file, THdlBuildFile* build,
                    TXMLReadError* error);
+
+/// The same of a file whose bytes were read, to be changed.
+bool ReadBuildText(TEditedFile* file, THdlBuildFile* build, TXMLReadError* error);
 
 /// `server` becomes the current server of `courier` and gets the tools, as when a file is read.
 bool ReadSimulatorsText(const std::string& document, const char* server,

@@ -73,6 +73,8 @@ int SaveEditedFile(TFileChange change, const std::string& reason, const TEditedF
         ReportError(streams, change.File + ": " + reason);
         return kExitFile;
     }
-    change.Diff = file.GetUnifiedDiff(change.File);
+    // What is saved is not shown.
+    if (arguments.DryRun || FindDifferences(change.Before, change.After).empty())
+        change.Diff = file.GetUnifiedDiff(change.File);
     return SaveChange(change, arguments, streams, [&file] { return file.Save(); });
 }

@@ -15,11 +15,8 @@ TXMLEncoding MakeUtf8Encoding() {
 
 class TPlacesReader {
 public:
-    using TPlace = TDocumentPlaces::TPlace;
-    using TIndex = TDocumentPlaces::TIndex;
-
-    explicit TPlacesReader(std::vector<TPlace>* places)
-        : Run(MakeUtf8Encoding(), this), Places(*places) {
+    explicit TPlacesReader(TPlaceCollector* collector)
+        : Run(MakeUtf8Encoding(), this), Collector(*collector) {
         XML_SetElementHandler(Run.GetParser(), OnStart, OnEnd);
     }
 
@@ -38,52 +35,58 @@ private:
     static TPlacesReader& From(void* userData) { return *static_cast<TPlacesReader*>(userData); }
 
     static void OnStart(void* userData, const XML_Char*, const XML_Char**) {
-        From(userData).Start();
+        TExpatRun& run = From(userData).Run;
+        const std::size_t begin = run.GetTokenBegin();
+        if (!From(userData).Collector.MeetStart(begin, begin + run.GetTokenLength()))
+            run.Refuse("more elements than can be edited");
     }
-    static void OnEnd(void* userData, const XML_Char*) { From(userData).End(); }
-
-    void Start() {
-        constexpr TIndex kNone = TDocumentPlaces::kNone;
-        // One level is the root that a document type may name.
-        if (Open.size() > kMaxXMLNesting || Places.size() == kNone)
-            return Run.Refuse("more elements than can be edited");
-        const std::size_t begin = Run.GetTokenBegin();
-        const std::size_t end = begin + Run.GetTokenLength();
-        const auto element = static_cast<TIndex>(Places.size());
-        Places.push_back(
-            {begin, end, end, end, Open.empty() ? kNone : Open.back(), kNone, kNone, kNone});
-        if (!Open.empty()) LinkChild(&Places[Open.back()], element);
-        Open.push_back(element);
-    }
-
-    void LinkChild(TPlace* parent, TIndex element) {
-        if (parent->LastChild == TDocumentPlaces::kNone)
-            parent->FirstChild = element;
-        else
-            Places[parent->LastChild].NextSibling = element;
-        parent->LastChild = element;
-    }
-
-    // Of an empty-element tag the end is met behind it, with nothing in it.
-    void End() {
-        if (Open.empty()) return;
-        TPlace& place = Places[Open.back()];
-        place.ContentEnd = Run.GetTokenBegin();
-        place.End = place.ContentEnd + Run.GetTokenLength();
-        Open.pop_back();
+    static void OnEnd(void* userData, const XML_Char*) {
+        const TExpatRun& run = From(userData).Run;
+        const std::size_t begin = run.GetTokenBegin();
+        From(userData).Collector.MeetEnd(begin, begin + run.GetTokenLength());
     }
 
     TExpatRun Run;
-    std::vector<TPlace>& Places;
-    std::vector<TIndex> Open;
+    TPlaceCollector& Collector;
 };
 
 }  // namespace
 
-bool TDocumentPlaces::Read(std::string_view text) {
-    Text = text;
+TPlaceCollector::TPlaceCollector(std::string_view text, TDocumentPlaces* places)
+    : Places(places->Places) {
+    places->Text = text;
+    places->Reason.clear();
     Places.clear();
-    if (TPlacesReader(&Places).Read(text, &Reason)) return true;
+}
+
+bool TPlaceCollector::MeetStart(std::size_t begin, std::size_t end) {
+    constexpr TIndex kNone = TDocumentPlaces::kNone;
+    // One level is the root that a document type may name.
+    if (Open.size() > kMaxXMLNesting || Places.size() == kNone) return false;
+    const auto element = static_cast<TIndex>(Places.size());
+    Places.push_back(
+        {begin, end, end, end, Open.empty() ? kNone : Open.back(), kNone, kNone, kNone});
+    if (!Open.empty()) {
+        TDocumentPlaces::TPlace& parent = Places[Open.back()];
+        (parent.LastChild == kNone ? parent.FirstChild : Places[parent.LastChild].NextSibling) =
+            element;
+        parent.LastChild = element;
+    }
+    Open.push_back(element);
+    return true;
+}
+
+void TPlaceCollector::MeetEnd(std::size_t begin, std::size_t end) {
+    if (Open.empty()) return;
+    TDocumentPlaces::TPlace& place = Places[Open.back()];
+    place.ContentEnd = begin;
+    place.End = end;
+    Open.pop_back();
+}
+
+bool TDocumentPlaces::Read(std::string_view text) {
+    TPlaceCollector collector(text, this);
+    if (TPlacesReader(&collector).Read(text, &Reason)) return true;
     Places.clear();
     return false;
 }

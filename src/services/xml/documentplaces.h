@@ -40,7 +40,26 @@ public:
     std::vector<TIndex> GetChildren(TIndex element) const;
 
 private:
+    friend class TPlaceCollector;
     std::string_view Text;
     std::vector<TPlace> Places;
     std::string Reason;
+};
+
+/// Takes over where elements stand, from whoever reads a document and meets its tags in order.
+class TPlaceCollector {
+public:
+    /// Both must outlive the object; the elements of `places` are dropped.
+    TPlaceCollector(std::string_view text, TDocumentPlaces* places);
+
+    /// False, with the tag left out, for more elements or levels than can be held.
+    bool MeetStart(std::size_t begin, std::size_t end);
+    /// Of an empty-element tag the end is met behind it, with nothing in it.
+    void MeetEnd(std::size_t begin, std::size_t end);
+
+private:
+    using TIndex = TDocumentPlaces::TIndex;
+
+    std::vector<TDocumentPlaces::TPlace>& Places;
+    std::vector<TIndex> Open;
 };

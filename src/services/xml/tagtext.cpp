@@ -39,6 +39,7 @@ void AppendReference(std::string_view reference, std::string* text) {
 }
 
 std::string Resolve(std::string_view raw, bool hasReferences, bool isAttribute) {
+    if (raw.find_first_of("&\r\n\t") == std::string_view::npos) return std::string(raw);
     std::string text;
     for (std::size_t i = 0; i < raw.size(); ++i) {
         const char c = raw[i];
@@ -59,7 +60,13 @@ std::string Resolve(std::string_view raw, bool hasReferences, bool isAttribute) 
 }  // namespace
 
 std::size_t FindNameEnd(std::string_view text, std::size_t begin) {
-    return std::min(text.find_first_of(" \t\r\n/>", begin + 1), text.size());
+    const auto isEnd = [](char c) {
+        return c == '>' || c == ' ' || c == '/' || c == '\t' || c == '\r' || c == '\n';
+    };
+    const auto end =
+        std::find_if(text.begin() + static_cast<std::ptrdiff_t>(std::min(begin + 1, text.size())),
+                     text.end(), isEnd);
+    return static_cast<std::size_t>(end - text.begin());
 }
 
 std::vector<TAttributePlace> FindAttributes(std::string_view text, std::size_t begin) {

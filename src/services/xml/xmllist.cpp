@@ -273,11 +273,17 @@ bool TXMLList::Parse(std::string_view document, std::string* released, TXMLReadE
 
 bool TXMLList::Parse(std::string_view document, std::string* released, TXMLReadError* error,
                      TXMLPlaces* places) {
+    return Parse(document, released, error, places, nullptr);
+}
+
+bool TXMLList::Parse(std::string_view document, std::string* released, TXMLReadError* error,
+                     TXMLPlaces* places, TDocumentPlaces* documentPlaces) {
     TElementSequence elements;
     TXMLReadError found;
     const std::string droppedRoot = RootHeld ? "" : GetDocumentTypeRoot(ToUtf8(DocumentType));
-    const bool isRead = ReadXMLDocument(document, droppedRoot, &elements, &found,
-                                        RootHeld ? &DocumentType : nullptr, released, places);
+    const bool isRead =
+        ReadXMLDocument(document, droppedRoot, &elements, &found,
+                        RootHeld ? &DocumentType : nullptr, released, places, documentPlaces);
     // The document may have been a text of this list.
     Flush(1);
     TakeOver(&elements);

@@ -9,6 +9,7 @@
 #include <vector>
 
 class ISFileName;
+class TDocumentPlaces;
 class TElementBlocks;
 class TElementSequence;
 class TPrintBuffer;
@@ -143,6 +144,7 @@ protected:
     virtual void HandleMissingOrInvalidFile(const char* path);
 
 private:
+    friend class TDocumentEdit;
     void PushChecked(const char* name, const TAttributeList* attributes, TElement::ElemTypes type,
                      std::string_view text);
     bool Save(const char* path, std::string* reason);
@@ -152,6 +154,8 @@ private:
     bool Parse(std::string_view document, std::string* released, TXMLReadError* error);
     bool Parse(std::string_view document, std::string* released, TXMLReadError* error,
                TXMLPlaces* places);
+    bool Parse(std::string_view document, std::string* released, TXMLReadError* error,
+               TXMLPlaces* places, TDocumentPlaces* documentPlaces);
     void TakeOver(TElementSequence* elements);
 
     TElementBlocks* Blocks = nullptr;  // where pushed elements lie; null: nothing was pushed yet

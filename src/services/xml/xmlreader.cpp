@@ -1,6 +1,7 @@
 #include "services/xml/xmlreader.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 #include "services/base/progress.h"
@@ -17,6 +18,7 @@ constexpr std::size_t kBytesAReport = std::size_t{1} << 16;
 struct TElementTarget {
     TElementSequence* Elements = nullptr;
     TXMLPlaces* Places = nullptr;
+    TDocumentPlaces* DocumentPlaces = nullptr;
     const TElementVisit* Visit = nullptr;  // null: they are kept
     TProgressWork Work = PROGRESS_READ_DOCUMENT;
 
@@ -44,6 +46,7 @@ public:
         XML_SetCharacterDataHandler(parser, OnText);
         XML_SetStartCdataSectionHandler(parser, OnCdataSection);
         if (Places) NotePlaces();
+        if (target.DocumentPlaces) CollectTags(document, target.DocumentPlaces);
         if (Visit) NoteBeginOfTexts();
         XML_SetDefaultHandler(parser, OnTokenBeforeRoot);
     }
@@ -89,6 +92,27 @@ private:
     void NotePlaces() {
         XML_SetElementHandler(Run.GetParser(), OnPlacedStart, OnPlacedEnd);
         NoteBeginOfTexts();
+    }
+
+    // Whoever wants these wants no places of elements, and is no observer.
+    void CollectTags(std::string_view document, TDocumentPlaces* places) {
+        Collector.emplace(document, places);
+        XML_SetElementHandler(Run.GetParser(), OnCollectedStart, OnCollectedEnd);
+    }
+
+    static void OnCollectedStart(void* userData, const XML_Char* name,
+                                 const XML_Char** attributes) {
+        TDocumentReader& reader = From(userData);
+        const std::size_t begin = reader.Run.GetTokenBegin();
+        (void)reader.Collector->MeetStart(begin, begin + reader.Run.GetTokenLength());
+        OnObservedStart(userData, name, attributes);
+    }
+
+    static void OnCollectedEnd(void* userData, const XML_Char* name) {
+        TDocumentReader& reader = From(userData);
+        const std::size_t begin = reader.Run.GetTokenBegin();
+        reader.Collector->MeetEnd(begin, begin + reader.Run.GetTokenLength());
+        OnEnd(userData, name);
     }
 
     void NoteBeginOfTexts() {
@@ -232,6 +256,7 @@ private:
     std::size_t MaxLevels;
     TElementSequence* Elements;  // null when they are visited
     TXMLPlaces* Places;          // null: nobody wants them
+    std::optional<TPlaceCollector> Collector;
     const TElementVisit* Visit;
     std::size_t TextBegin = 0;
     TProgress Progress;
@@ -282,11 +307,13 @@ bool Read(std::string_view document, std::string_view droppedRoot, const TElemen
 
 bool ReadXMLDocument(std::string_view document, std::string_view droppedRoot,
                      TElementSequence* elements, TXMLReadError* error, std::string* documentType,
-                     std::string* released, TXMLPlaces* places) {
-    return Read(document, droppedRoot, {elements, places}, error, documentType, released);
+                     std::string* released, TXMLPlaces* places, TDocumentPlaces* documentPlaces) {
+    return Read(document, droppedRoot, {elements, places, documentPlaces}, error, documentType,
+                released);
 }
 
 bool VisitXMLDocument(std::string_view document, std::string_view droppedRoot, TProgressWork work,
                       const TElementVisit& visit, TXMLReadError* error, std::string* released) {
-    return Read(document, droppedRoot, {nullptr, nullptr, &visit, work}, error, nullptr, released);
+    return Read(document, droppedRoot, {nullptr, nullptr, nullptr, &visit, work}, error, nullptr,
+                released);
 }

@@ -399,6 +399,43 @@ TEST(DocumentEdit, ReplacesTextsAmongCommentsAndSections) {
     });
 }
 
+// The dropped root, a mark and a document type are no elements of the list.
+TEST(DocumentEdit, KnowsTheElementsOfADocumentThatAListRead) {
+    const std::string type = "<!DOCTYPE L SYSTEM 'l.dtd'>";
+    const std::string document = type + "<!-- <a> --><L>\n<a/>\n<b>1</b>\n</L><!-- </L> -->";
+    for (const std::string mark : {"", "\xEF\xBB\xBF"}) {
+        TDocumentEdit edit;
+        TXMLList list;
+        list.SetDocumentType(type.c_str());
+        ASSERT_TRUE(edit.Read(mark + document, &list, nullptr));
+        EXPECT_EQ(list.GetCount(), 5u);
+        TXMLList base;
+        TXMLList wanted;
+        base.Push(TElement::START, "b", {});
+        base.Push(TElement::TEXT, {}, "1");
+        base.Push(TElement::END, "b", {});
+        wanted.PushTextElement("b", "2");
+        wanted.PushTextElement("c", "3");
+        ASSERT_TRUE(edit.Find(base, wanted, MakeTestRules())) << edit.GetReason();
+        EXPECT_EQ(edit.GetDocument(), mark + document);
+        const TDocumentEdit copy = edit;
+        EXPECT_EQ(copy.GetEdited(), mark + type +
+                                        "<!-- <a> --><L>\n<a/>\n<b>2</b>\n<c>3</c>\n</L>"
+                                        "<!-- </L> -->");
+    }
+}
+
+TEST(DocumentEdit, KeepsADocumentThatNoListCanRead) {
+    TDocumentEdit edit;
+    TXMLList list;
+    TXMLReadError error;
+    EXPECT_FALSE(edit.Read("<L><a></L>", &list, &error));
+    EXPECT_EQ(error.Reason, "mismatched tag: element \"a\" of line 1 is still open");
+    EXPECT_EQ(edit.GetDocument(), "<L><a></L>");
+    EXPECT_FALSE(edit.Find(list, list, MakeTestRules()));
+    EXPECT_EQ(edit.GetReason(), "mismatched tag");
+}
+
 TEST(DocumentEdit, RefusesWhatNoDocumentCanHold) {
     EXPECT_EQ(Edited("<L>", "<L/>", "<L a='1'/>"), "refused: no element found");
     EXPECT_EQ(Edited("<L/>", "<L/>", ""), "refused: a document cannot be without its root");

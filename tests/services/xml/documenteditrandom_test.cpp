@@ -370,6 +370,11 @@ TEST(DocumentEdit, GivesTheWantedModelForEveryChangeOfEveryDocument) {
         ASSERT_EQ(FindStrangers(edited), FindStrangers(document)) << both;
         ASSERT_EQ(FindInner(edited, model, wanted), FindInner(document, model, wanted)) << both;
         ASSERT_TRUE(edit.IsEmpty() || model != wanted) << both;
+        // The same when a reader has met the elements.
+        TXMLList list;
+        ASSERT_TRUE(edit.Read(document, &list, nullptr));
+        ASSERT_TRUE(edit.Find(base, changed, MakeModelRules()));
+        ASSERT_EQ(edit.GetEdited(), edited) << both;
         // The same in units of two bytes.
         const std::string mark = "\xFF\xFE";
         ASSERT_TRUE(edit.Find(mark + Utf16(document), base, changed, MakeModelRules()));

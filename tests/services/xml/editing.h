@@ -43,6 +43,14 @@ inline TDocumentEdit EditOf(const std::string& document, const std::string& base
     TDocumentEdit edit;
     const bool isFound = edit.Find(document, baseList, wantedList, rules);
     EXPECT_EQ(isFound, edit.GetReason().empty());
+    // The same when a reader has met the elements.
+    TDocumentEdit read;
+    TXMLList list;
+    if (read.Read(document, &list, nullptr)) {
+        EXPECT_EQ(read.Find(baseList, wantedList, rules), isFound);
+        EXPECT_EQ(read.GetEdited(), edit.GetEdited());
+    }
+    EXPECT_EQ(read.GetDocument(), document);
     return edit;
 }
 
