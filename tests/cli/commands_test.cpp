@@ -43,6 +43,7 @@ const std::map<std::string, TLine>& CommandLines() {
         {"scan", {"scan", "d.xml"}},
         {"graph", {"graph", "d.xml"}},
         {"export", {"export", "d.xml", "--to", "ghdl"}},
+        {"import", {"import", "vunit-csv", "t.csv", "-o", "n.xml"}},
         {"settings list", {"settings", "p.hpj", "list"}},
         {"settings show", {"settings", "p.hpj", "show"}},
         {"settings current", {"settings", "p.hpj", "current", "Debug"}},
@@ -83,6 +84,7 @@ public:
                                SourceText("a.vhd") + SourceText("e.vhd") + "</SourceFileGroup>"));
         Folder.Write("a.vhd", "architecture a of e is begin end;");
         Folder.Write("e.vhd", "entity e is end;");
+        Folder.Write("t.csv", "work,e.vhd\n");
         Folder.Write("p.hpj", ProjectText());
         Folder.Write("s.cfg",
                      "<HdlBuildFileList><ExternalSimulatorSettings><Tool Name=\"VCS\">Verilog"
@@ -220,6 +222,7 @@ TEST(CommandTable, ADryRunSaysTheSameAndChangesNothing) {
               "tool\n"
               "use\n"
               "scan\n"
+              "import\n"
               "settings current\n"
               "settings copy\n"
               "settings remove\n"

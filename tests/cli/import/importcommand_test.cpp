@@ -1,3 +1,4 @@
+#include "flows/imports/importformats.h"
 #include "tests/cli/toolrun.h"
 #include <gtest/gtest.h>
 
@@ -81,6 +82,25 @@ TEST(ImportCommand, TellsWhatItDidAsJson) {
               "{\n  \"format\": \"hdlbuild-import\",\n  \"version\": 1,\n"
               "  \"build\": \"b.xml\",\n  \"from\": \"vcs\",\n  " +
                   told);
+}
+
+TEST(ImportCommand, ListsTheFormats) {
+    const std::string text = ResultOf({"import", "list"});
+    std::string names;
+    for (std::size_t begin = 0; begin < text.size(); begin = text.find('\n', begin) + 1)
+        names += text.substr(begin, text.find(' ', begin) - begin) + "\n";
+    std::string json =
+        "{\n  \"format\": \"hdlbuild-import-formats\",\n  \"version\": 1,\n"
+        "  \"formats\": [";
+    std::string known;
+    for (const TImportFormat& format : GetImportFormats()) {
+        json += std::string(known.empty() ? "" : ",") + "\n    {\n      \"name\": \"" +
+                format.Name + "\",\n      \"description\": \"" + format.Description +
+                "\",\n      \"holds\": \"" + format.Holds + "\"\n    }";
+        known += std::string(format.Name) + "\n";
+    }
+    EXPECT_EQ(names, known);
+    EXPECT_EQ(ResultOf({"import", "list", "--json"}), json + "\n  ]\n}\n");
 }
 
 TEST(ImportCommand, RefusesWhatItCannotDo) {
