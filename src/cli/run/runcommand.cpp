@@ -13,6 +13,8 @@
 #include "flows/run/ninjarun.h"
 #include "flows/run/runrecipe.h"
 #include "flows/run/runscan.h"
+#include "services/files/filelock.h"
+#include "services/files/filereplace.h"
 #include "services/files/filestatus.h"
 #include <algorithm>
 
@@ -35,6 +37,7 @@ private:
     int CheckPlan();
     int FindPrograms();
     int Execute();
+    int CallNinja();
     void PrintDryRun();
     int Finish(const TNinjaOutcome& outcome);
     void ReportMissing(const TRunProgram& program) const;
@@ -211,6 +214,18 @@ int TBuildRun::Execute() {
     if (Arguments.DryRun) {
         PrintDryRun();
         return kExitDone;
+    }
+    return CallNinja();
+}
+
+int TBuildRun::CallNinja() {
+    // Two runs in one folder would write into the same libraries.
+    const std::string file = Options.Wishes.Folder + "build.ninja";
+    MakeDirectoryOf(file.c_str());
+    const TFileLock lock(file.c_str());
+    if (!lock.IsHeld()) {
+        ReportError(Streams, PathText(file.c_str(), Paths) + ": " + lock.GetReason());
+        return kExitFile;
     }
     const std::string reason = WriteRunFiles(Steps, Options.Wishes.Folder, GetOwnProgram());
     if (!reason.empty()) {

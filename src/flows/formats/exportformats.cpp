@@ -29,6 +29,10 @@ const std::vector<TExportFormat>& GetExportFormats() {
          "libraries, order, standard, include and library directories, library files, defines, "
          "delays, tops, options",
          WriteMakefile},
+        {"ninja", "File for ninja that calls GHDL and Icarus Verilog",
+         "libraries, order, needs, standard, include and library directories, library files, "
+         "defines, delays, tops, options",
+         WriteNinjaFile},
         {"osvvm", "Script (.pro) for OSVVM", "libraries, order, standard, tops", WriteOsvvmScript},
         {"slang", "Command file for slang",
          "include and library directories, library files, defines, top", WriteSlangList},

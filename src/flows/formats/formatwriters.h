@@ -15,6 +15,7 @@ TExported WriteHdlPrj(const TExportRequest& request);
 TExported WriteIcarusList(const TExportRequest& request);
 TExported WriteLibraryMap(const TExportRequest& request);
 TExported WriteMakefile(const TExportRequest& request);
+TExported WriteNinjaFile(const TExportRequest& request);
 TExported WriteOsvvmScript(const TExportRequest& request);
 TExported WriteSlangList(const TExportRequest& request);
 TExported WriteSvls(const TExportRequest& request);

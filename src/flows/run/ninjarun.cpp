@@ -23,6 +23,36 @@ bool IsProgress(std::string_view line) {
            line.substr(0, end).find_first_not_of("[0123456789/") == std::string_view::npos;
 }
 
+/// The names of the files in a folder.
+std::vector<std::string> ListFiles(const std::string& folder) {
+    std::vector<std::string> names;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(NativePath(folder), error)) {
+        const std::u8string name = entry.path().filename().u8string();
+        names.emplace_back(name.begin(), name.end());
+    }
+    return names;
+}
+
+/// What a source that was taken out of the build has left in the libraries of a tool would still be
+/// found there: they are made anew.
+void ForgetLibraries(const std::string& tool, const std::set<std::string>& steps,
+                     const std::string& folder) {
+    constexpr std::string_view kAnalysis = "analyse-";
+    bool isForgotten = false;
+    std::error_code error;
+    for (const std::string& name : ListFiles(folder + "steps/" + tool)) {
+        if (!name.starts_with(kAnalysis) || steps.contains(tool + "/" + name)) continue;
+        isForgotten = true;
+        std::filesystem::remove(NativePath(folder + "steps/" + tool + "/" + name), error);
+    }
+    if (!isForgotten) return;
+    for (const std::string& name : ListFiles(folder + "done/" + tool))
+        if (name.starts_with(kAnalysis))
+            std::filesystem::remove(NativePath(folder + "done/" + tool + "/" + name), error);
+    std::filesystem::remove_all(NativePath(folder + tool + "/libraries"), error);
+}
+
 /// Takes ninja's own words out of what it prints.
 class TNinjaLines {
 public:
@@ -132,6 +162,12 @@ private:
 
 std::string WriteRunFiles(const TRunPlan& run, const std::string& folder,
                           const std::string& program) {
+    std::set<std::string> steps, tools;
+    for (const TRunStep& step : run.Steps) {
+        steps.insert(step.Name);
+        tools.insert(step.Name.substr(0, step.Name.find('/')));
+    }
+    for (const std::string& tool : tools) ForgetLibraries(tool, steps, folder);
     for (const auto& [path, text] : run.Files)
         if (std::string reason = WriteNew(path, text); !reason.empty()) return reason;
     for (const TRunStep& step : run.Steps)

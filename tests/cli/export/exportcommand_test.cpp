@@ -46,6 +46,9 @@ TEST(ExportCommand, ListsTheFormats) {
               "make              Makefile for GHDL and Icarus Verilog                             "
               "libraries, order, standard, include and library directories, library files, "
               "defines, delays, tops, options\n"
+              "ninja             File for ninja that calls GHDL and Icarus Verilog                "
+              "libraries, order, needs, standard, include and library directories, library files, "
+              "defines, delays, tops, options\n"
               "osvvm             Script (.pro) for OSVVM                                          "
               "libraries, order, standard, tops\n"
               "slang             Command file for slang                                           "
@@ -108,8 +111,8 @@ TEST(ExportCommand, RefusesWhatItDoesNotKnowAndWhatItWouldReplace) {
         {{"export", "b.xml", "--to", "iccarus"},
          "2\nhdlbuild: error: unknown format 'iccarus'; nearest: icarus; known: list, blueprint, "
          "compile-commands, depfile, edam-json, edam-yaml, filelist, fusesoc, ghdl, hdl-prj, "
-         "icarus, libmap, make, osvvm, slang, svls, vcs, verible, verilator, vhdl-ls, vsim, vunit, "
-         "vunit-csv\n"},
+         "icarus, libmap, make, ninja, osvvm, slang, svls, vcs, verible, verilator, vhdl-ls, vsim, "
+         "vunit, vunit-csv\n"},
         {{"export", "--to", "ghdl"}, "2\nhdlbuild: error: BUILD is required\n"},
         {{"export", "b.xml", "--to", "icarus", "--top", "topp"},
          "2\nhdlbuild: error: unknown top-level component 'topp'; known: "

@@ -120,3 +120,27 @@ TEST(ExportedBuilds, AreScriptsThatTclReads) {
                                             "library|work\n"
                                             "analyze|a $b [c] {d\".vhd\n")));
 }
+
+TEST(ExportedBuilds, AreBuiltByNinja) {
+    if (!IsInstalled("ninja") || !IsInstalled("ghdl")) GTEST_SKIP() << "not installed";
+    const WorkingFolder folder;
+    folder.Write("it's $here/p.vhd", "package p is constant c : natural := 16; end package;\n");
+    folder.Write("tb.vhd",
+                 "library util; use util.p.all;\nentity tb is end;\n"
+                 "architecture sim of tb is begin\n"
+                 "  assert false report integer'image(c) severity note;\nend;\n");
+    folder.Write("my build.xml",
+                 BuildText("<TopLevelComponents><ComponentList Language=\"VHDL\"><Component "
+                           "Library=\"work\" Architecture=\"sim\">tb</Component></ComponentList>"
+                           "</TopLevelComponents>\n<SourceFileGroup Language=\"VHDL\">\n" +
+                           SourceText("tb.vhd", {"it's $here/p.vhd"}) +
+                           SourceText("it's $here/p.vhd", {}, "PrecompiledLibrary=\"util\"") +
+                           "</SourceFileGroup>\n"));
+    EXPECT_EQ(Export({"--to", "ninja", "-o", "build.ninja"}), "");
+    const std::string simulation = "simulate work.tb(sim)\ntb.vhd:4:3:@0ms:(assertion note): 16\n";
+    EXPECT_EQ(Shell("NINJA_STATUS= ninja"),
+              std::make_pair(0, "analyse util.p\nanalyse work.tb\n" + simulation));
+    EXPECT_EQ(Shell("ninja"), std::make_pair(0, std::string("ninja: no work to do.\n")));
+    folder.Write("tb.vhd", folder.Read("tb.vhd") + "-- changed\n");
+    EXPECT_EQ(Shell("NINJA_STATUS= ninja"), std::make_pair(0, "analyse work.tb\n" + simulation));
+}

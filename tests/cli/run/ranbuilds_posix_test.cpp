@@ -120,6 +120,22 @@ TEST(RanBuilds, StopAtAFaultAndGoOnWhenItIsMended) {
                   "[4/4] simulate work.b(sim)\n");
 }
 
+TEST(RanBuilds, ForgetSourcesThatWereTakenOut) {
+    if (!IsInstalled("ghdl")) GTEST_SKIP() << "ghdl is not installed";
+    const WorkingFolder folder;
+    WriteVhdl(folder);
+    EXPECT_EQ(Ran("--with ghdl").substr(0, 1), "s");
+    folder.Write("my build.xml", BuildText(TopsText("VHDL", {{"b", "sim"}}) +
+                                           "<SourceFileGroup Language=\"VHDL\">\n" +
+                                           SourceText("b.vhd") + "</SourceFileGroup>\n"));
+    EXPECT_EQ(Ran("--with ghdl"),
+              "1\nsimulation  result  time  log\nwork.b(sim)  not run  -  -\n"
+              "0 passed, 0 failed, 1 not run\n[1/2] analyse work.b\n"
+              "./b.vhd:1:10: unit \"q\" not found in library \"work\"\nuse work.q.all;\n  ^\n"
+              "./b.vhd:3:21: entity 'b' was not analysed\narchitecture sim of b is begin\n  ^\n"
+              "analyse work.b failed: exit status 1\n");
+}
+
 // A note passes; what fails is told by the message that failed it.
 TEST(RanBuilds, FailUnderEveryToolByErrorsAndTime) {
     const struct {
@@ -228,6 +244,119 @@ TEST(RanBuilds, FailUnderVerilatorByErrorsAndTime) {
         EXPECT_TRUE(result.ends_with(std::string("simulate work.t failed: ") + row.Reason + "\n"))
             << result;
     }
+}
+
+TEST(RanBuilds, DoUnderIcarusWhatHasChangedAlone) {
+    if (!IsInstalled("iverilog")) GTEST_SKIP() << "iverilog is not installed";
+    const WorkingFolder folder;
+    folder.Write("my inc/width.vh", "`define WIDTH 4\n");
+    folder.Write("my lib/cell_a.v", "module cell_a(output y); assign y = 1; endmodule\n");
+    folder.Write("my lib/other.txt", "not a source\n");
+    folder.Write("my rtl/top.v",
+                 "`include \"width.vh\"\nmodule top;\n  parameter N = 1;\n  wire [`WIDTH-1:0] y;\n"
+                 "  cell_a c(y[0]);\n  initial #1 $display(\"%0d %b %0d\", `TAPS, y[0], N);\n"
+                 "endmodule\n");
+    folder.Write(
+        "my build.xml",
+        BuildText(TopsText("Verilog", {{"top", ""}}) +
+                  "<ProjectLanguageConfigurationList><LanguageSettings Language=\"Verilog\">"
+                  "<IncludeDirectories><Directory>my inc</Directory></IncludeDirectories>"
+                  "<LibraryDirectories><Directory>my lib</Directory></LibraryDirectories>"
+                  "<LibraryExtensions><Extension>.v</Extension></LibraryExtensions>"
+                  "<BuildOptions>+define+TAPS=16</BuildOptions></LanguageSettings>"
+                  "</ProjectLanguageConfigurationList>\n<SourceFileGroup Language=\"Verilog\">\n" +
+                  SourceText("my rtl/top.v") + "</SourceFileGroup>\n"));
+    const std::string head = "simulation  result  time  log\nwork.top  passed  T s";
+    const std::string tail =
+        "  my build.run/logs/icarus/simulate-work.top-D.log\n1 passed, 0 failed, 0 not run\n";
+    const std::string all = head + tail + "[1/2] compile work.top\n[2/2] simulate work.top\n";
+    EXPECT_EQ(Ran("--with icarus -g N=7"), all);
+    EXPECT_EQ(Shell("cat 'my build.run'/logs/icarus/simulate*"),
+              std::make_pair(0, std::string("16 1 7\n")));
+    EXPECT_EQ(Ran("--with icarus -g N=7"), head + " before" + tail);
+    for (const char* file : {"my inc/width.vh", "my lib/cell_a.v", "my rtl/top.v"}) Touch(file);
+    AppendTo("my lib/other.txt", "changed\n");
+    EXPECT_EQ(Ran("--with icarus -g N=7"), head + " before" + tail);
+    for (const char* file : {"my inc/width.vh", "my lib/cell_a.v", "my rtl/top.v"}) {
+        AppendTo(file, "// changed\n");
+        EXPECT_EQ(Ran("--with icarus -g N=7"), all) << file;
+    }
+    EXPECT_EQ(Ran("--with icarus -g N=8"), all);
+    EXPECT_EQ(Ran("--with icarus -g N=8 -- +x"), head + tail + "[1/1] simulate work.top\n");
+}
+
+TEST(RanBuilds, TellOfBothLanguagesWithWavesAndAReport) {
+    if (!IsInstalled("ghdl") || !IsInstalled("iverilog")) GTEST_SKIP() << "not installed";
+    const WorkingFolder folder;
+    folder.Write("a.vhd",
+                 "entity a is end;\narchitecture s of a is signal x : bit; begin x <= '1';\n"
+                 "  assert x = '1' report \"<&>\" severity error; end;\n");
+    folder.Write("t.v", "module t; reg x; initial begin x = 0; #1 x = 1; end endmodule\n");
+    folder.Write("launch",
+                 "#!/bin/sh\necho ${1##*/} >>'" + folder.Path("calls") + "'\nexec \"$@\"\n");
+    std::filesystem::permissions("launch", std::filesystem::perms::owner_all);
+    std::string tops = TopsText("VHDL", {{"a", "s"}}) + TopsText("Verilog", {{"t", ""}});
+    const std::string between = "</TopLevelComponents>\n<TopLevelComponents>";
+    tops.erase(tops.find(between), between.size());
+    folder.Write("my build.xml",
+                 BuildText(tops + "<SourceFileGroup Language=\"VHDL\">\n" + SourceText("a.vhd") +
+                           "</SourceFileGroup>\n<SourceFileGroup Language=\"Verilog\">\n" +
+                           SourceText("t.v") + "</SourceFileGroup>\n"));
+    const std::string result =
+        Ran("--with ghdl --with icarus --waves --keep-going --jobs 1 --junit report.xml "
+            "--launcher " +
+            folder.Path("launch"));
+    EXPECT_EQ(result.substr(0, result.find("[1/")),
+              "1\n"
+              "simulation  result  time  log  waves\n"
+              "work.a(s)  failed  T s  my build.run/logs/ghdl/simulate-work.a_s_-D.log  "
+              "my build.run/ghdl/work/work.a_s_-D/waves.ghw\n"
+              "work.t  passed  T s  my build.run/logs/icarus/simulate-work.t-D.log  "
+              "my build.run/icarus/work/work.t-D/waves.vcd\n"
+              "1 passed, 1 failed, 0 not run\n");
+    EXPECT_EQ(
+        Shell("sort calls; ls 'my build.run'/*/work/* | grep waves; grep -c 'var reg' 'my "
+              "build.run'/icarus/work/*/waves.vcd"),
+        std::make_pair(0, std::string("ghdl\nghdl\niverilog\nvvp\nwaves.ghw\nwaves.vcd\n1\n")));
+    EXPECT_EQ(Shell("/usr/bin/python3 -c \"import xml.etree.ElementTree as t; "
+                    "s = t.parse('report.xml').getroot(); print(s.attrib['tests'], "
+                    "s.attrib['failures']); print([(c.attrib['classname'], c.attrib['name'], "
+                    "[f.text.count('<&>') for f in c]) for c in s.iter('testcase')])\""),
+              std::make_pair(0, std::string("2 1\n[('ghdl.work', 'a(s)', [1]), ('icarus.work', "
+                                            "'t', [])]\n")));
+}
+
+// Nothing that was running outlives the tool, and what was done is not done again.
+TEST(RanBuilds, GoOnBehindAnInterruption) {
+    if (!IsInstalled("ghdl")) GTEST_SKIP() << "ghdl is not installed";
+    const WorkingFolder folder;
+    folder.Write("p.vhd", "package p is constant c : natural := 16; end package;\n");
+    folder.Write("t.vhd",
+                 "use std.textio.all;\nuse work.p.all;\nentity t is end;\n"
+                 "architecture s of t is begin process\n  file f : text open write_mode is \"" +
+                     folder.Path("begun") +
+                     "\";\nbegin loop wait for 1 ns; end loop; end process; end;\n");
+    folder.Write(
+        "my build.xml",
+        BuildText(TopsText("VHDL", {{"t", "s"}}) + "<SourceFileGroup Language=\"VHDL\">\n" +
+                  SourceText("p.vhd") + SourceText("t.vhd", {"p.vhd"}) + "</SourceFileGroup>\n"));
+    const std::string command = HDLBUILD_PROGRAM " run 'my build.xml' --with ghdl";
+    EXPECT_EQ(Shell(command + " >out 2>err & p=$!; until test -e begun; do sleep 0.05; done; "
+                              "kill -INT $p; wait $p; echo $?; cat out err; "
+                              "ls -l /proc/[0-9]*/cwd 2>/dev/null | grep -c 'my build.run/ghdl'")
+                  .second,
+              "1\n"
+              "simulation  result   time  log\n"
+              "work.t(s)   not run  -     -\n"
+              "0 passed, 0 failed, 1 not run\n"
+              "[1/3] analyse work.p\n[2/3] analyse work.t\n"
+              "hdlbuild: error: interrupted\n"
+              "0\n");
+    const std::string again = Ran("--with ghdl --timeout 1");
+    EXPECT_TRUE(
+        again.ends_with("0 passed, 1 failed, 0 not run\n[1/1] simulate work.t(s)\n"
+                        "simulate work.t(s) failed: not done after 1 s\n"))
+        << again;
 }
 
 TEST(RanBuilds, AreRefusedWhereMakeFails) {

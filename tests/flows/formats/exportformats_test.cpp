@@ -8,7 +8,8 @@ TEST(ExportFormats, AreInAlphabeticOrder) {
     EXPECT_EQ(
         names,
         "blueprint compile-commands depfile edam-json edam-yaml filelist fusesoc ghdl hdl-prj "
-        "icarus libmap make osvvm slang svls vcs verible verilator vhdl-ls vsim vunit vunit-csv ");
+        "icarus libmap make ninja osvvm slang svls vcs verible verilator vhdl-ls vsim vunit "
+        "vunit-csv ");
 }
 
 TEST(ExportFormats, AreFoundByTheirNames) {
