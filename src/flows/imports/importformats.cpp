@@ -7,15 +7,27 @@
 
 const std::vector<TImportFormat>& GetImportFormats() {
     static const std::vector<TImportFormat> formats = {
+        {"bender", "What `bender sources -f` prints", "order, include directories, defines",
+         ORDER_COUNTS, ReadBender},
         {"blueprint", "Tab-separated list of Orbit", "libraries, order", ORDER_COUNTS,
          ReadBlueprint},
+        {"compile-commands", "compile_commands.json of sources in C++ and SystemC",
+         "include directories, options", ORDER_DOES_NOT_COUNT, ReadCompileCommands},
         {"depfile", "Rules of make that name files, as Verilator writes with -MMD",
          "folders of included files", ORDER_DOES_NOT_COUNT, ReadDepfile},
+        {"edam-json", "EDAM of Edalize, as JSON",
+         "libraries, order, standard, include directories, defines, tops", ORDER_COUNTS,
+         ReadEdamJson},
+        {"edam-yaml", "EDAM of Edalize and FuseSoC, as YAML",
+         "libraries, order, standard, include directories, defines, tops", ORDER_COUNTS,
+         ReadEdamYaml},
         {"filelist", "Command file of Verilog sources in the words of any simulator",
          "libraries, include and library directories, library files, defines, delays, top, options",
          ORDER_COUNTS, ReadFileList},
         {"ghdl-order", "What `ghdl --elab-order` prints, with or without --libraries",
          "libraries, order", ORDER_COUNTS, ReadGhdlOrder},
+        {"hdl-prj", "hdl-prj.json of the language server of GHDL",
+         "libraries, order, standard, options", ORDER_COUNTS, ReadHdlPrj},
         {"hdlmake", "Manifest.py of hdlmake, as far as it is literal",
          "libraries, include directories, tops, options", ORDER_DOES_NOT_COUNT,
          ReadHdlmakeManifest},
@@ -39,8 +51,12 @@ const std::vector<TImportFormat>& GetImportFormats() {
         {"verilator", "Command file of Verilator",
          "include and library directories, library files, defines, top, options", ORDER_COUNTS,
          ReadVerilatorList},
+        {"vhdl-ls", "vhdl_ls.toml of the VHDL language server", "libraries, standard, patterns",
+         ORDER_DOES_NOT_COUNT, ReadVhdlLs},
         {"vunit-csv", "List of sources that VUnit reads", "libraries", ORDER_DOES_NOT_COUNT,
          ReadVunitTable},
+        {"vunit-json", "What VUnit's run.py writes with --export-json", "libraries, order",
+         ORDER_COUNTS, ReadVunitJson},
     };
     return formats;
 }

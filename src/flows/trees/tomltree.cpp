@@ -1,4 +1,8 @@
-// The library's own limits and ways are chosen before it is included.
+// The library's own limits and ways are chosen before it is included. It asserts what a wrong file
+// may break, and with NDEBUG takes it for granted: without both it tells the fault.
+#pragma push_macro("NDEBUG")
+#undef NDEBUG
+#define TOML_ASSERT(expression) static_assert(true)
 #define TOML_EXCEPTIONS 0
 #define TOML_ENABLE_FORMATTERS 0
 #define TOML_MAX_NESTED_VALUES 64
@@ -6,6 +10,7 @@
 #include "flows/trees/treereaders.h"
 #include <algorithm>
 #include <toml++/toml.h>
+#pragma pop_macro("NDEBUG")
 
 namespace {
 

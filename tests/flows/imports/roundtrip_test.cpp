@@ -92,6 +92,7 @@ std::string MarksOf(const std::string& format, const TMakeRecord& make, const TN
 }
 
 THdlLanguage LanguageOf(const std::string& format) {
+    if (format == "compile-commands") return LANGUAGE_CPLUSPLUS;
     return format == "vhdl-ls" || format == "hdl-prj" ? LANGUAGE_VHDL : LANGUAGE_VERILOG;
 }
 
@@ -107,6 +108,9 @@ public:
         std::stable_sort(
             imported.Sources.begin(), imported.Sources.end(),
             [](const auto& one, const auto& other) { return one.Language < other.Language; });
+        if (count % 2 == 0)
+            imported.Sources.push_back(
+                SourceOf(Folder.Path(Name(count) + ".cpp"), LANGUAGE_CPLUSPLUS));
         AddSettings(&imported);
         const TImportedSource& first = imported.Sources.front();
         const std::string library = first.Library.empty() ? "work" : first.Library;
@@ -174,7 +178,9 @@ TEST(RoundTrip, GivesTheNamesThatTheExporterTakes) {
         const THdlLanguage language = LanguageOf(format);
         const auto make = [&](const std::string& name, const ImportFolder& folder) {
             TImported imported;
-            const std::string path = name + (language == LANGUAGE_VHDL ? ".vhd" : ".v");
+            const std::string path = name + (language == LANGUAGE_VHDL        ? ".vhd"
+                                             : language == LANGUAGE_CPLUSPLUS ? ".cpp"
+                                                                              : ".v");
             imported.Sources = {SourceOf(
                 name[1] == ':' && name[2] == '/' ? path : folder.Path("s/" + path), language)};
             return imported;

@@ -46,6 +46,9 @@ TEST(TomlTree, TellsWhatIsWrongAndWhere) {
         {"\"\xC3\xA4\" = [1,,2]\n",
          "1:11: Error while parsing array: expected value or closing ']', saw comma"},
         {"a = \"\xFF\"\n", "1:5: Encountered invalid utf-8 sequence"},
+        {"[>\n",
+         "1:2: Error while parsing key: expected bare key starting character or string delimiter, "
+         "saw '>'"},
         {"a = \"x\n",
          "1:7: Error while parsing string: unescaped control characters other than TAB (U+0009) "
          "are explicitly prohibited"},

@@ -1,0 +1,153 @@
+#include "flows/imports/formatreaders.h"
+#include "flows/imports/treeimport.h"
+#include <algorithm>
+
+namespace {
+
+/// What stands before the dash of a type.
+struct TEdamType {
+    std::string_view Name;
+    THdlLanguage Language;
+};
+
+constexpr TEdamType kEdamTypes[] = {
+    {"verilogSource", LANGUAGE_VERILOG}, {"systemVerilogSource", LANGUAGE_VERILOG},
+    {"vhdlSource", LANGUAGE_VHDL},       {"cSource", LANGUAGE_CPLUSPLUS},
+    {"cppSource", LANGUAGE_CPLUSPLUS},   {"systemCSource", LANGUAGE_SYSTEMC}};
+
+/// What stands behind the dash of VHDL.
+struct TEdamYear {
+    std::string_view Name;
+    const char* Year;
+};
+
+constexpr TEdamYear kEdamYears[] = {
+    {"87", "1987"}, {"93", "1993"}, {"2002", "2002"}, {"2008", "2008"}, {"2019", "2019"}};
+
+constexpr const char* kSystemVerilogYear = "2012";
+
+bool IsTrue(const TTree* value) {
+    constexpr std::string_view kTrue[] = {"true", "True", "TRUE", "yes", "Yes",
+                                          "YES",  "on",   "On",   "ON",  "1"};
+    return value && std::find(std::begin(kTrue), std::end(kTrue), value->Text) != std::end(kTrue);
+}
+
+/// Reads the tree, whatever it was written in.
+class TEdamReader {
+public:
+    explicit TEdamReader(TTreeImport* tree) : Tree(*tree) {}
+
+    void Read();
+
+private:
+    void ReadTop(const TTree& value);
+    void ReadFile(const TTree& file);
+    bool ReadType(const TTree& file, const std::string& name, TImportedSource* source);
+    void ReadStandard(const TTree& file, const std::string& standard, TImportedSource* source);
+    void ReadParameter(const TTree& parameter);
+
+    TTreeImport& Tree;
+};
+
+// The name and the version are those of the file, not of what is built.
+void TEdamReader::Read() {
+    const TTree& root = Tree.GetRoot();
+    Tree.LoseOthers(root, {"version", "name", "toplevel", "files", "parameters"});
+    if (const TTree* const top = root.Find("toplevel")) {
+        if (top->IsList())
+            for (const TTree& name : top->Values) ReadTop(name);
+        else if (top->Kind != TREE_NULL)
+            ReadTop(*top);
+    }
+    for (const TTree& file : Tree.ListIn(root, "files"))
+        if (Tree.IsMap(file)) ReadFile(file);
+    for (const TTree& parameter : Tree.MapIn(root, "parameters"))
+        if (Tree.IsMap(parameter)) ReadParameter(parameter);
+}
+
+// Names between blanks; a point behind a library.
+void TEdamReader::ReadTop(const TTree& value) {
+    if (!Tree.IsSingle(value)) return;
+    std::string_view names = value.Text;
+    while (!names.empty()) {
+        const std::size_t length = std::min(names.find(' '), names.size());
+        const std::string name(names.substr(0, length));
+        const std::size_t point = name.find('.');
+        TBuildTop top{LANGUAGE_NONE, "", name, ""};
+        if (point != std::string::npos)
+            top = {LANGUAGE_VHDL, name.substr(0, point), name.substr(point + 1), ""};
+        if (!name.empty()) Tree.GetReader().AddTop(top, Tree.PlaceOf(value));
+        names.remove_prefix(std::min(length + 1, names.size()));
+    }
+}
+
+void TEdamReader::ReadFile(const TTree& file) {
+    const std::string name = Tree.TextIn(file, "name");
+    if (name.empty()) return Tree.Fail("a file without a name", file);
+    Tree.LoseOthers(file, {"name", "file_type", "logical_name", "is_include_file", "include_path"});
+    TImportedSource source;
+    source.Path = Tree.PathOf(name);
+    source.Library = Tree.TextIn(file, "logical_name");
+    source.Place = Tree.PlaceOf(file);
+    if (!ReadType(file, name, &source)) return;
+    if (!IsTrue(Tree.ValueIn(file, "is_include_file")))
+        return Tree.GetReader().AddSource(std::move(source));
+    std::string folder = Tree.TextIn(file, "include_path");
+    const std::size_t slash = name.find_last_of("/\\");
+    if (folder.empty()) folder = slash == std::string::npos ? "." : name.substr(0, slash);
+    Tree.AddIncludeDirectory(source.Language, folder, file);
+}
+
+bool TEdamReader::ReadType(const TTree& file, const std::string& name, TImportedSource* source) {
+    const std::string type = Tree.TextIn(file, "file_type");
+    const std::size_t dash = std::min(type.find('-'), type.size());
+    for (const TEdamType& known : kEdamTypes) {
+        if (known.Name != type.substr(0, dash)) continue;
+        source->Language = known.Language;
+        if (known.Name == "systemVerilogSource" && !name.ends_with(".sv") &&
+            !name.ends_with(".svh") && !IsTrue(file.Find("is_include_file")))
+            Tree.GetReader().SetStandard(LANGUAGE_VERILOG, kSystemVerilogYear, Tree.PlaceOf(file));
+        if (dash < type.size()) ReadStandard(file, type.substr(dash + 1), source);
+        return true;
+    }
+    Tree.Lose("the file " + name + (type.empty() ? " without a type" : " of the type " + type),
+              file);
+    return false;
+}
+
+void TEdamReader::ReadStandard(const TTree& file, const std::string& standard,
+                               TImportedSource* source) {
+    if (source->Language == LANGUAGE_VHDL)
+        for (const TEdamYear& known : kEdamYears)
+            if (known.Name == standard)
+                return Tree.GetReader().SetStandard(LANGUAGE_VHDL, known.Year, Tree.PlaceOf(file));
+    Tree.LoseOnce("the standard " + standard, file);
+}
+
+void TEdamReader::ReadParameter(const TTree& parameter) {
+    Tree.LoseOthers(parameter, {"datatype", "default", "paramtype", "description"});
+    const std::string kind = Tree.TextIn(parameter, "paramtype");
+    const TTree* const value = parameter.Find("default");
+    const bool isBoolean = Tree.TextIn(parameter, "datatype") == "bool";
+    if (kind != "vlogdefine")
+        return Tree.Lose("the parameter " + parameter.Key + " that is a " + kind, parameter);
+    if (!value || !value->IsSingle() || (isBoolean && !IsTrue(value)))
+        return Tree.Lose("the define " + parameter.Key + " that is not set", parameter);
+    Tree.GetReader().AddDefine(isBoolean ? parameter.Key : parameter.Key + "=" + value->Text,
+                               Tree.KeyPlaceOf(parameter));
+}
+
+void ReadEdam(TImportReader& reader, const TImportFile& file, TTreeImport::TReadTree read) {
+    TTreeImport tree(reader, file);
+    if (tree.Read(read, TREE_MAP)) TEdamReader(&tree).Read();
+}
+
+}  // namespace
+
+void ReadEdamJson(TImportReader& reader, const TImportFile& file) {
+    ReadEdam(reader, file, ReadJsonTree);
+}
+
+void ReadEdamYaml(TImportReader& reader, const TImportFile& file) {
+    ReadEdam(reader, file, ReadYamlTree);
+}

@@ -1,0 +1,96 @@
+#include "tests/flows/imports/importedtext.h"
+#include <gtest/gtest.h>
+
+TEST(EdamFiles, GiveTheirFilesInOrder) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("edam-yaml",
+                              "version: 0.2.1\n"
+                              "name: adc\n"
+                              "toplevel: adc_tb util.tb\n"
+                              "files:\n"
+                              "  - {name: inc/taps.vh, file_type: verilogSource, is_include_file: "
+                              "true, include_path: inc}\n"
+                              "  - {name: x/a.vh, file_type: verilogSource, is_include_file: yes}\n"
+                              "  - {name: x/b.vh, file_type: verilogSource, is_include_file: yes}\n"
+                              "  - {name: rtl/p.vhd, file_type: vhdlSource-2008, logical_name: s}\n"
+                              "  - {name: /q/t.sv, file_type: systemVerilogSource}\n"
+                              "  - {name: u.c, file_type: cSource}\n"
+                              "parameters:\n"
+                              "  TAPS: {datatype: int, default: 16, paramtype: vlogdefine}\n"
+                              "  FAST: {datatype: bool, default: true, paramtype: vlogdefine}\n"),
+              "in/list:8:5 VHDL s in/rtl/p.vhd\n"
+              "in/list:9:5 Verilog  /q/t.sv\n"
+              "in/list:10:5 C++  in/u.c\n"
+              "in/list:3:11 top VHDL .adc_tb\n"
+              "in/list:3:11 top VHDL util.tb\n"
+              "in/list:5:5 include in/inc\n"
+              "in/list:6:5 include in/x\n"
+              "in/list:12:3 define TAPS=16\n"
+              "in/list:13:3 define FAST=\n"
+              "in/list:8:5 standard 2008\n"
+              "in/list:9:5 HB701 a build has no words for the order of Verilog behind VHDL\n");
+}
+
+TEST(EdamFiles, ReadTheSameTreeAsJson) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("edam-json",
+                              "{\"name\": \"n\", \"toplevel\": [\"a\"],\n"
+                              " \"files\": [{\"name\": \"a.v\", \"file_type\": "
+                              "\"systemVerilogSource\"}]}"),
+              "in/list:2:12 Verilog  in/a.v\n"
+              "in/list:1:28 top Verilog .a\n"
+              "in/list:2:12 standard 2012\n");
+}
+
+TEST(EdamFiles, TellWhatABuildHasNoWordsFor) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("edam-yaml",
+                              "tool_options: {icarus: {}}\n"
+                              "files:\n"
+                              "  - {name: a.tcl, file_type: tclSource}\n"
+                              "  - {name: b}\n"
+                              "  - {name: c.v, file_type: verilogSource-2005, core: x}\n"
+                              "  - {name: d.v, file_type: verilogSource-2005}\n"
+                              "  - {name: e.vhd, file_type: vhdlSource-2008}\n"
+                              "  - {name: f.vhd, file_type: vhdlSource-93}\n"
+                              "parameters:\n"
+                              "  G: {datatype: int, default: 1, paramtype: generic}\n"
+                              "  D: {datatype: bool, default: false, paramtype: vlogdefine}\n"
+                              "  E: {datatype: int, paramtype: vlogdefine}\n"),
+              "in/list:5:5 Verilog  in/c.v\n"
+              "in/list:6:5 Verilog  in/d.v\n"
+              "in/list:7:5 VHDL  in/e.vhd\n"
+              "in/list:8:5 VHDL  in/f.vhd\n"
+              "in/list:8:5 standard 1993\n"
+              "in/list:1:1 HB701 a build has no words for \"tool_options\"\n"
+              "in/list:3:5 HB701 a build has no words for the file a.tcl of the type tclSource\n"
+              "in/list:4:5 HB701 a build has no words for the file b without a type\n"
+              "in/list:5:48 HB701 a build has no words for \"core\"\n"
+              "in/list:5:5 HB701 a build has no words for the standard 2005\n"
+              "in/list:7:5 HB701 a build has no words for the standard 2008\n"
+              "in/list:10:6 HB701 a build has no words for the parameter G that is a generic\n"
+              "in/list:11:6 HB701 a build has no words for the define D that is not set\n"
+              "in/list:12:6 HB701 a build has no words for the define E that is not set\n");
+}
+
+TEST(EdamFiles, TellWhatIsNotOfTheFormat) {
+    const ImportFolder folder;
+    const struct {
+        const char* Text;
+        const char* Told;
+    } rows[] = {
+        {"- a\n", "in/list:1:1 HB708 not of the format: no map\n"},
+        {"", "in/list:1:1 HB708 not of the format: no map\n"},
+        {"files: [", "in/list:1:1 HB708 not of the format: end of sequence flow not found\n"},
+        {"files: {a: b}\n", "in/list:1:8 HB708 not of the format: \"files\" is no list\n"},
+        {"files: [a]\n", "in/list:1:9 HB708 not of the format: no map\n"},
+        {"files:\n- file_type: x\n",
+         "in/list:2:3 HB708 not of the format: a file without a name\n"},
+        {"files: [{name: [a]}]\n",
+         "in/list:1:16 HB708 not of the format: \"name\" is no single value\n"
+         "in/list:1:9 HB708 not of the format: a file without a name\n"},
+        {"toplevel: {a: b}\n", "in/list:1:11 HB708 not of the format: no single value\n"},
+        {"a: \xFF\n", "in/list HB708 not of the format: a text that is no UTF-8\n"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(folder.ReadText("edam-yaml", row.Text), row.Told);
+}
