@@ -1,6 +1,7 @@
 #include "flows/process/childprocess.h"
 #include "flows/process/nativetexts_windows.h"
 #include "flows/process/programs.h"
+#include <cstdint>
 #include <system_error>
 
 namespace {
@@ -88,8 +89,10 @@ void ReadLines(HANDLE pipe, const std::function<void(std::string_view)>& takeLin
 }
 
 TChildResult WaitFor(const TChildRequest& request, HANDLE process, HANDLE job, HANDLE interrupted) {
-    const DWORD timeout =
-        request.Timeout.count() > 0 ? static_cast<DWORD>(request.Timeout.count()) : INFINITE;
+    const auto milliseconds = request.Timeout.count();
+    const DWORD timeout = milliseconds > 0 && milliseconds < std::int64_t{INFINITE}
+                              ? static_cast<DWORD>(milliseconds)
+                              : INFINITE;
     const HANDLE handles[] = {process, interrupted};
     TChildEnd end = CHILD_EXITED;
     switch (WaitForMultipleObjects(2, handles, FALSE, timeout)) {
