@@ -265,6 +265,19 @@ TFoundSources FindSources(const std::vector<std::string>& paths, const TSourceSe
     return std::move(found.Found);
 }
 
+std::vector<std::string> FindIncludedFiles(const std::string& folder) {
+    TSourceSearch search;
+    search.EntersFolders = true;
+    search.KeepsRest = true;
+    std::vector<std::string> files;
+    for (std::string& path : FindSources({folder}, search).Rest) {
+        if (!IsIncluded(path)) continue;
+        std::replace(path.begin(), path.end(), '\\', '/');
+        files.push_back(std::move(path));
+    }
+    return files;
+}
+
 bool IsOutputFolder(std::string_view name) {
     return std::any_of(std::begin(kOutputFolders), std::end(kOutputFolders),
                        [name](const char* pattern) { return MatchesPartOfPattern(pattern, name); });

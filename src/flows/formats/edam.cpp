@@ -16,6 +16,7 @@ public:
         if (TJson parameters = Parts.MakeParameters(); !parameters.IsNull())
             tree["parameters"] = std::move(parameters);
         Parts.LoseSettings();
+        Writer.LoseDelays();
         return tree;
     }
 

@@ -87,13 +87,26 @@ std::string TEdamParts::MakeTopLevel() {
     return names;
 }
 
+TJson TEdamParts::MakeToolOptions() {
+    const TBuildPlan& plan = Writer.GetPlan();
+    TJson icarus;
+    for (const TPlanSource& source : plan.Sources)
+        if (icarus.IsNull() && source.Language == LANGUAGE_VERILOG && IsSystemVerilog(source, plan))
+            icarus.Add("-g2012");
+    const TPlanSettings& settings = Writer.SettingsOf(LANGUAGE_VERILOG);
+    if (settings.Delay == DELAY_TYPE_MINIMUM) icarus.Add("-Tmin");
+    if (settings.Delay == DELAY_TYPE_MAXIMUM) icarus.Add("-Tmax");
+    TJson options;
+    if (!icarus.IsNull()) options["icarus"]["iverilog_options"] = std::move(icarus);
+    return options;
+}
+
 void TEdamParts::LoseSettings() {
     for (const TPlanSettings& settings : Writer.GetPlan().Settings) {
         if (!settings.LibraryDirectories.empty()) Writer.Lose("library directories");
         Writer.LoseOptions(settings.Language, {});
     }
     Writer.LoseLibraryFiles();
-    Writer.LoseDelays();
 }
 
 std::string TEdamParts::TextOfName(const std::string& name) {

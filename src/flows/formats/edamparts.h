@@ -18,7 +18,9 @@ public:
     TJson MakeParameters();
     /// Of the chosen top, else of all, separated by blanks; "" without one.
     std::string MakeTopLevel();
-    /// Tells of what neither has words for.
+    /// For Icarus Verilog, what no file says: the language and the delays; null for nothing.
+    TJson MakeToolOptions();
+    /// Tells of what neither has words for, but for delays.
     void LoseSettings();
     /// The name; what YAML cannot hold is refused.
     std::string TextOfName(const std::string& name);

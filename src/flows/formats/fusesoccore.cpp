@@ -1,5 +1,6 @@
 #include "flows/formats/edamparts.h"
 #include "flows/formats/formatwriters.h"
+#include "flows/sourcesearch.h"
 #include "flows/trees/yamltext.h"
 
 namespace {
@@ -13,7 +14,8 @@ public:
 
 private:
     TJson MakeFiles();
-    std::string NameOf(const TPlanSource& source);
+    void AddIncluded(const std::string& folder, TJson* files);
+    std::string NameOf(const std::string& path);
 
     TExportWriter& Writer;
     TEdamParts Parts;
@@ -32,27 +34,42 @@ TJson TCore::Make() {
             target["parameters"].Add(define);
         core["parameters"] = std::move(parameters);
     }
+    if (TJson options = Parts.MakeToolOptions(); !options.IsNull())
+        target["tools"] = std::move(options);
     core["targets"]["default"] = std::move(target);
-    // Its files are copied: a folder cannot stand for them.
-    if (!Writer.SettingsOf(LANGUAGE_VERILOG).IncludeDirectories.empty())
-        Writer.Lose("include directories without a list of their files");
     Parts.LoseSettings();
     return core;
 }
 
 TJson TCore::MakeFiles() {
     TJson files = TJson::Array();
+    for (const std::string& path : Writer.SettingsOf(LANGUAGE_VERILOG).IncludeDirectories)
+        AddIncluded(path, &files);
     for (const TPlanSource& source : Writer.GetPlan().Sources) {
         if (Parts.FileTypeOf(source).empty()) continue;
         TJson file;
-        Parts.AddAttributes(source, &file[NameOf(source)]);
+        Parts.AddAttributes(source, &file[NameOf(source.Path)]);
         files.Add(std::move(file));
     }
     return files;
 }
 
-std::string TCore::NameOf(const TPlanSource& source) {
-    std::string name = Parts.TextOfName(Writer.PathOf(source.Path));
+// FuseSoC copies files, not folders.
+void TCore::AddIncluded(const std::string& folder, TJson* files) {
+    const std::string name = NameOf(folder);
+    bool isEmpty = true;
+    for (const std::string& path : FindIncludedFiles(folder)) {
+        (*files).Add({{NameOf(path),
+                       {{"file_type", "verilogSource"},
+                        {"is_include_file", true},
+                        {"include_path", name}}}});
+        isEmpty = false;
+    }
+    if (isEmpty) Writer.Lose("the include directory " + name + ", where no header is found");
+}
+
+std::string TCore::NameOf(const std::string& path) {
+    std::string name = Parts.TextOfName(Writer.PathOf(path));
     if (HasAny(name, "?")) Writer.Refuse(name, "it reads as a condition");
     return name;
 }

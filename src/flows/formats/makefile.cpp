@@ -110,6 +110,7 @@ TExported TMakefile::Write() {
     AddTops(LANGUAGE_VHDL, &TMakefile::AddVhdlRun);
     AddTops(LANGUAGE_VERILOG, &TMakefile::AddVerilogRun);
     AddTargets();
+    Writer.LoseLibraries({LANGUAGE_VERILOG});
     Writer.LoseOtherLanguages({LANGUAGE_VHDL, LANGUAGE_VERILOG});
     Writer.LoseLibraries({LANGUAGE_VERILOG});
     return Writer.Take();

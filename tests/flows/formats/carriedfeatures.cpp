@@ -43,15 +43,18 @@ TVariant InVerilog(const std::function<void(TPlanSettings* settings)>& add) {
     return {"", LANGUAGE_VERILOG, [=](TBuildPlan* plan) { add(&Settings(plan)); }};
 }
 
+constexpr const char* kOptionNames[2][kPlanSteps] = {
+    {"Verilog analysis", "Verilog elaboration", "Verilog run"},
+    {"VHDL analysis", "VHDL elaboration", "VHDL run"},
+};
+
 std::vector<TVariant> InOptions() {
     std::vector<TVariant> variants;
     for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE, STEP_RUN})
         for (const THdlLanguage language : {LANGUAGE_VHDL, LANGUAGE_VERILOG})
             variants.push_back(
-                {step == STEP_ANALYSE     ? "analysis"
-                 : step == STEP_ELABORATE ? "elaboration"
-                                          : "run",
-                 language, [=](TBuildPlan* plan) { Settings(plan).Options[step] = {"--word"}; }});
+                {kOptionNames[language == LANGUAGE_VHDL][step], language,
+                 [=](TBuildPlan* plan) { Settings(plan).Options[step] = {"--word"}; }});
     return variants;
 }
 
@@ -77,8 +80,10 @@ const std::vector<TFeature>& Features() {
              std::swap(plan->Sources.front().Path, plan->Sources.back().Path);
          })},
         {"needs", InBothLanguages([](TBuildPlan* plan) { plan->Sources.back().Needs = {0}; })},
-        {"include directories",
-         {InVerilog([](TPlanSettings* settings) { settings->IncludeDirectories = {"/p/inc"}; })}},
+        {"include directories", {InVerilog([](TPlanSettings* settings) {
+             settings->IncludeDirectories = {HDLBUILDFILE_SOURCE_DIR
+                                             "/examples/sensors/verilog/include"};
+         })}},
         {"library directories",
          {InVerilog([](TPlanSettings* settings) { settings->LibraryDirectories = {"/p/lib"}; })}},
         {"library files",
@@ -134,7 +139,7 @@ const char* FateOf(const TVariant& variant, const TExportFormat& format) {
     return after.Text == before.Text ? kIgnored : kCarried;
 }
 
-/// "yes", or "VHDL yes, Verilog told" where the variants differ.
+/// "yes", or "VHDL yes, else told" where the variants differ.
 std::string CellOf(const TFeature& feature, const TExportFormat& format) {
     std::vector<std::pair<std::string, std::string>> fates;
     for (const TVariant& variant : feature.Variants) {
@@ -149,11 +154,16 @@ std::string CellOf(const TFeature& feature, const TExportFormat& format) {
     });
     if (isOne) return fates.front().second;
     std::string cell;
-    for (const auto& [label, fate] : fates) {
-        if (!cell.empty()) cell += ", ";
-        cell += label;
-        cell += " " + fate;
-    }
+    std::string rest;
+    for (const auto& [label, fate] : fates)
+        if (fate == kCarried)
+            cell.append(cell.empty() ? "" : ", ").append(label);
+        else if (rest.empty() || rest == fate)
+            rest = fate;
+        else
+            rest += " or " + fate;
+    if (cell.empty()) return rest;
+    cell += " yes, else " + rest;
     return cell;
 }
 

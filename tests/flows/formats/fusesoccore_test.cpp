@@ -1,10 +1,12 @@
 #include "tests/flows/formats/exportedplan.h"
+#include "tests/support/temporaryfolder.h"
+#include <algorithm>
 #include <gtest/gtest.h>
 
 TEST(FusesocCore, HasOneFileSetAndOneTarget) {
     EXPECT_EQ(Exported("fusesoc", MakeSamplePlan()),
+              "fusesoc has no words for the include directory inc, where no header is found\n"
               "fusesoc has no words for the architecture sim\n"
-              "fusesoc has no words for include directories without a list of their files\n"
               "fusesoc has no words for library directories\n"
               "fusesoc has no words for the run option +go\n"
               "fusesoc has no words for the analysis option -frelaxed\n"
@@ -53,4 +55,44 @@ TEST(FusesocCore, RefusesNamesThatFusesocReadsAsSomethingElse) {
     EXPECT_EQ(losses,
               "fusesoc cannot hold the name \"a:b\": a colon or question mark ends the name\n"
               "fusesoc cannot hold the name \"a?.vhd\": it reads as a condition\n");
+}
+
+TEST(FusesocCore, ListsTheHeadersOfIncludeDirectories) {
+    const TemporaryFolder folder;
+    folder.Write("inc/sub/b.svh", "");
+    folder.Write("inc/a.vh", "");
+    folder.Write("inc/notes.txt", "");
+    std::string root = folder.Path();
+    std::replace(root.begin(), root.end(), '\\', '/');
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, root + "/a.sv");
+    plan.Name = "soc";
+    plan.Settings.emplace_back().Language = LANGUAGE_VERILOG;
+    plan.Settings.front().IncludeDirectories = {root + "/inc"};
+    plan.Settings.front().Delay = DELAY_TYPE_MAXIMUM;
+    EXPECT_EQ(Exported("fusesoc", plan, nullptr, root + "/"),
+              "CAPI=2:\n"
+              "name: \"::soc\"\n"
+              "filesets:\n"
+              "  sources:\n"
+              "    files:\n"
+              "      - inc/a.vh:\n"
+              "          file_type: verilogSource\n"
+              "          is_include_file: true\n"
+              "          include_path: inc\n"
+              "      - inc/sub/b.svh:\n"
+              "          file_type: verilogSource\n"
+              "          is_include_file: true\n"
+              "          include_path: inc\n"
+              "      - a.sv:\n"
+              "          file_type: systemVerilogSource\n"
+              "          logical_name: main\n"
+              "targets:\n"
+              "  default:\n"
+              "    filesets:\n"
+              "      - sources\n"
+              "    tools:\n"
+              "      icarus:\n"
+              "        iverilog_options:\n"
+              "          - \"-g2012\"\n"
+              "          - \"-Tmax\"\n");
 }
