@@ -82,6 +82,16 @@ constexpr TConsumer kConsumers[] = {
      "print(len(rows), all(os.path.isfile(path) for _, path in rows), "
      "*sorted({library for library, _ in rows}))\"",
      "45 True collector common dsp link node sim\n", true},
+    {"make, with GHDL and Icarus Verilog", "make", "collector_tb", "iverilog", "make -s -f out run",
+     "4 channels, pads of 3 ns\ncollector_tb passed\n", true},
+    {"Python's reader of JSON", "edam-json", "", "/usr/bin/python3",
+     "/usr/bin/python3 -c \"import json, os; files = json.load(open('out'))['files']; "
+     "print(len(files), all(os.path.exists(file['name']) for file in files))\"",
+     "46 True\n", true},
+    {"Python's reader of JSON, for a server", "hdl-prj", "", "/usr/bin/python3",
+     "/usr/bin/python3 -c \"import json, os; files = json.load(open('out'))['files']; "
+     "print(len(files), all(os.path.isfile(file['file']) for file in files))\"",
+     "45 True\n", true},
     {"Python's reader of TOML", "vhdl-ls", "", "/usr/bin/python3",
      "/usr/bin/python3 -c \"import os, tomllib; read = tomllib.load(open('out', 'rb')); "
      "print(read['standard'], *((name, len(found['files']), "
