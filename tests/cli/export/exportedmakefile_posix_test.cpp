@@ -34,7 +34,8 @@ void WriteProject(const WorkingFolder& folder) {
 
 /// What make does, one command a line, without running any; "" when all is up to date.
 std::string Pending() {
-    return Shell("make -n analyse 2>/dev/null | sed -n 's/^\\(ghdl -a\\|iverilog\\).*/\\1/p'").second;
+    return Shell("make -n analyse 2>/dev/null | sed -n 's/^\\(ghdl -a\\|iverilog\\).*/\\1/p'")
+        .second;
 }
 
 /// Makes the file look changed after everything that was made.
