@@ -1,6 +1,7 @@
 #include "buildfile/hdlbuildfile.h"
 #include "cli/export/commands.h"
 #include "cli/frame/filereports.h"
+#include "cli/frame/formatlist.h"
 #include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/outputfile.h"
@@ -60,20 +61,11 @@ int TExportRun::Run() {
 }
 
 int TExportRun::List() {
-    TJson formats = TJson::Array();
-    std::vector<std::vector<std::string>> rows;
-    for (const TExportFormat& format : GetExportFormats()) {
-        formats.Add(
-            {{"name", format.Name}, {"description", format.Description}, {"holds", format.Holds}});
-        rows.push_back({format.Name, format.Description, format.Holds});
-    }
-    if (!Arguments.Json) {
-        PrintTable(std::move(rows), Streams.Out);
-        return kExitDone;
-    }
-    TJson result = MakeResult("hdlbuild-export-formats");
-    result["formats"] = formats;
-    PrintJson(result, Streams);
+    std::vector<TListedFormat> formats;
+    formats.reserve(GetExportFormats().size());
+    for (const TExportFormat& format : GetExportFormats())
+        formats.push_back({format.Name, format.Description, format.Holds});
+    PrintFormats(formats, "hdlbuild-export-formats", Arguments.Json, Streams);
     return kExitDone;
 }
 

@@ -1,5 +1,6 @@
 #include "cli/frame/buildaccess.h"
 #include "cli/frame/filereports.h"
+#include "cli/frame/formatlist.h"
 #include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
@@ -53,20 +54,11 @@ int TImportRun::Run() {
 }
 
 int TImportRun::List() const {
-    TJson formats = TJson::Array();
-    std::vector<std::vector<std::string>> rows;
-    for (const TImportFormat& format : GetImportFormats()) {
-        formats.Add(
-            {{"name", format.Name}, {"description", format.Description}, {"holds", format.Holds}});
-        rows.push_back({format.Name, format.Description, format.Holds});
-    }
-    if (!Arguments.Json) {
-        PrintTable(std::move(rows), Streams.Out);
-        return kExitDone;
-    }
-    TJson result = MakeResult("hdlbuild-import-formats");
-    result["formats"] = formats;
-    PrintJson(result, Streams);
+    std::vector<TListedFormat> formats;
+    formats.reserve(GetImportFormats().size());
+    for (const TImportFormat& format : GetImportFormats())
+        formats.push_back({format.Name, format.Description, format.Holds});
+    PrintFormats(formats, "hdlbuild-import-formats", Arguments.Json, Streams);
     return kExitDone;
 }
 

@@ -30,6 +30,22 @@ void WriteVerilog(const WorkingFolder& folder) {
                   "</SourceFileGroup>\n"));
 }
 
+/// A package in a library of its own, at `package`, and a bench that prints 16.
+void WriteExample(const WorkingFolder& folder, const std::string& package) {
+    folder.Write(package, "package p is constant c : natural := 16; end package;\n");
+    folder.Write("tb.vhd",
+                 "library util; use util.p.all;\nentity tb is end;\n"
+                 "architecture sim of tb is begin\n"
+                 "  assert false report integer'image(c) severity note;\nend;\n");
+    folder.Write(
+        "my build.xml",
+        BuildText("<TopLevelComponents><ComponentList Language=\"VHDL\"><Component "
+                  "Library=\"work\" Architecture=\"sim\">tb</Component></ComponentList>"
+                  "</TopLevelComponents>\n<SourceFileGroup Language=\"VHDL\">\n" +
+                  SourceText("tb.vhd", {package}) +
+                  SourceText(package, {}, "PrecompiledLibrary=\"util\"") + "</SourceFileGroup>\n"));
+}
+
 }  // namespace
 
 TEST(ExportedBuilds, RunUnderIcarus) {
@@ -53,18 +69,7 @@ TEST(ExportedBuilds, PassVerilator) {
 TEST(ExportedBuilds, RunUnderGhdl) {
     if (!IsInstalled("ghdl")) GTEST_SKIP() << "ghdl is not installed";
     const WorkingFolder folder;
-    folder.Write("it's here/p.vhd", "package p is constant c : natural := 16; end package;\n");
-    folder.Write("tb.vhd",
-                 "library util; use util.p.all;\nentity tb is end;\n"
-                 "architecture sim of tb is begin\n"
-                 "  assert false report integer'image(c) severity note;\nend;\n");
-    folder.Write("my build.xml",
-                 BuildText("<TopLevelComponents><ComponentList Language=\"VHDL\"><Component "
-                           "Library=\"work\" Architecture=\"sim\">tb</Component></ComponentList>"
-                           "</TopLevelComponents>\n<SourceFileGroup Language=\"VHDL\">\n" +
-                           SourceText("tb.vhd", {"it's here/p.vhd"}) +
-                           SourceText("it's here/p.vhd", {}, "PrecompiledLibrary=\"util\"") +
-                           "</SourceFileGroup>\n"));
+    WriteExample(folder, "it's here/p.vhd");
     EXPECT_EQ(Export({"--to", "ghdl", "-o", "run.sh"}), "");
     const auto [status, output] = Shell("sh ./run.sh");
     EXPECT_EQ(status, 0) << output;
@@ -124,18 +129,7 @@ TEST(ExportedBuilds, AreScriptsThatTclReads) {
 TEST(ExportedBuilds, AreBuiltByNinja) {
     if (!IsInstalled("ninja") || !IsInstalled("ghdl")) GTEST_SKIP() << "not installed";
     const WorkingFolder folder;
-    folder.Write("it's $here/p.vhd", "package p is constant c : natural := 16; end package;\n");
-    folder.Write("tb.vhd",
-                 "library util; use util.p.all;\nentity tb is end;\n"
-                 "architecture sim of tb is begin\n"
-                 "  assert false report integer'image(c) severity note;\nend;\n");
-    folder.Write("my build.xml",
-                 BuildText("<TopLevelComponents><ComponentList Language=\"VHDL\"><Component "
-                           "Library=\"work\" Architecture=\"sim\">tb</Component></ComponentList>"
-                           "</TopLevelComponents>\n<SourceFileGroup Language=\"VHDL\">\n" +
-                           SourceText("tb.vhd", {"it's $here/p.vhd"}) +
-                           SourceText("it's $here/p.vhd", {}, "PrecompiledLibrary=\"util\"") +
-                           "</SourceFileGroup>\n"));
+    WriteExample(folder, "it's $here/p.vhd");
     EXPECT_EQ(Export({"--to", "ninja", "-o", "build.ninja"}), "");
     const std::string simulation = "simulate work.tb(sim)\ntb.vhd:4:3:@0ms:(assertion note): 16\n";
     EXPECT_EQ(Shell("NINJA_STATUS= ninja"),
