@@ -49,12 +49,14 @@ void AddSwitches(TXMLEditRules* rules) {
 
 /// Whether a path stays as it is when it is made canonical.
 bool IsPlain(std::string_view path) {
-    if (path.empty() || path.find_first_of("\\:$%") != std::string_view::npos) return false;
-    for (std::size_t begin = 0; begin <= path.size();) {
-        const std::size_t end = std::min(path.find('/', begin), path.size());
-        const std::string_view part = path.substr(begin, end - begin);
+    std::size_t begin = 0;
+    for (std::size_t place = 0; place <= path.size(); ++place) {
+        const char c = place < path.size() ? path[place] : '/';
+        if (c == '\\' || c == ':' || c == '$' || c == '%') return false;
+        if (c != '/') continue;
+        const std::string_view part = path.substr(begin, place - begin);
         if (part.empty() || part == "." || part == "..") return false;
-        begin = end + 1;
+        begin = place + 1;
     }
     return true;
 }
@@ -62,8 +64,9 @@ bool IsPlain(std::string_view path) {
 /// The same text for all spellings of a file or folder. One below `folder`, whose letters are
 /// small, is relative to it.
 std::string NormalisePath(const std::string& folder, std::string_view path) {
+    if (IsPlain(path)) return FoldAscii(path);
     std::string text(path);
-    if (IsPlain(path) || HasOrvaneEnvVariable(text.c_str())) return FoldAscii(path);
+    if (HasOrvaneEnvVariable(text.c_str())) return FoldAscii(path);
     TUtilFileName name(folder.c_str());
     name.PushFileName(text.c_str());
     text = FoldAscii(name.CanonicalWithoutFinalSlash());

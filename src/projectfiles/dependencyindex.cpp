@@ -53,6 +53,9 @@ void TDependencyIndex::Build() {
     Drop();
     IsBuilt = true;
     HandleChangeCount = THdlSourceFile::GetHandleChangeCount();
+    Entries.reserve(Group->size());
+    Lists.reserve(Group->size());
+    Uses.reserve(Group->size());
     Group->ReportTo(this);
 }
 

@@ -54,6 +54,14 @@ std::string MakeKey(const TDocumentPlaces& places, TDocumentPlaces::TIndex eleme
 }
 
 std::string GetElementText(const TDocumentPlaces& places, TDocumentPlaces::TIndex element) {
+    // Most have one piece of text, and nothing else.
+    const TDocumentPlaces::TPlace& place = places[element];
+    const bool hasChildren = place.FirstChild != TDocumentPlaces::kNone;
+    const std::size_t end = hasChildren ? places[place.FirstChild].Begin : place.ContentEnd;
+    const std::string_view front =
+        places.GetText().substr(place.ContentBegin, end - place.ContentBegin);
+    if (front.find('<') == std::string_view::npos)
+        return GetPieceText(places.GetText(), {place.ContentBegin, end, false});
     std::string text;
     for (const TTextPiece& piece : places.FindPieces(element))
         text += GetPieceText(places.GetText(), piece);

@@ -24,7 +24,8 @@ public:
     }
 
     TXMLPrologue Read(std::string_view document) {
-        Run.Feed(document, true);
+        // In parts: behind the root nothing is asked for, nor copied.
+        if (Run.Feed(document, false)) Run.Feed({}, true);
         Prologue.Reason = Run.GetReason();
         Prologue.FailurePlace = Run.GetFailurePlace();
         return Prologue;
