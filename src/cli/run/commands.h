@@ -19,6 +19,7 @@ struct TRunArguments : TCommonArguments {
     std::string FailOn = "error";
     std::string Junit;
     std::string Launcher;
+    std::string Farm;
     bool List = false;
     bool OnlyCompile = false;
     bool Waves = false;

@@ -17,6 +17,7 @@
 #include "services/files/filereplace.h"
 #include "services/files/filestatus.h"
 #include <algorithm>
+#include <thread>
 
 namespace {
 
@@ -45,6 +46,7 @@ private:
     /// Whether one of them is an error.
     bool Tell(const std::vector<TDiagnostic>& diagnostics) const;
     std::string FolderOfRun() const;
+    std::string JobsText() const;
 
     const TRunArguments& Arguments;
     const TToolStreams& Streams;
@@ -203,12 +205,16 @@ int TBuildRun::FindPrograms() {
     for (const TRunTool* const tool : Options.Tools)
         for (const TRunProgram& program : tool->Programs)
             Options.Wishes.Programs[program.Name] = find(program);
+    if (Options.Farm)
+        for (const TRunProgram& program : Options.Farm->Programs)
+            Options.Wishes.Programs[program.Name] = find(program);
     return status;
 }
 
 int TBuildRun::Execute() {
     for (const TRunTool* const tool : Options.Tools)
         AddRun(*tool, Plan, Options.Wishes, Includes, &Steps);
+    if (Options.Farm) Steps.JobsHere = std::max(std::thread::hardware_concurrency(), 1u);
     if (Tell(Steps.Losses)) return kExitProblems;
     if (Steps.Steps.empty()) ReportWarning(Streams, "the build has nothing to run");
     if (Arguments.DryRun) {
@@ -216,6 +222,11 @@ int TBuildRun::Execute() {
         return kExitDone;
     }
     return CallNinja();
+}
+
+// The processors here do not limit a farm.
+std::string TBuildRun::JobsText() const {
+    return Options.Farm && Arguments.Jobs.empty() ? "256" : Arguments.Jobs;
 }
 
 int TBuildRun::CallNinja() {
@@ -233,7 +244,7 @@ int TBuildRun::CallNinja() {
         return kExitFile;
     }
     if (Arguments.Rerun) ForgetSimulations(Steps);
-    const TNinjaWishes wishes{Ninja, Options.Wishes.Folder, Arguments.Jobs, Arguments.KeepGoing};
+    const TNinjaWishes wishes{Ninja, Options.Wishes.Folder, JobsText(), Arguments.KeepGoing};
     return Finish(RunNinja(Steps, wishes, [this](std::string_view line) {
         PrintLine(Streams.Err, line);
         Streams.Err.flush();

@@ -22,7 +22,7 @@ public:
     std::string Read() {
         for (const auto read :
              {&TOptionReader::ReadTools, &TOptionReader::ReadStandard, &TOptionReader::ReadGenerics,
-              &TOptionReader::ReadLevel, &TOptionReader::ReadNumbers})
+              &TOptionReader::ReadLevel, &TOptionReader::ReadNumbers, &TOptionReader::ReadFarm})
             if (std::string complaint = (this->*read)(); !complaint.empty()) return complaint;
         Options.Wishes.Launcher = WordsOfOptions(Arguments.Launcher);
         Options.Wishes.Arguments = Arguments.Words;
@@ -85,6 +85,15 @@ private:
         if (!Arguments.Seed.empty() && !IsNumber(Arguments.Seed))
             return "--seed takes a number, not '" + Arguments.Seed + "'";
         return {};
+    }
+
+    std::string ReadFarm() {
+        if (Arguments.Farm.empty()) return {};
+        std::vector<std::string> known;
+        for (const TFarm& farm : GetFarms()) known.emplace_back(farm.Name);
+        Options.Wishes.Farm = Arguments.Farm;
+        Options.Farm = FindFarm(Arguments.Farm);
+        return Options.Farm ? "" : UnknownName("farm", Arguments.Farm, known);
     }
 
     const TRunArguments& Arguments;

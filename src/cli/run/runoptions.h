@@ -1,13 +1,14 @@
 #pragma once
 #include "cli/frame/streams.h"
 #include "cli/run/commands.h"
-#include "flows/run/runtools.h"
+#include "flows/run/farms.h"
 #include <string>
 #include <vector>
 
 /// What the arguments say, besides the build and its tops.
 struct TRunOptions {
     std::vector<const TRunTool*> Tools;  ///< each of another language
+    const TFarm* Farm = nullptr;         ///< null for none
     TRunWishes Wishes;                   ///< without folder, tops and programs
 };
 

@@ -1,5 +1,6 @@
 #include "cli/run/runtexts.h"
 #include "flows/process/programs.h"
+#include "flows/run/farmcall.h"
 #include "flows/run/runrecipe.h"
 #include <algorithm>
 
@@ -39,7 +40,8 @@ void PrintSteps(const TRunPlan& run, std::ostream& out) {
         const TStepRecord& record = run.Steps[number].Record;
         PrintLine(out, "[" + std::to_string(number + 1) + "/" + std::to_string(run.Steps.size()) +
                            "] " + record.Title);
-        for (const auto& command : record.Commands) PrintLine(out, "  " + CommandLineOf(command));
+        for (const auto& command : record.Commands)
+            PrintLine(out, "  " + CommandLineOf(CalledWords(record, command)));
     }
 }
 
@@ -67,7 +69,8 @@ TJson StepsAsJson(const TRunPlan& run) {
     TJson steps = TJson::Array();
     for (const TRunStep& step : run.Steps) {
         TJson commands = TJson::Array();
-        for (const auto& command : step.Record.Commands) commands.Add(TJson(command));
+        for (const auto& command : step.Record.Commands)
+            commands.Add(TJson(CalledWords(step.Record, command)));
         steps.Add({{"step", step.Record.Title}, {"commands", commands}});
     }
     return steps;

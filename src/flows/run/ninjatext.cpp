@@ -44,14 +44,21 @@ private:
 
     void AddRules() {
         const std::string call = NinjaText(CommandLineOf({Program, "step"}));
+        const bool hasFarm = Run.JobsHere > 0;
         AddLine("ninja_required_version = 1.7");
+        if (hasFarm) {
+            AddLine("pool here");
+            AddLine("  depth = " + std::to_string(Run.JobsHere));
+        }
         AddLine("rule digest");
         AddLine("  command = " + call + " digest $in $out");
         AddLine("  description = read $in");
         AddLine("  restat = 1");
+        if (hasFarm) AddLine("  pool = here");
         AddLine("rule step");
         AddLine("  command = " + call + " run $record");
         AddLine("  description = $title");
+        if (hasFarm) AddLine("  pool = here");
     }
 
     void AddDigests() {
@@ -79,6 +86,8 @@ private:
         AddLine(line);
         AddLine("  record = " + NinjaText(RecordFileOf(step)));
         AddLine("  title = " + NinjaText(step.Record.Title));
+        // What runs elsewhere takes no place here.
+        if (!step.Record.Farm.empty()) AddLine("  pool =");
         Stamps += " " + StampOf(step);
     }
 

@@ -19,6 +19,7 @@ struct TRunWishes {
         Programs;  ///< paths by name; others are called by their name
     long long TimeoutSeconds = 600;
     TMessageLevel FailOn = LEVEL_ERROR;
+    std::string Farm;  ///< that simulations are submitted to; "" for none
     bool OnlyCompile = false;
     bool Waves = false;
 };
@@ -45,5 +46,7 @@ struct TRunPlan {
     std::vector<TRunStep> Steps;  ///< each behind those that it needs
     std::vector<TRunSimulation> Simulations;
     std::vector<std::pair<std::string, std::string>> Files;  ///< generated sources: path and text
+    /// How many steps may run here at a time beside those at a farm; 0 when nothing is there.
+    std::size_t JobsHere = 0;
     std::vector<TDiagnostic> Losses;  ///< with an error among them there is nothing to run
 };

@@ -1,4 +1,5 @@
 #include "flows/run/runrecipe.h"
+#include "flows/run/farms.h"
 #include "flows/run/runfiles.h"
 #include <algorithm>
 #include <array>
@@ -48,9 +49,13 @@ const TPlanSettings& TRunRecipe::GetSettings() const {
 
 TRunRecipe::TWords TRunRecipe::Call(const std::string& program) const {
     TWords words = Wishes.Launcher;
-    const auto path = Wishes.Programs.find(program);
-    words.push_back(path == Wishes.Programs.end() ? program : path->second);
+    words.push_back(PathOfProgram(program));
     return words;
+}
+
+std::string TRunRecipe::PathOfProgram(const std::string& program) const {
+    const auto path = Wishes.Programs.find(program);
+    return path == Wishes.Programs.end() ? program : path->second;
 }
 
 std::string TRunRecipe::WavesOf(const TBuildTop& top, const std::string& extension) const {
@@ -151,6 +156,12 @@ void TRunRecipe::AddSimulation(const TBuildTop& top, TStepRecord record,
     record.Tool = Tool.Name;
     record.Folder = WorkFolderOf(top);
     record.Result = Wishes.Folder + "results/" + Tool.Name + "/" + NameOf(top);
+    if (const TFarm* const farm = FindFarm(Wishes.Farm)) {
+        record.Farm = farm->Name;
+        record.Job = NameOf(top);
+        for (const TRunProgram& program : farm->Programs)
+            record.FarmPrograms.push_back(PathOfProgram(program.Name));
+    }
     const std::size_t number =
         AddStep("simulate-" + NameOf(top), "simulate " + TitleOf(top), std::move(record));
     Run->Steps[number].Needs = std::move(needs);

@@ -58,6 +58,7 @@ public:
     std::string NameOf(const TBuildTop& top) const;
 
 private:
+    std::string PathOfProgram(const std::string& program) const;
     std::string WorkFolderOf(const TBuildTop& top) const { return PathOf("work/" + NameOf(top)); }
     std::size_t AddStep(const std::string& name, const std::string& title, TStepRecord record);
     void AddSources(TRunStep* step) const;

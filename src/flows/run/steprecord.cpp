@@ -61,6 +61,7 @@ constexpr struct {
 } kTexts[] = {
     {"title", &TStepRecord::Title}, {"folder", &TStepRecord::Folder}, {"log", &TStepRecord::Log},
     {"stamp", &TStepRecord::Stamp}, {"result", &TStepRecord::Result}, {"tool", &TStepRecord::Tool},
+    {"farm", &TStepRecord::Farm},   {"job", &TStepRecord::Job},
 };
 
 constexpr struct {
@@ -69,6 +70,7 @@ constexpr struct {
 } kLists[] = {
     {"fresh", &TStepRecord::FreshFolders},
     {"guarded", &TStepRecord::GuardedFiles},
+    {"farm-program", &TStepRecord::FarmPrograms},
 };
 
 bool TakeField(std::string_view name, std::string text, TStepRecord* record) {

@@ -23,6 +23,9 @@ struct TStepRecord {
     std::string Tool;              ///< whose messages are looked for
     long long TimeoutSeconds = 0;  ///< 0: none
     TMessageLevel FailOn = LEVEL_ERROR;
+    std::string Farm;  ///< that its commands are submitted to; "" for none: they are called here
+    std::string Job;   ///< its name there, which each attempt adds to
+    std::vector<std::string> FarmPrograms;  ///< what the farm's own programs are called by
 };
 
 std::string WriteRecord(const TStepRecord& record);

@@ -1,5 +1,5 @@
 #include "flows/run/steprun.h"
-#include "flows/process/childprocess.h"
+#include "flows/run/farmcall.h"
 #include "flows/run/runfiles.h"
 #include "flows/run/steprecord.h"
 
@@ -44,10 +44,12 @@ private:
     std::string Copy;
 };
 
+using TTell = std::function<void(std::string_view)>;
+
 /// A run of the step.
 class TStepRun {
 public:
-    explicit TStepRun(const TStepRecord& record) : Record(record) {}
+    TStepRun(const TStepRecord& record, const TTell& tell) : Record(record), Tell(tell) {}
 
     TStepEnd Run() {
         Prepare();
@@ -73,6 +75,7 @@ private:
     void Finish();
 
     const TStepRecord& Record;
+    const TTell& Tell;
     std::vector<TGuardedFile> Guards;
     std::string Reason;  // why it fails
     bool IsInterrupted = false;
@@ -102,12 +105,13 @@ void TStepRun::Call(const std::vector<std::string>& words) {
     request.Folder = Record.Folder;
     request.OutputFile = Record.Log;
     request.Timeout = std::chrono::seconds(Record.TimeoutSeconds);
-    const TChildResult result = RunChild(request);
+    const bool isHere = Record.Farm.empty();
+    const TChildResult result = isHere ? RunChild(request) : RunAtFarm(Record, request, Tell);
     IsInterrupted = result.End == CHILD_INTERRUPTED;
     MaySayWhy = result.End == CHILD_EXITED || result.End == CHILD_KILLED;
     Reason = ComplaintOf(result);
     if (result.End == CHILD_NOT_STARTED)
-        Reason = words.front() + " could not be started: " + result.Reason;
+        Reason = isHere ? words.front() + " could not be started: " + result.Reason : result.Reason;
 }
 
 std::string TStepRun::ComplaintOf(const TChildResult& result) const {
@@ -156,7 +160,7 @@ TStepEnd RunStep(const std::string& recordFile, const std::function<void(std::st
         tell(recordFile + ": no record of a step\n");
         return STEP_FAILED;
     }
-    TStepRun run(record);
+    TStepRun run(record, tell);
     const TStepEnd end = run.Run();
     if (end != STEP_FAILED) return end;
     const std::string output = ReadText(record.Log);

@@ -387,5 +387,18 @@ TEST(RanBuilds, SayWhatIsMissing) {
     EXPECT_EQ(text,
               "hdlbuild: error: nvc was not found: install it, or name its folder with "
               "--tool-path\n");
+    for (const char* program : {"ninja", "ghdl", "squeue"}) {
+        folder.Write(std::string("bin/") + program, "#!/bin/sh\n");
+        std::filesystem::permissions(std::string("bin/") + program,
+                                     std::filesystem::perms::owner_all);
+    }
+    const auto [farmStatus, farmText] = Shell(
+        "PATH= " HDLBUILD_PROGRAM " run 'my build.xml' --with ghdl --farm slurm --tool-path bin");
+    EXPECT_EQ(WEXITSTATUS(farmStatus), 3);
+    EXPECT_EQ(farmText,
+              "hdlbuild: error: srun was not found: install Debian's package slurm-client, or name "
+              "its folder with --tool-path\n"
+              "hdlbuild: error: scancel was not found: install Debian's package slurm-client, or "
+              "name its folder with --tool-path\n");
     EXPECT_FALSE(folder.Exists("my build.run"));
 }

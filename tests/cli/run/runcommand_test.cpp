@@ -76,6 +76,30 @@ TEST(RunCommand, ShowsTheStepsOfBothLanguages) {
     EXPECT_EQ(folder.List(), "b.xml\nt.v\ntb.vhd\n");
 }
 
+TEST(RunCommand, ShowsWhatIsSubmittedToAFarm) {
+    const WorkingFolder folder;
+    WriteBuild(folder);
+    EXPECT_EQ(
+        RunWithoutFolder({"run", "b.xml", "--with", "ghdl", "--with", "icarus", "--dry-run",
+                          "--farm", "slurm", "--timeout", "90", "--launcher", "nice"}),
+        "[1/4] analyse work.tb\n"
+        "  nice ghdl -a --std=08 --workdir=DIR/b.run/ghdl/libraries -PDIR/b.run/ghdl/libraries "
+        "--work=work DIR/tb.vhd\n"
+        "[2/4] simulate work.tb(sim)\n"
+        "  env --unset=SLURM_JOB_ID --unset=SLURM_JOBID srun --quiet --quit-on-interrupt "
+        "--ntasks=1 --input=none --job-name=work.tb_sim_-c04677a3 --time=3 timeout --kill-after=5 "
+        "90 nice ghdl --elab-run --std=08 --workdir=DIR/b.run/ghdl/libraries "
+        "-PDIR/b.run/ghdl/libraries --work=work tb sim\n"
+        "[3/4] compile work.top\n"
+        "  nice iverilog -o DIR/b.run/icarus/images/work.top-e0e15e25.vvp.part -s top -Ttyp "
+        "DIR/t.v\n"
+        "[4/4] simulate work.top\n"
+        "  env --unset=SLURM_JOB_ID --unset=SLURM_JOBID srun --quiet --quit-on-interrupt "
+        "--ntasks=1 --input=none --job-name=work.top-e0e15e25 --time=3 timeout --kill-after=5 90 "
+        "nice vvp -n DIR/b.run/icarus/images/work.top-e0e15e25.vvp\n");
+    EXPECT_EQ(folder.List(), "b.xml\nt.v\ntb.vhd\n");
+}
+
 TEST(RunCommand, PrintsTheStepsAsJson) {
     const WorkingFolder folder;
     WriteBuild(folder);
@@ -138,6 +162,7 @@ TEST(RunCommand, RefusesArgumentsThatSayNothing) {
          "--timeout takes a time like 90, 90s, 10m or 2h, not '0'"},
         {{"--with", "ghdl", "--jobs", "0"}, "--jobs takes a number from 1 to 9999, not '0'"},
         {{"--with", "ghdl", "--seed", "x"}, "--seed takes a number, not 'x'"},
+        {{"--with", "ghdl", "--farm", "slum"}, "unknown farm 'slum'; nearest: slurm; known: slurm"},
     };
     for (const auto& row : rows) {
         std::vector<std::string> words{"run", "b.xml"};

@@ -45,3 +45,44 @@ TEST(NinjaText, HasADigestOfEachSourceAndAStampOfEachStep) {
                   "build all: phony done/ghdl/a done/ghdl/b done/ghdl/c\n"
                   "default all\n");
 }
+
+// The processors limit what runs here, and nothing what runs elsewhere.
+TEST(NinjaText, HasAPoolForWhatRunsBesideAFarm) {
+    TRunPlan run;
+    run.JobsHere = 3;
+    run.Steps.resize(2);
+    run.Steps[0].Name = "icarus/a";
+    run.Steps[0].Record.Title = "compile work.a";
+    run.Steps[1].Name = "icarus/b";
+    run.Steps[1].Record.Title = "simulate work.a";
+    run.Steps[1].Record.Farm = "slurm";
+    run.Steps[1].Needs = {0};
+    const std::string program = CommandLineOf({"/opt/hdlbuild"});
+    EXPECT_EQ(WriteNinja(run, "/opt/hdlbuild"),
+              "ninja_required_version = 1.7\n"
+              "pool here\n"
+              "  depth = 3\n"
+              "rule digest\n"
+              "  command = " +
+                  program +
+                  " step digest $in $out\n"
+                  "  description = read $in\n"
+                  "  restat = 1\n"
+                  "  pool = here\n"
+                  "rule step\n"
+                  "  command = " +
+                  program +
+                  " step run $record\n"
+                  "  description = $title\n"
+                  "  pool = here\n"
+                  "build digests: phony\n"
+                  "build done/icarus/a: step | steps/icarus/a\n"
+                  "  record = steps/icarus/a\n"
+                  "  title = compile work.a\n"
+                  "build done/icarus/b: step | steps/icarus/b done/icarus/a\n"
+                  "  record = steps/icarus/b\n"
+                  "  title = simulate work.a\n"
+                  "  pool =\n"
+                  "build all: phony done/icarus/a done/icarus/b\n"
+                  "default all\n");
+}

@@ -64,6 +64,11 @@ inline std::string TextOfRun(const char* tool, const TBuildPlan& plan, const TRu
         for (const std::string& folder : record.FreshFolders) add("fresh", folder);
         for (const std::string& file : record.GuardedFiles) add("guarded", file);
         for (const auto& [from, to] : record.Moves) add("move", from + " to " + to);
+        if (!record.Farm.empty()) {
+            std::string programs;
+            for (const std::string& program : record.FarmPrograms) programs += "|" + program;
+            add("at", record.Farm + ", " + record.Job + ", " + programs.substr(1));
+        }
         for (const std::string& source : step.Sources) add("source", source);
         for (const std::size_t need : step.Needs) add("needs", run.Steps[need].Record.Title);
         for (const std::size_t former : step.After) add("after", run.Steps[former].Record.Title);

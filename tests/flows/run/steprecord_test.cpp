@@ -15,6 +15,9 @@ TStepRecord FullRecord() {
     record.Stamp = "/run/done";
     record.Result = "/run/result";
     record.Tool = "ghdl";
+    record.Farm = "slurm";
+    record.Job = "work.tb-1";
+    record.FarmPrograms = {"/bin/srun", "squeue"};
     record.TimeoutSeconds = 600;
     record.FailOn = LEVEL_WARNING;
     return record;
@@ -27,9 +30,13 @@ constexpr const char* kFullText =
     "stamp\t/run/done\n"
     "result\t/run/result\n"
     "tool\tghdl\n"
+    "farm\tslurm\n"
+    "job\twork.tb-1\n"
     "fresh\t/run/objects\n"
     "guarded\t/run/a.cf\n"
     "guarded\t/run/b.cf\n"
+    "farm-program\t/bin/srun\n"
+    "farm-program\tsqueue\n"
     "from\t/run/x.part\n"
     "to\t/run/x\n"
     "timeout\t600\n"
