@@ -70,8 +70,14 @@ private:
             (state == FARM_JOB_FAILED ? result.Status != 0 : state == FARM_JOB_COMPLETED))
             return {AsRunHere(std::move(result), isLong)};
         if (state == FARM_JOB_LOST) return {std::move(result), true};
-        return Cancelled(Unknown(Answer.empty() ? "the farm does not know its job"
-                                                : "at the farm its job is " + Answer));
+        return Cancelled(Unknown(WhyUnknown(state)));
+    }
+
+    std::string WhyUnknown(TFarmState state) const {
+        if (Answer.empty()) return "the farm does not know its job";
+        return (state == FARM_JOB_UNKNOWN ? "the farm does not tell how its job ended: "
+                                          : "at the farm its job is ") +
+               Answer;
     }
 
     static TChildResult AsRunHere(TChildResult result, bool isLong) {

@@ -67,8 +67,8 @@ TEST_F(FarmCall, NeverPassesWithoutKnowingHowTheJobEnded) {
         {"echo x", "FAILED", "at the farm its job is FAILED"},
         {"echo x", "CANCELLED", "at the farm its job is CANCELLED"},
         {"echo x", "COMPLETING\nTIMEOUT", "at the farm its job is TIMEOUT"},
-        {"echo x", "no connection", "at the farm its job is no connection"},
-        {"echo x; kill -9 $$", "RUNNING", "at the farm its job is RUNNING"},
+        {"echo x", "no connection", "the farm does not tell how its job ended: no connection"},
+        {"echo x; kill -9 $$", "RUNNING", "the farm does not tell how its job ended: RUNNING"},
         {"echo x; exit 1", "", "the farm does not know its job"},
     };
     for (const auto& row : rows) {
