@@ -81,7 +81,7 @@ public:
         int request = 0;
         char byte = 0;
         while (read(Pipe.Reader(), &byte, 1) == 1)
-            if (byte != SIGCHLD) request = byte;
+            if (byte != SIGCHLD) request = static_cast<unsigned char>(byte);
         return request;
     }
 

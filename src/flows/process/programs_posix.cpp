@@ -30,9 +30,11 @@ std::string FindProgram(const std::string& name, const std::vector<std::string>&
         if (std::string path = folder + "/" + name; IsProgram(path)) return path;
     const char* const variable = std::getenv("PATH");
     std::istringstream stream(variable ? variable : "");
-    for (std::string folder; std::getline(stream, folder, ':');)
-        if (std::string path = (folder.empty() ? "." : folder) + "/" + name; IsProgram(path))
-            return path;
+    for (std::string path; std::getline(stream, path, ':');) {
+        if (path.empty()) path = ".";
+        path.append("/").append(name);
+        if (IsProgram(path)) return path;
+    }
     return {};
 }
 

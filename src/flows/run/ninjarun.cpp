@@ -39,18 +39,20 @@ std::vector<std::string> ListFiles(const std::string& folder) {
 void ForgetLibraries(const std::string& tool, const std::set<std::string>& steps,
                      const std::string& folder) {
     constexpr std::string_view kAnalysis = "analyse-";
+    const std::string own = tool + "/";
+    const std::string records = folder + "steps/" + own;
+    const std::string stamps = folder + "done/" + own;
     bool isForgotten = false;
     std::error_code error;
-    for (const std::string& name : ListFiles(folder + "steps/" + tool)) {
-        if (!name.starts_with(kAnalysis) || steps.contains(tool + "/" + name)) continue;
+    for (const std::string& name : ListFiles(records)) {
+        if (!name.starts_with(kAnalysis) || steps.contains(own + name)) continue;
         isForgotten = true;
-        std::filesystem::remove(NativePath(folder + "steps/" + tool + "/" + name), error);
+        std::filesystem::remove(NativePath(records + name), error);
     }
     if (!isForgotten) return;
-    for (const std::string& name : ListFiles(folder + "done/" + tool))
-        if (name.starts_with(kAnalysis))
-            std::filesystem::remove(NativePath(folder + "done/" + tool + "/" + name), error);
-    std::filesystem::remove_all(NativePath(folder + tool + "/libraries"), error);
+    for (const std::string& name : ListFiles(stamps))
+        if (name.starts_with(kAnalysis)) std::filesystem::remove(NativePath(stamps + name), error);
+    std::filesystem::remove_all(NativePath(folder + own + "libraries"), error);
 }
 
 /// Takes ninja's own words out of what it prints.
