@@ -26,13 +26,14 @@ std::string QuotedWord(const std::string& word) {
 }  // namespace
 
 std::string FindProgram(const std::string& name, const std::vector<std::string>& folders) {
+    const std::string file = "/" + name;
     for (const std::string& folder : folders)
-        if (std::string path = folder + "/" + name; IsProgram(path)) return path;
+        if (std::string path = folder + file; IsProgram(path)) return path;
     const char* const variable = std::getenv("PATH");
     std::istringstream stream(variable ? variable : "");
     for (std::string path; std::getline(stream, path, ':');) {
         if (path.empty()) path = ".";
-        path.append("/").append(name);
+        path += file;
         if (IsProgram(path)) return path;
     }
     return {};

@@ -79,7 +79,7 @@ bool TakeField(std::string_view name, std::string text, TStepRecord* record) {
     for (const auto& row : kLists)
         if (name == row.Name) return (record->*row.Field).push_back(std::move(text)), true;
     if (name == "command") return record->Commands.emplace_back(1, text), true;
-    if (name == "from") return record->Moves.push_back({std::move(text), {}}), true;
+    if (name == "from") return record->Moves.emplace_back(text, ""), true;
     if (name == "timeout") return ReadNumber(text, &record->TimeoutSeconds);
     if (name == "fail-on") return (record->FailOn = FindLevel(text)) != LEVEL_NONE;
     if (name == "word" && !record->Commands.empty())
