@@ -151,11 +151,15 @@ int TBuildRun::CheckPlan() {
         for (const std::string& other : settings.OtherStandards)
             if (Knows(settings.Language))
                 found.push_back({DIAGNOSTIC_TWO_STANDARDS, {other, settings.Standard}});
-    for (const TPlanSource& source : Plan.Sources)
-        if (Knows(source.Language) && !LookAtFile(source.Path).Exists)
-            found.push_back({DIAGNOSTIC_MISSING_FILE,
-                             {PathText(source.Path.c_str(), Paths),
-                              GetStringFromHdlLanguage(source.Language)}});
+    for (const TPlanSource& source : Plan.Sources) {
+        if (!Knows(source.Language)) continue;
+        const std::string path = PathText(source.Path.c_str(), Paths);
+        if (source.Path.find_first_of("\r\n") != std::string::npos)
+            found.push_back({DIAGNOSTIC_UNWRITABLE_NAME, {"ninja", path, "it has a line end"}});
+        else if (!LookAtFile(source.Path).Exists)
+            found.push_back(
+                {DIAGNOSTIC_MISSING_FILE, {path, GetStringFromHdlLanguage(source.Language)}});
+    }
     if (Tell(found)) return kExitProblems;
     const TRunScan scan = ScanForRun(Build, Plan);
     found.clear();

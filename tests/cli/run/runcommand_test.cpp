@@ -57,6 +57,19 @@ TEST(RunCommand, ListsTheSimulations) {
     EXPECT_EQ(folder.List(), "b.xml\nt.v\ntb.vhd\n");
 }
 
+TEST(RunCommand, RefusesNamesWithLineEnds) {
+    const WorkingFolder folder;
+    folder.Write("b.xml", BuildText("<SourceFileGroup Language=\"Verilog\">" +
+                                    SourceText("a&#10;b.v") + "</SourceFileGroup>\n"));
+    const TToolRun run = RunHdlbuild({"run", "b.xml", "--with", "icarus"});
+    EXPECT_EQ(run.Status, kExitProblems);
+    EXPECT_EQ(
+        run.Err,
+        "hdlbuild: error: Build File: Missing file(s) on load.\n"
+        "hdlbuild: error: ninja cannot hold the name \"a\\nb.v\": it has a line end [HB603]\n");
+    EXPECT_EQ(folder.List(), "b.xml\n");
+}
+
 TEST(RunCommand, ShowsTheStepsOfBothLanguages) {
     const WorkingFolder folder;
     WriteBuild(folder, "-93");
