@@ -54,7 +54,7 @@ private:
     TRunOptions Options;
     THdlBuildFile Build;
     TBuildPlan Plan;
-    std::vector<std::vector<std::string>> Includes;  // of the plan's sources
+    TRunScan Scan;  // of the plan
     TRunPlan Steps;
     std::string Ninja;
     int ReadStatus = kExitDone;
@@ -161,14 +161,14 @@ int TBuildRun::CheckPlan() {
                 {DIAGNOSTIC_MISSING_FILE, {path, GetStringFromHdlLanguage(source.Language)}});
     }
     if (Tell(found)) return kExitProblems;
-    const TRunScan scan = ScanForRun(Build, Plan);
+    Scan = ScanForRun(Build, Plan);
     found.clear();
     for (std::size_t number = 0; number < Plan.Tops.size(); ++number) {
         const TBuildTop& top = Plan.Tops[number];
         const auto& tops = Options.Wishes.Tops;
         if (std::find(tops.begin(), tops.end(), &top) == tops.end()) continue;
         for (const TRunTool* const tool : Options.Tools)
-            for (const THdlLanguage other : scan.OtherLanguages[number])
+            for (const THdlLanguage other : Scan.OtherLanguages[number])
                 if (tool->Language == top.Language)
                     found.push_back(
                         {DIAGNOSTIC_MIXED_TOP,
@@ -176,7 +176,6 @@ int TBuildRun::CheckPlan() {
     }
     if (Tell(found)) return kExitProblems;
     Options.Wishes.Folder = FolderOfRun();
-    Includes = scan.Includes;
     return kExitDone;
 }
 
@@ -217,7 +216,7 @@ int TBuildRun::FindPrograms() {
 
 int TBuildRun::Execute() {
     for (const TRunTool* const tool : Options.Tools)
-        AddRun(*tool, Plan, Options.Wishes, Includes, &Steps);
+        AddRun(*tool, Plan, Options.Wishes, Scan, &Steps);
     if (Options.Farm) Steps.JobsHere = std::max(std::thread::hardware_concurrency(), 1u);
     if (Tell(Steps.Losses)) return kExitProblems;
     if (Steps.Steps.empty()) ReportWarning(Streams, "the build has nothing to run");

@@ -27,21 +27,6 @@ bool IsBeyondScan(const TScannedFile& file) {
            std::any_of(file.Needs.begin(), file.Needs.end(), isBind);
 }
 
-/// The unit that a top means. People seldom name libraries of Verilog: where the one that is
-/// recorded has no such unit, the only one of that name is meant.
-std::optional<TUnitPlace> FindUnit(const TNeededFiles& files, const TBuildScan& scan,
-                                   const TBuildTop& top) {
-    std::vector<TUnitPlace> units = files.FindUnits(top);
-    if (units.empty() && top.Language == LANGUAGE_VERILOG)
-        units = files.FindUnits({top.Language, "", top.Entity, ""});
-    if (units.size() != 1) return std::nullopt;
-    if (top.Language != LANGUAGE_VHDL || top.Architecture.empty()) return units.front();
-    for (const TUnitPlace secondary : files.GetSecondaries(units.front()))
-        if (FoldVhdlName(UnitAt(scan.GetFiles(), secondary).Name) == FoldVhdlName(top.Architecture))
-            return units.front();
-    return std::nullopt;
-}
-
 /// The paths of the sources that the top does not need; none when no source holds the top.
 std::optional<std::unordered_set<std::string>> FindUnneeded(THdlBuildFile& build,
                                                             const TBuildTop& top) {
@@ -49,11 +34,10 @@ std::optional<std::unordered_set<std::string>> FindUnneeded(THdlBuildFile& build
     TBuildNeeds needs(build);
     needs.Add(scan);
     TNeededFiles files(scan, needs);
-    const std::optional<TUnitPlace> unit = FindUnit(files, scan, top);
+    const std::optional<TUnitPlace> unit = FindTopUnit(files, scan, top);
     if (!unit) return std::nullopt;
     files.Add({*unit, top.Architecture});
-    for (std::uint32_t source = 0; source < scan.GetSources().size(); ++source)
-        if (IsBeyondScan(scan.GetFiles()[source].Scan)) files.AddSource(source);
+    AddUnexplained(scan, &files);
     std::unordered_set<std::string> paths;
     for (std::uint32_t file = 0; file < needs.GetFiles().size(); ++file)
         if (!files.IsNeeded(file))
@@ -78,6 +62,26 @@ void TakeOut(const std::unordered_set<std::string>& paths, std::vector<TPlanSour
 }
 
 }  // namespace
+
+// People seldom name libraries of Verilog: where the one that is recorded has no such unit, the
+// only one of that name is meant.
+std::optional<TUnitPlace> FindTopUnit(const TNeededFiles& files, const TBuildScan& scan,
+                                      const TBuildTop& top) {
+    std::vector<TUnitPlace> units = files.FindUnits(top);
+    if (units.empty() && top.Language == LANGUAGE_VERILOG)
+        units = files.FindUnits({top.Language, "", top.Entity, ""});
+    if (units.size() != 1) return std::nullopt;
+    if (top.Language != LANGUAGE_VHDL || top.Architecture.empty()) return units.front();
+    for (const TUnitPlace secondary : files.GetSecondaries(units.front()))
+        if (FoldVhdlName(UnitAt(scan.GetFiles(), secondary).Name) == FoldVhdlName(top.Architecture))
+            return units.front();
+    return std::nullopt;
+}
+
+void AddUnexplained(const TBuildScan& scan, TNeededFiles* files) {
+    for (std::uint32_t source = 0; source < scan.GetSources().size(); ++source)
+        if (IsBeyondScan(scan.GetFiles()[source].Scan)) files->AddSource(source);
+}
 
 const TBuildTop* LeaveOutUnneeded(THdlBuildFile& build, const TBuildTop& top, TBuildPlan* plan) {
     const auto paths = FindUnneeded(build, top);

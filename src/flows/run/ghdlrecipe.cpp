@@ -23,8 +23,7 @@ public:
         if (!Recipe.GetWishes().Seed.empty()) Recipe.Lose("a seed");
         Recipe.AddAnalyses([this](const TPlanSource& source) { return AnalysisOf(source); });
         if (Recipe.GetWishes().OnlyCompile) return;
-        const std::vector<std::size_t> analyses = Recipe.ListSteps();
-        for (const TBuildTop* const top : Recipe.ListTops()) AddSimulation(*top, analyses);
+        for (const TBuildTop* const top : Recipe.ListTops()) AddSimulation(*top);
     }
 
 private:
@@ -55,7 +54,7 @@ private:
         return record;
     }
 
-    void AddSimulation(const TBuildTop& top, const std::vector<std::size_t>& analyses) {
+    void AddSimulation(const TBuildTop& top) {
         TStepRecord record;
         const std::string waves = Recipe.WavesOf(top, "ghw");
         TWords words = Call("--elab-run", top.Library);
@@ -68,7 +67,7 @@ private:
         if (!waves.empty()) words.push_back("--wave=" + waves);
         Append(Recipe.GetWishes().Arguments, &words);
         record.Commands = {std::move(words)};
-        Recipe.AddSimulation(top, std::move(record), analyses, waves);
+        Recipe.AddLibrarySimulation(top, std::move(record), waves);
     }
 
     static const std::vector<std::string_view> kPrefixes;

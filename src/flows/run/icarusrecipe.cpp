@@ -36,7 +36,7 @@ private:
         Append(Recipe.GetWishes().Arguments, &words);
         TStepRecord simulation;
         simulation.Commands = {std::move(words)};
-        Recipe.AddSimulation(top, std::move(simulation), {step}, waves);
+        Recipe.AddCompiledSimulation(top, std::move(simulation), step, waves);
     }
 
     TWords CompilationOf(const TBuildTop& top, const std::string& image, const std::string& waves) {

@@ -18,8 +18,7 @@ public:
         if (!Recipe.GetWishes().Seed.empty()) Recipe.Lose("a seed");
         Recipe.AddAnalyses([this](const TPlanSource& source) { return AnalysisOf(source); });
         if (Recipe.GetWishes().OnlyCompile) return;
-        const std::vector<std::size_t> analyses = Recipe.ListSteps();
-        for (const TBuildTop* const top : Recipe.ListTops()) AddSimulation(*top, analyses);
+        for (const TBuildTop* const top : Recipe.ListTops()) AddSimulation(*top);
     }
 
 private:
@@ -47,7 +46,7 @@ private:
 
     // An elaborated design that is not saved leaves the library alone: simulations may run beside
     // each other.
-    void AddSimulation(const TBuildTop& top, const std::vector<std::size_t>& analyses) {
+    void AddSimulation(const TBuildTop& top) {
         TStepRecord record;
         const std::string unit =
             top.Architecture.empty() ? top.Entity : top.Entity + "-" + top.Architecture;
@@ -63,7 +62,7 @@ private:
         Append(Recipe.GetWishes().Arguments, &words);
         words.push_back(unit);
         record.Commands = {std::move(words)};
-        Recipe.AddSimulation(top, std::move(record), analyses, waves);
+        Recipe.AddLibrarySimulation(top, std::move(record), waves);
     }
 
     TRunRecipe& Recipe;

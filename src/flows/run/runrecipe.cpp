@@ -90,20 +90,18 @@ std::size_t TRunRecipe::AddStep(const std::string& name, const std::string& titl
 
 // The analyses of a tool write into libraries that the next ones read.
 void TRunRecipe::AddAnalyses(const std::function<TStepRecord(const TPlanSource&)>& recordOf) {
-    std::vector<std::size_t> steps(Plan.Sources.size(), kPlanSteps);
-    std::vector<std::size_t> before;
+    Analyses.assign(Plan.Sources.size(), kNoStep);
     for (std::size_t number = 0; number < Plan.Sources.size(); ++number) {
         const TPlanSource& source = Plan.Sources[number];
         if (source.Language != Tool.Language) continue;
-        steps[number] =
+        Analyses[number] =
             AddStep("analyse-" + NameOf(source), "analyse " + TitleOf(source), recordOf(source));
         TRunStep& step = Run->Steps.back();
         step.Sources = {source.Path};
-        for (const std::size_t need : source.Needs)
-            if (Plan.Sources[need].Language == Tool.Language && need < number)
-                step.Needs.push_back(steps[need]);
-        step.After = before;
-        before = {steps[number]};
+        for (const std::size_t need : Scan.Needs[number])
+            if (Analyses[need] != kNoStep) step.Needs.push_back(Analyses[need]);
+        if (LastAnalysis != kNoStep) step.After = {LastAnalysis};
+        LastAnalysis = Analyses[number];
     }
 }
 
@@ -120,9 +118,8 @@ void TRunRecipe::AddSources(TRunStep* step) const {
     for (std::size_t number = 0; number < Plan.Sources.size(); ++number) {
         if (Plan.Sources[number].Language != Tool.Language) continue;
         step->Sources.push_back(Plan.Sources[number].Path);
-        if (number < Includes.size())
-            step->Sources.insert(step->Sources.end(), Includes[number].begin(),
-                                 Includes[number].end());
+        step->Sources.insert(step->Sources.end(), Scan.Includes[number].begin(),
+                             Scan.Includes[number].end());
     }
     std::set<std::string> known;
     std::erase_if(step->Sources,
@@ -149,8 +146,23 @@ void TRunRecipe::AddLibrarySources(TRunStep* step) const {
     }
 }
 
-void TRunRecipe::AddSimulation(const TBuildTop& top, TStepRecord record,
-                               std::vector<std::size_t> needs, const std::string& waves) {
+// A library is never read beside a step that writes into it: the last analysis waits for all.
+void TRunRecipe::AddLibrarySimulation(const TBuildTop& top, TStepRecord record,
+                                      const std::string& waves) {
+    TRunStep& step = AddSimulation(top, std::move(record), waves);
+    const auto number = static_cast<std::size_t>(&top - Plan.Tops.data());
+    for (const std::size_t source : Scan.TopNeeds[number])
+        if (Analyses[source] != kNoStep) step.Needs.push_back(Analyses[source]);
+    if (LastAnalysis != kNoStep) step.After = {LastAnalysis};
+}
+
+void TRunRecipe::AddCompiledSimulation(const TBuildTop& top, TStepRecord record,
+                                       std::size_t compilation, const std::string& waves) {
+    AddSimulation(top, std::move(record), waves).Needs = {compilation};
+}
+
+TRunStep& TRunRecipe::AddSimulation(const TBuildTop& top, TStepRecord record,
+                                    const std::string& waves) {
     record.TimeoutSeconds = Wishes.TimeoutSeconds;
     record.FailOn = Wishes.FailOn;
     record.Tool = Tool.Name;
@@ -164,19 +176,12 @@ void TRunRecipe::AddSimulation(const TBuildTop& top, TStepRecord record,
     }
     const std::size_t number =
         AddStep("simulate-" + NameOf(top), "simulate " + TitleOf(top), std::move(record));
-    Run->Steps[number].Needs = std::move(needs);
     Run->Simulations.push_back({&top, Tool.Name, number, waves});
+    return Run->Steps[number];
 }
 
 void TRunRecipe::AddFile(const std::string& path, const std::string& text) {
     Run->Files.emplace_back(path, text);
-}
-
-std::vector<std::size_t> TRunRecipe::ListSteps() const {
-    std::vector<std::size_t> steps;
-    for (std::size_t number = FirstStep; number < Run->Steps.size(); ++number)
-        steps.push_back(number);
-    return steps;
 }
 
 TRunRecipe::TWords TRunRecipe::OptionsOf(TPlanStep step,

@@ -13,8 +13,8 @@ public:
 
     /// Keeps all of them.
     TRunRecipe(const TRunTool& tool, const TBuildPlan& plan, const TRunWishes& wishes,
-               const std::vector<std::vector<std::string>>& includes, TRunPlan* run)
-        : Tool(tool), Plan(plan), Wishes(wishes), Includes(includes), Run(run) {}
+               const TRunScan& scan, TRunPlan* run)
+        : Tool(tool), Plan(plan), Wishes(wishes), Scan(scan), Run(run) {}
 
     const TBuildPlan& GetPlan() const { return Plan; }
     const TRunWishes& GetWishes() const { return Wishes; }
@@ -35,14 +35,14 @@ public:
     void AddAnalyses(const std::function<TStepRecord(const TPlanSource&)>& recordOf);
     /// Adds a step that compiles all sources for a top. Returns its number.
     std::size_t AddCompilation(const TBuildTop& top, const char* verb, TStepRecord record);
-    /// Adds the step that runs a top once the steps `needs` are done.
-    void AddSimulation(const TBuildTop& top, TStepRecord record, std::vector<std::size_t> needs,
-                       const std::string& waves);
+    /// Adds the step that runs a top out of the libraries, again when a source that it is
+    /// elaborated from was analysed, and behind all analyses.
+    void AddLibrarySimulation(const TBuildTop& top, TStepRecord record, const std::string& waves);
+    /// Adds the step that runs a top once the step `compilation` is done.
+    void AddCompiledSimulation(const TBuildTop& top, TStepRecord record, std::size_t compilation,
+                               const std::string& waves);
     /// A source that is written for the tool.
     void AddFile(const std::string& path, const std::string& text);
-    /// The numbers of the tool's steps so far.
-    std::vector<std::size_t> ListSteps() const;
-
     /// Of the options of a step, those words that begin with one of the prefixes; the others are
     /// told.
     TWords OptionsOf(TPlanStep step, const std::vector<std::string_view>& prefixes);
@@ -58,18 +58,22 @@ public:
     std::string NameOf(const TBuildTop& top) const;
 
 private:
+    static constexpr std::size_t kNoStep = SIZE_MAX;
+
     std::string PathOfProgram(const std::string& program) const;
     std::string WorkFolderOf(const TBuildTop& top) const { return PathOf("work/" + NameOf(top)); }
     std::size_t AddStep(const std::string& name, const std::string& title, TStepRecord record);
+    TRunStep& AddSimulation(const TBuildTop& top, TStepRecord record, const std::string& waves);
     void AddSources(TRunStep* step) const;
     void AddLibrarySources(TRunStep* step) const;
 
     const TRunTool& Tool;
     const TBuildPlan& Plan;
     const TRunWishes& Wishes;
-    const std::vector<std::vector<std::string>>& Includes;
+    const TRunScan& Scan;
     TRunPlan* const Run;
-    const std::size_t FirstStep = Run->Steps.size();
+    std::vector<std::size_t> Analyses;  // by source; kNoStep where there is none
+    std::size_t LastAnalysis = kNoStep;
     std::set<std::string> Lost;
 };
 

@@ -9,6 +9,12 @@ class THdlBuildFile;
 struct TRunScan {
     /// For each source of the plan the files that it includes, whole paths.
     std::vector<std::vector<std::string>> Includes;
+    /// For each source of the plan the numbers of those before it whose analysis it needs, in
+    /// ascending order: what the build records, and what the texts tell.
+    std::vector<std::vector<std::size_t>> Needs;
+    /// For each top of the plan the numbers of the sources that it is elaborated from, in ascending
+    /// order; all where the texts do not tell.
+    std::vector<std::vector<std::size_t>> TopNeeds;
     /// For each top of the plan the languages that it needs sources in, besides its own.
     std::vector<std::vector<THdlLanguage>> OtherLanguages;
 };

@@ -22,7 +22,7 @@ const TRunTool* FindRunTool(std::string_view name) {
 }
 
 void AddRun(const TRunTool& tool, const TBuildPlan& plan, const TRunWishes& wishes,
-            const std::vector<std::vector<std::string>>& includes, TRunPlan* run) {
-    TRunRecipe recipe(tool, plan, wishes, includes, run);
+            const TRunScan& scan, TRunPlan* run) {
+    TRunRecipe recipe(tool, plan, wishes, scan, run);
     tool.AddSteps(&recipe);
 }

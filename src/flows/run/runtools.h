@@ -1,5 +1,6 @@
 #pragma once
 #include "flows/run/runplan.h"
+#include "flows/run/runscan.h"
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,7 +26,7 @@ const std::vector<TRunTool>& GetRunTools();
 /// Null for an unknown name.
 const TRunTool* FindRunTool(std::string_view name);
 
-/// Adds the steps of a tool to `*run`: all sources of its language, and the wished tops. `includes`
-/// are the files that each source of the plan includes.
+/// Adds the steps of a tool to `*run`: all sources of its language, and the wished tops. `scan` is
+/// the plan's.
 void AddRun(const TRunTool& tool, const TBuildPlan& plan, const TRunWishes& wishes,
-            const std::vector<std::vector<std::string>>& includes, TRunPlan* run);
+            const TRunScan& scan, TRunPlan* run);

@@ -48,7 +48,7 @@ private:
         Append(Recipe.GetWishes().Arguments, &words);
         TStepRecord simulation;
         simulation.Commands = {std::move(words)};
-        Recipe.AddSimulation(top, std::move(simulation), {step}, waves);
+        Recipe.AddCompiledSimulation(top, std::move(simulation), step, waves);
     }
 
     // Its warnings are about style as well: they do not end the run. Its makefiles take no blanks

@@ -25,10 +25,31 @@ TEST(GhdlRecipe, AnalysesOneBehindTheOtherAndRunsTheTops) {
               "  in /r/ghdl/work/work.tb_sim_-c04677a3\n"
               "  needs analyse Util.p\n"
               "  needs analyse work.tb\n"
+              "  after analyse work.tb\n"
               "  limits 60 s, ghdl, failure\n"
               "  waves /r/ghdl/work/work.tb_sim_-c04677a3/waves.ghw\n"
               "ghdl has no words for the analysis option plain\n"
               "ghdl has no words for a seed\n");
+}
+
+TEST(GhdlRecipe, RunsATopAgainForThatWhichItNeeds) {
+    const TBuildPlan plan = SamplePlan();
+    TRunScan scan = SampleScan(plan);
+    scan.Needs[1] = {};
+    scan.TopNeeds[0] = {1, 2};  // the second one is in Verilog
+    TRunPlan run;
+    AddRun(*FindRunTool("ghdl"), plan, SampleWishes(plan), scan, &run);
+    std::string text;
+    for (const TRunStep& step : run.Steps) {
+        text += step.Record.Title + ":";
+        for (const std::size_t need : step.Needs) text += " needs " + std::to_string(need);
+        for (const std::size_t former : step.After) text += " after " + std::to_string(former);
+        text += "\n";
+    }
+    EXPECT_EQ(text,
+              "analyse Util.p:\n"
+              "analyse work.tb: after 0\n"
+              "simulate work.tb(sim): needs 1 after 1\n");
 }
 
 TEST(GhdlRecipe, TakesTheStandardOfTheOptionsFirst) {
@@ -50,7 +71,7 @@ TEST(GhdlRecipe, TakesTheStandardOfTheOptionsFirst) {
         plan.Settings[0].Standard = row.Settings;
         wishes.VhdlStandard = row.Wish;
         TRunPlan run;
-        AddRun(*FindRunTool("ghdl"), plan, wishes, {}, &run);
+        AddRun(*FindRunTool("ghdl"), plan, wishes, SampleScan(plan), &run);
         EXPECT_EQ(run.Steps[0].Record.Commands[0][2], row.Option);
         EXPECT_EQ(run.Steps[0].Record.GuardedFiles[0],
                   std::string("/r/ghdl/libraries/util-") + row.Library + ".cf");

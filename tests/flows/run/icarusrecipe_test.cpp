@@ -5,7 +5,9 @@ TEST(IcarusRecipe, CompilesAllSourcesForEachTopAndRunsIt) {
     const TBuildPlan plan = SamplePlan();
     TRunWishes wishes = SampleWishes(plan);
     wishes.Launcher.clear();
-    EXPECT_EQ(TextOfRun("icarus", plan, wishes, {{}, {}, {"/b/inc/w.vh", "/b/t.v"}}),
+    TRunScan scan = SampleScan(plan);
+    scan.Includes[2] = {"/b/inc/w.vh", "/b/t.v"};
+    EXPECT_EQ(TextOfRun("icarus", plan, wishes, scan),
               "compile work.top\n"
               "  call iverilog|-o|/r/icarus/images/work.top-e0e15e25.vvp.part|-s|top|-Tmax|-Wall|"
               "-DA|-DB=2 3|-I/b/inc|-I/b/my inc|-y/b/lib|-Y.v|-Y.vlib|-Ptop.N=7|-Ptop.S=a b|"

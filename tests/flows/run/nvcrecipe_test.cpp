@@ -25,6 +25,7 @@ TEST(NvcRecipe, AnalysesOneBehindTheOtherAndRunsTheTops) {
               "  in /r/nvc/work/work.tb_sim_-c04677a3\n"
               "  needs analyse Util.p\n"
               "  needs analyse work.tb\n"
+              "  after analyse work.tb\n"
               "  limits 60 s, nvc, failure\n"
               "  waves /r/nvc/work/work.tb_sim_-c04677a3/waves.fst\n"
               "nvc has no words for the analysis option -frelaxed\n"

@@ -43,11 +43,24 @@ inline TRunWishes SampleWishes(const TBuildPlan& plan) {
     return wishes;
 }
 
+/// Of texts that tell what the plan records, and nothing of tops.
+inline TRunScan SampleScan(const TBuildPlan& plan) {
+    TRunScan scan;
+    scan.Includes.resize(plan.Sources.size());
+    std::vector<std::size_t> all;
+    for (const TPlanSource& source : plan.Sources) {
+        scan.Needs.push_back(source.Needs);
+        all.push_back(all.size());
+    }
+    scan.TopNeeds.assign(plan.Tops.size(), all);
+    return scan;
+}
+
 /// The steps, files and losses of a tool, one a line.
 inline std::string TextOfRun(const char* tool, const TBuildPlan& plan, const TRunWishes& wishes,
-                             const std::vector<std::vector<std::string>>& includes = {}) {
+                             const TRunScan& scan) {
     TRunPlan run;
-    AddRun(*FindRunTool(tool), plan, wishes, includes, &run);
+    AddRun(*FindRunTool(tool), plan, wishes, scan, &run);
     std::string text;
     const auto add = [&text](const std::string& name, const std::string& value) {
         if (!value.empty()) text += "  " + name + " " + value + "\n";
@@ -80,4 +93,8 @@ inline std::string TextOfRun(const char* tool, const TBuildPlan& plan, const TRu
     for (const auto& [path, file] : run.Files) text += path + ":\n" + file;
     for (const TDiagnostic& loss : run.Losses) text += GetDiagnosticText(loss) + "\n";
     return text;
+}
+
+inline std::string TextOfRun(const char* tool, const TBuildPlan& plan, const TRunWishes& wishes) {
+    return TextOfRun(tool, plan, wishes, SampleScan(plan));
 }

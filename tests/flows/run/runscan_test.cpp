@@ -11,14 +11,46 @@ constexpr const char* kBuild =
     "<TopLevelComponents><ComponentList Language=\"Verilog\"><Component Library=\"work\" "
     "Architecture=\"\">top</Component></ComponentList><ComponentList Language=\"VHDL\">"
     "<Component Library=\"work\" Architecture=\"sim\">mixed</Component>"
-    "<Component Library=\"work\" Architecture=\"sim\">pure</Component></ComponentList>"
+    "<Component Library=\"work\" Architecture=\"sim\">plain</Component></ComponentList>"
     "</TopLevelComponents><ProjectLanguageConfigurationList><LanguageSettings "
     "Language=\"Verilog\"><IncludeDirectories><Directory>inc</Directory></IncludeDirectories>"
     "</LanguageSettings></ProjectLanguageConfigurationList>"
     "<SourceFileGroup Language=\"Verilog\"><SourceFile>top.v</SourceFile><SourceFile>m.v"
     "</SourceFile></SourceFileGroup><SourceFileGroup Language=\"VHDL\"><SourceFile>mixed.vhd"
-    "</SourceFile><SourceFile>pure.vhd</SourceFile></SourceFileGroup>"
+    "</SourceFile><SourceFile>plain.vhd</SourceFile></SourceFileGroup>"
     "</HdlBuildFile></HdlBuildFileList>\n";
+
+/// Of a number the file that it is in the plan.
+std::string NameOf(const TBuildPlan& plan, std::size_t number) {
+    return plan.Sources[number].Path.substr(plan.Folder.size());
+}
+
+std::string TextOf(const TRunScan& scan, const TBuildPlan& plan) {
+    std::string text;
+    for (std::size_t number = 0; number < plan.Sources.size(); ++number) {
+        text += NameOf(plan, number) + ":";
+        for (const std::string& include : scan.Includes[number])
+            text += " includes " + include.substr(plan.Folder.size());
+        for (const std::size_t need : scan.Needs[number]) text += " needs " + NameOf(plan, need);
+        text += "\n";
+    }
+    for (std::size_t number = 0; number < plan.Tops.size(); ++number) {
+        text += plan.Tops[number].Entity + ":";
+        for (const std::size_t need : scan.TopNeeds[number]) text += " " + NameOf(plan, need);
+        for (const THdlLanguage language : scan.OtherLanguages[number])
+            text += std::string(" and ") + GetStringFromHdlLanguage(language);
+        text += "\n";
+    }
+    return text;
+}
+
+std::string Scanned(const TemporaryFolder& folder, const char* buildText) {
+    THdlBuildFile build;
+    build.SetBuildFileName(ISFileName::NewISFileName(folder.Write("b.xml", buildText).c_str()));
+    EXPECT_EQ(build.ReadFromFile(), 0);
+    const TBuildPlan plan = MakePlan(build);
+    return TextOf(ScanForRun(build, plan), plan);
+}
 
 }  // namespace
 
@@ -31,31 +63,50 @@ TEST(RunScan, FindsIncludedFilesAndTopsOfTwoLanguages) {
     folder.Write("mixed.vhd",
                  "entity mixed is end;\narchitecture sim of mixed is component m is end component;"
                  "\nbegin i : m; end;\n");
-    folder.Write("pure.vhd", "entity pure is end;\narchitecture sim of pure is begin end;\n");
-    THdlBuildFile build;
-    build.SetBuildFileName(ISFileName::NewISFileName(folder.Write("b.xml", kBuild).c_str()));
-    ASSERT_EQ(build.ReadFromFile(), 0);
-    const TBuildPlan plan = MakePlan(build);
-    const TRunScan scan = ScanForRun(build, plan);
-    std::string text;
-    for (std::size_t number = 0; number < plan.Sources.size(); ++number) {
-        text += plan.Sources[number].Path.substr(plan.Folder.size()) + ":";
-        for (const std::string& include : scan.Includes[number])
-            text += " " + include.substr(plan.Folder.size());
-        text += "\n";
-    }
-    for (std::size_t number = 0; number < plan.Tops.size(); ++number) {
-        text += plan.Tops[number].Entity + ":";
-        for (const THdlLanguage language : scan.OtherLanguages[number])
-            text += std::string(" ") + GetStringFromHdlLanguage(language);
-        text += "\n";
-    }
-    EXPECT_EQ(text,
-              "top.v: inc/a.vh inc/b.vh\n"
+    folder.Write("plain.vhd", "entity plain is end;\narchitecture sim of plain is begin end;\n");
+    EXPECT_EQ(Scanned(folder, kBuild),
+              "top.v: includes inc/a.vh includes inc/b.vh\n"
               "m.v:\n"
               "mixed.vhd:\n"
-              "pure.vhd:\n"
-              "top:\n"
-              "mixed: Verilog\n"
-              "pure:\n");
+              "plain.vhd:\n"
+              "top: top.v m.v\n"
+              "mixed: m.v mixed.vhd and Verilog\n"
+              "plain: plain.vhd\n");
+}
+
+// The build records an order, one need that no text tells, and nothing of the others. What a text
+// does not explain may be needed by each top.
+TEST(RunScan, FindsWhatIsNeededAndNotRecorded) {
+    const TemporaryFolder folder;
+    folder.Write("p.vhd", "package p is constant c : bit := '1'; end;\n");
+    folder.Write("q.vhd", "package q is constant c : bit := '1'; end;\n");
+    folder.Write("dut.vhd",
+                 "use work.p.all;\nentity dut is end;\narchitecture a of dut is begin end;\n");
+    folder.Write("tb.vhd",
+                 "entity tb is end;\narchitecture sim of tb is begin i : entity work.dut; end;\n");
+    folder.Write(
+        "other.vhd",
+        "use work.q.all;\nentity other is end;\narchitecture sim of other is begin end;\n");
+    folder.Write("notes.vhd", "-- nothing\n");
+    EXPECT_EQ(
+        Scanned(folder,
+                "<HdlBuildFileList><HdlBuildFile TopLevelLanguage=\"VHDL\" "
+                "DestinationLibrary=\"work\"><TopLevelComponents><ComponentList Language=\"VHDL\">"
+                "<Component Library=\"work\" Architecture=\"sim\">tb</Component>"
+                "<Component Library=\"work\" Architecture=\"sim\">other</Component>"
+                "<Component Library=\"work\" Architecture=\"sim\">nowhere</Component>"
+                "</ComponentList></TopLevelComponents><SourceFileGroup Language=\"VHDL\">"
+                "<SourceFile>p.vhd</SourceFile><SourceFile>q.vhd</SourceFile>"
+                "<SourceFile>dut.vhd</SourceFile><SourceFile>tb.vhd<Dependency>q.vhd</Dependency>"
+                "</SourceFile><SourceFile>other.vhd</SourceFile><SourceFile>notes.vhd</SourceFile>"
+                "</SourceFileGroup></HdlBuildFile></HdlBuildFileList>\n"),
+        "p.vhd:\n"
+        "q.vhd:\n"
+        "dut.vhd: needs p.vhd\n"
+        "tb.vhd: needs q.vhd needs dut.vhd\n"
+        "other.vhd: needs q.vhd\n"
+        "notes.vhd:\n"
+        "tb: p.vhd q.vhd dut.vhd tb.vhd notes.vhd\n"
+        "other: q.vhd other.vhd notes.vhd\n"
+        "nowhere: p.vhd q.vhd dut.vhd tb.vhd other.vhd notes.vhd\n");
 }

@@ -20,7 +20,7 @@ TEST(RunTools, AreDoneWithOnlyCompiling) {
                 {"verilator", "lint work.top\n"}};
     for (const auto& row : rows) {
         TRunPlan run;
-        AddRun(*FindRunTool(row.Tool), plan, wishes, {}, &run);
+        AddRun(*FindRunTool(row.Tool), plan, wishes, SampleScan(plan), &run);
         std::string titles;
         for (const TRunStep& step : run.Steps) titles += step.Record.Title + "\n";
         EXPECT_EQ(titles, row.Titles) << row.Tool;
