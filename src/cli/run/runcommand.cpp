@@ -9,6 +9,7 @@
 #include "cli/run/runtexts.h"
 #include "flows/plan/planoptions.h"
 #include "flows/process/programs.h"
+#include "flows/process/programversion.h"
 #include "flows/run/junit.h"
 #include "flows/run/ninjarun.h"
 #include "flows/run/runrecipe.h"
@@ -206,8 +207,12 @@ int TBuildRun::FindPrograms() {
     if (Arguments.DryRun) return kExitDone;
     Ninja = find(kNinja);
     for (const TRunTool* const tool : Options.Tools)
-        for (const TRunProgram& program : tool->Programs)
-            Options.Wishes.Programs[program.Name] = find(program);
+        for (const TRunProgram& program : tool->Programs) {
+            const std::string path = find(program);
+            Options.Wishes.Programs[program.Name] = path;
+            if (program.IsVersioned && status == kExitDone)
+                Options.Wishes.Versions[program.Name] = AskMajorVersion(path);
+        }
     if (Options.Farm)
         for (const TRunProgram& program : Options.Farm->Programs)
             Options.Wishes.Programs[program.Name] = find(program);

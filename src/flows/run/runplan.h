@@ -17,6 +17,8 @@ struct TRunWishes {
     std::vector<std::string> Launcher;   ///< stands before each program
     std::map<std::string, std::string>
         Programs;  ///< paths by name; others are called by their name
+    /// Their major versions by name, as far as they are known; others count as new.
+    std::map<std::string, int> Versions;
     long long TimeoutSeconds = 600;
     TMessageLevel FailOn = LEVEL_ERROR;
     std::string Farm;  ///< that simulations are submitted to; "" for none

@@ -10,7 +10,8 @@ class TRunRecipe;
 /// A program that a tool needs.
 struct TRunProgram {
     const char* Name;
-    const char* Package;  ///< of Debian, that has it; null: none has
+    const char* Package;       ///< of Debian, that has it; null: none has
+    bool IsVersioned = false;  ///< whether its calls depend on its version
 };
 
 /// One row of the table of simulators that a build runs with. The texts are static.

@@ -18,6 +18,7 @@ public:
         if (Recipe.GetSettings().Delay != DELAY_TYPE_TYPICAL) Recipe.Lose("the choice of delays");
         if (Recipe.GetWishes().FailOn == LEVEL_FAILURE)
             Recipe.Lose("errors that do not end a simulation");
+        if (IsOld()) Recipe.Lose("delays before version 5");
         const std::string& folder = Recipe.GetWishes().Folder;
         if (!Recipe.GetWishes().OnlyCompile && folder.find(' ') != std::string::npos)
             Recipe.Refuse(folder, "make takes no blanks; choose another folder with --output");
@@ -25,6 +26,12 @@ public:
     }
 
 private:
+    // Since version 5 it makes a program by itself and obeys delays.
+    bool IsOld() const {
+        const auto version = Recipe.GetWishes().Versions.find("verilator");
+        return version != Recipe.GetWishes().Versions.end() && version->second > 0 &&
+               version->second < 5;
+    }
     bool HasWaves() const { return Recipe.GetWishes().Waves && !Recipe.GetWishes().OnlyCompile; }
 
     // What make leaves half done is not built upon: the folder is made anew.
@@ -57,9 +64,13 @@ private:
         TWords words = Recipe.Call("verilator");
         if (Recipe.GetWishes().OnlyCompile)
             words.emplace_back("--lint-only");
+        else if (IsOld())
+            Append({"--cc", "--exe", "--build", "--prefix", "Vsimulation", "-o", "simulation"},
+                   &words);
         else
             Append({"--binary", "-o", "simulation"}, &words);
-        Append({"--timing", "--no-MMD", "--Mdir", ".", "-Wno-fatal", "--top-module",
+        if (!IsOld()) words.emplace_back("--timing");
+        Append({"--no-MMD", "--Mdir", ".", "-Wno-fatal", "--top-module",
                 HasWaves() ? "hdlbuild_waves" : top.Entity},
                &words);
         if (AsksForSystemVerilog(Recipe)) words.emplace_back("-sv");
@@ -73,7 +84,28 @@ private:
         AppendLibraryFiles(Recipe, "-v", &words);
         AppendSources(Recipe, &words);
         if (HasWaves()) AddWaves(top, waves, &words);
+        if (IsOld() && !Recipe.GetWishes().OnlyCompile) AddMain(top, &words);
         return words;
+    }
+
+    // Without delays nothing changes behind what the initial blocks have brought about: an
+    // evaluation settles all of it.
+    void AddMain(const TBuildTop& top, TWords* words) {
+        const std::string file = Recipe.PathOf("mains/" + Recipe.NameOf(top) + ".cpp");
+        Recipe.AddFile(file,
+                       "#include \"Vsimulation.h\"\n"
+                       "#include \"verilated.h\"\n\n"
+                       "double sc_time_stamp() { return 0; }\n\n"
+                       "int main(int argc, char** argv) {\n"
+                       "  Verilated::commandArgs(argc, argv);\n"
+                       "  Verilated::traceEverOn(" +
+                           std::string(HasWaves() ? "true" : "false") +
+                           ");\n"
+                           "  Vsimulation top;\n"
+                           "  top.eval();\n"
+                           "  top.final();\n"
+                           "}\n");
+        words->push_back(file);
     }
 
     void AppendDirectories(TWords* words) const {

@@ -250,6 +250,41 @@ TEST(RanBuilds, FailUnderVerilatorByErrorsAndTime) {
     }
 }
 
+TEST(RanBuilds, FollowWhatTheTextsTellWhereNothingIsRecorded) {
+    if (!IsInstalled("ghdl")) GTEST_SKIP() << "ghdl is not installed";
+    const WorkingFolder folder;
+    WriteVhdl(folder);
+    folder.Write("my build.xml",
+                 BuildText(TopsText("VHDL", {{"a", "sim"}, {"b", "sim"}}) +
+                           "<SourceFileGroup Language=\"VHDL\">\n" +
+                           SourceText("it's here/p.vhd", {}, "PrecompiledLibrary=\"util\"") +
+                           SourceText("q.vhd") + SourceText("a.vhd") + SourceText("b.vhd") +
+                           "</SourceFileGroup>\n"));
+    EXPECT_EQ(Ran("--with ghdl --jobs 1").substr(0, std::string(kBothPassed).size()), kBothPassed);
+    folder.Write("q.vhd", "package q is constant d : natural := 3; end package;\n");
+    EXPECT_EQ(Ran("--with ghdl --jobs 1"),
+              std::string(kAgainB) +
+                  "[1/3] analyse work.q\n[2/3] analyse work.b\n[3/3] simulate work.b(sim)\n");
+}
+
+TEST(RanBuilds, ShareNoFolder) {
+    const WorkingFolder folder;
+    WriteVhdl(folder);
+    folder.Write("bin/ninja", "#!/bin/sh\n: >running\nuntil test -e go; do sleep 0.02; done\n");
+    folder.Write("bin/ghdl", "#!/bin/sh\n");
+    for (const char* program : {"bin/ninja", "bin/ghdl"})
+        std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    const std::string command =
+        HDLBUILD_PROGRAM " run 'my build.xml' --with ghdl --tool-path bin 2>&1";
+    const auto [status, text] =
+        Shell(command + " >first & until test -e running; do sleep 0.02; done; " + command +
+              "; s=$?; >go; wait; exit $s");
+    EXPECT_EQ(WEXITSTATUS(status), 3);
+    EXPECT_EQ(std::regex_replace(text, std::regex("\"/.*/my build.run/.*.lock\""), "L"),
+              "hdlbuild: error: my build.run/build.ninja: it is being changed elsewhere: L stayed "
+              "locked for 10 seconds\n");
+}
+
 TEST(RanBuilds, DoUnderIcarusWhatHasChangedAlone) {
     if (!IsInstalled("iverilog")) GTEST_SKIP() << "iverilog is not installed";
     const WorkingFolder folder;
@@ -331,6 +366,35 @@ TEST(RanBuilds, TellOfBothLanguagesWithWavesAndAReport) {
 }
 
 // Nothing that was running outlives the tool, and what was done is not done again.
+TEST(RanBuilds, WriteWavesUnderBothVersionsOfVerilator) {
+    if (!IsInstalled("verilator")) GTEST_SKIP() << "verilator is not installed";
+    const WorkingFolder folder;
+    folder.Write("t.v",
+                 "module t;\n  parameter N = 1;\n  reg [7:0] x;\n  initial begin\n    x = N;\n"
+                 "    $display(\"%0d\", x);\n    $finish;\n  end\nendmodule\n");
+    folder.Write("build.xml", BuildText(TopsText("Verilog", {{"t", ""}}) +
+                                        "<SourceFileGroup Language=\"Verilog\">\n" +
+                                        SourceText("t.v") + "</SourceFileGroup>\n"));
+    folder.Write("old/verilator",
+                 "#!/bin/sh\ncase \"$*\" in --version) echo 'Verilator 4.228 2022-10-01';;\n"
+                 "*) PATH=\"$HDLBUILD_TEST_PATH\"; echo \"$1 $2 $3\" >>'" +
+                     folder.Path("calls") + "'; exec verilator \"$@\";; esac\n");
+    std::filesystem::permissions("old/verilator", std::filesystem::perms::owner_all);
+    for (const char* form : {"", " --tool-path old"}) {
+        EXPECT_EQ(Shell("export HDLBUILD_TEST_PATH=\"$PATH\"; " HDLBUILD_PROGRAM
+                        " run build.xml --with verilator --waves -g N=7 -o out" +
+                        std::string(form) + " >table 2>&1; tail -1 table; " +
+                        "cat out/logs/verilator/simulate*.log; "
+                        "grep -c 'var wire.* x' out/verilator/work/*/waves.vcd; "
+                        "grep -o 'b00000111' out/verilator/work/*/waves.vcd; rm -r out")
+                      .second,
+                  "1 passed, 0 failed, 0 not run\n7\n- " + folder.Path("t.v") +
+                      ":7: Verilog $finish\n1\nb00000111\n")
+            << form;
+    }
+    EXPECT_EQ(Shell("cat calls").second, "--cc --exe --build\n");
+}
+
 TEST(RanBuilds, GoOnBehindAnInterruption) {
     if (!IsInstalled("ghdl")) GTEST_SKIP() << "ghdl is not installed";
     const WorkingFolder folder;

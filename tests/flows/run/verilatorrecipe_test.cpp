@@ -52,3 +52,50 @@ TEST(VerilatorRecipe, ChecksATopWithoutMakingAProgram) {
               "-Wno-fatal|--top-module|top|-Wall|-DA|"
               "-DB=2 3|-I/b/inc|-I/b/my inc|-y|/b/lib|+libext+.v+.vlib|-GN=7|-v|/b/cells.v|/b/t.v");
 }
+
+TEST(VerilatorRecipe, HasAMainForAnOldVersion) {
+    const TBuildPlan plan = SamplePlan();
+    TRunWishes wishes;
+    wishes.Folder = "/r/";
+    wishes.Tops = {&plan.Tops[1]};
+    wishes.Versions = {{"verilator", 4}};
+    const std::string text = TextOfRun("verilator", plan, wishes);
+    EXPECT_EQ(text.substr(0, text.find("\n  in")),
+              "compile work.top\n"
+              "  call verilator|--cc|--exe|--build|--prefix|Vsimulation|-o|simulation|--no-MMD|"
+              "--Mdir|.|-Wno-fatal|--top-module|top|-Wall|-DA|-DB=2 3|-I/b/inc|-I/b/my inc|"
+              "-y|/b/lib|+libext+.v+.vlib|-v|/b/cells.v|/b/t.v|"
+              "/r/verilator/mains/work.top-e0e15e25.cpp");
+    const std::string name = "/r/verilator/mains/work.top-e0e15e25.cpp:\n";
+    EXPECT_EQ(text.substr(text.find(name)),
+              name +
+                  "#include \"Vsimulation.h\"\n"
+                  "#include \"verilated.h\"\n"
+                  "\n"
+                  "double sc_time_stamp() { return 0; }\n"
+                  "\n"
+                  "int main(int argc, char** argv) {\n"
+                  "  Verilated::commandArgs(argc, argv);\n"
+                  "  Verilated::traceEverOn(false);\n"
+                  "  Vsimulation top;\n"
+                  "  top.eval();\n"
+                  "  top.final();\n"
+                  "}\n"
+                  "verilator has no words for the analysis option -l\n"
+                  "verilator has no words for the analysis option +acc\n"
+                  "verilator has no words for the run option -q\n"
+                  "verilator has no words for the choice of delays\n"
+                  "verilator has no words for delays before version 5\n");
+    wishes.Waves = true;
+    EXPECT_NE(TextOfRun("verilator", plan, wishes).find("traceEverOn(true)"), std::string::npos);
+    wishes.OnlyCompile = true;
+    const std::string lint = TextOfRun("verilator", plan, wishes);
+    EXPECT_EQ(lint.substr(0, lint.find("|-Wall")),
+              "lint work.top\n"
+              "  call verilator|--lint-only|--no-MMD|--Mdir|.|-Wno-fatal|--top-module|top");
+    EXPECT_EQ(lint.find("main"), std::string::npos);
+    for (const int version : {0, 5, 6}) {
+        wishes.Versions = {{"verilator", version}};
+        EXPECT_NE(TextOfRun("verilator", plan, wishes).find("|--timing|"), std::string::npos);
+    }
+}

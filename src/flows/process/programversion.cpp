@@ -1,0 +1,18 @@
+#include "flows/process/programversion.h"
+#include "flows/process/childprocess.h"
+#include <algorithm>
+#include <charconv>
+
+int AskMajorVersion(const std::string& program) {
+    int version = 0;
+    TChildRequest request;
+    request.Words = {program, "--version"};
+    request.Timeout = std::chrono::seconds(10);
+    request.TakeLine = [&version](std::string_view line) {
+        const std::size_t digit = line.find_first_of("0123456789");
+        if (version == 0 && digit != std::string_view::npos)
+            std::from_chars(line.data() + digit, line.data() + line.size(), version);
+    };
+    RunChild(request);
+    return version;
+}
