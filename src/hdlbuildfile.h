@@ -45,6 +45,7 @@
 #include "services/designdatabase/projectcomponent.h"
 #include "services/designdatabase/visitor.h"
 #include "services/files/directories.h"
+#include "services/files/filelimit.h"
 #include "services/files/filelock.h"
 #include "services/files/filenameparts.h"
 #include "services/files/filereplace.h"

@@ -30,6 +30,7 @@ Options:
   -h,--help                   Print this help message and exit
   -V,--version                Display program version information and exit
   --quiet                     Do not show how far long work has come
+  --max-file-size SIZE        Read no file of more bytes, 1G if not given
 
 Subcommands:
 )" + subcommands +
@@ -71,6 +72,7 @@ Usage: hdlbuild servers [OPTIONS] SUBCOMMAND
 Options:
   -h,--help                   Print this help message and exit
   --quiet                     Do not show how far long work has come
+  --max-file-size SIZE        Read no file of more bytes, 1G if not given
 
 Subcommands:
   list                        List the tools of a server

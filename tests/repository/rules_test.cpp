@@ -111,6 +111,7 @@ TEST(Rules, LockAndCountInFewPlaces) {
               "services/base/sharedset.h: std::mutex\n"
               "services/files/directories.cpp: std::atomic\n"
               "services/files/directories.cpp: std::mutex\n"
+              "services/files/filelimit.cpp: std::atomic\n"
               "services/files/filesave.cpp: std::atomic\n"
               "services/files/filestatus.cpp: std::atomic\n"
               "services/files/filesystem.cpp: std::atomic\n"

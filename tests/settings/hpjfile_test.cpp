@@ -334,9 +334,10 @@ TEST(HpjFile, IsLockedFromTheReadingOfASaveToItsEnd) {
     /// Counts who else could lock the file while it was read, or written.
     class TAskingDisk : public MemoryFileSystem {
     public:
-        TFileResult Read(const std::string& path, std::string* bytes) override {
+        TFileResult Read(const std::string& path, std::uint64_t limit,
+                         std::string* bytes) override {
             Ask();
-            return MemoryFileSystem::Read(path, bytes);
+            return MemoryFileSystem::Read(path, limit, bytes);
         }
         TFileResult Flush(TFileNumber file) override {
             Ask();

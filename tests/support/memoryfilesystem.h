@@ -119,10 +119,11 @@ public:
             if (FolderOf(path) == folder) names->push_back(path.substr(folder.size()));
         return {};
     }
-    TFileResult Read(const std::string& path, std::string* bytes) override {
+    TFileResult Read(const std::string& path, std::uint64_t limit, std::string* bytes) override {
         if (TFileResult entered = Enter("Read"); !entered.IsDone()) return entered;
         const auto file = Files.find(Followed(path));
         if (file == Files.end()) return Fail(TFileFault::Missing);
+        if (file->second->Bytes.size() > limit) return {TFileFault::Other, "too large"};
         *bytes = file->second->Bytes;
         return {};
     }

@@ -2,6 +2,7 @@
 #include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/progressline.h"
+#include "cli/frame/sizelimit.h"
 #include "cli/frame/texts.h"
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -183,7 +184,7 @@ public:
         App.failure_message([](const CLI::App* app, const CLI::Error& error) {
             return Escaped(ComplaintOf(*app, error)) + kHelpHint;
         });
-        AddQuiet(App);
+        AddCommonOptions(App);
         for (const TCommand& command : tool.Commands) AddCommand(App, command, tool.Name);
         AddHelp();
     }
@@ -193,6 +194,7 @@ public:
         // A former parse that failed may have set some of them.
         for (const auto& reset : Resets) reset();
         IsQuiet = false;
+        MaxFileSize.clear();
         IsJson = false;
         HelpedCommand.clear();
         // CLI11 takes the arguments from the back.
@@ -229,6 +231,7 @@ public:
         TJsonOutcome outcome{IsJson};
         shown.Outcome = &outcome;
         const TProgressShown progress(shown.Progress);
+        const TSizeLimit limit(MaxFileSize);
         const int status = Command ? Command->Run(shown) : kExitUsage;
         if (status != kExitDone) PrintFailureAsJson(status, shown);
         return Finish(status, streams);
@@ -267,7 +270,7 @@ private:
             std::visit(TArgumentAdder{*sub, argument, Resets, choices}, argument.Value);
             if (argument.Name[0] != '-') line += std::string(" ") + argument.Name;
         }
-        AddQuiet(*sub);
+        AddCommonOptions(*sub);
         for (const TCommand& verb : command.Verbs) AddCommand(*sub, verb, line);
     }
 
@@ -276,7 +279,7 @@ private:
         Help->footer("");  // else the tool's
         Help->formatter(std::make_shared<TUsageFormatter>(std::string(Tool.Name) + " help", ""));
         Help->add_option("COMMAND", HelpedCommand, "The command, and its verb")->type_name("");
-        AddQuiet(*Help);
+        AddCommonOptions(*Help);
     }
 
     int PrintHelp(const TToolStreams& streams) const {
@@ -294,9 +297,13 @@ private:
         return Finish(kExitDone, streams);
     }
 
-    // It may stand on either side of the command.
-    void AddQuiet(CLI::App& app) {
+    // They may stand on either side of the command.
+    void AddCommonOptions(CLI::App& app) {
         app.add_flag("--quiet", IsQuiet, "Do not show how far long work has come");
+        app.add_option("--max-file-size", MaxFileSize,
+                       "Read no file of more bytes, 1G if not given")
+            ->type_name("SIZE")
+            ->check(CLI::Validator(ComplaintOfSize, ""));
     }
 
     const TTool& Tool;
@@ -306,6 +313,7 @@ private:
     CLI::App* Help = nullptr;
     std::vector<std::string> HelpedCommand;  // its words
     bool IsQuiet = false;
+    std::string MaxFileSize;
     bool IsJson = false;
 };
 

@@ -36,4 +36,5 @@ std::vector<TCommand> MakeRunCommands();
 inline constexpr const char* kStepCommand = "step";
 
 /// "run RECORD" and "digest SOURCE OUTPUT". The status is that of the step.
+/// The option kStepSizeLimit may stand in front of both.
 int RunStepCommand(const std::vector<std::string>& arguments, const TToolStreams& streams);

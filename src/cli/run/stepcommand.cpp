@@ -1,9 +1,13 @@
+#include "cli/frame/sizelimit.h"
 #include "cli/frame/texts.h"
 #include "cli/run/commands.h"
+#include "flows/run/ninjatext.h"
 #include "flows/run/runfiles.h"
 #include "flows/run/steprun.h"
 
-int RunStepCommand(const std::vector<std::string>& arguments, const TToolStreams& streams) {
+namespace {
+
+int RunStepWords(const std::vector<std::string>& arguments, const TToolStreams& streams) {
     if (arguments.size() == 2 && arguments[0] == "run") {
         const TStepEnd end = RunStep(
             arguments[1], [&streams](std::string_view text) { PrintFile(text, streams.Out); });
@@ -17,4 +21,13 @@ int RunStepCommand(const std::vector<std::string>& arguments, const TToolStreams
     }
     ReportError(streams, "'step' is called by 'run' alone");
     return kExitUsage;
+}
+
+}  // namespace
+
+int RunStepCommand(const std::vector<std::string>& arguments, const TToolStreams& streams) {
+    if (arguments.size() < 2 || arguments[0] != kStepSizeLimit)
+        return RunStepWords(arguments, streams);
+    const TSizeLimit limit(arguments[1]);
+    return RunStepWords({arguments.begin() + 2, arguments.end()}, streams);
 }

@@ -1,6 +1,7 @@
 #include "flows/run/ninjatext.h"
 #include "flows/process/programs.h"
 #include "flows/run/runfiles.h"
+#include "services/files/filelimit.h"
 #include <set>
 
 namespace {
@@ -43,7 +44,10 @@ private:
     void AddLine(const std::string& line) { Text.append(line).append("\n"); }
 
     void AddRules() {
-        const std::string call = NinjaText(CommandLineOf({Program, "step"}));
+        std::vector<std::string> words = {Program, "step"};
+        if (const std::uint64_t limit = GetFileSizeLimit(); limit != kUsualFileSizeLimit)
+            words.insert(words.end(), {kStepSizeLimit, std::to_string(limit)});
+        const std::string call = NinjaText(CommandLineOf(words));
         const bool hasFarm = Run.JobsHere > 0;
         AddLine("ninja_required_version = 1.7");
         if (hasFarm) {

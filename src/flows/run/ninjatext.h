@@ -3,6 +3,9 @@
 #include <string>
 #include <string_view>
 
+/// The option of a step for the limit of the size of files, unless it is the usual one.
+inline constexpr const char* kStepSizeLimit = "--max-file-size";
+
 /// A path in a line that builds something, and a value of a variable, as ninja reads them.
 std::string NinjaPath(std::string_view path);
 std::string NinjaText(std::string_view text);

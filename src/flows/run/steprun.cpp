@@ -2,6 +2,7 @@
 #include "flows/run/farmcall.h"
 #include "flows/run/runfiles.h"
 #include "flows/run/steprecord.h"
+#include "services/files/filereplace.h"
 
 namespace {
 
@@ -129,7 +130,13 @@ std::string TStepRun::ComplaintOf(const TChildResult& result) const {
 
 void TStepRun::Judge() {
     if (Record.Tool.empty()) return;
-    const TGravestMessage message = FindGravestMessage(Record.Tool, ReadText(Record.Log));
+    std::string text;
+    std::string reason;
+    if (ReadWholeFile(Record.Log.c_str(), &text, &reason) == FILE_READ_FAILED) {
+        Reason = Record.Log + ": " + reason;
+        return;
+    }
+    const TGravestMessage message = FindGravestMessage(Record.Tool, text);
     if (message.Level >= Record.FailOn)
         Reason = std::string(GetLevelName(message.Level)) + ": " + message.Line;
 }

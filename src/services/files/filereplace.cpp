@@ -1,4 +1,5 @@
 #include "services/files/filereplace.h"
+#include "services/files/filelimit.h"
 #include "services/files/filenameparts.h"
 #include "services/files/filesave.h"
 #include "services/files/filesystem.h"
@@ -15,7 +16,8 @@ std::string Canonical(const char* path) {
 
 TFileReadResult ReadWholeFile(const char* path, std::string* bytes, std::string* reason) {
     std::string unused;
-    const TFileResult result = GetFileSystem().Read(Canonical(path), bytes ? bytes : &unused);
+    const TFileResult result =
+        GetFileSystem().Read(Canonical(path), GetFileSizeLimit(), bytes ? bytes : &unused);
     if (result.IsDone()) return FILE_READ_DONE;
     if (reason) *reason = result.Reason;
     return result.Fault == TFileFault::Missing ? FILE_READ_MISSING : FILE_READ_FAILED;

@@ -7,6 +7,8 @@
 
 enum TFileReadResult : int { FILE_READ_DONE = 0, FILE_READ_MISSING = 1, FILE_READ_FAILED = 2 };
 
+/// Nothing but a regular file of no more bytes than the limit for all files (filelimit.h) is read:
+/// all else is a failure, for which nothing is allocated.
 HDLBUILDFILE_API TFileReadResult ReadWholeFile(const char* path, std::string* bytes,
                                                std::string* reason);
 

@@ -48,7 +48,8 @@ public:
     virtual TFileResult ReadLink(const std::string& path, std::string* target) = 0;
     /// The names in a folder, in no particular order.
     virtual TFileResult ListFolder(const std::string& folder, std::vector<std::string>* names) = 0;
-    virtual TFileResult Read(const std::string& path, std::string* bytes) = 0;
+    /// A file of more than `limit` bytes is not read, nor anything that is no regular file.
+    virtual TFileResult Read(const std::string& path, std::uint64_t limit, std::string* bytes) = 0;
 
     /// Whether another file may be put in the place of `path`: Missing when nothing is there, Other
     /// for a folder, a device and a write-protected file.

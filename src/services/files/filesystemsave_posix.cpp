@@ -1,4 +1,5 @@
 #include "services/files/filesystem_posix.h"
+#include "services/files/limitedread.h"
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -32,21 +33,12 @@ private:
     int Number;
 };
 
-bool ReadAll(int descriptor, std::size_t expectedSize, std::string* bytes) {
-    bytes->clear();
-    // One byte more shows the end of the file without another round.
-    std::size_t size = 0;
-    bytes->resize(expectedSize + 1);
-    for (;;) {
-        if (size == bytes->size()) bytes->resize(size * 2);
-        const ssize_t count = read(descriptor, bytes->data() + size, bytes->size() - size);
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return false;
-        if (count == 0) break;
-        size += static_cast<std::size_t>(count);
-    }
-    bytes->resize(size);
-    return true;
+TFileResult ReadSome(int descriptor, char* place, std::size_t room, std::size_t* count) {
+    ssize_t size = -1;
+    do size = read(descriptor, place, room);
+    while (size < 0 && errno == EINTR);
+    *count = size < 0 ? 0 : static_cast<std::size_t>(size);
+    return ResultOf(size < 0 ? -1 : 0);
 }
 
 /// Some file systems have nothing to flush, and say so.
@@ -101,7 +93,8 @@ bool TakeOverAttributes(int, const char*) {
 
 }  // namespace
 
-TFileResult TNativeFileSystem::Read(const std::string& path, std::string* bytes) {
+TFileResult TNativeFileSystem::Read(const std::string& path, std::uint64_t limit,
+                                    std::string* bytes) {
     // A pipe without a writer must not keep us waiting.
     const TDescriptor descriptor(open(Native(path), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status = {};
@@ -113,8 +106,10 @@ TFileResult TNativeFileSystem::Read(const std::string& path, std::string* bytes)
     }
     if (S_ISDIR(status.st_mode)) return FailWith(EISDIR);
     if (!S_ISREG(status.st_mode)) return {TFileFault::Other, kNotRegular};
-    const bool isRead = ReadAll(descriptor.Get(), static_cast<std::size_t>(status.st_size), bytes);
-    return ResultOf(isRead ? 0 : -1);
+    const auto readSome = [&descriptor](char* place, std::size_t room, std::size_t* count) {
+        return ReadSome(descriptor.Get(), place, room, count);
+    };
+    return ReadLimited(static_cast<std::uint64_t>(status.st_size), limit, readSome, bytes);
 }
 
 TFileResult TNativeFileSystem::CheckReplaceable(const std::string& path) {

@@ -1,4 +1,5 @@
 #include "services/files/filesystem_windows.h"
+#include "services/files/limitedread.h"
 #include "services/files/nativepath_windows.h"
 #include <algorithm>
 
@@ -19,19 +20,28 @@ HANDLE HandleOf(TFileNumber file) {
     return reinterpret_cast<HANDLE>(file);
 }
 
-bool ReadAll(HANDLE file, std::size_t expectedSize, std::string* bytes) {
-    bytes->resize(expectedSize + 1);
-    std::size_t size = 0;
-    for (;;) {
-        if (size == bytes->size()) bytes->resize(size * 2);
-        const auto room = static_cast<DWORD>(std::min(bytes->size() - size, kMostAtOnce));
-        DWORD count = 0;
-        if (!ReadFile(file, bytes->data() + size, room, &count, nullptr)) return false;
-        if (count == 0) break;
-        size += count;
+/// A handle that closes itself.
+class TOpenFile {
+public:
+    explicit TOpenFile(HANDLE handle) : Handle(handle) {}
+    ~TOpenFile() {
+        if (IsOpen()) CloseHandle(Handle);
     }
-    bytes->resize(size);
-    return true;
+    TOpenFile(const TOpenFile&) = delete;
+    TOpenFile& operator=(const TOpenFile&) = delete;
+    HANDLE Get() const { return Handle; }
+    bool IsOpen() const { return Handle != INVALID_HANDLE_VALUE; }
+
+private:
+    HANDLE Handle;
+};
+
+TFileResult ReadSome(HANDLE file, char* place, std::size_t room, std::size_t* count) {
+    DWORD size = 0;
+    const bool isRead =
+        ReadFile(file, place, static_cast<DWORD>(std::min(room, kMostAtOnce)), &size, nullptr);
+    *count = size;
+    return ResultOf(isRead);
 }
 
 bool PutInPlace(const std::wstring& from, const std::wstring& to) {
@@ -45,19 +55,18 @@ bool PutInPlace(const std::wstring& from, const std::wstring& to) {
 
 }  // namespace
 
-TFileResult TNativeFileSystem::Read(const std::string& path, std::string* bytes) {
+TFileResult TNativeFileSystem::Read(const std::string& path, std::uint64_t limit,
+                                    std::string* bytes) {
     const TFileStatus status = GetStatus(path);
     if (path.empty()) return FailWith(ERROR_FILE_NOT_FOUND);
     if (status.IsDirectory) return FailWith(ERROR_ACCESS_DENIED);
-    const HANDLE file = Open(path, GENERIC_READ, OPEN_EXISTING);
-    if (file == INVALID_HANDLE_VALUE) return FailWith(GetLastError());
-    TFileResult result;
-    if (GetFileType(file) != FILE_TYPE_DISK)
-        result = FailWith(ERROR_INVALID_HANDLE);
-    else
-        result = ResultOf(ReadAll(file, static_cast<std::size_t>(status.Size), bytes));
-    CloseHandle(file);
-    return result;
+    const TOpenFile file(Open(path, GENERIC_READ, OPEN_EXISTING));
+    if (!file.IsOpen()) return FailWith(GetLastError());
+    if (GetFileType(file.Get()) != FILE_TYPE_DISK) return FailWith(ERROR_INVALID_HANDLE);
+    const auto readSome = [&file](char* place, std::size_t room, std::size_t* count) {
+        return ReadSome(file.Get(), place, room, count);
+    };
+    return ReadLimited(static_cast<std::uint64_t>(status.Size), limit, readSome, bytes);
 }
 
 TFileResult TNativeFileSystem::CheckReplaceable(const std::string& path) {

@@ -10,7 +10,7 @@ public:
     std::string ExpandLinks(const std::string& path) override;
     TFileResult ReadLink(const std::string& path, std::string* target) override;
     TFileResult ListFolder(const std::string& folder, std::vector<std::string>* names) override;
-    TFileResult Read(const std::string& path, std::string* bytes) override;
+    TFileResult Read(const std::string& path, std::uint64_t limit, std::string* bytes) override;
 
     TFileResult CheckReplaceable(const std::string& path) override;
     TFileResult Create(const std::string& path, bool isPrivate, TFileNumber* file) override;

@@ -156,6 +156,7 @@ Positionals:
 Options:
   -h,--help                   Print this help message and exit
   --quiet                     Do not show how far long work has come
+  --max-file-size SIZE        Read no file of more bytes, 1G if not given
 
 )");
 }
@@ -193,6 +194,7 @@ Options:
   --six Excludes: --one --two Form 6
   --json                      Print one JSON object
   --quiet                     Do not show how far long work has come
+  --max-file-size SIZE        Read no file of more bytes, 1G if not given
 
 )");
 }

@@ -1,5 +1,6 @@
 #include "flows/run/ninjatext.h"
 #include "flows/process/programs.h"
+#include "tests/support/filesizelimit.h"
 #include <gtest/gtest.h>
 
 TEST(NinjaText, HasADigestOfEachSourceAndAStampOfEachStep) {
@@ -43,6 +44,27 @@ TEST(NinjaText, HasADigestOfEachSourceAndAStampOfEachStep) {
                   "  record = steps/ghdl/c\n"
                   "  title = simulate work.c\n"
                   "build all: phony done/ghdl/a done/ghdl/b done/ghdl/c\n"
+                  "default all\n");
+}
+
+TEST(NinjaText, PassesTheLimitForTheSizeOfFilesOn) {
+    const FileSizeLimit limit(5'000);
+    const std::string program = CommandLineOf({"/opt/hdlbuild"});
+    EXPECT_EQ(WriteNinja(TRunPlan(), "/opt/hdlbuild"),
+              "ninja_required_version = 1.7\n"
+              "rule digest\n"
+              "  command = " +
+                  program +
+                  " step --max-file-size 5000 digest $in $out\n"
+                  "  description = read $in\n"
+                  "  restat = 1\n"
+                  "rule step\n"
+                  "  command = " +
+                  program +
+                  " step --max-file-size 5000 run $record\n"
+                  "  description = $title\n"
+                  "build digests: phony\n"
+                  "build all: phony\n"
                   "default all\n");
 }
 

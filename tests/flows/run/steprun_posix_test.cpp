@@ -1,5 +1,6 @@
 #include "flows/run/steprecord.h"
 #include "flows/run/steprun.h"
+#include "tests/support/filesizelimit.h"
 #include "tests/support/temporaryfolder.h"
 #include <gtest/gtest.h>
 #include <regex>
@@ -55,6 +56,15 @@ TEST_F(StepRun, TellsItsWholeOutputWhenItFails) {
     EXPECT_EQ(told,
               "compile x failed: hdlbuild-no-such-program could not be started: No such file or "
               "directory\n");
+}
+
+TEST_F(StepRun, FailsWhereItsOutputCannotBeJudged) {
+    Record.Tool = "icarus";
+    EXPECT_EQ(Run("echo 345678"), "0 done\n");
+    const FileSizeLimit limit(10'000);
+    EXPECT_EQ(Run("head -c 100000 /dev/zero"),
+              "1\ncompile x failed: " + Record.Log +
+                  ": the file is too large: 100000 bytes, the limit is 10000\n");
 }
 
 TEST_F(StepRun, CallsNoCommandBehindOneThatFails) {

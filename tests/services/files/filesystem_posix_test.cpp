@@ -80,7 +80,7 @@ TEST(PosixFileSystem, TellsAFileThatCannotBeReadToItsEnd) {
     if (access("/proc/self/mem", R_OK) != 0) GTEST_SKIP() << "no file here has unreadable bytes";
     TNativeFileSystem system;
     std::string bytes;
-    const TFileResult result = system.Read("/proc/self/mem", &bytes);
+    const TFileResult result = system.Read("/proc/self/mem", 1'000, &bytes);
     EXPECT_EQ(result.Fault, TFileFault::Other);
     EXPECT_EQ(result.Reason, "Input/output error");
 }

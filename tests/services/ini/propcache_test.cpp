@@ -2,6 +2,7 @@
 #include "services/files/directories.h"
 #include "services/files/filelock.h"
 #include "services/ini/inifilenames.h"
+#include "tests/support/filesizelimit.h"
 #include "tests/support/growth.h"
 #include "tests/support/lockfilename.h"
 #include "tests/support/memoryfolder.h"
@@ -116,8 +117,9 @@ TEST(PropCache, IsLockedFromTheReadingOfASaveToItsEnd) {
     /// Another program saves as soon as the file was read, if it can.
     class TBusyDisk : public MemoryFileSystem {
     public:
-        TFileResult Read(const std::string& path, std::string* bytes) override {
-            const TFileResult result = MemoryFileSystem::Read(path, bytes);
+        TFileResult Read(const std::string& path, std::uint64_t limit,
+                         std::string* bytes) override {
+            const TFileResult result = MemoryFileSystem::Read(path, limit, bytes);
             std::thread([&] {
                 Answers += TFileLock(path.c_str()).IsHeld() ? "free " : "locked ";
             }).join();
@@ -459,6 +461,25 @@ TEST(PropCache, NeverMergesIntoAFileThatIsNoText) {
     EXPECT_EQ(folder.Read("user.ini"), utf16);
     folder.Write("user.ini", "");
     EXPECT_TRUE(cache.Flush());
+}
+
+TEST(PropCache, NeverReadsNorMergesAFileBeyondTheLimit) {
+    const MemoryFolder folder;
+    const auto user = folder.Write("user.ini", "[A]\nk=1\n");
+    const std::string fault = "Cannot read \"" + user + "\": too large\n";
+    RecordingLog log;
+    {
+        const FileSizeLimit limit(7);
+        TPropCache cache(user.c_str(), nullptr);
+        EXPECT_EQ(log.Take(), fault);
+        cache.WritePrivatePropString("A", "k", "2");
+        EXPECT_FALSE(cache.Flush());
+        EXPECT_EQ(log.Take(), fault);
+        EXPECT_EQ(folder.Read("user.ini"), "[A]\nk=1\n");
+        const FileSizeLimit enough(8);
+        EXPECT_TRUE(cache.Flush());
+    }
+    EXPECT_EQ(folder.Read("user.ini"), "[A]\nk=2\n");
 }
 
 TEST(PropCache, TellsWhichFileCouldNotBeRead) {

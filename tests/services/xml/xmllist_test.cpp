@@ -7,6 +7,7 @@
 #include "services/files/filereplace.h"
 #include "services/names/isfilename.h"
 #include "tests/services/xml/documents.h"
+#include "tests/support/filesizelimit.h"
 #include "tests/support/memoryfilesystem.h"
 #include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
@@ -275,6 +276,26 @@ TEST(XMLList, TellsThatAFileCannotBeRead) {
     EXPECT_EQ(box.Take(), Message("Cannot read file", path, ": " + reason));
     EXPECT_EQ(log.Take(), "xmllist(105): \"" + path + "\": " + reason + "\n");
     EXPECT_FALSE(list.GetReadError().Missing);
+}
+
+TEST(XMLList, ReadsNoFileBeyondTheLimit) {
+    const TemporaryFolder folder;
+    const auto path = WriteSparse(folder, "a.xml", kTerabyte);
+    if (!path) GTEST_SKIP() << "the disk takes no such file";
+    const std::string reason =
+        ": the file is too large: 1099511627776 bytes, the limit is 1073741824";
+    RecordingMessageBox box;
+    RecordingLog log;
+    HookedList list;
+    EXPECT_FALSE(list.ReadFile(path->c_str()));
+    EXPECT_EQ(list.Calls, "handle " + *path + "\n");
+    EXPECT_EQ(box.Take(), Message("Cannot read file", *path, reason));
+    EXPECT_EQ(log.Take(), "xmllist(105): \"" + *path + "\"" + reason + "\n");
+    // It would be lost: no copy of it can be kept.
+    EXPECT_FALSE(WriteHooked(*path));
+    EXPECT_EQ(box.Take(), Message("Cannot save file", *path, reason));
+    EXPECT_EQ(std::filesystem::file_size(*path), kTerabyte);
+    EXPECT_EQ(folder.List(), "a.xml\n");
 }
 
 TEST(XMLList, ForgetsTheErrorOfAnEarlierRead) {
