@@ -8,10 +8,18 @@
 #include "flows/imports/importedbuild.h"
 #include "flows/imports/importformats.h"
 #include "services/names/utilfilename.h"
+#include <algorithm>
 
 namespace {
 
 constexpr const char* kList = "list";
+
+/// With '/'.
+std::string FolderOf(const std::string& path) {
+    std::string folder = TUtilFileName(path.c_str()).Canonical();
+    std::replace(folder.begin(), folder.end(), '\\', '/');
+    return folder.substr(0, folder.find_last_of('/') + 1);
+}
 
 /// A run of the command.
 class TImportRun {
@@ -69,6 +77,7 @@ void TImportRun::Read() {
     if (!Arguments.Folder.empty())
         request.Folder =
             std::string(TUtilFileName(Arguments.Folder.c_str()).CanonicalWithoutFinalSlash()) + "/";
+    request.BuildFolder = FolderOf(Arguments.Output);
     Imported = Import(*Format, request);
 }
 

@@ -7,6 +7,7 @@
 #include <array>
 #include <deque>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -70,12 +71,18 @@ private:
         return {List().File.Name, word.Line, word.Column};
     }
     void TakeWord(const TListWord& word);
+    void KeepUnknown(const TListWord& word);
+    bool IsOperand(const std::string& word);
     void TakeOption(const TListOption& option, const TListWord& word);
     void Take(TListMeaning meaning, const std::string& value, const TImportPlace& place);
     void TakeFlag(TListMeaning meaning, const TImportPlace& place);
     void KeepOption(const TListOption& option, const TListWord& word);
     void AddSource(const std::string& name, bool isLibraryFile, const TImportPlace& place);
     void OpenList(TListMeaning meaning, const std::string& name, const TImportPlace& place);
+    // Of the others some compile VHDL, too.
+    THdlLanguage LanguageOfTops() const {
+        return Dialect.Tool & (LIST_COMMON | LIST_VCS) ? LANGUAGE_NONE : LANGUAGE_VERILOG;
+    }
     std::string Expanded(const std::string& text, const TImportPlace& place);
     TImportedText Folder(const std::string& name, const TImportPlace& place) {
         return {TImportReader::WholeOf(name, List().File.Folder), place};
@@ -84,7 +91,8 @@ private:
     TImportReader& Reader;
     const TListDialect& Dialect;
     std::string WorkingFolder;
-    std::deque<TOpenList> Lists;  // the views of words must stay
+    std::deque<TOpenList> Lists;     // the views of words must stay
+    std::optional<TListWord> Ahead;  // of the last list, read behind an option that is not known
 };
 
 void TFileListReader::Read(const TImportFile& file) {
@@ -92,11 +100,14 @@ void TFileListReader::Read(const TImportFile& file) {
     Lists.emplace_back(file, Dialect.Syntax, "");
     while (!Lists.empty()) {
         TListWord word;
-        if (List().Words.Next(&word)) {
+        const bool isAhead = Ahead.has_value();
+        if (isAhead) word = *std::exchange(Ahead, std::nullopt);
+        if (isAhead || List().Words.Next(&word)) {
             TakeWord(word);
             continue;
         }
-        if (List().Words.GetFault()) Reader.Fail(List().Words.GetFault(), PlaceOf(word));
+        const TListWords& words = List().Words;
+        if (words.GetFault()) Reader.Fail(words.GetFault(), PlaceOf(words.GetFaultWord()));
         Lists.pop_back();
         if (!Lists.empty()) Reader.Leave();
     }
@@ -109,7 +120,7 @@ void TFileListReader::TakeWord(const TListWord& word) {
     else if (isOption && Dialect.Tool == LIST_VERIBLE)
         Reader.Lose("the line " + word.Text, PlaceOf(word));
     else if (isOption)
-        Reader.KeepOption(word.Text, PlaceOf(word));
+        KeepUnknown(word);
     else
         AddSource(word.Text, false, PlaceOf(word));
 }
@@ -126,16 +137,45 @@ void TFileListReader::TakeOption(const TListOption& option, const TListWord& wor
     }
     TListWord next;
     const bool isNext = option.Form != FORM_REST && word.Text == option.Name;
-    if (isNext && !List().Words.Next(&next))
-        return Reader.Fail(word.Text + " without a value", PlaceOf(word));
+    if (isNext && !List().Words.Next(&next)) {
+        if (!List().Words.GetFault()) Reader.Fail(word.Text + " without a value", PlaceOf(word));
+        return;
+    }
     Take(option.Meaning, isNext ? next.Text : value, PlaceOf(word));
 }
 
 void TFileListReader::KeepOption(const TListOption& option, const TListWord& word) {
-    Reader.KeepOption(word.Text, PlaceOf(word));
     TListWord next;
-    if (word.Text == option.Name && List().Words.Next(&next))
-        Reader.KeepOption(next.Text, PlaceOf(next));
+    std::vector<std::string> operands;
+    if (word.Text == option.Name && List().Words.Next(&next)) operands.push_back(next.Text);
+    if (List().Words.GetFault()) return;
+    Reader.KeepOption(LANGUAGE_VERILOG, word.Text, PlaceOf(word), operands);
+}
+
+// A word behind an option that is not known belongs to it, unless it looks like a source.
+void TFileListReader::KeepUnknown(const TListWord& word) {
+    const TImportPlace place = PlaceOf(word);
+    TListWord next;
+    std::vector<std::string> operands;
+    const bool mayHaveOperand =
+        word.Text.starts_with('-') && word.Text.find('=') == std::string::npos;
+    if (mayHaveOperand && List().Words.Next(&next)) {
+        if (IsOperand(next.Text))
+            operands.push_back(next.Text);
+        else
+            Ahead = next;
+    }
+    Reader.KeepOption(LANGUAGE_VERILOG, word.Text, place, operands);
+}
+
+bool TFileListReader::IsOperand(const std::string& word) {
+    if (word.starts_with('-') || word.starts_with('+')) return false;
+    std::vector<std::string> unset;
+    const std::string name =
+        WithVariables(word, Dialect.Variables, Dialect.KeepsUnsetVariables, &unset);
+    if (LanguageOfPath(name) != LANGUAGE_NONE) return false;
+    const TFileStatus status = LookAtFile(TImportReader::CanonicalOf(name, List().File.Folder));
+    return !status.Exists || status.IsDirectory;
 }
 
 void TFileListReader::Take(TListMeaning meaning, const std::string& value,
@@ -153,7 +193,7 @@ void TFileListReader::Take(TListMeaning meaning, const std::string& value,
         case MEANS_DEFINE:
             return Reader.AddDefine(value, place);
         case MEANS_TOP:
-            return Reader.AddTop({LANGUAGE_VERILOG, List().Library, value, ""}, place);
+            return Reader.AddTop({LanguageOfTops(), List().Library, value, ""}, place);
         case MEANS_LIBRARY:
             List().Library = value;
             return;

@@ -1,7 +1,6 @@
 #include "flows/imports/formatreaders.h"
 #include "flows/imports/importreader.h"
 #include "flows/imports/pythonliterals.h"
-#include "flows/optiontexts.h"
 #include <deque>
 
 namespace {
@@ -13,6 +12,7 @@ struct TOpenManifest {
     std::size_t Next = 0;
     std::string Library = "work";
     std::vector<TImportedText> Files;
+    std::vector<TImportedText> Tops;
 };
 
 /// Reads a manifest and those of its local modules.
@@ -41,7 +41,7 @@ private:
     }
     void TakeModule(const TPythonText& text, const TImportPlace& place);
     void TakeTop(const TPythonText& text, const TImportPlace& place) {
-        Reader.AddTop({LANGUAGE_NONE, "", text.Text, ""}, place);
+        Manifests.back().Tops.push_back({text.Text, place});
     }
     void TakeIncludeFolder(const TPythonText& text, const TImportPlace& place);
     void TakeVerilogOptions(const TPythonText& text, const TImportPlace& place);
@@ -78,7 +78,7 @@ void THdlmakeReader::Read(const TImportFile& file) {
 }
 
 void THdlmakeReader::Open(TImportFile file) {
-    Manifests.push_back({std::move(file), {}, 0, "work", {}});
+    Manifests.push_back({std::move(file), {}, 0, "work", {}, {}});
     TOpenManifest& manifest = Manifests.back();
     TPythonStatements statements(manifest.File.Text);
     TPythonStatement statement;
@@ -92,6 +92,8 @@ void THdlmakeReader::Open(TImportFile file) {
         source.Place = each.Place;
         Reader.AddSource(std::move(source));
     }
+    for (const TImportedText& top : manifest.Tops)
+        Reader.AddTop({LANGUAGE_NONE, manifest.Library, top.Text, ""}, top.Place);
 }
 
 void THdlmakeReader::TakeStatement(const TPythonStatement& statement) {
@@ -129,14 +131,11 @@ void THdlmakeReader::TakeIncludeFolder(const TPythonText& text, const TImportPla
 }
 
 void THdlmakeReader::TakeVerilogOptions(const TPythonText& text, const TImportPlace& place) {
-    for (const std::string& word : WordsOfOptions(text.Text)) Reader.KeepOption(word, place);
+    Reader.TakeOptions(LANGUAGE_VERILOG, text.Text, Manifests.back().File.Folder, place);
 }
 
 void THdlmakeReader::TakeVhdlOptions(const TPythonText& text, const TImportPlace& place) {
-    for (const std::string& word : WordsOfOptions(text.Text)) {
-        Reader.SettingsOf(LANGUAGE_VHDL).Options[STEP_ANALYSE].push_back({word, place});
-        Reader.Tell(DIAGNOSTIC_IMPORTED_OPTION, {word}, place);
-    }
+    Reader.TakeOptions(LANGUAGE_VHDL, text.Text, Manifests.back().File.Folder, place);
 }
 
 // A build is for simulation.

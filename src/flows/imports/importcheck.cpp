@@ -1,11 +1,16 @@
 #include "flows/imports/importcheck.h"
 #include "flows/imports/importreader.h"
+#include "flows/scan/asciicase.h"
+#include "flows/scan/sourcetext.h"
 #include "services/files/filestatus.h"
 #include "services/names/environment.h"
 #include "services/names/isfilename.h"
+#include "services/names/utilfilename.h"
 #include <algorithm>
+#include <filesystem>
+#include <set>
+#include <system_error>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace {
 
@@ -25,14 +30,53 @@ private:
     }
     bool IsKept(TImportedSource& source);
     bool IsFirst(const TImportedSource& source);
+    bool IsSameFile(const TImportedSource& first, const TImportedSource& other) const;
+    bool IsName(const std::string& name, const std::string& shown, const TImportPlace& place);
+    bool IsPathOfBuild(const TImportedSource& source);
     bool IsOption(const std::string& text, const TImportPlace& place);
     bool IsDirectory(const TImportedText& directory);
-    THdlLanguage LanguageOfTops() const;
+    THdlLanguage LanguageOfTop(const TImportedTop& top);
+    void FindLanguages();
 
     const TImportRequest& Request;
     TImported& Imported;
     std::unordered_map<std::size_t, const TImportedSource*> Known;  // by the file's number
+    std::set<THdlLanguage> Languages;                               // of HDL that sources have
+    std::unordered_map<std::string, std::set<THdlLanguage>> LanguagesOfNames;  // of files, folded
 };
+
+constexpr const char* kBlanks = " \t\r\n";
+
+/// Why no build holds the text; null: it may.
+const char* FaultOfText(std::string_view text) {
+    const auto isControl = [](char c) {
+        return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r';
+    };
+    if (!IsUtf8Text(text)) return ", which is no UTF-8";
+    const bool hasControl = std::any_of(text.begin(), text.end(), isControl) ||
+                            text.find("\xEF\xBF\xBE") != std::string_view::npos ||
+                            text.find("\xEF\xBF\xBF") != std::string_view::npos;
+    return hasControl ? " with a control character in it" : nullptr;
+}
+
+bool TImportCheck::IsName(const std::string& name, const std::string& shown,
+                          const TImportPlace& place) {
+    const char* const fault = FaultOfText(name);
+    if (fault) Tell(DIAGNOSTIC_NOT_IMPORTED, {"the name " + shown + fault}, place);
+    return !fault;
+}
+
+// Readers of a build take blanks off the ends of a path, which is relative to its folder there.
+bool TImportCheck::IsPathOfBuild(const TImportedSource& source) {
+    std::string_view path = source.Path;
+    if (!Request.BuildFolder.empty() && path.starts_with(Request.BuildFolder))
+        path.remove_prefix(Request.BuildFolder.size());
+    if (path.find_first_of(kBlanks) != 0 && path.find_last_of(kBlanks) != path.size() - 1)
+        return true;
+    Tell(DIAGNOSTIC_NOT_IMPORTED,
+         {"the name " + Request.TextOf(source.Path) + " with a blank at its end"}, source.Place);
+    return false;
+}
 
 void TImportCheck::CheckSources() {
     std::vector<TImportedSource> sources = std::move(Imported.Sources);
@@ -48,6 +92,9 @@ void TImportCheck::CheckSources() {
 }
 
 bool TImportCheck::IsKept(TImportedSource& source) {
+    if (!IsName(source.Path, Request.TextOf(source.Path), source.Place) ||
+        !IsName(source.Library, source.Library, source.Place) || !IsPathOfBuild(source))
+        return false;
     if (source.Language == LANGUAGE_NONE) source.Language = LanguageOfPath(source.Path);
     if (source.Language == LANGUAGE_NONE) {
         Tell(DIAGNOSTIC_IMPORTED_NO_LANGUAGE, {Request.TextOf(source.Path)}, source.Place);
@@ -72,10 +119,21 @@ bool TImportCheck::IsFirst(const TImportedSource& source) {
     if (found == Known.end()) return true;
     const TImportedSource& first = *found->second;
     const bool isSame = first.Library == source.Library && first.Language == source.Language &&
-                        first.IsLibraryFile == source.IsLibraryFile;
+                        first.IsLibraryFile == source.IsLibraryFile && IsSameFile(first, source);
     Tell(isSame ? DIAGNOSTIC_IMPORTED_AGAIN : DIAGNOSTIC_IMPORTED_OTHERWISE,
          {Request.TextOf(source.Path), GetSourcePlaceText(first.Place)}, source.Place);
     return false;
+}
+
+// A build takes names that differ in case for one. Where the system does not, there may be two.
+bool TImportCheck::IsSameFile(const TImportedSource& first, const TImportedSource& other) const {
+    const std::string firstPath = TImportReader::CanonicalOf(first.Path, "");
+    const std::string otherPath = TImportReader::CanonicalOf(other.Path, "");
+    if (firstPath == otherPath) return true;
+    if (!LookAtFile(firstPath).Exists || !LookAtFile(otherPath).Exists) return true;
+    std::error_code fault;
+    return std::filesystem::equivalent(std::u8string(firstPath.begin(), firstPath.end()),
+                                       std::u8string(otherPath.begin(), otherPath.end()), fault);
 }
 
 // A build compiles language by language.
@@ -92,18 +150,37 @@ void TImportCheck::CheckOrder() {
     }
 }
 
-THdlLanguage TImportCheck::LanguageOfTops() const {
-    const auto isVhdl = [](const TImportedSource& source) {
-        return source.Language == LANGUAGE_VHDL;
-    };
-    const auto& sources = Imported.Sources;
-    return std::any_of(sources.begin(), sources.end(), isVhdl) ? LANGUAGE_VHDL : LANGUAGE_VERILOG;
+void TImportCheck::FindLanguages() {
+    for (const TImportedSource& source : Imported.Sources) {
+        if (source.Language != LANGUAGE_VHDL && source.Language != LANGUAGE_VERILOG) continue;
+        Languages.insert(source.Language);
+        const std::string name = TUtilFileName(source.Path.c_str()).GetParts(PART_NAME);
+        LanguagesOfNames[FoldAscii(name)].insert(source.Language);
+    }
+}
+
+// Where there are sources in both, that of the one whose file is named like the top.
+THdlLanguage TImportCheck::LanguageOfTop(const TImportedTop& top) {
+    if (Imported.Sources.empty()) return LANGUAGE_VERILOG;
+    if (Languages.size() == 1) return *Languages.begin();
+    const auto found = LanguagesOfNames.find(FoldAscii(top.Top.Entity));
+    if (found != LanguagesOfNames.end() && found->second.size() == 1) return *found->second.begin();
+    const THdlLanguage language = Languages.empty() ? LANGUAGE_VERILOG : LANGUAGE_VHDL;
+    Tell(DIAGNOSTIC_NOT_IMPORTED,
+         {"the language of the top " + top.Top.Entity + ", taken for " +
+          GetDisplayStringFromHdlLanguage(language)},
+         top.Place);
+    return language;
 }
 
 void TImportCheck::CheckTops() {
-    const THdlLanguage language = LanguageOfTops();
+    std::erase_if(Imported.Tops, [this](const TImportedTop& top) {
+        return !IsName(top.Top.Library, top.Top.Library, top.Place) ||
+               !IsName(top.Top.Entity, top.Top.Entity, top.Place);
+    });
+    FindLanguages();
     for (TImportedTop& top : Imported.Tops)
-        if (top.Top.Language == LANGUAGE_NONE) top.Top.Language = language;
+        if (top.Top.Language == LANGUAGE_NONE) top.Top.Language = LanguageOfTop(top);
 }
 
 // Readers of a build put in the values of variables.
@@ -115,8 +192,10 @@ bool HasVariable(const std::string& text) {
 bool TImportCheck::IsOption(const std::string& text, const TImportPlace& place) {
     const bool hasQuote = text.find('"') != std::string::npos;
     const bool hasLineEnd = text.find_first_of("\n\r") != std::string::npos;
-    if (!hasQuote && !hasLineEnd && !HasVariable(text)) return true;
-    const char* const fault = hasQuote     ? " with a quote in it"
+    const char* const textFault = FaultOfText(text);
+    if (!hasQuote && !hasLineEnd && !textFault && !HasVariable(text)) return true;
+    const char* const fault = textFault    ? textFault
+                              : hasQuote   ? " with a quote in it"
                               : hasLineEnd ? " with a line end in it"
                                            : " with a variable in it";
     Tell(DIAGNOSTIC_NOT_IMPORTED, {"the option " + text + fault}, place);
@@ -124,6 +203,7 @@ bool TImportCheck::IsOption(const std::string& text, const TImportPlace& place) 
 }
 
 bool TImportCheck::IsDirectory(const TImportedText& directory) {
+    if (!IsName(directory.Text, Request.TextOf(directory.Text), directory.Place)) return false;
     if (HasVariable(directory.Text)) {
         Tell(DIAGNOSTIC_NOT_IMPORTED, {"the folder " + directory.Text + " with a variable in it"},
              directory.Place);
@@ -134,6 +214,12 @@ bool TImportCheck::IsDirectory(const TImportedText& directory) {
     if (!LookAtFile(canonical).Exists)
         Tell(DIAGNOSTIC_IMPORTED_FILE_MISSING, {Request.TextOf(directory.Text)}, directory.Place);
     return true;
+}
+
+std::string TextOf(const TImportedOption& option) {
+    std::string text = option.Text;
+    for (const std::string& operand : option.Operands) text.append(" ").append(operand);
+    return text;
 }
 
 void TImportCheck::CheckSettings() {
@@ -151,7 +237,10 @@ void TImportCheck::CheckSettings() {
         keep(&settings.Defines, [this](const TImportedDefine& define) {
             return IsOption(define.Define.Name + "=" + define.Define.Value, define.Place);
         });
-        for (auto& words : settings.Options) keep(&words, isOption);
+        for (auto& options : settings.Options)
+            keep(&options, [this](const TImportedOption& option) {
+                return IsOption(TextOf(option), option.Place);
+            });
     }
 }
 

@@ -16,6 +16,13 @@ struct TImportedText {
     TImportPlace Place;
 };
 
+/// An option without a meaning to the importer, and the words behind it that belong to it.
+struct TImportedOption {
+    std::string Text;
+    TImportPlace Place;
+    std::vector<std::string> Operands = {};
+};
+
 struct TImportedDefine {
     TScanDefine Define;
     TImportPlace Place;
@@ -44,8 +51,7 @@ struct TImportedSettings {
     std::vector<TImportedDefine> Defines;
     std::optional<TImportedText> Standard;  ///< a year
     std::optional<TSimProjectDelayType> Delay;
-    /// Words, by step, that are options without a meaning to the importer.
-    std::array<std::vector<TImportedText>, kPlanSteps> Options;
+    std::array<std::vector<TImportedOption>, kPlanSteps> Options;  ///< by step
 };
 
 /// What files of another tool say, in no tool's words.

@@ -42,17 +42,24 @@ std::string StandardOption(THdlLanguage language, const std::string& year) {
     return year == "2005" ? "-g2005-sv" : "-sv";
 }
 
+void AppendOptions(const std::vector<TImportedOption>& options, TOptionText* text) {
+    for (const TImportedOption& option : options) {
+        text->Append(option.Text);
+        for (const std::string& operand : option.Operands) text->Append(operand);
+    }
+}
+
 std::string BuildOptionsOf(THdlLanguage language, const TImportedSettings& settings) {
     TOptionText text;
     if (settings.Standard) text.Add(StandardOption(language, settings.Standard->Text));
     for (const TImportedDefine& define : settings.Defines) text.Add(DefineOption(define.Define));
-    for (const TImportedText& word : settings.Options[STEP_ANALYSE]) text.Append(word.Text);
+    AppendOptions(settings.Options[STEP_ANALYSE], &text);
     return text.Get();
 }
 
-std::string TextOfWords(const std::vector<TImportedText>& words) {
+std::string TextOfOptions(const std::vector<TImportedOption>& options) {
     TOptionText text;
-    for (const TImportedText& word : words) text.Append(word.Text);
+    AppendOptions(options, &text);
     return text.Get();
 }
 
@@ -76,8 +83,8 @@ void AddSettings(THdlLanguage language, const TImportedSettings& settings, TBuil
         own.AddLibraryExtension(extension.Text.c_str());
     if (settings.Delay) own.SetDelayType(*settings.Delay);
     own.SetBuildOptions(BuildOptionsOf(language, settings).c_str());
-    own.SetLinkerOptions(TextOfWords(settings.Options[STEP_ELABORATE]).c_str());
-    own.SetRuntimeOptions(TextOfWords(settings.Options[STEP_RUN]).c_str());
+    own.SetLinkerOptions(TextOfOptions(settings.Options[STEP_ELABORATE]).c_str());
+    own.SetRuntimeOptions(TextOfOptions(settings.Options[STEP_RUN]).c_str());
 }
 
 void AddOne(const TImportedSource& imported, THdlBuildFile* build) {

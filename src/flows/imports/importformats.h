@@ -22,6 +22,8 @@ struct TImportRequest {
     std::string Folder;
     /// A canonical path as users see it.
     std::function<std::string(const std::string& path)> TextOf;
+    /// Of the build that is made, with '/' at its end; "": it is not known.
+    std::string BuildFolder = {};
 };
 
 /// Whether the order of the sources in a file is one of compilation.
@@ -41,6 +43,6 @@ const std::vector<TImportFormat>& GetImportFormats();
 /// Null for an unknown name.
 const TImportFormat* FindImportFormat(std::string_view name);
 
-/// Reads the files, one behind the other. What is left in the record fits into a build; of what
-/// does not its diagnostics tell.
+/// Reads the files, one behind the other. What is left in the record fits into a build in the
+/// folder of the request; of what does not its diagnostics tell.
 TImported Import(const TImportFormat& format, const TImportRequest& request);

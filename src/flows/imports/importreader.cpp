@@ -8,10 +8,30 @@
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kUtf16Marks[] = {"\xFF\xFE", "\xFE\xFF"};
 
 std::string FolderOf(const std::string& path) {
     const std::string directory = TUtilFileName(path.c_str()).GetParts(PART_DRIVE | PART_DIRECTORY);
     return WholePath("", directory) + "/";
+}
+
+/// An option text that readers take apart into these words. None of them holds a quote.
+std::string TextOfWords(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words) text.append("\"").append(word).append("\" ");
+    return text;
+}
+
+/// Whether readers of a build leave the words as they are, and take none behind them along.
+bool IsPlainOption(THdlLanguage language, std::vector<std::string> words) {
+    for (const std::string& word : words)
+        if (word.find('"') != std::string::npos) return true;
+    words.emplace_back("x");
+    TPlanSettings settings;
+    settings.Language = language;
+    std::vector<std::string> libraryFiles;
+    AddOptions(TextOfWords(words), STEP_ANALYSE, "/", &settings, &libraryFiles);
+    return settings.Options[STEP_ANALYSE] == words;
 }
 
 }  // namespace
@@ -24,11 +44,19 @@ std::string TImportReader::CanonicalOf(const std::string& path, const std::strin
     return TUtilFileName(WholeOf(path, folder).c_str()).CanonicalWithoutFinalSlash();
 }
 
+void TImportReader::AddTop(const TBuildTop& top, const TImportPlace& place) {
+    if (top.Entity.empty()) return Fail("a top without a name", place);
+    Imported.Tops.push_back({top, place});
+}
+
 void TImportReader::AddDefine(const std::string& text, const TImportPlace& place) {
     const std::size_t sign = text.find('=');
     TScanDefine define{text.substr(0, sign), ""};
     if (sign != std::string::npos) define.Value = text.substr(sign + 1);
     if (define.Name.empty()) return Fail("a define without a name", place);
+    // Where a build has no value, simulators take 1.
+    if (sign != std::string::npos && define.Value.empty())
+        Lose("the empty value of the define " + define.Name, place);
     SettingsOf(LANGUAGE_VERILOG).Defines.push_back({std::move(define), place});
 }
 
@@ -39,9 +67,45 @@ void TImportReader::SetStandard(THdlLanguage language, const std::string& year,
     standard = {year, place};
 }
 
-void TImportReader::KeepOption(const std::string& word, const TImportPlace& place) {
-    SettingsOf(LANGUAGE_VERILOG).Options[STEP_ANALYSE].push_back({word, place});
-    Tell(DIAGNOSTIC_IMPORTED_OPTION, {word}, place);
+void TImportReader::KeepOption(THdlLanguage language, const std::string& word,
+                               const TImportPlace& place,
+                               const std::vector<std::string>& operands) {
+    std::vector<std::string> words{word};
+    words.insert(words.end(), operands.begin(), operands.end());
+    std::string text = word;
+    for (const std::string& operand : operands) text.append(" ").append(operand);
+    if (!IsPlainOption(language, std::move(words)))
+        return Lose("the option " + text + ", which means something else there", place);
+    SettingsOf(language).Options[STEP_ANALYSE].push_back({word, place, operands});
+    Tell(DIAGNOSTIC_IMPORTED_OPTION, {text}, place);
+}
+
+void TImportReader::TakeOptions(THdlLanguage language, const std::string& text,
+                                const std::string& folder, const TImportPlace& place) {
+    TPlanSettings taken;
+    taken.Language = language;
+    std::vector<std::string> libraryFiles;
+    AddOptions(text, STEP_ANALYSE, folder, &taken, &libraryFiles);
+    TImportedSettings& settings = SettingsOf(language);
+    const auto add = [&](const std::vector<std::string>& from, std::vector<TImportedText>* to) {
+        for (const std::string& each : from) to->push_back({each, place});
+    };
+    add(taken.IncludeDirectories, &settings.IncludeDirectories);
+    add(taken.LibraryDirectories, &settings.LibraryDirectories);
+    add(taken.LibraryExtensions, &settings.LibraryExtensions);
+    for (const TScanDefine& define : taken.Defines) settings.Defines.push_back({define, place});
+    for (const std::string& path : libraryFiles) {
+        TImportedSource source;
+        source.Path = path;
+        source.Language = language;
+        source.IsLibraryFile = true;
+        source.Place = place;
+        AddSource(std::move(source));
+    }
+    for (const std::string& standard : taken.OtherStandards) SetStandard(language, standard, place);
+    if (!taken.Standard.empty()) SetStandard(language, taken.Standard, place);
+    if (taken.Delay != DELAY_TYPE_TYPICAL) settings.Delay = taken.Delay;
+    for (const std::string& word : taken.Options[STEP_ANALYSE]) KeepOption(language, word, place);
 }
 
 bool TImportReader::Enter(const std::string& path, const std::string& folder,
@@ -51,8 +115,7 @@ bool TImportReader::Enter(const std::string& path, const std::string& folder,
     file->Path = path;
     file->Name = Request.TextOf(path);
     file->Folder = folder.empty() ? FolderOf(path) : folder;
-    // No path holds a line end of its own more often than none.
-    if (!Known.insert(path + "\n" + file->Folder + "\n" + context).second) return false;
+    if (!Known.insert({path, file->Folder, context}).second) return false;
     std::string reason;
     const TFileReadResult result = ReadWholeFile(path.c_str(), &file->Text, &reason);
     if (result == FILE_READ_MISSING) reason = "the file does not exist";
@@ -60,9 +123,25 @@ bool TImportReader::Enter(const std::string& path, const std::string& folder,
         Tell(DIAGNOSTIC_IMPORT_UNREADABLE, {file->Name, reason}, place);
         return false;
     }
+    if (!IsText(*file)) return false;
     if (file->Text.starts_with(kByteOrderMark)) file->Text.erase(0, kByteOrderMark.size());
     Open.push_back({path, place});
     return true;
+}
+
+// What is no UTF-8 matters in names alone: many a comment is Latin-1.
+bool TImportReader::IsText(const TImportFile& file) {
+    for (const std::string_view mark : kUtf16Marks) {
+        if (!file.Text.starts_with(mark)) continue;
+        Fail("UTF-16", {file.Name, 1, 0});
+        return false;
+    }
+    const std::size_t zero = file.Text.find('\0');
+    if (zero == std::string::npos) return true;
+    const auto lines =
+        std::count(file.Text.begin(), file.Text.begin() + static_cast<std::ptrdiff_t>(zero), '\n');
+    Fail("a byte 0", {file.Name, static_cast<int>(lines) + 1, 0});
+    return false;
 }
 
 void TImportReader::Leave() {

@@ -1,9 +1,10 @@
 #pragma once
 #include "flows/imports/importformats.h"
+#include <array>
 #include <cstddef>
+#include <set>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 /// How many files may be open, one named by the other.
@@ -22,16 +23,19 @@ public:
     static std::string CanonicalOf(const std::string& path, const std::string& folder);
 
     void AddSource(TImportedSource source) { Imported.Sources.push_back(std::move(source)); }
-    void AddTop(const TBuildTop& top, const TImportPlace& place) {
-        Imported.Tops.push_back({top, place});
-    }
+    void AddTop(const TBuildTop& top, const TImportPlace& place);
     TImportedSettings& SettingsOf(THdlLanguage language) { return Imported.Settings[language]; }
     /// "NAME" or "NAME=VALUE", for Verilog.
     void AddDefine(const std::string& text, const TImportPlace& place);
     /// A year; another one than before is told.
     void SetStandard(THdlLanguage language, const std::string& year, const TImportPlace& place);
-    /// Keeps a word of the compile options of Verilog that has no meaning here, and tells it.
-    void KeepOption(const std::string& word, const TImportPlace& place);
+    /// Keeps a compile option that has no meaning here, with the words behind it that belong to it,
+    /// and tells it. One that readers of a build would take for a setting is lost.
+    void KeepOption(THdlLanguage language, const std::string& word, const TImportPlace& place,
+                    const std::vector<std::string>& operands = {});
+    /// The compile options of a language in one text. Relative paths are taken against `folder`.
+    void TakeOptions(THdlLanguage language, const std::string& text, const std::string& folder,
+                     const TImportPlace& place);
 
     /// Tells that a build has no words for `what`.
     void Lose(const std::string& what, const TImportPlace& place) {
@@ -47,8 +51,8 @@ public:
 
     /// Reads the file of a canonical path, named at `place`, and has it open until Leave. A
     /// relative path in it is taken against `folder`; "" for the file's own. False when it cannot
-    /// be read, names itself or lies too deep, which is told, and when it has been read with the
-    /// same `folder` and `context`: it would give nothing new.
+    /// be read, is no text, names itself or lies too deep, which is told, and when it has been read
+    /// with the same `folder` and `context`: its sources and settings are there.
     bool Enter(const std::string& path, const std::string& folder, const std::string& context,
                const TImportPlace& place, TImportFile* file);
     void Leave();
@@ -59,13 +63,14 @@ private:
         TImportPlace From;
     };
 
+    bool IsText(const TImportFile& file);
     bool MayEnter(const std::string& path, const TImportPlace& place);
     std::string ChainFrom(std::size_t first, const TImportPlace& place) const;
 
     const TImportRequest& Request;
     TImported& Imported;
     std::vector<TOpenFile> Open;
-    std::unordered_set<std::string> Known;
+    std::set<std::array<std::string, 3>> Known;  // path, folder, context
 };
 
 /// The lines of a text without their ends, be they of Unix or of Windows.

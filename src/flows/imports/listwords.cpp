@@ -45,13 +45,12 @@ void TListWords::SkipBlanks() {
     while (!IsAtEnd() && (IsBlank() || IsContinued())) Step();
 }
 
-void TListWords::SkipComment(TListWord* word) {
+void TListWords::SkipComment() {
     if (At(1) != '*' || At() != '/') {
         while (!IsAtEnd() && At() != '\n') Step();
         return;
     }
-    word->Line = Line;
-    word->Column = static_cast<int>(Position - LineBegin) + 1;
+    FaultWord = WordHere();
     Step();
     Step();
     while (!IsAtEnd() && (At() != '*' || At(1) != '/')) Step();
@@ -67,13 +66,11 @@ void TListWords::SkipComment(TListWord* word) {
 bool TListWords::Next(TListWord* word) {
     SkipBlanks();
     while (!Fault && !IsAtEnd() && BeginsComment(false)) {
-        SkipComment(word);
+        SkipComment();
         SkipBlanks();
     }
     if (Fault || IsAtEnd()) return false;
-    word->Text.clear();
-    word->Line = Line;
-    word->Column = static_cast<int>(Position - LineBegin) + 1;
+    *word = FaultWord = WordHere();
     TakeWord(word);
     IsFirstOnLine = false;
     return !Fault;
@@ -105,8 +102,9 @@ void TListWords::TakeCharacter(std::string* text) {
         if (!TakeQuoted(text)) Fault = "a quote that does not end";
         return;
     }
-    const bool isPair =
-        (Syntax.HasEscapes && c == '\\') || (Syntax.IsGluedBehindQuote && c == '\'');
+    const bool isEscape =
+        c == '\\' && (Syntax.HasEscapes || (Syntax.HasEscapedQuotes && At(1) == '"'));
+    const bool isPair = isEscape || (Syntax.IsGluedBehindQuote && c == '\'');
     if (isPair && Position + 1 < Text.size()) {
         if (c == '\'') *text += c;
         Step();

@@ -28,6 +28,7 @@ struct TListSyntax {
     TListStar Star = STAR_AT_WORD;
     std::string_view Quotes = {};     ///< which quotes group, and are taken off
     bool QuotesInWords = true;        ///< single quotes group within a word, too
+    bool HasEscapedQuotes = false;    ///< a backslash gives the double quote behind it
     bool HasEscapes = false;          ///< a backslash gives the character behind it
     bool IsGluedBehindQuote = false;  ///< a single quote gives itself and the character behind it
 };
@@ -46,8 +47,10 @@ public:
 
     /// False at the end, and from a fault on.
     bool Next(TListWord* word);
-    /// What is wrong in the line and column of the word that Next was to give; null: nothing.
+    /// What is wrong; null: nothing.
     const char* GetFault() const { return Fault; }
+    /// The line and column of the word or comment in which it is.
+    const TListWord& GetFaultWord() const { return FaultWord; }
 
 private:
     char At(std::size_t ahead = 0) const {
@@ -62,8 +65,9 @@ private:
     bool IsEndOfWord(bool isLine) const;
     void Step();
     void SkipBlanks();
-    void SkipComment(TListWord* word);
+    void SkipComment();
     void TakeWord(TListWord* word);
+    TListWord WordHere() const { return {"", Line, static_cast<int>(Position - LineBegin) + 1}; }
     void TakeCharacter(std::string* text);
     bool TakeQuoted(std::string* text);
 
@@ -74,4 +78,5 @@ private:
     std::size_t LineBegin = 0;
     bool IsFirstOnLine = true;
     const char* Fault = nullptr;
+    TListWord FaultWord;
 };

@@ -85,6 +85,5 @@ void TTreeImport::AddIncludeDirectory(THdlLanguage language, const std::string& 
 }
 
 void TTreeImport::AddOption(THdlLanguage language, const std::string& word, const TTree& value) {
-    Reader.SettingsOf(language).Options[STEP_ANALYSE].push_back({word, PlaceOf(value)});
-    Reader.Tell(DIAGNOSTIC_IMPORTED_OPTION, {word}, PlaceOf(value));
+    Reader.KeepOption(language, word, PlaceOf(value));
 }

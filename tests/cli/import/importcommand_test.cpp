@@ -84,6 +84,33 @@ TEST(ImportCommand, TellsWhatItDidAsJson) {
                   told);
 }
 
+// A path is relative to the build in it, and readers take blanks off its ends.
+TEST(ImportCommand, TellsOfNamesThatTheBuildCannotHold) {
+    const WorkingFolder folder;
+    folder.Write("sub/a.f", "\" a.v\"\n\"b.v \"\nc.v\n");
+    for (const char* const name : {"sub/ a.v", "sub/b.v ", "sub/c.v"}) folder.Write(name, "");
+    const std::string trailing =
+        "hdlbuild: warning: sub/a.f:2:1: a build has no words for the name sub/b.v  with a blank "
+        "at its end [HB701]\n";
+    EXPECT_EQ(
+        ResultOf({"import", "filelist", "sub/a.f", "-o", "sub/b.xml"}),
+        "1\nhdlbuild: warning: sub/a.f:1:1: a build has no words for the name sub/ a.v with a "
+        "blank at its end [HB701]\n" +
+            trailing +
+            "hdlbuild: error: sub/b.xml: not made, as something would be lost: --lossy makes "
+            "it\n");
+    const TToolRun run = RunHdlbuild({"import", "filelist", "sub/a.f", "-o", "b.xml", "--lossy"});
+    EXPECT_EQ(run.Status, 0);
+    EXPECT_EQ(run.Err, trailing);
+    EXPECT_EQ(SettingsAndSources(folder),
+              "    <SourceFileGroup Language=\"Verilog\">\n"
+              "      <SourceFile Library=\"false\" PrecompiledLibrary=\"\">sub/ a.v</SourceFile>\n"
+              "      <SourceFile Library=\"false\" PrecompiledLibrary=\"\">sub/c.v</SourceFile>\n"
+              "    </SourceFileGroup>\n"
+              "  </HdlBuildFile>\n"
+              "</HdlBuildFileList>\n");
+}
+
 TEST(ImportCommand, ListsTheFormats) {
     const std::string text = ResultOf({"import", "list"});
     std::string names;

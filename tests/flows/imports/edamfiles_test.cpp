@@ -28,7 +28,9 @@ TEST(EdamFiles, GiveTheirFilesInOrder) {
               "in/list:12:3 define TAPS=16\n"
               "in/list:13:3 define FAST=\n"
               "in/list:8:5 standard 2008\n"
-              "in/list:9:5 HB701 a build has no words for the order of Verilog behind VHDL\n");
+              "in/list:9:5 HB701 a build has no words for the order of Verilog behind VHDL\n"
+              "in/list:3:11 HB701 a build has no words for the language of the top adc_tb, taken "
+              "for VHDL\n");
 }
 
 TEST(EdamFiles, ReadTheSameTreeAsJson) {

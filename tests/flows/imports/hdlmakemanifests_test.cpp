@@ -9,19 +9,23 @@ TEST(HdlmakeManifests, NameFilesAndModules) {
                               "action = \"simulation\"\ntop_module = 'tb'\n"
                               "modules = {\"local\": [\"ip\", \"./ip\"]}\n"
                               "files = [\n  'tb.vhd',\n]\nlibrary = 'main'\n"
-                              "include_dirs = ['inc']\nvlog_opt = '+define+A=1 -x'\n"
-                              "vcom_opt = '-93'\n"),
+                              "include_dirs = ['inc']\nvlog_opt = '+define+A=1 -x -y lib -Ii'\n"
+                              "vcom_opt = '-93 -relaxed'\n"),
               "in/list:5 VHDL main in/tb.vhd\n"
               "in/ip/Manifest.py:1 Verilog work in/ip/x.v\n"
               "in/ip/sub/Manifest.py:2 VHDL deep in/ip/sub/y.vhd\n"
-              "in/list:2 top VHDL .tb\n"
+              "in/list:2 top VHDL main.tb\n"
               "in/list:8 include in/inc\n"
-              "in/list:9 option +define+A=1\n"
+              "in/list:9 include in/i\n"
+              "in/list:9 library folder in/lib\n"
+              "in/list:9 define A=1\n"
               "in/list:9 option -x\n"
-              "in/list:10 option -93\n"
-              "in/list:9 HB706 kept as a compile option: +define+A=1\n"
+              "in/list:10 standard 1993\n"
+              "in/list:10 option -relaxed\n"
               "in/list:9 HB706 kept as a compile option: -x\n"
-              "in/list:10 HB706 kept as a compile option: -93\n");
+              "in/list:10 HB706 kept as a compile option: -relaxed\n");
+    EXPECT_EQ(folder.ReadText("hdlmake", "library = 'l'\ntop_module = 'tb'\nfiles = 'tb.v'\n"),
+              "in/list:3 Verilog l in/tb.v\nin/list:2 top Verilog l.tb\n");
 }
 
 TEST(HdlmakeManifests, TellWhatIsNotLiteral) {

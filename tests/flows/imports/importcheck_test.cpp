@@ -61,6 +61,52 @@ TEST(ImportCheck, TellsOfFilesThatAreMissingOrNoSources) {
               "l:5 HB707 does not exist: no\n");
 }
 
+TEST(ImportCheck, TakesOutNamesThatNoBuildHolds) {
+    TImported imported;
+    imported.Sources = {SourceOf("b\xE4.v", 1), SourceOf("b\x01.v", 2),
+                        SourceOf("c\xEF\xBF\xBF.v", 3), SourceOf("no.v ", 4),
+                        SourceOf("no.v", 5, "l\x01")};
+    for (TImportedSource& source : imported.Sources) source.Language = LANGUAGE_VERILOG;
+    imported.Sources.push_back(SourceOf("a.v", 6));
+    imported.Tops = {{{LANGUAGE_VERILOG, "", "t\x02", ""}, {"l", 7, 0}},
+                     {{LANGUAGE_VERILOG, "\xFF", "t", ""}, {"l", 8, 0}}};
+    TImportedSettings& settings = imported.Settings[LANGUAGE_VERILOG];
+    settings.IncludeDirectories = {{"i\x01", {"l", 9, 0}}};
+    settings.Defines = {{{"A", "\xFF"}, {"l", 10, 0}}};
+    settings.LibraryExtensions = {{".\x03", {"l", 11, 0}}};
+    EXPECT_EQ(
+        Checked(imported),
+        "l:6 Verilog  a.v\n"
+        "l:1 HB701 a build has no words for the name b\xE4.v, which is no UTF-8\n"
+        "l:2 HB701 a build has no words for the name b\x01.v with a control character in it\n"
+        "l:3 HB701 a build has no words for the name c\xEF\xBF\xBF.v with a control character in "
+        "it\n"
+        "l:4 HB701 a build has no words for the name no.v  with a blank at its end\n"
+        "l:5 HB701 a build has no words for the name l\x01 with a control character in it\n"
+        "l:7 HB701 a build has no words for the name t\x02 with a control character in it\n"
+        "l:8 HB701 a build has no words for the name \xFF, which is no UTF-8\n"
+        "l:9 HB701 a build has no words for the name i\x01 with a control character in it\n"
+        "l:11 HB701 a build has no words for the option .\x03 with a control character in it\n"
+        "l:10 HB701 a build has no words for the option A=\xFF, which is no UTF-8\n");
+}
+
+#ifndef _WIN32
+// Where names differ by their case, two files are two, and a build holds the first one.
+TEST(ImportCheck, TellsFilesApartThatDifferInCase) {
+    const ImportFolder folder;
+    folder.Write("in/a.v", "");
+    folder.Write("in/A.v", "");
+    folder.Write("in/b.v", "");
+    EXPECT_EQ(folder.ReadText("filelist", "a.v A.v\nb.v B.v\nc.v C.v\n"),
+              "in/list:1:1 Verilog  in/a.v\n"
+              "in/list:2:1 Verilog  in/b.v\n"
+              "in/list:3:1 Verilog  in/c.v\n"
+              "in/list:1:5 HB702 named again in another way: in/A.v (first: in/list:1:1)\n"
+              "in/list:2:5 HB705 named again: in/B.v (first: in/list:2:1)\n"
+              "in/list:3:5 HB705 named again: in/C.v (first: in/list:3:1)\n");
+}
+#endif
+
 TEST(ImportCheck, TellsOfAnOrderThatGroupsLose) {
     TImported imported;
     imported.Sources = {SourceOf("b.vhd", 1), SourceOf("a.v", 2), SourceOf("sub/c.v", 3)};
@@ -75,8 +121,26 @@ TEST(ImportCheck, GivesTopsTheLanguageOfTheSources) {
     imported.Sources = {SourceOf("a.v", 1)};
     imported.Tops = {{{LANGUAGE_NONE, "", "tb", ""}, {"l", 2, 0}}};
     EXPECT_EQ(Checked(imported), "l:1 Verilog  a.v\nl:2 top Verilog .tb\n");
-    imported.Sources.push_back(SourceOf("b.vhd", 3));
-    EXPECT_EQ(Checked(imported), "l:1 Verilog  a.v\nl:3 VHDL  b.vhd\nl:2 top VHDL .tb\n");
+    imported.Sources = {SourceOf("b.vhd", 3)};
+    EXPECT_EQ(Checked(imported), "l:3 VHDL  b.vhd\nl:2 top VHDL .tb\n");
+}
+
+// Of sources in two languages that one is meant whose file has the name of the top.
+TEST(ImportCheck, GivesTopsTheLanguageOfTheirFiles) {
+    TImported imported;
+    imported.Sources = {SourceOf("a.v", 1), SourceOf("b.vhd", 2)};
+    imported.Tops = {{{LANGUAGE_NONE, "", "a", ""}, {"l", 3, 0}},
+                     {{LANGUAGE_NONE, "", "B", ""}, {"l", 4, 0}},
+                     {{LANGUAGE_NONE, "", "tb", ""}, {"l", 5, 0}},
+                     {{LANGUAGE_VERILOG, "", "tb", ""}, {"l", 6, 0}}};
+    EXPECT_EQ(Checked(imported),
+              "l:1 Verilog  a.v\n"
+              "l:2 VHDL  b.vhd\n"
+              "l:3 top Verilog .a\n"
+              "l:4 top VHDL .B\n"
+              "l:5 top VHDL .tb\n"
+              "l:6 top Verilog .tb\n"
+              "l:5 HB701 a build has no words for the language of the top tb, taken for VHDL\n");
 }
 
 TEST(ImportCheck, TakesOutWhatOptionTextsDoNotHold) {

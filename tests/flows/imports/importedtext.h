@@ -72,6 +72,11 @@ private:
         if (settings.Standard) add("standard", {*settings.Standard});
         if (settings.Delay)
             *text += std::string("delays ") + GetDelayTypeFromEnum(*settings.Delay) + "\n";
-        for (const auto& words : settings.Options) add("option", words);
+        for (const auto& step : settings.Options)
+            for (const auto& option : step) {
+                std::string whole = option.Text;
+                for (const std::string& operand : option.Operands) whole += " " + operand;
+                add("option", {{whole, option.Place}});
+            }
     }
 };

@@ -61,6 +61,24 @@ TEST(ImportReader, TellsWhatItCannotRead) {
               "a:1:1 HB709 none: the file does not exist\n");
 }
 
+TEST(ImportReader, RefusesWhatIsNoText) {
+    const ImportFolder folder;
+    const struct {
+        std::string Text;
+        const char* Told;
+    } rows[] = {
+        {std::string("a.v\n\nb.v\0c.v\n", 13), "in/list:3 HB708 not of the format: a byte 0\n"},
+        {std::string("\xFF\xFE"
+                     "a\0.\0v\0",
+                     8),
+         "in/list:1 HB708 not of the format: UTF-16\n"},
+        {std::string("\xFE\xFF\0a", 4), "in/list:1 HB708 not of the format: UTF-16\n"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(folder.ReadText("filelist", row.Text), row.Told);
+    // Only names count.
+    EXPECT_EQ(folder.ReadText("filelist", "// M\xFCller\na.v\n"), "in/list:2:1 Verilog  in/a.v\n");
+}
+
 TEST(ImportReader, TakesPathsAgainstTheFolderOfTheFileOrAnotherOne) {
     const ImportFolder folder;
     folder.Write("in/a", "\xEF\xBB\xBFx.v\n+incdir+../inc\n");

@@ -13,8 +13,8 @@ std::string WordsOf(const std::string& text, const TListSyntax& syntax) {
         listed +=
             std::to_string(word.Line) + ":" + std::to_string(word.Column) + " " + word.Text + "|";
     if (words.GetFault())
-        listed +=
-            std::to_string(word.Line) + ":" + std::to_string(word.Column) + " " + words.GetFault();
+        listed += std::to_string(words.GetFaultWord().Line) + ":" +
+                  std::to_string(words.GetFaultWord().Column) + " " + words.GetFault();
     return listed;
 }
 
@@ -34,6 +34,9 @@ TEST(ListWords, EndWhereTheDialectSays) {
         {"quotes", kCommonList, "\"a b.v\" 'c d.v' e'f.v g\" \"h",
          "1:1 a b.v|1:9 c d.v|1:17 e'f.v|1:23 g h|"},
         {"backslashes", kCommonList, "C:\\x\\a.v \\\n b.v", "1:1 C:\\x\\a.v|2:2 b.v|"},
+        {"quotes in values", kCommonList, "+define+S=\\\"hi\\\" C:\\x",
+         "1:1 +define+S=\"hi\"|1:18 C:\\x|"},
+        {"quotes in values", kVcsList, "-d \\\"a \"b\\\"", "1:1 -d|1:4 \"a|1:8 b\\|"},
         {"open quote", kCommonList, "a.v \"b", "1:1 a.v|1:5 a quote that does not end"},
         {"open comment", kCommonList, "a.v\n /* b", "1:1 a.v|2:2 a comment that does not end"},
         {"names with blanks", kIcarusList, "  a b.v  \r\n+incdir+x y z.v\n-y\n lib\n",

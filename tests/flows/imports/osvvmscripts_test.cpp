@@ -14,7 +14,9 @@ TEST(OsvvmScripts, AnalyzeIntoLibraries) {
               "in/list:7 top VHDL work.tb\n"
               "in/list:8 top VHDL work.t1\n"
               "in/list:1 standard 2008\n"
-              "in/list:6 HB701 a build has no words for the order of Verilog behind VHDL\n");
+              "in/list:6 HB701 a build has no words for the order of Verilog behind VHDL\n"
+              "in/list:7 HB701 a build has no words for the language of the top tb, taken for "
+              "VHDL\n");
 }
 
 TEST(OsvvmScripts, IncludeScripts) {

@@ -114,7 +114,12 @@ public:
         AddSettings(&imported);
         const TImportedSource& first = imported.Sources.front();
         const std::string library = first.Library.empty() ? "work" : first.Library;
-        if (Any(2)) imported.Tops = {{{first.Language, library, "tb", ""}, {}}};
+        if (Any(2)) {
+            imported.Tops = {{{first.Language, library, "tb", ""}, {}}};
+            // The name of its file tells the language of a top.
+            imported.Sources.front().Path =
+                Folder.Path(first.Language == LANGUAGE_VHDL ? "tb.vhd" : "tb.v");
+        }
         return imported;
     }
 
