@@ -3,13 +3,13 @@
 
 namespace {
 
-struct TUnit {
+struct TSizeUnit {
     std::string_view Name;
     unsigned Bits;
 };
 
-constexpr TUnit kUnits[] = {{"", 0},   {"K", 10}, {"k", 10}, {"M", 20},
-                            {"m", 20}, {"G", 30}, {"g", 30}};
+constexpr TSizeUnit kUnits[] = {{"", 0},   {"K", 10}, {"k", 10}, {"M", 20},
+                                {"m", 20}, {"G", 30}, {"g", 30}};
 
 }  // namespace
 
@@ -18,7 +18,7 @@ std::optional<std::uint64_t> ParseSize(std::string_view text) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc()) return std::nullopt;
     text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-    for (const TUnit& unit : kUnits)
+    for (const TSizeUnit& unit : kUnits)
         if (text == unit.Name && number << unit.Bits >> unit.Bits == number)
             return number << unit.Bits;
     return std::nullopt;
