@@ -14,34 +14,38 @@ namespace {
 
 constexpr std::size_t kMissingNamed = 10;
 
-/// A source in its place of the order.
-struct TOrderedSource {
-    std::string Library;  ///< that it is compiled into
-    std::string Path;
-};
-
-/// What a format prints.
+/// What a format prints. There may be millions of sources: no text is kept of them.
 struct TOrder {
     const TBuildArguments& Arguments;
     THdlLanguage Language;
-    std::vector<TOrderedSource> Sources;
+    const THdlBuildFile& Build;
+    const TIHdlSourceFileList& Sources;
+
+    /// That the source is compiled into.
+    std::string LibraryOf(const IHdlSourceFile& source) const {
+        return LibraryOfSource(source, Build);
+    }
+    std::string PathOf(const IHdlSourceFile& source) const {
+        return PathText(source.GetFileName(), Arguments.Paths);
+    }
 };
 
 void PrintPaths(const TOrder& order, const TToolStreams& streams) {
-    for (const TOrderedSource& source : order.Sources) PrintLine(streams.Out, source.Path);
+    for (const IHdlSourceFile* source : order.Sources)
+        PrintLine(streams.Out, order.PathOf(*source));
 }
 
 void PrintLibrariesAndPaths(const TOrder& order, const TToolStreams& streams) {
-    for (const TOrderedSource& source : order.Sources)
-        PrintFields(streams.Out, {source.Library, source.Path});
+    for (const IHdlSourceFile* source : order.Sources)
+        PrintFields(streams.Out, {order.LibraryOf(*source), order.PathOf(*source)});
 }
 
 void PrintOrderAsJson(const TOrder& order, const TToolStreams& streams) {
     TJson result = MakeResult("hdlbuild-order", "build", order.Arguments.Build);
     result["language"] = GetStringFromHdlLanguage(order.Language);
     TJson& files = result["files"] = TJson::Array();
-    for (const TOrderedSource& source : order.Sources)
-        files.Add({{"library", source.Library}, {"path", source.Path}});
+    for (const IHdlSourceFile* source : order.Sources)
+        files.Add({{"library", order.LibraryOf(*source)}, {"path", order.PathOf(*source)}});
     PrintJson(result, streams);
 }
 
@@ -97,11 +101,7 @@ int RunOrder(const TBuildArguments& arguments, const TToolStreams& streams) {
     const TIHdlSourceFileList& files = *build.GetFilesToCompile(language);
     // It may take long: nothing is printed before.
     const auto cycles = FindDependencyCycles({files.begin(), files.end()});
-    TOrder order{arguments, language, {}};
-    for (const IHdlSourceFile* file : files)
-        order.Sources.push_back(
-            {LibraryOfSource(*file, build), PathText(file->GetFileName(), arguments.Paths)});
-    kFormats[arguments.OrderFormat].Print(order, streams);
+    kFormats[arguments.OrderFormat].Print({arguments, language, build, files}, streams);
     // No order is a compile order then.
     if (!cycles.empty()) ReportCycles(cycles.size(), streams);
     return cycles.empty() ? status : kExitProblems;
