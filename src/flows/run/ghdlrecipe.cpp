@@ -16,9 +16,9 @@ public:
     }
 
     void AddSteps() {
-        AnalysisOptions = Recipe.OptionsOf(STEP_ANALYSE, kPrefixes);
-        ElaborationOptions = Recipe.OptionsOf(STEP_ELABORATE, kPrefixes);
-        RunOptions = Recipe.OptionsOf(STEP_RUN, kPrefixes);
+        AnalysisOptions = Recipe.OptionsOf(STEP_ANALYSE, kWordsOfGhdl);
+        ElaborationOptions = Recipe.OptionsOf(STEP_ELABORATE, kWordsOfGhdl);
+        RunOptions = Recipe.OptionsOf(STEP_RUN, kWordsOfGhdl);
         Recipe.LoseVerilogSettings();
         if (!Recipe.GetWishes().Seed.empty()) Recipe.Lose("a seed");
         Recipe.AddAnalyses([this](const TPlanSource& source) { return AnalysisOf(source); });
@@ -70,14 +70,10 @@ private:
         Recipe.AddLibrarySimulation(top, std::move(record), waves);
     }
 
-    static const std::vector<std::string_view> kPrefixes;
-
     TRunRecipe& Recipe;
     std::string Years;
     TWords AnalysisOptions, ElaborationOptions, RunOptions;
 };
-
-const std::vector<std::string_view> TGhdlRecipe::kPrefixes = {"--", "-f", "-g", "-C", "-P", "-W"};
 
 }  // namespace
 

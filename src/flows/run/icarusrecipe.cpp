@@ -13,9 +13,8 @@ public:
 
     void AddSteps() {
         for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE})
-            Append(Recipe.OptionsOf(step, {"-g", "-W", "-P", "-p", "-m", "-N", "-u", "-d"}),
-                   &CompileOptions);
-        RunOptions = Recipe.OptionsOf(STEP_RUN, {"+"});
+            Append(Recipe.OptionsOf(step, kWordsOfIcarus), &CompileOptions);
+        RunOptions = Recipe.OptionsOf(STEP_RUN, kWordsWithPlus);
         if (!Recipe.GetWishes().Seed.empty()) Recipe.Lose("a seed");
         for (const TBuildTop* const top : Recipe.ListTops()) AddTop(*top);
     }

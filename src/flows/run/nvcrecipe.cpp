@@ -11,9 +11,9 @@ public:
     explicit TNvcRecipe(TRunRecipe* recipe) : Recipe(*recipe) {}
 
     void AddSteps() {
-        AnalysisOptions = Recipe.OptionsOf(STEP_ANALYSE, {"--"});
-        ElaborationOptions = Recipe.OptionsOf(STEP_ELABORATE, {"--"});
-        RunOptions = Recipe.OptionsOf(STEP_RUN, {"--"});
+        AnalysisOptions = Recipe.OptionsOf(STEP_ANALYSE, kWordsOfNvc);
+        ElaborationOptions = Recipe.OptionsOf(STEP_ELABORATE, kWordsOfNvc);
+        RunOptions = Recipe.OptionsOf(STEP_RUN, kWordsOfNvc);
         Recipe.LoseVerilogSettings();
         if (!Recipe.GetWishes().Seed.empty()) Recipe.Lose("a seed");
         Recipe.AddAnalyses([this](const TPlanSource& source) { return AnalysisOf(source); });

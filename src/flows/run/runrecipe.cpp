@@ -20,11 +20,6 @@ std::string UniqueName(const std::string& title, const std::string& whole) {
     return PlainName(title).substr(0, 80) + "-" + DigestOf(whole).substr(0, 8);
 }
 
-bool BeginsWithOne(std::string_view word, const std::vector<std::string_view>& prefixes) {
-    return std::any_of(prefixes.begin(), prefixes.end(),
-                       [word](std::string_view prefix) { return word.starts_with(prefix); });
-}
-
 }  // namespace
 
 void Append(const TRunRecipe::TWords& words, TRunRecipe::TWords* to) {
@@ -184,12 +179,11 @@ void TRunRecipe::AddFile(const std::string& path, const std::string& text) {
     Run->Files.emplace_back(path, text);
 }
 
-TRunRecipe::TWords TRunRecipe::OptionsOf(TPlanStep step,
-                                         const std::vector<std::string_view>& prefixes) {
+TRunRecipe::TWords TRunRecipe::OptionsOf(TPlanStep step, TWordBeginnings beginnings) {
     constexpr std::array<const char*, kPlanSteps> kNames = {"analysis", "elaboration", "run"};
     TWords words;
     for (const std::string& word : GetSettings().Options[step])
-        if (BeginsWithOne(word, prefixes))
+        if (BeginsWithOne(word, beginnings))
             words.push_back(word);
         else
             Lose(std::string("the ") + kNames[step] + " option " + word);

@@ -1,4 +1,5 @@
 #pragma once
+#include "flows/plan/toolwords.h"
 #include "flows/run/runtools.h"
 #include <functional>
 #include <set>
@@ -43,9 +44,9 @@ public:
                                const std::string& waves);
     /// A source that is written for the tool.
     void AddFile(const std::string& path, const std::string& text);
-    /// Of the options of a step, those words that begin with one of the prefixes; the others are
+    /// Of the options of a step, those words that begin with one of these; the others are
     /// told.
-    TWords OptionsOf(TPlanStep step, const std::vector<std::string_view>& prefixes);
+    TWords OptionsOf(TPlanStep step, TWordBeginnings beginnings);
     /// Tells once that the tool has no words for `what`.
     void Lose(const std::string& what);
     /// Tells that the tool cannot work with a name.

@@ -13,8 +13,8 @@ public:
 
     void AddSteps() {
         for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE})
-            Append(Recipe.OptionsOf(step, {"--", "-O", "-W"}), &CompileOptions);
-        RunOptions = Recipe.OptionsOf(STEP_RUN, {"+"});
+            Append(Recipe.OptionsOf(step, kWordsOfVerilator), &CompileOptions);
+        RunOptions = Recipe.OptionsOf(STEP_RUN, kWordsWithPlus);
         if (Recipe.GetSettings().Delay != DELAY_TYPE_TYPICAL) Recipe.Lose("the choice of delays");
         if (Recipe.GetWishes().FailOn == LEVEL_FAILURE)
             Recipe.Lose("errors that do not end a simulation");
