@@ -1,4 +1,5 @@
 #include "flows/formats/edamparts.h"
+#include "flows/formats/edamtools.h"
 #include "flows/formats/formatwriters.h"
 #include "flows/trees/yamltext.h"
 
@@ -15,8 +16,9 @@ public:
         tree["files"] = MakeFiles();
         if (TJson parameters = Parts.MakeParameters(); !parameters.IsNull())
             tree["parameters"] = std::move(parameters);
+        if (TJson options = TEdamTools(&Writer, EDAM_FOLDERS_STAY).Make(); !options.IsNull())
+            tree["tool_options"] = std::move(options);
         Parts.LoseSettings();
-        Writer.LoseDelays();
         return tree;
     }
 

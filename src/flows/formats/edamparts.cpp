@@ -1,9 +1,11 @@
 #include "flows/formats/edamparts.h"
+#include "flows/formats/shelltext.h"
 #include "flows/scan/sourcetext.h"
 #include "flows/trees/yamltext.h"
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -27,13 +29,24 @@ std::optional<long long> PlainNumber(const std::string& text) {
     return std::to_string(number) == text ? std::optional(number) : std::nullopt;
 }
 
-TJson ParameterOf(const TScanDefine& define) {
-    if (define.Value.empty())
-        return {{"datatype", "bool"}, {"default", true}, {"paramtype", "vlogdefine"}};
+TJson ParameterOf(const TScanDefine& define, const char* kind) {
+    if (define.Value.empty()) return {{"datatype", "bool"}, {"default", true}, {"paramtype", kind}};
     const std::optional<long long> number = PlainNumber(define.Value);
     return {{"datatype", number ? "int" : "str"},
             {"default", number ? TJson(*number) : TJson(define.Value)},
-            {"paramtype", "vlogdefine"}};
+            {"paramtype", kind}};
+}
+
+/// A word of a simulation, "+NAME" or "+NAME=VALUE", that is the same behind a shell; none for
+/// another one.
+std::optional<TScanDefine> PlusArgumentOf(const std::string& word) {
+    constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_";
+    const std::size_t sign = std::min(word.find('='), word.size());
+    const bool isPlain = word.size() > 1 && word[0] == '+' && HasAny(word.substr(1, 1), kLetters) &&
+                         word.find_first_not_of(std::string(kLetters) + "0123456789", 1) >= sign &&
+                         sign + 1 != word.size() && ShellWord(word) == word;
+    if (!isPlain) return {};
+    return TScanDefine{word.substr(1, sign - 1), word.substr(std::min(sign + 1, word.size()))};
 }
 
 }  // namespace
@@ -44,7 +57,6 @@ std::string TEdamParts::FileTypeOf(const TPlanSource& source) {
         case LANGUAGE_VHDL:
             for (const TStandardType& type : kVhdlTypes)
                 if (standard == type.Standard) return type.FileType;
-            Writer.Lose("the standard " + standard);
             return kVhdlTypes[0].FileType;
         case LANGUAGE_VERILOG:
             return IsSystemVerilog(source, Writer.GetPlan()) ? "systemVerilogSource"
@@ -69,9 +81,21 @@ TJson TEdamParts::MakeParameters() {
     TJson parameters;
     for (const TScanDefine& define : Writer.SettingsOf(LANGUAGE_VERILOG).Defines) {
         TextOfName(TextOf(define));
-        parameters[define.Name] = ParameterOf(define);
+        parameters[define.Name] = ParameterOf(define, "vlogdefine");
     }
+    AddPlusArguments(&parameters);
     return parameters;
+}
+
+// A parameter has one name and one meaning.
+void TEdamParts::AddPlusArguments(TJson* parameters) {
+    for (const std::string& word : Writer.SettingsOf(LANGUAGE_VERILOG).Options[STEP_RUN]) {
+        const std::optional<TScanDefine> argument = PlusArgumentOf(word);
+        if (argument && std::as_const(*parameters)[argument->Name].IsNull())
+            (*parameters)[argument->Name] = ParameterOf(*argument, "plusarg");
+        else
+            Writer.LoseOption(STEP_RUN, word);
+    }
 }
 
 std::string TEdamParts::MakeTopLevel() {
@@ -87,22 +111,9 @@ std::string TEdamParts::MakeTopLevel() {
     return names;
 }
 
-TJson TEdamParts::MakeToolOptions() {
-    const TBuildPlan& plan = Writer.GetPlan();
-    TJson icarus;
-    for (const TPlanSource& source : plan.Sources)
-        if (icarus.IsNull() && source.Language == LANGUAGE_VERILOG && IsSystemVerilog(source, plan))
-            icarus.Add("-g2012");
-    const TPlanSettings& settings = Writer.SettingsOf(LANGUAGE_VERILOG);
-    if (settings.Delay == DELAY_TYPE_MINIMUM) icarus.Add("-Tmin");
-    if (settings.Delay == DELAY_TYPE_MAXIMUM) icarus.Add("-Tmax");
-    TJson options;
-    if (!icarus.IsNull()) options["icarus"]["iverilog_options"] = std::move(icarus);
-    return options;
-}
-
 void TEdamParts::LoseSettings() {
     for (const TPlanSettings& settings : Writer.GetPlan().Settings) {
+        if (settings.Language == LANGUAGE_VERILOG || settings.Language == LANGUAGE_VHDL) continue;
         if (!settings.LibraryDirectories.empty()) Writer.Lose("library directories");
         Writer.LoseOptions(settings.Language, {});
     }

@@ -14,17 +14,18 @@ public:
     std::string FileTypeOf(const TPlanSource& source);
     /// Adds "file_type" and "logical_name" where they say something.
     void AddAttributes(const TPlanSource& source, TJson* file);
-    /// An object with a member for each define; null without defines.
+    /// An object with a member for each define, and for each run option of Verilog that is
+    /// "+NAME" or "+NAME=VALUE"; null without one.
     TJson MakeParameters();
     /// Of the chosen top, else of all, separated by blanks; "" without one.
     std::string MakeTopLevel();
-    /// For Icarus Verilog, what no file says: the language and the delays; null for nothing.
-    TJson MakeToolOptions();
-    /// Tells of what neither has words for, but for delays.
+    /// Tells of what neither has words for.
     void LoseSettings();
     /// The name; what YAML cannot hold is refused.
     std::string TextOfName(const std::string& name);
 
 private:
+    void AddPlusArguments(TJson* parameters);
+
     TExportWriter& Writer;
 };

@@ -80,11 +80,14 @@ void TExportWriter::LoseDelays() {
     if (SettingsOf(LANGUAGE_VERILOG).Delay != DELAY_TYPE_TYPICAL) Lose("the choice of delays");
 }
 
-void TExportWriter::LoseOptions(THdlLanguage language, const std::set<TPlanStep>& written) {
+void TExportWriter::LoseOption(TPlanStep step, const std::string& word) {
     constexpr std::array<const char*, kPlanSteps> kNames = {"analysis", "elaboration", "run"};
+    Lose(std::string("the ") + kNames[step] + " option " + word);
+}
+
+void TExportWriter::LoseOptions(THdlLanguage language, const std::set<TPlanStep>& written) {
     for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE, STEP_RUN}) {
         if (written.contains(step)) continue;
-        for (const std::string& word : SettingsOf(language).Options[step])
-            Lose(std::string("the ") + kNames[step] + " option " + word);
+        for (const std::string& word : SettingsOf(language).Options[step]) LoseOption(step, word);
     }
 }

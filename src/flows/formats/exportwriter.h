@@ -49,6 +49,8 @@ public:
     void LoseLibraryFiles();
     /// Tells of delays of Verilog that are not the typical ones.
     void LoseDelays();
+    /// Tells of a word of a step's options.
+    void LoseOption(TPlanStep step, const std::string& word);
     /// Tells of the words that a language's options have besides those with a field in the plan.
     void LoseOptions(THdlLanguage language, const std::set<TPlanStep>& written);
 

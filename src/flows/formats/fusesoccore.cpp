@@ -1,4 +1,5 @@
 #include "flows/formats/edamparts.h"
+#include "flows/formats/edamtools.h"
 #include "flows/formats/formatwriters.h"
 #include "flows/sourcesearch.h"
 #include "flows/trees/yamltext.h"
@@ -34,7 +35,7 @@ TJson TCore::Make() {
             target["parameters"].Add(define);
         core["parameters"] = std::move(parameters);
     }
-    if (TJson options = Parts.MakeToolOptions(); !options.IsNull())
+    if (TJson options = TEdamTools(&Writer, EDAM_FOLDERS_MOVE).Make(); !options.IsNull())
         target["tools"] = std::move(options);
     core["targets"]["default"] = std::move(target);
     Parts.LoseSettings();

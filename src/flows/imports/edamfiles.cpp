@@ -1,6 +1,8 @@
+#include "flows/imports/edamoptions.h"
 #include "flows/imports/formatreaders.h"
 #include "flows/imports/treeimport.h"
 #include <algorithm>
+#include <set>
 
 namespace {
 
@@ -35,7 +37,7 @@ bool IsTrue(const TTree* value) {
 /// Reads the tree, whatever it was written in.
 class TEdamReader {
 public:
-    explicit TEdamReader(TTreeImport* tree) : Tree(*tree) {}
+    explicit TEdamReader(TTreeImport* tree) : Tree(*tree), Options(tree) {}
 
     void Read();
 
@@ -44,23 +46,32 @@ private:
     void ReadFile(const TTree& file);
     bool ReadType(const TTree& file, const std::string& name, TImportedSource* source);
     void ReadStandard(const TTree& file, const std::string& standard, TImportedSource* source);
+    void ReadSystemVerilog(const TTree& file, const std::string& name);
     void ReadParameter(const TTree& parameter);
 
     TTreeImport& Tree;
+    TEdamOptions Options;
+    std::set<THdlLanguage> Languages;  // of the sources
+    bool HasSystemVerilog = false;
 };
 
 // The name and the version are those of the file, not of what is built.
 void TEdamReader::Read() {
     const TTree& root = Tree.GetRoot();
-    Tree.LoseOthers(root, {"version", "name", "toplevel", "files", "parameters"});
+    Tree.LoseOthers(root, {"version", "name", "toplevel", "files", "parameters", "tool_options"});
     if (const TTree* const top = root.Find("toplevel")) {
         if (top->IsList())
             for (const TTree& name : top->Values) ReadTop(name);
         else if (top->Kind != TREE_NULL)
             ReadTop(*top);
     }
+    Options.Read();
     for (const TTree& file : Tree.ListIn(root, "files"))
         if (Tree.IsMap(file)) ReadFile(file);
+    Options.SetVerilogYear(HasSystemVerilog);
+    Options.CheckMode(
+        Languages.contains(LANGUAGE_VERILOG),
+        Languages.contains(LANGUAGE_CPLUSPLUS) || Languages.contains(LANGUAGE_SYSTEMC));
     for (const TTree& parameter : Tree.MapIn(root, "parameters"))
         if (Tree.IsMap(parameter)) ReadParameter(parameter);
 }
@@ -90,8 +101,10 @@ void TEdamReader::ReadFile(const TTree& file) {
     source.Library = Tree.TextIn(file, "logical_name");
     source.Place = Tree.PlaceOf(file);
     if (!ReadType(file, name, &source)) return;
-    if (!IsTrue(Tree.ValueIn(file, "is_include_file")))
+    if (!IsTrue(Tree.ValueIn(file, "is_include_file"))) {
+        Languages.insert(source.Language);
         return Tree.GetReader().AddSource(std::move(source));
+    }
     std::string folder = Tree.TextIn(file, "include_path");
     const std::size_t slash = name.find_last_of("/\\");
     if (folder.empty()) folder = slash == std::string::npos ? "." : name.substr(0, slash);
@@ -104,9 +117,8 @@ bool TEdamReader::ReadType(const TTree& file, const std::string& name, TImported
     for (const TEdamType& known : kEdamTypes) {
         if (known.Name != type.substr(0, dash)) continue;
         source->Language = known.Language;
-        if (known.Name == "systemVerilogSource" && !name.ends_with(".sv") &&
-            !name.ends_with(".svh") && !IsTrue(file.Find("is_include_file")))
-            Tree.GetReader().SetStandard(LANGUAGE_VERILOG, kSystemVerilogYear, Tree.PlaceOf(file));
+        if (known.Name == "systemVerilogSource" && !IsTrue(file.Find("is_include_file")))
+            ReadSystemVerilog(file, name);
         if (dash < type.size()) ReadStandard(file, type.substr(dash + 1), source);
         return true;
     }
@@ -115,12 +127,24 @@ bool TEdamReader::ReadType(const TTree& file, const std::string& name, TImported
     return false;
 }
 
+void TEdamReader::ReadSystemVerilog(const TTree& file, const std::string& name) {
+    HasSystemVerilog = true;
+    if (name.ends_with(".sv") || name.ends_with(".svh")) return;
+    const std::string& year = Options.GetVerilogYear();
+    if (year.empty() || year == kSystemVerilogYear)
+        Tree.GetReader().SetStandard(LANGUAGE_VERILOG, kSystemVerilogYear, Tree.PlaceOf(file));
+}
+
+// An option of GHDL counts more than the types.
 void TEdamReader::ReadStandard(const TTree& file, const std::string& standard,
                                TImportedSource* source) {
-    if (source->Language == LANGUAGE_VHDL)
-        for (const TEdamYear& known : kEdamYears)
-            if (known.Name == standard)
-                return Tree.GetReader().SetStandard(LANGUAGE_VHDL, known.Year, Tree.PlaceOf(file));
+    const std::string& chosen = Options.GetVhdlYear();
+    for (const TEdamYear& known : kEdamYears) {
+        if (source->Language != LANGUAGE_VHDL || known.Name != standard) continue;
+        if (chosen == known.Year) return;
+        if (chosen.empty())
+            return Tree.GetReader().SetStandard(LANGUAGE_VHDL, known.Year, Tree.PlaceOf(file));
+    }
     Tree.LoseOnce("the standard " + standard, file);
 }
 
@@ -129,12 +153,16 @@ void TEdamReader::ReadParameter(const TTree& parameter) {
     const std::string kind = Tree.TextIn(parameter, "paramtype");
     const TTree* const value = parameter.Find("default");
     const bool isBoolean = Tree.TextIn(parameter, "datatype") == "bool";
-    if (kind != "vlogdefine")
+    const bool isPlusArgument = kind == "plusarg";
+    if (kind != "vlogdefine" && !isPlusArgument)
         return Tree.Lose("the parameter " + parameter.Key + " that is a " + kind, parameter);
     if (!value || !value->IsSingle() || (isBoolean && !IsTrue(value)))
-        return Tree.Lose("the define " + parameter.Key + " that is not set", parameter);
-    Tree.GetReader().AddDefine(isBoolean ? parameter.Key : parameter.Key + "=" + value->Text,
-                               Tree.KeyPlaceOf(parameter));
+        return Tree.Lose(
+            (isPlusArgument ? "the argument " : "the define ") + parameter.Key + " that is not set",
+            parameter);
+    const std::string text = isBoolean ? parameter.Key : parameter.Key + "=" + value->Text;
+    if (!isPlusArgument) return Tree.GetReader().AddDefine(text, Tree.KeyPlaceOf(parameter));
+    Tree.GetReader().KeepRunOption(LANGUAGE_VERILOG, "+" + text, Tree.KeyPlaceOf(parameter));
 }
 
 void ReadEdam(TImportReader& reader, const TImportFile& file, TTreeImport::TReadTree read) {

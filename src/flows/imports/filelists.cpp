@@ -27,33 +27,15 @@ struct TOpenList {
     TOpenList& operator=(const TOpenList&) = delete;
 };
 
-/// What the command line of Icarus Verilog says that no list can.
-struct TIcarusWord {
-    std::string_view Word;
-    const char* Standard;  ///< null: none
-    std::optional<TSimProjectDelayType> Delay;
-};
-
-const TIcarusWord kIcarusWords[] = {
-    {"-Tmax", nullptr, DELAY_TYPE_MAXIMUM},
-    {"-Tmin", nullptr, DELAY_TYPE_MINIMUM},
-    {"-Ttyp", nullptr, DELAY_TYPE_TYPICAL},
-    {"-g2005-sv", "2005", {}},
-    {"-g2009", "2009", {}},
-    {"-g2012", "2012", {}},
-};
-
 void TakeIcarusCommandLine(std::string_view line, const TImportPlace& place,
                            TImportReader* reader) {
     const std::vector<std::string> words = WordsOfOptions(line);
     for (std::size_t at = 0; at < words.size(); ++at) {
         if (words[at] == "-s" && at + 1 < words.size())
             reader->AddTop({LANGUAGE_VERILOG, "", words[++at], ""}, place);
-        for (const TIcarusWord& known : kIcarusWords) {
-            if (words[at] != known.Word) continue;
-            if (known.Standard) reader->SetStandard(LANGUAGE_VERILOG, known.Standard, place);
-            if (known.Delay) reader->SettingsOf(LANGUAGE_VERILOG).Delay = known.Delay;
-        }
+        const TIcarusWord* const known = FindIcarusWord(words[at]);
+        if (known && known->Standard) reader->SetStandard(LANGUAGE_VERILOG, known->Standard, place);
+        if (known && known->Delay) reader->SettingsOf(LANGUAGE_VERILOG).Delay = known->Delay;
     }
 }
 

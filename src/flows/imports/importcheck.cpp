@@ -216,12 +216,6 @@ bool TImportCheck::IsDirectory(const TImportedText& directory) {
     return true;
 }
 
-std::string TextOf(const TImportedOption& option) {
-    std::string text = option.Text;
-    for (const std::string& operand : option.Operands) text.append(" ").append(operand);
-    return text;
-}
-
 void TImportCheck::CheckSettings() {
     const auto keep = [](auto* entries, auto isGood) {
         std::erase_if(*entries, [&](const auto& entry) { return !isGood(entry); });

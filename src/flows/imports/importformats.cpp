@@ -16,11 +16,13 @@ const std::vector<TImportFormat>& GetImportFormats() {
         {"depfile", "Rules of make that name files, as Verilator writes with -MMD",
          "folders of included files", ORDER_DOES_NOT_COUNT, ReadDepfile},
         {"edam-json", "EDAM of Edalize, as JSON",
-         "libraries, order, standard, include directories, defines, tops", ORDER_COUNTS,
-         ReadEdamJson},
+         "libraries, order, standard, include and library directories, library files, defines, "
+         "delays, tops, options",
+         ORDER_COUNTS, ReadEdamJson},
         {"edam-yaml", "EDAM of Edalize and FuseSoC, as YAML",
-         "libraries, order, standard, include directories, defines, tops", ORDER_COUNTS,
-         ReadEdamYaml},
+         "libraries, order, standard, include and library directories, library files, defines, "
+         "delays, tops, options",
+         ORDER_COUNTS, ReadEdamYaml},
         {"filelist", "Command file of Verilog sources in the words of any simulator",
          "libraries, include and library directories, library files, defines, delays, top, options",
          ORDER_COUNTS, ReadFileList},

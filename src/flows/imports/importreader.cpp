@@ -67,17 +67,30 @@ void TImportReader::SetStandard(THdlLanguage language, const std::string& year,
     standard = {year, place};
 }
 
+bool TImportReader::AddOption(THdlLanguage language, TPlanStep step,
+                              const TImportedOption& option) {
+    std::vector<std::string> words{option.Text};
+    words.insert(words.end(), option.Operands.begin(), option.Operands.end());
+    if (IsPlainOption(language, std::move(words))) {
+        SettingsOf(language).Options[step].push_back(option);
+        return true;
+    }
+    Lose("the option " + TextOf(option) + ", which means something else there", option.Place);
+    return false;
+}
+
 void TImportReader::KeepOption(THdlLanguage language, const std::string& word,
                                const TImportPlace& place,
                                const std::vector<std::string>& operands) {
-    std::vector<std::string> words{word};
-    words.insert(words.end(), operands.begin(), operands.end());
-    std::string text = word;
-    for (const std::string& operand : operands) text.append(" ").append(operand);
-    if (!IsPlainOption(language, std::move(words)))
-        return Lose("the option " + text + ", which means something else there", place);
-    SettingsOf(language).Options[STEP_ANALYSE].push_back({word, place, operands});
-    Tell(DIAGNOSTIC_IMPORTED_OPTION, {text}, place);
+    const TImportedOption option{word, place, operands};
+    if (AddOption(language, STEP_ANALYSE, option))
+        Tell(DIAGNOSTIC_IMPORTED_OPTION, {TextOf(option)}, place);
+}
+
+void TImportReader::KeepRunOption(THdlLanguage language, const std::string& word,
+                                  const TImportPlace& place,
+                                  const std::vector<std::string>& operands) {
+    AddOption(language, STEP_RUN, {word, place, operands});
 }
 
 void TImportReader::TakeOptions(THdlLanguage language, const std::string& text,
@@ -165,6 +178,12 @@ std::string TImportReader::ChainFrom(std::size_t first, const TImportPlace& plac
     for (std::size_t at = first + 1; at < Open.size(); ++at)
         chain += GetSourcePlaceText(Open[at].From) + " -> ";
     return chain + GetSourcePlaceText(place) + " -> " + Request.TextOf(Open[first].Path);
+}
+
+std::string TextOf(const TImportedOption& option) {
+    std::string text = option.Text;
+    for (const std::string& operand : option.Operands) text.append(" ").append(operand);
+    return text;
 }
 
 std::vector<std::string_view> LinesOfImport(std::string_view text) {

@@ -33,6 +33,9 @@ public:
     /// and tells it. One that readers of a build would take for a setting is lost.
     void KeepOption(THdlLanguage language, const std::string& word, const TImportPlace& place,
                     const std::vector<std::string>& operands = {});
+    /// The same of an option of the simulation, which is not told when it is kept.
+    void KeepRunOption(THdlLanguage language, const std::string& word, const TImportPlace& place,
+                       const std::vector<std::string>& operands = {});
     /// The compile options of a language in one text. Relative paths are taken against `folder`.
     void TakeOptions(THdlLanguage language, const std::string& text, const std::string& folder,
                      const TImportPlace& place);
@@ -63,6 +66,7 @@ private:
         TImportPlace From;
     };
 
+    bool AddOption(THdlLanguage language, TPlanStep step, const TImportedOption& option);
     bool IsText(const TImportFile& file);
     bool MayEnter(const std::string& path, const TImportPlace& place);
     std::string ChainFrom(std::size_t first, const TImportPlace& place) const;
@@ -73,6 +77,8 @@ private:
     std::set<std::array<std::string, 3>> Known;  // path, folder, context
 };
 
+/// The option with its operands, a blank between the words.
+std::string TextOf(const TImportedOption& option);
 /// The lines of a text without their ends, be they of Unix or of Windows.
 std::vector<std::string_view> LinesOfImport(std::string_view text);
 /// Without blanks and tabulators at both ends.

@@ -1,4 +1,6 @@
 #include "flows/imports/listdialects.h"
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -23,7 +25,7 @@ constexpr TListOption kOptions[] = {
     {"-top-module", FORM_OPERAND, MEANS_TOP, LIST_VERILATOR},
     {"--top", FORM_EQUALS, MEANS_TOP, kLong},
     {"-top", FORM_OPERAND, MEANS_TOP, kLarge},
-    {"-y", FORM_JOINED, MEANS_LIBRARY_FOLDER, LIST_ICARUS},
+    {"-y", FORM_JOINED, MEANS_LIBRARY_FOLDER, LIST_ICARUS | LIST_ICARUS_COMMAND},
     {"-y", FORM_OPERAND, MEANS_LIBRARY_FOLDER, kListed},
     {"--libdir", FORM_EQUALS, MEANS_LIBRARY_FOLDER, LIST_SLANG},
     {"-v", FORM_OPERAND, MEANS_LIBRARY_FILE, kNotVerible},
@@ -97,8 +99,22 @@ constexpr TListOption kOptions[] = {
     {"-l", FORM_OPERAND, MEANS_OPTION, kLarge},
     {"-o", FORM_OPERAND, MEANS_OPTION, kListed},
     {"-s", FORM_OPERAND, MEANS_TOP, LIST_COMMON},
-    {"-I", FORM_JOINED, MEANS_INCLUDE_FOLDER, kLong},
-    {"-D", FORM_JOINED, MEANS_DEFINE, kLong},
+    {"-I", FORM_JOINED, MEANS_INCLUDE_FOLDER, kLong | LIST_ICARUS_COMMAND},
+    {"-D", FORM_JOINED, MEANS_DEFINE, kLong | LIST_ICARUS_COMMAND},
+    {"-Y", FORM_JOINED, MEANS_LIBRARY_EXTENSION, LIST_ICARUS_COMMAND},
+    {"-c", FORM_JOINED, MEANS_LIST, LIST_ICARUS_COMMAND},
+    {"-f", FORM_JOINED, MEANS_LIST, LIST_ICARUS_COMMAND},
+    {"-l", FORM_JOINED, MEANS_LIBRARY_FILE, LIST_ICARUS_COMMAND},
+    {"-s", FORM_JOINED, MEANS_TOP, LIST_ICARUS_COMMAND},
+};
+
+const TIcarusWord kIcarusWords[] = {
+    {"-Tmax", nullptr, DELAY_TYPE_MAXIMUM},
+    {"-Tmin", nullptr, DELAY_TYPE_MINIMUM},
+    {"-Ttyp", nullptr, DELAY_TYPE_TYPICAL},
+    {"-g2005-sv", "2005", {}},
+    {"-g2009", "2009", {}},
+    {"-g2012", "2012", {}},
 };
 
 bool IsMeant(const TListOption& option, std::string_view word) {
@@ -121,6 +137,13 @@ const TListOption* FindListOption(std::string_view word, TListTool tool) {
     for (const TListOption& option : kOptions)
         if ((option.Tools & tool) && IsMeant(option, word)) return &option;
     return nullptr;
+}
+
+const TIcarusWord* FindIcarusWord(std::string_view word) {
+    const auto* const found =
+        std::find_if(std::begin(kIcarusWords), std::end(kIcarusWords),
+                     [word](const TIcarusWord& known) { return known.Word == word; });
+    return found == std::end(kIcarusWords) ? nullptr : found;
 }
 
 const TListDialect kCommonList{

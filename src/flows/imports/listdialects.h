@@ -1,6 +1,8 @@
 #pragma once
 #include "flows/imports/listvariables.h"
 #include "flows/imports/listwords.h"
+#include "settings/simprojectdelaytype.h"
+#include <optional>
 
 /// The tools whose lists are read, one bit each.
 enum TListTool : unsigned {
@@ -9,7 +11,8 @@ enum TListTool : unsigned {
     LIST_SLANG = 4,
     LIST_VCS = 8,
     LIST_VERIBLE = 16,
-    LIST_VERILATOR = 32
+    LIST_VERILATOR = 32,
+    LIST_ICARUS_COMMAND = 64  ///< the command line, which knows other words than its lists
 };
 
 /// How a tool reads its lists of Verilog sources.
@@ -60,6 +63,16 @@ struct TListOption {
 
 /// The row for a word; null for a source and for an option that is not known.
 const TListOption* FindListOption(std::string_view word, TListTool tool);
+
+/// A word of the command line of Icarus Verilog that its lists do not have.
+struct TIcarusWord {
+    std::string_view Word;
+    const char* Standard;  ///< a year; null: none
+    std::optional<TSimProjectDelayType> Delay;
+};
+
+/// Null for another word.
+const TIcarusWord* FindIcarusWord(std::string_view word);
 
 extern const TListDialect kCommonList;
 extern const TListDialect kIcarusList;

@@ -4,9 +4,6 @@
 TEST(Edam, NamesTheSourcesWithTheirTypesInOrder) {
     EXPECT_EQ(Exported("edam-yaml", MakeSamplePlan()),
               "edam-yaml has no words for the architecture sim\n"
-              "edam-yaml has no words for library directories\n"
-              "edam-yaml has no words for the run option +go\n"
-              "edam-yaml has no words for the analysis option -frelaxed\n"
               "edam-yaml has no words for the mark of library files\n"
               "version: \"0.2.1\"\n"
               "name: soc\n"
@@ -35,7 +32,30 @@ TEST(Edam, NamesTheSourcesWithTheirTypesInOrder) {
               "  FAST:\n"
               "    datatype: bool\n"
               "    default: true\n"
-              "    paramtype: vlogdefine\n");
+              "    paramtype: vlogdefine\n"
+              "  go:\n"
+              "    datatype: bool\n"
+              "    default: true\n"
+              "    paramtype: plusarg\n"
+              "tool_options:\n"
+              "  icarus:\n"
+              "    iverilog_options:\n"
+              "      - \"-y\"\n"
+              "      - lib\n"
+              "      - \"-Y\"\n"
+              "      - \".v\"\n"
+              "      - \"-Y\"\n"
+              "      - \".sv\"\n"
+              "  verilator:\n"
+              "    mode: binary\n"
+              "    verilator_options:\n"
+              "      - \"-y\"\n"
+              "      - lib\n"
+              "      - \"+libext+.v\"\n"
+              "      - \"+libext+.sv\"\n"
+              "  ghdl:\n"
+              "    analyze_options:\n"
+              "      - \"-frelaxed\"\n");
 }
 
 TEST(Edam, IsTheSameTreeAsJson) {
@@ -63,13 +83,23 @@ TEST(Edam, HasATypeForEachLanguageButBluespec) {
         const char* Standard;
         const char* Path;
         const char* Type;  // "": told
+        const char* Tools = "";
     } rows[] = {
         {LANGUAGE_VHDL, "1987", "a.vhd", "vhdlSource-87"},
         {LANGUAGE_VHDL, "1993", "a.vhd", "vhdlSource-93"},
         {LANGUAGE_VHDL, "2019", "a.vhd", "vhdlSource-2019"},
-        {LANGUAGE_VERILOG, "", "a.v", "verilogSource"},
-        {LANGUAGE_VERILOG, "2012", "a.v", "systemVerilogSource"},
-        {LANGUAGE_VERILOG, "", "a.sv", "systemVerilogSource"},
+        {LANGUAGE_VHDL, "2002", "a.vhd", "vhdlSource",
+         "tool_options:\n  ghdl:\n    analyze_options:\n      - \"--std=02\"\n"},
+        {LANGUAGE_VERILOG, "", "a.v", "verilogSource",
+         "tool_options:\n  verilator:\n    mode: binary\n"},
+        {LANGUAGE_VERILOG, "2012", "a.v", "systemVerilogSource",
+         "tool_options:\n  icarus:\n    iverilog_options:\n      - \"-g2012\"\n  verilator:\n    "
+         "mode: "
+         "binary\n"},
+        {LANGUAGE_VERILOG, "", "a.sv", "systemVerilogSource",
+         "tool_options:\n  icarus:\n    iverilog_options:\n      - \"-g2012\"\n  verilator:\n    "
+         "mode: "
+         "binary\n"},
         {LANGUAGE_CPLUSPLUS, "", "a.cc", "cppSource"},
         {LANGUAGE_CPLUSPLUS, "", "a.c", "cSource"},
         {LANGUAGE_SYSTEMC, "", "a.sc", "systemCSource"},
@@ -81,33 +111,15 @@ TEST(Edam, HasATypeForEachLanguageButBluespec) {
         plan.Settings[0].Language = row.Language;
         plan.Settings[0].Standard = row.Standard;
         const std::string type = row.Type;
+        const std::string tools = row.Tools;
         EXPECT_EQ(Exported("edam-yaml", plan),
                   type.empty() ? "edam-yaml has no words for sources in Bluespec Verilog\n"
                                  "version: \"0.2.1\"\nname: \"\"\nfiles:\n  []\n"
                                : "version: \"0.2.1\"\nname: \"\"\nfiles:\n  - name: " +
                                      std::string(row.Path) + "\n    file_type: " + type +
-                                     "\n    logical_name: main\n")
-            << row.Path;
+                                     "\n    logical_name: main\n" + tools)
+            << row.Path << " " << row.Standard;
     }
-}
-
-TEST(Edam, TellsOfAStandardWithoutAType) {
-    TBuildPlan plan;
-    plan.Name = "soc";
-    plan.Sources = {{"/p/a.vhd", LANGUAGE_VHDL, "work", false, {}}};
-    plan.Settings.resize(2);
-    plan.Settings[0].Language = LANGUAGE_VHDL;
-    plan.Settings[0].Standard = "2002";
-    plan.Settings[1].Language = LANGUAGE_VERILOG;
-    plan.Settings[1].Delay = DELAY_TYPE_MAXIMUM;
-    EXPECT_EQ(Exported("edam-yaml", plan),
-              "edam-yaml has no words for the standard 2002\n"
-              "edam-yaml has no words for the choice of delays\n"
-              "version: \"0.2.1\"\n"
-              "name: soc\n"
-              "files:\n"
-              "  - name: a.vhd\n"
-              "    file_type: vhdlSource\n");
 }
 
 TEST(Edam, KeepsTheTextOfADefine) {
@@ -141,4 +153,108 @@ TEST(Edam, RefusesWhatItCannotHold) {
               "edam-json cannot hold the name \"a b\": a blank or point ends the name");
     EXPECT_EQ(GetDiagnosticText(exported.Losses[1]),
               "edam-json cannot hold the name \"\xFF.v\": it is no UTF-8");
+}
+
+TEST(Edam, GivesEachToolTheWordsThatItKnows) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, "/p/a.v");
+    plan.Settings.resize(2);
+    TPlanSettings& verilog = plan.Settings[0];
+    verilog.Language = LANGUAGE_VERILOG;
+    verilog.Standard = "2009";
+    verilog.Delay = DELAY_TYPE_MINIMUM;
+    verilog.LibraryDirectories = {"/p/my cells"};
+    verilog.Options = {{{"--trace", "--threads", "4", "-Wall", "-quiet", "x"},
+                        {"-gspecify", "-P", "tb.N=3"},
+                        {"+seed=7", "-n", "+seed=8", "+a+b", "+empty=", "+text=a b"}}};
+    TPlanSettings& vhdl = plan.Settings[1];
+    vhdl.Language = LANGUAGE_VHDL;
+    vhdl.Standard = "2000";
+    vhdl.Options = {{{"-fsynopsys", "-nolint"}, {"-Wl,-lm"}, {"--stop-time=1us", "-gN=2"}}};
+    EXPECT_EQ(Exported("edam-yaml", plan),
+              "edam-yaml has no words for the run option -n\n"
+              "edam-yaml has no words for the run option +seed=8\n"
+              "edam-yaml has no words for the run option +a+b\n"
+              "edam-yaml has no words for the run option +empty=\n"
+              "edam-yaml has no words for the run option +text=a b\n"
+              "edam-yaml has no words for the analysis option -quiet\n"
+              "edam-yaml has no words for the analysis option x\n"
+              "edam-yaml has no words for the analysis option -nolint\n"
+              "edam-yaml has no words for the elaboration option -Wl,-lm\n"
+              "version: \"0.2.1\"\n"
+              "name: \"\"\n"
+              "files:\n"
+              "  - name: a.v\n"
+              "    file_type: systemVerilogSource\n"
+              "    logical_name: main\n"
+              "parameters:\n"
+              "  seed:\n"
+              "    datatype: int\n"
+              "    default: 7\n"
+              "    paramtype: plusarg\n"
+              "tool_options:\n"
+              "  icarus:\n"
+              "    iverilog_options:\n"
+              "      - \"-g2009\"\n"
+              "      - \"-Tmin\"\n"
+              "      - \"-y\"\n"
+              "      - \"\\\"my cells\\\"\"\n"
+              "      - \"-Wall\"\n"
+              "      - \"-gspecify\"\n"
+              "      - \"-P\"\n"
+              "      - \"tb.N=3\"\n"
+              "  verilator:\n"
+              "    mode: binary\n"
+              "    verilator_options:\n"
+              "      - \"-y\"\n"
+              "      - \"\\\"my cells\\\"\"\n"
+              "      - \"--trace\"\n"
+              "      - \"--threads\"\n"
+              "      - \"4\"\n"
+              "      - \"-Wall\"\n"
+              "  ghdl:\n"
+              "    analyze_options:\n"
+              "      - \"--std=00\"\n"
+              "      - \"-fsynopsys\"\n"
+              "    run_options:\n"
+              "      - \"--stop-time=1us\"\n"
+              "      - \"-gN=2\"\n");
+}
+
+TEST(Edam, HasNoWordsThatAMakefileOrShellChanges) {
+    TBuildPlan plan;
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_VERILOG;
+    plan.Settings[0].LibraryDirectories = {"/p/d$d", "/p/#h", "/p/it's"};
+    plan.Settings[0].LibraryExtensions = {".v+"};
+    plan.Settings[0].Options[STEP_ANALYSE] = {"-Wall", "$x", "--trace", "-Pa=\\b", "-g\xFF"};
+    const TExported exported = FindExportFormat("edam-yaml")->Write({plan, "/p/", nullptr});
+    std::string losses;
+    for (const TDiagnostic& loss : exported.Losses)
+        losses += GetDiagnosticId(loss.Code) + " " + GetDiagnosticText(loss) + "\n";
+    EXPECT_EQ(losses,
+              "HB603 edam-yaml cannot hold the name \"d$d\": a makefile or shell takes it for "
+              "something else\n"
+              "HB603 edam-yaml cannot hold the name \"#h\": a makefile or shell takes it for "
+              "something else\n"
+              "HB603 edam-yaml cannot hold the name \"it's\": a makefile or shell takes it for "
+              "something else\n"
+              "HB603 edam-yaml cannot hold the name \".v+\": a plus ends the word\n"
+              "HB602 edam-yaml has no words for the analysis option -Wall\n"
+              "HB602 edam-yaml has no words for the analysis option $x\n"
+              "HB602 edam-yaml has no words for the analysis option -Pa=\\b\n"
+              "HB602 edam-yaml has no words for the analysis option -g\xFF\n");
+}
+
+TEST(Edam, LeavesTheModeOfVerilatorToProgramsInCpp) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, "/p/a.v");
+    plan.Sources.push_back({"/p/main.cpp", LANGUAGE_CPLUSPLUS, "work", false, {}});
+    EXPECT_EQ(Exported("edam-yaml", plan),
+              "version: \"0.2.1\"\n"
+              "name: \"\"\n"
+              "files:\n"
+              "  - name: a.v\n"
+              "    file_type: verilogSource\n"
+              "    logical_name: main\n"
+              "  - name: main.cpp\n"
+              "    file_type: cppSource\n");
 }

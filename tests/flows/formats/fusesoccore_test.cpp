@@ -8,8 +8,6 @@ TEST(FusesocCore, HasOneFileSetAndOneTarget) {
               "fusesoc has no words for the include directory inc, where no header is found\n"
               "fusesoc has no words for the architecture sim\n"
               "fusesoc has no words for library directories\n"
-              "fusesoc has no words for the run option +go\n"
-              "fusesoc has no words for the analysis option -frelaxed\n"
               "fusesoc has no words for the mark of library files\n"
               "CAPI=2:\n"
               "name: \"::soc\"\n"
@@ -36,6 +34,10 @@ TEST(FusesocCore, HasOneFileSetAndOneTarget) {
               "    datatype: bool\n"
               "    default: true\n"
               "    paramtype: vlogdefine\n"
+              "  go:\n"
+              "    datatype: bool\n"
+              "    default: true\n"
+              "    paramtype: plusarg\n"
               "targets:\n"
               "  default:\n"
               "    filesets:\n"
@@ -43,7 +45,14 @@ TEST(FusesocCore, HasOneFileSetAndOneTarget) {
               "    toplevel: \"adc tb\"\n"
               "    parameters:\n"
               "      - TAPS\n"
-              "      - FAST\n");
+              "      - FAST\n"
+              "      - go\n"
+              "    tools:\n"
+              "      verilator:\n"
+              "        mode: binary\n"
+              "      ghdl:\n"
+              "        analyze_options:\n"
+              "          - \"-frelaxed\"\n");
 }
 
 TEST(FusesocCore, RefusesNamesThatFusesocReadsAsSomethingElse) {
@@ -94,5 +103,7 @@ TEST(FusesocCore, ListsTheHeadersOfIncludeDirectories) {
               "      icarus:\n"
               "        iverilog_options:\n"
               "          - \"-g2012\"\n"
-              "          - \"-Tmax\"\n");
+              "          - \"-Tmax\"\n"
+              "      verilator:\n"
+              "        mode: binary\n");
 }

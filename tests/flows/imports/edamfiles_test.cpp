@@ -47,7 +47,7 @@ TEST(EdamFiles, ReadTheSameTreeAsJson) {
 TEST(EdamFiles, TellWhatABuildHasNoWordsFor) {
     const ImportFolder folder;
     EXPECT_EQ(folder.ReadText("edam-yaml",
-                              "tool_options: {icarus: {}}\n"
+                              "flow_options: {tool: icarus}\n"
                               "files:\n"
                               "  - {name: a.tcl, file_type: tclSource}\n"
                               "  - {name: b}\n"
@@ -58,13 +58,14 @@ TEST(EdamFiles, TellWhatABuildHasNoWordsFor) {
                               "parameters:\n"
                               "  G: {datatype: int, default: 1, paramtype: generic}\n"
                               "  D: {datatype: bool, default: false, paramtype: vlogdefine}\n"
-                              "  E: {datatype: int, paramtype: vlogdefine}\n"),
+                              "  E: {datatype: int, paramtype: vlogdefine}\n"
+                              "  P: {datatype: bool, default: false, paramtype: plusarg}\n"),
               "in/list:5:5 Verilog  in/c.v\n"
               "in/list:6:5 Verilog  in/d.v\n"
               "in/list:7:5 VHDL  in/e.vhd\n"
               "in/list:8:5 VHDL  in/f.vhd\n"
               "in/list:8:5 standard 1993\n"
-              "in/list:1:1 HB701 a build has no words for \"tool_options\"\n"
+              "in/list:1:1 HB701 a build has no words for \"flow_options\"\n"
               "in/list:3:5 HB701 a build has no words for the file a.tcl of the type tclSource\n"
               "in/list:4:5 HB701 a build has no words for the file b without a type\n"
               "in/list:5:48 HB701 a build has no words for \"core\"\n"
@@ -72,7 +73,8 @@ TEST(EdamFiles, TellWhatABuildHasNoWordsFor) {
               "in/list:7:5 HB701 a build has no words for the standard 2008\n"
               "in/list:10:6 HB701 a build has no words for the parameter G that is a generic\n"
               "in/list:11:6 HB701 a build has no words for the define D that is not set\n"
-              "in/list:12:6 HB701 a build has no words for the define E that is not set\n");
+              "in/list:12:6 HB701 a build has no words for the define E that is not set\n"
+              "in/list:13:6 HB701 a build has no words for the argument P that is not set\n");
 }
 
 TEST(EdamFiles, TellWhatIsNotOfTheFormat) {

@@ -123,7 +123,26 @@ public:
         return imported;
     }
 
+    /// Adds words that some tools know, and some do not.
+    void AddOptions(TImported* imported) {
+        constexpr const char* kVerilogWords[] = {"-Wall",    "--trace", "-gspecify", "--word",
+                                                 "fast",     "-O3",     "-quiet",    "-Ptb.N=3",
+                                                 "-Wa, b;c", "-g\\"};
+        constexpr const char* kPlusWords[] = {"+go", "+seed=3", "+seed=4", "+t=a.hex", "-n"};
+        constexpr const char* kVhdlWords[] = {"-frelaxed", "--warn-no-x", "-nolint", "-P", "a b"};
+        TImportedSettings& verilog = imported->Settings[LANGUAGE_VERILOG];
+        for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE})
+            AddWords(kVerilogWords, &verilog.Options[step]);
+        AddWords(kPlusWords, &verilog.Options[STEP_RUN]);
+        for (auto& words : imported->Settings[LANGUAGE_VHDL].Options) AddWords(kVhdlWords, &words);
+    }
+
 private:
+    template <std::size_t kCount>
+    void AddWords(const char* const (&words)[kCount], std::vector<TImportedOption>* to) {
+        for (std::size_t count = Any(6); count > 0; --count)
+            to->push_back({words[Any(kCount)], {}});
+    }
     std::size_t Any(std::size_t count) { return Numbers() % count; }
     std::string Name(std::size_t number) {
         constexpr const char* kNames[] = {"rtl/a", "b",   "../x/c", "my d/e f", "g#h", "\xC3\xA4/i",
@@ -246,5 +265,29 @@ TEST(RoundTrip, GivesTheSameFileAgain) {
             EXPECT_EQ(again.Text, exported.Text) << format << " " << seed;
         }
         EXPECT_GT(written, 20u) << format;
+    }
+}
+
+TEST(RoundTrip, GivesTheSameOptionsOfEdamAgain) {
+    for (const char* const format : {"edam-json", "edam-yaml"}) {
+        std::size_t written = 0;
+        for (unsigned seed = 0; seed < 150; ++seed) {
+            const ImportFolder folder;
+            RandomProject random(seed, folder);
+            TImported project = random.Make();
+            random.AddOptions(&project);
+            const TExported exported = ExportOf(format, PlanOf(project, folder), folder);
+            if (HasError(exported)) continue;
+            TImported imported = ImportOf(format, exported.Text, folder);
+            std::erase_if(imported.Diagnostics, [](const TDiagnostic& diagnostic) {
+                return diagnostic.Code == DIAGNOSTIC_IMPORTED_OPTION;
+            });
+            EXPECT_EQ(folder.TextOf(TImported{{}, {}, {}, imported.Diagnostics}), "")
+                << format << " " << seed;
+            ++written;
+            const TExported again = ExportOf(format, PlanOf(imported, folder), folder);
+            EXPECT_EQ(again.Text, exported.Text) << format << " " << seed;
+        }
+        EXPECT_GT(written, 100u) << format;
     }
 }

@@ -1,0 +1,56 @@
+#pragma once
+#include "flows/imports/listdialects.h"
+#include "flows/imports/treeimport.h"
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Reads "tool_options" of EDAM: what a build has words for of those of Icarus Verilog, Verilator
+/// and GHDL. Everything else in it is told.
+class TEdamOptions {
+public:
+    /// `tree` must outlive the object, and stand still.
+    explicit TEdamOptions(TTreeImport* tree) : Tree(*tree) {}
+
+    void Read();
+    /// The year that an option asks for; "" for none. VHDL's is set already.
+    const std::string& GetVerilogYear() const { return VerilogYear.Text; }
+    const std::string& GetVhdlYear() const { return VhdlYear; }
+    /// Sets the year of Verilog. Icarus Verilog is told the latest one for the sake of single
+    /// files, too: that counts where no file asks for it.
+    void SetVerilogYear(bool hasSystemVerilogFile);
+    /// Tells of a mode of Verilator that does not follow from the files.
+    void CheckMode(bool hasVerilog, bool hasProgram);
+
+private:
+    struct TWord {
+        std::string Text;
+        const TTree* From;
+        bool IsPlain;  ///< else a makefile or shell makes something else of it
+    };
+    using TWords = std::vector<TWord>;
+    using TWordsAt = TWords::const_iterator;
+
+    TWords WordsIn(const TTree& tool, std::string_view key);
+    void ReadIcarus(const TTree& tool);
+    void ReadVerilator(const TTree& tool);
+    void ReadGhdl(const TTree& tool);
+    void TakeVerilogWords(const TWords& words, TListTool tool);
+    bool TakeIcarusWord(const TWord& word);
+    TWordsAt TakeOption(const TListOption& option, TWordsAt word, TWordsAt end);
+    void Take(TListMeaning meaning, const std::string& value, const TWord& word);
+    void TakeGhdlWords(const TWords& words, TPlanStep step);
+    TWordsAt EndOfOption(TWordsAt word, TWordsAt end, const TListOption* option) const;
+    static std::vector<std::string> OperandsOf(TWordsAt word, TWordsAt end);
+    void Lose(TWordsAt word, TWordsAt end);
+    void MergeKept(std::vector<TWords> kept);
+    void SetYear(const std::string& year, const TWord& word);
+
+    TTreeImport& Tree;
+    TImportedText VerilogYear;
+    std::string VhdlYear;
+    const TTree* Mode = nullptr;
+    std::vector<TWords> Kept;     // options of Verilog, each with its operands
+    std::set<std::string> Taken;  // what both tools of Verilog may say
+};

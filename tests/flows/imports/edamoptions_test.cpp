@@ -1,0 +1,148 @@
+#include "tests/flows/imports/importedtext.h"
+#include <gtest/gtest.h>
+
+TEST(EdamOptions, GiveWhatABuildHasWordsFor) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("edam-yaml",
+                              "tool_options:\n"
+                              "  icarus:\n"
+                              "    iverilog_options: [-g2012, -Tmax, -y lib, '-y\"my cells\"',\n"
+                              "      -Y, .sv, -DN=4, -Iinc, -l cells.v, -stb, -Wall, -Ptb.N=3]\n"
+                              "  verilator:\n"
+                              "    mode: binary\n"
+                              "    verilator_options: [-y, lib, +libext+.sv+.v, -v, cells.v,\n"
+                              "      --top-module, tb, --threads 4, -Wall, +define+A=1+B]\n"
+                              "    run_options: [+seed=1]\n"
+                              "  ghdl:\n"
+                              "    analyze_options: [--std=02, -frelaxed]\n"
+                              "    run_options: [--stop-time=1us]\n"
+                              "files:\n"
+                              "  - {name: a.v, file_type: verilogSource}\n"
+                              "parameters:\n"
+                              "  go: {datatype: bool, default: true, paramtype: plusarg}\n"
+                              "  n: {datatype: int, default: 2, paramtype: plusarg}\n"),
+              "in/list:4:30 Verilog  in/cells.v library file\n"
+              "in/list:14:5 Verilog  in/a.v\n"
+              "in/list:4:42 top Verilog .tb\n"
+              "in/list:4:23 include in/inc\n"
+              "in/list:3:39 library folder in/lib\n"
+              "in/list:3:47 library folder in/my cells\n"
+              "in/list:4:7 extension .sv\n"
+              "in/list:7:34 extension .v\n"
+              "in/list:4:16 define N=4\n"
+              "in/list:8:45 define A=1\n"
+              "in/list:8:45 define B=\n"
+              "in/list:3:24 standard 2012\n"
+              "delays max\n"
+              "in/list:8:25 option --threads 4\n"
+              "in/list:4:48 option -Wall\n"
+              "in/list:4:55 option -Ptb.N=3\n"
+              "in/list:9:19 option +seed=1\n"
+              "in/list:16:3 option +go\n"
+              "in/list:17:3 option +n=2\n"
+              "in/list:11:23 standard 2002\n"
+              "in/list:11:33 option -frelaxed\n"
+              "in/list:12:19 option --stop-time=1us\n"
+              "in/list:11:33 HB706 kept as a compile option: -frelaxed\n"
+              "in/list:8:25 HB706 kept as a compile option: --threads 4\n"
+              "in/list:4:48 HB706 kept as a compile option: -Wall\n"
+              "in/list:4:55 HB706 kept as a compile option: -Ptb.N=3\n");
+}
+
+TEST(EdamOptions, TellWhatABuildHasNoWordsFor) {
+    const ImportFolder folder;
+    EXPECT_EQ(
+        folder.ReadText("edam-yaml",
+                        "tool_options:\n"
+                        "  modelsim: {vlog_options: [-x]}\n"
+                        "  yosys:\n"
+                        "  icarus:\n"
+                        "    timescale: 1ns/1ps\n"
+                        "    vvp_options: [-n]\n"
+                        "    iverilog_options: [-v, x, -c list, '-DS=\\\"a\\\"', -DP=$p, $q]\n"
+                        "  verilator:\n"
+                        "    mode: lint-only\n"
+                        "    libs: [m]\n"
+                        "    verilator_options: [-CFLAGS, -O2, -f other.f, main.cpp, -y]\n"
+                        "    run_options: [--x, +mindelays]\n"
+                        "  ghdl:\n"
+                        "    mode: sim\n"
+                        "    analyze_options: [-nolint, --std=77, --std=08 x, -fa$b]\n"
+                        "files:\n"
+                        "  - {name: a.v, file_type: verilogSource}\n"
+                        "  - {name: b.vhd, file_type: vhdlSource-93}\n"
+                        "  - {name: c.vhd, file_type: vhdlSource-2008}\n"),
+        "in/list:17:5 Verilog  in/a.v\n"
+        "in/list:18:5 VHDL  in/b.vhd\n"
+        "in/list:19:5 VHDL  in/c.vhd\n"
+        "in/list:15:42 standard 2008\n"
+        "in/list:15:32 option --std=77\n"
+        "in/list:2:3 HB701 a build has no words for the options of modelsim\n"
+        "in/list:5:5 HB701 a build has no words for \"timescale\"\n"
+        "in/list:6:5 HB701 a build has no words for \"vvp_options\"\n"
+        "in/list:7:24 HB701 a build has no words for the option -v x\n"
+        "in/list:7:31 HB701 a build has no words for the option -c list\n"
+        "in/list:7:40 HB701 a build has no words for the option -DS=\\a\\\n"
+        "in/list:7:53 HB701 a build has no words for the option -DP=$p\n"
+        "in/list:7:61 HB701 a build has no words for the option $q\n"
+        "in/list:10:5 HB701 a build has no words for \"libs\"\n"
+        "in/list:11:25 HB701 a build has no words for the option -CFLAGS -O2\n"
+        "in/list:11:39 HB701 a build has no words for the option -f other.f\n"
+        "in/list:11:51 HB701 a build has no words for the option main.cpp\n"
+        "in/list:11:61 HB708 not of the format: -y without a value\n"
+        "in/list:12:19 HB701 a build has no words for the option --x\n"
+        "in/list:12:24 HB701 a build has no words for the option +mindelays, which means something "
+        "else there\n"
+        "in/list:14:5 HB701 a build has no words for \"mode\"\n"
+        "in/list:15:23 HB701 a build has no words for the option -nolint\n"
+        "in/list:15:32 HB706 kept as a compile option: --std=77\n"
+        "in/list:15:42 HB701 a build has no words for the option x\n"
+        "in/list:15:54 HB701 a build has no words for the option -fa$b\n"
+        "in/list:18:5 HB701 a build has no words for the standard 93\n"
+        "in/list:9:11 HB701 a build has no words for the mode lint-only of Verilator\n");
+}
+
+TEST(EdamOptions, AskForSystemVerilogWhereNoFileDoes) {
+    const ImportFolder folder;
+    const struct {
+        const char* Options;
+        const char* Type;
+        const char* Name;
+        const char* Standard;
+    } rows[] = {
+        {"-g2012", "verilogSource", "a.v", "in/list:1:44 standard 2012\n"},
+        {"-g2012", "systemVerilogSource", "a.v", "in/list:2:9 standard 2012\n"},
+        {"-g2012", "systemVerilogSource", "a.sv", ""},
+        {"-g2009", "systemVerilogSource", "a.v", "in/list:1:44 standard 2009\n"},
+        {"-g2005-sv", "systemVerilogSource", "a.sv", "in/list:1:44 standard 2005\n"},
+        {"", "systemVerilogSource", "a.sv", ""},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(folder.ReadText("edam-yaml",
+                                  std::string("tool_options: {icarus: {iverilog_options: [") +
+                                      row.Options + "]}}\nfiles: [{name: " + row.Name +
+                                      ", file_type: " + row.Type + "}]\n"),
+                  std::string("in/list:2:9 Verilog  in/") + row.Name + "\n" + row.Standard)
+            << row.Options << " " << row.Type;
+}
+
+TEST(EdamOptions, TellWhatIsNotOfTheFormat) {
+    const ImportFolder folder;
+    const struct {
+        const char* Text;
+        const char* Told;
+    } rows[] = {
+        {"tool_options: []\n",
+         "in/list:1:15 HB708 not of the format: \"tool_options\" is no map\n"},
+        {"tool_options: {icarus: a}\n", "in/list:1:24 HB708 not of the format: no map\n"},
+        {"tool_options: {ghdl: {run_options: a}}\n",
+         "in/list:1:36 HB708 not of the format: \"run_options\" is no list\n"},
+        {"tool_options: {icarus: {iverilog_options: [{a: b}]}}\n",
+         "in/list:1:44 HB708 not of the format: no single value\n"},
+        {"tool_options: {icarus: {iverilog_options: [-y]}}\n",
+         "in/list:1:44 HB708 not of the format: -y without a value\n"},
+        {"tool_options: {verilator: {mode: [a]}}\n",
+         "in/list:1:34 HB708 not of the format: \"mode\" is no single value\n"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(folder.ReadText("edam-yaml", row.Text), row.Told);
+}
