@@ -1,0 +1,20 @@
+#pragma once
+#include <string>
+#include <vector>
+
+/// A kind of file that is read.
+struct TFileReader {
+    std::string Name;
+    std::string Sample;
+    /// Whether a save writes it.
+    bool IsSaved;
+    /// Reads bytes in place of the sample. "" when they were refused with a reason, or gave a model
+    /// that a save writes and a read finds again; else what went wrong.
+    std::string (*Read)(const TFileReader& reader, const std::string& bytes);
+};
+
+/// Build file, project file, file of simulators, INI file, and all that `import` reads. The build
+/// has about 4 KiB.
+const std::vector<TFileReader>& GetFileReaders();
+/// Null for an unknown name.
+const TFileReader* FindFileReader(const std::string& name);
