@@ -175,6 +175,13 @@ const std::vector<TDiagnosticRule>& GetDiagnosticRules() {
          "Take one of the places out."},
         {DIAGNOSTIC_IMPORT_TOO_DEEP, "import-too-deep", SEVERITY_ERROR,
          "more than {1} files, each named by the one before", "Name the files in fewer steps."},
+        {DIAGNOSTIC_IMPORTED_FOR_ALL, "imported-for-all", SEVERITY_NOTE,
+         "taken for all sources: {1}",
+         "See whether files of one name lie in several of the directories: the first one is "
+         "included."},
+        {DIAGNOSTIC_IMPORT_DESCRIBES, "import-describes", SEVERITY_NOTE,
+         "left out, as nothing is built of it: {1}",
+         "Nothing is to be done: it describes the project, or is for other tools."},
         {DIAGNOSTIC_TWO_STANDARDS, "two-standards", SEVERITY_ERROR,
          "the options ask for VHDL {1} and {2}, but a library has one standard",
          "Leave one of the options in the VHDL settings of the build."},

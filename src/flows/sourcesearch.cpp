@@ -65,7 +65,8 @@ std::string Below(const std::string& folder, const std::string& name) {
 
 struct TFolderEntry {
     std::string Name;
-    bool IsFolder;  // no link to one
+    bool IsFolder;
+    bool IsLink;
 };
 
 class TSearch {
@@ -158,6 +159,9 @@ private:
             std::string path = Below(step.Folder, entry.Name);
             if (!entry.IsFolder) {
                 if (isLast) AddMatch(path);
+            } else if (entry.IsLink) {
+                if ((isAnyParts || !isLast) && KnownLinks.insert(path).second)
+                    Found.Links.push_back(std::move(path));
             } else if (isAnyParts ? EntersByItself(entry.Name) : !isLast) {
                 next.push_back({std::move(path), isAnyParts ? step.Part : step.Part + 1});
             } else if (isLast && !isAnyParts && Search.EntersFolders) {
@@ -171,8 +175,8 @@ private:
     static bool IsHidden(const std::string& name, std::string_view part) {
         return name.starts_with('.') && !part.starts_with('.');
     }
-    static bool EntersByItself(const std::string& name) {
-        return !name.starts_with('.') && !IsOutputFolder(name);
+    bool EntersByItself(const std::string& name) const {
+        return !name.starts_with('.') && (Search.EntersOutputs || !IsOutputFolder(name));
     }
 
     void FindBelow(const std::string& folder) {
@@ -186,7 +190,7 @@ private:
                 std::string path = Below(current, entry.Name);
                 if (!entry.IsFolder) {
                     AddOrKeep(path);
-                } else if (EntersByItself(entry.Name)) {
+                } else if (!entry.IsLink && EntersByItself(entry.Name)) {
                     inner.push_back(std::move(path));
                 }
             }
@@ -227,8 +231,7 @@ private:
             const bool isLink = entry->is_symlink(ignored);
             const bool isFolder = entry->is_directory(ignored);
             std::string name = Utf8(entry->path().filename());
-            if ((isFolder && isLink) || IsExcluded(folder, name)) continue;
-            entries.push_back({std::move(name), isFolder});
+            if (!IsExcluded(folder, name)) entries.push_back({std::move(name), isFolder, isLink});
         }
         if (fault) Complain(folder + ": " + fault.message(), true);
         std::sort(entries.begin(), entries.end(),
@@ -253,6 +256,7 @@ private:
     std::vector<std::string> ExcludedPaths;
     std::unordered_set<std::string> Known;
     std::unordered_set<std::string> KnownRest;
+    std::unordered_set<std::string> KnownLinks;
     std::size_t Met = 0;  // sources, those that were known included
 };
 

@@ -12,7 +12,8 @@ struct TSourceSearch {
     /// and folders, another one with whole paths; relative ones are taken against the working
     /// directory.
     std::vector<std::string> Excluded = {};
-    bool KeepsRest = false;  ///< to look for what sources include
+    bool KeepsRest = false;      ///< to look for what sources include
+    bool EntersOutputs = false;  ///< and sources that tools have made
 };
 
 struct TFoundSource {
@@ -25,6 +26,8 @@ struct TFoundSources {
     std::vector<TFoundSource> Sources;  ///< each once, in the order of the paths, then of the names
     /// With KeepsRest the other files of the folders that were entered, in that order, each once.
     std::vector<std::string> Rest = {};
+    /// Links to folders that a pattern means, and that were passed over; canonical.
+    std::vector<std::string> Links = {};
     std::string Complaint;     ///< why there are none; "" without a fault
     bool IsFileFault = false;  ///< whether a file is missing or a folder cannot be read
 };

@@ -1,8 +1,15 @@
 #include "flows/imports/formatreaders.h"
 #include "flows/imports/treeimport.h"
+#include "services/names/utilfilename.h"
 #include <algorithm>
 
 namespace {
+
+// In front of one of these a backslash is the delimiter of a path, as databases of Windows have it.
+bool IsNameCharacter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+           static_cast<unsigned char>(c) >= 0x80 || std::string_view("._-+~").find(c) < 5;
+}
 
 /// The words of a command line as a shell takes them.
 std::vector<std::string> WordsOfCommand(const std::string& command) {
@@ -21,12 +28,48 @@ std::vector<std::string> WordsOfCommand(const std::string& command) {
             quote = 0;
         else if (!quote && (c == '"' || c == '\''))
             quote = c;
-        else if (c == '\\' && quote != '\'' && at + 1 < command.size())
+        else if (c == '\\' && quote != '\'' && at + 1 < command.size() &&
+                 !IsNameCharacter(command[at + 1]))
             words.back() += command[++at];
         else
             words.back() += c;
     }
     return words;
+}
+
+// What stands in front of a compiler.
+bool IsLauncher(const std::string& word) {
+    constexpr std::string_view kLaunchers[] = {"ccache", "distcc", "icecc", "sccache"};
+    const std::string name = TUtilFileName(word.c_str()).GetParts(PART_NAME);
+    return std::find(std::begin(kLaunchers), std::end(kLaunchers), name) != std::end(kLaunchers);
+}
+
+/// What follows the name of an option.
+enum TCommandMeaning : int {
+    GIVES_FOLDER,   ///< an include directory
+    GIVES_PATH,     ///< a path that the option needs
+    GIVES_OUTPUT,   ///< what the compiler writes
+    GIVES_LANGUAGE  ///< the language of the source
+};
+
+struct TCommandOption {
+    std::string_view Name;
+    TCommandMeaning Meaning;
+    bool IsJoined;  ///< what follows may stand in the same word
+};
+
+constexpr TCommandOption kCommandOptions[] = {
+    {"-isystem", GIVES_PATH, true},   {"-iquote", GIVES_PATH, true},
+    {"-idirafter", GIVES_PATH, true}, {"-include", GIVES_PATH, false},
+    {"-imacros", GIVES_PATH, false},  {"-I", GIVES_FOLDER, true},
+    {"-o", GIVES_OUTPUT, true},       {"-MF", GIVES_OUTPUT, true},
+    {"-MT", GIVES_OUTPUT, true},      {"-MQ", GIVES_OUTPUT, true},
+    {"-x", GIVES_LANGUAGE, true},
+};
+
+// Whether it writes object files and dependencies.
+bool IsForOutput(const std::string& word) {
+    return word == "-c" || word == "-MD" || word == "-MMD" || word == "-MP";
 }
 
 /// Reads the commands.
@@ -37,12 +80,20 @@ public:
     void Read(const TTree& entry);
 
 private:
+    using TOptions = std::vector<std::vector<std::string>>;  // each with what follows it
+    struct TCompiled {
+        TOptions Options;
+        std::vector<std::string> Folders;
+        bool IsToldOfFolders = false;
+    };
+
     std::vector<std::string> WordsOf(const TTree& entry) const;
-    void ReadWords(const TTree& entry, const std::string& folder, const std::string& name,
-                   THdlLanguage language);
+    TCompiled CompiledBy(const TTree& entry, const std::string& folder, const std::string& path);
+    void AddSettings(const TTree& entry, const std::string& name, THdlLanguage language,
+                     TCompiled compiled);
 
     TTreeImport& Tree;
-    std::map<THdlLanguage, std::vector<std::string>> Options;  // of the first source
+    std::map<THdlLanguage, TCompiled> First;  // of the first source
 };
 
 THdlLanguage LanguageOfCommand(const std::string& name) {
@@ -60,7 +111,7 @@ void TCompileCommands::Read(const TTree& entry) {
     source.Path = TImportReader::WholeOf(name, folder);
     source.Language = LanguageOfCommand(name);
     source.Place = Tree.PlaceOf(entry);
-    ReadWords(entry, folder, name, source.Language);
+    AddSettings(entry, name, source.Language, CompiledBy(entry, folder, source.Path));
     Tree.GetReader().AddSource(std::move(source));
 }
 
@@ -72,29 +123,66 @@ std::vector<std::string> TCompileCommands::WordsOf(const TTree& entry) const {
     return words;
 }
 
-// What names the compiler, the source and the output is no option of the language.
-void TCompileCommands::ReadWords(const TTree& entry, const std::string& folder,
-                                 const std::string& name, THdlLanguage language) {
+/// The value of the option in `words[*at]`, or in the word behind it, which is passed over.
+std::string ValueOf(const TCommandOption& option, const std::vector<std::string>& words,
+                    std::size_t* at) {
+    const std::string value = words[*at].substr(option.Name.size());
+    return value.empty() && *at + 1 < words.size() ? words[++*at] : value;
+}
+
+const TCommandOption* FindCommandOption(const std::string& word) {
+    for (const TCommandOption& option : kCommandOptions)
+        if (word == option.Name || (option.IsJoined && word.starts_with(option.Name)))
+            return &option;
+    return nullptr;
+}
+
+// What names the compiler, the source and the output is no option of the language, and neither is
+// the language: the build has it.
+TCompileCommands::TCompiled TCompileCommands::CompiledBy(const TTree& entry,
+                                                         const std::string& folder,
+                                                         const std::string& path) {
     const std::vector<std::string> words = WordsOf(entry);
-    std::vector<std::string> options;
-    for (std::size_t at = 1; at < words.size(); ++at) {
+    TCompiled compiled;
+    std::size_t at = !words.empty() && IsLauncher(words.front()) ? 2 : 1;
+    for (; at < words.size(); ++at) {
         const std::string& word = words[at];
-        const bool hasNext = at + 1 < words.size();
-        if (word.starts_with("-I") && (word.size() > 2 || hasNext))
-            Tree.AddIncludeDirectory(
-                language,
-                TImportReader::WholeOf(word.size() > 2 ? word.substr(2) : words[++at], folder),
-                entry);
-        else if ((word == "-o" || (word == "-x" && words.back() == name)) && hasNext)
-            ++at;
-        else if (word != "-c" && word != name)
-            options.push_back(word);
+        const TCommandOption* const option = FindCommandOption(word);
+        if (!option) {
+            const bool isSource =
+                !word.starts_with('-') && TImportReader::WholeOf(word, folder) == path;
+            if (!isSource && !IsForOutput(word)) compiled.Options.push_back({word});
+            continue;
+        }
+        const std::string value = ValueOf(*option, words, &at);
+        const std::string name(option->Name);
+        if (option->Meaning == GIVES_FOLDER)
+            compiled.Folders.push_back(TImportReader::WholeOf(value, folder));
+        else if (option->Meaning == GIVES_PATH)
+            compiled.Options.push_back({name, TImportReader::WholeOf(value, folder)});
+        else if (option->Meaning == GIVES_LANGUAGE && value != "c" && value != "c++")
+            compiled.Options.push_back({name, value});
     }
-    const auto [first, isNew] = Options.try_emplace(language, options);
-    if (isNew)
-        for (const std::string& option : options) Tree.AddOption(language, option, entry);
-    else if (first->second != options)
-        Tree.Lose("options of " + name + " alone", entry);
+    return compiled;
+}
+
+void TCompileCommands::AddSettings(const TTree& entry, const std::string& name,
+                                   THdlLanguage language, TCompiled compiled) {
+    for (const std::string& folder : compiled.Folders)
+        Tree.AddIncludeDirectory(language, folder, entry);
+    const auto [at, isNew] = First.try_emplace(language, std::move(compiled));
+    TCompiled& first = at->second;
+    if (isNew) {
+        for (const std::vector<std::string>& words : first.Options)
+            Tree.GetReader().KeepOption(language, words.front(), Tree.PlaceOf(entry),
+                                        {words.begin() + 1, words.end()});
+        return;
+    }
+    if (first.Options != compiled.Options) Tree.Lose("options of " + name + " alone", entry);
+    if (first.Folders == compiled.Folders || first.IsToldOfFolders) return;
+    first.IsToldOfFolders = true;
+    Tree.GetReader().Tell(DIAGNOSTIC_IMPORTED_FOR_ALL, {"include directories of " + name},
+                          Tree.PlaceOf(entry));
 }
 
 }  // namespace

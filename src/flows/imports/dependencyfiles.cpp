@@ -21,8 +21,7 @@ public:
     }
     // A build holds no included file, but the folder in which it is found.
     void AddIncluded(const std::string& path, const TImportPlace& place) {
-        std::string folder = TImportReader::WholeOf(path, File.Folder);
-        folder.erase(folder.find_last_of('/'));
+        std::string folder = TImportReader::FolderOf(TImportReader::WholeOf(path, File.Folder));
         if (Known.insert(folder + "/").second)
             Reader.SettingsOf(LANGUAGE_VERILOG).IncludeDirectories.push_back({folder, place});
     }
@@ -129,12 +128,16 @@ void TDepfileReader::ReadRule() {
     const TImportPlace begin = Here();
     while (SkipBlanks()) {
         const TImportPlace place = Here();
+        if (!isTarget && At() == ';') {
+            Reader.Lose("a command", place);
+            return SkipLine();
+        }
         const std::string word = TakeWord(isTarget);
         hasWords = true;
         if (isTarget && At() == ':') {
             isTarget = false;
-            ++Position;
-        } else if (!isTarget) {
+            Position += std::size_t{At(1) == ':' ? 2u : 1u};
+        } else if (!isTarget && word != "|") {
             TakePrerequisite(word, place);
         }
     }

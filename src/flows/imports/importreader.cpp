@@ -1,6 +1,7 @@
 #include "flows/imports/importreader.h"
 #include "flows/plan/planoptions.h"
 #include "services/files/filereplace.h"
+#include "services/files/filestatus.h"
 #include "services/hdl/sourcefileextensions.h"
 #include "services/names/utilfilename.h"
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace {
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16Marks[] = {"\xFF\xFE", "\xFE\xFF"};
 
-std::string FolderOf(const std::string& path) {
+std::string FolderOfFile(const std::string& path) {
     const std::string directory = TUtilFileName(path.c_str()).GetParts(PART_DRIVE | PART_DIRECTORY);
     return WholePath("", directory) + "/";
 }
@@ -42,6 +43,29 @@ std::string TImportReader::WholeOf(const std::string& path, const std::string& f
 
 std::string TImportReader::CanonicalOf(const std::string& path, const std::string& folder) {
     return TUtilFileName(WholeOf(path, folder).c_str()).CanonicalWithoutFinalSlash();
+}
+
+std::string TImportReader::FolderOf(const std::string& path) {
+    const std::size_t slash = path.find_last_of('/');
+    const bool isOutermost = slash == 0 || (slash == 2 && path[1] == ':');
+    return path.substr(0, isOutermost ? slash + 1 : slash);
+}
+
+std::vector<TFoundSource> TImportReader::FindPattern(const std::string& pattern,
+                                                     const std::string& written,
+                                                     TSourceSearch search,
+                                                     const TImportPlace& place) {
+    // Another tool's pattern says itself where sources are, be they made by tools.
+    search.EntersOutputs = true;
+    TFoundSources found = FindSources({pattern}, search);
+    for (const std::string& link : found.Links)
+        Lose("the folder " + Request.TextOf(link) + ", which is a link", place);
+    const std::string plain = FolderOf(pattern.substr(0, pattern.find_first_of("*?")));
+    if (found.IsFileFault && LookAtFile(CanonicalOf(plain, "")).Exists)
+        Tell(DIAGNOSTIC_IMPORT_UNREADABLE, {written, found.Complaint}, place);
+    else if (found.Sources.empty())
+        Lose("the pattern " + written + ", which no file has", place);
+    return std::move(found.Sources);
 }
 
 void TImportReader::AddTop(const TBuildTop& top, const TImportPlace& place) {
@@ -127,7 +151,7 @@ bool TImportReader::Enter(const std::string& path, const std::string& folder,
     if (!MayEnter(path, place)) return false;
     file->Path = path;
     file->Name = Request.TextOf(path);
-    file->Folder = folder.empty() ? FolderOf(path) : folder;
+    file->Folder = folder.empty() ? FolderOfFile(path) : folder;
     if (!Known.insert({path, file->Folder, context}).second) return false;
     std::string reason;
     const TFileReadResult result = ReadWholeFile(path.c_str(), &file->Text, &reason);

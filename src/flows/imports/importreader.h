@@ -1,5 +1,6 @@
 #pragma once
 #include "flows/imports/importformats.h"
+#include "flows/sourcesearch.h"
 #include <array>
 #include <cstddef>
 #include <set>
@@ -21,6 +22,8 @@ public:
     static std::string WholeOf(const std::string& path, const std::string& folder);
     /// The same as the system writes it.
     static std::string CanonicalOf(const std::string& path, const std::string& folder);
+    /// The folder of a whole path with '/', without a '/' at its end unless it is the outermost.
+    static std::string FolderOf(const std::string& path);
 
     void AddSource(TImportedSource source) { Imported.Sources.push_back(std::move(source)); }
     void AddTop(const TBuildTop& top, const TImportPlace& place);
@@ -39,6 +42,11 @@ public:
     /// The compile options of a language in one text. Relative paths are taken against `folder`.
     void TakeOptions(THdlLanguage language, const std::string& text, const std::string& folder,
                      const TImportPlace& place);
+
+    /// The sources that a whole pattern means, which stands in a file as `written`. What is in its
+    /// way is told, and when there are none.
+    std::vector<TFoundSource> FindPattern(const std::string& pattern, const std::string& written,
+                                          TSourceSearch search, const TImportPlace& place);
 
     /// Tells that a build has no words for `what`.
     void Lose(const std::string& what, const TImportPlace& place) {

@@ -56,12 +56,15 @@ public:
         *line = Line;
         do fields->push_back(TakeField());
         while (Take(','));
-        // What follows a closing quote is no field.
-        while (Position < Text.size() && Text[Position] != '\n') ++Position;
+        const std::size_t end = std::min(Text.find('\n', Position), Text.size());
+        HasRest = end != Position;
+        Position = end;
         if (Take('\n')) ++Line;
         return true;
     }
     bool IsCut() const { return Cut; }
+    /// Whether something followed the closing quote of the last field.
+    bool IsGlued() const { return HasRest; }
 
 private:
     bool Take(char c) {
@@ -75,6 +78,7 @@ private:
     std::size_t Position = 0;
     int Line = 1;
     bool Cut = false;
+    bool HasRest = false;
 };
 
 // Blanks around a field count only within quotes.
@@ -138,6 +142,10 @@ void ReadVunitTable(TImportReader& reader, const TImportFile& file) {
     for (int line = 1; table.Next(&fields, &line);) {
         const TImportPlace place{file.Name, line, 1};
         if (table.IsCut()) return reader.Fail("a quote that does not end", place);
+        if (table.IsGlued()) {
+            reader.Fail("a text behind a quote", place);
+            continue;
+        }
         if (fields.size() == 1 && fields.front().empty()) continue;
         if (fields.size() > 2 || fields.back().empty()) {
             reader.Fail("a line that is not a library and a path", place);

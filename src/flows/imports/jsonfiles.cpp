@@ -42,10 +42,12 @@ void ReadBenderGroup(const TTree& group, TTreeImport* tree) {
     for (const TTree& folder : tree->ListIn(group, "include_dirs"))
         if (tree->IsSingle(folder))
             tree->AddIncludeDirectory(LANGUAGE_VERILOG, folder.Text, folder);
-    for (const TTree& define : tree->MapIn(group, "defines"))
-        tree->GetReader().AddDefine(
-            define.Text.empty() ? define.Key : define.Key + "=" + define.Text,
-            tree->KeyPlaceOf(define));
+    for (const TTree& define : tree->MapIn(group, "defines")) {
+        const bool isNull = define.Kind == TREE_NULL;
+        if (isNull || tree->IsSingle(define))
+            tree->GetReader().AddDefine(isNull ? define.Key : define.Key + "=" + define.Text,
+                                        tree->KeyPlaceOf(define));
+    }
     for (const TTree& file : tree->ListIn(group, "files")) {
         if (!tree->IsSingle(file)) continue;
         TImportedSource source;
@@ -113,4 +115,7 @@ void ReadBender(TImportReader& reader, const TImportFile& file) {
     for (const TTree& group : tree.GetRoot().Values) ReadBenderGroup(group, &tree);
     if (!IsSameInAll(tree.GetRoot().Values, "defines"))
         tree.Lose("defines of some packages alone", tree.GetRoot());
+    if (!IsSameInAll(tree.GetRoot().Values, "include_dirs"))
+        reader.Tell(DIAGNOSTIC_IMPORTED_FOR_ALL, {"include directories of some packages"},
+                    tree.PlaceOf(tree.GetRoot()));
 }

@@ -1,6 +1,5 @@
 #include "flows/imports/formatreaders.h"
 #include "flows/imports/importreader.h"
-#include "flows/sourcesearch.h"
 #include <algorithm>
 #include <deque>
 #include <optional>
@@ -34,11 +33,16 @@ private:
     bool SkipBlanks();
     bool SkipComment();
     void Step();
+    TImportPlace PlaceHere() const {
+        const TOpenMap& map = Maps.back();
+        return {map.File.Name, map.Line, static_cast<int>(map.Position - map.LineBegin) + 1};
+    }
     void TakeQuoted(TMapWord* word);
     void ReadStatement(const TMapWord& word);
-    void ReadLibrary();
-    void ReadInclude();
-    void SkipTo(std::string_view end);
+    bool NextName(const TMapWord& statement, TMapWord* name);
+    void ReadLibrary(const TMapWord& statement);
+    void ReadInclude(const TMapWord& statement);
+    bool SkipTo(std::string_view end);
     void AddFiles(const std::string& path, const std::string& library, const TImportPlace& place);
     void AddFolders(const std::vector<TImportedText>& folders, const std::string& library,
                     const TImportPlace& place);
@@ -74,10 +78,12 @@ bool TLibraryMapReader::SkipComment() {
     const bool isLine = rest.starts_with("//");
     if (!isLine && !rest.starts_with("/*")) return false;
     std::size_t length = rest.find(isLine ? "\n" : "*/", 2);
-    if (length == std::string_view::npos)
+    if (length == std::string_view::npos) {
+        if (!isLine) Reader.Fail("a comment that does not end", PlaceHere());
         length = rest.size();
-    else if (!isLine)
+    } else if (!isLine) {
         length += 2;
+    }
     for (; length > 0; --length) Step();
     return true;
 }
@@ -100,7 +106,7 @@ bool TLibraryMapReader::Next(TMapWord* word) {
     TOpenMap& map = Maps.back();
     word->Text.clear();
     word->IsQuoted = map.File.Text[map.Position] == '"';
-    word->Place = {map.File.Name, map.Line, static_cast<int>(map.Position - map.LineBegin) + 1};
+    word->Place = PlaceHere();
     if (word->IsQuoted) {
         TakeQuoted(word);
         return true;
@@ -124,25 +130,42 @@ void TLibraryMapReader::TakeQuoted(TMapWord* word) {
     if (end != std::string::npos) Step();
 }
 
-void TLibraryMapReader::SkipTo(std::string_view end) {
-    for (TMapWord word; Next(&word) && word.Text != end;) continue;
+/// False when the map ends before.
+bool TLibraryMapReader::SkipTo(std::string_view end) {
+    for (TMapWord word; Next(&word);)
+        if (word.Text == end) return true;
+    return false;
 }
 
 void TLibraryMapReader::ReadStatement(const TMapWord& word) {
     if (word.Text == ";") return;
-    if (word.Text == "library") return ReadLibrary();
-    if (word.Text == "include") return ReadInclude();
+    if (word.Text == "library") return ReadLibrary(word);
+    if (word.Text == "include") return ReadInclude(word);
     if (word.Text == "config") {
         Reader.Lose("a configuration", word.Place);
-        return SkipTo("endconfig");
+        if (!SkipTo("endconfig")) Reader.Fail("a configuration without an end", word.Place);
+        return;
     }
     Reader.Fail("'" + word.Text + "' instead of a statement", word.Place);
     SkipTo(";");
 }
 
-void TLibraryMapReader::ReadLibrary() {
+/// False, told, when something else follows; then the statement is passed over.
+bool TLibraryMapReader::NextName(const TMapWord& statement, TMapWord* name) {
+    const std::string what = statement.Text == "library" ? "a library" : "an include";
+    if (!Next(name)) {
+        Reader.Fail(what + " without a name", statement.Place);
+        return false;
+    }
+    if (name->IsQuoted || (name->Text != ";" && name->Text != ",")) return true;
+    Reader.Fail(what + " without a name", name->Place);
+    if (name->Text == ",") SkipTo(";");
+    return false;
+}
+
+void TLibraryMapReader::ReadLibrary(const TMapWord& statement) {
     TMapWord library;
-    if (!Next(&library)) return Reader.Fail("a library without a name", library.Place);
+    if (!NextName(statement, &library)) return;
     std::vector<TImportedText> folders;
     bool isFolder = false;
     TMapWord word;
@@ -168,7 +191,8 @@ void TLibraryMapReader::AddFolders(const std::vector<TImportedText>& folders,
     for (const TImportedText& folder : folders) names.insert(folder.Text);
     if (!Folders) Folders = names;
     if (*Folders != names)
-        Reader.Lose("include directories of the library " + library + " alone", place);
+        Reader.Tell(DIAGNOSTIC_IMPORTED_FOR_ALL, {"include directories of the library " + library},
+                    place);
     auto& directories = Reader.SettingsOf(LANGUAGE_VERILOG).IncludeDirectories;
     directories.insert(directories.end(), folders.begin(), folders.end());
 }
@@ -189,23 +213,27 @@ void TLibraryMapReader::AddFiles(const std::string& path, const std::string& lib
     }
     for (std::size_t at = 0; (at = pattern.find("...", at)) != std::string::npos; at += 2)
         pattern.replace(at, 3, "**");
-    const TFoundSources found =
-        FindSources({TImportReader::CanonicalOf(pattern, Maps.back().File.Folder)}, {});
-    for (const TFoundSource& each : found.Sources) {
+    pattern = TImportReader::WholeOf(pattern, Maps.back().File.Folder);
+    for (const TFoundSource& each : Reader.FindPattern(pattern, path, {}, place)) {
         source.Path = TImportReader::WholeOf(each.Path, "");
         source.Language = each.Language;
         Reader.AddSource(source);
     }
-    if (found.Sources.empty()) Reader.Tell(DIAGNOSTIC_IMPORTED_FILE_MISSING, {path}, place);
 }
 
-void TLibraryMapReader::ReadInclude() {
-    TMapWord word;
-    if (!Next(&word)) return Reader.Fail("an include without a name", word.Place);
-    const std::string path = TImportReader::CanonicalOf(word.Text, Maps.back().File.Folder);
-    SkipTo(";");
+void TLibraryMapReader::ReadInclude(const TMapWord& statement) {
+    TMapWord name;
+    if (!NextName(statement, &name)) return;
+    TMapWord end;
+    if (!Next(&end)) return Reader.Fail("an include without a semicolon", name.Place);
+    if (end.IsQuoted || end.Text != ";") {
+        Reader.Fail("'" + end.Text + "' instead of a semicolon", end.Place);
+        SkipTo(";");
+        return;
+    }
+    const std::string path = TImportReader::CanonicalOf(name.Text, Maps.back().File.Folder);
     TOpenMap map;
-    if (Reader.Enter(path, "", "", word.Place, &map.File)) Maps.push_back(std::move(map));
+    if (Reader.Enter(path, "", "", name.Place, &map.File)) Maps.push_back(std::move(map));
 }
 
 }  // namespace

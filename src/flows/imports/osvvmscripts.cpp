@@ -4,6 +4,7 @@
 #include "services/files/filestatus.h"
 #include "services/names/utilfilename.h"
 #include <deque>
+#include <map>
 
 namespace {
 
@@ -11,8 +12,10 @@ namespace {
 struct TOpenScript {
     TImportFile File;
     TTclCommands Commands;
+    std::string Library;  // at its begin
 
-    explicit TOpenScript(TImportFile file) : File(std::move(file)), Commands(File.Text) {}
+    TOpenScript(TImportFile file, std::string library)
+        : File(std::move(file)), Commands(File.Text), Library(std::move(library)) {}
     TOpenScript(const TOpenScript&) = delete;
     TOpenScript& operator=(const TOpenScript&) = delete;
 };
@@ -45,6 +48,8 @@ private:
     TImportReader& Reader;
     std::deque<TOpenScript> Scripts;
     std::string Library;
+    /// Of each script, and the library at its begin, the one at its end.
+    std::map<std::pair<std::string, std::string>, std::string> LibrariesBehind;
 };
 
 const TOsvvmReader::TVerb TOsvvmReader::kVerbs[] = {
@@ -55,7 +60,7 @@ const TOsvvmReader::TVerb TOsvvmReader::kVerbs[] = {
 };
 
 void TOsvvmReader::Read(const TImportFile& file) {
-    Scripts.emplace_back(file);
+    Scripts.emplace_back(file, "");
     while (!Scripts.empty()) {
         TTclCommand command;
         TTclCommands& commands = Scripts.back().Commands;
@@ -65,6 +70,7 @@ void TOsvvmReader::Read(const TImportFile& file) {
         }
         if (commands.GetFault())
             Reader.Fail(commands.GetFault(), {Scripts.back().File.Name, command.Line, 0});
+        LibrariesBehind[{Scripts.back().File.Path, Scripts.back().Library}] = Library;
         Scripts.pop_back();
         if (!Scripts.empty()) Reader.Leave();
     }
@@ -110,7 +116,11 @@ void TOsvvmReader::Include(const std::string& word, const TImportPlace& place) {
         path = LookAtFile(own).Exists ? own : TImportReader::CanonicalOf("build.pro", path + "/");
     }
     TImportFile file;
-    if (Reader.Enter(path, "", Library, place, &file)) Scripts.emplace_back(std::move(file));
+    const auto known = LibrariesBehind.find({path, Library});
+    if (known != LibrariesBehind.end())
+        Library = known->second;
+    else if (Reader.Enter(path, "", Library, place, &file))
+        Scripts.emplace_back(std::move(file), Library);
 }
 
 void TOsvvmReader::SetVersion(const std::string& word, const TImportPlace& place) {

@@ -2,8 +2,9 @@
 #include "flows/imports/formatreaders.h"
 #include "flows/imports/listvariables.h"
 #include "flows/imports/treeimport.h"
-#include "flows/sourcesearch.h"
+#include "flows/scan/asciicase.h"
 #include <algorithm>
+#include <unordered_set>
 
 namespace {
 
@@ -14,6 +15,19 @@ struct TServerYear {
 
 constexpr TServerYear kServerYears[] = {{"93", "1993"},   {"08", "2008"},   {"19", "2019"},
                                         {"1993", "1993"}, {"2008", "2008"}, {"2019", "2019"}};
+
+/// What a library leaves out.
+struct TExcluded {
+    std::unordered_set<std::string> Paths;  ///< whole, in small letters
+    std::vector<std::string> Patterns;
+
+    bool IsMeant(const std::string& path) const {
+        return Paths.contains(FoldAscii(std::string_view(path))) ||
+               std::any_of(Patterns.begin(), Patterns.end(), [&path](const std::string& pattern) {
+                   return MatchesFilePattern(pattern, path);
+               });
+    }
+};
 
 /// Reads a configuration of the server.
 class TVhdlLsReader {
@@ -28,8 +42,7 @@ private:
     bool IsText(const TTree& value) const;
     /// With the values of its variables, whole.
     std::string PatternOf(const TTree& value);
-    void AddFiles(const TTree& value, const std::string& library,
-                  const std::vector<std::string>& excluded);
+    void AddFiles(const TTree& value, const std::string& library, const TExcluded& excluded);
 
     TTreeImport& Tree;
 };
@@ -51,9 +64,15 @@ void TVhdlLsReader::ReadStandard(const TTree& standard) {
 
 void TVhdlLsReader::ReadLibrary(const TTree& library) {
     Tree.LoseOthers(library, {"files", "exclude"});
-    std::vector<std::string> excluded;
-    for (const TTree& pattern : Tree.ListIn(library, "exclude"))
-        if (IsText(pattern)) excluded.push_back(PatternOf(pattern));
+    TExcluded excluded;
+    for (const TTree& value : Tree.ListIn(library, "exclude")) {
+        if (!IsText(value)) continue;
+        std::string pattern = PatternOf(value);
+        if (IsFilePattern(pattern))
+            excluded.Patterns.push_back(std::move(pattern));
+        else
+            excluded.Paths.insert(FoldAscii(std::string_view(pattern)));
+    }
     for (const TTree& pattern : Tree.ListIn(library, "files"))
         if (IsText(pattern)) AddFiles(pattern, library.Key, excluded);
 }
@@ -72,20 +91,17 @@ std::string TVhdlLsReader::PatternOf(const TTree& value) {
 }
 
 void TVhdlLsReader::AddFiles(const TTree& value, const std::string& library,
-                             const std::vector<std::string>& excluded) {
+                             const TExcluded& excluded) {
     const std::string pattern = PatternOf(value);
     std::vector<std::string> paths;
     if (IsFilePattern(pattern)) {
-        TSourceSearch search;
-        search.Excluded = excluded;
-        for (const TFoundSource& found : FindSources({pattern}, search).Sources)
+        for (const TFoundSource& found :
+             Tree.GetReader().FindPattern(pattern, value.Text, {}, Tree.PlaceOf(value)))
             if (found.Language == LANGUAGE_VHDL) paths.push_back(Tree.PathOf(found.Path));
-        if (paths.empty()) Tree.Lose("the pattern " + value.Text + ", which no file has", value);
-    } else if (std::none_of(excluded.begin(), excluded.end(), [&](const std::string& left) {
-                   return MatchesFilePattern(left, pattern);
-               })) {
+    } else {
         paths.push_back(pattern);
     }
+    std::erase_if(paths, [&](const std::string& path) { return excluded.IsMeant(path); });
     for (std::string& path : paths) {
         TImportedSource source;
         source.Path = std::move(path);

@@ -10,6 +10,7 @@
 #include "flows/trees/treereaders.h"
 #include <algorithm>
 #include <toml++/toml.h>
+#include <unordered_map>
 #pragma pop_macro("NDEBUG")
 
 namespace {
@@ -23,23 +24,50 @@ public:
             if (text[at] == '\n') Begins.push_back(at + 1);
     }
 
-    TTreePlace PlaceOf(const toml::source_position& position) const;
-    TTreePlace PlaceOf(const toml::source_region& region) const { return PlaceOf(region.begin); }
+    TTreePlace PlaceOf(const toml::source_position& position);
+    TTreePlace PlaceOf(const toml::source_region& region) { return PlaceOf(region.begin); }
 
 private:
+    /// As many characters as are walked anew for each place.
+    static constexpr std::size_t kStride = 256;
+
+    std::size_t Behind(std::size_t at, std::size_t characters) const;
+    std::size_t ByteOf(std::size_t line, std::size_t characters);
+
     std::string_view Text;
     std::vector<std::size_t> Begins;
+    /// Of each line that was asked for beyond the first stride: where the strides begin.
+    std::unordered_map<std::size_t, std::vector<std::size_t>> Strides;
 };
 
-TTreePlace TTomlLines::PlaceOf(const toml::source_position& position) const {
-    if (position.line == 0 || position.line > Begins.size()) return {1, 1};
-    std::size_t at = Begins[position.line - 1];
+/// Where the character begins that lies behind so many.
+std::size_t TTomlLines::Behind(std::size_t at, std::size_t characters) const {
     const auto isInside = [this](std::size_t byte) {
         return (static_cast<unsigned char>(Text[byte]) & 0xC0) == 0x80;
     };
-    for (toml::source_index column = 1; column < position.column && at < Text.size(); ++column)
+    for (; characters > 0 && at < Text.size(); --characters)
         for (++at; at < Text.size() && isInside(at);) ++at;
-    return {static_cast<int>(position.line), static_cast<int>(at - Begins[position.line - 1]) + 1};
+    return at;
+}
+
+// Files of one line are common: no place in it may cost a walk from its begin.
+std::size_t TTomlLines::ByteOf(std::size_t line, std::size_t characters) {
+    const std::size_t begin = Begins[line];
+    if (characters < kStride) return Behind(begin, characters);
+    std::vector<std::size_t>& strides = Strides[line];
+    if (strides.empty()) strides.push_back(begin);
+    while (strides.size() <= characters / kStride && strides.back() < Text.size())
+        strides.push_back(Behind(strides.back(), kStride));
+    const std::size_t stride = std::min(characters / kStride, strides.size() - 1);
+    return Behind(strides[stride], characters - stride * kStride);
+}
+
+TTreePlace TTomlLines::PlaceOf(const toml::source_position& position) {
+    if (position.line == 0 || position.line > Begins.size()) return {1, 1};
+    const std::size_t line = position.line - 1;
+    const std::size_t characters = position.column > 0 ? position.column - 1 : 0;
+    return {static_cast<int>(position.line),
+            static_cast<int>(ByteOf(line, characters) - Begins[line]) + 1};
 }
 
 /// Looks for keys of very many parts, each of which would be a table in another: the library goes
@@ -99,7 +127,7 @@ bool TTomlKeys::StepOverText() {
 /// Makes a tree of the library's tables.
 class TTomlWalk {
 public:
-    explicit TTomlWalk(const TTomlLines& lines) : Lines(lines) {}
+    explicit TTomlWalk(TTomlLines& lines) : Lines(lines) {}
 
     bool Add(const toml::node& node);
     TTreeBuilder& GetBuilder() { return Builder; }
@@ -108,7 +136,7 @@ private:
     bool AddTable(const toml::table& table);
     bool AddArray(const toml::array& array);
 
-    const TTomlLines& Lines;
+    TTomlLines& Lines;
     TTreeBuilder Builder;
 };
 
@@ -159,7 +187,7 @@ bool TTomlWalk::AddArray(const toml::array& array) {
 
 bool ReadTomlTree(std::string_view text, TTree* tree, TTreeFault* fault) {
     static_assert(TOML_MAX_NESTED_VALUES == kDeepestTree);
-    const TTomlLines lines(text);
+    TTomlLines lines(text);
     toml::source_position deep;
     if (!TTomlKeys(text).AreShort(&deep)) {
         *fault = {"a key of more than " + std::to_string(kDeepestTree) + " parts",

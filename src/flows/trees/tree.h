@@ -6,7 +6,8 @@
 
 /// How deep values may lie in each other.
 inline constexpr std::size_t kDeepestTree = 64;
-/// How many values a tree may have. In YAML few words may stand for very many values.
+/// How many values a tree may have, what is kept for the anchors of YAML counted: there few words
+/// may stand for very many values.
 inline constexpr std::size_t kMostTreeValues = 1'000'000;
 
 enum TTreeKind : int {

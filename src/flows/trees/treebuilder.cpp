@@ -22,7 +22,7 @@ bool TTreeBuilder::End() {
 }
 
 bool TTreeBuilder::Key(std::string text, TTreePlace place) {
-    if (HasFailed() || Open.empty()) return false;
+    if (HasFailed() || Open.empty() || !IsText(text, place)) return false;
     if (!Keys.back().insert(text).second)
         return Fail("the key \"" + text + "\" is there a second time", place);
     NextKey = std::move(text);
@@ -32,7 +32,7 @@ bool TTreeBuilder::Key(std::string text, TTreePlace place) {
 }
 
 bool TTreeBuilder::Add(TTreeKind kind, std::string text, TTreePlace place) {
-    if (!MayGrow(1, 0, place)) return false;
+    if (!MayGrow(1, 0, place) || !IsText(text, place)) return false;
     TTree value;
     value.Kind = kind;
     value.Text = std::move(text);
@@ -73,6 +73,11 @@ bool TTreeBuilder::Place(TTree value) {
     Root = std::move(value);
     HasRoot = true;
     return true;
+}
+
+// No name of a file or of anything else has that character.
+bool TTreeBuilder::IsText(const std::string& text, TTreePlace place) {
+    return text.find('\0') == std::string::npos || Fail("a text with the character U+0000", place);
 }
 
 bool TTreeBuilder::MayGrow(std::size_t count, std::size_t depth, TTreePlace place) {

@@ -14,6 +14,10 @@ public:
     /// Adds the copy of a value, which has `count` values in it and lies `depth` deep.
     bool AddCopy(const TTree& value, std::size_t count, std::size_t depth, TTreePlace place);
 
+    /// Whether the caller may keep a copy of a value that has `count` values in it: copies count as
+    /// values of the tree do.
+    bool MayKeep(std::size_t count, TTreePlace place) { return MayGrow(count, 0, place); }
+
     /// Keeps the first fault.
     bool Fail(std::string reason, TTreePlace place);
     bool HasFailed() const { return !Fault.Reason.empty(); }
@@ -29,6 +33,7 @@ public:
 
 private:
     bool Place(TTree value);
+    bool IsText(const std::string& text, TTreePlace place);
     bool MayGrow(std::size_t count, std::size_t depth, TTreePlace place);
 
     TTree Root;

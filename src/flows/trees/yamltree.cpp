@@ -59,7 +59,9 @@ class TYamlEvents : public YAML::EventHandler {
 public:
     TTreeBuilder& GetBuilder() { return Builder; }
 
-    void OnDocumentStart(const YAML::Mark&) override {}
+    void OnDocumentStart(const YAML::Mark& mark) override {
+        if (++Documents == 2) Builder.Fail("a second document", PlaceOf(mark));
+    }
     void OnDocumentEnd() override {}
     void OnNull(const YAML::Mark& mark, YAML::anchor_t anchor) override {
         AddSingle(TREE_NULL, "", mark, anchor);
@@ -94,6 +96,7 @@ private:
     void Keep(YAML::anchor_t anchor);
 
     TTreeBuilder Builder;
+    int Documents = 0;
     std::map<YAML::anchor_t, TAnchored> Anchors;
     std::vector<YAML::anchor_t> OpenAnchors;  // of each open value; 0: none
 };
@@ -174,8 +177,11 @@ void TYamlEvents::End() {
 
 void TYamlEvents::Keep(YAML::anchor_t anchor) {
     if (anchor == 0 || !Builder.GetLast()) return;
-    TAnchored anchored{*Builder.GetLast()};
-    Measure(anchored.Value, 0, &anchored.Count, &anchored.Depth);
+    const TTree& value = *Builder.GetLast();
+    TAnchored anchored;
+    Measure(value, 0, &anchored.Count, &anchored.Depth);
+    if (!Builder.MayKeep(anchored.Count, value.Place)) return;
+    anchored.Value = value;
     Anchors[anchor] = std::move(anchored);
 }
 
@@ -187,7 +193,8 @@ bool ReadYamlTree(std::string_view text, TTree* tree, TTreeFault* fault) {
     try {
         std::istringstream stream{std::string(text)};
         YAML::Parser parser(stream);
-        if (parser.HandleNextDocument(events) && parser) builder.Fail("a second document", {1, 1});
+        if (parser.HandleNextDocument(events) && !builder.HasFailed())
+            parser.HandleNextDocument(events);
     } catch (const YAML::Exception& exception) {
         builder.Fail(exception.msg, PlaceOf(exception.mark));
     }

@@ -43,3 +43,19 @@ TEST(DependencyFiles, AreLinesOfIcarus) {
               "in/list:4:1 Verilog  in/x.inc\n"
               "in/list:2:1 include in/inc\n");
 }
+
+TEST(DependencyFiles, MayIncludeFilesOfTheOutermostFolder) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("icarus-deps", "I /x.vh\nM a.v\n"),
+              "in/list:2:1 Verilog  in/a.v\nin/list:1:1 include /\n");
+}
+
+// Prerequisites that only have to be there are some all the same; what follows is for the shell.
+TEST(DependencyFiles, AreRulesOfMakeWithAllOfTheirParts) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("depfile", "o: a.v | b.v ; touch x.v\np:: c.v\n"),
+              "in/list:1:4 Verilog  in/a.v\n"
+              "in/list:1:10 Verilog  in/b.v\n"
+              "in/list:2:5 Verilog  in/c.v\n"
+              "in/list:1:14 HB701 a build has no words for a command\n");
+}

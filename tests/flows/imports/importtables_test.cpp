@@ -29,6 +29,10 @@ TEST(ImportTables, ReadTablesOfVunit) {
     EXPECT_EQ(folder.ReadText("vunit-csv", "a,b.vhd\na,\"b"),
               "in/list:1:1 VHDL a in/b.vhd\n"
               "in/list:2:1 HB708 not of the format: a quote that does not end\n");
+    EXPECT_EQ(folder.ReadText("vunit-csv", "l,\"a.v\"b.v\n\"l\"x,c.v\nm,\"d.v\" \n"),
+              "in/list:3:1 Verilog m in/d.v\n"
+              "in/list:1:1 HB708 not of the format: a text behind a quote\n"
+              "in/list:2:1 HB708 not of the format: a text behind a quote\n");
 }
 
 TEST(ImportTables, ReadTheOrderOfGhdl) {

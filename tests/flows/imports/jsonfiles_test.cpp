@@ -65,6 +65,27 @@ TEST(JsonFiles, ReadWhatBenderPrints) {
         "in/list:5:13 HB705 named again: /q/a.sv (first: in/list:2:47)\n");
 }
 
+TEST(JsonFiles, TellOfDefinesAndDirectoriesOfBender) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("bender",
+                              "[{\"include_dirs\": [\"i\"], \"files\": [\"a.sv\"],\n"
+                              "  \"defines\": {\"A\": [1, 2], \"B\": {\"x\": 1}, \"C\": \"\"}},\n"
+                              " {\"include_dirs\": [\"j\"],\n"
+                              "  \"defines\": {\"A\": [1, 2], \"B\": {\"x\": 1}, \"C\": \"\"}}]"),
+              "in/list:1:36 Verilog  in/a.sv\n"
+              "in/list:1:20 include in/i\n"
+              "in/list:3:20 include in/j\n"
+              "in/list:2:43 define C=\n"
+              "in/list:4:43 define C=\n"
+              "in/list:2:20 HB708 not of the format: no single value\n"
+              "in/list:2:33 HB708 not of the format: no single value\n"
+              "in/list:2:43 HB701 a build has no words for the empty value of the define C\n"
+              "in/list:4:20 HB708 not of the format: no single value\n"
+              "in/list:4:33 HB708 not of the format: no single value\n"
+              "in/list:4:43 HB701 a build has no words for the empty value of the define C\n"
+              "in/list:1:1 HB712 taken for all sources: include directories of some packages\n");
+}
+
 TEST(JsonFiles, TellWhatIsNotOfTheFormat) {
     const ImportFolder folder;
     for (const char* const format : {"hdl-prj", "vunit-json"}) {

@@ -1,4 +1,5 @@
 #include "tests/flows/imports/importedtext.h"
+#include <filesystem>
 #include <gtest/gtest.h>
 
 TEST(LibraryMaps, NameTheFilesOfLibraries) {
@@ -22,14 +23,41 @@ TEST(LibraryMaps, FindTheFilesOfPatterns) {
     for (const char* const name :
          {"in/rtl/a.v", "in/rtl/b.sv", "in/rtl/x.txt", "in/rtl/sub/c.v", "in/lib/d.v"})
         folder.Write(name, "");
-    EXPECT_EQ(folder.ReadText("libmap",
-                              "library one rtl/?.v, lib/;\nlibrary two rtl/.../*.v;\n"
-                              "library three none/*.v;\n"),
-              "in/list:1:13 Verilog one in/rtl/a.v\n"
-              "in/list:1:22 Verilog one in/lib/d.v\n"
-              "in/list:2:13 Verilog two in/rtl/sub/c.v\n"
-              "in/list:2:13 HB702 named again in another way: in/rtl/a.v (first: in/list:1:13)\n");
+    EXPECT_EQ(
+        folder.ReadText("libmap",
+                        "library one rtl/?.v, lib/;\nlibrary two rtl/.../*.v;\n"
+                        "library three none/*.v;\n"),
+        "in/list:1:13 Verilog one in/rtl/a.v\n"
+        "in/list:1:22 Verilog one in/lib/d.v\n"
+        "in/list:2:13 Verilog two in/rtl/sub/c.v\n"
+        "in/list:3:15 HB701 a build has no words for the pattern none/*.v, which no file has\n"
+        "in/list:2:13 HB702 named again in another way: in/rtl/a.v (first: in/list:1:13)\n");
 }
+
+// Folders in which tools make files may hold sources that are made.
+TEST(LibraryMaps, FindTheFilesOfPatternsInAllFolders) {
+    const ImportFolder folder;
+    for (const char* const name : {"in/ip/k.v", "in/ip/build/g.v", "in/ip/x.cache/l.v"})
+        folder.Write(name, "");
+    EXPECT_EQ(folder.ReadText("libmap", "library one ip/.../*.v;\n"),
+              "in/list:1:13 Verilog one in/ip/k.v\n"
+              "in/list:1:13 Verilog one in/ip/build/g.v\n"
+              "in/list:1:13 Verilog one in/ip/x.cache/l.v\n");
+}
+
+#ifndef _WIN32
+TEST(LibraryMaps, TellOfFoldersThatPatternsDoNotReach) {
+    const ImportFolder folder;
+    folder.Write("in/ip/k.v", "");
+    folder.Write("in/other/m.v", "");
+    std::filesystem::create_directory_symlink("../other", folder.Path("in/ip/link"));
+    EXPECT_EQ(folder.ReadText("libmap", "library one ip/.../*.v;\nlibrary two ip/k.v/*.v;"),
+              "in/list:1:13 Verilog one in/ip/k.v\n"
+              "in/list:1:13 HB701 a build has no words for the folder in/ip/link, which is a link\n"
+              "in/list:2:13 HB709 ip/k.v/*.v: " +
+                  folder.Path("in/ip/k.v/") + ": Not a directory\n");
+}
+#endif
 
 TEST(LibraryMaps, IncludeMaps) {
     const ImportFolder folder;
@@ -51,8 +79,7 @@ TEST(LibraryMaps, TellWhatABuildDoesNotHold) {
               "in/list:2:11 Verilog b in/b.v\n"
               "in/list:7:11 Verilog c in/c.v\n"
               "in/list:1:23 include in/inc\n"
-              "in/list:2:9 HB701 a build has no words for include directories of the library b "
-              "alone\n"
+              "in/list:2:9 HB712 taken for all sources: include directories of the library b\n"
               "in/list:3:1 HB701 a build has no words for a configuration\n"
               "in/list:6:1 HB708 not of the format: 'foo' instead of a statement\n"
               "in/list:7:9 HB708 not of the format: a library without a semicolon\n");
@@ -60,4 +87,37 @@ TEST(LibraryMaps, TellWhatABuildDoesNotHold) {
               "in/list:1:11 Verilog a in/b\n"
               "in/list:1:11 HB708 not of the format: a quote that does not end\n"
               "in/list:1:9 HB708 not of the format: a library without a semicolon\n");
+}
+
+TEST(LibraryMaps, TellWhatIsCutShort) {
+    const ImportFolder folder;
+    folder.Write("in/z.map", "library z z.v;\n");
+    const struct {
+        const char* Text;
+        const char* Read;
+    } rows[] = {
+        {"library a a.v; /* oops\nlibrary b b.v;",
+         "in/list:1:11 Verilog a in/a.v\n"
+         "in/list:1:16 HB708 not of the format: a comment that does not end\n"},
+        {"include z.map\nlibrary a a.v;\nlibrary b b.v;",
+         "in/list:3:11 Verilog b in/b.v\n"
+         "in/list:2:1 HB708 not of the format: 'library' instead of a semicolon\n"},
+        {"include z.map y.map;\nlibrary b b.v;",
+         "in/list:2:11 Verilog b in/b.v\n"
+         "in/list:1:15 HB708 not of the format: 'y.map' instead of a semicolon\n"},
+        {"include z.map", "in/list:1:9 HB708 not of the format: an include without a semicolon\n"},
+        {"include ;", "in/list:1:9 HB708 not of the format: an include without a name\n"},
+        {"library ;\nlibrary a a.v;",
+         "in/list:2:11 Verilog a in/a.v\n"
+         "in/list:1:9 HB708 not of the format: a library without a name\n"},
+        {"library , c.v;\nlibrary a a.v;",
+         "in/list:2:11 Verilog a in/a.v\n"
+         "in/list:1:9 HB708 not of the format: a library without a name\n"},
+        {"config c;\nlibrary a a.v;",
+         "in/list:1:1 HB701 a build has no words for a configuration\n"
+         "in/list:1:1 HB708 not of the format: a configuration without an end\n"},
+        {"library", "in/list:1:1 HB708 not of the format: a library without a name\n"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(folder.ReadText("libmap", row.Text), row.Read) << row.Text;
 }

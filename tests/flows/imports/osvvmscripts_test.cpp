@@ -34,6 +34,19 @@ TEST(OsvvmScripts, IncludeScripts) {
               "in/list:5 HB709 in/no: the file does not exist\n");
 }
 
+// What it gave is there, but the library that it enters counts each time.
+TEST(OsvvmScripts, IncludeScriptsAgain) {
+    const ImportFolder folder;
+    folder.Write("in/ip/ip.pro", "include sub.pro\nanalyze x.vhd\n");
+    folder.Write("in/ip/sub.pro", "library ip2\n");
+    EXPECT_EQ(folder.ReadText("osvvm",
+                              "library ip\ninclude ./ip\nanalyze y.vhd\nlibrary ip\n"
+                              "include ./ip\nanalyze z.vhd\n"),
+              "in/ip/ip.pro:2 VHDL ip2 in/ip/x.vhd\n"
+              "in/list:3 VHDL ip2 in/y.vhd\n"
+              "in/list:6 VHDL ip2 in/z.vhd\n");
+}
+
 TEST(OsvvmScripts, TellWhatIsNotLiteral) {
     const ImportFolder folder;
     EXPECT_EQ(

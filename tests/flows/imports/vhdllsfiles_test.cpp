@@ -21,6 +21,19 @@ TEST(VhdlLsFiles, GiveLibrariesWithExpandedPatterns) {
               "has\n");
 }
 
+TEST(VhdlLsFiles, FindTheFilesOfPatternsInAllFolders) {
+    const ImportFolder folder;
+    for (const char* const name :
+         {"in/ip/k.vhd", "in/ip/build/g.vhd", "in/ip/x.cache/l.vhd", "in/ip/x.cache/m.vhd"})
+        folder.Write(name, "");
+    EXPECT_EQ(folder.ReadText("vhdl-ls",
+                              "[libraries]\na.files = ['ip/**/*.vhd', 'n.vhd']\n"
+                              "a.exclude = ['IP/x.cache/m.vhd', 'n.vhd']\n"),
+              "in/list:2:12 VHDL a in/ip/k.vhd\n"
+              "in/list:2:12 VHDL a in/ip/build/g.vhd\n"
+              "in/list:2:12 VHDL a in/ip/x.cache/l.vhd\n");
+}
+
 TEST(VhdlLsFiles, TellWhatABuildHasNoWordsForAndWhatIsWrong) {
     const ImportFolder folder;
     EXPECT_EQ(folder.ReadText("vhdl-ls",

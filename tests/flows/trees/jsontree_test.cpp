@@ -43,6 +43,8 @@ TEST(JsonTree, TellsWhatIsWrongAndWhere) {
         {"[-9223372036854775809]", "1:2: the number -9223372036854775809 is out of range"},
         {"[99999999999999999999]", "1:2: the number 99999999999999999999 is out of range"},
         {"[1e999]", "1:6: number overflow parsing '1e999'"},
+        {"[\"a\\u0000b\"]", "1:2: a text with the character U+0000"},
+        {"{\"\\u0000\": 1}", "1:2: a text with the character U+0000"},
         {"[\"\xFF\"]",
          "1:3: syntax error while parsing value - invalid string: ill-formed UTF-8 byte; last "
          "read: '\"\xFF'"},
@@ -52,7 +54,11 @@ TEST(JsonTree, TellsWhatIsWrongAndWhere) {
 
 TEST(JsonTree, IsNoDeeperThanItMayBe) {
     const std::string deep(kDeepestTree, '[');
-    EXPECT_EQ(Json(deep + "1" + std::string(kDeepestTree, ']')).size() > kDeepestTree, true);
+    std::string lists;
+    for (std::size_t depth = 0; depth < kDeepestTree; ++depth)
+        lists += std::string(2 * depth, ' ') + "1:" + std::to_string(depth + 1) + " list\n";
+    EXPECT_EQ(Json(deep + "1" + std::string(kDeepestTree, ']')),
+              lists + std::string(2 * kDeepestTree, ' ') + "1:65 integer 1\n");
     EXPECT_EQ(Json(deep + "[]" + std::string(kDeepestTree, ']')),
               "1:65: more than 64 values lie in each other");
     EXPECT_EQ(Json(std::string(1'000'000, '[')), "1:65: more than 64 values lie in each other");

@@ -42,6 +42,7 @@ TEST(TomlTree, TellsWhatIsWrongAndWhere) {
         {"a = 99999999999999999999\n",
          "1:25: Error while parsing decimal integer: '99999999999999999999' is not representable "
          "in 64 bits"},
+        {"a = \"x\\u0000y\"\n", "1:5: a text with the character U+0000"},
         {"a = 2020-01-01\n", "1:5: dates and times have no meaning here"},
         {"\"\xC3\xA4\" = [1,,2]\n",
          "1:11: Error while parsing array: expected value or closing ']', saw comma"},
@@ -68,4 +69,17 @@ TEST(TomlTree, IsNoDeeperThanItMayBe) {
     const std::string inner = "{a" + Times(63, ".a") + " = ";
     EXPECT_EQ(Toml("a = " + Times(60, inner) + "1" + Times(60, "}")),
               "1:130: more than 64 values lie in each other");
+}
+
+// As many printers write: all in one line.
+TEST(TomlTree, TellsPlacesWithinLongLines) {
+    const std::string wide = Times(1000, "\"\xC3\xA4\", ");
+    EXPECT_EQ(Toml("a = [" + wide + "x]\n"),
+              "1:6006: Error while parsing value: could not determine value type");
+    EXPECT_EQ(Toml("a = [1]\nb = [" + wide + "{c = 1, d.e = 2, c = 3}]\n"),
+              "2:6027: Error while parsing key-value pair: cannot redefine existing integer 'c'");
+    EXPECT_EQ(Toml("b = [" + Times(300, "2020-01-01,") + "]\n"),
+              "1:6: dates and times have no meaning here");
+    EXPECT_EQ(Toml("\"" + Times(300, "\xC3\xA4") + "\".c = 2020-01-01 # \xC3\xA4\n"),
+              "1:608: dates and times have no meaning here");
 }

@@ -61,7 +61,8 @@ TEST(YamlTree, TellsWhatIsWrongAndWhere) {
         {"? [a]\n: b\n", "1:3: a key is no single value"},
         {"a: 99999999999999999999\n", "1:4: the number 99999999999999999999 is out of range"},
         {"a: 1e999\n", "1:4: the number 1e999 is out of range"},
-        {"a: 1\n---\nb: 2\n", "1:1: a second document"},
+        {"a: 1\n---\nb: 2\n", "2:1: a second document"},
+        {"a: \"x\\0y\"\n", "1:4: a text with the character U+0000"},
     };
     for (const auto& row : rows) EXPECT_EQ(Yaml(row.Text), row.Fault) << row.Text;
 }
@@ -74,12 +75,23 @@ TEST(YamlTree, IsNoLargerThanItMayBe) {
         for (int copy = 1; copy < 10; ++copy) text += ", " + alias;
         text += "]\n";
     }
-    EXPECT_EQ(Yaml(text), "6:45: more than 1000000 values");
+    EXPECT_EQ(Yaml(text), "6:40: more than 1000000 values");
     EXPECT_EQ(Yaml(std::string(65, '[') + std::string(65, ']')),
               "1:65: more than 64 values lie in each other");
     // As deep as it may be, in a list of its own.
     EXPECT_EQ(Yaml("[&a " + std::string(63, '[') + std::string(63, ']') + ", [*a]]"),
               "1:134: more than 64 values lie in each other");
+}
+
+// Each anchor keeps what is in it, those of inner ones included.
+TEST(YamlTree, KeepsNoMoreForAnchorsThanItMayHold) {
+    std::string text = "a: &a [x,x,x,x,x,x,x,x,x,x]\nb: &b [";
+    for (int copy = 0; copy < 1000; ++copy) text += "*a,";
+    text += "]\nc: ";
+    for (int level = 0; level < 60; ++level) text += "&c" + std::to_string(level) + " [";
+    for (int copy = 0; copy < 10; ++copy) text += "*b,";
+    text += std::string(60, ']') + "\n";
+    EXPECT_EQ(Yaml(text), "3:306: more than 1000000 values");
 }
 
 TEST(YamlTree, ReadsWhatIsPrinted) {
