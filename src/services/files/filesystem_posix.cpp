@@ -73,22 +73,24 @@ TFileResult ResultOf(int status) {
 TFileStatus TNativeFileSystem::GetStatus(const std::string& path) {
     struct stat status = {};
     TFileStatus result;
-    if (stat(Native(path), &status) == 0)
+    if (Uninterrupted([&] { return stat(Native(path), &status); }) == 0)
         return {true, S_ISDIR(status.st_mode), NanosecondsOf(status), status.st_size};
     result.IsUnknown = errno != ENOENT && errno != ENOTDIR;
     return result;
 }
 
 bool TNativeFileSystem::CanRead(const std::string& path) {
-    return access(Native(path), R_OK) == 0;
+    return Uninterrupted([&] { return access(Native(path), R_OK); }) == 0;
 }
 
 bool TNativeFileSystem::CanWrite(const std::string& path) {
-    return access(Native(path), W_OK) == 0;
+    return Uninterrupted([&] { return access(Native(path), W_OK); }) == 0;
 }
 
 std::string TNativeFileSystem::ExpandLinks(const std::string& path) {
-    char* const real = realpath(Native(path), nullptr);
+    char* real = nullptr;
+    do real = realpath(Native(path), nullptr);
+    while (!real && errno == EINTR);
     if (!real) return {};
     std::string text = real;
     // The C library allocated it.
@@ -98,7 +100,7 @@ std::string TNativeFileSystem::ExpandLinks(const std::string& path) {
 
 TFileResult TNativeFileSystem::ReadLink(const std::string& path, std::string* target) {
     char text[PATH_MAX];
-    const ssize_t length = readlink(Native(path), text, sizeof text);
+    const ssize_t length = Uninterrupted([&] { return readlink(Native(path), text, sizeof text); });
     if (length < 0) return FailWith(errno);
     if (static_cast<std::size_t>(length) == sizeof text) return FailWith(ENAMETOOLONG);
     target->assign(text, static_cast<std::size_t>(length));
@@ -110,7 +112,10 @@ TFileResult TNativeFileSystem::ReadLink(const std::string& path, std::string* ta
 TFileResult TNativeFileSystem::ListFolder(const std::string& folder,
                                           std::vector<std::string>* names) {
     names->clear();
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(Native(folder)), closedir);
+    DIR* opened = nullptr;
+    do opened = opendir(Native(folder));
+    while (!opened && errno == EINTR);
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opened, closedir);
     if (!entries) return FailWith(errno);
     errno = 0;
     while (const dirent* entry = readdir(entries.get())) names->emplace_back(entry->d_name);
@@ -118,11 +123,11 @@ TFileResult TNativeFileSystem::ListFolder(const std::string& folder,
 }
 
 TFileResult TNativeFileSystem::Remove(const std::string& path) {
-    return ResultOf(std::remove(Native(path)));
+    return ResultOf(Uninterrupted([&] { return std::remove(Native(path)); }));
 }
 
 TFileResult TNativeFileSystem::MakeFolder(const std::string& path) {
-    return ResultOf(mkdir(Native(path), 0777));
+    return ResultOf(Uninterrupted([&] { return mkdir(Native(path), 0777); }));
 }
 
 TFileResult TNativeFileSystem::ChangeWorkingDirectory(const std::string& path) {

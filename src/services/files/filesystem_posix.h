@@ -1,5 +1,6 @@
 #pragma once
 #include "services/files/nativefilesystem.h"
+#include <cerrno>
 
 // What the sources of TNativeFileSystem for POSIX systems share.
 
@@ -10,3 +11,11 @@ inline const char* Native(const std::string& path) {
 TFileResult FailWith(int error);
 /// Of a system call that returns 0 when done.
 TFileResult ResultOf(int status);
+/// Makes a system call that returns -1 when it failed, again as long as signals interrupt it: some
+/// file systems let them interrupt any call.
+template <class Call>
+auto Uninterrupted(Call call) {
+    auto result = call();
+    while (result == -1 && errno == EINTR) result = call();
+    return result;
+}

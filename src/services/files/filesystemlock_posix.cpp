@@ -21,12 +21,15 @@ bool HasNoLocks(int error) {
 }  // namespace
 
 TFileResult TNativeFileSystem::OpenLock(const std::string& path, TFileNumber* file) {
-    int descriptor = open(Native(path), O_RDWR | O_CREAT | O_EXCL | kHowToOpen, kEverybody);
+    const auto openAs = [&](int how) {
+        return Uninterrupted([&] { return open(Native(path), how | kHowToOpen, kEverybody); });
+    };
+    int descriptor = openAs(O_RDWR | O_CREAT | O_EXCL);
     if (descriptor >= 0) {
         // One that is left over must not keep the others of a team out, whatever the user's mask.
-        (void)fchmod(descriptor, kEverybody);
+        (void)Uninterrupted([&] { return fchmod(descriptor, kEverybody); });
     } else if (errno == EEXIST) {
-        descriptor = open(Native(path), O_RDWR | kHowToOpen);
+        descriptor = openAs(O_RDWR);
         // Removed, or not open to everybody yet.
         if (descriptor < 0 && (errno == ENOENT || errno == EACCES)) errno = EBUSY;
     }
@@ -35,10 +38,8 @@ TFileResult TNativeFileSystem::OpenLock(const std::string& path, TFileNumber* fi
 }
 
 TFileResult TNativeFileSystem::Lock(TFileNumber file) {
-    int status = -1;
-    do status = flock(static_cast<int>(file), LOCK_EX | LOCK_NB);
-    while (status != 0 && errno == EINTR);
-    if (status == 0) return {};
+    const auto lock = [&] { return flock(static_cast<int>(file), LOCK_EX | LOCK_NB); };
+    if (Uninterrupted(lock) == 0) return {};
     const int error = errno;
     TFileResult result = FailWith(error);
     if (HasNoLocks(error)) result.Fault = TFileFault::Unsupported;
@@ -48,8 +49,9 @@ TFileResult TNativeFileSystem::Lock(TFileNumber file) {
 TFileResult TNativeFileSystem::CheckNames(const std::string& path, TFileNumber file) {
     struct stat named = {};
     struct stat opened = {};
-    if (lstat(Native(path), &named) != 0 || fstat(static_cast<int>(file), &opened) != 0)
-        return FailWith(errno);
+    const auto lookAtName = [&] { return lstat(Native(path), &named); };
+    const auto lookAtFile = [&] { return fstat(static_cast<int>(file), &opened); };
+    if (Uninterrupted(lookAtName) != 0 || Uninterrupted(lookAtFile) != 0) return FailWith(errno);
     const bool isSame = named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
     return isSame ? TFileResult() : FailWith(ENOENT);
 }
