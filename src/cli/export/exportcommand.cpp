@@ -92,9 +92,7 @@ int TExportRun::Write() {
 bool TExportRun::FindTop(const TBuildPlan& plan, const TBuildTop** top) const {
     if (Arguments.Top.empty()) return true;
     *top = FindTopOf(plan.Tops, Arguments.Top);
-    if (!*top)
-        ReportError(Streams,
-                    UnknownName("top-level component", Arguments.Top, FullNamesOf(plan.Tops)));
+    if (!*top) ReportError(Streams, NoTopOf(plan.Tops, Arguments.Top));
     return *top != nullptr;
 }
 

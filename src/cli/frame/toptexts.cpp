@@ -1,4 +1,6 @@
 #include "cli/frame/toptexts.h"
+#include "cli/frame/knownnames.h"
+#include "cli/frame/texts.h"
 #include "services/base/mystring.h"
 #include "services/hdl/identifier.h"
 #include <algorithm>
@@ -68,11 +70,60 @@ std::string Folded(const std::string& text) {
     return folded.Str();
 }
 
+/// Folded as VHDL does: but for what stands between backslashes.
+std::string FoldedOutsideNames(const std::string& text) {
+    std::string folded;
+    std::string part;
+    bool isExtended = false;
+    for (const char c : text + '\\') {
+        if (c != '\\') {
+            part += c;
+            continue;
+        }
+        folded += isExtended ? part : Folded(part);
+        folded += c;
+        part.clear();
+        isExtended = !isExtended;
+    }
+    folded.pop_back();
+    return folded;
+}
+
 /// What users may call a top-level component, the fullest name first.
 std::vector<std::string> NamesOf(const TBuildTop& top) {
     const std::string entity =
         top.Architecture.empty() ? top.Entity : top.Entity + "(" + top.Architecture + ")";
     return {top.Library + "." + entity, top.Library + "." + top.Entity, entity, top.Entity};
+}
+
+/// Who compares two names.
+enum TNameRule { RULE_TEXT, RULE_LANGUAGE, RULE_ANY_CASE };
+
+bool IsEqual(const std::string& known, const std::string& name, TNameRule rule,
+             THdlLanguage language) {
+    if (rule == RULE_ANY_CASE) return Folded(known) == Folded(name);
+    if (rule == RULE_LANGUAGE && language == LANGUAGE_VHDL)
+        return FoldedOutsideNames(known) == FoldedOutsideNames(name);
+    return known == name;
+}
+
+/// Those that a user means with the name: the first way to read it that fits any counts.
+std::vector<const TBuildTop*> FindTopsOf(const std::vector<TBuildTop>& tops,
+                                         const std::string& name) {
+    std::vector<std::vector<std::string>> names;
+    names.reserve(tops.size());
+    for (const TBuildTop& top : tops) names.push_back(NamesOf(top));
+    constexpr std::size_t kForms = 4;
+    for (const TNameRule rule : {RULE_TEXT, RULE_LANGUAGE, RULE_ANY_CASE})
+        // Libraries may differ in their case alone: only a full name is taken by its letters.
+        for (std::size_t form = 0; form < (rule == RULE_TEXT ? 1 : kForms); ++form) {
+            std::vector<const TBuildTop*> found;
+            for (std::size_t number = 0; number < tops.size(); ++number)
+                if (IsEqual(names[number][form], name, rule, tops[number].Language))
+                    found.push_back(&tops[number]);
+            if (!found.empty()) return found;
+        }
+    return {};
 }
 
 }  // namespace
@@ -102,15 +153,23 @@ TNamedTop ReadTop(const std::string& text, THdlLanguage language) {
 }
 
 const TBuildTop* FindTopOf(const std::vector<TBuildTop>& tops, const std::string& name) {
-    for (const TBuildTop& top : tops)
-        for (const std::string& known : NamesOf(top))
-            if (Folded(known) == Folded(name)) return &top;
-    return nullptr;
+    const std::vector<const TBuildTop*> found = FindTopsOf(tops, name);
+    return found.size() == 1 ? found.front() : nullptr;
+}
+
+std::string NoTopOf(const std::vector<TBuildTop>& tops, const std::string& name) {
+    std::vector<std::string> names;
+    const std::vector<const TBuildTop*> found = FindTopsOf(tops, name);
+    for (const TBuildTop* const top : found)
+        names.push_back(TextOf(*top) + " (" + GetDisplayStringFromHdlLanguage(top->Language) + ")");
+    if (!found.empty())
+        return "several top-level components are called '" + name + "': " + JoinNames(names);
+    return UnknownName("top-level component", name, FullNamesOf(tops));
 }
 
 std::vector<std::string> FullNamesOf(const std::vector<TBuildTop>& tops) {
     std::vector<std::string> names;
     names.reserve(tops.size());
-    for (const TBuildTop& top : tops) names.push_back(NamesOf(top).front());
+    for (const TBuildTop& top : tops) names.push_back(TextOf(top));
     return names;
 }

@@ -21,8 +21,11 @@ struct TNamedTop {
 /// escapes them.
 TNamedTop ReadTop(const std::string& text, THdlLanguage language);
 
-/// The first of the components that a user means with LIBRARY.ENTITY(ARCHITECTURE), or parts of it,
-/// in any letter case; null for none.
+/// The component that a user means with LIBRARY.ENTITY(ARCHITECTURE), or parts of it: a full name
+/// goes before one without its architecture, that before one without its library, and the rule of
+/// the language before any letter case. Null for none and for several.
 const TBuildTop* FindTopOf(const std::vector<TBuildTop>& tops, const std::string& name);
+/// Why FindTopOf finds none, without a line end: no component has the name, or several do.
+std::string NoTopOf(const std::vector<TBuildTop>& tops, const std::string& name);
 /// The fullest name of each.
 std::vector<std::string> FullNamesOf(const std::vector<TBuildTop>& tops);

@@ -100,7 +100,7 @@ int TBuildRun::ChooseTops() {
     for (const std::string& name : Arguments.Tops) {
         const TBuildTop* const top = FindTopOf(Plan.Tops, name);
         if (!top) {
-            ReportError(Streams, UnknownName("top-level component", name, FullNamesOf(Plan.Tops)));
+            ReportError(Streams, NoTopOf(Plan.Tops, name));
             return kExitUsage;
         }
         if (!Arguments.List && !Knows(top->Language)) {

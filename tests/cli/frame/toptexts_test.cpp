@@ -51,3 +51,39 @@ TEST(TopTexts, ShowWhatIsReadBack) {
     EXPECT_EQ(TextOf({LANGUAGE_VERILOG, "work", "\\a+b ", ""}), "work.\\a+b ");
     EXPECT_EQ(TextOf({LANGUAGE_VHDL, "", "counter", ""}), ".counter");
 }
+
+TEST(TopTexts, TakeTheNearestWayToReadAName) {
+    const std::vector<TBuildTop> tops = {
+        {LANGUAGE_VERILOG, "work", "Top", ""}, {LANGUAGE_VERILOG, "work", "top", ""},
+        {LANGUAGE_VHDL, "work", "tb", "rtl"},  {LANGUAGE_VHDL, "work", "tb", ""},
+        {LANGUAGE_VHDL, "la", "two", "a"},     {LANGUAGE_VHDL, "lb", "Two", ""},
+        {LANGUAGE_VHDL, "LB", "two", ""},      {LANGUAGE_VHDL, "work", "\\X\\", ""},
+        {LANGUAGE_VHDL, "work", "\\x\\", ""},  {LANGUAGE_VERILOG, "work", "both", ""},
+        {LANGUAGE_VHDL, "work", "both", ""},   {LANGUAGE_VERILOG, "work", "Only", ""}};
+    const std::string several = "several top-level components are called ";
+    const struct {
+        const char* Name;
+        std::string Expected;
+    } rows[] = {
+        {"top", "work.top"},
+        {"work.Top", "work.Top"},
+        {"TOP", several + "'TOP': work.Top (Verilog), work.top (Verilog)"},
+        {"work.tb", "work.tb"},
+        {"TB", "work.tb"},
+        {"work.tb(RTL)", "work.tb(rtl)"},
+        {"la.two", "la.two(a)"},
+        {"lb.Two", "lb.Two"},
+        {"lb.TWO", several + "'lb.TWO': lb.Two (VHDL), LB.two (VHDL)"},
+        {"two", several + "'two': lb.Two (VHDL), LB.two (VHDL)"},
+        {"WORK.\\x\\", "work.\\x\\"},
+        {"both", several + "'both': work.both (Verilog), work.both (VHDL)"},
+        {"ONLY", "work.Only"},
+        {"onl",
+         "unknown top-level component 'onl'; known: work.Top, work.top, work.tb(rtl), work.tb, "
+         "la.two(a), lb.Two, LB.two, work.\\X\\, work.\\x\\, work.both, work.both, work.Only"},
+    };
+    for (const auto& row : rows) {
+        const TBuildTop* const top = FindTopOf(tops, row.Name);
+        EXPECT_EQ(top ? TextOf(*top) : NoTopOf(tops, row.Name), row.Expected) << row.Name;
+    }
+}
