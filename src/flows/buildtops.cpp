@@ -12,6 +12,12 @@ std::string EscapedName(const TTBIdentifier& identifier, THdlLanguage language) 
 
 }  // namespace
 
+std::string PlainNameOf(const TBuildTop& top) {
+    if (top.Language != LANGUAGE_VERILOG || !top.Entity.starts_with('\\')) return top.Entity;
+    const std::size_t end = top.Entity.find_last_not_of(' ');
+    return top.Entity.substr(1, end);
+}
+
 std::vector<TBuildTop> ListTops(const THdlBuildFile& build) {
     std::vector<TBuildTop> tops;
     for (const THdlLanguageRecord& record : GetHdlLanguageTable()) {

@@ -54,7 +54,10 @@ std::vector<TUnitPlace> TNeededFiles::FindUnits(const TBuildTop& name) const {
     const TDesignFiles& files = Scan.GetFiles();
     const bool isVhdl = name.Language == LANGUAGE_VHDL;
     const std::string library = FoldVhdlName(name.Library);
-    const std::string wanted = isVhdl ? FoldVhdlName(name.Entity) : name.Entity;
+    // A scan has no blank at the end of an escaped name.
+    std::string entity = name.Entity;
+    while (!isVhdl && entity.ends_with(' ')) entity.pop_back();
+    const std::string wanted = isVhdl ? FoldVhdlName(entity) : entity;
     std::vector<TUnitPlace> found;
     std::unordered_set<std::string> libraries;
     for (std::uint32_t file = 0; file < files.size(); ++file) {

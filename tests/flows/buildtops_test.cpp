@@ -41,3 +41,11 @@ TEST(BuildTops, GoByTheRuleOfTheirLanguage) {
     EXPECT_EQ(ListedIn(build),
               "Verilog|work|b|\nVHDL|work|a|rtl\nVHDL|work|c|rtl\nVHDL|work|b|rtl\n");
 }
+
+TEST(BuildTops, HavePlainNamesForCommandLines) {
+    EXPECT_EQ(PlainNameOf({LANGUAGE_VERILOG, "work", "\\my-top ", ""}), "my-top");
+    EXPECT_EQ(PlainNameOf({LANGUAGE_VERILOG, "work", "\\my-top", ""}), "my-top");
+    EXPECT_EQ(PlainNameOf({LANGUAGE_VERILOG, "work", "\\a\\b ", ""}), "a\\b");
+    EXPECT_EQ(PlainNameOf({LANGUAGE_VERILOG, "work", "top", ""}), "top");
+    EXPECT_EQ(PlainNameOf({LANGUAGE_VHDL, "work", "\\my top\\", ""}), "\\my top\\");
+}

@@ -40,13 +40,13 @@ private:
 
     TWords CompilationOf(const TBuildTop& top, const std::string& image, const std::string& waves) {
         TWords words = Recipe.Call("iverilog");
-        Append({"-o", image, "-s", top.Entity, DelayOption()}, &words);
+        Append({"-o", image, "-s", PlainNameOf(top), DelayOption()}, &words);
         if (AsksForSystemVerilog(Recipe)) words.emplace_back("-g2012");
         Append(CompileOptions, &words);
         AppendDefines(Recipe, &words);
         AppendDirectories(&words);
         for (const TScanDefine& generic : Recipe.GetWishes().Generics)
-            words.push_back("-P" + top.Entity + "." + generic.Name + "=" + generic.Value);
+            words.push_back("-P" + PlainNameOf(top) + "." + generic.Name + "=" + generic.Value);
         AppendLibraryFiles(Recipe, "-l", &words);
         AppendSources(Recipe, &words);
         if (!waves.empty()) AddWaves(top, waves, &words);

@@ -71,7 +71,7 @@ private:
             Append({"--binary", "-o", "simulation"}, &words);
         if (!IsOld()) words.emplace_back("--timing");
         Append({"--no-MMD", "--Mdir", ".", "-Wno-fatal", "--top-module",
-                HasWaves() ? "hdlbuild_waves" : top.Entity},
+                HasWaves() ? "hdlbuild_waves" : PlainNameOf(top)},
                &words);
         if (AsksForSystemVerilog(Recipe)) words.emplace_back("-sv");
         if (HasWaves()) words.emplace_back("--trace");
