@@ -1,6 +1,5 @@
 #include "flows/formats/exportwriter.h"
 #include "flows/formats/formatwriters.h"
-#include "flows/scan/sourcetext.h"
 #include "flows/trees/json.h"
 
 namespace {
@@ -24,8 +23,11 @@ std::vector<std::string> CommandOf(THdlLanguage language, const TExportWriter& w
     return words;
 }
 
+// A root keeps its delimiter: "C:" alone is the current folder of a drive.
 std::string WithoutDelimiter(const std::string& folder) {
-    return folder.size() > 1 ? folder.substr(0, folder.size() - 1) : folder;
+    const bool isRoot = folder.find('/') == folder.size() - 1 &&
+                        (folder.size() == 1 || folder[folder.size() - 2] == ':');
+    return isRoot ? folder : folder.substr(0, folder.size() - 1);
 }
 
 }  // namespace
@@ -37,17 +39,19 @@ TExported WriteCompileCommands(const TExportRequest& request) {
     const std::string& folder = request.Folder.empty() ? request.Plan.Folder : request.Folder;
     for (const TPlanSource& source : request.Plan.Sources) {
         if (!IsCompiled(source)) continue;
-        const std::string name = writer.PathOf(source.Path);
         std::vector<std::string> words = CommandOf(source.Language, writer);
-        words.push_back(name);
-        for (const std::string& word : words)
-            if (!IsUtf8Text(word)) writer.Refuse(word, "it is no UTF-8");
-        commands.Add(
-            {{"directory", WithoutDelimiter(folder)}, {"arguments", words}, {"file", name}});
+        for (const std::string& word : words) writer.Utf8Of(word);
+        words.push_back(writer.WordOf(source.Path));
+        commands.Add({{"directory", writer.Utf8Of(WithoutDelimiter(folder))},
+                      {"arguments", words},
+                      {"file", writer.Utf8Of(writer.PathOf(source.Path))}});
     }
     writer.AddLine(commands.Dump(2));
     writer.LoseOtherLanguages({LANGUAGE_CPLUSPLUS, LANGUAGE_SYSTEMC});
-    for (const THdlLanguage language : {LANGUAGE_CPLUSPLUS, LANGUAGE_SYSTEMC})
+    for (const THdlLanguage language : {LANGUAGE_CPLUSPLUS, LANGUAGE_SYSTEMC}) {
+        if (!writer.SettingsOf(language).LibraryDirectories.empty())
+            writer.Lose("library directories");
         writer.LoseOptions(language, {STEP_ANALYSE});
+    }
     return writer.Take();
 }

@@ -1,4 +1,6 @@
 #include "flows/formats/exportwriter.h"
+#include "flows/scan/sourcetext.h"
+#include <algorithm>
 #include <array>
 
 std::string TextOf(const TScanDefine& define) {
@@ -11,10 +13,30 @@ bool IsSystemVerilog(const TPlanSource& source, const TBuildPlan& plan) {
            (settings && !settings->Standard.empty());
 }
 
+bool HasSystemVerilog(const TBuildPlan& plan) {
+    return std::any_of(plan.Sources.begin(), plan.Sources.end(), [&plan](const auto& source) {
+        return source.Language == LANGUAGE_VERILOG && IsSystemVerilog(source, plan);
+    });
+}
+
 const TPlanSettings& TExportWriter::SettingsOf(THdlLanguage language) const {
     static const TPlanSettings none;
     const TPlanSettings* const settings = GetPlan().FindSettings(language);
     return settings ? *settings : none;
+}
+
+bool TExportWriter::HasSources(THdlLanguage language) const {
+    const auto& sources = GetPlan().Sources;
+    return std::any_of(sources.begin(), sources.end(), [language](const TPlanSource& source) {
+        return source.Language == language;
+    });
+}
+
+std::vector<const TBuildTop*> TExportWriter::ListTops(THdlLanguage language) const {
+    std::vector<const TBuildTop*> tops;
+    for (const TBuildTop& top : GetPlan().Tops)
+        if (top.Language == language && (!GetTop() || GetTop() == &top)) tops.push_back(&top);
+    return tops;
 }
 
 // Through folders above only as far as both share a folder: else a whole path says more.
@@ -33,6 +55,11 @@ std::string TExportWriter::PathOf(const std::string& path) const {
     return relative.append(path, shared);
 }
 
+std::string TExportWriter::WordOf(const std::string& path) const {
+    std::string word = PathOf(path);
+    return HasAny(word.substr(0, 1), "-+@") ? word.insert(0, "./") : word;
+}
+
 void TExportWriter::AddLine(std::string_view line) {
     Exported.Text.append(line).append("\n");
 }
@@ -43,7 +70,13 @@ void TExportWriter::Lose(const std::string& what) {
 }
 
 void TExportWriter::Refuse(const std::string& name, const char* reason) {
-    Exported.Losses.push_back({DIAGNOSTIC_UNWRITABLE_NAME, {Format, name, reason}});
+    if (Refused.insert(name + "\n" + reason).second)
+        Exported.Losses.push_back({DIAGNOSTIC_UNWRITABLE_NAME, {Format, name, reason}});
+}
+
+const std::string& TExportWriter::Utf8Of(const std::string& name) {
+    if (!IsUtf8Text(name)) Refuse(name, "it is no UTF-8");
+    return name;
 }
 
 void TExportWriter::LoseLanguage(THdlLanguage language) {
@@ -69,6 +102,10 @@ void TExportWriter::LoseLibraries(const std::set<THdlLanguage>& written) {
         if (library && *library != source.Library) Lose("libraries");
         library = &source.Library;
     }
+}
+
+void TExportWriter::LoseVerilogStandard() {
+    if (!SettingsOf(LANGUAGE_VERILOG).Standard.empty()) Lose("the standard of Verilog");
 }
 
 void TExportWriter::LoseLibraryFiles() {

@@ -10,6 +10,8 @@ std::string TextOf(const TScanDefine& define);
 
 /// Whether the source needs a reader of SystemVerilog: by its name, or by the settings.
 bool IsSystemVerilog(const TPlanSource& source, const TBuildPlan& plan);
+/// Whether a source in Verilog does.
+bool HasSystemVerilog(const TBuildPlan& plan);
 
 /// Whether one of the characters is in the text.
 inline bool HasAny(std::string_view text, std::string_view characters) {
@@ -28,14 +30,22 @@ public:
     /// The settings of a language; empty ones when the plan has none.
     const TPlanSettings& SettingsOf(THdlLanguage language) const;
 
+    bool HasSources(THdlLanguage language) const;
+    /// The tops in a language that are written: the chosen one or all.
+    std::vector<const TBuildTop*> ListTops(THdlLanguage language) const;
+
     /// A path of the plan as the file names it.
     std::string PathOf(const std::string& path) const;
+    /// The same as a word of a command line: with "./" where it would be read as an option.
+    std::string WordOf(const std::string& path) const;
     void AddLine(std::string_view line);
 
     /// Tells once that the format has no words for `what`.
     void Lose(const std::string& what);
-    /// Tells that the format cannot hold a name.
+    /// Tells once that the format cannot hold a name.
     void Refuse(const std::string& name, const char* reason);
+    /// The name; for a format that is read as UTF-8, one that is none is refused.
+    const std::string& Utf8Of(const std::string& name);
 
     /// Tells of sources in a language.
     void LoseLanguage(THdlLanguage language);
@@ -45,6 +55,8 @@ public:
     void LoseOtherLanguages(const std::set<THdlLanguage>& written);
     /// Tells of libraries where the sources in these languages are in more than one.
     void LoseLibraries(const std::set<THdlLanguage>& written);
+    /// Tells of a standard of Verilog.
+    void LoseVerilogStandard();
     /// Tells of library files.
     void LoseLibraryFiles();
     /// Tells of delays of Verilog that are not the typical ones.
@@ -61,4 +73,5 @@ private:
     const char* Format;
     TExported Exported;
     std::set<std::string> Lost;
+    std::set<std::string> Refused;
 };

@@ -1,6 +1,7 @@
 #include "flows/formats/exportwriter.h"
 #include "flows/formats/formatwriters.h"
 #include "flows/formats/shelltext.h"
+#include "flows/formats/toolwords.h"
 
 namespace {
 
@@ -13,9 +14,7 @@ public:
         AddHead();
         for (const TPlanSource& source : Writer.GetPlan().Sources)
             if (source.Language == LANGUAGE_VHDL) AddSource(source);
-        for (const TBuildTop& top : Writer.GetPlan().Tops)
-            if (top.Language == LANGUAGE_VHDL && (!Writer.GetTop() || Writer.GetTop() == &top))
-                AddTop(top);
+        for (const TBuildTop* const top : Writer.ListTops(LANGUAGE_VHDL)) AddTop(*top);
         Writer.LoseOtherLanguages({LANGUAGE_VHDL});
         return Writer.Take();
     }
@@ -40,16 +39,15 @@ void TGhdlScript::AddHead() {
 }
 
 void TGhdlScript::AddSource(const TPlanSource& source) {
+    RefuseQuoted(Writer.WordOf(source.Path), &Writer);
     Writer.AddLine("$GHDL -a $options --work=" + ShellWord(source.Library) +
                    ShellWords(Settings().Options[STEP_ANALYSE]) + " " +
-                   ShellWord(Writer.PathOf(source.Path)));
+                   ShellWord(Writer.WordOf(source.Path)));
 }
 
 void TGhdlScript::AddTop(const TBuildTop& top) {
-    std::string units = " " + ShellWord(top.Entity);
-    if (!top.Architecture.empty()) units += " " + ShellWord(top.Architecture);
     Writer.AddLine("$GHDL --elab-run $options --work=" + ShellWord(top.Library) +
-                   ShellWords(Settings().Options[STEP_ELABORATE]) + units +
+                   ShellWords(Settings().Options[STEP_ELABORATE]) + ShellWords(GhdlUnitOf(top)) +
                    ShellWords(Settings().Options[STEP_RUN]));
 }
 

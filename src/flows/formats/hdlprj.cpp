@@ -1,7 +1,6 @@
 #include "flows/formats/exportwriter.h"
 #include "flows/formats/formatwriters.h"
 #include "flows/formats/shelltext.h"
-#include "flows/scan/sourcetext.h"
 #include "flows/trees/json.h"
 
 namespace {
@@ -11,19 +10,14 @@ TJson MakeWords(TExportWriter* writer) {
     const TPlanSettings& settings = writer->SettingsOf(LANGUAGE_VHDL);
     TJson words = TJson::Array();
     if (!settings.Standard.empty()) words.Add("--std=" + GhdlStandard(settings));
-    for (const std::string& word : settings.Options[STEP_ANALYSE]) {
-        if (!IsUtf8Text(word)) writer->Refuse(word, "it is no UTF-8");
-        words.Add(word);
-    }
+    for (const std::string& word : settings.Options[STEP_ANALYSE]) words.Add(writer->Utf8Of(word));
     return words;
 }
 
 TJson MakeFile(const TPlanSource& source, TExportWriter* writer) {
-    const std::string name = writer->PathOf(source.Path);
-    if (!IsUtf8Text(name)) writer->Refuse(name, "it is no UTF-8");
-    TJson file = {{"file", name},
+    TJson file = {{"file", writer->Utf8Of(writer->PathOf(source.Path))},
                   {"language", source.Language == LANGUAGE_VHDL ? "vhdl" : "verilog"}};
-    if (source.Library != "work") file["library"] = source.Library;
+    if (source.Library != "work") file["library"] = writer->Utf8Of(source.Library);
     return file;
 }
 
@@ -42,8 +36,7 @@ TExported WriteHdlPrj(const TExportRequest& request) {
     writer.LoseOtherLanguages({LANGUAGE_VHDL, LANGUAGE_VERILOG});
     writer.LoseDirectories(LANGUAGE_VERILOG);
     writer.LoseOptions(LANGUAGE_VERILOG, {});
-    if (!writer.SettingsOf(LANGUAGE_VERILOG).Standard.empty())
-        writer.Lose("the standard of Verilog");
+    writer.LoseVerilogStandard();
     writer.LoseLibraryFiles();
     writer.LoseDelays();
     writer.LoseOptions(LANGUAGE_VHDL, {STEP_ANALYSE});

@@ -51,7 +51,7 @@ TExported WriteSvls(const TExportRequest& request) {
     writer.AddLine("[verilog]");
     writer.AddLine("include_paths = [");
     for (const std::string& folder : settings.IncludeDirectories)
-        writer.AddLine("  " + TomlText(writer.PathOf(folder)) + ",");
+        writer.AddLine("  " + TomlText(writer.Utf8Of(writer.PathOf(folder))) + ",");
     writer.AddLine("]");
     if (!settings.Defines.empty()) writer.Lose("defines");
     if (!settings.LibraryDirectories.empty()) writer.Lose("library directories");

@@ -1,27 +1,11 @@
 #include "flows/formats/exportwriter.h"
 #include "flows/formats/formatwriters.h"
+#include "flows/formats/maketext.h"
 #include "flows/formats/shelltext.h"
+#include "flows/formats/toolwords.h"
 #include <algorithm>
 
 namespace {
-
-/// Why make cannot read a name among the prerequisites of a rule; null when it can.
-const char* MakeComplaint(std::string_view name) {
-    if (HasAny(name, "\t\n\r")) return "a tabulator or line end ends it";
-    if (name.starts_with('~')) return "make reads it as somebody's home";
-    return HasAny(name, "\\:*?[]%=;|&()") ? "make reads one of its characters as something else"
-                                          : nullptr;
-}
-
-std::string Prerequisite(const std::string& name) {
-    std::string escaped;
-    for (const char c : name) {
-        if (c == ' ' || c == '#') escaped += '\\';
-        if (c == '$') escaped += '$';
-        escaped += c;
-    }
-    return escaped;
-}
 
 /// A text of a recipe: make reads dollars before the shell does.
 std::string RecipeText(const std::string& text) {
@@ -87,15 +71,14 @@ private:
     void AddVerilogRun(const TBuildTop& top);
     void AddCompilation(const std::string& output, const std::string& top);
     void AddVerilog();
-    std::vector<std::string> IcarusOptions() const;
     void AddRun(const TBuildTop& top, const std::string& prerequisite, const std::string& recipe);
     void AddTargets();
-    std::string PathOf(const TPlanSource& source) const;
     /// For the prerequisites of a rule.
     std::string PrerequisiteOf(const TPlanSource& source);
     std::string StampOf(const TPlanSource& source) const;
-    /// Words of the build in a recipe.
-    std::string Words(const std::string& words);
+    /// Words of the build in a recipe, each with a blank before it.
+    std::string Words(const std::vector<std::string>& words);
+    void Check(const std::vector<std::string>& words);
 
     TExportWriter Writer;
     std::string Analysed;  ///< stamps and outputs, each after a blank
@@ -110,7 +93,6 @@ TExported TMakefile::Write() {
     AddTops(LANGUAGE_VHDL, &TMakefile::AddVhdlRun);
     AddTops(LANGUAGE_VERILOG, &TMakefile::AddVerilogRun);
     AddTargets();
-    Writer.LoseLibraries({LANGUAGE_VERILOG});
     Writer.LoseOtherLanguages({LANGUAGE_VHDL, LANGUAGE_VERILOG});
     Writer.LoseLibraries({LANGUAGE_VERILOG});
     return Writer.Take();
@@ -144,40 +126,38 @@ void TMakefile::AddAnalyses() {
 // One analysis at a time writes the libraries: each waits for the former, but is not done again
 // when that is.
 void TMakefile::AddAnalysis(const TPlanSource& source, const std::vector<std::string>& needs) {
+    RefuseQuoted(Writer.WordOf(source.Path), &Writer);
     const std::string stamp = StampOf(source);
     std::string rule = stamp + ": " + PrerequisiteOf(source) + " $(MAKE_RULES)";
     for (const std::string& need : needs) rule.append(" ").append(need);
     if (!Former.empty()) rule += " | " + Former;
     Writer.AddLine(rule);
     Writer.AddLine("\t@mkdir -p $(@D)");
-    Writer.AddLine("\t$(GHDL) -a $(GHDL_OPTIONS)" +
-                   Words(ShellWords({"--work=" + source.Library}) +
-                         ShellWords(Vhdl().Options[STEP_ANALYSE]) + ShellWords({PathOf(source)})));
+    Writer.AddLine(
+        "\t$(GHDL) -a $(GHDL_OPTIONS)" +
+        Words(JoinedWords({{"--work=" + source.Library}, Vhdl().Options[STEP_ANALYSE]})) +
+        RecipeText(ShellWords({Writer.WordOf(source.Path)})));
     Writer.AddLine("\t@touch $@");
     Analysed += " " + stamp;
     Former = stamp;
 }
 
 void TMakefile::AddTops(THdlLanguage language, void (TMakefile::*add)(const TBuildTop& top)) {
-    for (const TBuildTop& top : Writer.GetPlan().Tops)
-        if (top.Language == language && (!Writer.GetTop() || Writer.GetTop() == &top))
-            (this->*add)(top);
+    for (const TBuildTop* const top : Writer.ListTops(language)) (this->*add)(*top);
 }
 
 void TMakefile::AddVhdlRun(const TBuildTop& top) {
-    std::vector<std::string> units{top.Entity};
-    if (!top.Architecture.empty()) units.push_back(top.Architecture);
     AddRun(top, "analyse",
-           "$(GHDL) --elab-run $(GHDL_OPTIONS)" +
-               Words(ShellWords({"--work=" + top.Library}) +
-                     ShellWords(Vhdl().Options[STEP_ELABORATE]) + ShellWords(units) +
-                     ShellWords(Vhdl().Options[STEP_RUN])));
+           "$(GHDL) --elab-run $(GHDL_OPTIONS)" + Words(JoinedWords({{"--work=" + top.Library},
+                                                                     Vhdl().Options[STEP_ELABORATE],
+                                                                     GhdlUnitOf(top),
+                                                                     Vhdl().Options[STEP_RUN]})));
 }
 
 void TMakefile::AddVerilogRun(const TBuildTop& top) {
     const std::string output = "icarus/" + StampName(NameOf(top)) + ".vvp";
-    AddCompilation(output, top.Entity);
-    AddRun(top, output, "$(VVP) -n " + output + Words(ShellWords(Verilog().Options[STEP_RUN])));
+    AddCompilation(output, PlainNameOf(top));
+    AddRun(top, output, "$(VVP) -n " + output + Words(Verilog().Options[STEP_RUN]));
 }
 
 // Icarus Verilog lists what it reads, included files among it, one a line.
@@ -186,8 +166,8 @@ void TMakefile::AddCompilation(const std::string& output, const std::string& top
     HasVerilog = true;
     Writer.AddLine(output + ": $(MAKE_RULES) $(VERILOG)");
     Writer.AddLine("\t@mkdir -p $(@D)");
-    Writer.AddLine("\t$(IVERILOG) -Mall=$@.list -o $@" +
-                   (top.empty() ? "" : Words(ShellWords({"-s", top}))) + " $(VERILOG_WORDS)");
+    Writer.AddLine("\t$(IVERILOG) -Mall=$@.list -o $@" + (top.empty() ? "" : Words({"-s", top})) +
+                   " $(VERILOG_WORDS)");
     Writer.AddLine(
         "\t@sed -e '/[:;%=|*?~\\\\]/d' -e 's/[$$]/$$$$/g' -e 's/[ #]/\\\\&/g' "
         "-e 'h;s|^|$@: |;p;g;s|$$|:|' $@.list > $@.d");
@@ -196,39 +176,13 @@ void TMakefile::AddCompilation(const std::string& output, const std::string& top
 
 void TMakefile::AddVerilog() {
     std::string names = "VERILOG =";
-    std::vector<std::string> words = IcarusOptions();
-    for (const TPlanSource& source : Writer.GetPlan().Sources) {
-        if (source.Language != LANGUAGE_VERILOG) continue;
-        names += " " + PrerequisiteOf(source);
-        if (source.IsLibraryFile) words.emplace_back("-l");
-        words.push_back(PathOf(source));
-    }
+    for (const TPlanSource& source : Writer.GetPlan().Sources)
+        if (source.Language == LANGUAGE_VERILOG) names += " " + PrerequisiteOf(source);
     Writer.AddLine(names);
-    const std::string text = ShellWords(words);
-    if (HasAny(text, "\n\r")) Writer.Refuse(text, "a line end ends the command");
-    Writer.AddLine("VERILOG_WORDS =" + VariableText(text));
-}
-
-std::vector<std::string> TMakefile::IcarusOptions() const {
-    const TPlanSettings& settings = Verilog();
-    const std::vector<TPlanSource>& sources = Writer.GetPlan().Sources;
-    std::vector<std::string> words;
-    if (std::any_of(sources.begin(), sources.end(), [this](const TPlanSource& source) {
-            return source.Language == LANGUAGE_VERILOG && IsSystemVerilog(source, Writer.GetPlan());
-        }))
-        words.emplace_back("-g2012");
-    if (settings.Delay == DELAY_TYPE_MINIMUM) words.emplace_back("-Tmin");
-    if (settings.Delay == DELAY_TYPE_MAXIMUM) words.emplace_back("-Tmax");
-    for (const std::string& folder : settings.IncludeDirectories)
-        words.push_back("-I" + Writer.PathOf(folder));
-    for (const TScanDefine& define : settings.Defines) words.push_back("-D" + TextOf(define));
-    for (const std::string& folder : settings.LibraryDirectories)
-        words.push_back("-y" + Writer.PathOf(folder));
-    for (const std::string& extension : settings.LibraryExtensions)
-        words.push_back("-Y" + extension);
-    for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE})
-        words.insert(words.end(), settings.Options[step].begin(), settings.Options[step].end());
-    return words;
+    const std::vector<std::string> options = IcarusOptions(&Writer);
+    Check(options);
+    Writer.AddLine("VERILOG_WORDS =" +
+                   VariableText(ShellWords(options) + ShellWords(IcarusSources(&Writer))));
 }
 
 void TMakefile::AddRun(const TBuildTop& top, const std::string& prerequisite,
@@ -256,25 +210,24 @@ void TMakefile::AddTargets() {
     Writer.AddLine("-include $(wildcard icarus/*.d)");
 }
 
-// A name that begins like an option is none behind a folder.
-std::string TMakefile::PathOf(const TPlanSource& source) const {
-    std::string path = Writer.PathOf(source.Path);
-    return HasAny(path.substr(0, 1), "-+@") ? "./" + path : path;
-}
-
 std::string TMakefile::PrerequisiteOf(const TPlanSource& source) {
-    const std::string name = PathOf(source);
+    const std::string name = Writer.WordOf(source.Path);
     if (const char* const complaint = MakeComplaint(name)) Writer.Refuse(name, complaint);
-    return Prerequisite(name);
+    return MakeName(name);
 }
 
 std::string TMakefile::StampOf(const TPlanSource& source) const {
-    return "ghdl/" + StampName(source.Library + "/" + PathOf(source)) + ".ok";
+    return "ghdl/" + StampName(source.Library + "/" + Writer.WordOf(source.Path)) + ".ok";
 }
 
-std::string TMakefile::Words(const std::string& words) {
-    if (HasAny(words, "\n\r")) Writer.Refuse(words, "a line end ends the command");
-    return RecipeText(words);
+std::string TMakefile::Words(const std::vector<std::string>& words) {
+    Check(words);
+    return RecipeText(ShellWords(words));
+}
+
+void TMakefile::Check(const std::vector<std::string>& words) {
+    for (const std::string& word : words)
+        if (HasAny(word, "\n\r")) Writer.Refuse(word, "a line end ends the command");
 }
 
 }  // namespace

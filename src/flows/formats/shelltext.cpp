@@ -15,6 +15,13 @@ std::string ShellWord(const std::string& text) {
     return word + "'";
 }
 
+std::vector<std::string> JoinedWords(std::initializer_list<std::vector<std::string>> lists) {
+    std::vector<std::string> words;
+    for (const std::vector<std::string>& list : lists)
+        words.insert(words.end(), list.begin(), list.end());
+    return words;
+}
+
 std::string ShellWords(const std::vector<std::string>& texts) {
     std::string words;
     for (const std::string& text : texts) words.append(" ").append(ShellWord(text));

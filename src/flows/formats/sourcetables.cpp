@@ -1,19 +1,9 @@
 #include "flows/formats/exportwriter.h"
 #include "flows/formats/formatwriters.h"
+#include "flows/formats/maketext.h"
 #include <map>
 
 namespace {
-
-// As make and ninja read names.
-std::string DepfileName(const std::string& name) {
-    std::string escaped;
-    for (const char c : name) {
-        if (c == ' ' || c == '#') escaped += '\\';
-        if (c == '$') escaped += '$';
-        escaped += c;
-    }
-    return escaped;
-}
 
 /// What a library map reads as it is written.
 bool IsPlainPath(std::string_view path) {
@@ -39,9 +29,7 @@ std::string CsvField(const std::string& text) {
 
 void LoseAllSettings(TExportWriter* writer) {
     for (const TPlanSettings& settings : writer->GetPlan().Settings) {
-        if (!settings.IncludeDirectories.empty()) writer->Lose("include directories");
-        if (!settings.LibraryDirectories.empty()) writer->Lose("library directories");
-        if (!settings.Defines.empty()) writer->Lose("defines");
+        writer->LoseDirectories(settings.Language);
         if (!settings.Standard.empty()) writer->Lose("the language standard");
         writer->LoseOptions(settings.Language, {});
     }
@@ -71,23 +59,22 @@ TExported WriteVunitTable(const TExportRequest& request) {
     TExportWriter writer(request, "vunit-csv");
     for (const TPlanSource& source : request.Plan.Sources)
         if (FileSetOf(source.Language))
-            writer.AddLine(CsvField(source.Library) + "," + CsvField(writer.PathOf(source.Path)));
+            writer.AddLine(CsvField(writer.Utf8Of(source.Library)) + "," +
+                           CsvField(writer.Utf8Of(writer.PathOf(source.Path))));
     writer.LoseOtherLanguages({LANGUAGE_VHDL, LANGUAGE_VERILOG});
     LoseAllSettings(&writer);
     return writer.Take();
 }
 
-// Make has no words for these characters in a name.
 TExported WriteDepfile(const TExportRequest& request) {
     TExportWriter writer(request, "depfile");
-    std::string rule = DepfileName(request.Plan.Name) + ":";
-    for (const TPlanSource& source : request.Plan.Sources) {
-        const std::string name = writer.PathOf(source.Path);
-        if (HasAny(name, "\t\n\r\\:*?[]%"))
-            writer.Refuse(name, "make reads one of its characters as something else");
-        else
-            rule.append(" \\\n  ").append(DepfileName(name));
-    }
+    const auto nameOf = [&writer](const std::string& name) {
+        if (const char* const complaint = MakeComplaint(name)) writer.Refuse(name, complaint);
+        return MakeName(name);
+    };
+    std::string rule = nameOf(request.Plan.Name) + ":";
+    for (const TPlanSource& source : request.Plan.Sources)
+        rule.append(" \\\n  ").append(nameOf(writer.PathOf(source.Path)));
     writer.AddLine(rule);
     writer.LoseLibraries({LANGUAGE_VHDL, LANGUAGE_VERILOG});
     LoseAllSettings(&writer);

@@ -6,11 +6,12 @@ namespace {
 // Everything but letters, digits and what paths are made of is escaped.
 std::string TclWord(const std::string& text) {
     constexpr std::string_view kSpecial = " \t\"\\$[]{};#";
+    constexpr std::string_view kEnds = "\n\r\v\f";
     if (text.empty()) return "{}";
     std::string word;
     for (const char c : text) {
-        if (c == '\n') {
-            word += "\\n";
+        if (const std::size_t end = kEnds.find(c); end != std::string_view::npos) {
+            word.append("\\").append(1, "nrvf"[end]);
             continue;
         }
         if (kSpecial.find(c) != std::string_view::npos) word += '\\';
@@ -86,7 +87,7 @@ void TVsimScript::AddSource(const TPlanSource& source, bool goesOn, bool isFollo
         line += TclWords(settings.Options[STEP_ANALYSE]) + " ";
     }
     if (source.IsLibraryFile && source.Language == LANGUAGE_VERILOG) line += "-v ";
-    line += TclWord(Writer.PathOf(source.Path));
+    line += TclWord(Writer.WordOf(source.Path));
     Writer.AddLine(isFollowed ? line + " \\" : line);
 }
 
@@ -137,7 +138,7 @@ TExported WriteOsvvmScript(const TExportRequest& request) {
     for (const TPlanSource& source : request.Plan.Sources) {
         if (!IsOfTheField(source.Language)) continue;
         enter(source.Library);
-        writer.AddLine("analyze " + TclWord(writer.PathOf(source.Path)));
+        writer.AddLine("analyze " + TclWord(writer.WordOf(source.Path)));
     }
     for (const TBuildTop& top : request.Plan.Tops) {
         if (!IsOfTheField(top.Language) || (request.Top && request.Top != &top)) continue;
@@ -145,11 +146,8 @@ TExported WriteOsvvmScript(const TExportRequest& request) {
         writer.AddLine("simulate " + TclWord(top.Entity));
     }
     writer.LoseOtherLanguages({LANGUAGE_VHDL, LANGUAGE_VERILOG});
-    const TPlanSettings& verilog = writer.SettingsOf(LANGUAGE_VERILOG);
-    if (!verilog.IncludeDirectories.empty()) writer.Lose("include directories");
-    if (!verilog.LibraryDirectories.empty()) writer.Lose("library directories");
-    if (!verilog.Defines.empty()) writer.Lose("defines");
-    if (!verilog.Standard.empty()) writer.Lose("the standard of Verilog");
+    writer.LoseDirectories(LANGUAGE_VERILOG);
+    writer.LoseVerilogStandard();
     writer.LoseLibraryFiles();
     writer.LoseDelays();
     for (const TPlanSettings& settings : request.Plan.Settings)

@@ -1,5 +1,7 @@
 #include "flows/formats/exportwriter.h"
 #include "flows/formats/formatwriters.h"
+#include "flows/formats/shelltext.h"
+#include "flows/formats/toolwords.h"
 #include <algorithm>
 
 namespace {
@@ -23,6 +25,7 @@ struct TListDialect {
     TComplaint WordComplaint;    ///< of a name or value within a word
     /// Whether a reader takes another language than SystemVerilog, and no word chooses.
     bool LosesStandard = false;
+    bool RefusesQuotes = false;  ///< in names: see RefuseQuoted
 };
 
 bool HasControl(std::string_view text) {
@@ -118,12 +121,12 @@ public:
 
 private:
     const TPlanSettings& Settings() const { return Writer.SettingsOf(LANGUAGE_VERILOG); }
-    bool IsSystemVerilog() const;
     void AddCommandLine();
     void AddLanguage();
     void AddSettings();
     void AddSource(const TPlanSource& source);
     void AddTop();
+    std::string TopName(const TBuildTop& top);
     void AddWord(const std::string& option, const std::string& value);
     void AddPath(const char* option, const std::string& path);
 
@@ -131,40 +134,39 @@ private:
     const TListDialect& Dialect;
 };
 
-bool TListWriter::IsSystemVerilog() const {
-    const auto& sources = Writer.GetPlan().Sources;
-    return !Settings().Standard.empty() ||
-           std::any_of(sources.begin(), sources.end(), [](const TPlanSource& source) {
-               return source.Language == LANGUAGE_VERILOG && source.Path.ends_with(".sv");
-           });
-}
-
 // What no line of the list can say, so that people who read it know.
 void TListWriter::AddCommandLine() {
     if (!Dialect.CommandLine) return;
     std::string line = std::string("// ") + Dialect.CommandLine;
     const TBuildTop* const top = Writer.GetTop();
-    if (top && top->Language == LANGUAGE_VERILOG) line += " -s " + top->Entity;
+    // Readers of the line need not know the quotes of a shell.
+    const std::string name =
+        top && top->Language == LANGUAGE_VERILOG ? PlainNameOf(*top) : std::string();
+    if (ShellWord(name) != name && !name.empty())
+        Writer.Lose("the top-level component " + name);
+    else if (!name.empty())
+        line += " -s " + name;
     if (Settings().Delay == DELAY_TYPE_MINIMUM) line += " -Tmin";
     if (Settings().Delay == DELAY_TYPE_MAXIMUM) line += " -Tmax";
-    if (IsSystemVerilog()) line += " -g2012";
+    if (HasSystemVerilog(Writer.GetPlan())) line += " -g2012";
     Writer.AddLine(line);
 }
 
 void TListWriter::AddLanguage() {
     const TSimProjectDelayType delay = Settings().Delay;
-    if (Dialect.SystemVerilogOption && IsSystemVerilog())
+    if (Dialect.SystemVerilogOption && HasSystemVerilog(Writer.GetPlan()))
         Writer.AddLine(Dialect.SystemVerilogOption);
-    if (Dialect.LosesStandard && !Settings().Standard.empty())
-        Writer.Lose("the standard of Verilog");
+    if (Dialect.LosesStandard) Writer.LoseVerilogStandard();
     if (Dialect.Delays == NO_DELAYS) Writer.LoseDelays();
     if (Dialect.Delays == DELAYS_IN_LIST) Writer.AddLine(DelayOption(delay));
 }
 
 void TListWriter::AddSettings() {
     const TPlanSettings& settings = Settings();
-    for (const std::string& directory : settings.IncludeDirectories)
+    for (const std::string& directory : settings.IncludeDirectories) {
+        if (Dialect.RefusesQuotes) RefuseQuoted(Writer.PathOf(directory), &Writer);
         AddWord("+incdir+", Writer.PathOf(directory));
+    }
     for (const TScanDefine& define : settings.Defines) AddWord("+define+", TextOf(define));
     for (const std::string& directory : settings.LibraryDirectories) AddPath("-y ", directory);
     for (const std::string& extension : settings.LibraryExtensions)
@@ -184,6 +186,7 @@ void TListWriter::AddPath(const char* option, const std::string& path) {
     if (const char* const complaint =
             isAlone ? Dialect.SourceComplaint(name) : Dialect.WordComplaint(name))
         return Writer.Refuse(name, complaint);
+    if (Dialect.RefusesQuotes && RefuseQuoted(name, &Writer)) return;
     Writer.AddLine(option + Dialect.Quoted(name));
 }
 
@@ -191,12 +194,18 @@ void TListWriter::AddSource(const TPlanSource& source) {
     AddPath(source.IsLibraryFile ? "-v " : "", source.Path);
 }
 
+std::string TListWriter::TopName(const TBuildTop& top) {
+    std::string name = PlainNameOf(top);
+    if (const char* const complaint = Dialect.SourceComplaint(name)) Writer.Refuse(name, complaint);
+    return name;
+}
+
 void TListWriter::AddTop() {
     const TBuildTop* const top = Writer.GetTop();
     if (!top || top->Language != LANGUAGE_VERILOG) return;
     if (!Dialect.TopOption && !Dialect.CommandLine) Writer.Lose("the top-level component");
     if (!Dialect.TopOption) return;
-    Writer.AddLine(Dialect.TopOption + Dialect.Quoted(top->Entity));
+    Writer.AddLine(Dialect.TopOption + Dialect.Quoted(TopName(*top)));
 }
 
 const TListDialect kCommon{.Format = "filelist",
@@ -219,7 +228,8 @@ const TListDialect kIcarus{.Format = "icarus",
                            .Delays = DELAYS_ON_COMMAND_LINE,
                            .Quoted = AsItIs,
                            .SourceComplaint = IcarusComplaint,
-                           .WordComplaint = IcarusWordComplaint};
+                           .WordComplaint = IcarusWordComplaint,
+                           .RefusesQuotes = true};
 const TListDialect kSlang{.Format = "slang",
                           .Heading = "Verilog sources for slang",
                           .CommandLine = nullptr,

@@ -21,7 +21,7 @@ TExported WriteVhdlLs(const TExportRequest& request) {
         if (IsPattern(source.Path)) writer.Refuse(source.Path, "it reads as a pattern");
         // The server has no library of this name: it is the one that a file is in.
         const std::string library = source.Library == "work" ? "work_lib" : source.Library;
-        libraries[library] += "  " + TomlText(writer.PathOf(source.Path)) + ",\n";
+        libraries[library] += "  " + TomlText(writer.Utf8Of(writer.PathOf(source.Path))) + ",\n";
     }
     if (libraries.contains("work_lib")) writer.Lose("the library name work");
     if (standard == "1993" || standard == "2008" || standard == "2019")
@@ -30,7 +30,7 @@ TExported WriteVhdlLs(const TExportRequest& request) {
         writer.Lose("the standard " + standard);
     writer.AddLine("[libraries]");
     for (const auto& [library, files] : libraries)
-        writer.AddLine(TomlText(library) + ".files = [\n" + files + "]");
+        writer.AddLine(TomlText(writer.Utf8Of(library)) + ".files = [\n" + files + "]");
     writer.LoseOtherLanguages({LANGUAGE_VHDL});
     writer.LoseOptions(LANGUAGE_VHDL, {});
     return writer.Take();

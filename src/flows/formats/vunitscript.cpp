@@ -1,6 +1,5 @@
 #include "flows/formats/exportwriter.h"
 #include "flows/formats/formatwriters.h"
-#include <algorithm>
 #include <map>
 
 namespace {
@@ -31,7 +30,8 @@ private:
     void AddHead();
     void AddSource(const std::string& library, const TPlanSource& source);
     bool IsMixed() const;
-    std::string VerilogArguments() const;
+    std::string VerilogArguments();
+    std::string PythonTextOf(const std::string& name) { return PythonText(Writer.Utf8Of(name)); }
 
     TExportWriter Writer;
     bool IsGuarded = false;  ///< Verilog is added where the simulator compiles it
@@ -51,7 +51,7 @@ TExported TVunitScript::Write() {
         auto [library, isNew] = libraries.try_emplace(name);
         if (isNew) {
             library->second = "library_" + std::to_string(libraries.size());
-            Writer.AddLine(library->second + " = project.add_library(" + PythonText(name) + ")");
+            Writer.AddLine(library->second + " = project.add_library(" + PythonTextOf(name) + ")");
         }
         AddSource(library->second, source);
     }
@@ -62,8 +62,7 @@ TExported TVunitScript::Write() {
         Writer.LoseOptions(settings.Language, {});
     if (!Writer.SettingsOf(LANGUAGE_VERILOG).LibraryDirectories.empty())
         Writer.Lose("library directories");
-    if (!Writer.SettingsOf(LANGUAGE_VERILOG).Standard.empty())
-        Writer.Lose("the standard of Verilog");
+    Writer.LoseVerilogStandard();
     Writer.LoseLibraryFiles();
     Writer.LoseDelays();
     return Writer.Take();
@@ -87,33 +86,27 @@ void TVunitScript::AddHead() {
 void TVunitScript::AddSource(const std::string& library, const TPlanSource& source) {
     const bool isVerilog = source.Language == LANGUAGE_VERILOG;
     Writer.AddLine((isVerilog && IsGuarded ? "if has_verilog: " : "") + library +
-                   ".add_source_file(root / " + PythonText(Writer.PathOf(source.Path)) +
+                   ".add_source_file(root / " + PythonTextOf(Writer.PathOf(source.Path)) +
                    (isVerilog ? Verilog : "") + ")");
 }
 
 // VUnit refuses a project with files that its simulator cannot compile.
 bool TVunitScript::IsMixed() const {
-    const auto has = [this](THdlLanguage language) {
-        const auto& sources = Writer.GetPlan().Sources;
-        return std::any_of(sources.begin(), sources.end(), [language](const TPlanSource& source) {
-            return source.Language == language;
-        });
-    };
-    return has(LANGUAGE_VHDL) && has(LANGUAGE_VERILOG);
+    return Writer.HasSources(LANGUAGE_VHDL) && Writer.HasSources(LANGUAGE_VERILOG);
 }
 
-std::string TVunitScript::VerilogArguments() const {
+std::string TVunitScript::VerilogArguments() {
     const TPlanSettings& settings = Writer.SettingsOf(LANGUAGE_VERILOG);
     std::string arguments;
     std::string folders;
     for (const std::string& folder : settings.IncludeDirectories)
         folders += (folders.empty() ? "str(root / " : ", str(root / ") +
-                   PythonText(Writer.PathOf(folder)) + ")";
+                   PythonTextOf(Writer.PathOf(folder)) + ")";
     if (!folders.empty()) arguments += ", include_dirs=[" + folders + "]";
     std::string defines;
     for (const TScanDefine& define : settings.Defines)
-        defines += (defines.empty() ? "" : ", ") + PythonText(define.Name) + ": " +
-                   PythonText(define.Value);
+        defines += (defines.empty() ? "" : ", ") + PythonTextOf(define.Name) + ": " +
+                   PythonTextOf(define.Value);
     if (!defines.empty()) arguments += ", defines={" + defines + "}";
     return arguments;
 }

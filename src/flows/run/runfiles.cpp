@@ -41,6 +41,16 @@ std::string DigestOf(std::string_view text) {
     return digits;
 }
 
+// Nothing but characters that all file systems and shells take as they are.
+std::string UniqueFileName(const std::string& title, const std::string& whole) {
+    std::string name = title.substr(0, 80);
+    for (char& c : name)
+        if (std::string_view("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_.-")
+                .find(c) == std::string_view::npos)
+            c = '_';
+    return name + "-" + DigestOf(whole).substr(0, 8);
+}
+
 std::string WriteDigest(const std::string& source, const std::string& output) {
     std::string text;
     std::string reason;

@@ -18,6 +18,8 @@ std::string WriteNew(const std::string& path, std::string_view text);
 
 /// The digest of a text, as 16 hexadecimal digits.
 std::string DigestOf(std::string_view text);
+/// A file name that tells `title` and differs when `whole` does.
+std::string UniqueFileName(const std::string& title, const std::string& whole);
 /// Writes the digest and the size of `source` into `output`, unless it holds them. Returns why that
 /// failed; "" when it is done.
 std::string WriteDigest(const std::string& source, const std::string& output);

@@ -4,24 +4,6 @@
 #include <algorithm>
 #include <array>
 
-namespace {
-
-/// The text with nothing but characters that all file systems and shells take as they are.
-std::string PlainName(const std::string& text) {
-    std::string name = text;
-    for (char& c : name)
-        if (std::string_view("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789_.-")
-                .find(c) == std::string_view::npos)
-            c = '_';
-    return name;
-}
-
-std::string UniqueName(const std::string& title, const std::string& whole) {
-    return PlainName(title).substr(0, 80) + "-" + DigestOf(whole).substr(0, 8);
-}
-
-}  // namespace
-
 void Append(const TRunRecipe::TWords& words, TRunRecipe::TWords* to) {
     to->insert(to->end(), words.begin(), words.end());
 }
@@ -34,6 +16,27 @@ std::string TitleOf(const TBuildTop& top) {
 std::string TitleOf(const TPlanSource& source) {
     const std::string name = source.Path.substr(source.Path.rfind('/') + 1);
     return source.Library + "." + name.substr(0, name.rfind('.'));
+}
+
+std::vector<std::string> ListLibrarySources(const TPlanSettings& settings) {
+    std::vector<std::string> extensions = settings.LibraryExtensions;
+    if (extensions.empty()) extensions = {".v", ".sv"};
+    std::vector<std::string> sources;
+    for (const std::string& directory : settings.LibraryDirectories) {
+        std::vector<std::string> files;
+        std::error_code error;
+        for (const auto& entry :
+             std::filesystem::directory_iterator(NativePath(directory), error)) {
+            const std::u8string name = entry.path().filename().u8string();
+            const std::string path = directory + "/" + std::string(name.begin(), name.end());
+            if (std::any_of(extensions.begin(), extensions.end(),
+                            [&path](const std::string& end) { return path.ends_with(end); }))
+                files.push_back(path);
+        }
+        std::sort(files.begin(), files.end());
+        sources.insert(sources.end(), files.begin(), files.end());
+    }
+    return sources;
 }
 
 const TPlanSettings& TRunRecipe::GetSettings() const {
@@ -65,11 +68,11 @@ std::vector<const TBuildTop*> TRunRecipe::ListTops() const {
 }
 
 std::string TRunRecipe::NameOf(const TPlanSource& source) const {
-    return UniqueName(TitleOf(source), source.Library + "\n" + source.Path);
+    return UniqueFileName(TitleOf(source), source.Library + "\n" + source.Path);
 }
 
 std::string TRunRecipe::NameOf(const TBuildTop& top) const {
-    return UniqueName(TitleOf(top), TitleOf(top));
+    return UniqueFileName(TitleOf(top), TitleOf(top));
 }
 
 std::size_t TRunRecipe::AddStep(const std::string& name, const std::string& title,
@@ -105,7 +108,8 @@ std::size_t TRunRecipe::AddCompilation(const TBuildTop& top, const char* verb, T
         AddStep(verb + ("-" + NameOf(top)), verb + (" " + TitleOf(top)), std::move(record));
     TRunStep& step = Run->Steps[number];
     AddSources(&step);
-    AddLibrarySources(&step);
+    // The tool may take any of them.
+    Append(ListLibrarySources(GetSettings()), &step.Sources);
     return number;
 }
 
@@ -119,26 +123,6 @@ void TRunRecipe::AddSources(TRunStep* step) const {
     std::set<std::string> known;
     std::erase_if(step->Sources,
                   [&known](const std::string& path) { return !known.insert(path).second; });
-}
-
-// The tool may take any of them.
-void TRunRecipe::AddLibrarySources(TRunStep* step) const {
-    std::vector<std::string> extensions = GetSettings().LibraryExtensions;
-    if (extensions.empty()) extensions = {".v", ".sv"};
-    for (const std::string& directory : GetSettings().LibraryDirectories) {
-        std::vector<std::string> files;
-        std::error_code error;
-        for (const auto& entry :
-             std::filesystem::directory_iterator(NativePath(directory), error)) {
-            const std::u8string name = entry.path().filename().u8string();
-            const std::string path = directory + "/" + std::string(name.begin(), name.end());
-            if (std::any_of(extensions.begin(), extensions.end(),
-                            [&path](const std::string& end) { return path.ends_with(end); }))
-                files.push_back(path);
-        }
-        std::sort(files.begin(), files.end());
-        step->Sources.insert(step->Sources.end(), files.begin(), files.end());
-    }
 }
 
 // A library is never read beside a step that writes into it: the last analysis waits for all.

@@ -66,7 +66,6 @@ private:
     std::size_t AddStep(const std::string& name, const std::string& title, TStepRecord record);
     TRunStep& AddSimulation(const TBuildTop& top, TStepRecord record, const std::string& waves);
     void AddSources(TRunStep* step) const;
-    void AddLibrarySources(TRunStep* step) const;
 
     const TRunTool& Tool;
     const TBuildPlan& Plan;
@@ -80,6 +79,9 @@ private:
 
 /// Adds the words at the end of others.
 void Append(const TRunRecipe::TWords& words, TRunRecipe::TWords* to);
+
+/// The files in the library directories that have one of the library extensions.
+std::vector<std::string> ListLibrarySources(const TPlanSettings& settings);
 
 /// A top as users see it: "work.tb(sim)".
 std::string TitleOf(const TBuildTop& top);

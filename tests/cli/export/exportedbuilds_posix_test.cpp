@@ -1,3 +1,4 @@
+#include "services/hdl/hdllanguage.h"
 #include "tests/cli/shell.h"
 #include "tests/cli/toolrun.h"
 #include <gtest/gtest.h>
@@ -46,7 +47,83 @@ void WriteExample(const WorkingFolder& folder, const std::string& package) {
                   SourceText(package, {}, "PrecompiledLibrary=\"util\"") + "</SourceFileGroup>\n"));
 }
 
+/// The name as a text of XML.
+std::string Escaped(const std::string& name) {
+    std::string text;
+    for (const char c : name)
+        text += c == '&' ? "&amp;" : c == '<' ? "&lt;" : c == '"' ? "&quot;" : std::string(1, c);
+    return text;
+}
+
+/// A build with one source of that name, whose top prints "ran".
+void WriteHostile(const WorkingFolder& folder, THdlLanguage language, const std::string& name) {
+    const bool isVhdl = language == LANGUAGE_VHDL;
+    folder.Write(name,
+                 isVhdl ? "entity \\my top\\ is end;\narchitecture sim of \\my top\\ is begin\n"
+                          "  process begin\n    std.textio.write(std.textio.output, \"ran\" & lf);"
+                          "\n    wait;\n  end process;\nend;\n"
+                        : "module \\my-top ;\n  initial begin\n    $display(\"ran\");\n"
+                          "    $finish(0);\n  end\nendmodule\n");
+    const std::string group = isVhdl ? "VHDL" : "Verilog";
+    folder.Write("my build.xml",
+                 BuildText("<TopLevelComponents><ComponentList Language=\"" + group +
+                           "\"><Component Library=\"work\" Architecture=\"\">" +
+                           (isVhdl ? "\\my top\\" : "\\my-top ") +
+                           "</Component></ComponentList></TopLevelComponents>\n"
+                           "<SourceFileGroup Language=\"" +
+                           group + "\">\n" + SourceText(Escaped(name)) + "</SourceFileGroup>\n"));
+}
+
+constexpr const char* kHostileNames[] = {"-o.x",   "-",     "+p.x", "@a.x", ";s.x",  "s;echo no;.x",
+                                         "$(d).x", "$d.x",  "%p.x", "c:.x", ":c.x",  "a b.x",
+                                         "it's.x", "#h.x",  "~.x",  "`t.x", "a&b.x", "(r).x",
+                                         "{b}.x",  "[b].x", "*.x",  "?.x",  "q\".x", "e=e.x"};
+
+/// A '.' for each name that the tool takes, '-' for each that the format refuses, '!' for the rest.
+std::string MarksOf(const std::string& format, THdlLanguage language, const std::string& command) {
+    std::string marks;
+    for (const std::string name : kHostileNames) {
+        const WorkingFolder folder;
+        WriteHostile(folder, language, name);
+        const TToolRun run = RunHdlbuild({"export", "my build.xml", "--to", format, "-o", "out"});
+        if (run.Status == 1 && run.Err.find("[HB603]") != std::string::npos) {
+            marks += '-';
+            continue;
+        }
+        const auto [status, output] = Shell(command);
+        const bool hasRun = run.Status == 0 && status == 0 && output == "ran\n";
+        marks += hasRun ? '.' : '!';
+        if (!hasRun) ADD_FAILURE() << format << " " << name << "\n" << run.Err << output;
+    }
+    return marks;
+}
+
 }  // namespace
+
+TEST(ExportedBuilds, TakeOrRefuseEachHostileName) {
+    const struct {
+        const char* Format;
+        THdlLanguage Language;
+        const char* Program;
+        const char* Command;
+        const char* Marks;
+    } rows[] = {
+        {"ninja", LANGUAGE_VERILOG, "iverilog", "ninja -f out --quiet", "......................-."},
+        {"ninja", LANGUAGE_VHDL, "ghdl", "ninja -f out --quiet", "......................-."},
+        {"make", LANGUAGE_VERILOG, "iverilog", "make -s -f out", "....---.---...-.--.-----"},
+        {"make", LANGUAGE_VHDL, "ghdl", "make -s -f out", "....---.---...-.--.-----"},
+        {"ghdl", LANGUAGE_VHDL, "ghdl", "sh ./out", "......................-."},
+        {"icarus", LANGUAGE_VERILOG, "iverilog",
+         "iverilog -c out -s my-top -o my.vvp && vvp -n my.vvp", "---...-......-........-."},
+        {"verilator", LANGUAGE_VERILOG, "verilator",
+         "verilator --lint-only -Wno-DECLFILENAME -f out && echo ran", "---...--.....-.........."},
+    };
+    for (const auto& row : rows) {
+        if (!IsInstalled(row.Program)) continue;
+        EXPECT_EQ(MarksOf(row.Format, row.Language, row.Command), row.Marks)
+            << row.Format << " " << row.Program;
+    }
+}
 
 TEST(ExportedBuilds, RunUnderIcarus) {
     if (!IsInstalled("iverilog")) GTEST_SKIP() << "iverilog is not installed";
@@ -132,9 +209,11 @@ TEST(ExportedBuilds, AreBuiltByNinja) {
     WriteExample(folder, "it's $here/p.vhd");
     EXPECT_EQ(Export({"--to", "ninja", "-o", "build.ninja"}), "");
     const std::string simulation = "simulate work.tb(sim)\ntb.vhd:4:3:@0ms:(assertion note): 16\n";
-    EXPECT_EQ(Shell("NINJA_STATUS= ninja"),
-              std::make_pair(0, "analyse util.p\nanalyse work.tb\n" + simulation));
+    EXPECT_EQ(
+        Shell("NINJA_STATUS= ninja"),
+        std::make_pair(0, "analyse util.p\nanalyse work.tb\nall VHDL is analysed\n" + simulation));
     EXPECT_EQ(Shell("ninja"), std::make_pair(0, std::string("ninja: no work to do.\n")));
     folder.Write("tb.vhd", folder.Read("tb.vhd") + "-- changed\n");
-    EXPECT_EQ(Shell("NINJA_STATUS= ninja"), std::make_pair(0, "analyse work.tb\n" + simulation));
+    EXPECT_EQ(Shell("NINJA_STATUS= ninja"),
+              std::make_pair(0, "analyse work.tb\nall VHDL is analysed\n" + simulation));
 }

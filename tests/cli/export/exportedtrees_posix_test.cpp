@@ -76,7 +76,8 @@ TEST(ExportedTrees, HoldAnyNameOfASource) {
          "yaml.safe_load(document(\"out\"))[\"filesets\"][\"sources\"][\"files\"]"},
         {"hdl-prj", "VHDL", "f[\"file\"] for f in json.loads(document(\"out\"))[\"files\"]"},
         {"compile-commands", "C++", "f[\"file\"] for f in json.loads(document(\"out\"))"},
-        {"compile-commands", "C++", "f[\"arguments\"][-1] for f in json.loads(document(\"out\"))"},
+        {"compile-commands", "C++",
+         "f[\"arguments\"][-1].removeprefix(\"./\") for f in json.loads(document(\"out\"))"},
     };
     for (const auto& row : rows) {
         const WorkingFolder folder;

@@ -68,3 +68,43 @@ TEST(CompileCommands, AreEmptyForOtherLanguages) {
               "compile-commands has no words for sources in VHDL\n"
               "[]\n");
 }
+
+TEST(CompileCommands, TellWhatTheyHaveNoWordsFor) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_SYSTEMC, "/d\xFF/-z.cpp");
+    plan.Folder = "/d\xFF/";
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_SYSTEMC;
+    plan.Settings[0].LibraryDirectories = {"/d/lib"};
+    plan.Settings[0].Options[STEP_ANALYSE] = {"-DA=\xFF"};
+    const std::string text = Exported("compile-commands", plan, nullptr, "/d\xFF/");
+    EXPECT_EQ(text.substr(0, text.find("[\n")),
+              "compile-commands cannot hold the name \"-DA=\xFF\": it is no UTF-8\n"
+              "compile-commands cannot hold the name \"/d\xFF\": it is no UTF-8\n"
+              "compile-commands has no words for library directories\n");
+}
+
+TEST(CompileCommands, TakeNoNameForAnOption) {
+    EXPECT_EQ(Exported("compile-commands", MakePlanOf(LANGUAGE_CPLUSPLUS, "/p/-z.cpp")),
+              "[\n"
+              "  {\n"
+              "    \"directory\": \"/p\",\n"
+              "    \"arguments\": [\n"
+              "      \"c++\",\n"
+              "      \"-c\",\n"
+              "      \"./-z.cpp\"\n"
+              "    ],\n"
+              "    \"file\": \"-z.cpp\"\n"
+              "  }\n"
+              "]\n");
+}
+
+TEST(CompileCommands, KeepTheDelimiterOfARoot) {
+    for (const std::string folder : {"/", "C:/"}) {
+        TBuildPlan plan = MakePlanOf(LANGUAGE_CPLUSPLUS, folder + "a.cpp");
+        plan.Folder = folder;
+        const std::string text = Exported("compile-commands", plan, nullptr, folder);
+        const std::size_t from = text.find("\"directory\"");
+        EXPECT_EQ(text.substr(from, text.find('\n', from) - from),
+                  "\"directory\": \"" + folder + "\",");
+    }
+}

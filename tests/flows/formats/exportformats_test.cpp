@@ -31,3 +31,31 @@ TEST(ExportFormats, TellOfSourcesInOtherLanguages) {
         EXPECT_EQ(told.find("a.e"), std::string::npos) << told;
     }
 }
+
+TEST(ExportFormats, RefuseNamesThatAreNoUtf8WhereAReaderWantsIt) {
+    const struct {
+        const char* Format;
+        THdlLanguage Language;
+    } rows[] = {{"compile-commands", LANGUAGE_CPLUSPLUS},
+                {"edam-json", LANGUAGE_VHDL},
+                {"edam-yaml", LANGUAGE_VHDL},
+                {"fusesoc", LANGUAGE_VHDL},
+                {"hdl-prj", LANGUAGE_VHDL},
+                {"vhdl-ls", LANGUAGE_VHDL},
+                {"vunit", LANGUAGE_VERILOG},
+                {"vunit-csv", LANGUAGE_VHDL}};
+    for (const auto& row : rows) {
+        TBuildPlan plan = MakePlanOf(row.Language, "/p/a\xFF.v");
+        plan.Name = "b";
+        const std::string text = Exported(row.Format, plan);
+        EXPECT_EQ(text.substr(0, text.find('\n')),
+                  std::string(row.Format) + " cannot hold the name \"a\xFF.v\": it is no UTF-8");
+    }
+    TBuildPlan plan;
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_VERILOG;
+    plan.Settings[0].IncludeDirectories = {"/p/i\xFF"};
+    EXPECT_EQ(Exported("svls", plan),
+              "svls cannot hold the name \"i\xFF\": it is no UTF-8\n"
+              "[verilog]\ninclude_paths = [\n  \"i\xFF\",\n]\n");
+}

@@ -27,7 +27,7 @@ TEST(ExportWriter, NamesPathsFromItsFolder) {
     }
 }
 
-TEST(ExportWriter, TellsALossOnceAndEachRefusal) {
+TEST(ExportWriter, TellsALossAndARefusalOnce) {
     const TBuildPlan plan;
     const TExportRequest request{plan, ""};
     TExportWriter writer(request, "f");
@@ -36,6 +36,9 @@ TEST(ExportWriter, TellsALossOnceAndEachRefusal) {
     writer.Lose("x");
     writer.Refuse("n", "why");
     writer.Refuse("n", "why");
+    writer.Refuse("n", "why else");
+    EXPECT_EQ(writer.Utf8Of("\xC3\xA4"), "\xC3\xA4");
+    EXPECT_EQ(writer.Utf8Of("a\xFF"), "a\xFF");
     const TExported exported = writer.Take();
     EXPECT_EQ(exported.Text, "a\n");
     std::string losses;
@@ -44,7 +47,8 @@ TEST(ExportWriter, TellsALossOnceAndEachRefusal) {
     EXPECT_EQ(losses,
               "HB602 f has no words for x\n"
               "HB603 f cannot hold the name \"n\": why\n"
-              "HB603 f cannot hold the name \"n\": why\n");
+              "HB603 f cannot hold the name \"n\": why else\n"
+              "HB603 f cannot hold the name \"a\xFF\": it is no UTF-8\n");
 }
 
 TEST(ExportWriter, TellsTheOptionsOfEachStepThatIsNotWritten) {
@@ -57,4 +61,45 @@ TEST(ExportWriter, TellsTheOptionsOfEachStepThatIsNotWritten) {
     const TExported exported = writer.Take();
     ASSERT_EQ(exported.Losses.size(), 1u);
     EXPECT_EQ(GetDiagnosticText(exported.Losses[0]), "f has no words for the run option +go");
+}
+
+TEST(ExportWriter, MakesNoWordThatReadsAsAnOption) {
+    const TBuildPlan plan;
+    const TExportRequest request{plan, "/p/"};
+    const TExportWriter writer(request, "f");
+    EXPECT_EQ(writer.WordOf("/p/a-b.v"), "a-b.v");
+    EXPECT_EQ(writer.WordOf("/p/-a.v"), "./-a.v");
+    EXPECT_EQ(writer.WordOf("/p/+a.v"), "./+a.v");
+    EXPECT_EQ(writer.WordOf("/p/@a.v"), "./@a.v");
+    EXPECT_EQ(writer.WordOf("/p/-a/b.v"), "./-a/b.v");
+}
+
+TEST(ExportWriter, ListsWhatIsWrittenOfALanguage) {
+    TBuildPlan plan = MakeSamplePlan();
+    plan.Tops.push_back({LANGUAGE_VHDL, "work", "second", ""});
+    const auto entitiesOf = [&plan](const TBuildTop* chosen) {
+        const TExportRequest request{plan, "/p/", chosen};
+        std::string entities;
+        for (const TBuildTop* const top : TExportWriter(request, "f").ListTops(LANGUAGE_VHDL))
+            entities += top->Entity + " ";
+        return entities;
+    };
+    EXPECT_EQ(entitiesOf(nullptr), "tb second ");
+    EXPECT_EQ(entitiesOf(&plan.Tops[2]), "second ");
+    EXPECT_EQ(entitiesOf(&plan.Tops[0]), "");
+    const TExportRequest request{plan, "/p/"};
+    EXPECT_TRUE(TExportWriter(request, "f").HasSources(LANGUAGE_VHDL));
+    EXPECT_FALSE(TExportWriter(request, "f").HasSources(LANGUAGE_SYSTEMC));
+}
+
+TEST(ExportWriter, SeesSystemVerilogInNamesAndSettings) {
+    for (const char* const name : {"/p/a.sv", "/p/a.svh"})
+        EXPECT_TRUE(HasSystemVerilog(MakePlanOf(LANGUAGE_VERILOG, name))) << name;
+    EXPECT_FALSE(HasSystemVerilog(MakePlanOf(LANGUAGE_VHDL, "/p/a.sv")));
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, "/p/a.v");
+    EXPECT_FALSE(HasSystemVerilog(plan));
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_VERILOG;
+    plan.Settings[0].Standard = "2012";
+    EXPECT_TRUE(HasSystemVerilog(plan));
 }

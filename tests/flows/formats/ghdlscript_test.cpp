@@ -30,6 +30,10 @@ TEST(GhdlScript, QuotesWhatAShellReads) {
               "mkdir -p ghdl\n"
               "options=\"--std=93 --workdir=ghdl -Pghdl\"\n"
               "$GHDL -a $options --work='a;b' '' '-x&y' 'it'\\''s $HOME `x`\n.vhd'\n");
+    plan = MakePlanOf(LANGUAGE_VHDL, "/p/-o.vhd");
+    const std::string script = Exported("ghdl", plan);
+    EXPECT_EQ(script.substr(script.find("-Pghdl\"\n") + 8),
+              "$GHDL -a $options --work=main ./-o.vhd\n");
 }
 
 TEST(GhdlScript, RunsTheChosenTop) {

@@ -137,3 +137,35 @@ TEST(Makefile, RefusesNamesThatMakeCannotSay) {
                   "make cannot hold the name \"" + std::string(row.Name) + "\": " + row.Reason);
     }
 }
+
+TEST(Makefile, TellsTheWordWithALineEnd) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, "/p/t.v");
+    plan.Sources.push_back({"/p/u.vhd", LANGUAGE_VHDL, "m\nn", false, {}});
+    plan.Tops = {{LANGUAGE_VERILOG, "work", "\\t\nu ", ""}, {LANGUAGE_VHDL, "o\rp", "e", "f\n"}};
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_VERILOG;
+    plan.Settings[0].IncludeDirectories = {"/p/in\nc"};
+    plan.Settings[0].Defines = {{"A", "\n"}};
+    plan.Settings[0].Options[STEP_RUN] = {"+r\n"};
+    std::string expected;
+    for (const std::string name :
+         {"--work=m\nn", "--work=o\rp", "f\n", "-Iin\nc", "-DA=\n", "t\nu", "+r\n"})
+        expected += "make cannot hold the name \"" + name + "\": a line end ends the command\n";
+    const std::string text = Exported("make", plan);
+    EXPECT_EQ(text.substr(0, text.find("# Analyses")), expected);
+}
+
+TEST(Makefile, CallsVerilogTopsByTheirPlainNames) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, "/p/t.svh");
+    plan.Tops = {{LANGUAGE_VERILOG, "work", "\\my-top ", ""}};
+    const std::string output = "icarus/work.+5cmy-top+20.vvp";
+    const std::string text = Exported("make", plan);
+    const std::size_t from = text.find("\nVERILOG =") + 1;
+    EXPECT_EQ(text.substr(from, text.find("\t@sed") - from),
+              "VERILOG = t.svh\n"
+              "VERILOG_WORDS = -g2012 t.svh\n" +
+                  output +
+                  ": $(MAKE_RULES) $(VERILOG)\n"
+                  "\t@mkdir -p $(@D)\n"
+                  "\t$(IVERILOG) -Mall=$@.list -o $@ -s my-top $(VERILOG_WORDS)\n");
+}

@@ -35,6 +35,9 @@ TEST(SourceTables, QuoteOrRefuseNames) {
         {"a\tb.vhd", "main,a\tb.vhd\n",
          "blueprint cannot hold the name \"/p/a\tb.vhd\": a tabulator or line end ends the "
          "field\n"},
+        {"a\xFF.vhd",
+         "vunit-csv cannot hold the name \"a\xFF.vhd\": it is no UTF-8\nmain,a\xFF.vhd\n",
+         "VHDL\tmain\t/p/a\xFF.vhd\n"},
         {"\xC3\xA4.vhd", "main,\xC3\xA4.vhd\n", "VHDL\tmain\t/p/\xC3\xA4.vhd\n"},
     };
     for (const auto& row : rows) {
@@ -49,10 +52,39 @@ TEST(SourceTables, NameAllSourcesInARule) {
     plan.Name = "my soc";
     plan.Sources.push_back({"/q/x.v", LANGUAGE_VERILOG, "main", false, {}});
     EXPECT_EQ(Exported("depfile", plan), "my\\ soc: \\\n  a\\ b$$\\#.cpp \\\n  /q/x.v\n");
-    for (const std::string name : {"a\tb", "a:b", "a*", "a%", "a\\b"})
-        EXPECT_EQ(Exported("depfile", MakePlanOf(LANGUAGE_VHDL, "/p/" + name)),
-                  "depfile cannot hold the name \"" + name +
-                      "\": make reads one of its characters as something else\n:\n");
+}
+
+TEST(SourceTables, RefuseNamesThatMakeCannotSay) {
+    const std::string special = "make reads one of its characters as something else";
+    const struct {
+        std::string Name;
+        std::string Reason;
+    } rows[] = {
+        {"a\tb", "a tabulator or line end ends it"},
+        {"~a", "make reads it as somebody's home"},
+        {"a:b", special},
+        {"a*", special},
+        {"we%ird", special},
+        {"a\\b", special},
+        {"p.v;ls;b.v", special},
+        {"a=b", special},
+        {"a|b", special},
+        {"a&b", special},
+        {"$(a)", special},
+    };
+    for (const auto& row : rows) {
+        const std::string told =
+            "depfile cannot hold the name \"" + row.Name + "\": " + row.Reason + "\n";
+        const auto lossesOf = [](const TBuildPlan& plan) {
+            const std::string text = Exported("depfile", plan);
+            return text.substr(0, text.find("\n") + 1);
+        };
+        TBuildPlan plan = MakePlanOf(LANGUAGE_VHDL, "/p/" + row.Name);
+        EXPECT_EQ(lossesOf(plan), told);
+        plan.Sources[0].Path = "/p/a.vhd";
+        plan.Name = row.Name;
+        EXPECT_EQ(lossesOf(plan), told);
+    }
 }
 
 TEST(SourceTables, MapLibraries) {

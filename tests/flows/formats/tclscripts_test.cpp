@@ -53,6 +53,19 @@ TEST(TclScripts, EscapeWhatTclReads) {
               "vcom -work {} -93 a\\ b\\\"\\$x\\[y\\]\\{z\\}\\;\\#\\\\\\n.vhd\n");
 }
 
+TEST(TclScripts, EscapeLineEndsAndOptions) {
+    const TBuildPlan plan = MakePlanOf(LANGUAGE_VHDL, "/p/-o\r\v\f.vhd");
+    EXPECT_EQ(Exported("vsim", plan),
+              "vlib main\n"
+              "vcom -work main ./-o\\r\\v\\f.vhd\n");
+    EXPECT_EQ(Exported("osvvm", plan),
+              "library main\n"
+              "analyze ./-o\\r\\v\\f.vhd\n");
+    EXPECT_EQ(Exported("vsim", MakePlanOf(LANGUAGE_VERILOG, "/p/-y.v")),
+              "vlib main\n"
+              "vlog -work main ./-y.v\n");
+}
+
 TEST(TclScripts, AnalyzeAndSimulateWithOsvvm) {
     const TBuildPlan plan = MakeSamplePlan();
     const std::string losses =

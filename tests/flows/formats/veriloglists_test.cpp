@@ -43,7 +43,8 @@ TEST(VerilogLists, HoldOrRefuseEachName) {
     } rows[] = {
         {"a.v", nullptr, nullptr, nullptr},
         {"a b.v", "readers differ on blanks and quotes", nullptr, "\"a b.v\""},
-        {"a\"b.v", "readers differ on blanks and quotes", nullptr, "\"a\\\"b.v\""},
+        {"a\"b.v", "readers differ on blanks and quotes",
+         "the tool cannot read its own file with a quote", "\"a\\\"b.v\""},
         {"a'b.v", "readers differ on blanks and quotes", nullptr, "\"a'b.v\""},
         {"$a.v", "a dollar begins a variable", nullptr, "a dollar begins a variable"},
         {"${a}.v", "a dollar begins a variable", "a dollar begins a variable",
@@ -148,4 +149,30 @@ TEST(VerilogLists, ChooseDelays) {
         EXPECT_EQ(Exported("vcs", plan),
                   std::string("// Verilog sources for simulators with the words of VCS\n") + word);
     }
+}
+
+TEST(VerilogLists, CallTopsByTheirPlainNames) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, "/p/t.svh");
+    plan.Tops = {{LANGUAGE_VERILOG, "work", "\\my-top ", ""},
+                 {LANGUAGE_VERILOG, "work", "\\a'b ", ""},
+                 {LANGUAGE_VERILOG, "work", "\\-x$ ", ""}};
+    const auto exported = [&plan](const char* format, std::size_t top) {
+        const std::string text = Exported(format, plan, &plan.Tops[top]);
+        const std::size_t heading = text.find("// Ver");
+        return text.substr(0, heading) + text.substr(text.find('\n', heading) + 1);
+    };
+    EXPECT_EQ(exported("icarus", 0), "// iverilog -c THIS_FILE -s my-top -g2012\nt.svh\n");
+    EXPECT_EQ(exported("verilator", 0), "t.svh\n--top-module my-top\n");
+    EXPECT_EQ(exported("slang", 0), "t.svh\n--top my-top\n");
+    EXPECT_EQ(exported("vcs", 0), "-sverilog\n+typdelays\nt.svh\n-top my-top\n");
+    EXPECT_EQ(exported("icarus", 1),
+              "icarus has no words for the top-level component a'b\n"
+              "// iverilog -c THIS_FILE -g2012\nt.svh\n");
+    EXPECT_EQ(exported("verilator", 1), "t.svh\n--top-module \"a'b\"\n");
+    EXPECT_EQ(exported("vcs", 1),
+              "vcs cannot hold the name \"a'b\": readers differ on blanks and quotes\n"
+              "-sverilog\n+typdelays\nt.svh\n-top a'b\n");
+    EXPECT_EQ(exported("verilator", 2),
+              "verilator cannot hold the name \"-x$\": a dollar begins a variable\n"
+              "t.svh\n--top-module -x$\n");
 }
