@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <optional>
+#include <unordered_map>
 #include <utility>
 
 namespace {
@@ -77,36 +78,39 @@ void TEdamParts::AddAttributes(const TPlanSource& source, TJson* file) {
     if (source.Library != "work") (*file)["logical_name"] = TextOfName(source.Library);
 }
 
+// A parameter has one name and one meaning: of defines the last one of a name holds, run options
+// are told where the name is taken.
 TJson TEdamParts::MakeParameters() {
-    TJson parameters;
+    std::vector<TJson::TMember> parameters;
+    std::unordered_map<std::string, std::size_t> numbers;
     for (const TScanDefine& define : Writer.SettingsOf(LANGUAGE_VERILOG).Defines) {
         TextOfName(TextOf(define));
-        parameters[define.Name] = ParameterOf(define, "vlogdefine");
+        const auto [number, isNew] = numbers.try_emplace(define.Name, parameters.size());
+        if (isNew) parameters.emplace_back(define.Name, TJson());
+        parameters[number->second].second = ParameterOf(define, "vlogdefine");
     }
-    AddPlusArguments(&parameters);
-    return parameters;
-}
-
-// A parameter has one name and one meaning.
-void TEdamParts::AddPlusArguments(TJson* parameters) {
     for (const std::string& word : Writer.SettingsOf(LANGUAGE_VERILOG).Options[STEP_RUN]) {
         const std::optional<TScanDefine> argument = PlusArgumentOf(word);
-        if (argument && std::as_const(*parameters)[argument->Name].IsNull())
-            (*parameters)[argument->Name] = ParameterOf(*argument, "plusarg");
+        if (argument && numbers.try_emplace(argument->Name, parameters.size()).second)
+            parameters.emplace_back(argument->Name, ParameterOf(*argument, "plusarg"));
         else
             Writer.LoseOption(STEP_RUN, word);
     }
+    TJson tree;
+    for (auto& [name, parameter] : parameters) tree.AddMember(name, std::move(parameter));
+    return tree;
 }
 
 std::string TEdamParts::MakeTopLevel() {
     std::string names;
     for (const TBuildTop& top : Writer.GetPlan().Tops) {
         if (Writer.GetTop() && Writer.GetTop() != &top) continue;
-        if (HasAny(top.Entity, " .")) Writer.Refuse(top.Entity, "a blank or point ends the name");
+        const std::string entity = PlainNameOf(top);
+        if (HasAny(entity, " .")) Writer.Refuse(entity, "a blank or point ends the name");
         if (!top.Architecture.empty()) Writer.Lose("the architecture " + top.Architecture);
         const bool isInLibrary = top.Language == LANGUAGE_VHDL && top.Library != "work";
         names += names.empty() ? "" : " ";
-        names += TextOfName(isInLibrary ? top.Library + "." + top.Entity : top.Entity);
+        names += TextOfName(isInLibrary ? top.Library + "." + entity : entity);
     }
     return names;
 }

@@ -25,7 +25,5 @@ public:
     std::string TextOfName(const std::string& name);
 
 private:
-    void AddPlusArguments(TJson* parameters);
-
     TExportWriter& Writer;
 };

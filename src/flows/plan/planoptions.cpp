@@ -4,6 +4,7 @@
 #include "services/names/isfilename.h"
 #include "services/names/utilfilename.h"
 #include <algorithm>
+#include <unordered_set>
 
 namespace {
 
@@ -67,10 +68,19 @@ bool TakeKnown(const std::string& word, TPlanSettings* settings) {
     }
 }
 
-void AddNew(std::string text, std::vector<std::string>* texts) {
-    if (std::find(texts->begin(), texts->end(), text) == texts->end())
-        texts->push_back(std::move(text));
-}
+/// Texts of which each is held once.
+class TNewTexts {
+public:
+    explicit TNewTexts(std::vector<std::string>* texts)
+        : Texts(*texts), Known(texts->begin(), texts->end()) {}
+    void Add(std::string text) {
+        if (Known.insert(text).second) Texts.push_back(std::move(text));
+    }
+
+private:
+    std::vector<std::string>& Texts;
+    std::unordered_set<std::string> Known;
+};
 
 /// Returns the words that are left.
 std::vector<std::string> TakeVerilog(const std::string& text, const std::string& folder,
@@ -80,14 +90,16 @@ std::vector<std::string> TakeVerilog(const std::string& text, const std::string&
     AddVerilogOptions(text, &options);
     settings->Defines.insert(settings->Defines.end(), options.Defines.begin(),
                              options.Defines.end());
+    TNewTexts includes(&settings->IncludeDirectories);
+    TNewTexts libraries(&settings->LibraryDirectories);
+    TNewTexts extensions(&settings->LibraryExtensions);
+    TNewTexts files(libraryFiles);
     for (const std::string& include : options.IncludeFolders)
-        AddNew(WholePath(include, folder), &settings->IncludeDirectories);
+        includes.Add(WholePath(include, folder));
     for (const std::string& library : options.LibraryFolders)
-        AddNew(WholePath(library, folder), &settings->LibraryDirectories);
-    for (const std::string& extension : options.LibraryExtensions)
-        AddNew(extension, &settings->LibraryExtensions);
-    for (const std::string& file : options.LibraryFiles)
-        AddNew(WholePath(file, folder), libraryFiles);
+        libraries.Add(WholePath(library, folder));
+    for (const std::string& extension : options.LibraryExtensions) extensions.Add(extension);
+    for (const std::string& file : options.LibraryFiles) files.Add(WholePath(file, folder));
     return std::move(options.Others);
 }
 

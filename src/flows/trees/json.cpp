@@ -59,6 +59,11 @@ const TJson& TJson::operator[](const std::string& name) const {
     return kNull;
 }
 
+void TJson::AddMember(std::string name, TJson value) {
+    if (IsNull()) Value = std::vector<TMember>();
+    std::get<std::vector<TMember>>(Value).emplace_back(std::move(name), std::move(value));
+}
+
 void TJson::Add(TJson value) {
     if (IsNull()) Value = std::vector<TJson>();
     std::get<std::vector<TJson>>(Value).push_back(std::move(value));

@@ -31,6 +31,9 @@ public:
     TJson& operator[](const std::string& name);
     /// Null, when the object has no member of that name.
     const TJson& operator[](const std::string& name) const;
+    /// Adds a member to an object or to null, which becomes an object. None of that name is looked
+    /// for: it must have none.
+    void AddMember(std::string name, TJson value);
     /// Adds an entry to an array or to null, which becomes an array.
     void Add(TJson value);
 

@@ -1,4 +1,5 @@
 #include "tests/flows/formats/exportedplan.h"
+#include "tests/support/growth.h"
 #include <gtest/gtest.h>
 
 TEST(Edam, NamesTheSourcesWithTheirTypesInOrder) {
@@ -257,4 +258,50 @@ TEST(Edam, LeavesTheModeOfVerilatorToProgramsInCpp) {
               "    logical_name: main\n"
               "  - name: main.cpp\n"
               "    file_type: cppSource\n");
+}
+
+TEST(Edam, HasTheLastDefineOfANameAtThePlaceOfTheFirst) {
+    TBuildPlan plan;
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_VERILOG;
+    plan.Settings[0].Defines = {{"A", "1"}, {"B", {}}, {"A", "2"}};
+    const std::string text = Exported("edam-json", plan);
+    EXPECT_EQ(text.substr(text.find("\"parameters\"")),
+              "\"parameters\": {\n"
+              "    \"A\": {\n"
+              "      \"datatype\": \"int\",\n"
+              "      \"default\": 2,\n"
+              "      \"paramtype\": \"vlogdefine\"\n"
+              "    },\n"
+              "    \"B\": {\n"
+              "      \"datatype\": \"bool\",\n"
+              "      \"default\": true,\n"
+              "      \"paramtype\": \"vlogdefine\"\n"
+              "    }\n"
+              "  }\n"
+              "}\n");
+}
+
+TEST(Edam, GoesByTheNumberOfDefines) {
+    const auto write = [](int count) {
+        TBuildPlan plan;
+        plan.Settings = {TPlanSettings()};
+        plan.Settings[0].Language = LANGUAGE_VERILOG;
+        for (int number = 0; number < count; ++number)
+            plan.Settings[0].Defines.push_back({"D" + std::to_string(number), "1"});
+        EXPECT_FALSE(Exported("edam-json", plan).empty());
+    };
+    EXPECT_LT(GrowthOf(write, 1000), kLargestLinearGrowth);
+}
+
+TEST(Edam, NamesVerilogTopsPlainly) {
+    TBuildPlan plan;
+    plan.Tops = {{LANGUAGE_VERILOG, "work", "\\my-top ", ""}};
+    EXPECT_EQ(Exported("edam-json", plan),
+              "{\n"
+              "  \"version\": \"0.2.1\",\n"
+              "  \"name\": \"\",\n"
+              "  \"toplevel\": \"my-top\",\n"
+              "  \"files\": []\n"
+              "}\n");
 }

@@ -1,4 +1,5 @@
 #include "flows/plan/planoptions.h"
+#include "tests/support/growth.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -82,4 +83,20 @@ TEST(PlanOptions, ArePathsWithSlashesAndNoneAtTheEnd) {
     EXPECT_EQ(WholePath("../x/./y", "/p/q/"), WholePath("/p/x/y", ""));
     EXPECT_EQ(WholePath("", "/p/q/"), WholePath("/p/q", ""));
     EXPECT_EQ(WholePath("/p", "").substr(root.size() - 1), "/p");
+}
+
+TEST(PlanOptions, GoByTheirCount) {
+    const auto add = [](int count) {
+        std::string text;
+        for (int number = 0; number < count; ++number) {
+            const std::string name = std::to_string(number);
+            text += " -v f" + name + " -y d" + name + " +incdir+i" + name + " +libext+." + name;
+        }
+        TPlanSettings settings;
+        settings.Language = LANGUAGE_VERILOG;
+        std::vector<std::string> files;
+        AddOptions(text, STEP_ANALYSE, "/p/", &settings, &files);
+        EXPECT_EQ(files.size(), static_cast<std::size_t>(count));
+    };
+    EXPECT_LT(GrowthOf(add, 2000), kLargestLinearGrowth);
 }

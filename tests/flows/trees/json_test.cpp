@@ -61,3 +61,10 @@ TEST(Json, GivesTheTextOfAValue) {
     EXPECT_EQ(TJson(false).Text(), "false");
     EXPECT_EQ(TJson().Text(), "null");
 }
+
+TEST(Json, TakesMembersThatDifferWithoutLooking) {
+    TJson tree;
+    tree.AddMember("a", 1);
+    tree.AddMember("b", "x");
+    EXPECT_EQ(tree.Dump(), "{\"a\":1,\"b\":\"x\"}");
+}
