@@ -6,7 +6,7 @@
 namespace {
 
 // In front of one of these a backslash is the delimiter of a path, as databases of Windows have it.
-bool IsNameCharacter(char c) {
+bool IsPathCharacter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
            static_cast<unsigned char>(c) >= 0x80 || std::string_view("._-+~").find(c) < 5;
 }
@@ -29,7 +29,7 @@ std::vector<std::string> WordsOfCommand(const std::string& command) {
         else if (!quote && (c == '"' || c == '\''))
             quote = c;
         else if (c == '\\' && quote != '\'' && at + 1 < command.size() &&
-                 !IsNameCharacter(command[at + 1]))
+                 !IsPathCharacter(command[at + 1]))
             words.back() += command[++at];
         else
             words.back() += c;

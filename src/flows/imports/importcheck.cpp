@@ -45,7 +45,7 @@ private:
     std::unordered_map<std::string, std::set<THdlLanguage>> LanguagesOfNames;  // of files, folded
 };
 
-constexpr const char* kBlanks = " \t\r\n";
+constexpr const char* kEndBlanks = " \t\r\n";
 
 /// Why no build holds the text; null: it may.
 const char* FaultOfText(std::string_view text) {
@@ -71,7 +71,7 @@ bool TImportCheck::IsPathOfBuild(const TImportedSource& source) {
     std::string_view path = source.Path;
     if (!Request.BuildFolder.empty() && path.starts_with(Request.BuildFolder))
         path.remove_prefix(Request.BuildFolder.size());
-    if (path.find_first_of(kBlanks) != 0 && path.find_last_of(kBlanks) != path.size() - 1)
+    if (path.find_first_of(kEndBlanks) != 0 && path.find_last_of(kEndBlanks) != path.size() - 1)
         return true;
     Tell(DIAGNOSTIC_NOT_IMPORTED,
          {"the name " + Request.TextOf(source.Path) + " with a blank at its end"}, source.Place);
