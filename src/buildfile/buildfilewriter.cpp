@@ -6,7 +6,7 @@
 #include "services/files/filelock.h"
 #include "services/files/filestatus.h"
 #include "services/hdl/hdllanguagetable.h"
-#include "services/logging/binarylog.h"
+#include "services/logging/loglock.h"
 #include "services/logging/usermessages.h"
 #include "services/names/isfilename.h"
 #include "services/xml/xmlstream.h"
@@ -36,9 +36,8 @@ bool IsWrittenByTheLibrary(const THdlBuildFile& build, const TV2VTranslationOpti
 /// Not a diagnostic line: something of the user's is lost.
 void LogReplacedChanges(const std::string& path) {
     const std::string text = "\"" + path + "\" was changed since it was read, and is replaced";
-    gBinaryLogMessageLoggingMutex.Acquire();
+    const TLogLock lock;
     TBinaryLogFile::GetInstance()->Write(text.c_str(), "", 0);
-    gBinaryLogMessageLoggingMutex.Release();
 }
 
 }  // namespace

@@ -64,6 +64,8 @@ THpjFileResult THpjFile::SaveLocked(TProjectSimSettings* settings, const char* p
     if (result != HPJ_FILE_DONE && result != HPJ_FILE_MISSING) return result;
     if (StateRead && *StateRead != document.GetState()) return HPJ_FILE_CHANGED;
     if (!document.ReplaceSection(path)) return HPJ_FILE_NOT_WRITTEN;
+    // Without memory for it, there is nothing to compare.
+    StateRead.reset();
     StateRead = document.GetState();
     return HPJ_FILE_DONE;
 }

@@ -93,8 +93,11 @@ void TProjectSimConfig::SetProjectSettings(THdlLanguage language,
                                ProjectSettingsConfigurations::kStoreInvalidLanguage);
         site.Report();
     }
-    auto& stored = Languages[language];
-    if (stored.get() != settings) stored.reset(settings);
+    const auto found = Languages.find(language);
+    if (found != Languages.end() && found->second.get() == settings) return;
+    // It is handed over, whether there is memory for its place or not.
+    std::unique_ptr<TProjectSimLanguageConfig> given(settings);
+    Languages[language] = std::move(given);
 }
 
 void TProjectSimConfig::SetProjectFileName(const ISFileName* file) {

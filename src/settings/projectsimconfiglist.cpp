@@ -1,5 +1,6 @@
 #include "settings/projectsimconfiglist.h"
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 TProjectSimConfigList::TProjectSimConfigList(const TProjectSimConfigList& other) {
@@ -21,7 +22,11 @@ TProjectSimConfigList::~TProjectSimConfigList() {
 }
 
 void TProjectSimConfigList::AddConfiguration(TProjectSimConfig* configuration) {
-    if (configuration) Configurations.push_back(configuration);
+    // It is handed over, whether there is memory for its place or not.
+    std::unique_ptr<TProjectSimConfig> given(configuration);
+    if (!given) return;
+    Configurations.push_back(given.get());
+    (void)given.release();
 }
 
 TProjectSimConfig* TProjectSimConfigList::Find(const char* name) {

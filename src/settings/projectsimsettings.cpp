@@ -41,9 +41,9 @@ void TProjectSimSettings::CopyConfiguration(const char* from, const char* to) {
         site.Report();
         return;
     }
-    auto* copy = new TProjectSimConfig(*source);
+    auto copy = std::make_unique<TProjectSimConfig>(*source);
     copy->SetName(to);
-    AddConfiguration(copy);
+    AddConfiguration(copy.release());
 }
 
 void TProjectSimSettings::SetProjectFileName(const ISFileName* file) {

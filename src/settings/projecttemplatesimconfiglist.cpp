@@ -103,10 +103,10 @@ void TProjectTemplateSimConfigList::ReadFromINI() {
             if (!Former) Former = std::make_shared<TKeeper>();
             for (TProjectSimConfig* dropped : ReleaseConfigurations()) Former->Keep(dropped);
         }
-        auto* configuration = new TProjectSimConfig(false);
+        auto configuration = std::make_unique<TProjectSimConfig>(false);
         configuration->SetName(name->c_str());
         configuration->ReadFromINI();
-        AddConfiguration(configuration);
+        AddConfiguration(configuration.release());
     }
     if (!StartingName.empty()) SelectCurrentConfig(StartingName.c_str());
 }

@@ -2,17 +2,10 @@
 // that exchanges objects with the library, so that memory allocated in one can be freed in another.
 
 #include <cstddef>
-#include <cstdio>
-#include <cstdlib>
 #include <new>
 #include <tbb/scalable_allocator.h>
 
 namespace {
-
-[[noreturn]] void EndOutOfMemory() {
-    std::fputs("hdlbuildfile: out of memory\n", stderr);
-    std::abort();
-}
 
 /// Null when there is no memory, after the new-handler, if any, had its chances to free some.
 template <class Allocate>
@@ -50,8 +43,8 @@ void* WithoutThrowing(Allocate allocate) {
     }
 }
 
-void* OrEnd(void* memory) {
-    return memory ? memory : (EndOutOfMemory(), nullptr);
+void* OrThrow(void* memory) {
+    return memory ? memory : throw std::bad_alloc();
 }
 
 }  // namespace
@@ -70,10 +63,10 @@ const char hdlbuildfile_module_links_the_shared_heap = 1;
 #endif
 
 void* operator new(std::size_t size) {
-    return OrEnd(Allocate(size));
+    return OrThrow(Allocate(size));
 }
 void* operator new[](std::size_t size) {
-    return OrEnd(Allocate(size));
+    return OrThrow(Allocate(size));
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     return WithoutThrowing([size] { return Allocate(size); });
@@ -83,10 +76,10 @@ void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
 }
 
 void* operator new(std::size_t size, std::align_val_t alignment) {
-    return OrEnd(AllocateAligned(size, alignment));
+    return OrThrow(AllocateAligned(size, alignment));
 }
 void* operator new[](std::size_t size, std::align_val_t alignment) {
-    return OrEnd(AllocateAligned(size, alignment));
+    return OrThrow(AllocateAligned(size, alignment));
 }
 void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
     return WithoutThrowing([size, alignment] { return AllocateAligned(size, alignment); });

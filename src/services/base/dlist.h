@@ -56,6 +56,10 @@ protected:
     /// AddAtTail for an item in front of which lies room for its node, in the same part of a
     /// TCountedBlock.
     void AddAtTailWithNode(T item);
+    /// Links all items of `other` behind the others, with their nodes, and notifies nobody.
+    void TakeAll(DList* other);
+    /// TakeAll of the first item alone; `other` must have one.
+    void TakeFirstOf(DList* other);
     /// Unlinks the first item and notifies nobody. True when its node lies in front of it: the
     /// caller then gives the node's part of the block back. Not for the empty list.
     bool UnlinkHead(T* item);

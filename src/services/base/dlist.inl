@@ -51,6 +51,26 @@ bool DList<T>::UnlinkHead(T* item) {
 }
 
 template <class T>
+void DList<T>::TakeAll(DList* other) {
+    if (!other->Head) return;
+    (Tail ? Tail->Next : Head) = other->Head;
+    Tail = other->Tail;
+    Count += other->Count;
+    other->Head = other->Tail = nullptr;
+    other->Count = 0;
+}
+
+template <class T>
+void DList<T>::TakeFirstOf(DList* other) {
+    TNode* const node = other->Head;
+    other->Head = node->Next;
+    if (!other->Head) other->Tail = nullptr;
+    --other->Count;
+    node->Next = nullptr;
+    LinkAtTail(node);
+}
+
+template <class T>
 void DList<T>::AddAtTail(T item) {
     LinkAtTail(new (TDListNodePool::Allocate()) TNode{nullptr, item});
     ObjectAdded(item);

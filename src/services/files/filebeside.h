@@ -13,4 +13,4 @@ class IFileSystem;
 std::string GetNameBeside(std::string_view name);
 
 /// Removes such a file. Nothing depends on it.
-void RemoveFileBeside(IFileSystem& system, const std::string& path);
+void RemoveFileBeside(IFileSystem& system, const std::string& path) noexcept;

@@ -4,6 +4,8 @@
 #include "services/files/pathconventions.h"
 #include "services/files/pathtext.h"
 #include <algorithm>
+#include <memory>
+#include <new>
 
 namespace {
 
@@ -36,9 +38,14 @@ std::string LockFileOf(const std::string& target) {
 TFileResult TryToLock(IFileSystem& system, const std::string& path, TFileNumber* file) {
     TFileResult result = system.OpenLock(path, file);
     if (!result.IsDone()) return result;
-    result = system.Lock(*file);
-    // Its former holder may have removed it between the two: then it locks nobody out any more.
-    if (result.IsDone()) result = system.CheckNames(path, *file);
+    try {
+        result = system.Lock(*file);
+        // Its former holder may have removed it between the two: then it locks nobody out any more.
+        if (result.IsDone()) result = system.CheckNames(path, *file);
+    } catch (const std::bad_alloc&) {
+        system.Close(*file);
+        throw;
+    }
     if (result.Fault == TFileFault::Missing) result.Fault = TFileFault::Busy;
     if (result.IsDone()) return result;
     if (result.Fault == TFileFault::Unsupported) system.Remove(path);
@@ -56,8 +63,11 @@ public:
     void Drop();
 
 private:
-    THeldLock(IFileSystem& system, const std::string& path, TFileNumber file, bool isLocked)
-        : System(system), Path(path), File(file), IsLocked(isLocked), Next(First) {
+    THeldLock(IFileSystem& system, const std::string& path) : System(system), Path(path) {}
+    void Hold(TFileNumber file, bool isLocked) {
+        File = file;
+        IsLocked = isLocked;
+        Next = First;
         First = this;
     }
 
@@ -68,10 +78,10 @@ private:
 
     IFileSystem& System;
     std::string Path;  // of the lock file
-    TFileNumber File;
-    bool IsLocked;  // false where the file system knows no locks
+    TFileNumber File = 0;
+    bool IsLocked = false;  // false where the file system knows no locks
     int Count = 1;
-    THeldLock* Next;
+    THeldLock* Next = nullptr;
 };
 
 thread_local THeldLock* THeldLock::First = nullptr;
@@ -95,13 +105,16 @@ THeldLock* THeldLock::FindByFile(IFileSystem& system, const std::string& path) {
 
 TFileResult THeldLock::Take(IFileSystem& system, const std::string& path, THeldLock** held) {
     *held = Find(system, path);
+    // Made before there is a lock to lose.
+    std::unique_ptr<THeldLock> made(*held ? nullptr : new THeldLock(system, path));
     std::int64_t pause = kShortestPause;
     for (std::int64_t waited = 0; !*held; waited += pause) {
         TFileNumber file = 0;
         TFileResult result = TryToLock(system, path, &file);
         const bool isLocked = result.IsDone();
         if (isLocked || result.Fault == TFileFault::Unsupported) {
-            *held = new THeldLock(system, path, file, isLocked);
+            *held = made.release();
+            (*held)->Hold(file, isLocked);
             return {};
         }
         if (result.Fault != TFileFault::Busy) return result;
@@ -134,7 +147,7 @@ TFileLock::TFileLock(const char* path) : Target(CanonicalPath(path ? path : ""))
     IFileSystem& system = GetFileSystem();
     TFileResult result = FollowLinks(system, &Target);
     if (result.IsDone()) result = THeldLock::Take(system, LockFileOf(Target), &Held);
-    Reason = result.Reason;
+    Reason = std::move(result.Reason);
 }
 
 TFileLock::~TFileLock() {

@@ -18,11 +18,14 @@ TSharedSet<std::string>& TemporariesInUse() {
 
 }  // namespace
 
-TFileSave::TFileSave(const std::string& path, const std::string& like)
+TFileSave::TFileSave(const std::string& path)
     : System(GetFileSystem()),
       Lock(path.c_str()),
       Target(Lock.GetTarget()),
-      Reason(Lock.GetReason()) {
+      Reason(Lock.GetReason()) {}
+
+// The destructor undoes it when it runs out of memory.
+void TFileSave::Begin(const std::string& like) {
     if (!Lock.IsHeld() || !LookAtTarget()) return;
     RemoveLeftovers();
     Like = TargetExists ? Target : like;
@@ -31,8 +34,8 @@ TFileSave::TFileSave(const std::string& path, const std::string& like)
 
 TFileSave::~TFileSave() {
     if (File) System.Close(*File);
-    for (const auto& name : {Temporary, Former})
-        if (name) RemoveFileBeside(System, *name);
+    for (const std::optional<std::string>* const name : {&Temporary, &Former})
+        if (*name) RemoveFileBeside(System, **name);
     for (const std::string& name : NamesTaken) TemporariesInUse().Remove(name);
 }
 
@@ -41,8 +44,8 @@ bool TFileSave::Write(std::string_view bytes) {
         std::size_t count = 0;
         IsGood = Check(System.Write(*File, bytes, &count));
         if (IsGood && count == 0) {
-            Reason = "the file takes no more bytes";
             IsGood = false;
+            Reason = "the file takes no more bytes";
         }
         bytes.remove_prefix(std::min(count, bytes.size()));
     }
@@ -54,9 +57,10 @@ bool TFileSave::Finish() {
            Check(System.Flush(*File)) && Close() && PutInPlace();
 }
 
-bool TFileSave::Check(const TFileResult& result) {
+// Takes no memory: what follows a failure must be done.
+bool TFileSave::Check(TFileResult result) {
     if (result.IsDone()) return true;
-    Reason = result.Reason;
+    Reason = std::move(result.Reason);
     return false;
 }
 
@@ -64,9 +68,9 @@ bool TFileSave::LookAtTarget() {
     const std::size_t name = Target.rfind(kPathDelimiter) + 1;
     Folder = Target.substr(0, name);
     TemporaryBegin = GetNameBeside(Target.substr(name)) + "-";
-    const TFileResult result = System.CheckReplaceable(Target);
+    TFileResult result = System.CheckReplaceable(Target);
     TargetExists = result.IsDone();
-    return result.Fault == TFileFault::Missing || Check(result);
+    return result.Fault == TFileFault::Missing || Check(std::move(result));
 }
 
 // The temporary files of saves that will not go on any more. Nothing depends on it.
@@ -100,22 +104,23 @@ std::string TFileSave::NewTemporaryName() {
 bool TFileSave::Create(bool isPrivate) {
     constexpr int kMostTries = 100;
     for (int tries = 1;; ++tries) {
-        const std::string name = NewTemporaryName();
+        std::string name = NewTemporaryName();
         TFileNumber file = 0;
-        const TFileResult result = System.Create(name, isPrivate, &file);
+        TFileResult result = System.Create(name, isPrivate, &file);
         if (result.IsDone()) {
-            Temporary = name;
+            Temporary = std::move(name);
             File = file;
         }
-        if (result.Fault != TFileFault::NameTaken || tries == kMostTries) return Check(result);
+        if (result.Fault != TFileFault::NameTaken || tries == kMostTries)
+            return Check(std::move(result));
     }
 }
 
 // Also a late write error arrives here.
 bool TFileSave::Close() {
-    const TFileResult closed = System.Close(*File);
+    TFileResult closed = System.Close(*File);
     File.reset();
-    return Check(closed);
+    return Check(std::move(closed));
 }
 
 // The renaming must survive a power failure as well. When it cannot be flushed, the old file
@@ -134,8 +139,8 @@ bool TFileSave::PutInPlace() {
 
 // Not every file system has hard links.
 void TFileSave::KeepHardLink() {
-    const std::string name = NewTemporaryName();
-    if (System.Link(Target, name).IsDone()) Former = name;
+    std::string name = NewTemporaryName();
+    if (System.Link(Target, name).IsDone()) Former = std::move(name);
 }
 
 bool SaveFile(const std::string& path, std::string_view bytes, const std::string& like,

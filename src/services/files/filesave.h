@@ -15,7 +15,7 @@
 /// What saves of this file left behind when their process was killed is removed.
 class TFileSave {
 public:
-    TFileSave(const std::string& path, const std::string& like);
+    TFileSave(const std::string& path, const std::string& like) : TFileSave(path) { Begin(like); }
     TFileSave(const TFileSave&) = delete;
     TFileSave& operator=(const TFileSave&) = delete;
     /// Without Finish() the file is as it was.
@@ -28,7 +28,9 @@ public:
     const std::string& GetReason() const { return Reason; }
 
 private:
-    bool Check(const TFileResult& result);
+    explicit TFileSave(const std::string& path);
+    void Begin(const std::string& like);
+    bool Check(TFileResult result);
     bool LookAtTarget();
     void RemoveLeftovers();
     bool IsLeftover(const std::string& name) const;

@@ -11,6 +11,7 @@
 #include <ctime>
 #include <dirent.h>
 #include <memory>
+#include <new>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -63,7 +64,13 @@ IFileSystem& GetNativeFileSystem() {
 }
 
 TFileResult FailWith(int error) {
-    return {FaultOf(error), std::strerror(error)};
+    const TFileFault fault = FaultOf(error);
+    try {
+        return {fault, std::strerror(error)};
+    } catch (const std::bad_alloc&) {
+        // What must be done all the same goes on.
+        return {fault, "out of memory"};
+    }
 }
 
 TFileResult ResultOf(int status) {
@@ -88,14 +95,11 @@ bool TNativeFileSystem::CanWrite(const std::string& path) {
 }
 
 std::string TNativeFileSystem::ExpandLinks(const std::string& path) {
-    char* real = nullptr;
-    do real = realpath(Native(path), nullptr);
+    // The C library allocates it.
+    std::unique_ptr<char, void (*)(void*)> real(nullptr, std::free);
+    do real.reset(realpath(Native(path), nullptr));
     while (!real && errno == EINTR);
-    if (!real) return {};
-    std::string text = real;
-    // The C library allocated it.
-    std::free(real);
-    return text;
+    return real ? real.get() : std::string();
 }
 
 TFileResult TNativeFileSystem::ReadLink(const std::string& path, std::string* target) {

@@ -7,6 +7,7 @@
 #define SI_NO_CONVERSION
 #define SI_NO_MBCS
 #include <SimpleIni.h>
+#include <new>
 
 namespace {
 
@@ -190,7 +191,7 @@ void TIniValues::Parse(std::string_view text) {
         else if (line.Kind == TIniLineKind::Key)
             lines.append(line.Text).append("\n");
     }
-    Store->Values.LoadData(lines.data(), lines.size());
+    if (Store->Values.LoadData(lines.data(), lines.size()) == SI_NOMEM) throw std::bad_alloc();
 }
 
 std::optional<std::string> TIniValues::Find(const std::string& address) const {

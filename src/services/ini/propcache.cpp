@@ -9,13 +9,14 @@
 #include "services/files/pathtext.h"
 #include "services/ini/inifile.h"
 #include "services/ini/inifilenames.h"
-#include "services/logging/binarylog.h"
+#include "services/logging/loglock.h"
 #include "services/names/isfilename.h"
 #include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
+#include <new>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -32,10 +33,13 @@ class TLogLines {
 public:
     TLogLines() = default;
     ~TLogLines() {
-        for (const std::string& line : Lines) {
-            gBinaryLogMessageLoggingMutex.Acquire();
-            TBinaryLogFile::GetInstance()->Write(line.c_str(), "", 0);
-            gBinaryLogMessageLoggingMutex.Release();
+        try {
+            for (const std::string& line : Lines) {
+                const TLogLock lock;
+                TBinaryLogFile::GetInstance()->Write(line.c_str(), "", 0);
+            }
+        } catch (const std::bad_alloc&) {
+            // There is no memory to open the log.
         }
     }
     TLogLines(const TLogLines&) = delete;
@@ -145,9 +149,15 @@ void TPropCache::TState::Change(const std::string& address, std::optional<std::s
     }
     // What did not change here must not undo a change made elsewhere.
     if (User.Find(address) == value) return;
-    ChangePlaces.emplace(address, Changes.size());
-    ChangedKeys[IniSectionOf(address)].push_back(address);
     Changes.push_back({address, std::move(value)});
+    try {
+        ChangePlaces.emplace(address, Changes.size() - 1);
+        ChangedKeys[IniSectionOf(address)].push_back(address);
+    } catch (const std::bad_alloc&) {
+        ChangePlaces.erase(address);
+        Changes.pop_back();
+        throw;
+    }
 }
 
 TPropCache::TPropCache(const char* userFile, const char* systemFile)
@@ -157,7 +167,11 @@ TPropCache::TPropCache(const char* userFile, const char* systemFile)
 }
 
 TPropCache::~TPropCache() {
-    Flush();
+    try {
+        Flush();
+    } catch (const std::bad_alloc&) {
+        // The file stays as it was.
+    }
 }
 
 const TIniReadError& TPropCache::GetReadError() const {

@@ -2,6 +2,7 @@
 
 #include "services/files/directories.h"
 #include "services/files/filereplace.h"
+#include "services/logging/loglock.h"
 #ifdef _WIN32
 #include "services/files/nativepath_windows.h"
 #endif
@@ -22,14 +23,6 @@ BinaryLogMutex gBinaryLogMessageLoggingMutex;
 TBinaryLogDiagnosticGroup __BinaryLogDiagnosticGroupDefault;
 
 namespace {
-
-class TLogLock {
-public:
-    TLogLock() { gBinaryLogMessageLoggingMutex.Acquire(); }
-    ~TLogLock() { gBinaryLogMessageLoggingMutex.Release(); }
-    TLogLock(const TLogLock&) = delete;
-    TLogLock& operator=(const TLogLock&) = delete;
-};
 
 std::FILE* OpenForAppending(const std::string& path) {
 #ifdef _WIN32

@@ -1,5 +1,6 @@
 #include "services/logging/usermessages.h"
 #include "services/logging/messagebox.h"
+#include <new>
 
 namespace {
 
@@ -24,5 +25,9 @@ TMessagesHeldBack::TMessagesHeldBack() : Outer(holder) {
 
 TMessagesHeldBack::~TMessagesHeldBack() {
     holder = Outer;
-    for (const TMessage& message : Messages) TellUser(message.Text, message.Caption.c_str());
+    try {
+        for (const TMessage& message : Messages) TellUser(message.Text, message.Caption.c_str());
+    } catch (const std::bad_alloc&) {
+        // There is no memory for the message.
+    }
 }

@@ -36,14 +36,18 @@ private:
 
     static void OnStart(void* userData, const XML_Char*, const XML_Char**) {
         TExpatRun& run = From(userData).Run;
-        const std::size_t begin = run.GetTokenBegin();
-        if (!From(userData).Collector.MeetStart(begin, begin + run.GetTokenLength()))
-            run.Refuse("more elements than can be edited");
+        run.Guard([&] {
+            const std::size_t begin = run.GetTokenBegin();
+            if (!From(userData).Collector.MeetStart(begin, begin + run.GetTokenLength()))
+                run.Refuse("more elements than can be edited");
+        });
     }
     static void OnEnd(void* userData, const XML_Char*) {
-        const TExpatRun& run = From(userData).Run;
-        const std::size_t begin = run.GetTokenBegin();
-        From(userData).Collector.MeetEnd(begin, begin + run.GetTokenLength());
+        TExpatRun& run = From(userData).Run;
+        run.Guard([&] {
+            const std::size_t begin = run.GetTokenBegin();
+            From(userData).Collector.MeetEnd(begin, begin + run.GetTokenLength());
+        });
     }
 
     TExpatRun Run;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
+#include <utility>
 
 namespace {
 
@@ -21,6 +23,7 @@ int ReadUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding) {
 
 TExpatRun::TExpatRun(const TXMLEncoding& encoding, void* userData)
     : Parser(XML_ParserCreate(encoding.Name)) {
+    if (!Parser) throw std::bad_alloc();
     XML_SetUserData(Parser, userData);
     XML_SetUnknownEncodingHandler(Parser, ReadUnknownEncoding, nullptr);
 }
@@ -61,11 +64,13 @@ bool TExpatRun::ParseCopy(std::string_view copy, bool isLast) {
     const XML_Status status = copy.empty()
                                   ? XML_Parse(Parser, "", 0, isLast)
                                   : XML_ParseBuffer(Parser, static_cast<int>(copy.size()), isLast);
+    if (Thrown) std::rethrow_exception(std::exchange(Thrown, nullptr));
     return status == XML_STATUS_OK || Fail();
 }
 
 bool TExpatRun::Fail() {
     if (Stopped) return false;
+    if (GetError() == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
     Reason = XML_ErrorString(GetError());
     FailurePlace = GetTokenBegin();
     return false;

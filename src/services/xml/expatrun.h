@@ -1,4 +1,5 @@
 #pragma once
+#include <exception>
 #include <expat.h>
 #include <string>
 #include <string_view>
@@ -28,6 +29,19 @@ public:
     /// Called by a handler: nothing more is to be read.
     void Stop();
 
+    /// What a handler does goes through here: nothing may be thrown through Expat. What is thrown
+    /// ends the parse, which throws it then; what comes behind it is not done.
+    template <class THandle>
+    void Guard(THandle handle) noexcept {
+        if (Thrown) return;
+        try {
+            handle();
+        } catch (...) {
+            Thrown = std::current_exception();
+            Stop();
+        }
+    }
+
     /// The present token's first byte in the document, and its length in bytes.
     std::size_t GetTokenBegin() const;
     std::size_t GetTokenLength() const;
@@ -47,6 +61,7 @@ private:
     std::string Reason;
     std::size_t FailurePlace = 0;
     bool Stopped = false;
+    std::exception_ptr Thrown;
 };
 
 /// Whether Expat takes a whole document.

@@ -25,10 +25,11 @@ public:
 private:
     static void OnStart(void* userData, const XML_Char* name, const XML_Char**) {
         auto& finder = *static_cast<TOpenElementFinder*>(userData);
-        finder.Open.push_back({name, finder.Run.GetTokenBegin()});
+        finder.Run.Guard([&] { finder.Open.push_back({name, finder.Run.GetTokenBegin()}); });
     }
     static void OnEnd(void* userData, const XML_Char*) {
-        static_cast<TOpenElementFinder*>(userData)->Open.pop_back();
+        auto& finder = *static_cast<TOpenElementFinder*>(userData);
+        finder.Run.Guard([&] { finder.Open.pop_back(); });
     }
 
     TExpatRun Run;

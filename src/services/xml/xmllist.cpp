@@ -1,6 +1,7 @@
 #include "services/xml/xmllist.h"
 
 #include <mutex>
+#include <new>
 #include <optional>
 #include <unordered_map>
 
@@ -11,7 +12,7 @@
 #include "services/files/filestatus.h"
 #include "services/files/pathconventions.h"
 #include "services/files/pathtext.h"
-#include "services/logging/binarylog.h"
+#include "services/logging/loglock.h"
 #include "services/logging/usermessages.h"
 #include "services/names/isfilename.h"
 #include "services/xml/elementsequence.h"
@@ -86,9 +87,8 @@ std::string DescribeReadError(const char* path, const TXMLReadError& error) {
 }
 
 void LogText(const std::string& text) {
-    gBinaryLogMessageLoggingMutex.Acquire();
+    const TLogLock lock;
     TBinaryLogFile::GetInstance()->Write(text.c_str(), "xmllist", kReadFailureLine);
-    gBinaryLogMessageLoggingMutex.Release();
 }
 
 bool ReadBytes(const char* path, std::string* bytes, TXMLReadError* error) {
@@ -121,17 +121,38 @@ public:
             Reason = Save->GetReason();
             return false;
         }
-        NoteRead(File, true);
+        NoteSave();
         return true;
     }
     const std::string& GetReason() const { return Reason; }
 
 private:
+    // Nothing of the file is lost without it: the next save may keep a copy that nobody needs.
+    void NoteSave() const noexcept {
+        try {
+            NoteRead(File, true);
+        } catch (const std::bad_alloc&) {
+            return;
+        }
+    }
+
     const ISFileName* File;
     std::string Path;
     std::optional<TFileLock> Lock;
     std::optional<TFileSave> Save;
     std::string Reason;
+};
+
+/// The writer that takes what is pushed, until the end of its life, however that comes.
+class TWriterTurn {
+public:
+    TWriterTurn(TXMLWriter** place, TXMLWriter* writer) : Place(place) { *place = writer; }
+    ~TWriterTurn() { *Place = nullptr; }
+    TWriterTurn(const TWriterTurn&) = delete;
+    TWriterTurn& operator=(const TWriterTurn&) = delete;
+
+private:
+    TXMLWriter** Place;
 };
 
 bool PrintElements(TXMLList* list, TPrintBuffer* document, std::string* reason) {
@@ -243,7 +264,15 @@ bool TXMLList::ReadFile(const char* path, const char*) {
     SetFileName(file.c_str());
     Flush(1);
     ReadError = {};
-    const bool isRead = ReadDocument(file.c_str());
+    bool isRead = false;
+    try {
+        isRead = ReadDocument(file.c_str());
+    } catch (...) {
+        // What was not read must not look like an empty or missing file.
+        ReadError = {};
+        ReadError.Reason = "out of memory";
+        throw;
+    }
     ReadError.File = file;
     NoteRead(FileName, isRead || ReadError.Missing);
     if (isRead)
@@ -316,9 +345,10 @@ bool TXMLList::FillAndPrint(TPrintBuffer* document, std::string* reason) {
         return PrintElements(this, document, reason);
     }
     TXMLWriter writer(this, false, document);
-    Writer = &writer;
-    FillElements();
-    Writer = nullptr;
+    {
+        const TWriterTurn turn(&Writer, &writer);
+        FillElements();
+    }
     if (writer.Finish()) return true;
     *reason = writer.GetError();
     return false;

@@ -37,27 +37,36 @@ private:
     }
 
     static void OnXmlDeclaration(void* userData, const XML_Char* version, const XML_Char*, int) {
-        if (version && !IsAcceptedVersion(version))
-            From(userData).Run.Refuse("XML version \"" + std::string(version) +
-                                      "\" is not accepted");
+        TExpatRun& run = From(userData).Run;
+        run.Guard([&] {
+            if (version && !IsAcceptedVersion(version))
+                run.Refuse("XML version \"" + std::string(version) + "\" is not accepted");
+        });
     }
 
     static void OnDeclarationToken(void* userData, const XML_Char* text, int length) {
         TPrologueReader& reader = From(userData);
-        const std::string_view token(text, static_cast<std::size_t>(length));
-        if (token == kXMLDocumentType)
-            reader.Prologue.DocumentTypeBegin = reader.Run.GetTokenBegin();
-        else if (token == kEntity)
-            reader.Run.Refuse("entity declarations are not accepted");
-        if (token == kXMLDocumentType || !reader.Prologue.DocumentType.empty())
-            reader.Prologue.DocumentType += token;
+        reader.Run.Guard([&] { reader.TakeToken({text, static_cast<std::size_t>(length)}); });
     }
 
     static void OnDocumentTypeEnd(void* userData) {
         TPrologueReader& reader = From(userData);
-        reader.Prologue.DocumentTypeEnd = reader.Run.GetTokenBegin() + reader.Run.GetTokenLength();
-        reader.Prologue.DocumentType += '>';
-        reader.Run.Stop();
+        reader.Run.Guard([&] { reader.EndDocumentType(); });
+    }
+
+    void TakeToken(std::string_view token) {
+        if (token == kXMLDocumentType)
+            Prologue.DocumentTypeBegin = Run.GetTokenBegin();
+        else if (token == kEntity)
+            Run.Refuse("entity declarations are not accepted");
+        if (token == kXMLDocumentType || !Prologue.DocumentType.empty())
+            Prologue.DocumentType += token;
+    }
+
+    void EndDocumentType() {
+        Prologue.DocumentTypeEnd = Run.GetTokenBegin() + Run.GetTokenLength();
+        Prologue.DocumentType += '>';
+        Run.Stop();
     }
 
     static void OnStartElement(void* userData, const XML_Char*, const XML_Char**) {

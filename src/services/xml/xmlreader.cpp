@@ -103,15 +103,19 @@ private:
     static void OnCollectedStart(void* userData, const XML_Char* name,
                                  const XML_Char** attributes) {
         TDocumentReader& reader = From(userData);
-        const std::size_t begin = reader.Run.GetTokenBegin();
-        (void)reader.Collector->MeetStart(begin, begin + reader.Run.GetTokenLength());
+        reader.Run.Guard([&] {
+            const std::size_t begin = reader.Run.GetTokenBegin();
+            (void)reader.Collector->MeetStart(begin, begin + reader.Run.GetTokenLength());
+        });
         OnObservedStart(userData, name, attributes);
     }
 
     static void OnCollectedEnd(void* userData, const XML_Char* name) {
         TDocumentReader& reader = From(userData);
-        const std::size_t begin = reader.Run.GetTokenBegin();
-        reader.Collector->MeetEnd(begin, begin + reader.Run.GetTokenLength());
+        reader.Run.Guard([&] {
+            const std::size_t begin = reader.Run.GetTokenBegin();
+            reader.Collector->MeetEnd(begin, begin + reader.Run.GetTokenLength());
+        });
         OnEnd(userData, name);
     }
 
@@ -121,15 +125,17 @@ private:
     }
 
     static void OnPlacedStart(void* userData, const XML_Char* name, const XML_Char** attributes) {
-        From(userData).PlaceText();
+        TDocumentReader& reader = From(userData);
+        reader.Run.Guard([&] { reader.PlaceText(); });
         OnObservedStart(userData, name, attributes);
-        From(userData).PlaceElement();
+        reader.Run.Guard([&] { reader.PlaceElement(); });
     }
 
     static void OnPlacedEnd(void* userData, const XML_Char* name) {
-        From(userData).PlaceText();
+        TDocumentReader& reader = From(userData);
+        reader.Run.Guard([&] { reader.PlaceText(); });
         OnEnd(userData, name);
-        From(userData).PlaceElement();
+        reader.Run.Guard([&] { reader.PlaceElement(); });
     }
 
     static void OnPlacedText(void* userData, const XML_Char* text, int length) {
@@ -165,27 +171,35 @@ private:
     }
 
     static void OnStart(void* userData, const XML_Char* name, const XML_Char** attributes) {
-        From(userData).Start(name, attributes);
+        TDocumentReader& reader = From(userData);
+        reader.Run.Guard([&] { reader.Start(name, attributes); });
     }
 
     // Expat is given the whole document at once: only its handlers know how far it is.
     static void OnObservedStart(void* userData, const XML_Char* name, const XML_Char** attributes) {
         TDocumentReader& reader = From(userData);
-        reader.Progress.Reach(reader.Run.GetTokenBegin());
+        reader.Run.Guard([&] { reader.Progress.Reach(reader.Run.GetTokenBegin()); });
         OnStart(userData, name, attributes);
     }
 
-    static void OnEnd(void* userData, const XML_Char*) { From(userData).End(); }
+    static void OnEnd(void* userData, const XML_Char*) {
+        TDocumentReader& reader = From(userData);
+        reader.Run.Guard([&] { reader.End(); });
+    }
 
     static void OnText(void* userData, const XML_Char* text, int length) {
-        From(userData).AddText({text, static_cast<std::size_t>(length)});
+        TDocumentReader& reader = From(userData);
+        reader.Run.Guard([&] { reader.AddText({text, static_cast<std::size_t>(length)}); });
     }
 
     static void OnCdataSection(void* userData) { From(userData).TextCounts = true; }
 
     static void OnTokenBeforeRoot(void* userData, const XML_Char* text, int length) {
-        if (std::string_view(text, static_cast<std::size_t>(length)) == kXMLDocumentType)
-            From(userData).Run.Refuse("more than one document type");
+        TExpatRun& run = From(userData).Run;
+        run.Guard([&] {
+            if (std::string_view(text, static_cast<std::size_t>(length)) == kXMLDocumentType)
+                run.Refuse("more than one document type");
+        });
     }
 
     void Start(const XML_Char* name, const XML_Char** attributes) {

@@ -21,7 +21,28 @@ void AppendElement(const TElement& element, std::string* all) {
     *all += '\n';
 }
 
+/// Elements that have left their list with their nodes.
+class TElementRow : public DList<TElement*> {
+public:
+    TElementRow() = default;
+    ~TElementRow() override { Flush(1); }
+    TElementRow(const TElementRow&) = delete;
+    TElementRow& operator=(const TElementRow&) = delete;
+    using DList::TakeAll;
+    using DList::TakeFirstOf;
+};
+
 }  // namespace
+
+/// What the list held before the section is replaced. What is written around it goes back to the
+/// list; nothing of that takes memory.
+struct TKeptSection {
+    TElementRow Before;
+    TElementRow Section;
+    TElementRow Behind;
+    std::size_t LinkedBefore = 0;
+    std::size_t LinkedBehind = 0;
+};
 
 TXMLSectionFile::TXMLSectionFile(const char* section, const char* parent, TPlacement placement)
     : Placement(placement), Section{section}, Parent{parent} {
@@ -42,23 +63,28 @@ std::string TXMLSectionFile::GetSectionText() const {
 bool TXMLSectionFile::ReplaceSection(const char* path) {
     const bool hasPlace = IsEmpty() ? MayBeNew() : Section.Count > 0 || Parent.Count > 0;
     if (!hasPlace) return false;
-    KeepElements();
-    const bool isWritten = WriteFile(path);
-    Kept.clear();
+    if (!IsEmpty()) KeepElements();
+    bool isWritten = false;
+    try {
+        isWritten = WriteFile(path);
+    } catch (...) {
+        PutBack();
+        throw;
+    }
+    Kept.reset();
     Locate();
     return isWritten;
 }
 
 void TXMLSectionFile::FillElements() {
-    if (Kept.empty()) {
+    if (!Kept) {
         PushStart(this, Parent.Name);
         FillSection();
         return PushEnd(this, Parent.Name);
     }
-    const bool isThere = Section.Count > 0;
-    PushKept(0, isThere ? Section.Begin : Parent.End);
+    LinkAll(&Kept->Before, &Kept->LinkedBefore);
     FillSection();
-    PushKept(isThere ? Section.End + 1 : Parent.End, Kept.size());
+    LinkAll(&Kept->Behind, &Kept->LinkedBehind);
 }
 
 // Whether the save makes a new file: not for a file that could not be read, nor for one that was
@@ -116,17 +142,44 @@ void TXMLSectionFile::MeetEnd(TPlace& place, std::size_t depth, std::size_t numb
     if (place.Count == 1) place.End = number;
 }
 
-// Writing flushes the list before it fills it. The places then hold for what is kept.
+// Writing flushes the list before it fills it. One behind the other leaves it, as whoever overrides
+// ObjectRemoved() expects.
 void TXMLSectionFile::KeepElements() {
-    const TPlace section = Section;
-    const TPlace parent = Parent;
-    for (TElementIterator element(*this); element.NotAtTail(); ++element)
-        Kept.emplace_back(element.Current());
-    Flush(0);
-    Section = section;
-    Parent = parent;
+    Kept = std::make_unique<TKeptSection>();
+    const bool isThere = Section.Count > 0;
+    const std::size_t begin = isThere ? Section.Begin : Parent.End;
+    const std::size_t end = isThere ? Section.End + 1 : Parent.End;
+    for (std::size_t number = 0; !IsEmpty(); ++number) {
+        TElement* const element = DListIterator<TElement*>(*this).Current();
+        TElementRow& row = number < begin ? Kept->Before
+                           : number < end ? Kept->Section
+                                          : Kept->Behind;
+        row.TakeFirstOf(this);
+        ObjectRemoved(element);
+    }
 }
 
-void TXMLSectionFile::PushKept(std::size_t begin, std::size_t end) {
-    for (std::size_t i = begin; i < end; ++i) AddAtTail(Kept[i].release());
+// The list has some of them again, and elements of the section between those.
+void TXMLSectionFile::PutBack() {
+    if (!Kept) return;
+    TElementRow all;
+    for (std::size_t i = 0; i < Kept->LinkedBefore; ++i) all.TakeFirstOf(this);
+    all.TakeAll(&Kept->Before);
+    all.TakeAll(&Kept->Section);
+    TElementRow made;
+    while (GetCount() > Kept->LinkedBehind) made.TakeFirstOf(this);
+    all.TakeAll(this);
+    all.TakeAll(&Kept->Behind);
+    TakeAll(&all);
+    Kept.reset();
+    Locate();
+}
+
+void TXMLSectionFile::LinkAll(DList<TElement*>* kept, std::size_t* count) {
+    while (!kept->IsEmpty()) {
+        TElement* const element = DListIterator<TElement*>(*kept).Current();
+        TakeFirstOf(kept);
+        ++*count;
+        ObjectAdded(element);
+    }
 }

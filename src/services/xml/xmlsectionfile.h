@@ -3,7 +3,8 @@
 #include <cstddef>
 #include <memory>
 #include <string>
-#include <vector>
+
+struct TKeptSection;
 
 /// A file that several components share, of which one section is read and replaced.
 ///
@@ -37,7 +38,8 @@ public:
     /// Writes the elements last read to the file, with those of FillSection in the place of the
     /// first section; after a read that found no file, and before any, a new document whose root is
     /// the parent. False when WriteFile fails; false, with nothing changed, when there is neither
-    /// section nor parent and after a read that failed in another way.
+    /// section nor parent and after a read that failed in another way. When memory runs out, the
+    /// elements are those that were read, and the file is as it was or as it is to be.
     bool ReplaceSection(const char* path);
 
 protected:
@@ -67,11 +69,12 @@ private:
     void ForgetPlaces();
     void Locate();
     void KeepElements();
-    void PushKept(std::size_t begin, std::size_t end);
+    void PutBack();
+    void LinkAll(DList<TElement*>* kept, std::size_t* count);
 
     TPlacement Placement;
     TPlace Section;
     TPlace Parent;
     bool WasRead = false;
-    std::vector<std::unique_ptr<TElement>> Kept;  // what is written around the section
+    std::unique_ptr<TKeptSection> Kept;  // while the section is replaced
 };

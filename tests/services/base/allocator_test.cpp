@@ -102,10 +102,13 @@ TEST(Allocator, AsksTheNewHandlerFirst) {
     EXPECT_EQ(calls, 2);
 }
 
-TEST(AllocatorDeathTest, EndsTheProcessWithAMessageWhenMemoryIsOut) {
-    EXPECT_DEATH(::operator delete(::operator new(Hidden(kImpossible))),
-                 "hdlbuildfile: out of memory");
-    EXPECT_DEATH(::operator delete (::operator new (Hidden(kImpossible), std::align_val_t{64}),
+TEST(Allocator, ThrowsWithoutMemoryWhereNullIsNotPromised) {
+    EXPECT_THROW(::operator delete(::operator new(Hidden(kImpossible))), std::bad_alloc);
+    EXPECT_THROW(::operator delete[](::operator new[](Hidden(kImpossible))), std::bad_alloc);
+    EXPECT_THROW(::operator delete (::operator new (Hidden(kImpossible), std::align_val_t{64}),
                                     std::align_val_t{64}),
-                 "hdlbuildfile: out of memory");
+                 std::bad_alloc);
+    EXPECT_THROW(::operator delete[](::operator new[](Hidden(kImpossible), std::align_val_t{64}),
+                                     std::align_val_t{64}),
+                 std::bad_alloc);
 }

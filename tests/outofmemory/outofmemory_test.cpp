@@ -1,0 +1,42 @@
+#include "tests/outofmemory/tries.h"
+#include <cstdlib>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// The distance of the allocations that fail: all of them with HDLBUILDFILE_EVERY_ALLOCATION.
+std::size_t GetStep() {
+    constexpr std::size_t kUsualStep = 7;
+    return std::getenv("HDLBUILDFILE_EVERY_ALLOCATION") ? 1 : kUsualStep;
+}
+
+std::size_t TryAll(const TWorkRow& row, bool forever, TAfterFailure after) {
+    const TTries tries(row);
+    std::size_t count = 0;
+    bool isReached = true;
+    for (std::size_t number = 1; isReached; number += GetStep(), ++count)
+        EXPECT_EQ(tries.Try(number, forever, after, &isReached), "")
+            << row.Name << ", allocation " << number << (forever ? " and all behind it" : "")
+            << (after == WORK_IS_DELETED ? ", then deleted" : ", then done again");
+    return count;
+}
+
+/// Each work without one allocation, and without all from one on.
+void TryWorks(const std::vector<TWorkRow>& works) {
+    for (const TWorkRow& row : works) {
+        std::size_t count = TryAll(row, false, WORK_IS_DELETED);
+        for (const bool forever : {false, true}) count += TryAll(row, forever, WORK_IS_DONE_AGAIN);
+        EXPECT_GT(count, 3U) << row.Name;
+        testing::Test::RecordProperty(row.Name, std::to_string(count));
+    }
+}
+
+}  // namespace
+
+TEST(OutOfMemory, LosesNothingOfDocuments) {
+    TryWorks(MakeXmlWorks());
+}
+
+TEST(OutOfMemory, LosesNothingOfSettings) {
+    TryWorks(MakeSettingsWorks());
+}

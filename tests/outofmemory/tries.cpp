@@ -1,0 +1,56 @@
+#include "tests/outofmemory/tries.h"
+#include "tests/outofmemory/failingheap.h"
+#include <gtest/gtest.h>
+#include <new>
+
+namespace {
+
+std::string ResultOf(IWork* work) {
+    return work->Do() ? work->GetResult() : "failed";
+}
+
+/// Whether the work says that it is done.
+bool DoWithout(std::size_t number, bool forever, IWork* work, bool* isReached) {
+    bool isDone = false;
+    FailingHeap::FailAt(number, forever);
+    try {
+        isDone = work->Do();
+    } catch (const std::bad_alloc&) {
+        isDone = false;
+    }
+    *isReached = FailingHeap::Stop() >= number;
+    return isDone;
+}
+
+/// What is lost, as one of these: a text of its own would count as a leak.
+const char* FindLoss(IWork* work, bool isDone, TAfterFailure after, const std::string& expected) {
+    if (!work->IsFileWhole()) return "the file is not whole";
+    if (isDone && work->GetResult() != expected) return "it says that it is done, and is not";
+    if (after == WORK_IS_DELETED || ResultOf(work) == expected) return "";
+    return "it does something else when it is done again";
+}
+
+}  // namespace
+
+TTries::TTries(const TWorkRow& row) : Row(row) {
+    for (int i = 0; i < 3; ++i) {
+        const std::unique_ptr<IWork> work = Row.Make();
+        Expected = ResultOf(work.get());
+        EXPECT_EQ(ResultOf(work.get()), Expected) << Row.Name;
+    }
+    EXPECT_NE(Expected, "failed") << Row.Name;
+}
+
+std::string TTries::Try(std::size_t number, bool forever, TAfterFailure after,
+                        bool* isReached) const {
+    const std::ptrdiff_t before = FailingHeap::GetLiveCount();
+    const char* loss = "";
+    {
+        const std::unique_ptr<IWork> work = Row.Make();
+        const bool isDone = DoWithout(number, forever, work.get(), isReached);
+        loss = FindLoss(work.get(), isDone, after, Expected);
+    }
+    const std::ptrdiff_t leaked = FailingHeap::GetLiveCount() - before;
+    if (*loss || leaked <= Row.MostLost) return loss;
+    return "it leaks " + std::to_string(leaked) + " allocations";
+}
