@@ -7,18 +7,6 @@ std::string TextOf(const TScanDefine& define) {
     return define.Value.empty() ? define.Name : define.Name + "=" + define.Value;
 }
 
-bool IsSystemVerilog(const TPlanSource& source, const TBuildPlan& plan) {
-    const TPlanSettings* const settings = plan.FindSettings(LANGUAGE_VERILOG);
-    return source.Path.ends_with(".sv") || source.Path.ends_with(".svh") ||
-           (settings && !settings->Standard.empty());
-}
-
-bool HasSystemVerilog(const TBuildPlan& plan) {
-    return std::any_of(plan.Sources.begin(), plan.Sources.end(), [&plan](const auto& source) {
-        return source.Language == LANGUAGE_VERILOG && IsSystemVerilog(source, plan);
-    });
-}
-
 const TPlanSettings& TExportWriter::SettingsOf(THdlLanguage language) const {
     static const TPlanSettings none;
     const TPlanSettings* const settings = GetPlan().FindSettings(language);

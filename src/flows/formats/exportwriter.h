@@ -8,11 +8,6 @@
 /// "NAME" or "NAME=VALUE".
 std::string TextOf(const TScanDefine& define);
 
-/// Whether the source needs a reader of SystemVerilog: by its name, or by the settings.
-bool IsSystemVerilog(const TPlanSource& source, const TBuildPlan& plan);
-/// Whether a source in Verilog does.
-bool HasSystemVerilog(const TBuildPlan& plan);
-
 /// Whether one of the characters is in the text.
 inline bool HasAny(std::string_view text, std::string_view characters) {
     return text.find_first_of(characters) != std::string_view::npos;

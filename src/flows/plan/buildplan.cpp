@@ -8,6 +8,7 @@
 #include "services/names/environment.h"
 #include "services/names/isfilename.h"
 #include "settings/projectsimlanguageconfig.h"
+#include <algorithm>
 #include <unordered_map>
 
 namespace {
@@ -128,6 +129,18 @@ const TPlanSettings* TBuildPlan::FindSettings(THdlLanguage language) const {
     for (const TPlanSettings& settings : Settings)
         if (settings.Language == language) return &settings;
     return nullptr;
+}
+
+bool IsSystemVerilog(const TPlanSource& source, const TBuildPlan& plan) {
+    const TPlanSettings* const settings = plan.FindSettings(LANGUAGE_VERILOG);
+    return source.Path.ends_with(".sv") || source.Path.ends_with(".svh") ||
+           (settings && !settings->Standard.empty());
+}
+
+bool HasSystemVerilog(const TBuildPlan& plan) {
+    return std::any_of(plan.Sources.begin(), plan.Sources.end(), [&plan](const auto& source) {
+        return source.Language == LANGUAGE_VERILOG && IsSystemVerilog(source, plan);
+    });
 }
 
 TBuildPlan MakePlan(THdlBuildFile& build) {

@@ -58,6 +58,11 @@ struct TBuildPlan {
     const TPlanSettings* FindSettings(THdlLanguage language) const;
 };
 
+/// Whether the source needs a reader of SystemVerilog: by its name, or by the settings.
+bool IsSystemVerilog(const TPlanSource& source, const TBuildPlan& plan);
+/// Whether a source in Verilog does.
+bool HasSystemVerilog(const TBuildPlan& plan);
+
 /// Orders the VHDL sources of the build. Variables are resolved; one that is not known stays as it
 /// is written, and is told.
 TBuildPlan MakePlan(THdlBuildFile& build);

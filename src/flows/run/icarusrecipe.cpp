@@ -41,7 +41,7 @@ private:
     TWords CompilationOf(const TBuildTop& top, const std::string& image, const std::string& waves) {
         TWords words = Recipe.Call("iverilog");
         Append({"-o", image, "-s", PlainNameOf(top), DelayOption()}, &words);
-        if (AsksForSystemVerilog(Recipe)) words.emplace_back("-g2012");
+        if (HasSystemVerilog(Recipe.GetPlan())) words.emplace_back("-g2012");
         Append(CompileOptions, &words);
         AppendDefines(Recipe, &words);
         AppendDirectories(&words);

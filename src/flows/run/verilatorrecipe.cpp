@@ -73,7 +73,7 @@ private:
         Append({"--no-MMD", "--Mdir", ".", "-Wno-fatal", "--top-module",
                 HasWaves() ? "hdlbuild_waves" : PlainNameOf(top)},
                &words);
-        if (AsksForSystemVerilog(Recipe)) words.emplace_back("-sv");
+        if (HasSystemVerilog(Recipe.GetPlan())) words.emplace_back("-sv");
         if (HasWaves()) words.emplace_back("--trace");
         Append(CompileOptions, &words);
         AppendDefines(Recipe, &words);

@@ -1,13 +1,4 @@
 #include "flows/run/verilogwords.h"
-#include <algorithm>
-
-bool AsksForSystemVerilog(const TRunRecipe& recipe) {
-    const auto& sources = recipe.GetPlan().Sources;
-    return !recipe.GetSettings().Standard.empty() ||
-           std::any_of(sources.begin(), sources.end(), [](const TPlanSource& source) {
-               return source.Language == LANGUAGE_VERILOG && source.Path.ends_with(".sv");
-           });
-}
 
 std::string QuotedText(const std::string& text) {
     std::string quoted = "\"";

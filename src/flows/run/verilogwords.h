@@ -4,8 +4,6 @@
 
 // What both Verilog simulators are called with.
 
-/// Whether the settings or the name of a source ask for SystemVerilog.
-bool AsksForSystemVerilog(const TRunRecipe& recipe);
 /// A text between double quotes, as Verilog takes it.
 std::string QuotedText(const std::string& text);
 /// "-DNAME=VALUE" for each define.

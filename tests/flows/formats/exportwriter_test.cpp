@@ -91,15 +91,3 @@ TEST(ExportWriter, ListsWhatIsWrittenOfALanguage) {
     EXPECT_TRUE(TExportWriter(request, "f").HasSources(LANGUAGE_VHDL));
     EXPECT_FALSE(TExportWriter(request, "f").HasSources(LANGUAGE_SYSTEMC));
 }
-
-TEST(ExportWriter, SeesSystemVerilogInNamesAndSettings) {
-    for (const char* const name : {"/p/a.sv", "/p/a.svh"})
-        EXPECT_TRUE(HasSystemVerilog(MakePlanOf(LANGUAGE_VERILOG, name))) << name;
-    EXPECT_FALSE(HasSystemVerilog(MakePlanOf(LANGUAGE_VHDL, "/p/a.sv")));
-    TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, "/p/a.v");
-    EXPECT_FALSE(HasSystemVerilog(plan));
-    plan.Settings = {TPlanSettings()};
-    plan.Settings[0].Language = LANGUAGE_VERILOG;
-    plan.Settings[0].Standard = "2012";
-    EXPECT_TRUE(HasSystemVerilog(plan));
-}

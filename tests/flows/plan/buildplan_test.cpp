@@ -122,3 +122,20 @@ TEST_F(BuildPlan, TakesTheSettingsOfEachLanguage) {
     EXPECT_EQ(GetDiagnosticText(plan.Losses[0]),
               "a variable without a value: +go $(NO_SUCH_VARIABLE)");
 }
+
+TEST_F(BuildPlan, SeesSystemVerilogInNamesAndSettings) {
+    const auto planOf = [](THdlLanguage language, const char* path) {
+        TBuildPlan made;
+        made.Sources = {{path, language, "work", false, {}}};
+        return made;
+    };
+    for (const char* const name : {"/p/a.sv", "/p/a.svh"})
+        EXPECT_TRUE(HasSystemVerilog(planOf(LANGUAGE_VERILOG, name))) << name;
+    EXPECT_FALSE(HasSystemVerilog(planOf(LANGUAGE_VHDL, "/p/a.sv")));
+    TBuildPlan plan = planOf(LANGUAGE_VERILOG, "/p/a.v");
+    EXPECT_FALSE(HasSystemVerilog(plan));
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_VERILOG;
+    plan.Settings[0].Standard = "2012";
+    EXPECT_TRUE(HasSystemVerilog(plan));
+}
