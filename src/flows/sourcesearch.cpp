@@ -269,16 +269,19 @@ TFoundSources FindSources(const std::vector<std::string>& paths, const TSourceSe
     return std::move(found.Found);
 }
 
-std::vector<std::string> FindIncludedFiles(const std::string& folder) {
+TIncludedFiles FindIncludedFiles(const std::string& folder) {
     TSourceSearch search;
     search.EntersFolders = true;
     search.KeepsRest = true;
-    std::vector<std::string> files;
-    for (std::string& path : FindSources({folder}, search).Rest) {
-        if (!IsIncluded(path)) continue;
+    TFoundSources found = FindSources({folder}, search);
+    TIncludedFiles files;
+    const auto add = [&files](std::string path) {
+        auto& kind = IsIncluded(path) ? files.Headers : files.Others;
         std::replace(path.begin(), path.end(), '\\', '/');
-        files.push_back(std::move(path));
-    }
+        kind.push_back(std::move(path));
+    };
+    for (TFoundSource& source : found.Sources) add(std::move(source.Path));
+    for (std::string& path : found.Rest) add(std::move(path));
     return files;
 }
 

@@ -40,9 +40,15 @@ struct TFoundSources {
 /// part of a pattern that is no `**` means them.
 TFoundSources FindSources(const std::vector<std::string>& paths, const TSourceSearch& search);
 
-/// The files in a folder, and in those below, whose extension says that others include them, with
-/// '/'; in the order of their names. None in a folder that cannot be read.
-std::vector<std::string> FindIncludedFiles(const std::string& folder);
+/// The files of an include directory, with '/'.
+struct TIncludedFiles {
+    std::vector<std::string> Headers;  ///< whose extension says that others include them
+    std::vector<std::string> Others;   ///< sources first
+};
+
+/// The files in a folder, and in those below; each kind in the order of the names. None in a folder
+/// that cannot be read.
+TIncludedFiles FindIncludedFiles(const std::string& folder);
 
 /// Whether tools put what they make into folders of that name.
 bool IsOutputFolder(std::string_view name);

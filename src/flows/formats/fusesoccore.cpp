@@ -3,6 +3,8 @@
 #include "flows/formats/formatwriters.h"
 #include "flows/sourcesearch.h"
 #include "flows/trees/yamltext.h"
+#include <algorithm>
+#include <unordered_set>
 
 namespace {
 
@@ -20,6 +22,7 @@ private:
 
     TExportWriter& Writer;
     TEdamParts Parts;
+    std::unordered_set<std::string> Listed;  // paths of sources
 };
 
 TJson TCore::Make() {
@@ -44,6 +47,7 @@ TJson TCore::Make() {
 
 TJson TCore::MakeFiles() {
     TJson files = TJson::Array();
+    for (const TPlanSource& source : Writer.GetPlan().Sources) Listed.insert(source.Path);
     for (const std::string& path : Writer.SettingsOf(LANGUAGE_VERILOG).IncludeDirectories)
         AddIncluded(path, &files);
     for (const TPlanSource& source : Writer.GetPlan().Sources) {
@@ -58,15 +62,20 @@ TJson TCore::MakeFiles() {
 // FuseSoC copies files, not folders.
 void TCore::AddIncluded(const std::string& folder, TJson* files) {
     const std::string name = NameOf(folder);
-    bool isEmpty = true;
-    for (const std::string& path : FindIncludedFiles(folder)) {
+    const TIncludedFiles found = FindIncludedFiles(folder);
+    for (const std::string& path : found.Headers)
         (*files).Add({{NameOf(path),
                        {{"file_type", "verilogSource"},
                         {"is_include_file", true},
                         {"include_path", name}}}});
-        isEmpty = false;
-    }
-    if (isEmpty) Writer.Lose("the include directory " + name + ", where no header is found");
+    if (found.Headers.empty())
+        Writer.Lose("the include directory " + name + ", where no header is found");
+    const auto other =
+        std::find_if(found.Others.begin(), found.Others.end(),
+                     [this](const std::string& path) { return !Listed.contains(path); });
+    if (other != found.Others.end() && !found.Headers.empty())
+        Writer.Lose("files of the include directory " + name +
+                    " without the extension of a header, such as " + Writer.PathOf(*other));
 }
 
 std::string TCore::NameOf(const std::string& path) {

@@ -70,7 +70,7 @@ TEST(FusesocCore, ListsTheHeadersOfIncludeDirectories) {
     const TemporaryFolder folder;
     folder.Write("inc/sub/b.svh", "");
     folder.Write("inc/a.vh", "");
-    folder.Write("inc/notes.txt", "");
+    folder.Write("inc/listed.v", "");
     std::string root = folder.Path();
     std::replace(root.begin(), root.end(), '\\', '/');
     TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, root + "/a.sv");
@@ -78,7 +78,19 @@ TEST(FusesocCore, ListsTheHeadersOfIncludeDirectories) {
     plan.Settings.emplace_back().Language = LANGUAGE_VERILOG;
     plan.Settings.front().IncludeDirectories = {root + "/inc"};
     plan.Settings.front().Delay = DELAY_TYPE_MAXIMUM;
+    plan.Sources.push_back({root + "/inc/listed.v", LANGUAGE_VERILOG, "main", false, {}});
+    const std::string core = Exported("fusesoc", plan, nullptr, root + "/");
+    folder.Write("inc/b.inc", "");
     EXPECT_EQ(Exported("fusesoc", plan, nullptr, root + "/"),
+              "fusesoc has no words for files of the include directory inc without the extension "
+              "of a header, such as inc/b.inc\n" +
+                  core);
+    folder.Write("inc/also.v", "");
+    EXPECT_EQ(Exported("fusesoc", plan, nullptr, root + "/"),
+              "fusesoc has no words for files of the include directory inc without the extension "
+              "of a header, such as inc/also.v\n" +
+                  core);
+    EXPECT_EQ(core,
               "CAPI=2:\n"
               "name: \"::soc\"\n"
               "filesets:\n"
@@ -94,6 +106,9 @@ TEST(FusesocCore, ListsTheHeadersOfIncludeDirectories) {
               "          include_path: inc\n"
               "      - a.sv:\n"
               "          file_type: systemVerilogSource\n"
+              "          logical_name: main\n"
+              "      - inc/listed.v:\n"
+              "          file_type: verilogSource\n"
               "          logical_name: main\n"
               "targets:\n"
               "  default:\n"
