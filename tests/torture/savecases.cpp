@@ -86,6 +86,20 @@ void TSavePlace::RestoreTarget() const {
         if (name == Save.Target) Folder.Write(name, bytes);
 }
 
+void TSavePlace::Put(const std::map<std::string, std::string>& files) const {
+    for (const auto& entry : std::filesystem::directory_iterator(Folder.Path()))
+        std::filesystem::remove_all(entry);
+    for (const auto& [path, bytes] : files)
+        Folder.Write(std::filesystem::path(path).filename().string(), bytes);
+}
+
+std::map<std::string, std::string> TSavePlace::Files() const {
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(Folder.Path()))
+        files[entry.path().string()] = Folder.Read(entry.path().filename().string());
+    return files;
+}
+
 int TSavePlace::Run(const std::string& prefix) const {
     // A program that lives longer hangs. The leak checker does not work where strace is.
     const std::string command = "cd '" + Folder.Path() + "' && HOME='" + Home.Path() +

@@ -1,5 +1,6 @@
 #pragma once
 #include "tests/support/temporaryfolder.h"
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,10 +25,15 @@ public:
     /// Puts the files back, with nothing beside them, or beside what tries have left.
     void Restore() const;
     void RestoreTarget() const;
+    /// Puts other files in their place.
+    void Put(const std::map<std::string, std::string>& files) const;
+    /// All files, by their paths.
+    std::map<std::string, std::string> Files() const;
     /// The save behind the words of `prefix`; the status of a shell, 128 + signal for one that a
     /// signal ended. What it prints is thrown away.
     int Run(const std::string& prefix = {}) const;
 
+    std::string Path(const std::string& name = {}) const { return Folder.Path(name); }
     std::string Target() const;
     std::string List() const;
     /// Whether the save works and leaves nothing but what it is to make. Called before any fault,
