@@ -213,6 +213,9 @@ private:
         Attributes.clear();
         for (; attributes[0]; attributes += 2)
             Attributes.emplace_back(attributes[0], attributes[1]);
+        if (Attributes.size() > kMaxXMLAttributes)
+            return Run.Refuse("an element has more than " + std::to_string(kMaxXMLAttributes) +
+                              " attributes");
         if (Visit) return VisitStart(name);
         Open.push_back(Elements->Push(TElement::START, name, {}, Attributes));
     }

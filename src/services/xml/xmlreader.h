@@ -9,6 +9,8 @@
 /// Elements nested deeper are a failure, for reading and writing alike. The root that a document
 /// type names does not count, whether it is dropped or held.
 inline constexpr std::size_t kMaxXMLNesting = 512;
+/// More attributes of one element are one as well: memory stays in proportion to the document.
+inline constexpr std::size_t kMaxXMLAttributes = 65536;
 
 /// Parses a whole document into its element stream, without the root called `droppedRoot` (empty:
 /// none is dropped). White space between two tags is dropped unless a reference or CDATA section

@@ -110,6 +110,11 @@ bool TXMLWriter::OpenElement(const TEvent& event) {
     if (Open.IsEmpty() && HasElement) return Fail("the document has more than one root element");
     if (IsNestedDeepest())
         return Fail("elements are nested deeper than " + std::to_string(kMaxXMLNesting));
+    const std::size_t attributes =
+        event.Element ? event.Element->GetAttributes().size() : event.Attributes.size();
+    if (attributes > kMaxXMLAttributes)
+        return Fail("an element has more than " + std::to_string(kMaxXMLAttributes) +
+                    " attributes");
     HasElement = true;
     const std::size_t size = Buffer.GetSize();
     if (!Print(event, GetIndent())) return false;

@@ -255,6 +255,18 @@ TEST(XMLReading, AcceptsNestingUpTo512) {
     EXPECT_EQ(StreamOf(Nested(1000000)), "1:1537: elements are nested deeper than 512");
 }
 
+TEST(XMLReading, AcceptsAnElementWith65536Attributes) {
+    std::string document = "<a>\n<b";
+    std::string stream = "START a\nSTART b";
+    for (int number = 0; number < 65536; ++number) {
+        document += " a" + std::to_string(number) + "=\"\"";
+        stream += " a" + std::to_string(number) + "=";
+    }
+    EXPECT_EQ(StreamOf(document + "/></a>"), stream + "\nEND b\nEND a\n");
+    EXPECT_EQ(StreamOf(document + " more=''/></a>"),
+              "2:1: an element has more than 65536 attributes");
+}
+
 TEST(XMLReading, LeavesTheListEmptyAfterAFailure) {
     TXMLList list;
     PushElements(&list, "START old\nEND old\n");

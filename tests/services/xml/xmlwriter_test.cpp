@@ -223,6 +223,15 @@ TEST(XMLWriting, RefusesWhatCouldNotBeReadForItsDepth) {
               "cannot be written: elements are nested deeper than 512");
 }
 
+TEST(XMLWriting, RefusesWhatCouldNotBeReadForItsAttributes) {
+    std::string start = "START a";
+    for (int number = 0; number < 65536; ++number) start += " a" + std::to_string(number) + "=";
+    const std::string document = DocumentOf(start + "\nEND a\n");
+    EXPECT_EQ(StreamOf(document, kListType), start + "\nEND a\n");
+    EXPECT_EQ(DocumentOf(start + " more=\nEND a\n"),
+              "cannot be written: an element has more than 65536 attributes");
+}
+
 TEST(XMLWriting, MendsUnbalancedStreamsWithACheckEach) {
     const std::string unclosed =
         "xmllist(102): Check failed: \"openElements.empty() && \\\"A START has no END.\\\"\"\n";
