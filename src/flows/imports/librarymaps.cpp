@@ -91,9 +91,9 @@ bool TLibraryMapReader::SkipComment() {
 /// False at the end.
 bool TLibraryMapReader::SkipBlanks() {
     TOpenMap& map = Maps.back();
-    constexpr std::string_view kBlanks = " \t\r\n\f\v";
+    constexpr std::string_view kAllBlanks = " \t\r\n\f\v";
     while (map.Position < map.File.Text.size()) {
-        if (kBlanks.find(map.File.Text[map.Position]) != std::string_view::npos)
+        if (kAllBlanks.find(map.File.Text[map.Position]) != std::string_view::npos)
             Step();
         else if (!SkipComment())
             return true;
