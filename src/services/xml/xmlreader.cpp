@@ -105,7 +105,8 @@ private:
         TDocumentReader& reader = From(userData);
         reader.Run.Guard([&] {
             const std::size_t begin = reader.Run.GetTokenBegin();
-            (void)reader.Collector->MeetStart(begin, begin + reader.Run.GetTokenLength());
+            if (!reader.Collector->MeetStart(begin, begin + reader.Run.GetTokenLength()))
+            reader.Run.Refuse("more elements than can be edited");
         });
         OnObservedStart(userData, name, attributes);
     }
