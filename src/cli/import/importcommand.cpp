@@ -37,7 +37,8 @@ private:
     int List() const;
     void Read();
     int Tell();
-    void TellOne(const TDiagnostic& diagnostic, TJson* told) const;
+    void TellOne(const TDiagnostic& diagnostic);
+    void TellFailure(int status);
     int Save();
 
     const TImportArguments& Arguments;
@@ -58,7 +59,9 @@ int TImportRun::Run() {
     if (Arguments.Output.empty()) return Refuse("--output is required");
     Read();
     const int status = Tell();
-    return status == kExitDone ? Save() : status;
+    if (status == kExitDone) return Save();
+    TellFailure(status);
+    return status;
 }
 
 int TImportRun::List() const {
@@ -87,7 +90,7 @@ int TImportRun::Tell() {
     bool hasErrors = false;
     bool isRead = true;
     for (const TDiagnostic& diagnostic : Imported.Diagnostics) {
-        TellOne(diagnostic, &Told);
+        TellOne(diagnostic);
         isLossy = isLossy || IsImportLoss(diagnostic);
         hasErrors = hasErrors || IsImportError(diagnostic);
         isRead = isRead && diagnostic.Code != DIAGNOSTIC_IMPORT_UNREADABLE;
@@ -97,11 +100,13 @@ int TImportRun::Tell() {
     if (isLossy && !Arguments.IsLossy)
         return Refuse(Arguments.Output + ": not made, as something would be lost: --lossy makes it",
                       kExitProblems);
-    if (Imported.Sources.empty()) return Refuse("there are no sources in the files");
-    return kExitDone;
+    if (!Imported.Sources.empty()) return kExitDone;
+    std::string files;
+    for (const std::string& file : Arguments.Files) files += (files.empty() ? "" : ", ") + file;
+    return Refuse("there are no sources in " + files, kExitProblems);
 }
 
-void TImportRun::TellOne(const TDiagnostic& diagnostic, TJson* told) const {
+void TImportRun::TellOne(const TDiagnostic& diagnostic) {
     const TDiagnosticSource& source = diagnostic.Source;
     const std::string text = GetDiagnosticText(diagnostic);
     const std::string code = GetDiagnosticId(diagnostic.Code);
@@ -115,7 +120,17 @@ void TImportRun::TellOne(const TDiagnostic& diagnostic, TJson* told) const {
     if (!source.Path.empty()) json["file"] = source.Path;
     if (source.Line > 0) json["line"] = source.Line;
     if (source.Column > 0) json["column"] = source.Column;
-    told->Add(std::move(json));
+    Told.Add(std::move(json));
+}
+
+// With what was told: else JSON has the errors alone.
+void TImportRun::TellFailure(int status) {
+    if (!Streams.Outcome || !Streams.Outcome->IsWanted) return;
+    TJson result = MakeResult("hdlbuild-failure");
+    result["status"] = status;
+    result["errors"] = Streams.Outcome->Errors;
+    result["findings"] = std::move(Told);
+    PrintJson(result, Streams);
 }
 
 int TImportRun::Save() {

@@ -2,6 +2,7 @@
 #include "flows/imports/formatreaders.h"
 #include "flows/imports/treeimport.h"
 #include <algorithm>
+#include <charconv>
 #include <set>
 
 namespace {
@@ -34,6 +35,18 @@ bool IsTrue(const TTree* value) {
     return value && std::find(std::begin(kTrue), std::end(kTrue), value->Text) != std::end(kTrue);
 }
 
+/// Verilog has other words for hexadecimal numbers than YAML.
+std::string TextOfValue(const TTree& value, const TTree& parameter) {
+    const TTree* const type = parameter.Find("datatype");
+    const std::size_t prefix = value.Text.starts_with('+') ? 3 : 2;
+    if (!type || type->Text != "int" || value.Kind != TREE_INTEGER ||
+        value.Text.substr(prefix - 2, 2) != "0x")
+        return value.Text;
+    long long number = 0;
+    std::from_chars(value.Text.data() + prefix, value.Text.data() + value.Text.size(), number, 16);
+    return std::to_string(number);
+}
+
 /// Reads the tree, whatever it was written in.
 class TEdamReader {
 public:
@@ -58,7 +71,8 @@ private:
 // The name and the version are those of the file, not of what is built.
 void TEdamReader::Read() {
     const TTree& root = Tree.GetRoot();
-    Tree.LoseOthers(root, {"version", "name", "toplevel", "files", "parameters", "tool_options"});
+    Tree.LoseOthers(root, {"version", "name", "toplevel", "files", "parameters", "tool_options"},
+                    {"cores", "dependencies"});
     if (const TTree* const top = root.Find("toplevel")) {
         if (top->IsList())
             for (const TTree& name : top->Values) ReadTop(name);
@@ -95,7 +109,8 @@ void TEdamReader::ReadTop(const TTree& value) {
 void TEdamReader::ReadFile(const TTree& file) {
     const std::string name = Tree.TextIn(file, "name");
     if (name.empty()) return Tree.Fail("a file without a name", file);
-    Tree.LoseOthers(file, {"name", "file_type", "logical_name", "is_include_file", "include_path"});
+    Tree.LoseOthers(file, {"name", "file_type", "logical_name", "is_include_file", "include_path"},
+                    {"core"});
     TImportedSource source;
     source.Path = Tree.PathOf(name);
     source.Library = Tree.TextIn(file, "logical_name");
@@ -106,8 +121,7 @@ void TEdamReader::ReadFile(const TTree& file) {
         return Tree.GetReader().AddSource(std::move(source));
     }
     std::string folder = Tree.TextIn(file, "include_path");
-    const std::size_t slash = name.find_last_of("/\\");
-    if (folder.empty()) folder = slash == std::string::npos ? "." : name.substr(0, slash);
+    if (folder.empty()) folder = TImportReader::FolderOf(source.Path);
     Tree.AddIncludeDirectory(source.Language, folder, file);
 }
 
@@ -155,12 +169,15 @@ void TEdamReader::ReadParameter(const TTree& parameter) {
     const bool isBoolean = Tree.TextIn(parameter, "datatype") == "bool";
     const bool isPlusArgument = kind == "plusarg";
     if (kind != "vlogdefine" && !isPlusArgument)
-        return Tree.Lose("the parameter " + parameter.Key + " that is a " + kind, parameter);
+        return Tree.Lose("the parameter " + parameter.Key +
+                             (kind.empty() ? " without a type" : " that is a " + kind),
+                         parameter);
     if (!value || !value->IsSingle() || (isBoolean && !IsTrue(value)))
         return Tree.Lose(
             (isPlusArgument ? "the argument " : "the define ") + parameter.Key + " that is not set",
             parameter);
-    const std::string text = isBoolean ? parameter.Key : parameter.Key + "=" + value->Text;
+    const std::string text =
+        isBoolean ? parameter.Key : parameter.Key + "=" + TextOfValue(*value, parameter);
     if (!isPlusArgument) return Tree.GetReader().AddDefine(text, Tree.KeyPlaceOf(parameter));
     Tree.GetReader().KeepRunOption(LANGUAGE_VERILOG, "+" + text, Tree.KeyPlaceOf(parameter));
 }

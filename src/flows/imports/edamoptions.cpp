@@ -148,7 +148,7 @@ void TEdamOptions::Take(TListMeaning meaning, const std::string& value, const TW
         case MEANS_TOP:
             return reader.AddTop({LANGUAGE_VERILOG, "", value, ""}, place);
         default:
-            return reader.AddSource({Tree.PathOf(value), LANGUAGE_VERILOG, "", true, {}, place});
+            return reader.AddSource({Tree.PathOf(value), LANGUAGE_VERILOG, "", true, place});
     }
 }
 

@@ -179,8 +179,17 @@ void TFileListReader::Take(TListMeaning meaning, const std::string& value,
         case MEANS_LIBRARY:
             List().Library = value;
             return;
-        default:
+        case MEANS_LIST:
+        case MEANS_LIST_BESIDE:
+        case MEANS_UNIT_LIST:
             return OpenList(meaning, Expanded(value, place), place);
+        case MEANS_SYSTEM_VERILOG:
+        case MEANS_MINIMUM_DELAYS:
+        case MEANS_TYPICAL_DELAYS:
+        case MEANS_MAXIMUM_DELAYS:
+        case MEANS_END_OF_LIBRARY:
+        case MEANS_OPTION:
+            return;  // have no value
     }
 }
 
@@ -198,8 +207,20 @@ void TFileListReader::TakeFlag(TListMeaning meaning, const TImportPlace& place) 
         case MEANS_TYPICAL_DELAYS:
             delay = DELAY_TYPE_TYPICAL;
             return;
-        default:
-            List().Library.clear();
+        case MEANS_END_OF_LIBRARY:
+            return List().Library.clear();
+        case MEANS_INCLUDE_FOLDER:
+        case MEANS_LIBRARY_FOLDER:
+        case MEANS_LIBRARY_FILE:
+        case MEANS_LIBRARY_EXTENSION:
+        case MEANS_DEFINE:
+        case MEANS_LIST:
+        case MEANS_LIST_BESIDE:
+        case MEANS_UNIT_LIST:
+        case MEANS_TOP:
+        case MEANS_LIBRARY:
+        case MEANS_OPTION:
+            return;  // have one
     }
 }
 
@@ -208,7 +229,7 @@ void TFileListReader::AddSource(const std::string& name, bool isLibraryFile,
     std::string path = Expanded(name, place);
     TImportedSource source;
     source.Library = List().Library;
-    // A library in front of a library file: no path begins so on any system.
+    // A library in front of a library file. A sign of a path has to follow this one.
     if (const std::size_t sign = path.find('=');
         isLibraryFile && Dialect.Tool == LIST_SLANG && sign != std::string::npos) {
         source.Library = path.substr(0, sign);

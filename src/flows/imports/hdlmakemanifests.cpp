@@ -99,6 +99,8 @@ void THdlmakeReader::Open(TImportFile file) {
 void THdlmakeReader::TakeStatement(const TPythonStatement& statement) {
     const std::string& file = Manifests.back().File.Name;
     const TImportPlace place{file, statement.Line, 0};
+    // A text alone is a comment.
+    if (statement.Name.empty() && statement.IsLiteral) return;
     for (const TVariable& variable : kVariables) {
         if (variable.Name != statement.Name || !statement.IsLiteral) continue;
         for (const TPythonText& text : statement.Texts)

@@ -205,7 +205,8 @@ bool TImportCheck::IsOption(const std::string& text, const TImportPlace& place) 
 bool TImportCheck::IsDirectory(const TImportedText& directory) {
     if (!IsName(directory.Text, Request.TextOf(directory.Text), directory.Place)) return false;
     if (HasVariable(directory.Text)) {
-        Tell(DIAGNOSTIC_NOT_IMPORTED, {"the folder " + directory.Text + " with a variable in it"},
+        Tell(DIAGNOSTIC_NOT_IMPORTED,
+             {"the folder " + Request.TextOf(directory.Text) + " with a variable in it"},
              directory.Place);
         return false;
     }

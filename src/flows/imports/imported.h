@@ -33,7 +33,6 @@ struct TImportedSource {
     THdlLanguage Language = LANGUAGE_NONE;  ///< LANGUAGE_NONE: its extension tells
     std::string Library = {};               ///< "" when the file says none
     bool IsLibraryFile = false;             ///< counts when something instantiates its modules
-    std::vector<TImportedText> Needs = {};  ///< whole paths of sources to be compiled before
     TImportPlace Place = {};
 };
 

@@ -93,12 +93,6 @@ void AddOne(const TImportedSource& imported, THdlBuildFile* build) {
     if (!source) return;
     if (!imported.Library.empty()) source->SetPrecompiledLibraryGroupName(imported.Library.c_str());
     if (imported.IsLibraryFile) source->SetLibraryFlag(true);
-    if (imported.Needs.empty()) return;
-    std::vector<const ISFileName*> needs;
-    needs.reserve(imported.Needs.size());
-    for (const TImportedText& need : imported.Needs)
-        needs.push_back(ISFileName::NewISFileName(need.Text.c_str()));
-    SetDependencies(*build, *source, needs);
 }
 
 }  // namespace

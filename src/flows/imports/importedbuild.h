@@ -8,6 +8,6 @@ class TBuildEdit;
 /// LANGUAGE_NONE without sources.
 THdlLanguage LanguageOfImported(const TImported& imported);
 
-/// Puts the record into a build that was made: sources with their libraries and dependencies, tops
+/// Puts the record into a build that was made: sources with their libraries, tops
 /// and settings. The general settings have every language compiled that has sources.
 void AddImported(const TImported& imported, TBuildEdit* edit);

@@ -22,17 +22,13 @@ void ReadHdlPrjFile(const TTree& file, TTreeImport* tree) {
 
 // What chooses the standard is taken as one; a library is that of a source.
 void ReadGhdlWord(const TTree& word, TTreeImport* tree) {
+    constexpr std::string_view kStandard = "--std=";
     if (!tree->IsSingle(word)) return;
-    TPlanSettings settings;
-    settings.Language = LANGUAGE_VHDL;
-    std::vector<std::string> libraryFiles;
-    if (word.Text.starts_with("--std=")) {
-        AddOptions(word.Text, STEP_ANALYSE, "/", &settings, &libraryFiles);
-        if (!settings.Standard.empty())
-            return tree->GetReader().SetStandard(LANGUAGE_VHDL, settings.Standard,
-                                                 tree->PlaceOf(word));
-    }
-    tree->AddOption(LANGUAGE_VHDL, word.Text, word);
+    const std::string year = word.Text.starts_with(kStandard)
+                                 ? FindVhdlStandard(word.Text.substr(kStandard.size()))
+                                 : std::string();
+    if (year.empty()) return tree->AddOption(LANGUAGE_VHDL, word.Text, word);
+    tree->GetReader().SetStandard(LANGUAGE_VHDL, year, tree->PlaceOf(word));
 }
 
 void ReadBenderGroup(const TTree& group, TTreeImport* tree) {
@@ -103,9 +99,7 @@ void ReadVunitJson(TImportReader& reader, const TImportFile& file) {
         source.Place = tree.PlaceOf(entry);
         if (!name.empty()) reader.AddSource(std::move(source));
     }
-    tree.LoseOthers(tree.GetRoot(), {"export_format_version", "files", "tests"});
-    const std::vector<TTree>& tests = tree.ListIn(tree.GetRoot(), "tests");
-    if (!tests.empty()) tree.Lose("the list of tests", tests.front());
+    tree.LoseOthers(tree.GetRoot(), {"export_format_version", "files"}, {"tests"});
 }
 
 // A build has its defines for all sources of a language.

@@ -1,6 +1,7 @@
 #include "flows/imports/formatreaders.h"
 #include "flows/imports/importreader.h"
 #include "flows/imports/tclcommands.h"
+#include "flows/plan/planoptions.h"
 #include "services/files/filestatus.h"
 #include "services/names/utilfilename.h"
 #include <deque>
@@ -124,10 +125,8 @@ void TOsvvmReader::Include(const std::string& word, const TImportPlace& place) {
 }
 
 void TOsvvmReader::SetVersion(const std::string& word, const TImportPlace& place) {
-    constexpr std::string_view kYears[] = {"1987", "1993", "2000", "2002", "2008", "2019"};
-    for (const std::string_view year : kYears)
-        if (word == year || word == year.substr(2))
-            return Reader.SetStandard(LANGUAGE_VHDL, std::string(year), place);
+    const std::string year = FindVhdlStandard(word);
+    if (!year.empty()) return Reader.SetStandard(LANGUAGE_VHDL, year, place);
     Reader.Lose("the VHDL version " + word, place);
 }
 

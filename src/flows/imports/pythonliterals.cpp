@@ -46,7 +46,9 @@ bool TPythonStatements::Next(TPythonStatement* statement) {
 }
 
 void TPythonStatements::Begin(TPythonStatement* statement) {
-    statement->Name = TakeName();
+    bool isRaw = false;
+    if (!IsTextAhead(&isRaw)) statement->Name = TakeName();
+    statement->IsLiteral = statement->Name.empty();
     if (statement->Name.empty()) return;
     if (!SkipBlanks(false)) return;
     if (At() == '+' && At(1) == '=') Step();

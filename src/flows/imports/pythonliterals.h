@@ -12,8 +12,9 @@ struct TPythonText {
 
 /// What one statement of Python says, as far as no code is run.
 struct TPythonStatement {
-    std::string Name;        ///< that is assigned to; else the first word of the statement
-    bool IsLiteral = false;  ///< an assignment of texts, and lists and dictionaries of texts
+    std::string Name;  ///< that is assigned to; else the first word of the statement, if any
+    bool IsLiteral =
+        false;  ///< texts, and lists and dictionaries of texts, be they assigned or not
     std::vector<TPythonText> Texts;
     int Line = 0;
 };

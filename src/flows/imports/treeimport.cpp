@@ -8,6 +8,28 @@ const char* NameOfKind(TTreeKind kind) {
     return kind == TREE_MAP ? "map" : kind == TREE_LIST ? "list" : "single value";
 }
 
+bool IsOneOf(std::string_view key, std::initializer_list<std::string_view> keys) {
+    return std::find(keys.begin(), keys.end(), key) != keys.end();
+}
+
+/// Whether the value says the same as if it were not there.
+bool AsksNothing(const TTree& value) {
+    switch (value.Kind) {
+        case TREE_NULL:
+            return true;
+        case TREE_BOOLEAN:
+            return IsOneOf(value.Text,
+                           {"false", "False", "FALSE", "no", "No", "NO", "off", "Off", "OFF"});
+        case TREE_TEXT:
+            return value.Text.empty();
+        case TREE_LIST:
+        case TREE_MAP:
+            return value.Values.empty();
+        default:
+            return false;
+    }
+}
+
 }  // namespace
 
 bool TTreeImport::Read(TReadTree read, TTreeKind kind) {
@@ -67,10 +89,16 @@ bool TTreeImport::IsSingle(const TTree& value) const {
     return value.IsSingle();
 }
 
-void TTreeImport::LoseOthers(const TTree& map, std::initializer_list<std::string_view> known) {
-    for (const TTree& value : map.Values)
-        if (std::find(known.begin(), known.end(), value.Key) == known.end())
-            Reader.Lose("\"" + value.Key + "\"", KeyPlaceOf(value));
+void TTreeImport::LoseOthers(const TTree& map, std::initializer_list<std::string_view> known,
+                             std::initializer_list<std::string_view> describing) {
+    for (const TTree& value : map.Values) {
+        if (IsOneOf(value.Key, known) || AsksNothing(value)) continue;
+        const std::string what = "\"" + value.Key + "\"";
+        if (!IsOneOf(value.Key, describing))
+            Reader.Lose(what, KeyPlaceOf(value));
+        else if (Described.insert(value.Key).second)
+            Reader.Tell(DIAGNOSTIC_IMPORT_DESCRIBES, {what}, KeyPlaceOf(value));
+    }
 }
 
 void TTreeImport::LoseOnce(const std::string& what, const TTree& value) {

@@ -36,8 +36,10 @@ public:
     bool IsMap(const TTree& value) const;
     bool IsSingle(const TTree& value) const;
 
-    /// Tells each member that is none of these.
-    void LoseOthers(const TTree& map, std::initializer_list<std::string_view> known);
+    /// Tells each member that is none of these, unless it asks nothing, as an empty list does. Of
+    /// `describing`, which nothing is built of, a note is told once.
+    void LoseOthers(const TTree& map, std::initializer_list<std::string_view> known,
+                    std::initializer_list<std::string_view> describing = {});
     /// Tells once that a build has no words for `what`.
     void LoseOnce(const std::string& what, const TTree& value);
     void Lose(const std::string& what, const TTree& value) { Reader.Lose(what, PlaceOf(value)); }
@@ -61,5 +63,6 @@ private:
     const TImportFile& File;
     TTree Root;
     std::set<std::string> Lost;
+    std::set<std::string> Described;
     std::set<std::string> Folders;
 };

@@ -2,19 +2,12 @@
 #include "flows/imports/formatreaders.h"
 #include "flows/imports/listvariables.h"
 #include "flows/imports/treeimport.h"
+#include "flows/plan/planoptions.h"
 #include "flows/scan/asciicase.h"
 #include <algorithm>
 #include <unordered_set>
 
 namespace {
-
-struct TServerYear {
-    std::string_view Name;
-    const char* Year;
-};
-
-constexpr TServerYear kServerYears[] = {{"93", "1993"},   {"08", "2008"},   {"19", "2019"},
-                                        {"1993", "1993"}, {"2008", "2008"}, {"2019", "2019"}};
 
 /// What a library leaves out.
 struct TExcluded {
@@ -49,21 +42,21 @@ private:
 
 void TVhdlLsReader::Read() {
     const TTree& root = Tree.GetRoot();
-    Tree.LoseOthers(root, {"standard", "libraries"});
+    Tree.LoseOthers(root, {"standard", "libraries"}, {"lint"});
     if (const TTree* const standard = Tree.ValueIn(root, "standard")) ReadStandard(*standard);
     for (const TTree& library : Tree.MapIn(root, "libraries"))
         if (Tree.IsMap(library)) ReadLibrary(library);
 }
 
 void TVhdlLsReader::ReadStandard(const TTree& standard) {
-    for (const TServerYear& known : kServerYears)
-        if (known.Name == standard.Text)
-            return Tree.GetReader().SetStandard(LANGUAGE_VHDL, known.Year, Tree.PlaceOf(standard));
+    const std::string year = FindVhdlStandard(standard.Text);
+    if (!year.empty())
+        return Tree.GetReader().SetStandard(LANGUAGE_VHDL, year, Tree.PlaceOf(standard));
     Tree.Fail("the standard " + standard.Text, standard);
 }
 
 void TVhdlLsReader::ReadLibrary(const TTree& library) {
-    Tree.LoseOthers(library, {"files", "exclude"});
+    Tree.LoseOthers(library, {"files", "exclude"}, {"is_third_party"});
     TExcluded excluded;
     for (const TTree& value : Tree.ListIn(library, "exclude")) {
         if (!IsText(value)) continue;

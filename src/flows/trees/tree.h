@@ -29,7 +29,8 @@ struct TTreePlace {
 /// A value out of a file of JSON, YAML or TOML.
 struct TTree {
     TTreeKind Kind = TREE_NULL;
-    std::string Text;           ///< of a single value: of a text without quotes, else as written
+    std::string Text;  ///< of a single value: of a text without quotes, of a number as written, but
+                       ///< of TOML in decimal
     std::vector<TTree> Values;  ///< of a list or map, in the order of the file
     std::string Key;            ///< of a value in a map, unique there
     TTreePlace Place;

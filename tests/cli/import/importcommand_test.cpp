@@ -111,6 +111,21 @@ TEST(ImportCommand, TellsOfNamesThatTheBuildCannotHold) {
               "</HdlBuildFileList>\n");
 }
 
+TEST(ImportCommand, TellsWhatItWouldLoseAsJson) {
+    const WorkingFolder folder;
+    folder.Write("a.v", "");
+    folder.Write("a.f", "a.v\n+define+A=\n");
+    const TToolRun run = RunHdlbuild({"import", "vcs", "a.f", "-o", "b.xml", "--json"});
+    EXPECT_EQ(run.Status, 1);
+    EXPECT_EQ(run.Out,
+              "{\n  \"format\": \"hdlbuild-failure\",\n  \"version\": 1,\n  \"status\": 1,\n"
+              "  \"errors\": [\n"
+              "    \"b.xml: not made, as something would be lost: --lossy makes it\"\n  ],\n"
+              "  \"findings\": [\n    {\n      \"code\": \"HB701\",\n"
+              "      \"text\": \"a build has no words for the empty value of the define A\",\n"
+              "      \"file\": \"a.f\",\n      \"line\": 2,\n      \"column\": 1\n    }\n  ]\n}\n");
+}
+
 TEST(ImportCommand, ListsTheFormats) {
     const std::string text = ResultOf({"import", "list"});
     std::string names;
@@ -133,6 +148,7 @@ TEST(ImportCommand, ListsTheFormats) {
 TEST(ImportCommand, RefusesWhatItCannotDo) {
     const WorkingFolder folder;
     folder.Write("a.f", "// nothing\n");
+    folder.Write("e.f", "");
     folder.Write("cycle.f", "-f cycle.f\n");
     const struct {
         std::vector<std::string> Arguments;
@@ -143,7 +159,9 @@ TEST(ImportCommand, RefusesWhatItCannotDo) {
         {{"import", "filelist", "-o", "b.xml"}, "2\nhdlbuild: error: FILE is required\n"},
         {{"import", "filelist", "a.f"}, "2\nhdlbuild: error: --output is required\n"},
         {{"import", "filelist", "a.f", "-o", "b.xml"},
-         "2\nhdlbuild: error: there are no sources in the files\n"},
+         "1\nhdlbuild: error: there are no sources in a.f\n"},
+        {{"import", "filelist", "a.f", "e.f", "-o", "b.xml"},
+         "1\nhdlbuild: error: there are no sources in a.f, e.f\n"},
         {{"import", "filelist", "none.f", "-o", "b.xml"},
          "3\nhdlbuild: error: none.f: the file does not exist [HB709]\n"},
         {{"import", "filelist", "cycle.f", "-o", "b.xml", "--lossy"},

@@ -68,13 +68,45 @@ TEST(EdamFiles, TellWhatABuildHasNoWordsFor) {
               "in/list:1:1 HB701 a build has no words for \"flow_options\"\n"
               "in/list:3:5 HB701 a build has no words for the file a.tcl of the type tclSource\n"
               "in/list:4:5 HB701 a build has no words for the file b without a type\n"
-              "in/list:5:48 HB701 a build has no words for \"core\"\n"
+              "in/list:5:48 HB713 left out, as nothing is built of it: \"core\"\n"
               "in/list:5:5 HB701 a build has no words for the standard 2005\n"
               "in/list:7:5 HB701 a build has no words for the standard 2008\n"
               "in/list:10:6 HB701 a build has no words for the parameter G that is a generic\n"
               "in/list:11:6 HB701 a build has no words for the define D that is not set\n"
               "in/list:12:6 HB701 a build has no words for the define E that is not set\n"
               "in/list:13:6 HB701 a build has no words for the argument P that is not set\n");
+}
+
+// As generators write it: empty, or about the project alone.
+TEST(EdamFiles, MayHoldWhatAsksNothing) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("edam-yaml",
+                              "cores: {a: {}}\n"
+                              "dependencies: {a: [b]}\n"
+                              "hooks: {}\n"
+                              "vpi: []\n"
+                              "flow: ~\n"
+                              "tool: ''\n"
+                              "quiet: false\n"
+                              "files:\n"
+                              "  - {name: a.v, file_type: verilogSource, core: x, tags: []}\n"
+                              "  - {name: b.v, file_type: verilogSource, core: x}\n"
+                              "  - {name: /c.vh, file_type: verilogSource, is_include_file: true}\n"
+                              "parameters:\n"
+                              "  N: {datatype: int, default: 0x1F, paramtype: vlogdefine}\n"
+                              "  M: {datatype: int, default: -0x10, paramtype: vlogdefine}\n"
+                              "  S: {datatype: str, default: 0x1F, paramtype: vlogdefine}\n"
+                              "  P: {datatype: int, default: 1}\n"),
+              "in/list:9:5 Verilog  in/a.v\n"
+              "in/list:10:5 Verilog  in/b.v\n"
+              "in/list:11:5 include /\n"
+              "in/list:13:3 define N=31\n"
+              "in/list:14:3 define M=-0x10\n"
+              "in/list:15:3 define S=0x1F\n"
+              "in/list:1:1 HB713 left out, as nothing is built of it: \"cores\"\n"
+              "in/list:2:1 HB713 left out, as nothing is built of it: \"dependencies\"\n"
+              "in/list:9:43 HB713 left out, as nothing is built of it: \"core\"\n"
+              "in/list:16:6 HB701 a build has no words for the parameter P without a type\n");
 }
 
 TEST(EdamFiles, TellWhatIsNotOfTheFormat) {

@@ -28,6 +28,18 @@ TEST(HdlmakeManifests, NameFilesAndModules) {
               "in/list:3 Verilog l in/tb.v\nin/list:2 top Verilog l.tb\n");
 }
 
+// Nothing is run: what stands in either branch is taken, and the condition is told.
+TEST(HdlmakeManifests, TakeBothBranchesOfAnIf) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("hdlmake",
+                              "\"\"\"A docstring.\"\"\"\nr'another'\n"
+                              "if target == 'a':\n  files = ['a.v']\nelse:\n  files = ['b.v']\n"),
+              "in/list:4 Verilog work in/a.v\n"
+              "in/list:6 Verilog work in/b.v\n"
+              "in/list:3 HB701 a build has no words for the statement that begins with 'if'\n"
+              "in/list:5 HB701 a build has no words for the statement that begins with 'else'\n");
+}
+
 TEST(HdlmakeManifests, TellWhatIsNotLiteral) {
     const ImportFolder folder;
     folder.Write("in/ip/Manifest.py", "modules = {'local': '..'}");

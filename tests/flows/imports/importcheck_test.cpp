@@ -107,6 +107,17 @@ TEST(ImportCheck, TellsFilesApartThatDifferInCase) {
 }
 #endif
 
+TEST(ImportCheck, TakesOutFoldersWithVariables) {
+    const EnvironmentVariable variable("IMPORT_TEST", "x");
+    TImported imported;
+    TImportedSettings& settings = imported.Settings[LANGUAGE_VERILOG];
+    settings.IncludeDirectories = {{"$(IMPORT_TEST)/a", {"l", 1, 0}}, {"sub", {"l", 2, 0}}};
+    EXPECT_EQ(Checked(imported),
+              "l:2 include sub\n"
+              "l:1 HB701 a build has no words for the folder $(IMPORT_TEST)/a with a variable in "
+              "it\n");
+}
+
 TEST(ImportCheck, TellsOfAnOrderThatGroupsLose) {
     TImported imported;
     imported.Sources = {SourceOf("b.vhd", 1), SourceOf("a.v", 2), SourceOf("sub/c.v", 3)};

@@ -20,8 +20,6 @@ std::string PlanOf(const TImported& imported, const ImportFolder& folder) {
     for (const TPlanSource& source : plan.Sources) {
         text += std::string(GetStringFromHdlLanguage(source.Language)) + " " + source.Library +
                 " " + folder.TextOf(source.Path) + (source.IsLibraryFile ? " library file" : "");
-        for (const std::size_t need : source.Needs)
-            text += " needs " + folder.TextOf(plan.Sources[need].Path);
         text += "\n";
     }
     for (const TBuildTop& top : plan.Tops) text += "top " + top.Library + "." + top.Entity + "\n";
@@ -62,7 +60,6 @@ TEST(ImportedBuild, HoldsWhatTheRecordHolds) {
                         SourceOf(folder, "p.vhd", LANGUAGE_VHDL, "util"),
                         SourceOf(folder, "m.cpp", LANGUAGE_CPLUSPLUS)};
     imported.Sources[1].IsLibraryFile = true;
-    imported.Sources[2].Needs = {{folder.Path("p.vhd"), {}}};
     imported.Tops = {{{LANGUAGE_VHDL, "", "tb", ""}, {}}, {{LANGUAGE_VERILOG, "ip", "z", ""}, {}}};
     TImportedSettings& verilog = imported.Settings[LANGUAGE_VERILOG];
     verilog.IncludeDirectories = {{folder.Path("my inc"), {}}};
@@ -78,8 +75,8 @@ TEST(ImportedBuild, HoldsWhatTheRecordHolds) {
     EXPECT_EQ(PlanOf(imported, folder),
               "Verilog ip z.v\n"
               "Verilog work a b.v library file\n"
+              "VHDL work t.vhd\n"
               "VHDL util p.vhd\n"
-              "VHDL work t.vhd needs p.vhd\n"
               "C++ work m.cpp\n"
               "top ip.z\n"
               "top work.tb\n"

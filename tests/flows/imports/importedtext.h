@@ -34,7 +34,6 @@ public:
             std::string line = std::string(GetStringFromHdlLanguage(source.Language)) + " " +
                                source.Library + " " + TextOf(source.Path);
             if (source.IsLibraryFile) line += " library file";
-            for (const TImportedText& need : source.Needs) line += " needs " + TextOf(need.Text);
             add(source.Place, line);
         }
         for (const TImportedTop& top : imported.Tops)

@@ -37,7 +37,7 @@ TEST(JsonFiles, ReadWhatVunitExports) {
                         " \"tests\": [{\"name\": \"lib.tb.all\", \"attributes\": {}}]}"),
         "in/list:2:12 VHDL lib /q/a.vhd\n"
         "in/list:3:3 VHDL lib in/b.vhd\n"
-        "in/list:4:12 HB701 a build has no words for the list of tests\n");
+        "in/list:4:2 HB713 left out, as nothing is built of it: \"tests\"\n");
     EXPECT_EQ(folder.ReadText("vunit-json",
                               "{\"export_format_version\": {\"major\": 2}, \"files\": [{}]}"),
               "in/list:1:1 HB708 not of the format: the version 2 of an export of VUnit\n"

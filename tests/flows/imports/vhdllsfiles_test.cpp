@@ -44,9 +44,9 @@ TEST(VhdlLsFiles, TellWhatABuildHasNoWordsForAndWhatIsWrong) {
                               "b = 1\n"
                               "[lint]\nunused = false\n"),
               "in/list:3:12 VHDL a in/$HDLBUILD_NO_SUCH/a.vhd\n"
-              "in/list:6:2 HB701 a build has no words for \"lint\"\n"
+              "in/list:6:2 HB713 left out, as nothing is built of it: \"lint\"\n"
               "in/list:1:12 HB708 not of the format: the standard 77\n"
-              "in/list:4:3 HB701 a build has no words for \"is_third_party\"\n"
+              "in/list:4:3 HB713 left out, as nothing is built of it: \"is_third_party\"\n"
               "in/list:3:12 HB704 the variable HDLBUILD_NO_SUCH is not set\n"
               "in/list:3:39 HB708 not of the format: no text\n"
               "in/list:5:5 HB708 not of the format: no map\n");
