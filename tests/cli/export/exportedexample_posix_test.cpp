@@ -58,6 +58,16 @@ constexpr TConsumer kConsumers[] = {
      "simulation finished @161295ns\n"
      "fifo_tb passed\n4 channels, pads of 3 ns\ncollector_tb passed\n",
      true},
+    {"ninja with GHDL and Icarus Verilog", "ninja", "", "iverilog", "ninja --quiet -j1 -f out",
+     "vhdl/sim/filter_tb.vhd:55:9:@8055ns:(report note): filter_tb passed: 133 samples\n"
+     "simulation finished @8055ns\n"
+     "vhdl/sim/node_tb.vhd:76:9:@161295ns:(report note): node_tb passed: 80 frames, 3 alarms\n"
+     "simulation finished @161295ns\n"
+     "fifo_tb passed\n4 channels, pads of 3 ns\ncollector_tb passed\n",
+     true},
+    {"ninja, one bench again", "ninja", "fifo_tb", "iverilog",
+     "ninja --quiet -f out && touch verilog/rtl/fifo.v && ninja --quiet -f out && ninja -f out",
+     "fifo_tb passed\nfifo_tb passed\nninja: no work to do.\n", true},
     {"make, one bench again", "make", "fifo_tb", "make",
      "make -s -f out && touch verilog/rtl/fifo.v && make -s -f out analyse && make -q -f out "
      "analyse",
