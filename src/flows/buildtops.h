@@ -13,8 +13,8 @@ struct TBuildTop {
     std::string Architecture;  ///< "" without one
 };
 
-/// The entity's name on command lines of simulators: an escaped one of Verilog without the backslash
-/// and the blank around it.
+/// The entity's name on command lines of simulators: an escaped one of Verilog without the
+/// backslash and the blank around it.
 std::string PlainNameOf(const TBuildTop& top);
 
 /// All of them, in the order of the languages, then of the lists.

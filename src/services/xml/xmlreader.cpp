@@ -106,7 +106,7 @@ private:
         reader.Run.Guard([&] {
             const std::size_t begin = reader.Run.GetTokenBegin();
             if (!reader.Collector->MeetStart(begin, begin + reader.Run.GetTokenLength()))
-            reader.Run.Refuse("more elements than can be edited");
+                reader.Run.Refuse("more elements than can be edited");
         });
         OnObservedStart(userData, name, attributes);
     }
