@@ -12,6 +12,7 @@
 #include "cli/settings/commands.h"
 #include "cli/setup/commands.h"
 #include "cli/translator/commands.h"
+#include <new>
 
 namespace {
 
@@ -20,6 +21,15 @@ constexpr const char* kFooter =
     "a section that cannot be read); 2 wrong usage, unknown names; 3 a file cannot be read or\n"
     "written. Results go to standard output, everything else to standard error. NO_COLOR turns\n"
     "colours off.";
+
+int RunWithMemory(const std::vector<std::string>& arguments, const TToolStreams& streams) {
+    if (!arguments.empty() && arguments.front() == kStepCommand)
+        return RunStepCommand({arguments.begin() + 1, arguments.end()}, streams);
+    const TTool tool{"hdlbuild", HDLBUILDFILE_VERSION,
+                     "Reads, checks and orders HDL build files, and keeps their settings.", kFooter,
+                     MakeCommands()};
+    return RunCommandLine(tool, arguments, streams);
+}
 
 }  // namespace
 
@@ -34,10 +44,10 @@ std::vector<TCommand> MakeCommands() {
 }
 
 int RunTool(const std::vector<std::string>& arguments, const TToolStreams& streams) {
-    if (!arguments.empty() && arguments.front() == kStepCommand)
-        return RunStepCommand({arguments.begin() + 1, arguments.end()}, streams);
-    const TTool tool{"hdlbuild", HDLBUILDFILE_VERSION,
-                     "Reads, checks and orders HDL build files, and keeps their settings.", kFooter,
-                     MakeCommands()};
-    return RunCommandLine(tool, arguments, streams);
+    try {
+        return RunWithMemory(arguments, streams);
+    } catch (const std::bad_alloc&) {
+        ReportError(streams, "out of memory");
+        return kExitFile;
+    }
 }

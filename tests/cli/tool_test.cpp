@@ -1,6 +1,27 @@
 #include "tests/cli/projecttext.h"
 #include "tests/cli/toolrun.h"
 #include <gtest/gtest.h>
+#include <new>
+
+namespace {
+
+/// Takes nothing: there is no memory for it.
+class TFullBuffer : public std::streambuf {
+protected:
+    std::streamsize xsputn(const char*, std::streamsize) override { throw std::bad_alloc(); }
+    int_type overflow(int_type) override { throw std::bad_alloc(); }
+};
+
+}  // namespace
+
+TEST(Tool, TellsThatMemoryRanOut) {
+    TFullBuffer buffer;
+    std::ostream out(&buffer);
+    out.exceptions(std::ios::badbit);
+    std::ostringstream err;
+    EXPECT_EQ(RunTool({"--version"}, {out, err}), kExitFile);
+    EXPECT_EQ(err.str(), "hdlbuild: error: out of memory\n");
+}
 
 TEST(Tool, PrintsItsVersion) {
     for (const char* option : {"--version", "-V"}) {
