@@ -26,7 +26,13 @@ THdlBuildFile::THdlBuildFile(const ISFileName* name) {
     Initialize();
     BuildFileName = name;
     // The reader calls the operations of this class, as derived ones are not alive yet.
-    (void)THdlBuildFile::ReadFromFile();
+    try {
+        (void)THdlBuildFile::ReadFromFile();
+    } catch (...) {
+        // Nobody will have the build that could use or delete it.
+        Parts->DeleteWhatWasRead();
+        throw;
+    }
 }
 
 THdlBuildFile::THdlBuildFile(const THdlBuildFile& other)
@@ -36,8 +42,8 @@ THdlBuildFile::THdlBuildFile(const THdlBuildFile& other)
 
 THdlBuildFile& THdlBuildFile::operator=(const THdlBuildFile& other) {
     if (this == &other) return *this;
-    LetGoOfParts();
     Former.insert(other.Former.begin(), other.Former.end());
+    LetGoOfParts();
     TakeParts(other.Parts);
     TranslationOptions = other.TranslationOptions;
     IsGOFBuildFile = other.IsGOFBuildFile;
@@ -68,13 +74,15 @@ THdlBuildFile& THdlBuildFile::operator=(const THdlBuildFile& other) {
 }
 
 THdlBuildFile::~THdlBuildFile() {
-    Parts->Leave(this);
+    // Null when memory ran out before there were any.
+    if (Parts) Parts->Leave(this);
     LetGoOfReloaded(0);
 }
 
 void THdlBuildFile::Initialize() {
+    const auto parts = std::make_shared<TBuildFileParts>(this);
     LetGoOfParts();
-    TakeParts(std::make_shared<TBuildFileParts>(this));
+    TakeParts(parts);
     SetDefaults();
 }
 
@@ -86,8 +94,10 @@ void THdlBuildFile::ClearAll() {
 
 THdlBuildFileReadResults THdlBuildFile::Reload() {
     const ISFileName* name = BuildFileName;
-    Reloaded.push_back(LeaveParts());
-    TakeParts(std::make_shared<TBuildFileParts>(this));
+    const auto parts = std::make_shared<TBuildFileParts>(this);
+    Reloaded.push_back(Parts);
+    LeaveParts();
+    TakeParts(parts);
     SetDefaults();
     BuildFileName = name;
     const THdlBuildFileReadResults result = ReadFromFile();
@@ -137,7 +147,9 @@ void THdlBuildFile::TakeParts(const std::shared_ptr<TBuildFileParts>& parts) {
 
 // The parts stay valid: callers may hold pointers into them.
 void THdlBuildFile::LetGoOfParts() {
-    if (Parts) Former.insert(LeaveParts());
+    if (!Parts) return;
+    Former.insert(Parts);
+    LeaveParts();
 }
 
 std::shared_ptr<TBuildFileParts> THdlBuildFile::LeaveParts() {
@@ -233,8 +245,7 @@ void THdlBuildFile::SetV2VOptions(TV2VTranslationOptionsList* options) {
 
 TProjectSimGeneralConfig* THdlBuildFile::GetOrMakeGeneralConfiguration() {
     if (GeneralConfiguration) return GeneralConfiguration;
-    GeneralConfiguration = new TProjectSimGeneralConfig(1);
-    Parts->ConfigsRead.Keep(GeneralConfiguration);
+    GeneralConfiguration = Parts->ConfigsRead.Keep(std::make_unique<TProjectSimGeneralConfig>(1));
     return GeneralConfiguration;
 }
 

@@ -16,8 +16,11 @@ bool IsUnknownLanguageText(const char* text, THdlLanguage language) {
 
 bool TTopLevelComponents::AddComponentName(const char* entity, const char* architecture,
                                            const char* library, THdlLanguage language) {
-    TComponentNameList*& list = Lists[language];
-    if (!list) CallersShare->Keep(list = new TComponentNameList(language));
+    TComponentNameList* list = GetComponentNameList(language);
+    if (!list) {
+        list = CallersShare->Keep(std::make_unique<TComponentNameList>(language));
+        Lists[language] = list;
+    }
     return list->AddComponentName(entity, architecture, library);
 }
 
@@ -39,12 +42,13 @@ TComponentNameList* TTopLevelComponents::StartList(const char* languageText) {
             TBinaryLogMessageOneArg("Top-level components of the unknown language \"%1%\" are read "
                                     "as those of no language.",
                                     languageText));
-    TComponentNameList*& list = Lists[language];
-    if (list && list->size())
+    const TComponentNameList* const former = GetComponentNameList(language);
+    if (former && former->size())
         LogDiagnostic(TBinaryLogMessageOneArg(
             "A second list of top-level components replaces the first one of language \"%1%\".",
             GetStringFromHdlLanguage(language)));
-    Read.Keep(list = new TComponentNameList(language));
+    TComponentNameList* const list = Read.Keep(std::make_unique<TComponentNameList>(language));
+    Lists[language] = list;
     return list;
 }
 

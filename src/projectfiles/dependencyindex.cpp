@@ -1,7 +1,15 @@
 #include "projectfiles/dependencyindex.h"
 #include "projectfiles/hdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
+#include <new>
 #include <tuple>
+
+namespace {
+
+// No count of changed handles gets there.
+constexpr unsigned long long kNeverCurrent = ~0ULL;
+
+}  // namespace
 
 TDependencyIndex::~TDependencyIndex() {
     Drop();
@@ -22,19 +30,28 @@ bool TDependencyIndex::Find(const ISFileName* name, IHdlSourceFile** found) {
 void TDependencyIndex::Added(TIHdlSourceFileList* list, IHdlSourceFile* source,
                              const TSourceName* name) {
     if (!IsCurrent()) return;
-    if (IsGroup(list))
-        EntryAdded(source);
-    else if (name)
-        AddUse(source, *name);
+    try {
+        if (IsGroup(list))
+            EntryAdded(source);
+        else if (name)
+            AddUse(source, *name);
+    } catch (const std::bad_alloc&) {
+        // The list has its source all the same. The next look-up builds the index anew.
+        HandleChangeCount = kNeverCurrent;
+    }
 }
 
 void TDependencyIndex::Removed(TIHdlSourceFileList* list, IHdlSourceFile* source,
                                const TSourceName* name) {
     if (!IsCurrent()) return;
-    if (IsGroup(list))
-        EntryRemoved(source);
-    else if (name)
-        RemoveUse(source, *name);
+    try {
+        if (IsGroup(list))
+            EntryRemoved(source);
+        else if (name)
+            RemoveUse(source, *name);
+    } catch (const std::bad_alloc&) {
+        HandleChangeCount = kNeverCurrent;
+    }
 }
 
 void TDependencyIndex::Gone(TIHdlSourceFileList* list) {
@@ -53,10 +70,16 @@ void TDependencyIndex::Build() {
     Drop();
     IsBuilt = true;
     HandleChangeCount = THdlSourceFile::GetHandleChangeCount();
-    Entries.reserve(Group->size());
-    Lists.reserve(Group->size());
-    Uses.reserve(Group->size());
-    Group->ReportTo(this);
+    try {
+        Entries.reserve(Group->size());
+        Lists.reserve(Group->size());
+        Uses.reserve(Group->size());
+        Group->ReportTo(this);
+        if (!IsCurrent()) throw std::bad_alloc();
+    } catch (const std::bad_alloc&) {
+        Drop();
+        throw;
+    }
 }
 
 void TDependencyIndex::Drop() {

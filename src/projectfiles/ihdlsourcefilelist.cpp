@@ -323,8 +323,11 @@ void TIHdlSourceFileList::ReportTo(TDependencyIndex* index) {
 }
 
 void TIHdlSourceFileList::StopReportingTo(TDependencyIndex* index) {
+    // An index that got no memory may not have been noted.
+    if (!Names) return;
     auto& indexes = Names->Indexes;
-    indexes.erase(std::find(indexes.begin(), indexes.end(), index));
+    const auto noted = std::find(indexes.begin(), indexes.end(), index);
+    if (noted != indexes.end()) indexes.erase(noted);
 }
 
 void TIHdlSourceFileList::ReportAllAsAdded(TDependencyIndex* index) {

@@ -1,6 +1,7 @@
 #include "projectfiles/languageconfigmap.h"
 #include "services/base/keeper.h"
 #include "settings/projectsimlanguageconfig.h"
+#include <memory>
 #include <mutex>
 #include <unordered_map>
 #include <utility>
@@ -55,12 +56,15 @@ std::shared_ptr<const TLanguageConfigSlot> TLanguageConfigMap::FindSlot(
 }
 
 void TLanguageConfigMap::Store(THdlLanguage language, TProjectSimLanguageConfig* config) {
-    auto& slot = Slots[language];
-    if (!slot) slot = std::make_shared<TLanguageConfigSlot>();
-    TProjectSimLanguageConfig* former = slot->Config;
-    slot->Config = config;
-    TSlotsByConfig::GetInstance().Set(config, slot);
+    // It is handed over, whether there is memory for its place or not.
+    std::unique_ptr<TProjectSimLanguageConfig> given(config);
+    const auto found = Slots.find(language);
+    const TSlot slot =
+        found == Slots.end() ? std::make_shared<TLanguageConfigSlot>() : found->second;
+    Slots.try_emplace(language, slot);
     KeepUntilExit(config);
+    TSlotsByConfig::GetInstance().Set(config, slot);
+    TProjectSimLanguageConfig* former = std::exchange(slot->Config, given.release());
     if (former) DeleteLanguageConfig(former);
 }
 

@@ -3,16 +3,22 @@
 #include "projectfiles/languageconfigmap.h"
 #include "projectfiles/readsources.h"
 #include "services/names/isfilename.h"
+#include <new>
 #include <utility>
 
 namespace {
 
 void KeepWithDependencies(TKeeper* keeper, THdlSourceFile* source) {
     const void* const object = source;
-    keeper->Keep(object, [](const void* kept) {
-        DeleteWithDependencies(
-            const_cast<THdlSourceFile*>(static_cast<const THdlSourceFile*>(kept)));
-    });
+    try {
+        keeper->Keep(object, [](const void* kept) {
+            DeleteWithDependencies(
+                const_cast<THdlSourceFile*>(static_cast<const THdlSourceFile*>(kept)));
+        });
+    } catch (const std::bad_alloc&) {
+        DeleteWithDependencies(source);
+        throw;
+    }
 }
 
 }  // namespace
@@ -35,9 +41,14 @@ IHdlSourceFile* TSourceFileOwner::MakeSourceFile(const ISFileName* name) {
 IHdlSourceFile* TSourceFileOwner::AskBuild(const char* name, TRequest request) {
     if (!Build) return nullptr;
     Request = request;
-    IHdlSourceFile* source = Build->CreateOrGetSourceFile(name);
-    Request = FOR_CALLER;
-    return source;
+    try {
+        IHdlSourceFile* source = Build->CreateOrGetSourceFile(name);
+        Request = FOR_CALLER;
+        return source;
+    } catch (...) {
+        Request = FOR_CALLER;
+        throw;
+    }
 }
 
 IHdlSourceFile* TSourceFileOwner::GetOrMakeSourceFile(const char* name) {
@@ -74,5 +85,5 @@ const TProjectSimLanguageConfig* TSourceFileOwner::GetRecordedLanguageConfig(
 
 void TSourceFileOwner::Clear() {
     Records.clear();
-    if (Read) CallersShare->Keep(Read.release());
+    if (Read) CallersShare->Keep(std::move(Read));
 }

@@ -10,7 +10,8 @@ constexpr const char* kSection = "ExternalSimulatorSettings";
 
 void TSimToolMap::AddSimTool(TBaseSimTool* tool) {
     if (!tool) return;
-    CallersShare->Keep(tool);
+    // It is handed over, whether there is memory for its place or not.
+    CallersShare->Keep(std::unique_ptr<TBaseSimTool>(tool));
     Tools[tool->GetLanguage()] = tool;
 }
 
@@ -37,10 +38,10 @@ std::vector<THdlLanguage> TSimToolMap::GetSimToolLanguages() const {
 bool TSimToolMap::ReadFromFile(DListIterator<TElement*>& element) {
     if (IsAtStart(element, kSection)) ++element;
     while (IsAtStart(element, "Tool")) {
-        auto* tool = new TBaseSimTool;
+        auto made = std::make_unique<TBaseSimTool>();
         // A tool cut short is kept with what it has.
-        (void)tool->ReadFromFile(element);
-        Read.Keep(tool);
+        (void)made->ReadFromFile(element);
+        TBaseSimTool* const tool = Read.Keep(std::move(made));
         Tools[tool->GetLanguage()] = tool;
         SkipEnd(element);
     }

@@ -37,6 +37,10 @@ TEST(OutOfMemory, LosesNothingOfDocuments) {
     TryWorks(MakeXmlWorks());
 }
 
+TEST(OutOfMemory, LosesNothingOfBuilds) {
+    TryWorks(MakeBuildWorks());
+}
+
 TEST(OutOfMemory, LosesNothingOfSettings) {
     TryWorks(MakeSettingsWorks());
 }

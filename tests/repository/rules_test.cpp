@@ -136,9 +136,20 @@ TEST(Rules, ThrowNothingButThatMemoryRanOut) {
     EXPECT_EQ(MatchesInLibrary(std::regex("\\bthrow\\b(?!;)(?! std::bad_alloc\\(\\))")), "");
     EXPECT_EQ(
         MatchesInLibrary(std::regex("\\b(throw|try|catch|rethrow_exception|throw_with_nested)\\b")),
+        "buildfile/hdlbuildfile.cpp: catch\n"
+        "buildfile/hdlbuildfile.cpp: throw\n"
+        "buildfile/hdlbuildfile.cpp: try\n"
+        "projectfiles/dependencyindex.cpp: catch\n"
+        "projectfiles/dependencyindex.cpp: throw\n"
+        "projectfiles/dependencyindex.cpp: try\n"
+        "projectfiles/sourcefileowner.cpp: catch\n"
+        "projectfiles/sourcefileowner.cpp: throw\n"
+        "projectfiles/sourcefileowner.cpp: try\n"
         "services/base/allocator.cpp: catch\n"
         "services/base/allocator.cpp: throw\n"
         "services/base/allocator.cpp: try\n"
+        "services/base/keeper.cpp: catch\n"
+        "services/base/keeper.cpp: try\n"
         "services/files/filebeside.cpp: catch\n"
         "services/files/filebeside.cpp: try\n"
         "services/files/filelock.cpp: catch\n"

@@ -2,7 +2,9 @@
 
 #include <atomic>
 #include <mutex>
+#include <new>
 #include <unordered_map>
+#include <utility>
 
 #include "services/base/sharedparts.h"
 
@@ -20,11 +22,17 @@ public:
         NoteCount();
     }
     void Keep(TKeeper* keeper, const TKeeper::TKept& kept) {
-        Forget(kept.Object);
-        keeper->Objects.push_back(kept);
-        const std::lock_guard guard(Lock);
-        Places[kept.Object] = {keeper, --keeper->Objects.end()};
-        NoteCount();
+        // All memory is taken before anything changes.
+        std::list<TKeeper::TKept> made{kept};
+        const TPlace former = Put(kept.Object, {keeper, made.begin()});
+        if (former.Keeper) former.Keeper->Objects.erase(former.Entry);
+        keeper->Objects.splice(keeper->Objects.end(), made);
+    }
+    /// False when no keeper has the object. Takes no memory.
+    bool HandOver(const void* object) {
+        const TPlace place = TakeFromKeeper(object);
+        if (place.Keeper) place.Keeper->Objects.erase(place.Entry);
+        return place.Keeper != nullptr;
     }
     const TKeeper* Find(const void* object) { return PlaceOf(object).Keeper; }
     /// Of an object that a keeper has.
@@ -42,6 +50,18 @@ private:
         TKeeper* Keeper = nullptr;
         std::list<TKeeper::TKept>::iterator Entry;
     };
+    /// The former place.
+    TPlace Put(const void* object, const TPlace& place) {
+        const std::lock_guard guard(Lock);
+        const TPlace former = std::exchange(Places[object], place);
+        NoteCount();
+        return former;
+    }
+    TPlace TakeFromKeeper(const void* object) {
+        const std::lock_guard guard(Lock);
+        const auto found = Places.find(object);
+        return found == Places.end() ? TPlace() : std::exchange(found->second, {});
+    }
     TPlace PlaceOf(const void* object) {
         const std::lock_guard guard(Lock);
         const auto place = Places.find(object);
@@ -64,7 +84,12 @@ private:
 };
 
 void KeepUntilExit(const void* object) {
-    if (object) TKeptObjects::Of(object).KeepUntilExit(object);
+    if (!object) return;
+    try {
+        TKeptObjects::Of(object).KeepUntilExit(object);
+    } catch (const std::bad_alloc&) {
+        // Leak checkers may find it; destructors leave objects behind, too.
+    }
 }
 
 void ForgetKept(const void* object) {
@@ -72,10 +97,7 @@ void ForgetKept(const void* object) {
 }
 
 bool HandOver(const void* object) {
-    if (!TKeptObjects::Of(object).Find(object)) return false;
-    ForgetKept(object);
-    KeepUntilExit(object);
-    return true;
+    return TKeptObjects::Of(object).HandOver(object);
 }
 
 void TKeeper::Keep(const void* object, TDelete deleteObject) {

@@ -1,5 +1,6 @@
 #pragma once
 #include <list>
+#include <memory>
 
 // Some rules drop an object without destroying it: pointers that were handed out stay valid. Such
 // an object is kept in one place, either until the process ends or by the TKeeper that deletes it.
@@ -33,6 +34,12 @@ public:
         Keep(object, [](const void* kept) { delete static_cast<const T*>(kept); });
     }
     void Keep(const void* object, TDelete deleteObject);
+    /// The same for an object that nobody has yet: it is deleted when memory runs out. Returns it.
+    template <class T>
+    T* Keep(std::unique_ptr<T> object) {
+        Keep(object.get());
+        return object.release();
+    }
     bool Has(const void* object) const;
     bool IsEmpty() const { return Objects.empty(); }
     /// Deletes an object that this keeper has.
