@@ -17,6 +17,9 @@ public:
     std::string Try(std::size_t number, bool forever, TAfterFailure after, bool* isReached) const;
 
 private:
+    std::string TryOnce(std::size_t number, bool forever, TAfterFailure after,
+                        bool* isReached) const;
+
     const TWorkRow& Row;
     std::string Expected;
 };
