@@ -16,6 +16,7 @@ public:
     }
 
     void AddSteps() {
+        Recipe.RefuseQuotes();
         AnalysisOptions = Recipe.OptionsOf(STEP_ANALYSE, kWordsOfGhdl);
         ElaborationOptions = Recipe.OptionsOf(STEP_ELABORATE, kWordsOfGhdl);
         RunOptions = Recipe.OptionsOf(STEP_RUN, kWordsOfGhdl);

@@ -12,6 +12,7 @@ public:
     explicit TIcarusRecipe(TRunRecipe* recipe) : Recipe(*recipe) {}
 
     void AddSteps() {
+        Recipe.RefuseQuotes();
         for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE})
             Append(Recipe.OptionsOf(step, kWordsOfIcarus), &CompileOptions);
         RunOptions = Recipe.OptionsOf(STEP_RUN, kWordsWithPlus);

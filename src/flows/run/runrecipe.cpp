@@ -183,6 +183,12 @@ void TRunRecipe::Refuse(const std::string& name, const char* reason) {
     Run->Losses.push_back({DIAGNOSTIC_UNWRITABLE_NAME, {Tool.Name, name, reason}});
 }
 
+void TRunRecipe::RefuseQuotes() {
+    for (const TPlanSource& source : Plan.Sources)
+        if (source.Language == Tool.Language && source.Path.find('"') != std::string::npos)
+            Refuse(source.Path, "the tool cannot read its own file with a quote");
+}
+
 void TRunRecipe::LoseVerilogSettings() {
     const TPlanSettings& settings = GetSettings();
     if (!settings.IncludeDirectories.empty()) Lose("include directories");

@@ -51,6 +51,9 @@ public:
     void Lose(const std::string& what);
     /// Tells that the tool cannot work with a name.
     void Refuse(const std::string& name, const char* reason);
+    /// The same for sources with a double quote in their names, which the tool writes into its own
+    /// files as it is.
+    void RefuseQuotes();
     /// Tells of settings that nothing but Verilog has.
     void LoseVerilogSettings();
 
