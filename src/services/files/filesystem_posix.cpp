@@ -146,7 +146,8 @@ std::string TNativeFileSystem::GetWorkingDirectory(std::string_view) {
         longer.resize(longer.size() * 2);
         if (const char* directory = getcwd(longer.data(), longer.size())) return directory;
     }
-    return "/";
+    // It was removed, or may not be looked at. Relative names must not become others.
+    return "/proc/self/cwd";
 }
 
 std::int64_t TNativeFileSystem::GetTime() {

@@ -85,7 +85,7 @@ TEST(PosixFileSystem, TellsAFileThatCannotBeReadToItsEnd) {
     EXPECT_EQ(result.Reason, "Input/output error");
 }
 
-TEST(PosixFileSystem, TakesTheRootWhenTheWorkingDirectoryIsGone) {
+TEST(PosixFileSystem, MakesNoFilesElsewhereWhenTheWorkingDirectoryIsGone) {
     TNativeFileSystem system;
     const std::string former = system.GetWorkingDirectory({});
     std::string inside, gone;
@@ -96,8 +96,11 @@ TEST(PosixFileSystem, TakesTheRootWhenTheWorkingDirectoryIsGone) {
         EXPECT_EQ(inside, system.ExpandLinks(folder.Path()));
     }
     gone = system.GetWorkingDirectory({});
+    std::string bytes;
+    const TFileResult result = system.Read(gone + "/file", 1'000, &bytes);
     EXPECT_TRUE(system.ChangeWorkingDirectory(former).IsDone());
-    EXPECT_EQ(gone, "/");
+    EXPECT_EQ(gone, "/proc/self/cwd");
+    EXPECT_EQ(result.Fault, TFileFault::Missing);
 }
 
 TEST(PosixFileSystem, TellsWhatMayBeReadAndWritten) {
