@@ -34,7 +34,7 @@ std::string ComplaintOfCopies(const std::string& saved, const std::string& again
     return saved == again ? "" : "what was saved reads otherwise:\n" + saved + "\n" + again;
 }
 
-// The second save goes elsewhere, as paths are relative to the file.
+// It is saved over itself, as paths are relative to the file.
 std::string ReadBuild(const TFileReader&, const std::string& bytes) {
     const auto* const path = HandleOf(Folder().Write("build.xml", bytes));
     THdlBuildFile build;

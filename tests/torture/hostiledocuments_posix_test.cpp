@@ -110,7 +110,7 @@ const TShape kShapes[] = {
      0, kMissing, "the dependencies have 1 cycle; 'hdlbuild check' shows them\n", "order"},
     {"sources in a chain",
      [](std::size_t count) {
-         return SourcesWithNeeds(count, [count](std::size_t of) { return of + 1; });
+         return SourcesWithNeeds(count, [](std::size_t of) { return of + 1; });
      },
      0, kMissing, "", "order"},
     {"sources on a thousand",
