@@ -84,7 +84,9 @@ void TElementBlocks::Close() {
 }
 
 void TElementBlocks::Reserve(std::size_t size) {
-    if (static_cast<std::size_t>(End - Next) >= size) return;
+    // Behind an element that is longer than a block there may be room, but no distance tells of it.
+    const bool isNear = !Block || Next <= Block->GetRoom() + kLargestBlock;
+    if (isNear && static_cast<std::size_t>(End - Next) >= size) return;
     const std::size_t grown = std::clamp(4 * BlockSize, kSmallestBlock, kLargestBlock);
     Close();
     BlockSize = grown;
