@@ -21,6 +21,8 @@ void AppendElement(const TElement& element, std::string* all) {
     *all += '\n';
 }
 
+}  // namespace
+
 /// Elements that have left their list with their nodes.
 class TElementRow : public DList<TElement*> {
 public:
@@ -31,8 +33,6 @@ public:
     using DList::TakeAll;
     using DList::TakeFirstOf;
 };
-
-}  // namespace
 
 /// What the list held before the section is replaced. What is written around it goes back to the
 /// list; nothing of that takes memory.
