@@ -62,6 +62,7 @@ private:
 }  // namespace
 
 TEST_P(SaveFaults, LeaveTheOldFileOrTheNewOne) {
+    if (kHasAddressSanitizer) GTEST_SKIP() << "the address sanitizer prints under strace";
     if (const std::string reason = WhyNoStrace(); !reason.empty()) GTEST_SKIP() << reason;
     const TFault& fault = GetParam();
     TTally tally(fault.Class);

@@ -2,6 +2,19 @@
 #include <cstddef>
 #include <string>
 
+// The address sanitizer multiplies memory and time, and finds no leaks under strace.
+#if defined(__SANITIZE_ADDRESS__)
+inline constexpr bool kHasAddressSanitizer = true;
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+inline constexpr bool kHasAddressSanitizer = true;
+#else
+inline constexpr bool kHasAddressSanitizer = false;
+#endif
+#else
+inline constexpr bool kHasAddressSanitizer = false;
+#endif
+
 /// Whether every fault is to be tried (HDLBUILDFILE_TORTURE is "full"), not only some of each kind.
 bool IsFullTorture();
 /// One of the two, as it is.
