@@ -75,7 +75,8 @@ void TDependencyIndex::Build() {
         Lists.reserve(Group->size());
         Uses.reserve(Group->size());
         Group->ReportTo(this);
-        if (!IsCurrent()) throw std::bad_alloc();
+        // Other threads may have changed handles of theirs meanwhile: that is no want of memory.
+        if (HandleChangeCount == kNeverCurrent) throw std::bad_alloc();
     } catch (const std::bad_alloc&) {
         Drop();
         throw;
