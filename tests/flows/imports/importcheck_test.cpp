@@ -13,7 +13,11 @@ std::string Checked(TImported imported, TImportOrder order = ORDER_COUNTS) {
     folder.Write("sub/c.v", "");
     const TImportRequest request{
         {}, "", [&](const std::string& path) { return folder.TextOf(path); }};
-    const auto prepend = [&](std::string* path) { *path = folder.Path(*path); };
+    // Not by Path(): Windows has no path for a name that is no UTF-8.
+    const std::string root = folder.Path("x");
+    const auto prepend = [&root](std::string* path) {
+        *path = root.substr(0, root.size() - 1) + *path;
+    };
     for (TImportedSource& source : imported.Sources) prepend(&source.Path);
     for (auto& [language, settings] : imported.Settings)
         for (TImportedText& text : settings.IncludeDirectories) prepend(&text.Text);

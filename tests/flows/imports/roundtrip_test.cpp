@@ -188,7 +188,7 @@ TEST(RoundTrip, GivesTheNamesThatTheExporterTakes) {
     const std::map<std::string, std::string> expected = {
         {"blueprint", "....................................."},
         // Elsewhere a drive is a name with a colon.
-        {"depfile", hasDrives ? "..............--.--...........--....."
+        {"depfile", hasDrives ? ".....-....-...--.--.---....-..--....."
                               : ".....-....-...--.--.---....-..--...-."},
         {"filelist", "---------...................--.--..--"},
         {"icarus", "..-..--........................-....-"},
