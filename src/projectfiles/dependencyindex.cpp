@@ -8,6 +8,8 @@ namespace {
 
 // No count of changed handles gets there.
 constexpr unsigned long long kNeverCurrent = ~0ULL;
+// While it is built: other threads may change handles of theirs, and nothing may be left out.
+constexpr unsigned long long kBuilding = kNeverCurrent - 1;
 
 }  // namespace
 
@@ -63,20 +65,22 @@ void TDependencyIndex::Gone(TIHdlSourceFileList* list) {
 }
 
 bool TDependencyIndex::IsCurrent() const {
-    return IsBuilt && HandleChangeCount == THdlSourceFile::GetHandleChangeCount();
+    return IsBuilt && (HandleChangeCount == kBuilding ||
+                       HandleChangeCount == THdlSourceFile::GetHandleChangeCount());
 }
 
 void TDependencyIndex::Build() {
     Drop();
     IsBuilt = true;
-    HandleChangeCount = THdlSourceFile::GetHandleChangeCount();
+    const auto count = THdlSourceFile::GetHandleChangeCount();
+    HandleChangeCount = kBuilding;
     try {
         Entries.reserve(Group->size());
         Lists.reserve(Group->size());
         Uses.reserve(Group->size());
         Group->ReportTo(this);
-        // Other threads may have changed handles of theirs meanwhile: that is no want of memory.
         if (HandleChangeCount == kNeverCurrent) throw std::bad_alloc();
+        HandleChangeCount = count;
     } catch (const std::bad_alloc&) {
         Drop();
         throw;
