@@ -22,10 +22,10 @@ public:
         NoteCount();
     }
     void Keep(TKeeper* keeper, const TKeeper::TKept& kept) {
+        if (Move(keeper, kept)) return;
         // All memory is taken before anything changes.
         std::list<TKeeper::TKept> made{kept};
-        const TPlace former = Put(kept.Object, {keeper, made.begin()});
-        if (former.Keeper) former.Keeper->Objects.erase(former.Entry);
+        Put(kept.Object, {keeper, made.begin()});
         keeper->Objects.splice(keeper->Objects.end(), made);
     }
     /// False when no keeper has the object. Takes no memory.
@@ -50,12 +50,28 @@ private:
         TKeeper* Keeper = nullptr;
         std::list<TKeeper::TKept>::iterator Entry;
     };
+    /// From the keeper that has the object to another one. False, with nothing done, when no keeper
+    /// has it. Takes no memory.
+    bool Move(TKeeper* keeper, const TKeeper::TKept& kept) {
+        const TPlace former = ExchangeKeeper(kept.Object, keeper);
+        if (!former.Keeper) return false;
+        former.Entry->Delete = kept.Delete;
+        keeper->Objects.splice(keeper->Objects.end(), former.Keeper->Objects, former.Entry);
+        return true;
+    }
     /// The former place.
-    TPlace Put(const void* object, const TPlace& place) {
+    TPlace ExchangeKeeper(const void* object, TKeeper* keeper) {
         const std::lock_guard guard(Lock);
-        const TPlace former = std::exchange(Places[object], place);
-        NoteCount();
+        const auto found = Places.find(object);
+        if (found == Places.end() || !found->second.Keeper) return {};
+        TPlace former = found->second;
+        found->second.Keeper = keeper;
         return former;
+    }
+    void Put(const void* object, const TPlace& place) {
+        const std::lock_guard guard(Lock);
+        Places[object] = place;
+        NoteCount();
     }
     TPlace TakeFromKeeper(const void* object) {
         const std::lock_guard guard(Lock);

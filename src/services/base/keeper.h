@@ -28,7 +28,8 @@ public:
     TKeeper& operator=(const TKeeper&) = delete;
     ~TKeeper() { DeleteAll(); }
 
-    /// Takes the object, wherever it was kept, to delete it in the end.
+    /// Takes the object, wherever it was kept, to delete it in the end. One that a TKeeper has
+    /// takes no memory.
     template <class T>
     void Keep(T* object) {
         Keep(object, [](const void* kept) { delete static_cast<const T*>(kept); });
@@ -46,7 +47,7 @@ public:
     void Delete(const void* object);
     /// Deletes all, in the order in which they were kept.
     void DeleteAll();
-    /// Takes what `other` has.
+    /// Takes what `other` has, without memory.
     void TakeAll(TKeeper* other);
     /// Hands all over.
     void HandOverAll();
