@@ -5,6 +5,7 @@
 #include "services/xml/xmlstream.h"
 #include <algorithm>
 #include <functional>
+#include <memory>
 
 namespace {
 
@@ -35,10 +36,14 @@ bool TComponentNameList::AddComponentName(const char* entity, const char* archit
 bool TComponentNameList::AddComponentName(TTBIdentifier entity, TTBIdentifier architecture,
                                           const char* library) {
     if (IsNameInList(entity, architecture, library)) return false;
-    const auto* name = new TComponentName(entity, architecture, library);
-    KeepUntilExit(name);
-    Names.push_back(name);
-    NamesByHash.emplace(HashOf(entity, architecture, name->GetDestinationLibraryName()), name);
+    auto name = std::make_unique<const TComponentName>(entity, architecture, library);
+    KeepUntilExit(name.get());
+    // All memory is taken before anything changes.
+    TNames entry{name.get()};
+    NamesByHash.emplace(HashOf(entity, architecture, name->GetDestinationLibraryName()),
+                        name.get());
+    Names.splice(Names.end(), entry);
+    (void)name.release();
     return true;
 }
 

@@ -12,6 +12,24 @@ bool IsUnknownLanguageText(const char* text, THdlLanguage language) {
            !EqualIgnoringCase(TrimmedView(text), GetStringFromHdlLanguage(LANGUAGE_NONE));
 }
 
+/// Deletes the names of a list unless they were kept.
+class TNamesNotKept {
+public:
+    explicit TNamesNotKept(TComponentNameList* list) : List(list) {}
+    TNamesNotKept(const TNamesNotKept&) = delete;
+    TNamesNotKept& operator=(const TNamesNotKept&) = delete;
+    ~TNamesNotKept() {
+        if (List) List->Flush();
+    }
+    void KeepIn(TKeeper* keeper) {
+        for (const TComponentName* name : *List) keeper->Keep(name);
+        List = nullptr;
+    }
+
+private:
+    TComponentNameList* List;
+};
+
 }  // namespace
 
 bool TTopLevelComponents::AddComponentName(const char* entity, const char* architecture,
@@ -62,8 +80,9 @@ bool TTopLevelComponents::ReadTopLevelComponentNames(DListIterator<TElement*>& e
         TComponentNameList* list = StartList(element.Current()->GetAttribute("Language"));
         ++element;
         SkipToStart(element);
+        TNamesNotKept names(list);
         const bool isWhole = list->ReadFromFile(element);
-        for (const TComponentName* name : *list) NamesRead.Keep(name);
+        names.KeepIn(&NamesRead);
         if (!isWhole) return false;
     }
     return true;
