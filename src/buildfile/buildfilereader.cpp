@@ -11,6 +11,7 @@
 #include "translation/v2voptionelement.h"
 #include "translation/v2vtranslationoptions.h"
 #include <iterator>
+#include <memory>
 
 namespace {
 
@@ -45,6 +46,15 @@ void ReadTimeBase(const TElement& element, TTimeBase* timeBase) {
     timeBase->SetDisplayTimeUnit(
         ReadTimeUnit(element, "DisplayTimeUnit", timeBase->GetDisplayTimeUnit()));
 }
+
+/// Deletes a list with its options.
+struct TOptionsListEnd {
+    void operator()(TV2VTranslationOptionsList* options) const {
+        options->Flush();
+        delete options;
+    }
+};
+using TOwnOptionsList = std::unique_ptr<TV2VTranslationOptionsList, TOptionsListEnd>;
 
 /// From anywhere inside a "LanguageSettings" element past its end.
 void LeaveLanguageSettings(TElementIterator& element) {
@@ -149,20 +159,21 @@ bool THdlBuildFile::ReadTranslationOptions(DListIterator<TElement*>& element, bo
 }
 
 void THdlBuildFile::MakeTranslationOptions(bool isVerilog2Vhdl) {
-    TranslationOptions =
+    TOwnOptionsList made(
         new TV2VTranslationOptionsList(nullptr, isVerilog2Vhdl ? "Verilog2VhdlTranslationOptions"
-                                                               : "Vhdl2VerilogTranslationOptions");
+                                                               : "Vhdl2VerilogTranslationOptions"));
     if (isVerilog2Vhdl)
-        TV2VTranslationOptionsList::PopulateWithDefaultVerilog2VhdlOptions(TranslationOptions);
+        TV2VTranslationOptionsList::PopulateWithDefaultVerilog2VhdlOptions(made.get());
     else
-        TV2VTranslationOptionsList::PopulateWithDefaultVhdl2VerilogOptions(TranslationOptions);
+        TV2VTranslationOptionsList::PopulateWithDefaultVhdl2VerilogOptions(made.get());
     // Kept first, so deleted first: the list's destructor uses the options.
-    Parts->OptionsRead.Keep(TranslationOptions);
-    for (const void* option : *TranslationOptions)
+    Parts->OptionsRead.Keep(made.get());
+    for (const void* option : *made)
         Parts->OptionsRead.Keep(option, [](const void* kept) {
             DeleteOption(const_cast<TV2VTranslationOption*>(
                 static_cast<const TV2VTranslationOption*>(kept)));
         });
+    TranslationOptions = made.release();
 }
 
 bool THdlBuildFile::ReadVerilog2VhdlTranslationOptions(DListIterator<TElement*>& element) {

@@ -1,6 +1,7 @@
 #pragma once
 #include "services/logging/binarylog.h"
 #include "services/xml/xmlstream.h"
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,11 @@ std::vector<std::string> ReadAdditionalOptions(TElementIterator& elemI);
 /// Deletes an option with its arguments: without a virtual destructor they go only with its exact
 /// class.
 void DeleteOption(TV2VTranslationOption* option);
+struct TOptionEnd {
+    void operator()(TV2VTranslationOption* option) const { DeleteOption(option); }
+};
+/// An option that is not handed over yet.
+using TOwnOption = std::unique_ptr<TV2VTranslationOption, TOptionEnd>;
 
 /// Whether all options are exactly of the library's classes: no override of a caller's sees the
 /// document that they are written to.

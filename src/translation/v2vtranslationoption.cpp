@@ -44,7 +44,7 @@ const char* TV2VTranslationOption::GetListString() {
 }
 
 bool TV2VTranslationOption::IsMatch(const char* text) const {
-    return DashOption == TextOf(text);
+    return DashOption == (text ? text : "");
 }
 
 std::string TV2VTranslationOption::GetCommandLineOption() {

@@ -9,6 +9,7 @@
 #include "translation/v2vtranslationstringoption.h"
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <new>
 #include <typeinfo>
 #include <utility>
@@ -32,9 +33,9 @@ bool DestroyIfItIs(TV2VTranslationOption* option) {
     return true;
 }
 
-TV2VTranslationOption* MakeOption(const TV2VCommandLineOption& row) {
-    const auto make = [&row]<class T>(T*) -> TV2VTranslationOption* {
-        return new T(row.Switch, row.OptionText, row.HelpText, row.Enabled);
+TOwnOption MakeOption(const TV2VCommandLineOption& row) {
+    const auto make = [&row]<class T>(T*) {
+        return TOwnOption(new T(row.Switch, row.OptionText, row.HelpText, row.Enabled));
     };
     switch (row.Kind) {
         case V2V_PLAIN_OPTION:
@@ -46,6 +47,19 @@ TV2VTranslationOption* MakeOption(const TV2VCommandLineOption& row) {
         default:
             return nullptr;
     }
+}
+
+/// An option for each row of the table whose switch has none yet.
+std::vector<TOwnOption> MakeOptions(const TV2VCommandLineOption* table, int count) {
+    std::vector<TOwnOption> options;
+    for (int i = 0; table && i < count; ++i) {
+        const bool isListed = std::any_of(
+            options.begin(), options.end(),
+            [&row = table[i]](const auto& option) { return option->IsMatch(row.Switch); });
+        if (isListed) continue;
+        if (TOwnOption option = MakeOption(table[i])) options.push_back(std::move(option));
+    }
+    return options;
 }
 
 // The option of `list` that an element belongs to; null for none. An empty switch names no element.
@@ -96,9 +110,12 @@ TV2VTranslationOptionsList::TV2VTranslationOptionsList(const TV2VTranslationOpti
 TV2VTranslationOptionsList& TV2VTranslationOptionsList::operator=(
     const TV2VTranslationOptionsList& other) {
     if (this == &other) return *this;
+    // All memory is taken before anything changes.
+    auto options = other.Options;
+    std::string tag = other.Tag;
     LetGo();
-    Options = other.Options;
-    Tag = other.Tag;
+    Options.swap(options);
+    Tag.swap(tag);
     Component = other.Component;
     return *this;
 }
@@ -120,8 +137,10 @@ void TV2VTranslationOptionsList::LetGo() {
 
 bool TV2VTranslationOptionsList::AddOptionNoDup(TV2VTranslationOption* option) {
     if (!option || FindOption(option->GetDashOption())) return false;
+    // It is handed over, whether there is memory for its place or not.
+    TOwnOption given(option);
     Options.push_back(option);
-    option->SetOwningList(this);
+    given.release()->SetOwningList(this);
     return true;
 }
 
@@ -187,10 +206,12 @@ void TV2VTranslationOptionsList::PopulateWithDefaultOptions(TV2VTranslationOptio
                                                             const TV2VCommandLineOption* table,
                                                             int count) {
     if (!list) return;
+    std::vector<TOwnOption> options = MakeOptions(table, count);
+    list->Options.reserve(options.size());
     list->Flush();
-    for (int i = 0; table && i < count; ++i) {
-        if (list->FindOption(table[i].Switch)) continue;
-        list->AddOptionNoDup(MakeOption(table[i]));
+    for (TOwnOption& option : options) {
+        option->SetOwningList(list);
+        list->Options.push_back(option.release());
     }
 }
 
