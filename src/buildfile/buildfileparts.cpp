@@ -33,13 +33,18 @@ void TBuildFileParts::Leave(IBuildManager* build) {
 }
 
 void TBuildFileParts::Store(THdlLanguage language, TProjectSimLanguageConfig* config) {
-    LanguageConfigs.Store(language, config);
-    KeepConfig(Configs.get(), config);
+    KeepAndStore(language, config, Configs.get());
 }
 
 void TBuildFileParts::StoreRead(THdlLanguage language, TProjectSimLanguageConfig* config) {
-    LanguageConfigs.Store(language, config);
-    KeepConfig(&ConfigsRead, config);
+    KeepAndStore(language, config, &ConfigsRead);
+}
+
+void TBuildFileParts::KeepAndStore(THdlLanguage language, TProjectSimLanguageConfig* config,
+                                   TKeeper* keeper) {
+    std::unique_ptr<TProjectSimLanguageConfig> given(config);
+    KeepConfig(keeper, config);
+    LanguageConfigs.Store(language, given.release());
 }
 
 void TBuildFileParts::StoreCopyFor(IHdlSourceFile* source) {

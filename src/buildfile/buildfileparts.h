@@ -74,6 +74,8 @@ struct TBuildFileParts {
     TKeeper OptionsRead;
 
 private:
+    void KeepAndStore(THdlLanguage language, TProjectSimLanguageConfig* config, TKeeper* keeper);
+
     std::unordered_set<IBuildManager*> Builds;
     TBaseDirectory Directory;
     const ISFileName* DirectoryFile = nullptr;  // a shared handle

@@ -10,6 +10,11 @@ namespace {
 
 using TSlot = std::shared_ptr<TLanguageConfigSlot>;
 
+struct TConfigEnd {
+    void operator()(const TProjectSimLanguageConfig* config) const { DeleteLanguageConfig(config); }
+};
+using TOwnConfig = std::unique_ptr<TProjectSimLanguageConfig, TConfigEnd>;
+
 /// The slots of the configurations of all builds, on all threads.
 class TSlotsByConfig {
 public:
@@ -57,15 +62,14 @@ std::shared_ptr<const TLanguageConfigSlot> TLanguageConfigMap::FindSlot(
 
 void TLanguageConfigMap::Store(THdlLanguage language, TProjectSimLanguageConfig* config) {
     // It is handed over, whether there is memory for its place or not.
-    std::unique_ptr<TProjectSimLanguageConfig> given(config);
+    TOwnConfig given(config);
     const auto found = Slots.find(language);
     const TSlot slot =
         found == Slots.end() ? std::make_shared<TLanguageConfigSlot>() : found->second;
-    Slots.try_emplace(language, slot);
     KeepUntilExit(config);
     TSlotsByConfig::GetInstance().Set(config, slot);
-    TProjectSimLanguageConfig* former = std::exchange(slot->Config, given.release());
-    if (former) DeleteLanguageConfig(former);
+    Slots.try_emplace(language, slot);
+    const TOwnConfig former(std::exchange(slot->Config, given.release()));
 }
 
 void TLanguageConfigMap::Clear() {
