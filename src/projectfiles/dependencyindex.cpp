@@ -38,8 +38,8 @@ void TDependencyIndex::Added(TIHdlSourceFileList* list, IHdlSourceFile* source,
         else if (name)
             AddUse(source, *name);
     } catch (const std::bad_alloc&) {
-        // The list has its source all the same. The next look-up builds the index anew.
-        HandleChangeCount = kNeverCurrent;
+        // The list has its source all the same.
+        LoseTrack();
     }
 }
 
@@ -52,8 +52,12 @@ void TDependencyIndex::Removed(TIHdlSourceFileList* list, IHdlSourceFile* source
         else if (name)
             RemoveUse(source, *name);
     } catch (const std::bad_alloc&) {
-        HandleChangeCount = kNeverCurrent;
+        LoseTrack();
     }
+}
+
+void TDependencyIndex::LoseTrack() {
+    HandleChangeCount = kNeverCurrent;
 }
 
 void TDependencyIndex::Gone(TIHdlSourceFileList* list) {

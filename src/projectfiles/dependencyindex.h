@@ -26,6 +26,8 @@ public:
     // Called by the lists. `name` is null for a source that is not found by a name there.
     void Added(TIHdlSourceFileList* list, IHdlSourceFile* source, const TSourceName* name);
     void Removed(TIHdlSourceFileList* list, IHdlSourceFile* source, const TSourceName* name);
+    /// A change could not be reported: the next look-up builds the index anew.
+    void LoseTrack();
     /// A dependency list is being destroyed; what it held was reported as removed.
     void Gone(TIHdlSourceFileList* list);
 

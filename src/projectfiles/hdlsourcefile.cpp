@@ -9,11 +9,16 @@
 
 namespace {
 
+using TOwnList = std::unique_ptr<TIHdlSourceFileList>;
+
 // The list is not deleted with its source: pointers to it stay valid.
-TIHdlSourceFileList* MakeDependencyList() {
-    auto* list = new TIHdlSourceFileList;
-    KeepUntilExit(list);
-    return list;
+TIHdlSourceFileList* HandOut(TOwnList list) {
+    KeepUntilExit(list.get());
+    return list.release();
+}
+
+std::unique_ptr<const std::string> MakeGroupName(const char* name) {
+    return name && *name ? std::make_unique<const std::string>(name) : nullptr;
 }
 
 }  // namespace
@@ -32,24 +37,33 @@ THdlSourceFile::THdlSourceFile(const ISFileName* name, TIHdlSourceFileList* depe
 }
 
 THdlSourceFile::THdlSourceFile(const THdlSourceFile& other)
-    : IHdlSourceFile(other), FileName(other.FileName), Dependencies(MakeDependencyList()) {
-    *this = other;
+    : IHdlSourceFile(other), FileName(other.FileName) {
+    TOwnList dependencies = std::make_unique<TIHdlSourceFileList>(*other.Dependencies);
+    PrecompiledLibraryGroupName = MakeGroupName(other.GetPrecompiledLibraryGroupName());
+    Dependencies = HandOut(std::move(dependencies));
+    TakeFlags(other);
 }
 
 THdlSourceFile& THdlSourceFile::operator=(const THdlSourceFile& other) {
     if (this == &other) return *this;
+    // All memory is taken before anything changes.
+    auto groupName = MakeGroupName(other.GetPrecompiledLibraryGroupName());
+    *Dependencies = *other.Dependencies;
+    PrecompiledLibraryGroupName = std::move(groupName);
     if (FileName != other.FileName) CountHandleChange();
     FileName = other.FileName;
+    TakeFlags(other);
+    return *this;
+}
+
+void THdlSourceFile::TakeFlags(const THdlSourceFile& other) {
     Language = other.Language;
     Project = other.Project;
-    *Dependencies = *other.Dependencies;
     ProjectLanguageConfig = other.ProjectLanguageConfig;
+    ConfigSlot = other.ConfigSlot;
     IsListedForCompile = other.IsListedForCompile;
     LibraryFlag = other.LibraryFlag;
     ExcludeFromBuild = other.ExcludeFromBuild;
-    SetPrecompiledLibraryGroupName(other.GetPrecompiledLibraryGroupName());
-    ConfigSlot = other.ConfigSlot;
-    return *this;
 }
 
 THdlSourceFile::~THdlSourceFile() {
@@ -57,10 +71,11 @@ THdlSourceFile::~THdlSourceFile() {
 }
 
 void THdlSourceFile::Initialize() {
+    TOwnList dependencies = std::make_unique<TIHdlSourceFileList>();
     SetLanguageFromExtension();
     // Indexes of dependencies know the former list only.
     if (Dependencies) CountHandleChange();
-    Dependencies = MakeDependencyList();
+    Dependencies = HandOut(std::move(dependencies));
     SetProjectLanguageConfig(nullptr);
     IsListedForCompile = false;
     LibraryFlag = false;
@@ -68,8 +83,10 @@ void THdlSourceFile::Initialize() {
 }
 
 void THdlSourceFile::SetLanguageFromExtension() {
-    Language = LANGUAGE_NONE;
-    if (!FileName) return;
+    if (!FileName) {
+        Language = LANGUAGE_NONE;
+        return;
+    }
     const std::string extension(IsSharedHandle(FileName)
                                     ? SplitPath(GetSharedText(FileName)).Extension
                                     : FileName->GetParts(PART_EXTENSION));
@@ -83,8 +100,7 @@ const char* THdlSourceFile::GetPrecompiledLibraryGroupName() const {
 
 void THdlSourceFile::SetPrecompiledLibraryGroupName(const char* name) {
     // The new name may be a part of the former one.
-    const std::string text = name ? name : "";
-    PrecompiledLibraryGroupName = text.empty() ? nullptr : std::make_unique<std::string>(text);
+    PrecompiledLibraryGroupName = MakeGroupName(name);
 }
 
 void THdlSourceFile::SetProjectLanguageConfig(TProjectSimLanguageConfig* config) {

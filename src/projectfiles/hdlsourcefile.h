@@ -67,6 +67,7 @@ private:
     /// A source whose owner also has `dependencies`, an empty list, and frees both.
     THdlSourceFile(const ISFileName* name, TIHdlSourceFileList* dependencies);
     void SetLanguageFromExtension();
+    void TakeFlags(const THdlSourceFile& other);
 
     const ISFileName* FileName;
     THdlLanguage Language = LANGUAGE_NONE;

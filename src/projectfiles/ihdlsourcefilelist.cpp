@@ -6,6 +6,8 @@
 #include "services/base/keeper.h"
 #include <algorithm>
 #include <functional>
+#include <new>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -14,6 +16,13 @@ namespace {
 constexpr std::size_t kFewEntries = 8;
 
 thread_local unsigned long long listChangeCount = 0;
+
+// No count of changed handles gets there.
+constexpr unsigned long long kNamesNeverCurrent = ~0ULL;
+
+struct TSourceEnd {
+    void operator()(THdlSourceFile* source) const { DeleteWithDependencies(source); }
+};
 
 }  // namespace
 
@@ -40,14 +49,17 @@ TIHdlSourceFileList::TIHdlSourceFileList(const TIHdlSourceFileList& other) {
 }
 
 TIHdlSourceFileList& TIHdlSourceFileList::operator=(const TIHdlSourceFileList& other) {
-    Language = other.Language;
     if (this == &other) return *this;
-    Flush();
+    // The former sources stay when memory runs out.
+    TIHdlSourceFileList made;
     for (IHdlSourceFile* file : other) {
         TSourceName name;
         GetSourceName(file, &name);
-        Link(&Ring, file, name, Find(name) != nullptr);
+        made.Link(&made.Ring, file, name, made.Find(name) != nullptr);
     }
+    Language = other.Language;
+    Flush();
+    TakeAll(&made);
     return *this;
 }
 
@@ -80,12 +92,9 @@ bool TIHdlSourceFileList::AddNamed(IHdlSourceFile* file, const TFileIdentity& na
 }
 
 bool TIHdlSourceFileList::AddSourceFile(const char* name) {
-    auto* file = new THdlSourceFile(name);
-    if (!AddSourceFile(file, false)) {
-        DeleteWithDependencies(file);
-        return false;
-    }
-    KeepUntilExit(file);
+    std::unique_ptr<THdlSourceFile, TSourceEnd> file(new THdlSourceFile(name));
+    if (!AddSourceFile(file.get(), false)) return false;
+    KeepUntilExit(file.release());
     return true;
 }
 
@@ -157,6 +166,29 @@ void TIHdlSourceFileList::DropAll() {
     Names->AreHandles = false;
 }
 
+// Into the empty list. `other` has its entries one by one, and no index watches it.
+void TIHdlSourceFileList::TakeAll(TIHdlSourceFileList* other) {
+    if (other->empty()) return;
+    ++listChangeCount;
+    Ring = other->Ring;
+    Ring.Next->Previous = &Ring;
+    Ring.Previous->Next = &Ring;
+    other->Ring = {&other->Ring, &other->Ring};
+    Count = std::exchange(other->Count, 0);
+    IsFilled = true;
+    AreNamesShared = other->AreNamesShared;
+    NameCount = other->NameCount;
+    if (!Names) {
+        Names = std::move(other->Names);
+        return;
+    }
+    if (other->Names) {
+        Names->Places = std::move(other->Names->Places);
+        Names->HasPlaces = other->Names->HasPlaces;
+    }
+    for (TDependencyIndex* index : Names->Indexes) ReportAllAsAdded(index);
+}
+
 TIHdlSourceFileList::TNames& TIHdlSourceFileList::MadeNames() const {
     if (!Names) Names = std::make_unique<TNames>();
     return *Names;
@@ -192,11 +224,12 @@ TIHdlSourceFileList::TEntry* TIHdlSourceFileList::FindNamed(const TFileIdentity&
 void TIHdlSourceFileList::Link(TLink* before, IHdlSourceFile* file, const TFileIdentity& name,
                                bool isShared) {
     NameHandles();
-    auto* entry = new TEntry{{nullptr, nullptr}, file, name};
-    Insert(entry, before);
+    auto made = std::make_unique<TEntry>(TEntry{{nullptr, nullptr}, file, name});
+    TEntry* const entry = made.get();
+    if (Names && Names->HasPlaces && !name.IsNone()) Names->Places.Add(name, entry);
+    Insert(made.release(), before);
     AreNamesShared = AreNamesShared || isShared;
     if (!Names) return;
-    if (Names->HasPlaces && !name.IsNone()) Names->Places.Add(name, entry);
     const TSourceName* found = isShared || name.IsNone() ? nullptr : &name;
     for (TDependencyIndex* index : Names->Indexes) index->Added(this, file, found);
 }
@@ -232,7 +265,14 @@ void TIHdlSourceFileList::UnlinkEvery(const IHdlSourceFile* file) {
         link = link->Next;
         if (entry->File == file) Drop(entry);
     }
-    RebuildNames();
+    try {
+        RebuildNames();
+    } catch (const std::bad_alloc&) {
+        // They are dropped all the same: the next look-up looks at the names.
+        if (Names)
+            for (TDependencyIndex* index : Names->Indexes) index->LoseTrack();
+        return;
+    }
     if (Names)
         for (TDependencyIndex* index : Names->Indexes) ReportAllAsAdded(index);
 }
@@ -250,10 +290,12 @@ void TIHdlSourceFileList::RefreshNames() const {
 
 // Looks at the entries again: some may have another name now, and two may share one.
 void TIHdlSourceFileList::RebuildNames() const {
+    const auto count = THdlSourceFile::GetHandleChangeCount();
+    NameCount = kNamesNeverCurrent;
     AreNamesShared = false;
-    NameCount = THdlSourceFile::GetHandleChangeCount();
     if (Names) {
         Names->Places.Clear();
+        Names->HasPlaces = false;
         Names->AreHandles = false;
     }
     TSourceNameTable<TEntry*> places;
@@ -262,12 +304,11 @@ void TIHdlSourceFileList::RebuildNames() const {
         if (GetSourceName(entry->File, &entry->Name) && !places.Add(entry->Name, entry).second)
             AreNamesShared = true;
     }
-    if (Count <= kFewEntries) {
-        if (Names) Names->HasPlaces = false;
-        return;
+    if (Count > kFewEntries) {
+        MadeNames().Places = std::move(places);
+        Names->HasPlaces = true;
     }
-    MadeNames().Places = std::move(places);
-    Names->HasPlaces = true;
+    NameCount = count;
 }
 
 // Turns the handles in the entries into names.
@@ -278,12 +319,13 @@ void TIHdlSourceFileList::NameHandles() const {
 }
 
 void TIHdlSourceFileList::MakePlaces() const {
-    TNames& names = MadeNames();
-    names.HasPlaces = true;
+    TSourceNameTable<TEntry*> places;
     for (TLink* link = Ring.Next; link != &Ring; link = link->Next) {
         auto* entry = static_cast<TEntry*>(link);
-        if (!entry->Name.IsNone()) names.Places.Add(entry->Name, entry);
+        if (!entry->Name.IsNone()) places.Add(entry->Name, entry);
     }
+    MadeNames().Places = std::move(places);
+    Names->HasPlaces = true;
 }
 
 bool TIHdlSourceFileList::HasDistinctNames() const {
@@ -331,24 +373,25 @@ void TIHdlSourceFileList::StopReportingTo(TDependencyIndex* index) {
 }
 
 void TIHdlSourceFileList::ReportAllAsAdded(TDependencyIndex* index) {
-    const bool isGroup = index->IsGroup(this);
-    for (TLink* link = Ring.Next; link != &Ring; link = link->Next) {
-        const auto* entry = static_cast<const TEntry*>(link);
-        if (isGroup)
-            index->Added(this, entry->File, nullptr);
-        else if (FindNamed(entry->Name) == entry)
-            index->Added(this, entry->File, &entry->Name);
-    }
+    ReportAll(index, &TDependencyIndex::Added);
 }
 
 void TIHdlSourceFileList::ReportAllAsRemoved(TDependencyIndex* index) {
+    ReportAll(index, &TDependencyIndex::Removed);
+}
+
+void TIHdlSourceFileList::ReportAll(TDependencyIndex* index, TReport report) {
     const bool isGroup = index->IsGroup(this);
-    for (TLink* link = Ring.Next; link != &Ring; link = link->Next) {
-        const auto* entry = static_cast<const TEntry*>(link);
-        if (isGroup)
-            index->Removed(this, entry->File, nullptr);
-        else if (FindNamed(entry->Name) == entry)
-            index->Removed(this, entry->File, &entry->Name);
+    try {
+        for (TLink* link = Ring.Next; link != &Ring; link = link->Next) {
+            const auto* entry = static_cast<const TEntry*>(link);
+            if (isGroup)
+                (index->*report)(this, entry->File, nullptr);
+            else if (FindNamed(entry->Name) == entry)
+                (index->*report)(this, entry->File, &entry->Name);
+        }
+    } catch (const std::bad_alloc&) {
+        index->LoseTrack();
     }
 }
 

@@ -144,6 +144,7 @@ private:
     void UnlinkEvery(const IHdlSourceFile* file);
     void Drop(TEntry* entry);
     void DropAll();
+    void TakeAll(TIHdlSourceFileList* other);
     void RefreshNames() const;
     bool HasDistinctNames() const;
     void RebuildNames() const;
@@ -161,6 +162,9 @@ private:
     void StopReportingTo(TDependencyIndex* index);
     void ReportAllAsAdded(TDependencyIndex* index);
     void ReportAllAsRemoved(TDependencyIndex* index);
+    using TReport = void (TDependencyIndex::*)(TIHdlSourceFileList*, IHdlSourceFile*,
+                                               const TFileIdentity*);
+    void ReportAll(TDependencyIndex* index, TReport report);
     // Whether a source was listed since the last ForgetFilling.
     bool WasFilled() const { return IsFilled; }
     void ForgetFilling() { IsFilled = false; }

@@ -9,6 +9,8 @@
 #include "services/logging/messagebox.h"
 #include "services/xml/xmlstream.h"
 #include "settings/projectsimgeneralconfig.h"
+#include <memory>
+#include <utility>
 
 namespace {
 
@@ -27,6 +29,21 @@ std::size_t CountListedSources(DListIterator<TElement*> element) {
     return count;
 }
 
+/// A read that is under way as long as this object is. A message box may let the user start
+/// another one within it.
+class TReadingInPlace {
+public:
+    TReadingInPlace(std::unique_ptr<TGroupsReading>* place, std::unique_ptr<TGroupsReading> reading)
+        : Place(place), Outer(std::exchange(*place, std::move(reading))) {}
+    TReadingInPlace(const TReadingInPlace&) = delete;
+    TReadingInPlace& operator=(const TReadingInPlace&) = delete;
+    ~TReadingInPlace() { *Place = std::move(Outer); }
+
+private:
+    std::unique_ptr<TGroupsReading>* Place;
+    std::unique_ptr<TGroupsReading> Outer;
+};
+
 }  // namespace
 
 bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element) {
@@ -36,13 +53,11 @@ bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element) 
 bool TSourceFileGroups::ReadSourceFileGroups(DListIterator<TElement*>& element,
                                              const ISFileName* buildFile, bool asksForAll) {
     FilesMissing = false;
-    // A message box may let the user start another read.
-    auto outer = std::exchange(Reading, std::make_unique<TGroupsReading>(
-                                            !IsAnythingListed(), CountListedSources(element)));
-    if (buildFile) Reading->LookAheadFrom(buildFile, asksForAll);
-    const bool isRead = ReadGroups(element);
-    Reading = std::move(outer);
-    return isRead;
+    auto reading =
+        std::make_unique<TGroupsReading>(!IsAnythingListed(), CountListedSources(element));
+    if (buildFile) reading->LookAheadFrom(buildFile, asksForAll);
+    const TReadingInPlace place(&Reading, std::move(reading));
+    return ReadGroups(element);
 }
 
 bool TSourceFileGroups::ReadGroups(DListIterator<TElement*>& element) {

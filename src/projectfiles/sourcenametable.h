@@ -61,9 +61,13 @@ private:
     }
     TPage& GetOrMakePage(std::size_t number) {
         if (TPage* page = FindPage(number)) return *page;
+        // All memory is taken before anything changes.
+        std::vector<std::uint32_t> more;
+        const bool isFull = (Pages.size() + 1) * 2 > Places.size();
+        if (isFull) more.resize(Places.empty() ? kFirstPlaces : Places.size() * 2);
         Pages.push_back({number, 0, {}});
-        if (Pages.size() * 2 > Places.size()) {
-            Places.assign(Places.empty() ? kFirstPlaces : Places.size() * 2, 0);
+        if (isFull) {
+            Places.swap(more);
             for (std::size_t i = 0; i < Pages.size(); ++i) Enter(i);
         } else {
             Enter(Pages.size() - 1);
