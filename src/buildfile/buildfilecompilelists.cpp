@@ -2,6 +2,7 @@
 #include "buildfile/compileorder.h"
 #include "buildfile/hdlbuildfile.h"
 #include "projectfiles/ihdlsourcefile.h"
+#include <new>
 
 const TIHdlSourceFileList* THdlBuildFile::GetFilesToCompile(THdlLanguage language) const {
     if (language == LANGUAGE_VHDL) return Parts->CompileList.LookUpGroup(language);
@@ -22,7 +23,14 @@ const std::vector<std::string>& THdlBuildFile::GetPrecompiledLibraryGroups() con
 
 void THdlBuildFile::AddPrecompiledLibraryGroupNoDup(const char* name) {
     const std::string text = name ? name : "";
-    if (PrecompiledLibraryNames.insert(text).second) PrecompiledLibraryGroups.push_back(text);
+    const auto [place, isNew] = PrecompiledLibraryNames.insert(text);
+    if (!isNew) return;
+    try {
+        PrecompiledLibraryGroups.push_back(text);
+    } catch (const std::bad_alloc&) {
+        PrecompiledLibraryNames.erase(place);
+        throw;
+    }
 }
 
 void THdlBuildFile::CompilePrecompiledLibraryGroup() {

@@ -76,7 +76,9 @@ THdlBuildFile& THdlBuildFile::operator=(const THdlBuildFile& other) {
 THdlBuildFile::~THdlBuildFile() {
     // Null when memory ran out before there were any.
     if (Parts) Parts->Leave(this);
-    LetGoOfReloaded(0);
+    // What callers had put into these goes now as well.
+    for (; !Reloaded.empty(); Reloaded.pop_front())
+        if (Reloaded.front().use_count() == 1) Reloaded.front()->DeleteWhatWasRead();
 }
 
 void THdlBuildFile::Initialize() {
