@@ -89,6 +89,31 @@ struct TBuildEnd {
 };
 using TOwnBuild = std::unique_ptr<TSimWrapHdlBuildFile, TBuildEnd>;
 
+class TReadingABuild : public TBuildWork {
+public:
+    bool Do() override {
+        Build.reset();
+        Build.reset(new TSimWrapHdlBuildFile(Name));
+        return Build->GetReadResult() == READ_NO_ERROR;
+    }
+    std::string GetResult() override { return TextOf(*Build); }
+
+private:
+    TOwnBuild Build;
+};
+
+class TReloadingABuild : public TBuildWork {
+public:
+    bool Do() override {
+        Build->Reload();
+        return Build->GetReadResult() == READ_NO_ERROR;
+    }
+    std::string GetResult() override { return TextOf(*Build); }
+
+private:
+    TOwnBuild Build{new TSimWrapHdlBuildFile(Name)};
+};
+
 class TOrderingABuild : public TBuildWork {
 public:
     bool Do() override {
@@ -112,6 +137,35 @@ private:
     TOwnBuild Build{new TSimWrapHdlBuildFile(Name)};
 };
 
+class TEditingABuild : public TBuildWork {
+public:
+    bool Do() override {
+        Build->GetSourceFileGroup(LANGUAGE_VHDL)->RemoveSourceFile(HandleOf(SourceName(1)));
+        IHdlSourceFile* const source = Build->CreateOrGetSourceFile("an added source.vhd");
+        IHdlSourceFile* const needed = Build->CreateOrGetSourceFile(SourceName(5).c_str());
+        source->AddDependency(needed);
+        Build->AddSourceFile(source, false);
+        Build->AddComponentName("an_added_component_of_long_name", "rtl", "work", LANGUAGE_VHDL);
+        TProjectSimLanguageConfig settings;
+        settings.SetBuildOptions("other options, which are long as well");
+        Build->AddLanguageConfig(LANGUAGE_VERILOG, &settings);
+        auto tool = std::make_unique<TBaseSimTool>();
+        tool->SetLanguage(LANGUAGE_VHDL);
+        tool->SetSimulatorType(SIM_ZORVIK_VHDL);
+        Build->AddSimTool(tool.release());
+        Build->SetSnapshotName("another snapshot of a long name");
+        (*Build->GetPseudoEnvironmentVariables())["B"] = "the value of another variable";
+        return true;
+    }
+    std::string GetResult() override { return TextOf(*Build) + OrderOf(*Build); }
+
+private:
+    const ISFileName* HandleOf(const std::string& name) const {
+        return ISFileName::NewISFileName(Folder.Path(name).c_str());
+    }
+    TOwnBuild Build{new TSimWrapHdlBuildFile(Name)};
+};
+
 class TCopyingABuild : public TBuildWork {
 public:
     bool Do() override {
@@ -132,8 +186,11 @@ private:
 
 std::vector<TWorkRow> MakeBuildWorks() {
     return {
+        WorkRow<TReadingABuild>("reading a build"),
+        WorkRow<TReloadingABuild>("reading a build again"),
         WorkRow<TOrderingABuild>("ordering a build"),
         WorkRow<TWritingABuild>("writing a build"),
+        WorkRow<TEditingABuild>("editing a build"),
         WorkRow<TCopyingABuild>("copying a build"),
     };
 }
