@@ -52,6 +52,12 @@ std::string GetDeclaredEncoding(std::string_view document, const TXMLEncoding& e
     return beginning.substr(quote + 1, end == std::string::npos ? end : end - quote - 1);
 }
 
+bool TakesMoreInNames(std::string_view document, const TXMLEncoding& encoding) {
+    if (encoding.UnitSize > 1) return true;
+    const std::string declared = GetDeclaredEncoding(document, encoding);
+    return !declared.empty() && !EqualIgnoringCase(declared, "UTF-8");
+}
+
 namespace {
 
 bool ContradictsUtf8Mark(const std::string& declared) {

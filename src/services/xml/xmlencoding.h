@@ -22,6 +22,10 @@ TXMLEncoding DetectXMLEncoding(std::string_view document);
 /// parser checks the declaration itself.
 std::string GetDeclaredEncoding(std::string_view document, const TXMLEncoding& encoding);
 
+/// Whether the parser takes letters in the names of a document of that encoding that it refuses in
+/// UTF-8, which is what documents are written in: the ordinal indicators and the micro sign.
+bool TakesMoreInNames(std::string_view document, const TXMLEncoding& encoding);
+
 /// Whether a high surrogate of a document in UTF-16 lacks its low one. Each such unit is replaced
 /// in `*refused`, a copy of the document, by a low surrogate: the parser refuses that at its place,
 /// while it takes a high surrogate together with whatever follows.

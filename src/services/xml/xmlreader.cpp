@@ -7,6 +7,7 @@
 #include "services/base/progress.h"
 #include "services/xml/expatrun.h"
 #include "services/xml/openelement.h"
+#include "services/xml/xmlname.h"
 #include "services/xml/xmlprologue.h"
 #include "services/xml/xmltext.h"
 
@@ -37,6 +38,7 @@ public:
           UnitSize(encoding.UnitSize),
           DroppedRoot(droppedRoot),
           MaxLevels(kMaxXMLNesting + (holdsRoot ? 1 : 0)),
+          ChecksNames(TakesMoreInNames(document, encoding)),
           Elements(target.Elements),
           Places(target.Places),
           Visit(target.Visit),
@@ -208,6 +210,8 @@ private:
         const bool isDroppedRoot = !RootSeen && !DroppedRoot.empty() && name == DroppedRoot;
         if (!RootSeen) XML_SetDefaultHandler(Run.GetParser(), nullptr);
         RootSeen = true;
+        if (ChecksNames && !AreNamesWritable(name, attributes))
+            return Run.Refuse(XML_ErrorString(XML_ERROR_INVALID_TOKEN));
         if (isDroppedRoot) return;
         if (Open.size() == MaxLevels)
             return Run.Refuse("elements are nested deeper than " + std::to_string(kMaxXMLNesting));
@@ -219,6 +223,14 @@ private:
                               " attributes");
         if (Visit) return VisitStart(name);
         Open.push_back(Elements->Push(TElement::START, name, {}, Attributes));
+    }
+
+    // What could only be written under another name is not well-formed in UTF-8.
+    static bool AreNamesWritable(const XML_Char* name, const XML_Char** attributes) {
+        if (!IsXMLName(name)) return false;
+        for (; attributes[0]; attributes += 2)
+            if (!IsXMLName(attributes[0])) return false;
+        return true;
     }
 
     void End() {
@@ -272,6 +284,7 @@ private:
     std::size_t UnitSize;
     std::string_view DroppedRoot;
     std::size_t MaxLevels;
+    bool ChecksNames;
     TElementSequence* Elements;  // null when they are visited
     TXMLPlaces* Places;          // null: nobody wants them
     std::optional<TPlaceCollector> Collector;

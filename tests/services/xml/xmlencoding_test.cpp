@@ -108,6 +108,14 @@ TEST(XMLEncoding, RefusesWhatIsNotAsDeclared) {
          "2:1: entity declarations are not accepted"},
         {"a name in Windows-1252", "<a>\n<\xE4>\n</a></\xE4>",
          "3:3: mismatched tag: element \"\xC3\xA4\" of line 2 is still open"},
+        // Expat takes them there, and not in UTF-8.
+        {"the micro sign as a name in Latin-1", Declared("ISO-8859-1") + "<a>\n<b\xB5/></a>",
+         "2:1: not well-formed (invalid token)"},
+        {"the same as an attribute's", Declared("iso-8859-1") + "<a \xB5='1'/>",
+         "1:44: not well-formed (invalid token)"},
+        {"the ordinal indicator in UTF-16",
+         kBigEndianMark + Utf16("<a><", true) + std::string("\0\xBA", 2) + Utf16("/></a>", true),
+         "1:7: not well-formed (invalid token)"},
         {"the mark is no column", kUtf8Mark + "<a></b>",
          "1:6: mismatched tag: element \"a\" of line 1 is still open"},
     };
