@@ -18,6 +18,8 @@ TDocumentEditor::TDocumentEditor(const TDocumentText& document, const TDocumentP
       Edits(places.GetText()) {}
 
 bool TDocumentEditor::Find(std::vector<TTextEdit>* edits) {
+    // A document type alone is read, too.
+    if (Places.GetCount() == 0) Reason = "no element found";
     if (Difference.IsChanged(0)) Visits.push_back({0, {}});
     while (!Visits.empty() && Reason.empty()) {
         TVisit visit = std::move(Visits.back());

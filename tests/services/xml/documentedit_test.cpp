@@ -438,6 +438,9 @@ TEST(DocumentEdit, KeepsADocumentThatNoListCanRead) {
 
 TEST(DocumentEdit, RefusesWhatNoDocumentCanHold) {
     EXPECT_EQ(Edited("<L>", "<L/>", "<L a='1'/>"), "refused: no element found");
+    // A reader takes it.
+    EXPECT_EQ(Edited("<!DOCTYPE L SYSTEM 'l.dtd'>", "<L/>", "<L><a/></L>"),
+              "refused: no element found");
     EXPECT_EQ(Edited("<L/>", "<L/>", ""), "refused: a document cannot be without its root");
     EXPECT_EQ(Edited("<a><b></a>", "<L/>", "<L/>"), "refused: mismatched tag");
     TXMLList base;
