@@ -1,41 +1,65 @@
 #include "flows/run/messagelevels.h"
+#include <algorithm>
 #include <cctype>
 
 namespace {
 
 constexpr const char* kLevelNames[] = {"", "note", "warning", "error", "failure"};
 
-/// What begins a message, or ends its head.
+// What a simulation writes without ending the line stands in front of a message, so marks are
+// looked for in the whole line, and the gravest of several counts.
+
+/// What the head of a message has in it.
 struct TMark {
     const char* Text;
     TMessageLevel Level;
 };
 
 template <std::size_t kCount>
-TMessageLevel LevelOfStart(std::string_view line, const TMark (&marks)[kCount]) {
+TMessageLevel LevelOfMarks(std::string_view text, const TMark (&marks)[kCount]) {
+    TMessageLevel gravest = LEVEL_NONE;
     for (const TMark& mark : marks)
-        if (line.starts_with(mark.Text)) return mark.Level;
-    return LEVEL_NONE;
+        if (mark.Level > gravest && text.find(mark.Text) != std::string_view::npos)
+            gravest = mark.Level;
+    return gravest;
+}
+
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::size_t SkipDigits(std::string_view text, std::size_t at) {
+    while (at < text.size() && IsDigit(text[at])) ++at;
+    return at;
 }
 
 /// "tb.vhd:4:3:@0ms:(report error): text", also "(assertion error)" and, of PSL, "(psl ... error)".
 TMessageLevel GhdlLevel(std::string_view line) {
-    const std::size_t time = line.find(":@");
-    const std::size_t open = line.find(":(", time);
-    const std::size_t close = line.find("): ", open);
-    if (time == std::string_view::npos || close == std::string_view::npos) return LEVEL_NONE;
-    const std::string_view kind = line.substr(open + 2, close - open - 2);
-    return FindLevel(kind.substr(kind.rfind(' ') + 1));
+    TMessageLevel gravest = LEVEL_NONE;
+    for (std::size_t at = 0; (at = line.find(":@", at)) != std::string_view::npos;) {
+        const std::size_t number = at + 2;
+        const std::size_t unit = SkipDigits(line, number);
+        at = unit;
+        while (at < line.size() && std::islower(static_cast<unsigned char>(line[at]))) ++at;
+        if (unit == number || at == unit || line.substr(at, 2) != ":(") continue;
+        const std::string_view kind = line.substr(at + 2);
+        const std::size_t close = kind.find_first_of("():");
+        if (close == std::string_view::npos || kind.substr(close, 3) != "): ") continue;
+        const std::size_t word = kind.substr(0, close).rfind(' ') + 1;
+        gravest = std::max(gravest, FindLevel(kind.substr(word, close - word)));
+    }
+    return gravest;
 }
 
-/// Whether the text has ":12: " in it, as behind the name of a file.
-bool HasLineNumber(std::string_view text) {
-    for (std::size_t at = 0; (at = text.find(':', at)) != std::string_view::npos;) {
-        const std::size_t begin = ++at;
-        while (at < text.size() && std::isdigit(static_cast<unsigned char>(text[at]))) ++at;
-        if (at > begin && text.substr(at, 1) == ":") return true;
+/// Where the last line number begins, as in "tb.v:12: " behind the name of a file; 0 for none.
+std::size_t FindLineNumber(std::string_view line) {
+    std::size_t last = 0;
+    for (std::size_t at = 0; (at = line.find(':', at)) != std::string_view::npos;) {
+        const std::size_t begin = at++;
+        const std::size_t end = SkipDigits(line, at);
+        if (end > at && line.substr(end, 2) == ": ") last = begin;
     }
-    return false;
+    return last;
 }
 
 /// "ERROR: tb.v:2: text".
@@ -44,18 +68,16 @@ TMessageLevel IcarusLevel(std::string_view line) {
                                 {"WARNING: ", LEVEL_WARNING},
                                 {"ERROR: ", LEVEL_ERROR},
                                 {"FATAL: ", LEVEL_FAILURE}};
-    return HasLineNumber(line) ? LevelOfStart(line, kMarks) : LEVEL_NONE;
+    return LevelOfMarks(line.substr(0, FindLineNumber(line)), kMarks);
 }
 
 /// "[120] %Error: tb.v:2: Assertion failed in TOP.tb: text".
 TMessageLevel VerilatorLevel(std::string_view line) {
-    constexpr TMark kMarks[] = {{"-Info: ", LEVEL_NOTE},
-                                {"%Warning: ", LEVEL_WARNING},
-                                {"%Error: ", LEVEL_ERROR},
-                                {"%Fatal: ", LEVEL_FAILURE}};
-    const std::size_t end = line.find("] ");
-    if (!line.starts_with('[') || end == std::string_view::npos) return LEVEL_NONE;
-    return LevelOfStart(line.substr(end + 2), kMarks);
+    constexpr TMark kMarks[] = {{"] -Info: ", LEVEL_NOTE},
+                                {"] %Warning: ", LEVEL_WARNING},
+                                {"] %Error: ", LEVEL_ERROR},
+                                {"] %Fatal: ", LEVEL_FAILURE}};
+    return LevelOfMarks(line.substr(std::min(line.find('['), line.size())), kMarks);
 }
 
 /// "** Error: 5ns+0: text".
@@ -65,7 +87,7 @@ TMessageLevel NvcLevel(std::string_view line) {
                                 {"** Error: ", LEVEL_ERROR},
                                 {"** Failure: ", LEVEL_FAILURE},
                                 {"** Fatal: ", LEVEL_FAILURE}};
-    return LevelOfStart(line, kMarks);
+    return LevelOfMarks(line, kMarks);
 }
 
 constexpr struct {
