@@ -17,7 +17,11 @@ std::size_t LengthOfCharacter(std::string_view text) {
     if (length == 0 || text.size() < length) return 0;
     for (std::size_t at = 1; at < length; ++at)
         if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80) return 0;
-    return length;
+    // Longer forms of shorter characters, halves of pairs of UTF-16, and what is beyond U+10FFFF.
+    const auto second = static_cast<unsigned char>(length > 2 ? text[1] : '\0');
+    const bool isNone = (first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F) ||
+                        (first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F);
+    return isNone ? 0 : length;
 }
 
 /// What no document may hold is U+FFFD: simulations print bytes of all kinds.
@@ -28,8 +32,7 @@ std::string XmlText(std::string_view text) {
         const char c = text.front();
         const bool isControl = static_cast<unsigned char>(c) < ' ' && c != '\n' && c != '\t';
         if (length == 0 || isControl || text.starts_with("\xEF\xBF\xBE") ||
-            text.starts_with("\xEF\xBF\xBF") || text.starts_with("\xED\xA0") ||
-            (c == '\xED' && length == 3 && static_cast<unsigned char>(text[1]) >= 0xA0))
+            text.starts_with("\xEF\xBF\xBF"))
             escaped += "\xEF\xBF\xBD";
         else if (c == '&')
             escaped += "&amp;";
