@@ -1,12 +1,16 @@
 #include "flows/process/programs.h"
 #include <cstdlib>
 #include <sstream>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
 bool IsProgram(const std::string& path) {
-    return access(path.c_str(), X_OK) == 0;
+    // Folders may be entered, which the system calls by the same name.
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+           access(path.c_str(), X_OK) == 0;
 }
 
 /// Nothing but a single quote means anything within single quotes.

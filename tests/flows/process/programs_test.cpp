@@ -37,6 +37,8 @@ TEST(Programs, AreLookedForInTheFoldersFirst) {
     EXPECT_EQ(FindProgram("sh", {folder.Path("a b")}), plain);  // no program yet
     std::filesystem::permissions(program, std::filesystem::perms::owner_all);
     EXPECT_EQ(FindProgram("sh", {folder.Path("none"), folder.Path("a b")}), program);
+    folder.Write("folder/sh/file", "");
+    EXPECT_EQ(FindProgram("sh", {folder.Path("folder"), folder.Path("a b")}), program);
 #endif
 }
 
