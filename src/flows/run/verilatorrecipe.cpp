@@ -36,13 +36,15 @@ private:
 
     // What make leaves half done is not built upon: the folder is made anew.
     void AddTop(const TBuildTop& top) {
-        const std::string folder = Recipe.PathOf("objects/" + Recipe.NameOf(top));
+        const bool checks = Recipe.GetWishes().OnlyCompile;  // and leaves the program alone
+        const std::string folder =
+            Recipe.PathOf((checks ? "lint/" : "objects/") + Recipe.NameOf(top));
         const std::string waves = Recipe.WavesOf(top, "vcd");
         TStepRecord compilation;
         compilation.Commands = {CompilationOf(top, waves)};
         compilation.FreshFolders = {folder};
         compilation.Folder = folder;
-        if (Recipe.GetWishes().OnlyCompile) {
+        if (checks) {
             Recipe.AddCompilation(top, "lint", std::move(compilation));
             return;
         }

@@ -46,11 +46,13 @@ TEST(VerilatorRecipe, ChecksATopWithoutMakingAProgram) {
     wishes.OnlyCompile = true;
     wishes.Waves = true;
     const std::string text = TextOfRun("verilator", plan, wishes);
-    EXPECT_EQ(text.substr(0, text.find("\n  in")),
+    EXPECT_EQ(text.substr(0, text.find("\n  source")),
               "lint work.top\n"
               "  call verilator|--lint-only|--timing|--no-MMD|--Mdir|.|"
               "-Wno-fatal|--top-module|top|-Wall|-DA|"
-              "-DB=2 3|-I/b/inc|-I/b/my inc|-y|/b/lib|+libext+.v+.vlib|-GN=7|-v|/b/cells.v|/b/t.v");
+              "-DB=2 3|-I/b/inc|-I/b/my inc|-y|/b/lib|+libext+.v+.vlib|-GN=7|-v|/b/cells.v|/b/t.v\n"
+              "  in /r/verilator/lint/work.top-e0e15e25\n"
+              "  fresh /r/verilator/lint/work.top-e0e15e25");
 }
 
 TEST(VerilatorRecipe, HasAMainForAnOldVersion) {
