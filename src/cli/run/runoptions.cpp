@@ -107,13 +107,15 @@ long long SecondsOf(const std::string& text) {
         const char* Unit;
         long long Seconds;
     } kUnits[] = {{"", 1}, {"s", 1}, {"m", 60}, {"h", 3600}};
-    int number = 0;
+    // Clocks count nanoseconds, which have room for some more.
+    constexpr long long kLongest = 1'000'000'000;
+    long long number = 0;
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, number);
     if (error != std::errc() || number <= 0) return 0;
     for (const auto& unit : kUnits)
         if (std::string_view(stop, static_cast<std::size_t>(end - stop)) == unit.Unit)
-            return number * unit.Seconds;
+            return number <= kLongest / unit.Seconds ? number * unit.Seconds : 0;
     return 0;
 }
 

@@ -16,5 +16,6 @@ struct TRunOptions {
 int ReadRunOptions(const TRunArguments& arguments, const TToolStreams& streams,
                    TRunOptions* options);
 
-/// The seconds of a time like "90", "90s", "10m" or "2h"; 0 for another text.
+/// The seconds of a time like "90", "90s", "10m" or "2h", up to 10^9; 0 for another
+/// text.
 long long SecondsOf(const std::string& text);
