@@ -210,8 +210,13 @@ int TBuildRun::FindPrograms() {
         for (const TRunProgram& program : tool->Programs) {
             const std::string path = find(program);
             Options.Wishes.Programs[program.Name] = path;
-            if (program.IsVersioned && status == kExitDone)
-                Options.Wishes.Versions[program.Name] = AskMajorVersion(path);
+            if (!program.BeforeVersion || status != kExitDone) continue;
+            const std::optional<int> version = AskMajorVersion(path, program.BeforeVersion);
+            if (!version) {
+                ReportError(Streams, "interrupted");
+                return kExitProblems;
+            }
+            Options.Wishes.Versions[program.Name] = *version;
         }
     if (Options.Farm)
         for (const TRunProgram& program : Options.Farm->Programs)

@@ -10,7 +10,10 @@ const std::vector<TRunTool>& GetRunTools() {
          {{"iverilog", "iverilog"}, {"vvp", "iverilog"}},
          AddIcarusSteps},
         {"nvc", LANGUAGE_VHDL, {{"nvc", nullptr}}, AddNvcSteps},
-        {"verilator", LANGUAGE_VERILOG, {{"verilator", "verilator", true}}, AddVerilatorSteps},
+        {"verilator",
+         LANGUAGE_VERILOG,
+         {{"verilator", "verilator", "Verilator "}},
+         AddVerilatorSteps},
     };
     return tools;
 }

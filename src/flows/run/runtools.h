@@ -10,8 +10,9 @@ class TRunRecipe;
 /// A program that a tool needs.
 struct TRunProgram {
     const char* Name;
-    const char* Package;       ///< of Debian, that has it; null: none has
-    bool IsVersioned = false;  ///< whether its calls depend on its version
+    const char* Package;  ///< of Debian, that has it; null: none has
+    /// What stands in front of its version, on which its calls depend; null when they do not.
+    const char* BeforeVersion = nullptr;
 };
 
 /// One row of the table of simulators that a build runs with. The texts are static.

@@ -158,6 +158,12 @@ TEST(RanBuilds, FailUnderEveryToolByErrorsAndTime) {
          "warning: ./t:3:1:@0ms:(report warning): x"},
         {"ghdl", "ghdl", "VHDL", "entity t is end;\narchitecture s of t is begin process begin\n",
          "report \"x\" severity error; wait;", "", "error: ./t:3:1:@0ms:(report error): x"},
+        {"ghdl", "ghdl", "VHDL",
+         "use std.textio.all; entity t is end;\narchitecture s of t is begin process procedure p "
+         "is "
+         "begin write(output, \"so far \"); end; begin\n",
+         "p; report \"x\" severity error; wait;", "",
+         "error: so far ./t:3:4:@0ms:(report error): x"},
         {"ghdl", "ghdl", "VHDL", "entity t is end;\narchitecture s of t is begin process begin\n",
          "report \"x\" severity error; wait;", "--fail-on failure", ""},
         {"ghdl", "ghdl", "VHDL", "entity t is end;\narchitecture s of t is begin process begin\n",
@@ -170,6 +176,8 @@ TEST(RanBuilds, FailUnderEveryToolByErrorsAndTime) {
          "--fail-on warning", "warning: WARNING: ./t:2: x"},
         {"icarus", "iverilog", "Verilog", "module t; initial begin\n", "$error(\"x\");", "",
          "error: ERROR: ./t:2: x"},
+        {"icarus", "iverilog", "Verilog", "module t; initial begin\n",
+         "$write(\"so far \"); $error(\"x\");", "", "error: so far ERROR: ./t:2: x"},
         {"icarus", "iverilog", "Verilog", "module t; initial begin\n", "$error(\"x\");",
          "--fail-on failure", ""},
         {"icarus", "iverilog", "Verilog", "module t; initial begin\n", "$fatal(1, \"x\");",
@@ -365,7 +373,6 @@ TEST(RanBuilds, TellOfBothLanguagesWithWavesAndAReport) {
                                             "'t', [])]\n")));
 }
 
-// Nothing that was running outlives the tool, and what was done is not done again.
 TEST(RanBuilds, WriteWavesUnderBothVersionsOfVerilator) {
     if (!IsInstalled("verilator")) GTEST_SKIP() << "verilator is not installed";
     const WorkingFolder folder;
@@ -395,6 +402,24 @@ TEST(RanBuilds, WriteWavesUnderBothVersionsOfVerilator) {
     EXPECT_EQ(Shell("cat calls").second, "--cc --exe --build\n");
 }
 
+TEST(RanBuilds, AreNotBegunBehindAnInterruption) {
+    const WorkingFolder folder;
+    folder.Write("t.v", "module t; endmodule\n");
+    folder.Write("build.xml", BuildText(TopsText("Verilog", {{"t", ""}}) +
+                                        "<SourceFileGroup Language=\"Verilog\">\n" +
+                                        SourceText("t.v") + "</SourceFileGroup>\n"));
+    folder.Write("bin/ninja", "#!/bin/sh\n");
+    folder.Write("bin/verilator", "#!/bin/sh\n: >begun\nsleep 30\n");
+    for (const char* program : {"bin/ninja", "bin/verilator"})
+        std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    EXPECT_EQ(Shell(HDLBUILD_PROGRAM " run build.xml --with verilator --tool-path bin 2>&1 & p=$!; "
+                                     "until test -e begun; do sleep 0.05; done; kill -INT $p; "
+                                     "wait $p; echo $?; ls")
+                  .second,
+              "hdlbuild: error: interrupted\n1\nbegun\nbin\nbuild.xml\nt.v\n");
+}
+
+// Nothing that was running outlives the tool, and what was done is not done again.
 TEST(RanBuilds, GoOnBehindAnInterruption) {
     if (!IsInstalled("ghdl")) GTEST_SKIP() << "ghdl is not installed";
     const WorkingFolder folder;
