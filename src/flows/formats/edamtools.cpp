@@ -1,19 +1,12 @@
 #include "flows/formats/edamtools.h"
 #include "flows/formats/shelltext.h"
+#include "flows/plan/planoptions.h"
 #include "flows/plan/toolwords.h"
 #include "flows/scan/sourcetext.h"
 #include "flows/trees/yamltext.h"
 #include <algorithm>
 
 namespace {
-
-struct TVerilogYear {
-    const char* Year;
-    const char* Option;  ///< of Icarus Verilog
-};
-
-constexpr TVerilogYear kVerilogYears[] = {{"2005", "-g2005-sv"}, {"2009", "-g2009"}};
-constexpr const char* kSystemVerilogOption = "-g2012";
 
 /// What the types of VHDL files do not name, GHDL's options do.
 constexpr const char* kYearsWithoutType[] = {"2000", "2002"};
@@ -57,16 +50,8 @@ TJson TEdamTools::Make() {
 
 // Verilator reads all as SystemVerilog, and has one delay.
 void TEdamTools::AddLanguage() {
-    const TBuildPlan& plan = Writer.GetPlan();
     const TPlanSettings& settings = Writer.SettingsOf(LANGUAGE_VERILOG);
-    const auto isSystemVerilog = [&plan](const TPlanSource& source) {
-        return source.Language == LANGUAGE_VERILOG && IsSystemVerilog(source, plan);
-    };
-    if (std::any_of(plan.Sources.begin(), plan.Sources.end(), isSystemVerilog)) {
-        Icarus.emplace_back(kSystemVerilogOption);
-        for (const TVerilogYear& year : kVerilogYears)
-            if (settings.Standard == year.Year) Icarus.back() = year.Option;
-    }
+    if (const char* const word = FindIcarusWord(Writer.GetPlan())) Icarus.emplace_back(word);
     if (settings.Delay == DELAY_TYPE_MINIMUM) Icarus.emplace_back("-Tmin");
     if (settings.Delay == DELAY_TYPE_MAXIMUM) Icarus.emplace_back("-Tmax");
 }
@@ -103,10 +88,10 @@ std::string TEdamTools::Checked(const std::string& name, bool isInList) {
 // Both compile in one step.
 void TEdamTools::AddVerilogOptions(TPlanStep step) {
     for (const TWords& words : WithOperands(Writer.SettingsOf(LANGUAGE_VERILOG).Options[step])) {
-        const bool isIcarus = BeginsWithOne(words.front(), kWordsOfIcarus);
-        const bool isVerilator = BeginsWithOne(words.front(), kWordsOfVerilator);
+        const bool isIcarus = IsTaken(words.front(), kWordsOfIcarus);
+        const bool isVerilator = IsTaken(words.front(), kWordsOfVerilator);
         if ((!isIcarus && !isVerilator) || !AreEdamWords(words)) {
-            Lose(step, words);
+            Writer.LoseOption(step, TextOfOption(words));
             continue;
         }
         if (isIcarus) AppendQuoted(words, &Icarus);
@@ -114,19 +99,10 @@ void TEdamTools::AddVerilogOptions(TPlanStep step) {
     }
 }
 
-void TEdamTools::Lose(TPlanStep step, const TWords& words) {
-    for (const std::string& word : words) Writer.LoseOption(step, word);
-}
-
 // With C++ beside it, the program is made of that, as is the default.
 bool TEdamTools::IsSimulatedAlone() const {
-    const auto& sources = Writer.GetPlan().Sources;
-    const auto has = [&sources](THdlLanguage language) {
-        return std::any_of(sources.begin(), sources.end(), [language](const TPlanSource& source) {
-            return source.Language == language;
-        });
-    };
-    return has(LANGUAGE_VERILOG) && !has(LANGUAGE_CPLUSPLUS) && !has(LANGUAGE_SYSTEMC);
+    return Writer.HasSources(LANGUAGE_VERILOG) && !Writer.HasSources(LANGUAGE_CPLUSPLUS) &&
+           !Writer.HasSources(LANGUAGE_SYSTEMC);
 }
 
 void TEdamTools::AddVhdl() {
@@ -136,8 +112,8 @@ void TEdamTools::AddVhdl() {
     for (const std::string year : kYearsWithoutType)
         if (settings.Standard == year) analysis.push_back("--std=" + year.substr(2));
     AppendQuoted(WordsForGhdl(STEP_ANALYSE), &analysis);
-    for (const std::string& word : settings.Options[STEP_ELABORATE])
-        Writer.LoseOption(STEP_ELABORATE, word);
+    for (const TWords& words : WithOperands(settings.Options[STEP_ELABORATE]))
+        Writer.LoseOption(STEP_ELABORATE, TextOfOption(words));
     TWords run;
     AppendQuoted(WordsForGhdl(STEP_RUN), &run);
     if (!analysis.empty()) Tools["ghdl"]["analyze_options"] = analysis;
@@ -146,11 +122,11 @@ void TEdamTools::AddVhdl() {
 
 TEdamTools::TWords TEdamTools::WordsForGhdl(TPlanStep step) {
     TWords kept;
-    for (const TWords& words : WithOperands(Writer.SettingsOf(LANGUAGE_VHDL).Options[step])) {
-        if (BeginsWithOne(words.front(), kWordsOfGhdl) && AreEdamWords(words))
-            kept.insert(kept.end(), words.begin(), words.end());
+    for (std::string& word : Writer.OptionsFor(kWordsOfGhdl, LANGUAGE_VHDL, step)) {
+        if (IsEdamWord(word))
+            kept.push_back(std::move(word));
         else
-            Lose(step, words);
+            Writer.LoseOption(step, word);
     }
     return kept;
 }

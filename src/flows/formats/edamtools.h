@@ -28,7 +28,6 @@ private:
     TWords WordsForGhdl(TPlanStep step);
     bool IsSimulatedAlone() const;
     std::string Checked(const std::string& name, bool isInList);
-    void Lose(TPlanStep step, const TWords& words);
 
     TExportWriter& Writer;
     TEdamFolders Folders;

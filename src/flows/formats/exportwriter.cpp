@@ -105,14 +105,22 @@ void TExportWriter::LoseDelays() {
     if (SettingsOf(LANGUAGE_VERILOG).Delay != DELAY_TYPE_TYPICAL) Lose("the choice of delays");
 }
 
-void TExportWriter::LoseOption(TPlanStep step, const std::string& word) {
+void TExportWriter::LoseOption(TPlanStep step, const std::string& option) {
     constexpr std::array<const char*, kPlanSteps> kNames = {"analysis", "elaboration", "run"};
-    Lose(std::string("the ") + kNames[step] + " option " + word);
+    Lose(std::string("the ") + kNames[step] + " option " + option);
 }
 
 void TExportWriter::LoseOptions(THdlLanguage language, const std::set<TPlanStep>& written) {
     for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE, STEP_RUN}) {
         if (written.contains(step)) continue;
-        for (const std::string& word : SettingsOf(language).Options[step]) LoseOption(step, word);
+        for (const std::vector<std::string>& words :
+             WithOperands(SettingsOf(language).Options[step]))
+            LoseOption(step, TextOfOption(words));
     }
+}
+
+std::vector<std::string> TExportWriter::OptionsFor(const TToolWords& tool, THdlLanguage language,
+                                                   TPlanStep step) {
+    return ListTaken(SettingsOf(language).Options[step], tool,
+                     [&](const std::string& option) { LoseOption(step, option); });
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include "flows/formats/exportformats.h"
+#include "flows/plan/toolwords.h"
 #include <functional>
 #include <set>
 #include <string>
@@ -56,10 +57,13 @@ public:
     void LoseLibraryFiles();
     /// Tells of delays of Verilog that are not the typical ones.
     void LoseDelays();
-    /// Tells of a word of a step's options.
-    void LoseOption(TPlanStep step, const std::string& word);
-    /// Tells of the words that a language's options have besides those with a field in the plan.
+    /// Tells of an option of a step.
+    void LoseOption(TPlanStep step, const std::string& option);
+    /// Tells of the options that a language has besides those with a field in the plan.
     void LoseOptions(THdlLanguage language, const std::set<TPlanStep>& written);
+    /// Of a step's options those that the tool takes, with their operands; tells of the others.
+    std::vector<std::string> OptionsFor(const TToolWords& tool, THdlLanguage language,
+                                        TPlanStep step);
 
     TExported Take() { return std::move(Exported); }
 

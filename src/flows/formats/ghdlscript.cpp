@@ -21,6 +21,9 @@ public:
 
 private:
     const TPlanSettings& Settings() const { return Writer.SettingsOf(LANGUAGE_VHDL); }
+    std::vector<std::string> Options(TPlanStep step) {
+        return Writer.OptionsFor(kWordsOfGhdl, LANGUAGE_VHDL, step);
+    }
     void AddHead();
     void AddSource(const TPlanSource& source);
     void AddTop(const TBuildTop& top);
@@ -41,14 +44,13 @@ void TGhdlScript::AddHead() {
 void TGhdlScript::AddSource(const TPlanSource& source) {
     RefuseQuoted(Writer.WordOf(source.Path), &Writer);
     Writer.AddLine("$GHDL -a $options --work=" + ShellWord(source.Library) +
-                   ShellWords(Settings().Options[STEP_ANALYSE]) + " " +
-                   ShellWord(Writer.WordOf(source.Path)));
+                   ShellWords(Options(STEP_ANALYSE)) + " " + ShellWord(Writer.WordOf(source.Path)));
 }
 
 void TGhdlScript::AddTop(const TBuildTop& top) {
-    Writer.AddLine("$GHDL --elab-run $options --work=" + ShellWord(top.Library) +
-                   ShellWords(Settings().Options[STEP_ELABORATE]) + ShellWords(GhdlUnitOf(top)) +
-                   ShellWords(Settings().Options[STEP_RUN]));
+    Writer.AddLine(
+        "$GHDL --elab-run $options --work=" + ShellWord(top.Library) +
+        ShellWords(JoinedWords({Options(STEP_ELABORATE), GhdlUnitOf(top), Options(STEP_RUN)})));
 }
 
 }  // namespace

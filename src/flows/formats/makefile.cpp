@@ -63,6 +63,9 @@ public:
 private:
     const TPlanSettings& Vhdl() const { return Writer.SettingsOf(LANGUAGE_VHDL); }
     const TPlanSettings& Verilog() const { return Writer.SettingsOf(LANGUAGE_VERILOG); }
+    std::vector<std::string> GhdlOptions(TPlanStep step) {
+        return Writer.OptionsFor(kWordsOfGhdl, LANGUAGE_VHDL, step);
+    }
     void AddHead();
     void AddAnalyses();
     void AddAnalysis(const TPlanSource& source, const std::vector<std::string>& needs);
@@ -133,10 +136,9 @@ void TMakefile::AddAnalysis(const TPlanSource& source, const std::vector<std::st
     if (!Former.empty()) rule += " | " + Former;
     Writer.AddLine(rule);
     Writer.AddLine("\t@mkdir -p $(@D)");
-    Writer.AddLine(
-        "\t$(GHDL) -a $(GHDL_OPTIONS)" +
-        Words(JoinedWords({{"--work=" + source.Library}, Vhdl().Options[STEP_ANALYSE]})) +
-        RecipeText(ShellWords({Writer.WordOf(source.Path)})));
+    Writer.AddLine("\t$(GHDL) -a $(GHDL_OPTIONS)" +
+                   Words(JoinedWords({{"--work=" + source.Library}, GhdlOptions(STEP_ANALYSE)})) +
+                   RecipeText(ShellWords({Writer.WordOf(source.Path)})));
     Writer.AddLine("\t@touch $@");
     Analysed += " " + stamp;
     Former = stamp;
@@ -149,9 +151,9 @@ void TMakefile::AddTops(THdlLanguage language, void (TMakefile::*add)(const TBui
 void TMakefile::AddVhdlRun(const TBuildTop& top) {
     AddRun(top, "analyse",
            "$(GHDL) --elab-run $(GHDL_OPTIONS)" + Words(JoinedWords({{"--work=" + top.Library},
-                                                                     Vhdl().Options[STEP_ELABORATE],
+                                                                     GhdlOptions(STEP_ELABORATE),
                                                                      GhdlUnitOf(top),
-                                                                     Vhdl().Options[STEP_RUN]})));
+                                                                     GhdlOptions(STEP_RUN)})));
 }
 
 void TMakefile::AddVerilogRun(const TBuildTop& top) {

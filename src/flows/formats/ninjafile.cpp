@@ -29,6 +29,9 @@ public:
 private:
     const TPlanSettings& Vhdl() const { return Writer.SettingsOf(LANGUAGE_VHDL); }
     const TPlanSettings& Verilog() const { return Writer.SettingsOf(LANGUAGE_VERILOG); }
+    std::vector<std::string> GhdlOptions(TPlanStep step) {
+        return Writer.OptionsFor(kWordsOfGhdl, LANGUAGE_VHDL, step);
+    }
     void AddRules();
     void AddVhdl();
     void AddAnalyses();
@@ -69,8 +72,8 @@ void TNinjaFile::AddVhdl() {
     for (const TBuildTop* const top : Writer.ListTops(LANGUAGE_VHDL))
         AddRun(*top, kGhdlDone,
                "ghdl" + Words(JoinedWords({GhdlWords("--elab-run", top->Library),
-                                           Vhdl().Options[STEP_ELABORATE], GhdlUnitOf(*top),
-                                           Vhdl().Options[STEP_RUN]})));
+                                           GhdlOptions(STEP_ELABORATE), GhdlUnitOf(*top),
+                                           GhdlOptions(STEP_RUN)})));
 }
 
 // One analysis at a time writes the libraries: each waits for the former, but is not done again
@@ -100,7 +103,7 @@ void TNinjaFile::AddAnalysis(const TPlanSource& source, const std::string& behin
                    behind);
     Writer.AddLine(
         "  call = ghdl" +
-        Words(JoinedWords({GhdlWords("-a", source.Library), Vhdl().Options[STEP_ANALYSE]})) +
+        Words(JoinedWords({GhdlWords("-a", source.Library), GhdlOptions(STEP_ANALYSE)})) +
         NinjaText(ShellWords({Writer.WordOf(source.Path)})));
     Writer.AddLine("  title = analyse " + NinjaText(TitleOf(source)));
 }

@@ -1,4 +1,5 @@
 #include "flows/formats/toolwords.h"
+#include "flows/plan/planoptions.h"
 
 bool RefuseQuoted(const std::string& name, TExportWriter* writer) {
     if (!HasAny(name, "\"")) return false;
@@ -15,7 +16,7 @@ std::vector<std::string> GhdlUnitOf(const TBuildTop& top) {
 std::vector<std::string> IcarusOptions(TExportWriter* writer) {
     const TPlanSettings& settings = writer->SettingsOf(LANGUAGE_VERILOG);
     std::vector<std::string> words;
-    if (HasSystemVerilog(writer->GetPlan())) words.emplace_back("-g2012");
+    if (const char* const word = FindIcarusWord(writer->GetPlan())) words.emplace_back(word);
     if (settings.Delay == DELAY_TYPE_MINIMUM) words.emplace_back("-Tmin");
     if (settings.Delay == DELAY_TYPE_MAXIMUM) words.emplace_back("-Tmax");
     for (const auto* const folders : {&settings.IncludeDirectories, &settings.LibraryDirectories})
@@ -27,8 +28,10 @@ std::vector<std::string> IcarusOptions(TExportWriter* writer) {
         words.push_back("-y" + writer->PathOf(folder));
     for (const std::string& extension : settings.LibraryExtensions)
         words.push_back("-Y" + extension);
-    for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE})
-        words.insert(words.end(), settings.Options[step].begin(), settings.Options[step].end());
+    for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE}) {
+        const auto options = writer->OptionsFor(kWordsOfIcarus, LANGUAGE_VERILOG, step);
+        words.insert(words.end(), options.begin(), options.end());
+    }
     return words;
 }
 

@@ -2,6 +2,7 @@
 #include "flows/formats/formatwriters.h"
 #include "flows/formats/shelltext.h"
 #include "flows/formats/toolwords.h"
+#include "flows/plan/planoptions.h"
 #include <algorithm>
 
 namespace {
@@ -148,7 +149,7 @@ void TListWriter::AddCommandLine() {
         line += " -s " + name;
     if (Settings().Delay == DELAY_TYPE_MINIMUM) line += " -Tmin";
     if (Settings().Delay == DELAY_TYPE_MAXIMUM) line += " -Tmax";
-    if (HasSystemVerilog(Writer.GetPlan())) line += " -g2012";
+    if (const char* const word = FindIcarusWord(Writer.GetPlan())) line.append(" ").append(word);
     Writer.AddLine(line);
 }
 

@@ -1,6 +1,7 @@
 #include "flows/imports/edamoptions.h"
 #include "flows/imports/formatreaders.h"
 #include "flows/imports/treeimport.h"
+#include "flows/plan/planoptions.h"
 #include <algorithm>
 #include <charconv>
 #include <set>
@@ -26,8 +27,6 @@ struct TEdamYear {
 
 constexpr TEdamYear kEdamYears[] = {
     {"87", "1987"}, {"93", "1993"}, {"2002", "2002"}, {"2008", "2008"}, {"2019", "2019"}};
-
-constexpr const char* kSystemVerilogYear = "2012";
 
 bool IsTrue(const TTree* value) {
     constexpr std::string_view kTrue[] = {"true", "True", "TRUE", "yes", "Yes",

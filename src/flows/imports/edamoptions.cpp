@@ -1,13 +1,17 @@
 #include "flows/imports/edamoptions.h"
 #include "flows/optiontexts.h"
 #include "flows/plan/planoptions.h"
-#include "flows/plan/toolwords.h"
 #include <algorithm>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace {
 
 constexpr std::string_view kGhdlStandard = "--std=";
+
+std::string NameOfDefine(const std::string& text) {
+    return text.substr(0, text.find('='));
+}
 
 }  // namespace
 
@@ -23,6 +27,7 @@ void TEdamOptions::Read() {
         else
             Tree.GetReader().Lose("the options of " + tool.Key, Tree.KeyPlaceOf(tool));
     }
+    AddDefines();
     for (const TWords& words : Kept)
         Tree.GetReader().KeepOption(LANGUAGE_VERILOG, words.front().Text,
                                     Tree.PlaceOf(*words.front().From),
@@ -32,6 +37,7 @@ void TEdamOptions::Read() {
 void TEdamOptions::ReadIcarus(const TTree& tool) {
     if (!Tree.IsMap(tool)) return;
     Tree.LoseOthers(tool, {"iverilog_options"});
+    Defines[LIST_ICARUS_COMMAND];
     TakeVerilogWords(WordsIn(tool, "iverilog_options"), LIST_ICARUS_COMMAND);
 }
 
@@ -39,10 +45,11 @@ void TEdamOptions::ReadVerilator(const TTree& tool) {
     if (!Tree.IsMap(tool)) return;
     Tree.LoseOthers(tool, {"mode", "verilator_options", "run_options"});
     Mode = Tree.ValueIn(tool, "mode");
+    Defines[LIST_VERILATOR];
     TakeVerilogWords(WordsIn(tool, "verilator_options"), LIST_VERILATOR);
     const TWords words = WordsIn(tool, "run_options");
     for (TWordsAt word = words.begin(); word != words.end(); ++word)
-        if (word->IsPlain && BeginsWithOne(word->Text, kWordsWithPlus))
+        if (word->IsPlain && IsTaken(word->Text, kWordsWithPlus))
             Tree.GetReader().KeepRunOption(LANGUAGE_VERILOG, word->Text, Tree.PlaceOf(*word->From),
                                            {});
         else
@@ -70,34 +77,37 @@ TEdamOptions::TWords TEdamOptions::WordsIn(const TTree& tool, std::string_view k
 
 void TEdamOptions::TakeVerilogWords(const TWords& words, TListTool tool) {
     std::vector<TWords> kept;
-    const TWordBeginnings known =
-        tool == LIST_VERILATOR ? TWordBeginnings(kWordsOfVerilator) : kWordsOfIcarus;
     for (TWordsAt word = words.begin(); word != words.end();) {
         const TListOption* const option = FindListOption(word->Text, tool);
-        if (tool == LIST_ICARUS_COMMAND && TakeIcarusWord(*word)) {
+        if (tool == LIST_ICARUS_COMMAND && TakeIcarusWord(*word))
             ++word;
-        } else if (option && option->Meaning != MEANS_OPTION) {
-            word = TakeOption(*option, word, words.end());
-        } else {
-            const TWordsAt end = EndOfOption(word, words.end(), option);
-            const bool isPlain =
-                std::all_of(word, end, [](const TWord& each) { return each.IsPlain; });
-            if (isPlain && BeginsWithOne(word->Text, known))
-                kept.emplace_back(word, end);
-            else
-                Lose(word, end);
-            word = end;
-        }
+        else if (option && option->Meaning != MEANS_OPTION)
+            word = TakeOption(*option, word, words.end(), tool);
+        else
+            word = TakeUnknown(word, words.end(), tool, &kept);
     }
     MergeKept(std::move(kept));
 }
 
+TEdamOptions::TWordsAt TEdamOptions::TakeUnknown(TWordsAt word, TWordsAt end, TListTool tool,
+                                                 std::vector<TWords>* kept) {
+    const TListOption* const option = FindListOption(word->Text, tool);
+    const TWordsAt behind = word + (HasOperand(word, end, option) ? 2 : 1);
+    const bool isPlain = std::all_of(word, behind, [](const TWord& each) { return each.IsPlain; });
+    const TToolWords& known = tool == LIST_VERILATOR ? kWordsOfVerilator : kWordsOfIcarus;
+    if (isPlain && (option || IsTaken(word->Text, known)))
+        kept->emplace_back(word, behind);
+    else
+        Lose(word, behind);
+    return behind;
+}
+
 bool TEdamOptions::TakeIcarusWord(const TWord& word) {
-    const TIcarusWord* const known = FindIcarusWord(word.Text);
-    if (!known) return false;
-    if (known->Standard) SetYear(known->Standard, word);
-    if (known->Delay) Tree.GetReader().SettingsOf(LANGUAGE_VERILOG).Delay = known->Delay;
-    return true;
+    const std::optional<TSimProjectDelayType> delay = FindIcarusDelay(word.Text);
+    if (delay) Tree.GetReader().SettingsOf(LANGUAGE_VERILOG).Delay = delay;
+    const char* const year = FindVerilogYear(word.Text);
+    if (year) SetYear(year, word);
+    return delay || year;
 }
 
 void TEdamOptions::SetYear(const std::string& year, const TWord& word) {
@@ -105,9 +115,9 @@ void TEdamOptions::SetYear(const std::string& year, const TWord& word) {
 }
 
 TEdamOptions::TWordsAt TEdamOptions::TakeOption(const TListOption& option, TWordsAt word,
-                                                TWordsAt end) {
+                                                TWordsAt end, TListTool tool) {
     if (option.Meaning == MEANS_SYSTEM_VERILOG) {
-        SetYear("2012", *word);
+        SetYear(kSystemVerilogYear, *word);
         return word + 1;
     }
     const bool isList = option.Form == FORM_LIST;
@@ -123,64 +133,106 @@ TEdamOptions::TWordsAt TEdamOptions::TakeOption(const TListOption& option, TWord
         option.Meaning == MEANS_LIST_BESIDE)
         Lose(word, behind);
     else if (isList)
-        for (const std::string& each : ValuesOfList(value)) Take(option.Meaning, each, *word);
+        for (const std::string& each : ValuesOfList(value))
+            Take(option.Meaning, {each, word->From, true}, tool);
     else
-        Take(option.Meaning, value, *word);
+        Take(option.Meaning, {value, word->From, true}, tool);
     return behind;
 }
 
-void TEdamOptions::Take(TListMeaning meaning, const std::string& value, const TWord& word) {
-    if (!Taken.insert(std::to_string(meaning) + value).second) return;
+void TEdamOptions::Take(TListMeaning meaning, const TWord& value, TListTool tool) {
+    if (meaning == MEANS_DEFINE) return Defines[tool].push_back(value);
+    if (!Taken.insert(std::to_string(meaning) + value.Text).second) return;
     TImportReader& reader = Tree.GetReader();
-    const TImportPlace place = Tree.PlaceOf(*word.From);
+    const TImportPlace place = Tree.PlaceOf(*value.From);
     TImportedSettings& settings = reader.SettingsOf(LANGUAGE_VERILOG);
     switch (meaning) {
         case MEANS_INCLUDE_FOLDER:
-            return Tree.AddIncludeDirectory(LANGUAGE_VERILOG, value, *word.From);
+            return Tree.AddIncludeDirectory(LANGUAGE_VERILOG, value.Text, *value.From);
         case MEANS_LIBRARY_FOLDER:
-            settings.LibraryDirectories.push_back({Tree.PathOf(value), place});
-            return;
+            return settings.LibraryDirectories.push_back({Tree.PathOf(value.Text), place});
         case MEANS_LIBRARY_EXTENSION:
-            settings.LibraryExtensions.push_back({value, place});
-            return;
-        case MEANS_DEFINE:
-            return reader.AddDefine(value, place);
+            return settings.LibraryExtensions.push_back({value.Text, place});
         case MEANS_TOP:
-            return reader.AddTop({LANGUAGE_VERILOG, "", value, ""}, place);
-        default:
-            return reader.AddSource({Tree.PathOf(value), LANGUAGE_VERILOG, "", true, place});
+            return reader.AddTop({LANGUAGE_VERILOG, "", value.Text, ""}, place);
+        case MEANS_LIBRARY_FILE:
+            return reader.AddSource({Tree.PathOf(value.Text), LANGUAGE_VERILOG, "", true, place});
+        case MEANS_DEFINE:
+        case MEANS_LIST:
+        case MEANS_LIST_BESIDE:
+        case MEANS_UNIT_LIST:
+        case MEANS_SYSTEM_VERILOG:
+        case MEANS_MINIMUM_DELAYS:
+        case MEANS_TYPICAL_DELAYS:
+        case MEANS_MAXIMUM_DELAYS:
+        case MEANS_LIBRARY:
+        case MEANS_END_OF_LIBRARY:
+        case MEANS_OPTION:
+            return;  // are taken elsewhere, or no words of these tools
     }
 }
 
+// What one tool has a define for, the other one has not, once it is a define of the build.
+void TEdamOptions::AddDefines() {
+    const bool isForBoth = Defines.size() == 2;
+    const TWords icarus = LastOfNames(Defines[LIST_ICARUS_COMMAND]);
+    const TWords verilator = LastOfNames(Defines[LIST_VERILATOR]);
+    std::unordered_map<std::string, std::string> ofIcarus;
+    std::unordered_map<std::string, std::string> ofVerilator;
+    for (const TWord& define : icarus) ofIcarus[NameOfDefine(define.Text)] = define.Text;
+    for (const TWord& define : verilator) ofVerilator[NameOfDefine(define.Text)] = define.Text;
+    const auto lose = [this](const TWord& define, const char* tool) {
+        Tree.Lose("the define " + define.Text + " of " + tool + " alone", *define.From);
+    };
+    for (const TWord& define : icarus) {
+        Tree.GetReader().AddDefine(define.Text, Tree.PlaceOf(*define.From));
+        if (isForBoth && !ofVerilator.contains(NameOfDefine(define.Text)))
+            lose(define, "Icarus Verilog");
+    }
+    for (const TWord& define : verilator) {
+        const auto same = ofIcarus.find(NameOfDefine(define.Text));
+        if (same == ofIcarus.end())
+            Tree.GetReader().AddDefine(define.Text, Tree.PlaceOf(*define.From));
+        if (isForBoth && (same == ofIcarus.end() || same->second != define.Text))
+            lose(define, "Verilator");
+    }
+}
+
+// A tool takes the last one of a name.
+TEdamOptions::TWords TEdamOptions::LastOfNames(const TWords& defines) {
+    TWords last;
+    std::unordered_set<std::string> known;
+    for (auto define = defines.rbegin(); define != defines.rend(); ++define)
+        if (known.insert(NameOfDefine(define->Text)).second) last.push_back(*define);
+    std::reverse(last.begin(), last.end());
+    return last;
+}
+
+// GHDL takes no operands.
 void TEdamOptions::TakeGhdlWords(const TWords& words, TPlanStep step) {
-    for (TWordsAt word = words.begin(); word != words.end();) {
-        const TWordsAt end = EndOfOption(word, words.end(), nullptr);
+    for (TWordsAt word = words.begin(); word != words.end(); ++word) {
         const std::string year = word->Text.starts_with(kGhdlStandard)
                                      ? FindVhdlStandard(word->Text.substr(kGhdlStandard.size()))
                                      : std::string();
-        const bool isPlain = std::all_of(word, end, [](const TWord& each) { return each.IsPlain; });
         if (!year.empty()) {
             Tree.GetReader().SetStandard(LANGUAGE_VHDL, year, Tree.PlaceOf(*word->From));
             VhdlYear = year;
-            if (word + 1 != end) Lose(word + 1, end);
-        } else if (!isPlain || !BeginsWithOne(word->Text, kWordsOfGhdl)) {
-            Lose(word, end);
+        } else if (!word->IsPlain || !IsTaken(word->Text, kWordsOfGhdl)) {
+            Lose(word, word + 1);
         } else {
             const auto keep =
                 step == STEP_ANALYSE ? &TImportReader::KeepOption : &TImportReader::KeepRunOption;
-            (Tree.GetReader().*keep)(LANGUAGE_VHDL, word->Text, Tree.PlaceOf(*word->From),
-                                     OperandsOf(word, end));
+            (Tree.GetReader().*keep)(LANGUAGE_VHDL, word->Text, Tree.PlaceOf(*word->From), {});
         }
-        word = end;
     }
 }
 
 // An operand that is known to be one may look like an option.
-TEdamOptions::TWordsAt TEdamOptions::EndOfOption(TWordsAt word, TWordsAt end,
-                                                 const TListOption* option) const {
-    const bool hasOperand = option && option->Form == FORM_OPERAND && word + 1 != end;
-    return std::find_if(word + (hasOperand ? 2 : 1), end,
-                        [](const TWord& next) { return IsOptionWord(next.Text); });
+bool TEdamOptions::HasOperand(TWordsAt word, TWordsAt end, const TListOption* option) const {
+    if (word + 1 == end) return false;
+    if (option) return option->Form != FORM_ALONE && word->Text == option->Name;
+    return MayHaveOperand(word->Text) &&
+           TImportReader::MayBeOperand((word + 1)->Text, Tree.GetFolder());
 }
 
 std::vector<std::string> TEdamOptions::OperandsOf(TWordsAt word, TWordsAt end) {
@@ -190,9 +242,9 @@ std::vector<std::string> TEdamOptions::OperandsOf(TWordsAt word, TWordsAt end) {
 }
 
 void TEdamOptions::Lose(TWordsAt word, TWordsAt end) {
-    std::string text = word->Text;
-    for (TWordsAt next = word + 1; next != end; ++next) text.append(" ").append(next->Text);
-    Tree.Lose("the option " + text, *word->From);
+    std::vector<std::string> words{word->Text};
+    for (const std::string& operand : OperandsOf(word, end)) words.push_back(operand);
+    Tree.Lose("the option " + TextOfOption(words), *word->From);
 }
 
 // Options of both tools stand in both lists in one order, so that each tool's list comes out again.
@@ -222,7 +274,9 @@ void TEdamOptions::MergeKept(std::vector<TWords> kept) {
 }
 
 void TEdamOptions::SetVerilogYear(bool hasSystemVerilogFile) {
-    if (VerilogYear.Text.empty() || (VerilogYear.Text == "2012" && hasSystemVerilogFile)) return;
+    if (VerilogYear.Text.empty() ||
+        (VerilogYear.Text == kSystemVerilogYear && hasSystemVerilogFile))
+        return;
     Tree.GetReader().SetStandard(LANGUAGE_VERILOG, VerilogYear.Text, VerilogYear.Place);
 }
 

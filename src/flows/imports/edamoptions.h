@@ -1,6 +1,8 @@
 #pragma once
 #include "flows/imports/listdialects.h"
 #include "flows/imports/treeimport.h"
+#include "flows/plan/toolwords.h"
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -37,11 +39,14 @@ private:
     void ReadVerilator(const TTree& tool);
     void ReadGhdl(const TTree& tool);
     void TakeVerilogWords(const TWords& words, TListTool tool);
+    TWordsAt TakeUnknown(TWordsAt word, TWordsAt end, TListTool tool, std::vector<TWords>* kept);
     bool TakeIcarusWord(const TWord& word);
-    TWordsAt TakeOption(const TListOption& option, TWordsAt word, TWordsAt end);
-    void Take(TListMeaning meaning, const std::string& value, const TWord& word);
+    TWordsAt TakeOption(const TListOption& option, TWordsAt word, TWordsAt end, TListTool tool);
+    void Take(TListMeaning meaning, const TWord& value, TListTool tool);
+    void AddDefines();
+    static TWords LastOfNames(const TWords& defines);
     void TakeGhdlWords(const TWords& words, TPlanStep step);
-    TWordsAt EndOfOption(TWordsAt word, TWordsAt end, const TListOption* option) const;
+    bool HasOperand(TWordsAt word, TWordsAt end, const TListOption* option) const;
     static std::vector<std::string> OperandsOf(TWordsAt word, TWordsAt end);
     void Lose(TWordsAt word, TWordsAt end);
     void MergeKept(std::vector<TWords> kept);
@@ -51,6 +56,7 @@ private:
     TImportedText VerilogYear;
     std::string VhdlYear;
     const TTree* Mode = nullptr;
-    std::vector<TWords> Kept;     // options of Verilog, each with its operands
-    std::set<std::string> Taken;  // what both tools of Verilog may say
+    std::vector<TWords> Kept;             // options of Verilog, each with its operand
+    std::map<TListTool, TWords> Defines;  // of the tools that the file has options of
+    std::set<std::string> Taken;          // what both tools of Verilog may say
 };

@@ -2,6 +2,8 @@
 #include "flows/imports/importreader.h"
 #include "flows/imports/listdialects.h"
 #include "flows/optiontexts.h"
+#include "flows/plan/planoptions.h"
+#include "flows/plan/toolwords.h"
 #include "services/files/filestatus.h"
 #include <algorithm>
 #include <array>
@@ -33,9 +35,10 @@ void TakeIcarusCommandLine(std::string_view line, const TImportPlace& place,
     for (std::size_t at = 0; at < words.size(); ++at) {
         if (words[at] == "-s" && at + 1 < words.size())
             reader->AddTop({LANGUAGE_VERILOG, "", words[++at], ""}, place);
-        const TIcarusWord* const known = FindIcarusWord(words[at]);
-        if (known && known->Standard) reader->SetStandard(LANGUAGE_VERILOG, known->Standard, place);
-        if (known && known->Delay) reader->SettingsOf(LANGUAGE_VERILOG).Delay = known->Delay;
+        if (const char* const year = FindVerilogYear(words[at]))
+            reader->SetStandard(LANGUAGE_VERILOG, year, place);
+        if (const auto delay = FindIcarusDelay(words[at]))
+            reader->SettingsOf(LANGUAGE_VERILOG).Delay = delay;
     }
 }
 
@@ -96,7 +99,7 @@ void TFileListReader::Read(const TImportFile& file) {
 }
 
 void TFileListReader::TakeWord(const TListWord& word) {
-    const bool isOption = word.Text.starts_with('-') || word.Text.starts_with('+');
+    const bool isOption = IsOptionWord(word.Text);
     if (const TListOption* const option = FindListOption(word.Text, Dialect.Tool))
         TakeOption(*option, word);
     else if (isOption && Dialect.Tool == LIST_VERIBLE)
@@ -151,13 +154,11 @@ void TFileListReader::KeepUnknown(const TListWord& word) {
 }
 
 bool TFileListReader::IsOperand(const std::string& word) {
-    if (word.starts_with('-') || word.starts_with('+')) return false;
     std::vector<std::string> unset;
-    const std::string name =
-        WithVariables(word, Dialect.Variables, Dialect.KeepsUnsetVariables, &unset);
-    if (LanguageOfPath(name) != LANGUAGE_NONE) return false;
-    const TFileStatus status = LookAtFile(TImportReader::CanonicalOf(name, List().File.Folder));
-    return !status.Exists || status.IsDirectory;
+    return !IsOptionWord(word) &&
+           TImportReader::MayBeOperand(
+               WithVariables(word, Dialect.Variables, Dialect.KeepsUnsetVariables, &unset),
+               List().File.Folder);
 }
 
 void TFileListReader::Take(TListMeaning meaning, const std::string& value,
@@ -197,7 +198,7 @@ void TFileListReader::TakeFlag(TListMeaning meaning, const TImportPlace& place) 
     std::optional<TSimProjectDelayType>& delay = Reader.SettingsOf(LANGUAGE_VERILOG).Delay;
     switch (meaning) {
         case MEANS_SYSTEM_VERILOG:
-            return Reader.SetStandard(LANGUAGE_VERILOG, "2012", place);
+            return Reader.SetStandard(LANGUAGE_VERILOG, kSystemVerilogYear, place);
         case MEANS_MINIMUM_DELAYS:
             delay = DELAY_TYPE_MINIMUM;
             return;

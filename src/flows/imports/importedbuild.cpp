@@ -2,6 +2,7 @@
 #include "flows/buildchanges.h"
 #include "flows/buildedit.h"
 #include "flows/listedsources.h"
+#include "flows/plan/planoptions.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "services/names/isfilename.h"
 #include "settings/projectsimlanguageconfig.h"
@@ -38,8 +39,9 @@ std::string DefineOption(const TScanDefine& define) {
 
 std::string StandardOption(THdlLanguage language, const std::string& year) {
     if (language == LANGUAGE_VHDL) return "-" + (year.starts_with("19") ? year.substr(2) : year);
-    if (year == "2009") return "-g2009";
-    return year == "2005" ? "-g2005-sv" : "-sv";
+    for (const TVerilogStandard& standard : kVerilogStandards)
+        if (year == standard.Year && year != kSystemVerilogYear) return standard.IcarusWord;
+    return "-sv";
 }
 
 void AppendOptions(const std::vector<TImportedOption>& options, TOptionText* text) {

@@ -1,5 +1,7 @@
 #include "flows/imports/importreader.h"
 #include "flows/plan/planoptions.h"
+#include "flows/plan/toolwords.h"
+#include "flows/verilogoptions.h"
 #include "services/files/filereplace.h"
 #include "services/files/filestatus.h"
 #include "services/hdl/sourcefileextensions.h"
@@ -25,6 +27,9 @@ std::string TextOfWords(const std::vector<std::string>& words) {
 
 /// Whether readers of a build leave the words as they are, and take none behind them along.
 bool IsPlainOption(THdlLanguage language, std::vector<std::string> words) {
+    if (language == LANGUAGE_VERILOG && words.size() == 2 && words[1].starts_with('-') &&
+        !TakesAnyOperand(words[0]))
+        return false;
     for (const std::string& word : words)
         if (word.find('"') != std::string::npos) return true;
     words.emplace_back("x");
@@ -95,6 +100,12 @@ bool TImportReader::AddOption(THdlLanguage language, TPlanStep step,
                               const TImportedOption& option) {
     std::vector<std::string> words{option.Text};
     words.insert(words.end(), option.Operands.begin(), option.Operands.end());
+bool TImportReader::MayBeOperand(const std::string& word, const std::string& folder) {
+    if (IsOptionWord(word) || LanguageOfPath(word) != LANGUAGE_NONE) return false;
+    const TFileStatus status = LookAtFile(CanonicalOf(word, folder));
+    return !status.Exists || status.IsDirectory;
+}
+
     if (IsPlainOption(language, std::move(words))) {
         SettingsOf(language).Options[step].push_back(option);
         return true;
@@ -205,9 +216,9 @@ std::string TImportReader::ChainFrom(std::size_t first, const TImportPlace& plac
 }
 
 std::string TextOf(const TImportedOption& option) {
-    std::string text = option.Text;
-    for (const std::string& operand : option.Operands) text.append(" ").append(operand);
-    return text;
+    std::vector<std::string> words{option.Text};
+    words.insert(words.end(), option.Operands.begin(), option.Operands.end());
+    return TextOfOption(words);
 }
 
 std::vector<std::string_view> LinesOfImport(std::string_view text) {

@@ -34,6 +34,9 @@ public:
     void SetStandard(THdlLanguage language, const std::string& year, const TImportPlace& place);
     /// Keeps a compile option that has no meaning here, with the words behind it that belong to it,
     /// and tells it. One that readers of a build would take for a setting is lost.
+    /// Whether a word in `folder` may belong to the option in front of it: it looks neither like
+    /// an option nor like a source, and is no file.
+    static bool MayBeOperand(const std::string& word, const std::string& folder);
     void KeepOption(THdlLanguage language, const std::string& word, const TImportPlace& place,
                     const std::vector<std::string>& operands = {});
     /// The same of an option of the simulation, which is not told when it is kept.

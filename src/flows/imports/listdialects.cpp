@@ -1,6 +1,4 @@
 #include "flows/imports/listdialects.h"
-#include <algorithm>
-#include <iterator>
 
 namespace {
 
@@ -108,13 +106,15 @@ constexpr TListOption kOptions[] = {
     {"-s", FORM_JOINED, MEANS_TOP, LIST_ICARUS_COMMAND},
 };
 
-const TIcarusWord kIcarusWords[] = {
-    {"-Tmax", nullptr, DELAY_TYPE_MAXIMUM},
-    {"-Tmin", nullptr, DELAY_TYPE_MINIMUM},
-    {"-Ttyp", nullptr, DELAY_TYPE_TYPICAL},
-    {"-g2005-sv", "2005", {}},
-    {"-g2009", "2009", {}},
-    {"-g2012", "2012", {}},
+struct TIcarusDelay {
+    std::string_view Word;
+    TSimProjectDelayType Delay;
+};
+
+constexpr TIcarusDelay kIcarusDelays[] = {
+    {"-Tmax", DELAY_TYPE_MAXIMUM},
+    {"-Tmin", DELAY_TYPE_MINIMUM},
+    {"-Ttyp", DELAY_TYPE_TYPICAL},
 };
 
 bool IsMeant(const TListOption& option, std::string_view word) {
@@ -139,11 +139,10 @@ const TListOption* FindListOption(std::string_view word, TListTool tool) {
     return nullptr;
 }
 
-const TIcarusWord* FindIcarusWord(std::string_view word) {
-    const auto* const found =
-        std::find_if(std::begin(kIcarusWords), std::end(kIcarusWords),
-                     [word](const TIcarusWord& known) { return known.Word == word; });
-    return found == std::end(kIcarusWords) ? nullptr : found;
+std::optional<TSimProjectDelayType> FindIcarusDelay(std::string_view word) {
+    for (const TIcarusDelay& delay : kIcarusDelays)
+        if (word == delay.Word) return delay.Delay;
+    return {};
 }
 
 const TListDialect kCommonList{

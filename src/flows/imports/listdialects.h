@@ -64,15 +64,8 @@ struct TListOption {
 /// The row for a word; null for a source and for an option that is not known.
 const TListOption* FindListOption(std::string_view word, TListTool tool);
 
-/// A word of the command line of Icarus Verilog that its lists do not have.
-struct TIcarusWord {
-    std::string_view Word;
-    const char* Standard;  ///< a year; null: none
-    std::optional<TSimProjectDelayType> Delay;
-};
-
-/// Null for another word.
-const TIcarusWord* FindIcarusWord(std::string_view word);
+/// The delays that a word of the command line of Icarus Verilog chooses.
+std::optional<TSimProjectDelayType> FindIcarusDelay(std::string_view word);
 
 extern const TListDialect kCommonList;
 extern const TListDialect kIcarusList;

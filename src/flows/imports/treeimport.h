@@ -17,6 +17,8 @@ public:
     const TTree& GetRoot() const { return Root; }
     TImportReader& GetReader() const { return Reader; }
 
+    /// That relative paths are taken against.
+    const std::string& GetFolder() const { return File.Folder; }
     TImportPlace PlaceOf(const TTree& value) const { return PlaceOf(value.Place); }
     TImportPlace KeyPlaceOf(const TTree& value) const { return PlaceOf(value.KeyPlace); }
     /// A path of the file: whole, with '/'.

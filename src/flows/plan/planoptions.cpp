@@ -8,18 +8,16 @@
 
 namespace {
 
-/// A word of Verilog that says which standard or which delays are taken.
-struct TKnownWord {
-    const char* Word;
-    const char* Standard;  ///< null: none
-    const char* Delay;     ///< null: none
+/// A word of Verilog that says which delays are taken.
+struct TDelayWord {
+    std::string_view Word;
+    TSimProjectDelayType Delay;
 };
 
-constexpr TKnownWord kVerilogWords[] = {
-    {"+mindelays", nullptr, "min"}, {"+typdelays", nullptr, "typical"},
-    {"+maxdelays", nullptr, "max"}, {"-sv", "2012", nullptr},
-    {"-sverilog", "2012", nullptr}, {"-g2005-sv", "2005", nullptr},
-    {"-g2009", "2009", nullptr},    {"-g2012", "2012", nullptr},
+constexpr TDelayWord kDelayWords[] = {
+    {"+mindelays", DELAY_TYPE_MINIMUM},
+    {"+typdelays", DELAY_TYPE_TYPICAL},
+    {"+maxdelays", DELAY_TYPE_MAXIMUM},
 };
 
 /// What follows "-" or "--std=" where VHDL's standard is chosen.
@@ -35,13 +33,12 @@ constexpr TYearName kVhdlYears[] = {
 };
 
 bool TakeVerilogWord(const std::string& word, TPlanSettings* settings) {
-    for (const TKnownWord& known : kVerilogWords) {
-        if (word != known.Word) continue;
-        if (known.Standard) settings->Standard = known.Standard;
-        if (known.Delay) settings->Delay = ParseDelayType(known.Delay);
-        return true;
-    }
-    return false;
+    const std::optional<TSimProjectDelayType> delay = FindVerilogDelay(word);
+    if (delay) settings->Delay = *delay;
+    const bool isSystemVerilog = word == "-sv" || word == "-sverilog";
+    const char* const year = isSystemVerilog ? kSystemVerilogYear : FindVerilogYear(word);
+    if (year) settings->Standard = year;
+    return delay || year;
 }
 
 bool TakeVhdlWord(const std::string& word, TPlanSettings* settings) {
@@ -104,6 +101,26 @@ std::vector<std::string> TakeVerilog(const std::string& text, const std::string&
 }
 
 }  // namespace
+
+std::optional<TSimProjectDelayType> FindVerilogDelay(std::string_view word) {
+    for (const TDelayWord& delay : kDelayWords)
+        if (word == delay.Word) return delay.Delay;
+    return {};
+}
+
+const char* FindVerilogYear(std::string_view icarusWord) {
+    for (const TVerilogStandard& standard : kVerilogStandards)
+        if (icarusWord == standard.IcarusWord) return standard.Year;
+    return nullptr;
+}
+
+const char* FindIcarusWord(const TBuildPlan& plan) {
+    if (!HasSystemVerilog(plan)) return nullptr;
+    const TPlanSettings* const settings = plan.FindSettings(LANGUAGE_VERILOG);
+    for (const TVerilogStandard& standard : kVerilogStandards)
+        if (settings && settings->Standard == standard.Year) return standard.IcarusWord;
+    return kVerilogStandards.back().IcarusWord;
+}
 
 std::string FindVhdlStandard(const std::string& name) {
     for (const TYearName& year : kVhdlYears)

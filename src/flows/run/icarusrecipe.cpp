@@ -1,3 +1,4 @@
+#include "flows/plan/planoptions.h"
 #include "flows/run/recipes.h"
 #include "flows/run/runrecipe.h"
 #include "flows/run/verilogwords.h"
@@ -42,7 +43,7 @@ private:
     TWords CompilationOf(const TBuildTop& top, const std::string& image, const std::string& waves) {
         TWords words = Recipe.Call("iverilog");
         Append({"-o", image, "-s", PlainNameOf(top), DelayOption()}, &words);
-        if (HasSystemVerilog(Recipe.GetPlan())) words.emplace_back("-g2012");
+        if (const char* const word = FindIcarusWord(Recipe.GetPlan())) words.emplace_back(word);
         Append(CompileOptions, &words);
         AppendDefines(Recipe, &words);
         AppendDirectories(&words);

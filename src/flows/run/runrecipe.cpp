@@ -163,15 +163,11 @@ void TRunRecipe::AddFile(const std::string& path, const std::string& text) {
     Run->Files.emplace_back(path, text);
 }
 
-TRunRecipe::TWords TRunRecipe::OptionsOf(TPlanStep step, TWordBeginnings beginnings) {
+TRunRecipe::TWords TRunRecipe::OptionsOf(TPlanStep step, const TToolWords& words) {
     constexpr std::array<const char*, kPlanSteps> kNames = {"analysis", "elaboration", "run"};
-    TWords words;
-    for (const std::string& word : GetSettings().Options[step])
-        if (BeginsWithOne(word, beginnings))
-            words.push_back(word);
-        else
-            Lose(std::string("the ") + kNames[step] + " option " + word);
-    return words;
+    return ListTaken(GetSettings().Options[step], words, [&](const std::string& option) {
+        Lose(std::string("the ") + kNames[step] + " option " + option);
+    });
 }
 
 void TRunRecipe::Lose(const std::string& what) {

@@ -44,9 +44,9 @@ public:
                                const std::string& waves);
     /// A source that is written for the tool.
     void AddFile(const std::string& path, const std::string& text);
-    /// Of the options of a step, those words that begin with one of these; the others are
+    /// Of the options of a step those that the tool takes, with their operands; the others are
     /// told.
-    TWords OptionsOf(TPlanStep step, TWordBeginnings beginnings);
+    TWords OptionsOf(TPlanStep step, const TToolWords& words);
     /// Tells once that the tool has no words for `what`.
     void Lose(const std::string& what);
     /// Tells that the tool cannot work with a name.

@@ -43,18 +43,26 @@ TVariant InVerilog(const std::function<void(TPlanSettings* settings)>& add) {
     return {"", LANGUAGE_VERILOG, [=](TBuildPlan* plan) { add(&Settings(plan)); }};
 }
 
-constexpr const char* kOptionNames[2][kPlanSteps] = {
-    {"Verilog analysis", "Verilog elaboration", "Verilog run"},
-    {"VHDL analysis", "VHDL elaboration", "VHDL run"},
+/// An option that the tools of a language take.
+struct TStepOption {
+    const char* Name;
+    const char* Word;
+};
+
+constexpr TStepOption kStepOptions[2][kPlanSteps] = {
+    {{"Verilog analysis", "-Wall"}, {"Verilog elaboration", "-Wall"}, {"Verilog run", "+word"}},
+    {{"VHDL analysis", "--word"}, {"VHDL elaboration", "--word"}, {"VHDL run", "--word"}},
 };
 
 std::vector<TVariant> InOptions() {
     std::vector<TVariant> variants;
     for (const TPlanStep step : {STEP_ANALYSE, STEP_ELABORATE, STEP_RUN})
-        for (const THdlLanguage language : {LANGUAGE_VHDL, LANGUAGE_VERILOG})
-            variants.push_back(
-                {kOptionNames[language == LANGUAGE_VHDL][step], language,
-                 [=](TBuildPlan* plan) { Settings(plan).Options[step] = {"--word"}; }});
+        for (const THdlLanguage language : {LANGUAGE_VHDL, LANGUAGE_VERILOG}) {
+            const TStepOption& option = kStepOptions[language == LANGUAGE_VHDL][step];
+            variants.push_back({option.Name, language, [=](TBuildPlan* plan) {
+                                    Settings(plan).Options[step] = {option.Word};
+                                }});
+        }
     return variants;
 }
 

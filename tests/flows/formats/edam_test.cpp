@@ -164,8 +164,8 @@ TEST(Edam, GivesEachToolTheWordsThatItKnows) {
     verilog.Standard = "2009";
     verilog.Delay = DELAY_TYPE_MINIMUM;
     verilog.LibraryDirectories = {"/p/my cells"};
-    verilog.Options = {{{"--trace", "--threads", "4", "-Wall", "-quiet", "x"},
-                        {"-gspecify", "-P", "tb.N=3"},
+    verilog.Options = {{{"--trace", "--threads", "4", "-Wall", "-quiet", "x", "-CFLAGS", "-O2"},
+                        {"-gspecify", "-P", "tb.N=3", "-Wtimescale", "-Wno-timescale"},
                         {"+seed=7", "-n", "+seed=8", "+a+b", "+empty=", "+text=a b"}}};
     TPlanSettings& vhdl = plan.Settings[1];
     vhdl.Language = LANGUAGE_VHDL;
@@ -203,6 +203,8 @@ TEST(Edam, GivesEachToolTheWordsThatItKnows) {
               "      - \"-gspecify\"\n"
               "      - \"-P\"\n"
               "      - \"tb.N=3\"\n"
+              "      - \"-Wtimescale\"\n"
+              "      - \"-Wno-timescale\"\n"
               "  verilator:\n"
               "    mode: binary\n"
               "    verilator_options:\n"
@@ -212,6 +214,8 @@ TEST(Edam, GivesEachToolTheWordsThatItKnows) {
               "      - \"--threads\"\n"
               "      - \"4\"\n"
               "      - \"-Wall\"\n"
+              "      - \"-CFLAGS\"\n"
+              "      - \"-O2\"\n"
               "  ghdl:\n"
               "    analyze_options:\n"
               "      - \"--std=00\"\n"
@@ -240,7 +244,6 @@ TEST(Edam, HasNoWordsThatAMakefileOrShellChanges) {
               "HB603 edam-yaml cannot hold the name \"it's\": a makefile or shell takes it for "
               "something else\n"
               "HB603 edam-yaml cannot hold the name \".v+\": a plus ends the word\n"
-              "HB602 edam-yaml has no words for the analysis option -Wall\n"
               "HB602 edam-yaml has no words for the analysis option $x\n"
               "HB602 edam-yaml has no words for the analysis option -Pa=\\b\n"
               "HB602 edam-yaml has no words for the analysis option -g\xFF\n");

@@ -21,7 +21,7 @@ TEST(GhdlScript, QuotesWhatAShellReads) {
     plan.Settings = {TPlanSettings()};
     plan.Settings[0].Language = LANGUAGE_VHDL;
     plan.Settings[0].Standard = "1993";
-    plan.Settings[0].Options[STEP_ANALYSE] = {"", "-x&y"};
+    plan.Settings[0].Options[STEP_ANALYSE] = {"-gS=", "--x&y"};
     EXPECT_EQ(Exported("ghdl", plan),
               "#!/bin/sh\n"
               "set -e\n"
@@ -29,7 +29,7 @@ TEST(GhdlScript, QuotesWhatAShellReads) {
               "GHDL=${GHDL:-ghdl}\n"
               "mkdir -p ghdl\n"
               "options=\"--std=93 --workdir=ghdl -Pghdl\"\n"
-              "$GHDL -a $options --work='a;b' '' '-x&y' 'it'\\''s $HOME `x`\n.vhd'\n");
+              "$GHDL -a $options --work='a;b' -gS= '--x&y' 'it'\\''s $HOME `x`\n.vhd'\n");
     plan = MakePlanOf(LANGUAGE_VHDL, "/p/-o.vhd");
     const std::string script = Exported("ghdl", plan);
     EXPECT_EQ(script.substr(script.find("-Pghdl\"\n") + 8),
@@ -42,4 +42,26 @@ TEST(GhdlScript, RunsTheChosenTop) {
     const std::string script = Exported("ghdl", plan, &plan.Tops[1]);
     EXPECT_EQ(script.substr(script.find("-Pghdl\"\n") + 8),
               "$GHDL --elab-run $options --work=l b\n");
+}
+
+TEST(GhdlScript, HasTheWordsThatGhdlTakes) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VHDL, "/p/a.vhd");
+    plan.Tops = {{LANGUAGE_VHDL, "l", "a", ""}};
+    plan.Settings = {TPlanSettings()};
+    plan.Settings[0].Language = LANGUAGE_VHDL;
+    plan.Settings[0].Options = {
+        {{"-nolint", "-frelaxed", "x"}, {"-Wl,-lm", "+y"}, {"--stop-time=1us", "-t", "ps"}}};
+    EXPECT_EQ(Exported("ghdl", plan),
+              "ghdl has no words for the analysis option -nolint\n"
+              "ghdl has no words for the analysis option x\n"
+              "ghdl has no words for the elaboration option +y\n"
+              "ghdl has no words for the run option -t ps\n"
+              "#!/bin/sh\n"
+              "set -e\n"
+              "cd \"$(dirname \"$0\")\"\n"
+              "GHDL=${GHDL:-ghdl}\n"
+              "mkdir -p ghdl\n"
+              "options=\"--std=08 --workdir=ghdl -Pghdl\"\n"
+              "$GHDL -a $options --work=main -frelaxed a.vhd\n"
+              "$GHDL --elab-run $options --work=l -Wl,-lm a --stop-time=1us\n");
 }

@@ -169,3 +169,42 @@ TEST(Makefile, CallsVerilogTopsByTheirPlainNames) {
                   "\t@mkdir -p $(@D)\n"
                   "\t$(IVERILOG) -Mall=$@.list -o $@ -s my-top $(VERILOG_WORDS)\n");
 }
+
+TEST(Makefile, HasTheWordsThatItsToolsTake) {
+    TBuildPlan plan = MakePlanOf(LANGUAGE_VERILOG, "/p/t.v");
+    plan.Sources.push_back({"/p/u.vhd", LANGUAGE_VHDL, "work", false, {}});
+    plan.Tops = {{LANGUAGE_VHDL, "work", "u", ""}};
+    plan.Settings.resize(2);
+    plan.Settings[0].Language = LANGUAGE_VERILOG;
+    plan.Settings[0].Standard = "2005";
+    plan.Settings[0].Options = {{{"--trace", "-Wno-fatal", "--threads", "4", "-P", "t.N=3"},
+                                 {"-CFLAGS", "-O2", "x"},
+                                 {"+go"}}};
+    plan.Settings[1].Language = LANGUAGE_VHDL;
+    plan.Settings[1].Options = {{{"-nolint", "-frelaxed"}, {"-quiet"}, {"-t", "ps"}}};
+    const std::string losses =
+        "make has no words for the analysis option -nolint\n"
+        "make has no words for the elaboration option -quiet\n"
+        "make has no words for the run option -t ps\n"
+        "make has no words for the analysis option --trace\n"
+        "make has no words for the analysis option --threads 4\n"
+        "make has no words for the elaboration option -CFLAGS -O2\n"
+        "make has no words for the elaboration option x\n";
+    const std::string text = Exported("make", plan);
+    EXPECT_EQ(text.substr(0, text.find("# Analyses")), losses);
+    EXPECT_EQ(RulesOf(text.substr(std::min(losses.size(), text.size())), " run-work.u"),
+              "ghdl/work/u.vhd.ok: u.vhd $(MAKE_RULES)\n"
+              "\t@mkdir -p $(@D)\n"
+              "\t$(GHDL) -a $(GHDL_OPTIONS) --work=work -frelaxed u.vhd\n"
+              "\t@touch $@\n"
+              "run-work.u: analyse\n"
+              "\t$(GHDL) --elab-run $(GHDL_OPTIONS) --work=work u\n"
+              "VERILOG = t.v\n"
+              "VERILOG_WORDS = -g2005-sv -Wno-fatal -P t.N=3 t.v\n"
+              "icarus/all.vvp: $(MAKE_RULES) $(VERILOG)\n"
+              "\t@mkdir -p $(@D)\n"
+              "\t$(IVERILOG) -Mall=$@.list -o $@ $(VERILOG_WORDS)\n" +
+                  kReadNames +
+                  "analyse: ghdl/work/u.vhd.ok icarus/all.vvp\n"
+                  "run: analyse run-work.u\n");
+}

@@ -157,11 +157,11 @@ TEST(NinjaFile, HoldsNoLineEnds) {
     plan.Settings[0].LibraryDirectories = {"/p/li\rb"};
     plan.Settings[0].LibraryExtensions = {".v\n"};
     plan.Settings[0].Defines = {{"A", "\n"}};
-    plan.Settings[0].Options[STEP_ANALYSE] = {"-a\n"};
+    plan.Settings[0].Options[STEP_ANALYSE] = {"-Wa\n"};
     plan.Settings[0].Options[STEP_RUN] = {"+r\n"};
     std::string expected;
     for (const std::string name : {"--work=m\nn", "--work=o\rp", "f\n", "-Iin\nc", "-DA=\n",
-                                   "-yli\rb", "-Y.v\n", "-a\n", "t\nu", "+r\n"})
+                                   "-yli\rb", "-Y.v\n", "-Wa\n", "t\nu", "+r\n"})
         expected += "ninja cannot hold the name \"" + name + end;
     EXPECT_EQ(told(plan), expected);
 }
@@ -186,4 +186,33 @@ TEST(NinjaFile, TakesNoNameForAnOption) {
               "ninja/icarus/work._my-top_-912da6ab.vvp\n"
               "  call = vvp -n ninja/icarus/work._my-top_-912da6ab.vvp\n"
               "  title = simulate work.\\my-top \n");
+}
+
+TEST(NinjaFile, HasTheWordsThatItsToolsTake) {
+    TBuildPlan plan = MakeVerilog();
+    plan.Sources.push_back({"/p/u.vhd", LANGUAGE_VHDL, "work", false, {}});
+    plan.Tops = {{LANGUAGE_VHDL, "work", "u", ""}};
+    plan.Settings[0].Standard = "2009";
+    plan.Settings[0].Options[STEP_ANALYSE] = {"--trace", "-Wall"};
+    plan.Settings.emplace_back().Language = LANGUAGE_VHDL;
+    plan.Settings[1].Options = {{{"-nolint", "-frelaxed"}, {"x"}, {"-gN=2"}}};
+    EXPECT_EQ(StepsOf(plan),
+              "ninja has no words for the analysis option -nolint\n"
+              "ninja has no words for the elaboration option x\n"
+              "ninja has no words for the analysis option --trace\n"
+              "build ninja/ghdl/work.u-6a4434f2.ok: step u.vhd\n"
+              "  call = ghdl -a --std=08 --workdir=ninja/ghdl -Pninja/ghdl --work=work -frelaxed "
+              "u.vhd\n"
+              "  title = analyse work.u\n"
+              "build ninja/ghdl.ok: stamp ninja/ghdl/work.u-6a4434f2.ok\n"
+              "  title = all VHDL is analysed\n"
+              "build ninja/runs/work.u-29259ed8.ok: step | ninja/ghdl.ok\n"
+              "  call = ghdl --elab-run --std=08 --workdir=ninja/ghdl -Pninja/ghdl --work=work u "
+              "-gN=2\n"
+              "  title = simulate work.u\n"
+              "build ninja/verilog.ok: stamp t.v\n"
+              "  title = Verilog is there\n"
+              "verilog_words = $ -g2009 -Wall t.v\n"
+              "build ninja/icarus/all.vvp: compile | ninja/verilog.ok\n"
+              "  title = compile Verilog\n");
 }

@@ -32,6 +32,23 @@ TEST(VerilogLists, TellTheCommandLineOfIcarus) {
               "// Verilog sources for Verilator\n"
               "\"a b.sv\"\n"
               "--top-module top\n");
+    plan.Settings[0].Standard = "2005";
+    EXPECT_EQ(Exported("icarus", plan, &plan.Tops[0]),
+              "// Verilog sources for Icarus Verilog\n"
+              "// iverilog -c THIS_FILE -s top -Tmax -g2005-sv\n"
+              "a b.sv\n");
+}
+
+TEST(VerilogLists, TellOptionsWithTheirOperands) {
+    TBuildPlan plan;
+    plan.Settings.emplace_back().Language = LANGUAGE_VERILOG;
+    plan.Settings[0].Options[STEP_ANALYSE] = {"-T", "max", "--word", "-Wall", "x"};
+    EXPECT_EQ(Exported("verilator", plan),
+              "verilator has no words for the analysis option -T max\n"
+              "verilator has no words for the analysis option --word\n"
+              "verilator has no words for the analysis option -Wall\n"
+              "verilator has no words for the analysis option x\n"
+              "// Verilog sources for Verilator\n");
 }
 
 TEST(VerilogLists, HoldOrRefuseEachName) {

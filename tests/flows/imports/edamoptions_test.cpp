@@ -44,6 +44,9 @@ TEST(EdamOptions, GiveWhatABuildHasWordsFor) {
               "in/list:11:33 option -frelaxed\n"
               "in/list:12:19 option --stop-time=1us\n"
               "in/list:11:33 HB706 kept as a compile option: -frelaxed\n"
+              "in/list:4:16 HB701 a build has no words for the define N=4 of Icarus Verilog alone\n"
+              "in/list:8:45 HB701 a build has no words for the define A=1 of Verilator alone\n"
+              "in/list:8:45 HB701 a build has no words for the define B of Verilator alone\n"
               "in/list:8:25 HB706 kept as a compile option: --threads 4\n"
               "in/list:4:48 HB706 kept as a compile option: -Wall\n"
               "in/list:4:55 HB706 kept as a compile option: -Ptb.N=3\n");
@@ -75,6 +78,7 @@ TEST(EdamOptions, TellWhatABuildHasNoWordsFor) {
         "in/list:17:5 Verilog  in/a.v\n"
         "in/list:18:5 VHDL  in/b.vhd\n"
         "in/list:19:5 VHDL  in/c.vhd\n"
+        "in/list:11:25 option -CFLAGS -O2\n"
         "in/list:15:42 standard 2008\n"
         "in/list:15:32 option --std=77\n"
         "in/list:2:3 HB701 a build has no words for the options of modelsim\n"
@@ -86,7 +90,6 @@ TEST(EdamOptions, TellWhatABuildHasNoWordsFor) {
         "in/list:7:53 HB701 a build has no words for the option -DP=$p\n"
         "in/list:7:61 HB701 a build has no words for the option $q\n"
         "in/list:10:5 HB701 a build has no words for \"libs\"\n"
-        "in/list:11:25 HB701 a build has no words for the option -CFLAGS -O2\n"
         "in/list:11:39 HB701 a build has no words for the option -f other.f\n"
         "in/list:11:51 HB701 a build has no words for the option main.cpp\n"
         "in/list:11:61 HB708 not of the format: -y without a value\n"
@@ -98,8 +101,89 @@ TEST(EdamOptions, TellWhatABuildHasNoWordsFor) {
         "in/list:15:32 HB706 kept as a compile option: --std=77\n"
         "in/list:15:42 HB701 a build has no words for the option x\n"
         "in/list:15:54 HB701 a build has no words for the option -fa$b\n"
+        "in/list:11:25 HB706 kept as a compile option: -CFLAGS -O2\n"
         "in/list:18:5 HB701 a build has no words for the standard 93\n"
         "in/list:9:11 HB701 a build has no words for the mode lint-only of Verilator\n");
+}
+
+// One word belongs to an option at most, and none that is a source or a file.
+TEST(EdamOptions, TakeNoSourceForAnOperand) {
+    const ImportFolder folder;
+    folder.Write("in/hex", "");
+    EXPECT_EQ(
+        folder.ReadText("edam-yaml",
+                        "tool_options:\n"
+                        "  icarus: {iverilog_options: [-Wall, b.v, -P tb.N=3 x, -N hex, -g]}\n"
+                        "  verilator: {verilator_options: [--trace, b.v, --threads 4 5, --x=1 y,\n"
+                        "    '-CFLAGS -O2', '-LDFLAGS \"-lm\"', -j 4, -GN=3, -prefix p, -o, sim]}\n"
+                        "  ghdl: {analyze_options: [-frelaxed x.vhd, --y z]}\n"),
+        "in/list:3:35 option --trace\n"
+        "in/list:3:49 option --threads 4\n"
+        "in/list:3:64 option --x=1\n"
+        "in/list:4:5 option -CFLAGS -O2\n"
+        "in/list:4:20 option -LDFLAGS -lm\n"
+        "in/list:4:38 option -j 4\n"
+        "in/list:4:44 option -GN=3\n"
+        "in/list:4:51 option -prefix p\n"
+        "in/list:4:62 option -o sim\n"
+        "in/list:2:31 option -Wall\n"
+        "in/list:2:43 option -P tb.N=3\n"
+        "in/list:2:56 option -N\n"
+        "in/list:2:64 option -g\n"
+        "in/list:5:28 option -frelaxed\n"
+        "in/list:5:45 option --y\n"
+        "in/list:2:38 HB701 a build has no words for the option b.v\n"
+        "in/list:2:43 HB701 a build has no words for the option x\n"
+        "in/list:2:56 HB701 a build has no words for the option hex\n"
+        "in/list:3:44 HB701 a build has no words for the option b.v\n"
+        "in/list:3:49 HB701 a build has no words for the option 5\n"
+        "in/list:3:64 HB701 a build has no words for the option y\n"
+        "in/list:5:28 HB706 kept as a compile option: -frelaxed\n"
+        "in/list:5:28 HB701 a build has no words for the option x.vhd\n"
+        "in/list:5:45 HB706 kept as a compile option: --y\n"
+        "in/list:5:45 HB701 a build has no words for the option z\n"
+        "in/list:3:35 HB706 kept as a compile option: --trace\n"
+        "in/list:3:49 HB706 kept as a compile option: --threads 4\n"
+        "in/list:3:64 HB706 kept as a compile option: --x=1\n"
+        "in/list:4:5 HB706 kept as a compile option: -CFLAGS -O2\n"
+        "in/list:4:20 HB706 kept as a compile option: -LDFLAGS -lm\n"
+        "in/list:4:38 HB706 kept as a compile option: -j 4\n"
+        "in/list:4:44 HB706 kept as a compile option: -GN=3\n"
+        "in/list:4:51 HB706 kept as a compile option: -prefix p\n"
+        "in/list:4:62 HB706 kept as a compile option: -o sim\n"
+        "in/list:2:31 HB706 kept as a compile option: -Wall\n"
+        "in/list:2:43 HB706 kept as a compile option: -P tb.N=3\n"
+        "in/list:2:56 HB706 kept as a compile option: -N\n"
+        "in/list:2:64 HB706 kept as a compile option: -g\n");
+}
+
+TEST(EdamOptions, GiveTheDefinesOfBothTools) {
+    const ImportFolder folder;
+    const struct {
+        const char* Icarus;
+        const char* Verilator;
+        const char* Read;
+    } rows[] = {
+        {"-DN=4, -DA, -DN=5, -DN=4", nullptr, "in/list:1:51 define A=\nin/list:1:63 define N=4\n"},
+        {nullptr, "+define+N=4+A, -DN=5", "in/list:2:34 define A=\nin/list:2:49 define N=5\n"},
+        {"-DN=4", "-DN=4", "in/list:1:44 define N=4\n"},
+        {"-DN=4", "+define+N=5, -DV",
+         "in/list:1:44 define N=4\n"
+         "in/list:2:47 define V=\n"
+         "in/list:2:34 HB701 a build has no words for the define N=5 of Verilator alone\n"
+         "in/list:2:47 HB701 a build has no words for the define V of Verilator alone\n"},
+        {"-DN=4", "",
+         "in/list:1:44 define N=4\n"
+         "in/list:1:44 HB701 a build has no words for the define N=4 of Icarus Verilog alone\n"},
+    };
+    for (const auto& row : rows) {
+        std::string text = "tool_options: {";
+        if (row.Icarus) text += std::string("icarus: {iverilog_options: [") + row.Icarus + "]},";
+        text += "\n ";
+        if (row.Verilator)
+            text += std::string("verilator: {verilator_options: [") + row.Verilator + "]}";
+        EXPECT_EQ(folder.ReadText("edam-yaml", text + "}\n"), row.Read) << text;
+    }
 }
 
 TEST(EdamOptions, AskForSystemVerilogWhereNoFileDoes) {

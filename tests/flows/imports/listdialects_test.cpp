@@ -1,4 +1,5 @@
 #include "flows/imports/listdialects.h"
+#include "flows/plan/toolwords.h"
 #include <gtest/gtest.h>
 
 TEST(ListDialects, KnowTheirOptions) {
@@ -35,5 +36,14 @@ TEST(ListDialects, KnowTheirOptions) {
         if (option) {
             EXPECT_EQ(option->Meaning, row.Meaning) << row.Word;
         }
+    }
+}
+
+TEST(ListDialects, KnowTheOperandsOfOptions) {
+    for (const char* const word : {"-CFLAGS", "-LDFLAGS", "-MAKEFLAGS"}) {
+        const TListOption* const option = FindListOption(word, LIST_VERILATOR);
+        ASSERT_NE(option, nullptr) << word;
+        EXPECT_EQ(option->Form, FORM_OPERAND) << word;
+        EXPECT_TRUE(TakesAnyOperand(word)) << word;
     }
 }

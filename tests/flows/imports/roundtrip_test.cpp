@@ -125,9 +125,9 @@ public:
 
     /// Adds words that some tools know, and some do not.
     void AddOptions(TImported* imported) {
-        constexpr const char* kVerilogWords[] = {"-Wall",    "--trace", "-gspecify", "--word",
-                                                 "fast",     "-O3",     "-quiet",    "-Ptb.N=3",
-                                                 "-Wa, b;c", "-g\\"};
+        constexpr const char* kVerilogWords[] = {"-Wall",       "--trace",  "-gspecify", "--word",
+                                                 "fast",        "-O3",      "-quiet",    "-Ptb.N=3",
+                                                 "-Wtimescale", "-Wa, b;c", "-g\\"};
         constexpr const char* kPlusWords[] = {"+go", "+seed=3", "+seed=4", "+t=a.hex", "-n"};
         constexpr const char* kVhdlWords[] = {"-frelaxed", "--warn-no-x", "-nolint", "-P", "a b"};
         TImportedSettings& verilog = imported->Settings[LANGUAGE_VERILOG];
@@ -171,7 +171,8 @@ private:
         for (std::size_t count = Any(3); count > 0; --count)
             verilog.Defines.push_back(
                 {{"D" + std::to_string(count), Any(2) ? std::to_string(Any(100)) : ""}, {}});
-        if (Any(2)) verilog.Standard = {"2012", {}};
+        constexpr const char* kVerilogYears[] = {"2005", "2009", "2012"};
+        if (Any(2)) verilog.Standard = {kVerilogYears[Any(3)], {}};
         if (Any(2)) verilog.Delay = static_cast<TSimProjectDelayType>(Any(3));
         constexpr const char* kYears[] = {"1993", "2002", "2008", "2019"};
         if (Any(2)) imported->Settings[LANGUAGE_VHDL].Standard = {kYears[Any(4)], {}};

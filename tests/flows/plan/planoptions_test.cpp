@@ -62,7 +62,10 @@ TEST(PlanOptions, GoIntoTheFieldsThatTheyHave) {
         {LANGUAGE_VERILOG, "+mindelays", "delay min\n"},
         {LANGUAGE_VERILOG, "+maxdelays +typdelays", ""},
         {LANGUAGE_VERILOG, "-sv", "standard 2012\n"},
+        {LANGUAGE_VERILOG, "-sverilog", "standard 2012\n"},
+        {LANGUAGE_VERILOG, "-g2005-sv", "standard 2005\n"},
         {LANGUAGE_VERILOG, "-g2009", "standard 2009\n"},
+        {LANGUAGE_VERILOG, "-g2012", "standard 2012\n"},
         {LANGUAGE_VERILOG, "-93 +acc -w \"\"", "elaboration [-93][+acc][-w][]\n"},
         {LANGUAGE_VERILOG, "a\"b c\"d \"e", "elaboration [ab cd][e]\n"},
         {LANGUAGE_VHDL, "-93", "standard 1993\n"},
@@ -75,6 +78,24 @@ TEST(PlanOptions, GoIntoTheFieldsThatTheyHave) {
     };
     for (const auto& row : rows)
         EXPECT_EQ(Taken(row.Language, row.Text), row.Taken) << "'" << row.Text << "'";
+}
+
+TEST(PlanOptions, HaveAWordOfIcarusForEachStandard) {
+    const struct {
+        const char* Path;
+        const char* Year;
+        const char* Word;
+    } rows[] = {{"/p/a.v", "", "none"},          {"/p/a.sv", "", "-g2012"},
+                {"/p/a.v", "2005", "-g2005-sv"}, {"/p/a.sv", "2009", "-g2009"},
+                {"/p/a.v", "2012", "-g2012"},    {"/p/a.v", "2017", "-g2012"}};
+    for (const auto& row : rows) {
+        TBuildPlan plan;
+        plan.Sources = {{row.Path, LANGUAGE_VERILOG, "work", false, {}}};
+        plan.Settings.emplace_back().Language = LANGUAGE_VERILOG;
+        plan.Settings[0].Standard = row.Year;
+        const char* const word = FindIcarusWord(plan);
+        EXPECT_EQ(std::string(word ? word : "none"), row.Word) << row.Path << " " << row.Year;
+    }
 }
 
 TEST(PlanOptions, ArePathsWithSlashesAndNoneAtTheEnd) {

@@ -56,7 +56,7 @@ TEST(IcarusRecipe, ChoosesLanguageAndDelays) {
     plan.Settings[1].Delay = DELAY_TYPE_MINIMUM;
     EXPECT_EQ(call(), "|-s|top|-Tmin|/b/t.v");
     plan.Settings[1].Standard = "2005";
-    EXPECT_EQ(call(), "|-s|top|-Tmin|-g2012|/b/t.v");
+    EXPECT_EQ(call(), "|-s|top|-Tmin|-g2005-sv|/b/t.v");
     plan.Settings[1].Standard.clear();
     plan.Sources[2].Path = "/b/t.sv";
     EXPECT_EQ(call(), "|-s|top|-Tmin|-g2012|/b/t.sv");

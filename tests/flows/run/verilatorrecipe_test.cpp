@@ -101,3 +101,24 @@ TEST(VerilatorRecipe, HasAMainForAnOldVersion) {
         EXPECT_NE(TextOfRun("verilator", plan, wishes).find("|--timing|"), std::string::npos);
     }
 }
+
+TEST(VerilatorRecipe, HasTheOperandsOfOptions) {
+    TBuildPlan plan = SamplePlan();
+    plan.Settings[1] = {};
+    plan.Settings[1].Language = LANGUAGE_VERILOG;
+    plan.Settings[1].Options[STEP_ANALYSE] = {"--threads", "4", "-Wtimescale", "-CFLAGS", "-O2 -g",
+                                              "-x1",       "y"};
+    TRunWishes wishes;
+    wishes.Folder = "/r/";
+    wishes.Tops = {&plan.Tops[1]};
+    wishes.OnlyCompile = true;
+    const std::string text = TextOfRun("verilator", plan, wishes);
+    EXPECT_EQ(text.substr(0, text.find("\n  in")),
+              "lint work.top\n"
+              "  call verilator|--lint-only|--timing|--no-MMD|--Mdir|.|-Wno-fatal|--top-module|top|"
+              "--threads|4|-CFLAGS|-O2 -g|-v|/b/cells.v|/b/t.v");
+    EXPECT_EQ(text.substr(text.find("verilator has")),
+              "verilator has no words for the analysis option -Wtimescale\n"
+              "verilator has no words for the analysis option -x1\n"
+              "verilator has no words for the analysis option y\n");
+}
