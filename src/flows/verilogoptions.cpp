@@ -8,6 +8,7 @@ using TTake = void (*)(std::string value, TVerilogOptions* options);
 
 void TakeDefine(std::string value, TVerilogOptions* options) {
     const std::size_t sign = value.find('=');
+    if (sign + 1 == value.size()) options->EmptyDefines.push_back(value.substr(0, sign));
     if (sign == std::string::npos)
         options->Defines.push_back({std::move(value), ""});
     else

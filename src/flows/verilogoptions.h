@@ -11,6 +11,7 @@ struct TVerilogOptions {
     std::vector<std::string> LibraryFolders;     // as written
     std::vector<std::string> LibraryExtensions;  // with their dots
     std::vector<std::string> LibraryFiles;       // as written
+    std::vector<std::string> EmptyDefines;       // names of those with a sign and no value behind
     std::vector<std::string> Others;             // words that are none of these options
 };
 

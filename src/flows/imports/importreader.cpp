@@ -58,11 +58,15 @@ std::string TImportReader::FolderOf(const std::string& path) {
 
 std::vector<TFoundSource> TImportReader::FindPattern(const std::string& pattern,
                                                      const std::string& written,
-                                                     TSourceSearch search,
+                                                     THdlLanguage language,
                                                      const TImportPlace& place) {
+    TSourceSearch search;
     // Another tool's pattern says itself where sources are, be they made by tools.
     search.EntersOutputs = true;
     TFoundSources found = FindSources({pattern}, search);
+    std::erase_if(found.Sources, [language](const TFoundSource& source) {
+        return language != LANGUAGE_NONE && source.Language != language;
+    });
     for (const std::string& link : found.Links)
         Lose("the folder " + Request.TextOf(link) + ", which is a link", place);
     const std::string plain = FolderOf(pattern.substr(0, pattern.find_first_of("*?")));
@@ -96,16 +100,16 @@ void TImportReader::SetStandard(THdlLanguage language, const std::string& year,
     standard = {year, place};
 }
 
-bool TImportReader::AddOption(THdlLanguage language, TPlanStep step,
-                              const TImportedOption& option) {
-    std::vector<std::string> words{option.Text};
-    words.insert(words.end(), option.Operands.begin(), option.Operands.end());
 bool TImportReader::MayBeOperand(const std::string& word, const std::string& folder) {
     if (IsOptionWord(word) || LanguageOfPath(word) != LANGUAGE_NONE) return false;
     const TFileStatus status = LookAtFile(CanonicalOf(word, folder));
     return !status.Exists || status.IsDirectory;
 }
 
+bool TImportReader::AddOption(THdlLanguage language, TPlanStep step,
+                              const TImportedOption& option) {
+    std::vector<std::string> words{option.Text};
+    words.insert(words.end(), option.Operands.begin(), option.Operands.end());
     if (IsPlainOption(language, std::move(words))) {
         SettingsOf(language).Options[step].push_back(option);
         return true;
@@ -126,6 +130,16 @@ void TImportReader::KeepRunOption(THdlLanguage language, const std::string& word
                                   const TImportPlace& place,
                                   const std::vector<std::string>& operands) {
     AddOption(language, STEP_RUN, {word, place, operands});
+}
+
+// Settings of a plan tell neither an empty value from none nor chosen delays from the usual ones.
+void TImportReader::TakeWhatPlansHide(const std::string& text, const TImportPlace& place) {
+    TVerilogOptions options;
+    AddVerilogOptions(text, &options);
+    for (const std::string& name : options.EmptyDefines)
+        Lose("the empty value of the define " + name, place);
+    for (const std::string& word : options.Others)
+        if (const auto delay = FindVerilogDelay(word)) SettingsOf(LANGUAGE_VERILOG).Delay = delay;
 }
 
 void TImportReader::TakeOptions(THdlLanguage language, const std::string& text,
@@ -152,7 +166,7 @@ void TImportReader::TakeOptions(THdlLanguage language, const std::string& text,
     }
     for (const std::string& standard : taken.OtherStandards) SetStandard(language, standard, place);
     if (!taken.Standard.empty()) SetStandard(language, taken.Standard, place);
-    if (taken.Delay != DELAY_TYPE_TYPICAL) settings.Delay = taken.Delay;
+    if (language == LANGUAGE_VERILOG) TakeWhatPlansHide(text, place);
     for (const std::string& word : taken.Options[STEP_ANALYSE]) KeepOption(language, word, place);
 }
 
@@ -194,6 +208,12 @@ bool TImportReader::IsText(const TImportFile& file) {
 
 void TImportReader::Leave() {
     Open.pop_back();
+}
+
+const std::string* TImportReader::FindContextBehind(const std::string& path,
+                                                    const std::string& context) const {
+    const auto found = ContextsBehind.find({path, context});
+    return found == ContextsBehind.end() ? nullptr : &found->second;
 }
 
 bool TImportReader::MayEnter(const std::string& path, const TImportPlace& place) {

@@ -3,9 +3,11 @@
 #include "flows/sourcesearch.h"
 #include <array>
 #include <cstddef>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// How many files may be open, one named by the other.
@@ -32,11 +34,11 @@ public:
     void AddDefine(const std::string& text, const TImportPlace& place);
     /// A year; another one than before is told.
     void SetStandard(THdlLanguage language, const std::string& year, const TImportPlace& place);
-    /// Keeps a compile option that has no meaning here, with the words behind it that belong to it,
-    /// and tells it. One that readers of a build would take for a setting is lost.
     /// Whether a word in `folder` may belong to the option in front of it: it looks neither like
     /// an option nor like a source, and is no file.
     static bool MayBeOperand(const std::string& word, const std::string& folder);
+    /// Keeps a compile option that has no meaning here, with the words behind it that belong to it,
+    /// and tells it. One that readers of a build would take for a setting is lost.
     void KeepOption(THdlLanguage language, const std::string& word, const TImportPlace& place,
                     const std::vector<std::string>& operands = {});
     /// The same of an option of the simulation, which is not told when it is kept.
@@ -46,10 +48,11 @@ public:
     void TakeOptions(THdlLanguage language, const std::string& text, const std::string& folder,
                      const TImportPlace& place);
 
-    /// The sources that a whole pattern means, which stands in a file as `written`. What is in its
-    /// way is told, and when there are none.
+    /// The sources that a whole pattern means, which stands in a file as `written`: those in
+    /// `language`, or all of them for LANGUAGE_NONE. What is in its way is told, and when there are
+    /// none.
     std::vector<TFoundSource> FindPattern(const std::string& pattern, const std::string& written,
-                                          TSourceSearch search, const TImportPlace& place);
+                                          THdlLanguage language, const TImportPlace& place);
 
     /// Tells that a build has no words for `what`.
     void Lose(const std::string& what, const TImportPlace& place) {
@@ -70,6 +73,13 @@ public:
     bool Enter(const std::string& path, const std::string& folder, const std::string& context,
                const TImportPlace& place, TImportFile* file);
     void Leave();
+    /// Keeps what reading a file with that context has left of it, for those that name the file
+    /// again, and finds it; null: it has not been read to its end so.
+    void KeepContextBehind(const std::string& path, const std::string& context,
+                           const std::string& behind) {
+        ContextsBehind[{path, context}] = behind;
+    }
+    const std::string* FindContextBehind(const std::string& path, const std::string& context) const;
 
 private:
     struct TOpenFile {
@@ -77,6 +87,7 @@ private:
         TImportPlace From;
     };
 
+    void TakeWhatPlansHide(const std::string& text, const TImportPlace& place);
     bool AddOption(THdlLanguage language, TPlanStep step, const TImportedOption& option);
     bool IsText(const TImportFile& file);
     bool MayEnter(const std::string& path, const TImportPlace& place);
@@ -86,6 +97,7 @@ private:
     TImported& Imported;
     std::vector<TOpenFile> Open;
     std::set<std::array<std::string, 3>> Known;  // path, folder, context
+    std::map<std::pair<std::string, std::string>, std::string> ContextsBehind;  // path, context
 };
 
 /// The option with its operands, a blank between the words.

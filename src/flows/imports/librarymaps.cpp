@@ -214,7 +214,7 @@ void TLibraryMapReader::AddFiles(const std::string& path, const std::string& lib
     for (std::size_t at = 0; (at = pattern.find("...", at)) != std::string::npos; at += 2)
         pattern.replace(at, 3, "**");
     pattern = TImportReader::WholeOf(pattern, Maps.back().File.Folder);
-    for (const TFoundSource& each : Reader.FindPattern(pattern, path, {}, place)) {
+    for (const TFoundSource& each : Reader.FindPattern(pattern, path, LANGUAGE_NONE, place)) {
         source.Path = TImportReader::WholeOf(each.Path, "");
         source.Language = each.Language;
         Reader.AddSource(source);

@@ -5,7 +5,6 @@
 #include "services/files/filestatus.h"
 #include "services/names/utilfilename.h"
 #include <deque>
-#include <map>
 
 namespace {
 
@@ -49,8 +48,6 @@ private:
     TImportReader& Reader;
     std::deque<TOpenScript> Scripts;
     std::string Library;
-    /// Of each script, and the library at its begin, the one at its end.
-    std::map<std::pair<std::string, std::string>, std::string> LibrariesBehind;
 };
 
 const TOsvvmReader::TVerb TOsvvmReader::kVerbs[] = {
@@ -71,7 +68,7 @@ void TOsvvmReader::Read(const TImportFile& file) {
         }
         if (commands.GetFault())
             Reader.Fail(commands.GetFault(), {Scripts.back().File.Name, command.Line, 0});
-        LibrariesBehind[{Scripts.back().File.Path, Scripts.back().Library}] = Library;
+        Reader.KeepContextBehind(Scripts.back().File.Path, Scripts.back().Library, Library);
         Scripts.pop_back();
         if (!Scripts.empty()) Reader.Leave();
     }
@@ -117,9 +114,8 @@ void TOsvvmReader::Include(const std::string& word, const TImportPlace& place) {
         path = LookAtFile(own).Exists ? own : TImportReader::CanonicalOf("build.pro", path + "/");
     }
     TImportFile file;
-    const auto known = LibrariesBehind.find({path, Library});
-    if (known != LibrariesBehind.end())
-        Library = known->second;
+    if (const std::string* const behind = Reader.FindContextBehind(path, Library))
+        Library = *behind;
     else if (Reader.Enter(path, "", Library, place, &file))
         Scripts.emplace_back(std::move(file), Library);
 }

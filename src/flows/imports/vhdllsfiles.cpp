@@ -89,8 +89,8 @@ void TVhdlLsReader::AddFiles(const TTree& value, const std::string& library,
     std::vector<std::string> paths;
     if (IsFilePattern(pattern)) {
         for (const TFoundSource& found :
-             Tree.GetReader().FindPattern(pattern, value.Text, {}, Tree.PlaceOf(value)))
-            if (found.Language == LANGUAGE_VHDL) paths.push_back(Tree.PathOf(found.Path));
+             Tree.GetReader().FindPattern(pattern, value.Text, LANGUAGE_VHDL, Tree.PlaceOf(value)))
+            paths.push_back(Tree.PathOf(found.Path));
     } else {
         paths.push_back(pattern);
     }

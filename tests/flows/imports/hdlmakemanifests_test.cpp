@@ -28,6 +28,21 @@ TEST(HdlmakeManifests, NameFilesAndModules) {
               "in/list:3 Verilog l in/tb.v\nin/list:2 top Verilog l.tb\n");
 }
 
+TEST(HdlmakeManifests, GiveEmptyDefinesAndTheUsualDelays) {
+    const ImportFolder folder;
+    folder.Write("in/ip/Manifest.py", "vlog_opt = '+typdelays -DB= +define+C=2'\n");
+    EXPECT_EQ(folder.ReadText("hdlmake",
+                              "vlog_opt = '+define+A=+D +maxdelays'\nmodules = {'local': 'ip'}\n"),
+              "in/list:1 define A=\n"
+              "in/list:1 define D=\n"
+              "in/ip/Manifest.py:1 define B=\n"
+              "in/ip/Manifest.py:1 define C=2\n"
+              "delays typical\n"
+              "in/list:1 HB701 a build has no words for the empty value of the define A\n"
+              "in/ip/Manifest.py:1 HB701 a build has no words for the empty value of the define "
+              "B\n");
+}
+
 // Nothing is run: what stands in either branch is taken, and the condition is told.
 TEST(HdlmakeManifests, TakeBothBranchesOfAnIf) {
     const ImportFolder folder;

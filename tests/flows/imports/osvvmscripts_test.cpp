@@ -47,6 +47,17 @@ TEST(OsvvmScripts, IncludeScriptsAgain) {
               "in/list:6 VHDL ip2 in/z.vhd\n");
 }
 
+TEST(OsvvmScripts, IncludeScriptsOfOtherFilesAgain) {
+    const ImportFolder folder;
+    folder.Write("p1.pro", "include ip/sub.pro\nanalyze x.vhd\n");
+    folder.Write("p2.pro", "include ip/sub.pro\nanalyze y.vhd\n");
+    folder.Write("ip/sub.pro", "library l2\n");
+    for (const char* const source : {"x.vhd", "y.vhd"}) folder.Write(source, "");
+    EXPECT_EQ(folder.TextOf(folder.Import("osvvm", {"p1.pro", "p2.pro"})),
+              "p1.pro:2 VHDL l2 x.vhd\n"
+              "p2.pro:2 VHDL l2 y.vhd\n");
+}
+
 TEST(OsvvmScripts, TellWhatIsNotLiteral) {
     const ImportFolder folder;
     EXPECT_EQ(

@@ -34,6 +34,14 @@ TEST(VhdlLsFiles, FindTheFilesOfPatternsInAllFolders) {
               "in/list:2:12 VHDL a in/ip/x.cache/l.vhd\n");
 }
 
+TEST(VhdlLsFiles, TellOfPatternsThatFindNoVhdl) {
+    const ImportFolder folder;
+    folder.Write("in/r/a.v", "");
+    EXPECT_EQ(folder.ReadText("vhdl-ls", "[libraries]\nl.files = ['r/*', 'x.vhd']\n"),
+              "in/list:2:19 VHDL l in/x.vhd\n"
+              "in/list:2:12 HB701 a build has no words for the pattern r/*, which no file has\n");
+}
+
 TEST(VhdlLsFiles, TellWhatABuildHasNoWordsForAndWhatIsWrong) {
     const ImportFolder folder;
     EXPECT_EQ(folder.ReadText("vhdl-ls",
