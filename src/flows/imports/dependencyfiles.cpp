@@ -132,12 +132,19 @@ void TDepfileReader::ReadRule() {
             Reader.Lose("a command", place);
             return SkipLine();
         }
+        if (!isTarget && At() == '|') {
+            ++Position;
+            continue;
+        }
         const std::string word = TakeWord(isTarget);
         hasWords = true;
         if (isTarget && At() == ':') {
             isTarget = false;
             Position += std::size_t{At(1) == ':' ? 2u : 1u};
-        } else if (!isTarget && word != "|") {
+            if (At() != '=') continue;
+            Reader.Fail("a line that is no rule", begin);
+            return SkipLine();
+        } else if (!isTarget) {
             TakePrerequisite(word, place);
         }
     }
@@ -149,6 +156,7 @@ std::string TDepfileReader::TakeWord(bool isTarget) {
     HasVariable = false;
     while (Position < Text.size() && !IsBlank() && !IsLineEnd()) {
         if ((isTarget && IsColon(word)) || (At() == '\\' && IsLineEnd(1))) break;
+        if (!isTarget && (At() == ';' || At() == '|')) break;
         TakeCharacter(&word);
     }
     return word;
@@ -156,7 +164,7 @@ std::string TDepfileReader::TakeWord(bool isTarget) {
 
 void TDepfileReader::TakeCharacter(std::string* word) {
     const char next = At(1);
-    if (At() == '\\' && (next == ' ' || next == '#' || next == ':')) {
+    if (At() == '\\' && std::string_view(" #:;|").find(next) < 5) {
         ++Position;
     } else if (At() == '$') {
         if (next != '$') HasVariable = true;

@@ -168,14 +168,20 @@ void TLibraryMapReader::ReadLibrary(const TMapWord& statement) {
     if (!NextName(statement, &library)) return;
     std::vector<TImportedText> folders;
     bool isFolder = false;
+    bool wantsName = true;
     TMapWord word;
     while (Next(&word)) {
-        if (!word.IsQuoted && word.Text == ";")
-            return AddFolders(folders, library.Text, library.Place);
-        if (!word.IsQuoted && word.Text == ",") continue;
-        if (!word.IsQuoted && word.Text == "-incdir")
-            isFolder = true;
-        else if (isFolder)
+        const bool isEnd = !word.IsQuoted && word.Text == ";";
+        const bool isOption = !word.IsQuoted && word.Text == "-incdir";
+        const bool isName = word.IsQuoted || (!isEnd && !isOption && word.Text != ",");
+        if (isName != wantsName)
+            Reader.Fail("'" + word.Text + "' instead of a " + (wantsName ? "name" : "comma"),
+                        word.Place);
+        wantsName = !isName;
+        isFolder = isFolder || isOption;
+        if (isEnd) return AddFolders(folders, library.Text, library.Place);
+        if (!isName) continue;
+        if (isFolder)
             folders.push_back(
                 {TImportReader::WholeOf(word.Text, Maps.back().File.Folder), word.Place});
         else

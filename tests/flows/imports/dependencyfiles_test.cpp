@@ -59,3 +59,20 @@ TEST(DependencyFiles, AreRulesOfMakeWithAllOfTheirParts) {
               "in/list:2:5 Verilog  in/c.v\n"
               "in/list:1:14 HB701 a build has no words for a command\n");
 }
+
+TEST(DependencyFiles, EndPrerequisitesWithoutBlanks) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("depfile",
+                              "o: a.v;touch b.v\np: c.v|d.v|e\\|f.v g\\;h.v;\n"
+                              "X := i.v\nY ::= j.v\nq:: k.v\n"),
+              "in/list:1:4 Verilog  in/a.v\n"
+              "in/list:2:4 Verilog  in/c.v\n"
+              "in/list:2:8 Verilog  in/d.v\n"
+              "in/list:2:12 Verilog  in/e|f.v\n"
+              "in/list:2:19 Verilog  in/g;h.v\n"
+              "in/list:5:5 Verilog  in/k.v\n"
+              "in/list:1:7 HB701 a build has no words for a command\n"
+              "in/list:2:25 HB701 a build has no words for a command\n"
+              "in/list:3:1 HB708 not of the format: a line that is no rule\n"
+              "in/list:4:1 HB708 not of the format: a line that is no rule\n");
+}

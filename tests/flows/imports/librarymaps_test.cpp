@@ -116,6 +116,23 @@ TEST(LibraryMaps, TellWhatIsCutShort) {
         {"config c;\nlibrary a a.v;",
          "in/list:1:1 HB701 a build has no words for a configuration\n"
          "in/list:1:1 HB708 not of the format: a configuration without an end\n"},
+        {"library a ;\nlibrary b b.v;",
+         "in/list:2:11 Verilog b in/b.v\n"
+         "in/list:1:11 HB708 not of the format: ';' instead of a name\n"},
+        {"library a a.v -incdir ;\nlibrary b b.v;",
+         "in/list:1:11 Verilog a in/a.v\n"
+         "in/list:2:11 Verilog b in/b.v\n"
+         "in/list:1:23 HB708 not of the format: ';' instead of a name\n"},
+        {"library a a.v b.v,, \"c.v\", -incdir i j;",
+         "in/list:1:11 Verilog a in/a.v\n"
+         "in/list:1:15 Verilog a in/b.v\n"
+         "in/list:1:21 Verilog a in/c.v\n"
+         "in/list:1:36 include in/i\n"
+         "in/list:1:38 include in/j\n"
+         "in/list:1:15 HB708 not of the format: 'b.v' instead of a comma\n"
+         "in/list:1:19 HB708 not of the format: ',' instead of a name\n"
+         "in/list:1:28 HB708 not of the format: '-incdir' instead of a name\n"
+         "in/list:1:38 HB708 not of the format: 'j' instead of a comma\n"},
         {"library", "in/list:1:1 HB708 not of the format: a library without a name\n"},
     };
     for (const auto& row : rows)
