@@ -4,6 +4,7 @@
 #include "flows/plan/planoptions.h"
 #include <algorithm>
 #include <charconv>
+#include <optional>
 #include <set>
 
 namespace {
@@ -34,16 +35,32 @@ bool IsTrue(const TTree* value) {
     return value && std::find(std::begin(kTrue), std::end(kTrue), value->Text) != std::end(kTrue);
 }
 
-/// Verilog has other words for hexadecimal numbers than YAML.
-std::string TextOfValue(const TTree& value, const TTree& parameter) {
+/// The text of a number, in decimal: Verilog has other words for hexadecimal, octal and binary
+/// numbers than YAML 1.1, which Edalize reads. None for one that neither knows.
+std::optional<std::string> DecimalOf(const TTree& value) {
+    std::string digits = value.Text;
+    const bool isNegative = digits.starts_with('-');
+    if (isNegative || digits.starts_with('+')) digits.erase(0, 1);
+    const std::size_t prefix =
+        digits.size() > 1 && digits[0] == '0' && std::string_view("xXbBoO").find(digits[1]) < 6 ? 2
+                                                                                                : 0;
+    const bool isOctal = prefix == 0 && value.Kind == TREE_INTEGER && digits.starts_with('0') &&
+                         digits.find_first_of("89") == std::string::npos;
+    if (prefix == 0 && !isOctal) return value.Text;
+    const int base = isOctal ? 8 : digits[1] == 'x' ? 16 : digits[1] == 'b' ? 2 : 0;
+    digits.erase(0, prefix);
+    std::erase(digits, '_');
+    unsigned long long number = 0;
+    const char* const end = digits.data() + digits.size();
+    if (base == 0 || digits.empty()) return {};
+    const auto read = std::from_chars(digits.data(), end, number, base);
+    if (read.ptr != end || read.ec != std::errc()) return {};
+    return (isNegative && number > 0 ? "-" : "") + std::to_string(number);
+}
+
+std::optional<std::string> TextOfValue(const TTree& value, const TTree& parameter) {
     const TTree* const type = parameter.Find("datatype");
-    const std::size_t prefix = value.Text.starts_with('+') ? 3 : 2;
-    if (!type || type->Text != "int" || value.Kind != TREE_INTEGER ||
-        value.Text.substr(prefix - 2, 2) != "0x")
-        return value.Text;
-    long long number = 0;
-    std::from_chars(value.Text.data() + prefix, value.Text.data() + value.Text.size(), number, 16);
-    return std::to_string(number);
+    return type && type->Text == "int" ? DecimalOf(value) : value.Text;
 }
 
 /// Reads the tree, whatever it was written in.
@@ -175,8 +192,9 @@ void TEdamReader::ReadParameter(const TTree& parameter) {
         return Tree.Lose(
             (isPlusArgument ? "the argument " : "the define ") + parameter.Key + " that is not set",
             parameter);
-    const std::string text =
-        isBoolean ? parameter.Key : parameter.Key + "=" + TextOfValue(*value, parameter);
+    const std::optional<std::string> number = TextOfValue(*value, parameter);
+    if (!number) return Tree.Lose("the number " + value->Text, *value);
+    const std::string text = isBoolean ? parameter.Key : parameter.Key + "=" + *number;
     if (!isPlusArgument) return Tree.GetReader().AddDefine(text, Tree.KeyPlaceOf(parameter));
     Tree.GetReader().KeepRunOption(LANGUAGE_VERILOG, "+" + text, Tree.KeyPlaceOf(parameter));
 }

@@ -101,7 +101,7 @@ TEST(EdamFiles, MayHoldWhatAsksNothing) {
               "in/list:10:5 Verilog  in/b.v\n"
               "in/list:11:5 include /\n"
               "in/list:13:3 define N=31\n"
-              "in/list:14:3 define M=-0x10\n"
+              "in/list:14:3 define M=-16\n"
               "in/list:15:3 define S=0x1F\n"
               "in/list:1:1 HB713 left out, as nothing is built of it: \"cores\"\n"
               "in/list:2:1 HB713 left out, as nothing is built of it: \"dependencies\"\n"
@@ -129,4 +129,41 @@ TEST(EdamFiles, TellWhatIsNotOfTheFormat) {
         {"a: \xFF\n", "in/list HB708 not of the format: a text that is no UTF-8\n"},
     };
     for (const auto& row : rows) EXPECT_EQ(folder.ReadText("edam-yaml", row.Text), row.Told);
+}
+
+// As readers of YAML 1.1 do, Edalize among them; Verilog would read other numbers, or none.
+TEST(EdamFiles, GiveNumbersInDecimal) {
+    const ImportFolder folder;
+    const struct {
+        const char* Number;
+        const char* Read;
+    } rows[] = {
+        {"10", "define N=10"},
+        {"010", "define N=8"},
+        {"-010", "define N=-8"},
+        {"+0x1F", "define N=31"},
+        {"-0x1_F", "define N=-31"},
+        {"0b11", "define N=3"},
+        {"-0b10", "define N=-2"},
+        {"0", "define N=0"},
+        {"09", "define N=09"},
+        {"-0x0", "define N=0"},
+        {"\"010\"", "define N=010"},
+        {"8'hFF", "define N=8'hFF"},
+        {"-0x1FFFFFFFFFFFFFFFF", ""},
+        {"0o17", ""},
+        {"0X1F", ""},
+        {"0b12", ""},
+        {"0x", ""},
+    };
+    for (const auto& row : rows) {
+        const std::string number = row.Number;
+        const bool isLost = *row.Read == '\0';
+        EXPECT_EQ(folder.ReadText("edam-yaml",
+                                  "parameters:\n  N: {paramtype: vlogdefine, datatype: int, "
+                                  "default: " +
+                                      number + "}\n"),
+                  isLost ? "in/list:2:54 HB701 a build has no words for the number " + number + "\n"
+                         : "in/list:2:3 " + std::string(row.Read) + "\n");
+    }
 }
