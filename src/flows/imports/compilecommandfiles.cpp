@@ -5,14 +5,12 @@
 
 namespace {
 
-// In front of one of these a backslash is the delimiter of a path, as databases of Windows have it.
-bool IsPathCharacter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-           static_cast<unsigned char>(c) >= 0x80 || std::string_view("._-+~").find(c) < 5;
+bool IsOfWindows(const std::string& path) {
+    return path.starts_with("\\\\") || (path.size() > 1 && path[1] == ':');
 }
 
-/// The words of a command line as a shell takes them.
-std::vector<std::string> WordsOfCommand(const std::string& command) {
+/// The words of a command line as a shell of POSIX takes them.
+std::vector<std::string> WordsOfShell(const std::string& command) {
     std::vector<std::string> words;
     bool isInWord = false;
     char quote = 0;
@@ -24,17 +22,48 @@ std::vector<std::string> WordsOfCommand(const std::string& command) {
         }
         if (!isInWord) words.emplace_back();
         isInWord = true;
-        if (c == quote)
+        const char next = at + 1 < command.size() ? command[at + 1] : '\0';
+        const bool isEscaped = c == '\\' && next != '\0' && quote != '\'' &&
+                               (!quote || std::string_view("\"\\$`").find(next) < 4);
+        if (isEscaped)
+            words.back() += command[++at];
+        else if (c == quote)
             quote = 0;
         else if (!quote && (c == '"' || c == '\''))
             quote = c;
-        else if (c == '\\' && quote != '\'' && at + 1 < command.size() &&
-                 !IsPathCharacter(command[at + 1]))
-            words.back() += command[++at];
         else
             words.back() += c;
     }
     return words;
+}
+
+/// As programs of Windows take them, where a backslash is the delimiter of a path.
+std::vector<std::string> WordsOfWindows(const std::string& command) {
+    std::vector<std::string> words;
+    bool isInWord = false;
+    bool isQuoted = false;
+    for (std::size_t at = 0; at < command.size(); ++at) {
+        const char c = command[at];
+        if (!isQuoted && (c == ' ' || c == '\t' || c == '\n')) {
+            isInWord = false;
+            continue;
+        }
+        if (!isInWord) words.emplace_back();
+        isInWord = true;
+        if (c == '\\' && at + 1 < command.size() && command[at + 1] == '"')
+            words.back() += command[++at];
+        else if (c == '"')
+            isQuoted = !isQuoted;
+        else
+            words.back() += c;
+    }
+    return words;
+}
+
+std::vector<std::string> WordsOfCommand(const std::string& command, const std::string& directory) {
+    const std::string program = command.substr(command.starts_with('"') ? 1 : 0);
+    return IsOfWindows(directory) || IsOfWindows(program) ? WordsOfWindows(command)
+                                                          : WordsOfShell(command);
 }
 
 // What stands in front of a compiler.
@@ -46,10 +75,11 @@ bool IsLauncher(const std::string& word) {
 
 /// What follows the name of an option.
 enum TCommandMeaning : int {
-    GIVES_FOLDER,   ///< an include directory
-    GIVES_PATH,     ///< a path that the option needs
-    GIVES_OUTPUT,   ///< what the compiler writes
-    GIVES_LANGUAGE  ///< the language of the source
+    GIVES_FOLDER,    ///< an include directory
+    GIVES_PATH,      ///< a path that the option needs
+    GIVES_OUTPUT,    ///< what the compiler writes
+    GIVES_LANGUAGE,  ///< the language of the source
+    GIVES_WORD       ///< a word that the option needs as it is
 };
 
 struct TCommandOption {
@@ -64,12 +94,21 @@ constexpr TCommandOption kCommandOptions[] = {
     {"-imacros", GIVES_PATH, false},  {"-I", GIVES_FOLDER, true},
     {"-o", GIVES_OUTPUT, true},       {"-MF", GIVES_OUTPUT, true},
     {"-MT", GIVES_OUTPUT, true},      {"-MQ", GIVES_OUTPUT, true},
-    {"-x", GIVES_LANGUAGE, true},
+    {"-MJ", GIVES_OUTPUT, true},      {"-x", GIVES_LANGUAGE, true},
+    {"-Xclang", GIVES_WORD, false},   {"-Xpreprocessor", GIVES_WORD, false},
+    {"-Xlinker", GIVES_WORD, false},  {"-Xassembler", GIVES_WORD, false},
+    {"-mllvm", GIVES_WORD, false},    {"-arch", GIVES_WORD, false},
+    {"-target", GIVES_WORD, false},   {"--param", GIVES_WORD, false},
 };
 
-// Whether it writes object files and dependencies.
+/// Those that compilers choose with "-x".
+constexpr std::string_view kCompilerLanguages[] = {
+    "assembler", "assembler-with-cpp", "c",   "c++",  "c++-cpp-output", "c++-header",   "c-header",
+    "cuda",      "cpp-output",         "hip", "none", "objective-c",    "objective-c++"};
+
+// Whether it writes object files and dependencies, or says that the source follows.
 bool IsForOutput(const std::string& word) {
-    return word == "-c" || word == "-MD" || word == "-MMD" || word == "-MP";
+    return word == "-c" || word == "--" || word == "-MD" || word == "-MMD" || word == "-MP";
 }
 
 /// Reads the commands.
@@ -116,7 +155,8 @@ void TCompileCommands::Read(const TTree& entry) {
 }
 
 std::vector<std::string> TCompileCommands::WordsOf(const TTree& entry) const {
-    if (!entry.Find("arguments")) return WordsOfCommand(Tree.TextIn(entry, "command"));
+    if (!entry.Find("arguments"))
+        return WordsOfCommand(Tree.TextIn(entry, "command"), Tree.TextIn(entry, "directory"));
     std::vector<std::string> words;
     for (const TTree& word : Tree.ListIn(entry, "arguments"))
         if (Tree.IsSingle(word)) words.push_back(word.Text);
@@ -130,22 +170,42 @@ std::string ValueOf(const TCommandOption& option, const std::vector<std::string>
     return value.empty() && *at + 1 < words.size() ? words[++*at] : value;
 }
 
+bool IsCompilerLanguage(const std::string& name) {
+    return std::find(std::begin(kCompilerLanguages), std::end(kCompilerLanguages), name) !=
+           std::end(kCompilerLanguages);
+}
+
 const TCommandOption* FindCommandOption(const std::string& word) {
-    for (const TCommandOption& option : kCommandOptions)
-        if (word == option.Name || (option.IsJoined && word.starts_with(option.Name)))
+    for (const TCommandOption& option : kCommandOptions) {
+        if (word == option.Name) return &option;
+        if (!option.IsJoined || !word.starts_with(option.Name)) continue;
+        if (option.Meaning != GIVES_LANGUAGE || IsCompilerLanguage(word.substr(option.Name.size())))
             return &option;
+    }
     return nullptr;
 }
 
+/// The number of the first word behind the compiler.
+std::size_t FirstArgument(const std::vector<std::string>& words) {
+    if (words.empty() || !IsLauncher(words.front())) return 1;
+    std::size_t at = 1;
+    while (at < words.size() && words[at].starts_with('-')) ++at;
+    return at + 1;
+}
+
+/// What a compiler takes the source for without "-x"; SystemC is C++ to it.
+const char* LanguageForCompiler(const std::string& path) {
+    return path.ends_with(".c") ? "c" : "c++";
+}
+
 // What names the compiler, the source and the output is no option of the language, and neither is
-// the language: the build has it.
+// the language that the source has anyway.
 TCompileCommands::TCompiled TCompileCommands::CompiledBy(const TTree& entry,
                                                          const std::string& folder,
                                                          const std::string& path) {
     const std::vector<std::string> words = WordsOf(entry);
     TCompiled compiled;
-    std::size_t at = !words.empty() && IsLauncher(words.front()) ? 2 : 1;
-    for (; at < words.size(); ++at) {
+    for (std::size_t at = FirstArgument(words); at < words.size(); ++at) {
         const std::string& word = words[at];
         const TCommandOption* const option = FindCommandOption(word);
         if (!option) {
@@ -160,7 +220,8 @@ TCompileCommands::TCompiled TCompileCommands::CompiledBy(const TTree& entry,
             compiled.Folders.push_back(TImportReader::WholeOf(value, folder));
         else if (option->Meaning == GIVES_PATH)
             compiled.Options.push_back({name, TImportReader::WholeOf(value, folder)});
-        else if (option->Meaning == GIVES_LANGUAGE && value != "c" && value != "c++")
+        else if (option->Meaning == GIVES_WORD ||
+                 (option->Meaning == GIVES_LANGUAGE && value != LanguageForCompiler(path)))
             compiled.Options.push_back({name, value});
     }
     return compiled;
