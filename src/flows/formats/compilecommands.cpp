@@ -25,6 +25,7 @@ std::vector<std::string> CommandOf(THdlLanguage language, const TExportWriter& w
 
 // A root keeps its delimiter: "C:" alone is the current folder of a drive.
 std::string WithoutDelimiter(const std::string& folder) {
+    if (folder.empty()) return folder;
     const bool isRoot = folder.find('/') == folder.size() - 1 &&
                         (folder.size() == 1 || folder[folder.size() - 2] == ':');
     return isRoot ? folder : folder.substr(0, folder.size() - 1);

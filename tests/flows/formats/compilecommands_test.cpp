@@ -108,3 +108,20 @@ TEST(CompileCommands, KeepTheDelimiterOfARoot) {
                   "\"directory\": \"" + folder + "\",");
     }
 }
+
+TEST(CompileCommands, MayBeOfNoFolder) {
+    TBuildPlan plan;
+    plan.Sources = {{"/p/a.cpp", LANGUAGE_CPLUSPLUS, "main", false, {}}};
+    EXPECT_EQ(Exported("compile-commands", plan, nullptr, ""),
+              "[\n"
+              "  {\n"
+              "    \"directory\": \"\",\n"
+              "    \"arguments\": [\n"
+              "      \"c++\",\n"
+              "      \"-c\",\n"
+              "      \"/p/a.cpp\"\n"
+              "    ],\n"
+              "    \"file\": \"/p/a.cpp\"\n"
+              "  }\n"
+              "]\n");
+}
