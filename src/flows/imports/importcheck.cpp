@@ -43,6 +43,7 @@ private:
     std::unordered_map<std::size_t, const TImportedSource*> Known;  // by the file's number
     std::set<THdlLanguage> Languages;                               // of HDL that sources have
     std::unordered_map<std::string, std::set<THdlLanguage>> LanguagesOfNames;  // of files, folded
+    std::unordered_map<std::string, std::set<THdlLanguage>> LanguagesOfTops;   // said by the file
 };
 
 constexpr const char* kEndBlanks = " \t\r\n";
@@ -159,10 +160,13 @@ void TImportCheck::FindLanguages() {
     }
 }
 
-// Where there are sources in both, that of the one whose file is named like the top.
+// Where there are sources in both, that of another top of its name, or of the one whose file is
+// named like the top.
 THdlLanguage TImportCheck::LanguageOfTop(const TImportedTop& top) {
     if (Imported.Sources.empty()) return LANGUAGE_VERILOG;
     if (Languages.size() == 1) return *Languages.begin();
+    const auto said = LanguagesOfTops.find(top.Top.Entity);
+    if (said != LanguagesOfTops.end() && said->second.size() == 1) return *said->second.begin();
     const auto found = LanguagesOfNames.find(FoldAscii(top.Top.Entity));
     if (found != LanguagesOfNames.end() && found->second.size() == 1) return *found->second.begin();
     const THdlLanguage language = Languages.empty() ? LANGUAGE_VERILOG : LANGUAGE_VHDL;
@@ -179,6 +183,9 @@ void TImportCheck::CheckTops() {
                !IsName(top.Top.Entity, top.Top.Entity, top.Place);
     });
     FindLanguages();
+    for (const TImportedTop& top : Imported.Tops)
+        if (top.Top.Language != LANGUAGE_NONE)
+            LanguagesOfTops[top.Top.Entity].insert(top.Top.Language);
     for (TImportedTop& top : Imported.Tops)
         if (top.Top.Language == LANGUAGE_NONE) top.Top.Language = LanguageOfTop(top);
 }

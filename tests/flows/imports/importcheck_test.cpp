@@ -140,22 +140,25 @@ TEST(ImportCheck, GivesTopsTheLanguageOfTheSources) {
     EXPECT_EQ(Checked(imported), "l:3 VHDL  b.vhd\nl:2 top VHDL .tb\n");
 }
 
-// Of sources in two languages that one is meant whose file has the name of the top.
+// Of sources in two languages that of another top of the name is meant, or of the one whose file
+// has the name.
 TEST(ImportCheck, GivesTopsTheLanguageOfTheirFiles) {
     TImported imported;
     imported.Sources = {SourceOf("a.v", 1), SourceOf("b.vhd", 2)};
     imported.Tops = {{{LANGUAGE_NONE, "", "a", ""}, {"l", 3, 0}},
                      {{LANGUAGE_NONE, "", "B", ""}, {"l", 4, 0}},
                      {{LANGUAGE_NONE, "", "tb", ""}, {"l", 5, 0}},
-                     {{LANGUAGE_VERILOG, "", "tb", ""}, {"l", 6, 0}}};
+                     {{LANGUAGE_VERILOG, "", "tb", ""}, {"l", 6, 0}},
+                     {{LANGUAGE_NONE, "", "tb2", ""}, {"l", 7, 0}}};
     EXPECT_EQ(Checked(imported),
               "l:1 Verilog  a.v\n"
               "l:2 VHDL  b.vhd\n"
               "l:3 top Verilog .a\n"
               "l:4 top VHDL .B\n"
-              "l:5 top VHDL .tb\n"
+              "l:5 top Verilog .tb\n"
               "l:6 top Verilog .tb\n"
-              "l:5 HB701 a build has no words for the language of the top tb, taken for VHDL\n");
+              "l:7 top VHDL .tb2\n"
+              "l:7 HB701 a build has no words for the language of the top tb2, taken for VHDL\n");
 }
 
 TEST(ImportCheck, TakesOutWhatOptionTextsDoNotHold) {
