@@ -137,7 +137,8 @@ void TFileListReader::KeepOption(const TListOption& option, const TListWord& wor
     Reader.KeepOption(LANGUAGE_VERILOG, word.Text, PlaceOf(word), operands);
 }
 
-// A word behind an option that is not known belongs to it, unless it looks like a source.
+// A word behind an option that is not known belongs to it on the same line, unless it looks like a
+// source.
 void TFileListReader::KeepUnknown(const TListWord& word) {
     const TImportPlace place = PlaceOf(word);
     TListWord next;
@@ -145,7 +146,7 @@ void TFileListReader::KeepUnknown(const TListWord& word) {
     const bool mayHaveOperand =
         word.Text.starts_with('-') && word.Text.find('=') == std::string::npos;
     if (mayHaveOperand && List().Words.Next(&next)) {
-        if (IsOperand(next.Text))
+        if (next.Line == word.Line && IsOperand(next.Text))
             operands.push_back(next.Text);
         else
             Ahead = next;

@@ -181,6 +181,10 @@ TEST(FileLists, KeepOptionsWithTheirOperands) {
          "in/list:1:1 HB706 kept as a compile option: --unknown some\n"
          "in/list:1:16 HB706 kept as a compile option: --other\n"
          "in/list:1:28 HB706 kept as a compile option: --third\n"},
+        {"verilator", "--unknown\nsub/nosuch\n",
+         "in/list:2:1 Verilog  in/sub/nosuch\n"
+         "in/list:1:1 option --unknown\n"
+         "in/list:1:1 HB706 kept as a compile option: --unknown\n"},
         {"verilator", "--x-initial unique --trace-depth 3 -trace-depth 4 a.v\n",
          "in/list:1:51 Verilog  in/a.v\n"
          "in/list:1:1 option --x-initial unique\n"
