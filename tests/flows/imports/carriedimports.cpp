@@ -382,7 +382,14 @@ TImported ImportOfText(const TImportFormat& format, const std::string& text,
 
 const char* FateOf(const TFeatureRow& feature, const TImported& before, const TImported& after) {
     if (feature.Get(after) != feature.Get(before)) return kCarried;
-    return after.Diagnostics.size() > before.Diagnostics.size() ? kTold : kIgnored;
+    const auto count = [](const TImported& imported) {
+        return std::count_if(imported.Diagnostics.begin(), imported.Diagnostics.end(),
+                             [](const TDiagnostic& diagnostic) {
+                                 return diagnostic.Code == DIAGNOSTIC_NOT_IMPORTED ||
+                                        diagnostic.Code == DIAGNOSTIC_IMPORTED_OPTION;
+                             });
+    };
+    return count(after) > count(before) ? kTold : kIgnored;
 }
 
 /// "yes", or "VHDL yes, else told" where the samples differ.
@@ -398,10 +405,10 @@ std::string CellOf(const TFeatureRow& feature, const TImportFormat& format,
             FateOf(feature, before, ImportOfText(format, sample->Text, folder));
         if (fate == kCarried)
             carried.append(carried.empty() ? "" : ", ").append(sample->Label);
-        else if (rest.empty() || rest == fate)
-            rest = fate;
+        else if (fate == kIgnored)
+            return "passed over in silence: " + sample->Text;
         else
-            rest += " or " + fate;
+            rest = fate;
     }
     if (samples.empty()) return kUnsaid;
     if (rest.empty()) return kCarried;

@@ -10,5 +10,6 @@ TEST(CarriedImports, AreWhatThePageOfTheDocumentationSays) {
 }
 
 TEST(CarriedImports, PassNothingOverInSilence) {
-    EXPECT_EQ(MakeTableOfCarriedImports().find(" no |"), std::string::npos);
+    const std::string table = MakeTableOfCarriedImports();
+    EXPECT_EQ(table.find("passed over in silence"), std::string::npos) << table;
 }
