@@ -158,10 +158,15 @@ void AddPseudoEnvironmentVariablesForFilename(TPseudoVariables* variables, const
                                               const char* prefix) {
     if (!variables || !file || !prefix) return;
     const std::string start = prefix;
-    (*variables)[start + "_PATH"] = file->GetFullFileName();
-    (*variables)[start + "_DIR"] = file->GetPathOnly();
-    (*variables)[start + "_NAME"] = file->GetNameNoExt();
-    (*variables)[start + "_EXT"] = file->GetExtOnly();
+    // All memory is taken before anything changes.
+    TPseudoVariables made{{start + "_PATH", file->GetFullFileName()},
+                          {start + "_DIR", file->GetPathOnly()},
+                          {start + "_NAME", file->GetNameNoExt()},
+                          {start + "_EXT", file->GetExtOnly()}};
+    while (!made.empty()) {
+        auto result = variables->insert(made.extract(made.begin()));
+        if (!result.inserted) result.position->second.swap(result.node.mapped());
+    }
 }
 
 bool GetEnvironmentVariableText(const char* name, std::string* value) {
