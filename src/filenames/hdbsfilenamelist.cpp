@@ -2,7 +2,9 @@
 
 #include "services/designdatabase/visitor.h"
 #include <cstddef>
+#include <memory>
 #include <mutex>
+#include <new>
 #include <unordered_map>
 
 namespace {
@@ -18,6 +20,16 @@ public:
     void Add(const THdbSFileName* file) {
         const std::lock_guard guard(Lock);
         ++Counts[file];
+    }
+    void AddAll(const DList<THdbSFileName*>& files) {
+        DListIterator<THdbSFileName*> next(files);
+        try {
+            for (; next.NotAtTail(); ++next) Add(next.Current());
+        } catch (const std::bad_alloc&) {
+            for (DListIterator<THdbSFileName*> file(files); !(file == next); ++file)
+                LetGoOf(file.Current());
+            throw;
+        }
     }
     /// Whether no list holds `file` any more.
     bool LetGoOf(const THdbSFileName* file) {
@@ -37,8 +49,7 @@ private:
 
 THdbSFileNameList::THdbSFileNameList(const THdbSFileNameList& other)
     : DList<THdbSFileName*>(other), hdb::IHDBBase(other), Name(other.Name) {
-    for (DListIterator<THdbSFileName*> file(*this); file.NotAtTail(); ++file)
-        TExtraHolders::GetInstance().Add(file.Current());
+    TExtraHolders::GetInstance().AddAll(*this);
 }
 
 THdbSFileNameList& THdbSFileNameList::operator=(const THdbSFileNameList& other) {
@@ -61,20 +72,28 @@ void THdbSFileNameList::SetListName(const char* name) {
 }
 
 void THdbSFileNameList::AddAtTail(const char* name) {
-    AddAtTail(new THdbSFileName(name));
+    auto file = std::make_unique<THdbSFileName>(name);
+    AddAtTail(file.get());
+    (void)file.release();
 }
 
 int THdbSFileNameList::AddAtTailNoDup(const char* name) {
-    AddAtTail(new THdbSFileName(name));
+    auto file = std::make_unique<THdbSFileName>(name);
+    AddAtTail(file.get());
+    (void)file.release();
     return 1;
 }
 
 void THdbSFileNameList::AddAtHead(const char* name) {
-    AddAtHead(new THdbSFileName(name));
+    auto file = std::make_unique<THdbSFileName>(name);
+    AddAtHead(file.get());
+    (void)file.release();
 }
 
 int THdbSFileNameList::AddAtHeadNoDup(const char* name) {
-    AddAtHead(new THdbSFileName(name));
+    auto file = std::make_unique<THdbSFileName>(name);
+    AddAtHead(file.get());
+    (void)file.release();
     return 1;
 }
 
