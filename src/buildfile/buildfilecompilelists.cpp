@@ -33,6 +33,11 @@ void THdlBuildFile::AddPrecompiledLibraryGroupNoDup(const char* name) {
     }
 }
 
+void THdlBuildFile::DropLastPrecompiledLibraryGroup() {
+    PrecompiledLibraryNames.erase(PrecompiledLibraryGroups.back());
+    PrecompiledLibraryGroups.pop_back();
+}
+
 void THdlBuildFile::CompilePrecompiledLibraryGroup() {
     PrecompiledLibraryGroups.clear();
     PrecompiledLibraryNames.clear();

@@ -4,7 +4,9 @@
 #include "services/base/keeper.h"
 #include "services/files/filenameparts.h"
 #include "services/names/isfilename.h"
+#include "settings/projectsimgeneralconfig.h"
 #include "settings/projectsimlanguageconfig.h"
+#include <new>
 
 namespace {
 
@@ -52,6 +54,7 @@ void TBuildFileParts::StoreCopyFor(IHdlSourceFile* source) {
     if (!config) return;
     const THdlLanguage language = source->GetLanguage();
     const bool isOurs = config == LanguageConfigs.Find(language);
+    SourceFileOwner.MakeRoomForRecord(source);
     Store(language, new TProjectSimLanguageConfig(*config, 1));
     // A THdlSourceFile finds the new configuration itself; a source of another class may still
     // point to the one just deleted.
@@ -60,17 +63,27 @@ void TBuildFileParts::StoreCopyFor(IHdlSourceFile* source) {
 }
 
 void TBuildFileParts::Clear() {
+    // All that takes memory comes first.
+    SourceFileOwner.Clear();
     LanguageConfigs.Clear();
     Configs->TakeAll(&ConfigsRead);
     SimTools.Clear();
     SourceFileGroups.Flush();
     CompileList.Flush();
-    SourceFileOwner.Clear();
     Components.Clear();
 }
 
+void TBuildFileParts::KeepInTheEnd(TProjectSimGeneralConfig* general, bool isLast) {
+    try {
+        Configs->Keep(general);
+    } catch (const std::bad_alloc&) {
+        // This is called by a destructor. One that others may use stays behind.
+        if (isLast && IsSoleKeeper()) delete general;
+    }
+}
+
 void TBuildFileParts::DeleteConfigs() {
-    if (Configs.use_count() == 1) {
+    if (IsSoleKeeper()) {
         LanguageConfigs.DeleteAll();
         Configs->DeleteAll();
     }

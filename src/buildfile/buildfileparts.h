@@ -16,6 +16,7 @@ class IBuildManager;
 class IHdlSourceFile;
 class ISFileName;
 class THdlBuildFile;
+class TProjectSimGeneralConfig;
 class TProjectSimLanguageConfig;
 
 /// The sub-objects of a build file, shared by its copies and freed with the last of them.
@@ -40,6 +41,9 @@ struct TBuildFileParts {
     void StoreCopyFor(IHdlSourceFile* source);
     /// Empties everything. Sources made and configurations stay valid.
     void Clear();
+    /// Keeps the general configuration of a build that ends, the only one that shares the parts
+    /// when `isLast`.
+    void KeepInTheEnd(TProjectSimGeneralConfig* general, bool isLast);
     /// Deletes the configurations, those of the languages first.
     void DeleteConfigs();
     /// Deletes, of what the reader made, all that the destructor would leave valid.
@@ -74,6 +78,7 @@ struct TBuildFileParts {
     TKeeper OptionsRead;
 
 private:
+    bool IsSoleKeeper() const { return Configs.use_count() == 1; }
     void KeepAndStore(THdlLanguage language, TProjectSimLanguageConfig* config, TKeeper* keeper);
 
     std::unordered_set<IBuildManager*> Builds;

@@ -4,6 +4,7 @@
 #include "services/files/pathtext.h"
 #include "services/names/isfilename.h"
 #include "settings/projectsimlanguageconfig.h"
+#include <new>
 
 void THdlBuildFile::AddLanguageConfig(THdlLanguage language,
                                       const TProjectSimLanguageConfig* configuration) {
@@ -36,10 +37,19 @@ TProjectSimLanguageConfig* THdlBuildFile::GetOrMakeLanguageConfig(THdlLanguage l
 
 bool THdlBuildFile::AddSourceFile(IHdlSourceFile* source, bool atHead) {
     if (!source) return false;
-    const bool wasAdded = Parts->SourceFileGroups.AddSourceFile(source, atHead);
-    AddLanguageConfigForSourceFile(source);
-    AddPrecompiledLibraryGroupNoDup(source->GetPrecompiledLibraryGroupName());
-    return wasAdded;
+    TSourceFileGroups::TAddition addition;
+    const std::size_t groupCount = PrecompiledLibraryGroups.size();
+    try {
+        Parts->SourceFileGroups.AddSourceFile(source, atHead, &addition);
+        AddPrecompiledLibraryGroupNoDup(source->GetPrecompiledLibraryGroupName());
+        // Last: a configuration that it replaces is gone.
+        AddLanguageConfigForSourceFile(source);
+    } catch (const std::bad_alloc&) {
+        if (PrecompiledLibraryGroups.size() > groupCount) DropLastPrecompiledLibraryGroup();
+        Parts->SourceFileGroups.Undo(addition);
+        throw;
+    }
+    return addition.WasAdded;
 }
 
 IHdlSourceFile* THdlBuildFile::CreateOrGetSourceFile(const char* fileName) {

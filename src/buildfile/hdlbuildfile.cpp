@@ -5,6 +5,7 @@
 #include "services/names/isfilename.h"
 #include "settings/projectsimgeneralconfig.h"
 #include "translation/v2vtranslationoptionslist.h"
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -42,33 +43,35 @@ THdlBuildFile::THdlBuildFile(const THdlBuildFile& other)
 
 THdlBuildFile& THdlBuildFile::operator=(const THdlBuildFile& other) {
     if (this == &other) return *this;
-    Former.insert(other.Former.begin(), other.Former.end());
-    LetGoOfParts();
+    // All memory is taken before anything changes.
+    auto values =
+        std::tuple(other.PrecompiledLibraryGroups, other.PrecompiledLibraryNames, other.QmvVersion,
+                   other.IdlVersion, other.VerilogUserDefines, other.VerilogOtherPlusOptions,
+                   other.GenerationDestinationLibrary, other.DestinationLibrary, other.SnapshotName,
+                   other.ReadError, other.Variables);
+    auto former = Former;
+    former.insert(other.Former.begin(), other.Former.end());
+    if (Parts) former.insert(Parts);
+    other.Parts->Join(this);
+    Former.swap(former);
+    if (Parts) LeaveParts();
     TakeParts(other.Parts);
+    std::tie(PrecompiledLibraryGroups, PrecompiledLibraryNames, QmvVersion, IdlVersion,
+             VerilogUserDefines, VerilogOtherPlusOptions, GenerationDestinationLibrary,
+             DestinationLibrary, SnapshotName, ReadError, Variables) = std::move(values);
     TranslationOptions = other.TranslationOptions;
     IsGOFBuildFile = other.IsGOFBuildFile;
     IsElaborateOnly = other.IsElaborateOnly;
     SingleFileOnlyBuild = other.SingleFileOnlyBuild;
-    PrecompiledLibraryGroups = other.PrecompiledLibraryGroups;
-    PrecompiledLibraryNames = other.PrecompiledLibraryNames;
     BuildFileName = other.BuildFileName;
     TopLanguage = other.TopLanguage;
     HvlLanguage = other.HvlLanguage;
     HdlLanguage = other.HdlLanguage;
-    QmvVersion = other.QmvVersion;
-    IdlVersion = other.IdlVersion;
     TimeBase = other.TimeBase;
-    VerilogUserDefines = other.VerilogUserDefines;
-    VerilogOtherPlusOptions = other.VerilogOtherPlusOptions;
-    GenerationDestinationLibrary = other.GenerationDestinationLibrary;
-    DestinationLibrary = other.DestinationLibrary;
-    SnapshotName = other.SnapshotName;
     OutputDiagram = other.OutputDiagram;
     SugarEngineDll = other.SugarEngineDll;
     ReadResult = other.ReadResult;
-    ReadError = other.ReadError;
     BuildElementMet = other.BuildElementMet;
-    Variables = other.Variables;
     GeneralConfiguration = other.GeneralConfiguration;
     return *this;
 }
@@ -185,9 +188,10 @@ void THdlBuildFile::OwnConfigurations() {
 }
 
 void THdlBuildFile::DeleteConfigurations() {
-    if (!IsGeneralConfigurationNoted()) Parts->Configs->Keep(GeneralConfiguration);
+    const bool isLast = Parts.use_count() == 1;
+    if (!IsGeneralConfigurationNoted()) Parts->KeepInTheEnd(GeneralConfiguration, isLast);
     GeneralConfiguration = nullptr;
-    if (Parts.use_count() == 1) Parts->DeleteConfigs();
+    if (isLast) Parts->DeleteConfigs();
 }
 
 std::string THdlBuildFile::GetProjectPath() const {

@@ -249,6 +249,7 @@ private:
     const ISFileName* HandleOf(const char* path) const;
     TProjectSimLanguageConfig* GetOrMakeLanguageConfig(THdlLanguage language);
     TProjectSimGeneralConfig* GetOrMakeGeneralConfiguration();
+    void DropLastPrecompiledLibraryGroup();
     void SetDefaults();
     void ForgetFilesAndLanguages();
     void TakeParts(const std::shared_ptr<TBuildFileParts>& parts);

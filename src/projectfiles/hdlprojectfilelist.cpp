@@ -7,8 +7,9 @@
 #include "services/logging/binarylog.h"
 #include <algorithm>
 #include <iterator>
+#include <memory>
+#include <new>
 #include <string_view>
-#include <vector>
 
 namespace {
 
@@ -47,16 +48,19 @@ constexpr TFolderRow kFolders[] = {
     {"Test Vector Files", TList::LIST_TYPE_NONE},
 };
 
-// Deletes `file`. Its destructor deletes its associated files, and theirs, to any depth: those
-// calls only add to the waiting files of the outermost one, which deletes them in turn.
-void DeleteFile(THdlProjectFile* file) {
-    thread_local std::vector<THdlProjectFile*>* waiting = nullptr;
-    if (waiting) return waiting->push_back(file);
-    std::vector<THdlProjectFile*> files{file};
-    waiting = &files;
-    while (!files.empty()) {
-        THdlProjectFile* next = files.back();
-        files.pop_back();
+// Deletes the file at `place`, and takes no memory. Its destructor deletes its associated files,
+// and theirs, to any depth: those calls only hand the entry over to the waiting files of the
+// outermost one, which deletes them in turn.
+void DeleteFile(std::list<THdlProjectFile*>* files,
+                std::list<THdlProjectFile*>::const_iterator place) {
+    thread_local std::list<THdlProjectFile*>* waiting = nullptr;
+    if (waiting) return waiting->splice(waiting->end(), *files, place);
+    std::list<THdlProjectFile*> here;
+    here.splice(here.end(), *files, place);
+    waiting = &here;
+    while (!here.empty()) {
+        THdlProjectFile* next = here.back();
+        here.pop_back();
         delete next;
     }
     waiting = nullptr;
@@ -81,12 +85,14 @@ THdlProjectFileList::THdlProjectFileList(const THdlProjectFileList& other)
 
 THdlProjectFileList& THdlProjectFileList::operator=(const THdlProjectFileList& other) {
     if (this == &other) return *this;
-    Index->Drop();
-    for (THdlProjectFile* file : other) file->Hold();
-    for (THdlProjectFile* file : *this)
-        if (file->LetGo()) KeepUntilExit(file);
-    std::list<THdlProjectFile*>::operator=(other);
+    // All memory is taken before anything changes.
+    std::list<THdlProjectFile*> files(other);
     CopyRegistrations(other);
+    Index->Drop();
+    for (THdlProjectFile* file : files) file->Hold();
+    files.swap(*this);
+    for (THdlProjectFile* file : files)
+        if (file->LetGo()) KeepUntilExit(file);
     OwningProjectComponent = other.OwningProjectComponent;
     ListType = other.ListType;
     return *this;
@@ -126,8 +132,9 @@ bool THdlProjectFileList::IsProtected() const {
 
 TList::TAddResult THdlProjectFileList::AddAtHeadAndSetOwner(const ISFileName* name) {
     if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
-    auto* file = new THdlProjectFile(name, OwningProjectComponent, false);
-    return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
+    auto file = std::make_unique<THdlProjectFile>(name, OwningProjectComponent, false);
+    const TAddResult result = AddAtHeadAndSetOwner(file.get());
+    return DeleteUnlessAdded(file.release(), result);
 }
 
 TList::TAddResult THdlProjectFileList::AddAtHeadAndSetOwner(THdlProjectFile* file) {
@@ -137,8 +144,9 @@ TList::TAddResult THdlProjectFileList::AddAtHeadAndSetOwner(THdlProjectFile* fil
 
 TList::TAddResult THdlProjectFileList::AddAtTailAndSetOwner(const ISFileName* name) {
     if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
-    auto* file = new THdlProjectFile(name, OwningProjectComponent, false);
-    return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));
+    auto file = std::make_unique<THdlProjectFile>(name, OwningProjectComponent, false);
+    const TAddResult result = AddAtTailAndSetOwner(file.get());
+    return DeleteUnlessAdded(file.release(), result);
 }
 
 TList::TAddResult THdlProjectFileList::AddAtTailAndSetOwner(THdlProjectFile* file) {
@@ -199,10 +207,11 @@ bool THdlProjectFileList::Contains(THdlProjectFile* file) const {
 bool THdlProjectFileList::Remove(const ISFileName* name, bool deleteFile) {
     const auto place = Find(name, namelessInFind);
     if (place == end()) return false;
-    THdlProjectFile* file = *place;
     Index->Removing(*this, place);
-    std::list<THdlProjectFile*>::erase(place);
-    if (file->LetGo() && deleteFile) DeleteFile(file);
+    // Out of the list first: a file may look at it while it is deleted.
+    std::list<THdlProjectFile*> removed;
+    removed.splice(removed.end(), *this, place);
+    if ((*place)->LetGo() && deleteFile) DeleteFile(&removed, place);
     if (ListType != LIST_TYPE_UTILITIES_FILES && OwningProjectComponent)
         OwningProjectComponent->SetProjectModified(true);
     return true;
@@ -218,8 +227,10 @@ void THdlProjectFileList::Flush(bool deleteFiles) {
     std::list<THdlProjectFile*> files;
     files.swap(*this);
     Index->Drop();
-    for (THdlProjectFile* file : files)
-        if (file->LetGo() && deleteFiles) DeleteFile(file);
+    for (auto next = files.begin(); next != files.end();) {
+        const auto place = next++;
+        if ((*place)->LetGo() && deleteFiles) DeleteFile(&files, place);
+    }
 }
 
 bool THdlProjectFileList::IsModified(bool whenUnknown) const {
@@ -298,12 +309,17 @@ TList::const_iterator THdlProjectFileList::Walk(const ISFileName* handle,
 TList::TAddResult THdlProjectFileList::InsertAndNotify(const_iterator position,
                                                        THdlProjectFile* file) {
     const auto place = Link(position, file);
-    if (HasObservers()) {
-        const auto index = std::next(place) == end() ? static_cast<difference_type>(size()) - 1
-                                                     : std::distance(begin(), place);
-        TNotifyOneArg<AHdbObjectObserver, int> notify(&AHdbObjectObserver::FileInserted,
-                                                      static_cast<int>(index));
+    if (!HasObservers()) return {file, true};
+    const auto index = std::next(place) == end() ? static_cast<difference_type>(size()) - 1
+                                                 : std::distance(begin(), place);
+    TNotifyOneArg<AHdbObjectObserver, int> notify(&AHdbObjectObserver::FileInserted,
+                                                  static_cast<int>(index));
+    try {
         ForEach(notify);
+    } catch (const std::bad_alloc&) {
+        // No observer was told.
+        Unlink(place);
+        throw;
     }
     return {file, true};
 }

@@ -211,6 +211,7 @@ private:
     iterator Link(const_iterator position, THdlProjectFile* file);
     iterator Unlink(const_iterator place);
     iterator LinkAll(const_iterator position, const std::list<THdlProjectFile*>& files);
+    iterator LinkEntries(const_iterator position, std::list<THdlProjectFile*>* made);
     void AssignAll(const std::list<THdlProjectFile*>& files);
     void DropIndexes(const THdlProjectFileList& other) const;
 

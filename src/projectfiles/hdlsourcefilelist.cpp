@@ -1,6 +1,7 @@
 #include "projectfiles/hdlsourcefilelist.h"
 #include "projectfiles/hdlprojectsourcefile.h"
 #include "services/designdatabase/visitor.h"
+#include <memory>
 
 THdlSourceFileList::THdlSourceFileList(IProjectComponent* owner)
     : THdlSourceFileList(LIST_TYPE_ASSOCIATED_FILES, owner) {}
@@ -20,16 +21,18 @@ void THdlSourceFileList::Accept(IBaseVisitor* visitor) const {
 
 THdlProjectFileList::TAddResult THdlSourceFileList::AddAtHeadAndSetOwner(const ISFileName* name) {
     if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
-    auto* file =
-        new THdlProjectSourceFile(name, GetOwningProjectComponent(), SourceFileIsLibrary());
-    return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
+    auto file = std::make_unique<THdlProjectSourceFile>(name, GetOwningProjectComponent(),
+                                                        SourceFileIsLibrary());
+    const TAddResult result = AddAtHeadAndSetOwner(file.get());
+    return DeleteUnlessAdded(file.release(), result);
 }
 
 THdlProjectFileList::TAddResult THdlSourceFileList::AddAtTailAndSetOwner(const ISFileName* name) {
     if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
-    auto* file =
-        new THdlProjectSourceFile(name, GetOwningProjectComponent(), SourceFileIsLibrary());
-    return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));
+    auto file = std::make_unique<THdlProjectSourceFile>(name, GetOwningProjectComponent(),
+                                                        SourceFileIsLibrary());
+    const TAddResult result = AddAtTailAndSetOwner(file.get());
+    return DeleteUnlessAdded(file.release(), result);
 }
 
 bool THdlSourceFileList::SourceFileIsLibrary() {

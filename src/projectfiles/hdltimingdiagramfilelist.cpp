@@ -1,6 +1,7 @@
 #include "projectfiles/hdltimingdiagramfilelist.h"
 #include "projectfiles/hdlprojectdiagramfile.h"
 #include "services/designdatabase/visitor.h"
+#include <memory>
 
 THdlTimingDiagramFileList::THdlTimingDiagramFileList(IProjectComponent* owner)
     : THdlTimingDiagramFileList(LIST_TYPE_TRANSACTION_DIAGRAMS, owner) {}
@@ -20,15 +21,17 @@ void THdlTimingDiagramFileList::Accept(IBaseVisitor* visitor) const {
 THdlProjectFileList::TAddResult THdlTimingDiagramFileList::AddAtHeadAndSetOwner(
     const ISFileName* name) {
     if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
-    auto* file = new THdlProjectDiagramFile(name, GetOwningProjectComponent());
-    return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
+    auto file = std::make_unique<THdlProjectDiagramFile>(name, GetOwningProjectComponent());
+    const TAddResult result = AddAtHeadAndSetOwner(file.get());
+    return DeleteUnlessAdded(file.release(), result);
 }
 
 THdlProjectFileList::TAddResult THdlTimingDiagramFileList::AddAtTailAndSetOwner(
     const ISFileName* name) {
     if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
-    auto* file = new THdlProjectDiagramFile(name, GetOwningProjectComponent());
-    return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));
+    auto file = std::make_unique<THdlProjectDiagramFile>(name, GetOwningProjectComponent());
+    const TAddResult result = AddAtTailAndSetOwner(file.get());
+    return DeleteUnlessAdded(file.release(), result);
 }
 
 THdlProjectFileList::TAddResult THdlTimingDiagramFileList::AddAtHeadAndSetOwner(

@@ -2,6 +2,7 @@
 #include "projectfiles/hdlprojectusersourcefile.h"
 #include "services/designdatabase/visitor.h"
 #include "services/logging/binarylog.h"
+#include <memory>
 
 namespace {
 
@@ -26,15 +27,19 @@ void THdlUserSourceFileList::Accept(IBaseVisitor* visitor) const {
 THdlProjectFileList::TAddResult THdlUserSourceFileList::AddAtHeadAndSetOwner(
     const ISFileName* name) {
     if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
-    auto* file = new THdlProjectUserSourceFile(name, GetOwningProjectComponent(), false);
-    return DeleteUnlessAdded(file, AddAtHeadAndSetOwner(file));
+    auto file =
+        std::make_unique<THdlProjectUserSourceFile>(name, GetOwningProjectComponent(), false);
+    const TAddResult result = AddAtHeadAndSetOwner(file.get());
+    return DeleteUnlessAdded(file.release(), result);
 }
 
 THdlProjectFileList::TAddResult THdlUserSourceFileList::AddAtTailAndSetOwner(
     const ISFileName* name) {
     if (THdlProjectFile* listed = FindWithoutWalk(name)) return Refused(name, listed);
-    auto* file = new THdlProjectUserSourceFile(name, GetOwningProjectComponent(), false);
-    return DeleteUnlessAdded(file, AddAtTailAndSetOwner(file));
+    auto file =
+        std::make_unique<THdlProjectUserSourceFile>(name, GetOwningProjectComponent(), false);
+    const TAddResult result = AddAtTailAndSetOwner(file.get());
+    return DeleteUnlessAdded(file.release(), result);
 }
 
 bool THdlUserSourceFileList::SetAssociatedFileScope(const ISFileName* name) {
@@ -63,9 +68,10 @@ THdlProjectFileList::TAddResult THdlUserSourceFileList::AddAtTailAndSetOwner(
 }
 
 void THdlUserSourceFileList::SetScope(THdlProjectUserSourceFile* file) {
-    AssociatedFileScope = file;
     // The shared handle of the name outlives the file.
-    ScopeFileName = file ? ISFileName::NewISFileName(file->GetHashKey()) : nullptr;
+    const ISFileName* const name = file ? ISFileName::NewISFileName(file->GetHashKey()) : nullptr;
+    AssociatedFileScope = file;
+    ScopeFileName = name;
     ScopeSerial = file ? file->Serial : 0;
 }
 

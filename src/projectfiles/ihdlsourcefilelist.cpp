@@ -251,9 +251,13 @@ void TIHdlSourceFileList::Unlink(TEntry* entry) {
     if (Names) {
         for (TDependencyIndex* index : Names->Indexes)
             index->Removed(this, entry->File, &entry->Name);
-        Names->Places.Remove(entry->Name);
+        if (!entry->Name.IsNone()) Names->Places.Remove(entry->Name);
     }
     Drop(entry);
+}
+
+void TIHdlSourceFileList::UndoAdd(bool atHead) {
+    Unlink(static_cast<TEntry*>(atHead ? Ring.Next : Ring.Previous));
 }
 
 void TIHdlSourceFileList::UnlinkEvery(const IHdlSourceFile* file) {

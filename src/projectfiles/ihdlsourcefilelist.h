@@ -168,6 +168,8 @@ private:
     // Whether a source was listed since the last ForgetFilling.
     bool WasFilled() const { return IsFilled; }
     void ForgetFilling() { IsFilled = false; }
+    // Drops the entry that AddSourceFile added last.
+    void UndoAdd(bool atHead);
     // How often this thread changed a list.
     static unsigned long long GetListChangeCount();
 

@@ -1,5 +1,6 @@
 #include "projectfiles/projectfileindex.h"
 #include "projectfiles/hdlprojectfile.h"
+#include <new>
 
 namespace {
 
@@ -32,12 +33,12 @@ TProjectFileIndex::TPlace TProjectFileIndex::Find(const TFiles& files,
 
 void TProjectFileIndex::Added(const TFiles& files, TPlace place) {
     if (!IsBuilt) return;
-    if (!Fits(files.size() - 1)) return Drop();
-    ++Size;
-    if (!(*place)->GetFileName())
-        ++NamelessCount;
-    else if (!Places.try_emplace(GetFileIdentity(*place), TPlaces{place, {}}).second)
-        Drop();  // the order of the two is not known here
+    try {
+        if (!Fits(files.size() - 1) || !AddPlace(place)) Drop();
+    } catch (const std::bad_alloc&) {
+        // The list has the file all the same.
+        Drop();
+    }
 }
 
 void TProjectFileIndex::Removing(const TFiles& files, TPlace place) {
@@ -71,6 +72,16 @@ void TProjectFileIndex::Build(const TFiles& files) {
     IsBuilt = true;
     Size = files.size();
     HandleChangeCount = THdlProjectFile::GetHandleChangeCount();
+}
+
+// False when the index cannot follow.
+bool TProjectFileIndex::AddPlace(TPlace place) {
+    ++Size;
+    if ((*place)->GetFileName())
+        // The order of two of one name is not known here.
+        return Places.try_emplace(GetFileIdentity(*place), TPlaces{place, {}}).second;
+    ++NamelessCount;
+    return true;
 }
 
 // False when the index cannot follow.

@@ -39,6 +39,7 @@ private:
     };
     bool Fits(std::size_t size) const;
     void Build(const TFiles& files);
+    bool AddPlace(TPlace place);
     bool RemovePlace(TPlace place);
 
     std::unordered_map<TFileIdentity, TPlaces, THashOf> Places;

@@ -1,5 +1,6 @@
 #include "projectfiles/hdlprojectfile.h"
 #include "projectfiles/hdlprojectfilelist.h"
+#include "projectfiles/projectfileindex.h"
 #include <iterator>
 
 // The forms of std::list's changes in THdlProjectFileList that take ranges and other lists. All end
@@ -74,12 +75,27 @@ void THdlProjectFileList::swap(THdlProjectFileList& other) {
 
 THdlProjectFileList::iterator THdlProjectFileList::LinkAll(
     const_iterator position, const std::list<THdlProjectFile*>& files) {
+    std::list<THdlProjectFile*> made(files);
+    return LinkEntries(position, &made);
+}
+
+// Takes no memory.
+THdlProjectFileList::iterator THdlProjectFileList::LinkEntries(const_iterator position,
+                                                               std::list<THdlProjectFile*>* made) {
+    made->remove(nullptr);
     auto first = AsMutable(position);
-    for (auto file = files.rbegin(); file != files.rend(); ++file) first = Link(first, *file);
+    while (!made->empty()) {
+        const auto place = std::prev(made->end());
+        std::list<THdlProjectFile*>::splice(first, *made, place);
+        first = place;
+        (*first)->Hold();
+        Index->Added(*this, first);
+    }
     return first;
 }
 
 void THdlProjectFileList::AssignAll(const std::list<THdlProjectFile*>& files) {
+    std::list<THdlProjectFile*> made(files);
     clear();
-    LinkAll(end(), files);
+    LinkEntries(end(), &made);
 }

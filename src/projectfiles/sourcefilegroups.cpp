@@ -42,7 +42,26 @@ std::vector<THdlLanguage> TSourceFileGroups::GetLanguages() const {
 }
 
 bool TSourceFileGroups::AddSourceFile(IHdlSourceFile* source, bool atHead) {
-    return source && GetOrCreateGroup(source->GetLanguage())->AddSourceFile(source, atHead);
+    TAddition addition;
+    return AddSourceFile(source, atHead, &addition);
+}
+
+bool TSourceFileGroups::AddSourceFile(IHdlSourceFile* source, bool atHead, TAddition* addition) {
+    if (!source) return false;
+    TGroup& group = GroupOf(source->GetLanguage());
+    const bool wasStored = group.IsStored();
+    const bool wasAdded = group.List.AddSourceFile(source, atHead);
+    *addition = {&group, atHead, wasAdded, wasStored};
+    group.IsCreated = true;
+    return wasAdded;
+}
+
+void TSourceFileGroups::Undo(const TAddition& addition) {
+    if (!addition.Group) return;
+    if (addition.WasAdded) addition.Group->List.UndoAdd(addition.AtHead);
+    if (addition.WasGroupStored) return;
+    addition.Group->List.ForgetFilling();
+    addition.Group->IsCreated = false;
 }
 
 void TSourceFileGroups::Flush() {

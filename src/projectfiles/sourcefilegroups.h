@@ -14,6 +14,8 @@ class TXMLList;
 /// The sources of a build in one list per language, and the "SourceFileGroup" elements of a build
 /// file. The lists are owned, the sources are not.
 class HDLBUILDFILE_API TSourceFileGroups {
+    struct TGroup;
+
 public:
     /// `owner` makes the sources that are read and must outlive the groups. Outside a build there
     /// is none to pass: with null, sources are added, none are read.
@@ -34,6 +36,15 @@ public:
 
     /// Adds to the group of the source's own language, as TIHdlSourceFileList::AddSourceFile does.
     bool AddSourceFile(IHdlSourceFile* source, bool atHead);
+    /// The same, and what undoes it as long as nothing else is added.
+    struct TAddition {
+        TGroup* Group = nullptr;
+        bool AtHead = false;
+        bool WasAdded = false;
+        bool WasGroupStored = false;
+    };
+    bool AddSourceFile(IHdlSourceFile* source, bool atHead, TAddition* addition);
+    void Undo(const TAddition& addition);
     /// Empties every list. The lists stay; none counts as a group until it is filled again.
     void Flush();
 

@@ -80,10 +80,12 @@ void TSourceFileOwner::RecordLanguageConfig(const IHdlSourceFile* source,
 const TProjectSimLanguageConfig* TSourceFileOwner::GetRecordedLanguageConfig(
     const IHdlSourceFile* source) const {
     const auto found = Records.find(source);
-    return found == Records.end() ? nullptr : found->second->Config;
+    return found == Records.end() || !found->second ? nullptr : found->second->Config;
 }
 
 void TSourceFileOwner::Clear() {
+    // Somebody may list the sources: they stay when memory runs out.
+    CallersShare->Keep(Read.get());
+    (void)Read.release();
     Records.clear();
-    if (Read) CallersShare->Keep(std::move(Read));
 }

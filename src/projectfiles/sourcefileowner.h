@@ -38,6 +38,8 @@ public:
     /// disk is the one that is listed.
     void TakeOverSpelling(IHdlSourceFile* dependency, const ISFileName* name) const;
 
+    /// The next RecordLanguageConfig of `source` takes no memory.
+    void MakeRoomForRecord(const IHdlSourceFile* source) { Records.try_emplace(source); }
     /// Notes that the configuration in `slot` came in with `source`.
     void RecordLanguageConfig(const IHdlSourceFile* source,
                               std::shared_ptr<const TLanguageConfigSlot> slot);
