@@ -1,55 +1,14 @@
 #include "buildfile/hdlbuildfile.h"
-#include "buildfile/simwraphdlbuildfile.h"
-#include "filenames/componentnamelist.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "settings/projectsimlanguageconfig.h"
 #include "simtools/basesimtool.h"
 #include "tests/buildfile/buildtexts.h"
+#include "tests/outofmemory/buildsample.h"
 #include "tests/outofmemory/work.h"
 #include "tests/support/recorders.h"
-#include "translation/v2vtranslationoptionslist.h"
 
 namespace {
-
-constexpr int kSources = 12;
-
-std::string SourceName(int number) {
-    return "a source whose name is not short " + std::to_string(number) + ".vhd";
-}
-
-/// Something in every section; each source needs the next one and the one two further.
-std::string MakeBuildText() {
-    std::string text =
-        "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n<HdlBuildFileList>"
-        "<HdlBuildFile TopLevelLanguage='VHDL' QmvVersion='a version that is a long text' "
-        "IdlVersion='i' HvlLanguage='Verilog' HdlLanguage='VHDL' SugarEngineDll='s.dll' "
-        "DestinationLibrary='a library whose name is long' SnapshotName='a snapshot of long name' "
-        "SingleFileOnlyBuild='true'>"
-        "<TopLevelComponents ForceTopLevelComponents='true'><ComponentList Language='VHDL'>"
-        "<Component Library='l' Architecture='an architecture of long name'>\\odd name\\"
-        "</Component><Component Library='l'>a_component_with_a_long_name</Component>"
-        "</ComponentList></TopLevelComponents>"
-        "<ExternalSimulatorSettings><Tool Name='VCS' Path='/a/path/that/is/not/short' "
-        "PliLibPath='x y.so'>Verilog</Tool></ExternalSimulatorSettings>"
-        "<GeneralConfiguration CompileVerilogFiles='true' LogFileName='a log of a long name.log'/>"
-        "<ProjectLanguageConfigurationList><LanguageSettings Language='VHDL'><SimTool>Scirocco"
-        "</SimTool><BuildOptions>-x \"options that are long\"</BuildOptions></LanguageSettings>"
-        "</ProjectLanguageConfigurationList>"
-        "<Vhdl2VerilogTranslationOptions><v2v-np Enabled='true'><AdditionalOptions>p q"
-        "</AdditionalOptions></v2v-np></Vhdl2VerilogTranslationOptions>"
-        "<OutputDiagram>d/o.btim</OutputDiagram><SourceFileGroup Language='VHDL'>";
-    for (int i = 0; i < kSources; ++i) {
-        text += "<SourceFile Library='false' PrecompiledLibrary=''>" + SourceName(i);
-        for (const int next : {i + 1, i + 3})
-            if (next < kSources) text += "<Dependency>" + SourceName(next) + "</Dependency>";
-        text += "</SourceFile>\n";
-    }
-    return text +
-           "</SourceFileGroup><SourceFileGroup Language='Verilog'><SourceFile>v.v</SourceFile>"
-           "</SourceFileGroup><BuildFileVariables><Variable Name='A' Value='a long value of a "
-           "variable'/></BuildFileVariables></HdlBuildFile></HdlBuildFileList>";
-}
 
 class TBuildWork : public IWork {
 public:
@@ -66,7 +25,7 @@ protected:
             names += std::string(" ") + source->GetFileName()->GetNameAndExt();
         return names;
     }
-    bool IsFileWhole() override {
+    bool IsWhole() override {
         return Folder.Read("b.xml").ends_with("</HdlBuildFileList>") ||
                Folder.Read("b.xml").ends_with("</HdlBuildFileList>\n");
     }
@@ -76,18 +35,6 @@ protected:
     std::string Path = Folder.Write("b.xml", MakeBuildText());
     const ISFileName* Name = ISFileName::NewISFileName(Path.c_str());
 };
-
-/// Deletes what a build leaves to its caller.
-struct TBuildEnd {
-    void operator()(TSimWrapHdlBuildFile* build) const {
-        if (TComponentNameList* names = build->GetComponentNameList(LANGUAGE_VHDL)) names->Flush();
-        TV2VTranslationOptionsList* const options = build->GetV2VOptions();
-        if (options) options->Flush();
-        delete build;
-        delete options;
-    }
-};
-using TOwnBuild = std::unique_ptr<TSimWrapHdlBuildFile, TBuildEnd>;
 
 class TReadingABuild : public TBuildWork {
 public:

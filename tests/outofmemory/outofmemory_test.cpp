@@ -10,6 +10,8 @@ std::size_t GetStep() {
     return std::getenv("HDLBUILDFILE_EVERY_ALLOCATION") ? 1 : kUsualStep;
 }
 
+constexpr const char* kThen[] = {", then deleted", ", then deleted at once", ", then done again"};
+
 std::size_t TryAll(const TWorkRow& row, bool forever, TAfterFailure after) {
     const TTries tries(row);
     std::size_t count = 0;
@@ -17,7 +19,7 @@ std::size_t TryAll(const TWorkRow& row, bool forever, TAfterFailure after) {
     for (std::size_t number = 1; isReached; number += GetStep(), ++count)
         EXPECT_EQ(tries.Try(number, forever, after, &isReached), "")
             << row.Name << ", allocation " << number << (forever ? " and all behind it" : "")
-            << (after == WORK_IS_DELETED ? ", then deleted" : ", then done again");
+            << kThen[after];
     return count;
 }
 
@@ -25,6 +27,7 @@ std::size_t TryAll(const TWorkRow& row, bool forever, TAfterFailure after) {
 void TryWorks(const std::vector<TWorkRow>& works) {
     for (const TWorkRow& row : works) {
         std::size_t count = TryAll(row, false, WORK_IS_DELETED);
+        count += TryAll(row, true, WORK_IS_DELETED_AT_ONCE);
         for (const bool forever : {false, true}) count += TryAll(row, forever, WORK_IS_DONE_AGAIN);
         EXPECT_GT(count, 3U) << row.Name;
         testing::Test::RecordProperty(row.Name, std::to_string(count));
@@ -39,6 +42,14 @@ TEST(OutOfMemory, LosesNothingOfDocuments) {
 
 TEST(OutOfMemory, LosesNothingOfBuilds) {
     TryWorks(MakeBuildWorks());
+}
+
+TEST(OutOfMemory, ChangesBuildsWholeOrNotAtAll) {
+    TryWorks(MakeEditWorks());
+}
+
+TEST(OutOfMemory, ChangesProjectFileListsWholeOrNotAtAll) {
+    TryWorks(MakeProjectFileWorks());
 }
 
 TEST(OutOfMemory, LosesNothingOfSettings) {

@@ -41,7 +41,7 @@ public:
     }
     bool Do() override { return File.Save(&Settings) == HPJ_FILE_DONE; }
     std::string GetResult() override { return Folder.Read("p.hpj") + Folder.List(); }
-    bool IsFileWhole() override { return Folder.Read("p.hpj").ends_with("</SimulationProject>\n"); }
+    bool IsWhole() override { return Folder.Read("p.hpj").ends_with("</SimulationProject>\n"); }
 
 private:
     const TemporaryFolder& Folder = GetEmptyFolder();
@@ -63,7 +63,7 @@ public:
         return Cache->Flush();
     }
     std::string GetResult() override { return Text + Folder.Read("a.ini") + Folder.List(); }
-    bool IsFileWhole() override {
+    bool IsWhole() override {
         return Folder.Read("a.ini").find("kept=a value that nobody changes") != std::string::npos;
     }
 

@@ -12,21 +12,23 @@ std::string ResultOf(IWork* work) {
 }
 
 /// Whether the work says that it is done.
-bool DoWithout(std::size_t number, bool forever, IWork* work, bool* isReached) {
+bool DoWithout(std::size_t number, bool forever, TAfterFailure after, std::unique_ptr<IWork>* work,
+               bool* isReached) {
     bool isDone = false;
     FailingHeap::FailAt(number, forever);
     try {
-        isDone = work->Do();
+        isDone = (*work)->Do();
     } catch (const std::bad_alloc&) {
         isDone = false;
     }
+    if (after == WORK_IS_DELETED_AT_ONCE) work->reset();
     *isReached = FailingHeap::Stop() >= number;
     return isDone;
 }
 
 /// What is lost, as one of these: a text of its own would count as a leak.
 const char* FindLoss(IWork* work, bool isDone, TAfterFailure after, const std::string& expected) {
-    if (!work->IsFileWhole()) return "the file is not whole";
+    if (!work->IsWhole()) return "what it changes is not whole";
     if (isDone && work->GetResult() != expected) return "it says that it is done, and is not";
     if (after == WORK_IS_DELETED || ResultOf(work) == expected) return "";
     return "it does something else when it is done again";
@@ -56,9 +58,9 @@ std::string TTries::TryOnce(std::size_t number, bool forever, TAfterFailure afte
     const std::ptrdiff_t before = FailingHeap::GetLiveCount();
     const char* loss = "";
     {
-        const std::unique_ptr<IWork> work = Row.Make();
-        const bool isDone = DoWithout(number, forever, work.get(), isReached);
-        loss = FindLoss(work.get(), isDone, after, Expected);
+        std::unique_ptr<IWork> work = Row.Make();
+        const bool isDone = DoWithout(number, forever, after, &work, isReached);
+        if (work) loss = FindLoss(work.get(), isDone, after, Expected);
     }
     const std::ptrdiff_t leaked = FailingHeap::GetLiveCount() - before;
     if (*loss || leaked <= Row.MostLost) return loss;

@@ -4,7 +4,11 @@
 #include <string>
 
 /// What becomes of the work after the failure of an allocation.
-enum TAfterFailure { WORK_IS_DELETED, WORK_IS_DONE_AGAIN };
+enum TAfterFailure {
+    WORK_IS_DELETED,
+    WORK_IS_DELETED_AT_ONCE,  ///< while the allocation fails, or all of them
+    WORK_IS_DONE_AGAIN
+};
 
 /// Tries of one work, with one failing allocation each.
 class TTries {

@@ -14,8 +14,8 @@ public:
     virtual bool Do() = 0;
     /// Everything that it made, in words.
     virtual std::string GetResult() = 0;
-    /// Whether the file that it changes is whole: as it was, or as it is to be.
-    virtual bool IsFileWhole() { return true; }
+    /// Whether the file or the object that it changes is whole: as it was, or as it is to be.
+    virtual bool IsWhole() { return true; }
 };
 
 struct TWorkRow {
@@ -34,6 +34,8 @@ inline const TemporaryFolder& GetEmptyFolder() {
 
 std::vector<TWorkRow> MakeXmlWorks();
 std::vector<TWorkRow> MakeBuildWorks();
+std::vector<TWorkRow> MakeEditWorks();
+std::vector<TWorkRow> MakeProjectFileWorks();
 std::vector<TWorkRow> MakeSettingsWorks();
 
 template <class TWork>

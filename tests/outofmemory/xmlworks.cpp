@@ -103,7 +103,7 @@ class TWriting : public IWork {
 public:
     bool Do() override { return List.WriteFile(Path.c_str()); }
     std::string GetResult() override { return Folder.Read("a.xml") + Folder.List(); }
-    bool IsFileWhole() override {
+    bool IsWhole() override {
         const std::string text = Folder.Read("a.xml");
         return text == "old" || text.ends_with("</List>\n");
     }
@@ -130,7 +130,7 @@ public:
     std::string GetResult() override {
         return Folder.Read("a.xml") + Folder.List() + ElementsOf(File) + File.GetSectionText();
     }
-    bool IsFileWhole() override { return Folder.Read("a.xml").ends_with("</Root>\n"); }
+    bool IsWhole() override { return Folder.Read("a.xml").ends_with("</Root>\n"); }
 
 private:
     static std::string Text() {
@@ -153,7 +153,7 @@ public:
     std::string GetResult() override {
         return Folder.Read("a.xml") + Folder.List() + ElementsOf(File) + File.GetSectionText();
     }
-    bool IsFileWhole() override { return Folder.Read("a.xml").ends_with("</Root>\n"); }
+    bool IsWhole() override { return Folder.Read("a.xml").ends_with("</Root>\n"); }
 
 private:
     const TemporaryFolder& Folder = GetEmptyFolder();
