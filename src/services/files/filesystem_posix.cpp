@@ -18,15 +18,6 @@
 
 namespace {
 
-std::int64_t NanosecondsOf(const struct stat& status) {
-#ifdef __APPLE__
-    const timespec& time = status.st_mtimespec;
-#else
-    const timespec& time = status.st_mtim;
-#endif
-    return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
-}
-
 TFileFault FaultOf(int error) {
     switch (error) {
         case ENOENT:
@@ -56,6 +47,15 @@ std::string MarkOfMachine() {
 }
 
 }  // namespace
+
+std::int64_t NanosecondsOf(const struct stat& status) {
+#ifdef __APPLE__
+    const timespec& time = status.st_mtimespec;
+#else
+    const timespec& time = status.st_mtim;
+#endif
+    return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+}
 
 IFileSystem& GetNativeFileSystem() {
     // Never destroyed: files are written until the very end of the process.

@@ -1,6 +1,9 @@
 #pragma once
 #include "services/files/nativefilesystem.h"
 #include <cerrno>
+#include <cstdint>
+
+struct stat;
 
 // What the sources of TNativeFileSystem for POSIX systems share.
 
@@ -11,6 +14,8 @@ inline const char* Native(const std::string& path) {
 TFileResult FailWith(int error);
 /// Of a system call that returns 0 when done.
 TFileResult ResultOf(int status);
+/// The time of the last modification, since 1970 UTC.
+std::int64_t NanosecondsOf(const struct stat& status);
 /// Makes a system call that returns -1 when it failed, again as long as signals interrupt it: some
 /// file systems let them interrupt any call.
 template <class Call>

@@ -1,5 +1,5 @@
 #include "services/files/filesystem_posix.h"
-#include "services/files/limitedread.h"
+#include "services/files/steadyread.h"
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
@@ -44,11 +44,27 @@ bool Look(int descriptor, struct stat* status) {
     return Uninterrupted([&] { return fstat(descriptor, status); }) == 0;
 }
 
-TFileResult ReadSome(int descriptor, char* place, std::size_t room, std::size_t* count) {
-    const ssize_t size = Uninterrupted([&] { return read(descriptor, place, room); });
-    *count = size < 0 ? 0 : static_cast<std::size_t>(size);
-    return ResultOf(size < 0 ? -1 : 0);
-}
+/// Of a descriptor that stays the caller's.
+class TReadFile : public IOpenFile {
+public:
+    explicit TReadFile(int descriptor) : Descriptor(descriptor) {}
+
+    TFileResult Look(TFileState* state) override {
+        struct stat status = {};
+        if (!::Look(Descriptor, &status)) return FailWith(errno);
+        *state = {static_cast<std::uint64_t>(status.st_size), NanosecondsOf(status)};
+        return {};
+    }
+    TFileResult ReadSome(char* place, std::size_t room, std::size_t* count) override {
+        const ssize_t size = Uninterrupted([&] { return read(Descriptor, place, room); });
+        *count = size < 0 ? 0 : static_cast<std::size_t>(size);
+        return ResultOf(size < 0 ? -1 : 0);
+    }
+    TFileResult Rewind() override { return ResultOf(lseek(Descriptor, 0, SEEK_SET) == 0 ? 0 : -1); }
+
+private:
+    const int Descriptor;
+};
 
 /// Some file systems have nothing to flush, and say so.
 int FlushToDisk(int descriptor) {
@@ -119,10 +135,8 @@ TFileResult TNativeFileSystem::Read(const std::string& path, std::uint64_t limit
     }
     if (S_ISDIR(status.st_mode)) return FailWith(EISDIR);
     if (!S_ISREG(status.st_mode)) return {TFileFault::Other, kNotRegular};
-    const auto readSome = [&descriptor](char* place, std::size_t room, std::size_t* count) {
-        return ReadSome(descriptor.Get(), place, room, count);
-    };
-    return ReadLimited(static_cast<std::uint64_t>(status.st_size), limit, readSome, bytes);
+    TReadFile file(descriptor.Get());
+    return ReadSteadily(file, limit, bytes);
 }
 
 TFileResult TNativeFileSystem::CheckReplaceable(const std::string& path) {

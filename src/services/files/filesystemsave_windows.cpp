@@ -1,6 +1,6 @@
 #include "services/files/filesystem_windows.h"
-#include "services/files/limitedread.h"
 #include "services/files/nativepath_windows.h"
+#include "services/files/steadyread.h"
 #include <algorithm>
 
 // Reading whole files, and the steps of a save.
@@ -36,13 +36,35 @@ private:
     HANDLE Handle;
 };
 
-TFileResult ReadSome(HANDLE file, char* place, std::size_t room, std::size_t* count) {
-    DWORD size = 0;
-    const bool isRead =
-        ReadFile(file, place, static_cast<DWORD>(std::min(room, kMostAtOnce)), &size, nullptr);
-    *count = size;
-    return ResultOf(isRead);
-}
+/// Of a handle that stays the caller's.
+class TReadFile : public IOpenFile {
+public:
+    explicit TReadFile(HANDLE handle) : Handle(handle) {}
+
+    TFileResult Look(TFileState* state) override {
+        BY_HANDLE_FILE_INFORMATION told = {};
+        if (!GetFileInformationByHandle(Handle, &told)) return FailWith(GetLastError());
+        *state = {Joined(told.nFileSizeHigh, told.nFileSizeLow),
+                  static_cast<std::int64_t>(Joined(told.ftLastWriteTime.dwHighDateTime,
+                                                   told.ftLastWriteTime.dwLowDateTime))};
+        return {};
+    }
+    TFileResult ReadSome(char* place, std::size_t room, std::size_t* count) override {
+        DWORD size = 0;
+        const auto most = static_cast<DWORD>(std::min(room, kMostAtOnce));
+        const bool isRead = ReadFile(Handle, place, most, &size, nullptr);
+        *count = size;
+        return ResultOf(isRead);
+    }
+    TFileResult Rewind() override {
+        return ResultOf(SetFilePointerEx(Handle, {}, nullptr, FILE_BEGIN) != 0);
+    }
+
+private:
+    static std::uint64_t Joined(DWORD high, DWORD low) { return std::uint64_t{high} << 32U | low; }
+
+    const HANDLE Handle;
+};
 
 bool PutInPlace(const std::wstring& from, const std::wstring& to) {
     // The first keeps attributes and access rights, but wants an old file; the second also works
@@ -63,10 +85,8 @@ TFileResult TNativeFileSystem::Read(const std::string& path, std::uint64_t limit
     const TOpenFile file(Open(path, GENERIC_READ, OPEN_EXISTING));
     if (!file.IsOpen()) return FailWith(GetLastError());
     if (GetFileType(file.Get()) != FILE_TYPE_DISK) return FailWith(ERROR_INVALID_HANDLE);
-    const auto readSome = [&file](char* place, std::size_t room, std::size_t* count) {
-        return ReadSome(file.Get(), place, room, count);
-    };
-    return ReadLimited(static_cast<std::uint64_t>(status.Size), limit, readSome, bytes);
+    TReadFile readFile(file.Get());
+    return ReadSteadily(readFile, limit, bytes);
 }
 
 TFileResult TNativeFileSystem::CheckReplaceable(const std::string& path) {
