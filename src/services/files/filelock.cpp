@@ -53,6 +53,22 @@ TFileResult TryToLock(IFileSystem& system, const std::string& path, TFileNumber*
     return result;
 }
 
+bool MayPass(const TFileResult& result) {
+    return result.Fault == TFileFault::Busy || result.Fault == TFileFault::Denied;
+}
+
+/// What cannot be locked, when the lock file is to blame: its name is none that users know.
+TFileResult Blaming(const std::string& path, TFileResult result) {
+    if (result.Fault == TFileFault::NameTaken)
+        result.Reason = "\"" + path + "\" is in the way: " + result.Reason;
+    else if (result.Fault == TFileFault::Denied)
+        result.Reason = "its lock file \"" + path + "\" cannot be opened: " + result.Reason;
+    else if (result.Fault == TFileFault::Busy)
+        result.Reason =
+            "it is being changed elsewhere: \"" + path + "\" stayed locked for 10 seconds";
+    return result;
+}
+
 }  // namespace
 
 /// A lock of one thread, however often the thread took it.
@@ -117,12 +133,10 @@ TFileResult THeldLock::Take(IFileSystem& system, const std::string& path, THeldL
             (*held)->Hold(file, isLocked);
             return {};
         }
-        if (result.Fault != TFileFault::Busy) return result;
+        if (!MayPass(result)) return Blaming(path, std::move(result));
         *held = FindByFile(system, path);
         if (*held) break;
-        if (waited >= kLongestWait)
-            return {TFileFault::Busy,
-                    "it is being changed elsewhere: \"" + path + "\" stayed locked for 10 seconds"};
+        if (waited >= kLongestWait) return Blaming(path, std::move(result));
         pause = waited == 0 ? kShortestPause : std::min(2 * pause, kLongestPause);
         system.Wait(pause);
     }

@@ -12,6 +12,7 @@ enum class TFileFault {
     NotALink,     ///< the file is there, and is no symbolic link
     NameTaken,    ///< a file of that name is there already
     Busy,         ///< somebody else has the file for a while
+    Denied,       ///< the user may not open the file, which may change in a while
     Unsupported,  ///< the file system has nothing of that kind
     Other
 };
@@ -74,7 +75,9 @@ public:
     virtual TFileResult FlushFolder(const std::string& folder) = 0;
 
     /// Opens the lock file `path`, making it when it is missing. All who may write in its folder
-    /// may open it, whoever made it. Busy while it is being made or removed.
+    /// may open it, whoever made it. Busy while it is being removed, Denied while it is being made
+    /// or when somebody else put a file of his own there, and NameTaken when something is there
+    /// that is no lock file, such as a folder or a link.
     virtual TFileResult OpenLock(const std::string& path, TFileNumber* file) = 0;
     /// Locks an open lock file without waiting: Busy when it is locked through another opening of
     /// it. Close, and the end of the process, unlock it.

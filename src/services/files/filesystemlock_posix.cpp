@@ -13,6 +13,15 @@ namespace {
 constexpr int kHowToOpen = O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
 constexpr mode_t kEverybody = 0666;
 
+/// Why a file that is there could not be opened.
+TFileResult RefusalToOpen(int error) {
+    if (error == ENOENT) return FailWith(EBUSY);  // removed meanwhile
+    TFileResult result = FailWith(error);
+    // One that is not open to everybody yet is no more than that.
+    result.Fault = error == EACCES ? TFileFault::Denied : TFileFault::NameTaken;
+    return result;
+}
+
 /// Whether flock failed because nobody can lock a file there, as on some network drives.
 bool HasNoLocks(int error) {
     return error == ENOSYS || error == EOPNOTSUPP || error == ENOLCK;
@@ -30,8 +39,7 @@ TFileResult TNativeFileSystem::OpenLock(const std::string& path, TFileNumber* fi
         (void)Uninterrupted([&] { return fchmod(descriptor, kEverybody); });
     } else if (errno == EEXIST) {
         descriptor = openAs(O_RDWR);
-        // Removed, or not open to everybody yet.
-        if (descriptor < 0 && (errno == ENOENT || errno == EACCES)) errno = EBUSY;
+        if (descriptor < 0) return RefusalToOpen(errno);
     }
     *file = descriptor;
     return ResultOf(descriptor < 0 ? -1 : 0);

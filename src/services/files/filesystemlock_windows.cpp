@@ -39,6 +39,8 @@ TFileResult TNativeFileSystem::OpenLock(const std::string& path, TFileNumber* fi
     // A virus scanner holds a file for moments.
     if (error == ERROR_SHARING_VIOLATION || IsBeingRemoved(native, error))
         result.Fault = TFileFault::Busy;
+    else if (GetFileAttributesW(native.c_str()) != INVALID_FILE_ATTRIBUTES)
+        result.Fault = TFileFault::NameTaken;
     return result;
 }
 

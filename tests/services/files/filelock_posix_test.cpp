@@ -201,7 +201,7 @@ TEST(PosixFileSystem, TellsWhetherALockFileIsTheOneThatWasOpened) {
     EXPECT_TRUE(Succeeds(StartProcess([&] {
                     TFileNumber file = 0;
                     return BecomeOrdinaryUser() &&
-                           system.OpenLock(path, &file).Fault == TFileFault::Busy;
+                           system.OpenLock(path, &file).Fault == TFileFault::Denied;
                 })) ||
                 getuid() != 0);
     EXPECT_TRUE(system.Close(first).IsDone());
@@ -220,10 +220,61 @@ TEST(PosixFileSystem, PassesNoLockFileOnToOtherPrograms) {
     }
 }
 
-TEST(FileLockOfProcesses, FollowsNoLinkInThePlaceOfTheLockFile) {
+/// Makes something in the place of the lock file of "a.xml".
+struct TPlanted {
+    const char* Label;
+    bool (*Plant)(const std::string& lockFile);
+    const char* Reason;  ///< behind the name of the lock file; null where it stops nobody
+};
+
+const TPlanted kPlanted[] = {
+    {"a link",
+     [](const std::string& lockFile) { return symlink("elsewhere", lockFile.c_str()) == 0; },
+     "Too many levels of symbolic links"},
+    {"a link to a file",
+     [](const std::string& lockFile) { return symlink("a.xml", lockFile.c_str()) == 0; },
+     "Too many levels of symbolic links"},
+    {"a folder", [](const std::string& lockFile) { return mkdir(lockFile.c_str(), 0777) == 0; },
+     "Is a directory"},
+    {"a socket",
+     [](const std::string& lockFile) { return mknod(lockFile.c_str(), S_IFSOCK | 0666, 0) == 0; },
+     "No such device or address"},
+    {"a pipe", [](const std::string& lockFile) { return mkfifo(lockFile.c_str(), 0666) == 0; },
+     nullptr},
+    {"a file", [](const std::string& lockFile) { return mknod(lockFile.c_str(), 0666, 0) == 0; },
+     nullptr},
+};
+
+TEST(FileLockOfProcesses, NamesWhatIsInTheWay) {
+    for (const TPlanted& planted : kPlanted) {
+        const TemporaryFolder folder;
+        const std::string path = folder.Write("a.xml", "old");
+        const std::string lockFile = folder.Path(LockFileName("a.xml"));
+        ASSERT_TRUE(planted.Plant(lockFile)) << planted.Label;
+        std::string reason;
+        EXPECT_EQ(ReplaceWholeFile(path.c_str(), "new", &reason), !planted.Reason) << planted.Label;
+        const std::string expected =
+            planted.Reason ? "\"" + lockFile + "\" is in the way: " + planted.Reason : "";
+        EXPECT_EQ(reason, expected) << planted.Label;
+        EXPECT_EQ(folder.Read("a.xml"), planted.Reason ? "old" : "new") << planted.Label;
+        EXPECT_EQ(folder.List(), planted.Reason ? LockFileName("a.xml") + "\na.xml\n" : "a.xml\n")
+            << planted.Label;
+    }
+}
+
+TEST(FileLockOfProcesses, NamesALockFileThatTheUserMayNotOpen) {
+    if (getuid() != 0) GTEST_SKIP() << "only the administrator can make such files";
     const TemporaryFolder folder;
     const std::string path = folder.Write("a.xml", "old");
-    ASSERT_EQ(symlink("elsewhere", folder.Path(LockFileName("a.xml")).c_str()), 0);
-    EXPECT_EQ(Locked(path), "Too many levels of symbolic links");
+    const std::string lockFile = folder.Write(LockFileName("a.xml"), "");
+    chmod(folder.Path().c_str(), 0777);
+    chmod(lockFile.c_str(), 0600);
+    EXPECT_TRUE(Succeeds(StartProcess([&] {
+        TImpatientFileSystem system;
+        return BecomeOrdinaryUser() &&
+               Locked(path) ==
+                   "its lock file \"" + lockFile + "\" cannot be opened: Permission denied" &&
+               system.Waited / 1'000'000'000 == 10;
+    })));
     EXPECT_EQ(folder.List(), LockFileName("a.xml") + "\na.xml\n");
 }

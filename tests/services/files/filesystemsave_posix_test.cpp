@@ -162,6 +162,62 @@ TEST(FileReplace, RemovesWhatAKilledSaveLeft) {
     EXPECT_EQ(folder.List(), "a.txt\nb.txt\n");
 }
 
+/// Whatever name a temporary file is to have, something else has it already the first time.
+class TPlantingSystem : public TNativeFileSystem {
+public:
+    explicit TPlantingSystem(bool (*plant)(const std::string& path)) : Plant(plant) {
+        SetFileSystem(this);
+    }
+    ~TPlantingSystem() { SetFileSystem(nullptr); }
+    TPlantingSystem(const TPlantingSystem&) = delete;
+    TPlantingSystem& operator=(const TPlantingSystem&) = delete;
+    TFileResult Create(const std::string& path, bool isPrivate, TFileNumber* file) override {
+        if (Planted.empty() && Plant(path)) Planted = path;
+        return TNativeFileSystem::Create(path, isPrivate, file);
+    }
+    TFileResult Link(const std::string& path, const std::string& secondName) override {
+        Plant(secondName);
+        return TNativeFileSystem::Link(path, secondName);
+    }
+    std::string Planted;
+
+private:
+    bool (*const Plant)(const std::string& path);
+};
+
+TEST(FileReplace, WritesNothingThroughWhatHasTheNameOfItsTemporaryFile) {
+    const struct {
+        const char* Label;
+        bool (*Plant)(const std::string& path);
+    } rows[] = {
+        {"a link", [](const std::string& path) { return symlink("other.txt", path.c_str()) == 0; }},
+        {"a link to nothing",
+         [](const std::string& path) { return symlink("none", path.c_str()) == 0; }},
+        {"a link to itself",
+         [](const std::string& path) { return symlink(path.c_str(), path.c_str()) == 0; }},
+        {"a folder", [](const std::string& path) { return mkdir(path.c_str(), 0777) == 0; }},
+        {"a file", [](const std::string& path) { return mknod(path.c_str(), 0666, 0) == 0; }},
+        {"a pipe", [](const std::string& path) { return mkfifo(path.c_str(), 0666) == 0; }},
+    };
+    for (const auto& row : rows) {
+        const TemporaryFolder folder;
+        const std::string path = folder.Write("a.txt", "old");
+        folder.Write("other.txt", "other");
+        std::string planted;
+        {
+            TPlantingSystem system(row.Plant);
+            EXPECT_TRUE(ReplaceWholeFile(path.c_str(), "new", nullptr)) << row.Label;
+            planted = system.Planted;
+        }
+        EXPECT_EQ(folder.Read("a.txt"), "new") << row.Label;
+        EXPECT_TRUE(std::filesystem::exists(std::filesystem::symlink_status(planted))) << row.Label;
+        // It is taken for one that a save of this process has left.
+        EXPECT_TRUE(ReplaceWholeFile(path.c_str(), "newer", nullptr)) << row.Label;
+        EXPECT_EQ(folder.Read("a.txt") + folder.Read("other.txt"), "newerother") << row.Label;
+        EXPECT_EQ(folder.List(), "a.txt\nother.txt\n") << row.Label;
+    }
+}
+
 TEST(FileReplace, DropsTheSetIdBitsWithTheOwner) {
     if (getuid() != 0) GTEST_SKIP() << "only the administrator can make such files";
     constexpr uid_t kOwner = 12'345;
