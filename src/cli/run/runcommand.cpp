@@ -12,10 +12,10 @@
 #include "flows/process/programversion.h"
 #include "flows/run/junit.h"
 #include "flows/run/ninjarun.h"
+#include "flows/run/runfiles.h"
 #include "flows/run/runrecipe.h"
 #include "flows/run/runscan.h"
 #include "services/files/filelock.h"
-#include "services/files/filereplace.h"
 #include "services/files/filestatus.h"
 #include <algorithm>
 #include <thread>
@@ -36,6 +36,7 @@ private:
     int Load();
     int ChooseTops();
     int List() const;
+    int CheckJunit();
     int CheckPlan();
     int FindPrograms();
     int Execute();
@@ -66,7 +67,8 @@ int TBuildRun::Run() {
     for (const auto step : {&TBuildRun::Load, &TBuildRun::ChooseTops})
         if (const int status = (this->*step)()) return status;
     if (Arguments.List) return List();
-    for (const auto step : {&TBuildRun::CheckPlan, &TBuildRun::FindPrograms, &TBuildRun::Execute})
+    for (const auto step : {&TBuildRun::CheckJunit, &TBuildRun::CheckPlan, &TBuildRun::FindPrograms,
+                            &TBuildRun::Execute})
         if (const int status = (this->*step)()) return status;
     return ReadStatus;
 }
@@ -144,6 +146,11 @@ bool TBuildRun::Tell(const std::vector<TDiagnostic>& diagnostics) const {
         hasError = hasError || isError;
     }
     return hasError;
+}
+
+int TBuildRun::CheckJunit() {
+    const int status = CheckOutput(Arguments.Junit, Arguments.Build, Streams);
+    return status == kExitDone ? CheckOutput(Arguments.Junit, Build, Paths, Streams) : status;
 }
 
 int TBuildRun::CheckPlan() {
@@ -245,18 +252,21 @@ std::string TBuildRun::JobsText() const {
 int TBuildRun::CallNinja() {
     // Two runs in one folder would write into the same libraries.
     const std::string file = Options.Wishes.Folder + "build.ninja";
-    MakeDirectoryOf(file.c_str());
+    if (const std::string reason = MakeFolder(Options.Wishes.Folder); !reason.empty()) {
+        ReportError(Streams, reason);
+        return kExitFile;
+    }
     const TFileLock lock(file.c_str());
     if (!lock.IsHeld()) {
         ReportError(Streams, PathText(file.c_str(), Paths) + ": " + lock.GetReason());
         return kExitFile;
     }
-    const std::string reason = WriteRunFiles(Steps, Options.Wishes.Folder, GetOwnProgram());
+    std::string reason = WriteRunFiles(Steps, Options.Wishes.Folder, GetOwnProgram());
+    if (reason.empty() && Arguments.Rerun) reason = ForgetSimulations(Steps);
     if (!reason.empty()) {
         ReportError(Streams, reason);
         return kExitFile;
     }
-    if (Arguments.Rerun) ForgetSimulations(Steps);
     const TNinjaWishes wishes{Ninja, Options.Wishes.Folder, JobsText(), Arguments.KeepGoing};
     return Finish(RunNinja(Steps, wishes, [this](std::string_view line) {
         PrintLine(Streams.Err, line);

@@ -23,42 +23,33 @@ bool IsProgress(std::string_view line) {
            line.substr(0, end).find_first_not_of("[0123456789/") == std::string_view::npos;
 }
 
-/// The names of the files in a folder.
-std::vector<std::string> ListFiles(const std::string& folder) {
-    std::vector<std::string> names;
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(NativePath(folder), error)) {
-        const std::u8string name = entry.path().filename().u8string();
-        names.emplace_back(name.begin(), name.end());
-    }
-    return names;
-}
-
 /// What a source that was taken out of the build has left in the libraries of a tool would still be
-/// found there: they are made anew.
-void ForgetLibraries(const std::string& tool, const std::set<std::string>& steps,
-                     const std::string& folder) {
+/// found there: they are made anew. The records of its steps, which tell that, go last: whatever
+/// ends this before is made good by the next run. Returns why it failed.
+std::string ForgetLibraries(const std::string& tool, const std::set<std::string>& steps,
+                            const std::string& folder) {
     constexpr std::string_view kAnalysis = "analyse-";
     const std::string own = tool + "/";
-    const std::string records = folder + "steps/" + own;
-    const std::string stamps = folder + "done/" + own;
-    bool isForgotten = false;
-    std::error_code error;
-    for (const std::string& name : ListFiles(records)) {
-        if (!name.starts_with(kAnalysis) || steps.contains(own + name)) continue;
-        isForgotten = true;
-        std::filesystem::remove(NativePath(records + name), error);
-    }
-    if (!isForgotten) return;
-    for (const std::string& name : ListFiles(stamps))
-        if (name.starts_with(kAnalysis)) std::filesystem::remove(NativePath(stamps + name), error);
-    std::filesystem::remove_all(NativePath(folder + own + "libraries"), error);
+    std::vector<std::string> records, stamps;
+    std::string reason = ListFiles(folder + "steps/" + own, &records);
+    if (reason.empty()) reason = ListFiles(folder + "done/" + own, &stamps);
+    std::erase_if(stamps, [=](const std::string& name) { return !name.starts_with(kAnalysis); });
+    std::erase_if(records, [&](const std::string& name) {
+        return !name.starts_with(kAnalysis) || steps.contains(own + name);
+    });
+    if (!reason.empty() || records.empty()) return reason;
+    reason = RemoveFolder(folder + own + "libraries");
+    for (const std::string& name : stamps)
+        if (reason.empty()) reason = RemoveFile(folder + "done/" + own + name);
+    for (const std::string& name : records)
+        if (reason.empty()) reason = RemoveFile(folder + "steps/" + own + name);
+    return reason;
 }
 
 /// Takes ninja's own words out of what it prints.
 class TNinjaLines {
 public:
-    explicit TNinjaLines(const TTell& tell) : Tell(tell) {}
+    TNinjaLines(const TTell& tell, bool tellsProgress) : Tell(tell), TellsProgress(tellsProgress) {}
 
     void Take(std::string_view line) {
         if (SkipsCommand) {
@@ -67,19 +58,31 @@ public:
         }
         if (FollowsProgress && line.starts_with("FAILED: ")) {
             SkipsCommand = true;
+            HasFailed = true;
             return;
         }
         FollowsProgress = IsProgress(line);
+        if (FollowsProgress && !TellsProgress) return;
         if (line.starts_with("ninja: error: ") || line.starts_with("ninja: fatal: "))
             Reason = line.substr(std::string_view("ninja: error: ").size());
         else if (!line.starts_with("ninja: "))
             Tell(line);
     }
 
-    const std::string& GetReason() const { return Reason; }
+    /// Why ninja could not do its work, which ended so; "" when it could, or a step failed.
+    std::string ReasonOf(const TChildResult& result) const {
+        if (result.End == CHILD_NOT_STARTED) return result.Reason;
+        const bool isDone = result.End == CHILD_EXITED && result.Status == 0;
+        if (!Reason.empty() || isDone || HasFailed || result.End == CHILD_INTERRUPTED)
+            return Reason;
+        return (result.End == CHILD_EXITED ? "exit status " : "killed by signal ") +
+               std::to_string(result.Status);
+    }
 
 private:
     const TTell& Tell;
+    const bool TellsProgress;
+    bool HasFailed = false;
     bool FollowsProgress = false;
     bool SkipsCommand = false;
     std::string Reason;
@@ -97,11 +100,11 @@ public:
         for (const TRunSimulation& simulation : Run.Simulations)
             former.push_back(TimeOf(RecordOf(simulation).Result));
         // Apart from the steps, which are counted then.
-        if (Call({"digests"}, [](std::string_view line) { return !IsProgress(line); }))
-            Outcome.HasSucceeded = Call({}, [](std::string_view) { return true; });
+        if (Call({"digests"}, false)) Outcome.HasSucceeded = Call({}, true);
         FindUndone();
         for (std::size_t number = 0; number < former.size(); ++number)
             Outcome.Simulations.push_back(OutcomeOf(Run.Simulations[number], former[number]));
+        CheckResults();
         return std::move(Outcome);
     }
 
@@ -123,32 +126,48 @@ private:
         return RunChild(request);
     }
 
-    bool Call(const std::vector<std::string>& arguments, bool (*isTold)(std::string_view)) {
+    bool Call(const std::vector<std::string>& arguments, bool tellsProgress) {
         if (Outcome.IsInterrupted) return false;
-        TNinjaLines lines(Tell);
-        const TChildResult result = CallNinja(arguments, [&lines, isTold](std::string_view line) {
-            if (isTold(line)) lines.Take(line);
-        });
+        TNinjaLines lines(Tell, tellsProgress);
+        const TChildResult result =
+            CallNinja(arguments, [&lines](std::string_view line) { lines.Take(line); });
         Outcome.IsInterrupted = result.End == CHILD_INTERRUPTED;
-        Outcome.Reason = result.End == CHILD_NOT_STARTED ? result.Reason : lines.GetReason();
+        Outcome.Reason = lines.ReasonOf(result);
         return result.End == CHILD_EXITED && result.Status == 0;
     }
 
     // The steps that a later run would do.
     void FindUndone() {
         if (Outcome.HasSucceeded) return;
-        CallNinja({"-n", "-v"}, [this](std::string_view line) {
+        const TChildResult result = CallNinja({"-n", "-v"}, [this](std::string_view line) {
             const std::size_t at = line.rfind("steps/");
             if (at != std::string_view::npos) Undone.insert(std::string(line.substr(at)));
         });
+        KnowsUndone = result.End == CHILD_EXITED && result.Status == 0;
+    }
+
+    /// Whether a simulation that was not run now is as it was when it was run.
+    bool IsUpToDate(const TRunSimulation& simulation) const {
+        return KnowsUndone && !Undone.contains(RecordFileOf(Run.Steps[simulation.Step]));
+    }
+
+    // A result may be lost, and then nobody knows it.
+    void CheckResults() {
+        for (std::size_t number = 0; number < Outcome.Simulations.size(); ++number) {
+            if (!Outcome.HasSucceeded) return;
+            Outcome.HasSucceeded = Outcome.Simulations[number].Verdict == SIMULATION_PASSED;
+            if (!Outcome.HasSucceeded)
+                Outcome.Reason = "all steps are done, but there is no result in " +
+                                 RecordOf(Run.Simulations[number]).Result;
+        }
     }
 
     TSimulationOutcome OutcomeOf(const TRunSimulation& simulation, const TTime& former) const {
         const TStepRecord& record = RecordOf(simulation);
         TStepResult result;
         const bool isNew = TimeOf(record.Result) != former;
-        const bool isUndone = Undone.contains(RecordFileOf(Run.Steps[simulation.Step]));
-        if (!ReadResult(ReadText(record.Result), &result) || (!isNew && isUndone)) return {};
+        if (!ReadResult(ReadText(record.Result), &result) || (!isNew && !IsUpToDate(simulation)))
+            return {};
         return {result.HasPassed ? SIMULATION_PASSED : SIMULATION_FAILED, !isNew,
                 result.Milliseconds, result.Reason};
     }
@@ -158,6 +177,7 @@ private:
     const TTell& Tell;
     TNinjaOutcome Outcome;
     std::set<std::string> Undone;  // the files of their records
+    bool KnowsUndone = true;
 };
 
 }  // namespace
@@ -169,7 +189,9 @@ std::string WriteRunFiles(const TRunPlan& run, const std::string& folder,
         steps.insert(step.Name);
         tools.insert(step.Name.substr(0, step.Name.find('/')));
     }
-    for (const std::string& tool : tools) ForgetLibraries(tool, steps, folder);
+    for (const std::string& tool : tools)
+        if (std::string reason = ForgetLibraries(tool, steps, folder); !reason.empty())
+            return reason;
     for (const auto& [path, text] : run.Files)
         if (std::string reason = WriteNew(path, text); !reason.empty()) return reason;
     for (const TRunStep& step : run.Steps)
@@ -179,11 +201,12 @@ std::string WriteRunFiles(const TRunPlan& run, const std::string& folder,
     return WriteNew(folder + "build.ninja", WriteNinja(run, program));
 }
 
-void ForgetSimulations(const TRunPlan& run) {
-    for (const TRunSimulation& simulation : run.Simulations) {
-        std::error_code error;
-        std::filesystem::remove(NativePath(run.Steps[simulation.Step].Record.Stamp), error);
-    }
+std::string ForgetSimulations(const TRunPlan& run) {
+    for (const TRunSimulation& simulation : run.Simulations)
+        if (std::string reason = RemoveFile(run.Steps[simulation.Step].Record.Stamp);
+            !reason.empty())
+            return reason;
+    return {};
 }
 
 TNinjaOutcome RunNinja(const TRunPlan& run, const TNinjaWishes& wishes, const TTell& tell) {

@@ -36,8 +36,9 @@ struct TNinjaOutcome {
 std::string WriteRunFiles(const TRunPlan& run, const std::string& folder,
                           const std::string& program);
 
-/// Forgets that the simulations have passed: they are run again.
-void ForgetSimulations(const TRunPlan& run);
+/// Forgets that the simulations have passed: they are run again. Returns why that failed; "" when
+/// it is done.
+std::string ForgetSimulations(const TRunPlan& run);
 
 /// Runs ninja on what WriteRunFiles has written. `tell` gets a line for each step that is done, as
 /// "[12/66] analyse work.p", behind it what a step that failed has printed.

@@ -1,5 +1,6 @@
 #include "flows/run/runfiles.h"
 #include "services/files/filereplace.h"
+#include <cerrno>
 #include <cstdint>
 #include <fstream>
 
@@ -12,18 +13,52 @@ std::string ReadText(const std::string& path) {
     return ReadWholeFile(path.c_str(), &text, nullptr) == FILE_READ_DONE ? text : std::string();
 }
 
+std::string RemoveFile(const std::string& path) {
+    std::error_code error;
+    std::filesystem::remove(NativePath(path), error);
+    return error ? path + ": " + error.message() : std::string();
+}
+
+std::string RemoveFolder(const std::string& path) {
+    std::error_code error;
+    std::filesystem::remove_all(NativePath(path), error);
+    return error ? path + ": " + error.message() : std::string();
+}
+
+std::string MakeFolder(const std::string& path) {
+    std::error_code error;
+    std::filesystem::create_directories(NativePath(path), error);
+    return error ? path + ": " + error.message() : std::string();
+}
+
+std::string ListFiles(const std::string& folder, std::vector<std::string>* names) {
+    std::error_code error;
+    std::filesystem::directory_iterator entry(NativePath(folder), error);
+    if (error == std::errc::no_such_file_or_directory) return {};
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        const std::u8string name = entry->path().filename().u8string();
+        names->emplace_back(name.begin(), name.end());
+    }
+    return error ? folder + ": " + error.message() : std::string();
+}
+
 // Nothing waits for the disk here: what a power failure takes is made again.
 std::string WriteWhole(const std::string& path, std::string_view text) {
     std::error_code error;
     const std::filesystem::path native = NativePath(path);
     const std::filesystem::path part = NativePath(path + ".part");
     std::filesystem::create_directories(native.parent_path(), error);
+    // A link that somebody put there must not lead elsewhere, nor a pipe keep us waiting.
+    if (std::string reason = RemoveFile(path + ".part"); !reason.empty()) return reason;
+    errno = 0;
     std::ofstream stream(part, std::ios::binary);
     stream << text;
     stream.close();
-    if (!stream) return path + ": the file cannot be written";
-    std::filesystem::rename(part, native, error);
-    return error ? path + ": " + error.message() : std::string();
+    if (!stream) error = {errno != 0 ? errno : EIO, std::generic_category()};
+    if (stream) std::filesystem::rename(part, native, error);
+    if (!error) return {};
+    RemoveFile(path + ".part");
+    return path + ": " + error.message();
 }
 
 std::string WriteNew(const std::string& path, std::string_view text) {

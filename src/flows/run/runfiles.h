@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Files of a run. Paths are in UTF-8.
 
@@ -10,6 +11,15 @@ std::filesystem::path NativePath(const std::string& path);
 
 /// The bytes of a file; "" for one that cannot be read.
 std::string ReadText(const std::string& path);
+/// Removes a file, which need not be there. Returns why that failed; "" when it is gone.
+std::string RemoveFile(const std::string& path);
+/// Removes a folder with all that is in it; it need not be there. Returns the same.
+std::string RemoveFolder(const std::string& path);
+/// Makes a folder, and those above it, unless it is there. Returns why there is none.
+std::string MakeFolder(const std::string& path);
+/// Adds the names of what is in a folder, which need not be there. Returns why they are not all
+/// known.
+std::string ListFiles(const std::string& folder, std::vector<std::string>* names);
 /// Writes the file under another name, and renames it when it is whole; makes its folder. Returns
 /// why that failed; "" when it is done.
 std::string WriteWhole(const std::string& path, std::string_view text);

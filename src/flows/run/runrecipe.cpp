@@ -23,12 +23,10 @@ std::vector<std::string> ListLibrarySources(const TPlanSettings& settings) {
     if (extensions.empty()) extensions = {".v", ".sv"};
     std::vector<std::string> sources;
     for (const std::string& directory : settings.LibraryDirectories) {
-        std::vector<std::string> files;
-        std::error_code error;
-        for (const auto& entry :
-             std::filesystem::directory_iterator(NativePath(directory), error)) {
-            const std::u8string name = entry.path().filename().u8string();
-            const std::string path = directory + "/" + std::string(name.begin(), name.end());
+        std::vector<std::string> names, files;
+        ListFiles(directory, &names);  // the simulator tells of what it cannot read
+        for (const std::string& name : names) {
+            const std::string path = directory + "/" + name;
             if (std::any_of(extensions.begin(), extensions.end(),
                             [&path](const std::string& end) { return path.ends_with(end); }))
                 files.push_back(path);

@@ -134,8 +134,9 @@ bool ReadResult(std::string_view text, TStepResult* result) {
                                      return ReadNumber(value, &result->Milliseconds);
                                  if (name == "reason")
                                      return result->Reason = std::move(value), true;
-                                 hasVerdict = name == "verdict";
                                  result->HasPassed = value == "passed";
+                                 hasVerdict =
+                                     name == "verdict" && (result->HasPassed || value == "failed");
                                  return hasVerdict;
                              }) &&
            hasVerdict;

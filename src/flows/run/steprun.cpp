@@ -6,41 +6,44 @@
 
 namespace {
 
-/// A file that commands change in place, until it is known whether they succeeded. What a run that
-/// was killed has left is undone first.
+/// A file that commands change in place, until it is known whether they succeeded. Each operation
+/// returns why it failed; "" when it is done.
 class TGuardedFile {
 public:
-    explicit TGuardedFile(const std::string& file) : File(file), Copy(file + ".before") {
-        Undo();
-        // An empty copy stands for a file that was not there.
-        std::error_code error;
-        const std::string part = Copy + ".part";
-        if (std::filesystem::exists(NativePath(File), error)) {
-            std::filesystem::copy_file(NativePath(File), NativePath(part),
-                                       std::filesystem::copy_options::overwrite_existing, error);
-            std::filesystem::rename(NativePath(part), NativePath(Copy), error);
-        } else {
-            WriteWhole(Copy, {});
-        }
+    explicit TGuardedFile(const std::string& file) : File(file), Copy(file + ".before") {}
+
+    // What a run that was killed has left is undone first.
+    std::string Guard() const {
+        if (std::string reason = Undo(); !reason.empty()) return reason;
+        std::string bytes;
+        std::string reason;
+        if (ReadWholeFile(File.c_str(), &bytes, &reason) == FILE_READ_FAILED)
+            return File + ": " + reason;
+        // An empty copy stands for a file that was not there. Half of one must never be put back.
+        return WriteWhole(Copy, bytes);
     }
 
-    void Undo() const {
+    // Without a copy nothing has changed.
+    std::string Undo() const {
         std::error_code error;
         const auto size = std::filesystem::file_size(NativePath(Copy), error);
-        if (error) return;
-        if (size > 0)
-            std::filesystem::rename(NativePath(Copy), NativePath(File), error);
-        else
-            std::filesystem::remove(NativePath(File), error);
-        Keep();
+        if (error == std::errc::no_such_file_or_directory) return {};
+        if (error) return ReasonOf(error);
+        if (size == 0) {
+            std::string reason = RemoveFile(File);
+            return reason.empty() ? Keep() : reason;
+        }
+        std::filesystem::rename(NativePath(Copy), NativePath(File), error);
+        return error ? ReasonOf(error) : std::string();
     }
 
-    void Keep() const {
-        std::error_code error;
-        std::filesystem::remove(NativePath(Copy), error);
-    }
+    std::string Keep() const { return RemoveFile(Copy); }
 
 private:
+    std::string ReasonOf(const std::error_code& error) const {
+        return File + ": " + error.message();
+    }
+
     std::string File;
     std::string Copy;
 };
@@ -70,6 +73,7 @@ public:
 
 private:
     void Prepare();
+    void Require(std::string reason);
     void Call(const std::vector<std::string>& words);
     std::string ComplaintOf(const TChildResult& result) const;
     void Judge();
@@ -84,20 +88,22 @@ private:
     long long Milliseconds = 0;
 };
 
+// What a former run has left must not be taken for the work of this one.
 void TStepRun::Prepare() {
-    std::error_code error;
     for (const std::string* const file : {&Record.Stamp, &Record.Result, &Record.Log})
-        std::filesystem::remove(NativePath(*file), error);
-    for (const std::string& folder : Record.FreshFolders)
-        std::filesystem::remove_all(NativePath(folder), error);
-    for (const std::string& folder : Record.FreshFolders)
-        std::filesystem::create_directories(NativePath(folder), error);
-    if (!Record.Folder.empty())
-        std::filesystem::create_directories(NativePath(Record.Folder), error);
+        if (!file->empty()) Require(RemoveFile(*file));
+    for (const std::string& folder : Record.FreshFolders) Require(RemoveFolder(folder));
+    for (const std::string& folder : Record.FreshFolders) Require(MakeFolder(folder));
+    if (!Record.Folder.empty()) Require(MakeFolder(Record.Folder));
     for (const auto& [from, to] : Record.Moves)
-        std::filesystem::create_directories(NativePath(from).parent_path(), error);
-    for (const std::string& file : Record.GuardedFiles) Guards.emplace_back(file);
-    Reason = WriteWhole(Record.Log, {});
+        Require(MakeFolder(from.substr(0, from.find_last_of("/\\"))));
+    for (const std::string& file : Record.GuardedFiles) Require(Guards.emplace_back(file).Guard());
+    Require(WriteWhole(Record.Log, {}));
+}
+
+// The first failure is the reason.
+void TStepRun::Require(std::string reason) {
+    if (Reason.empty()) Reason = std::move(reason);
 }
 
 void TStepRun::Call(const std::vector<std::string>& words) {
@@ -151,11 +157,12 @@ void TStepRun::Finish() {
         }
     for (const TGuardedFile& guard : Guards)
         if (Reason.empty())
-            guard.Keep();
+            Reason = guard.Keep();
         else
-            guard.Undo();
+            guard.Undo();  // or the next run does it
+    // Nobody can tell that a simulation has passed which leaves no result.
     if (!Record.Result.empty() && !IsInterrupted)
-        WriteWhole(Record.Result, WriteResult({Reason.empty(), Milliseconds, Reason}));
+        Require(WriteWhole(Record.Result, WriteResult({Reason.empty(), Milliseconds, Reason})));
     if (Reason.empty()) Reason = WriteWhole(Record.Stamp, {});
 }
 

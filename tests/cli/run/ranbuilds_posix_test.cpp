@@ -283,10 +283,10 @@ TEST(RanBuilds, ShareNoFolder) {
     for (const char* program : {"bin/ninja", "bin/ghdl"})
         std::filesystem::permissions(program, std::filesystem::perms::owner_all);
     const std::string command =
-        HDLBUILD_PROGRAM " run 'my build.xml' --with ghdl --tool-path bin 2>&1";
+        HDLBUILD_PROGRAM " run 'my build.xml' --with ghdl --tool-path bin";
     const auto [status, text] =
-        Shell(command + " >first & until test -e running; do sleep 0.02; done; " + command +
-              "; s=$?; >go; wait; exit $s");
+        Shell(command + " >first 2>&1 & until test -e running; do sleep 0.02; done; " + command +
+              " 2>&1; s=$?; >go; wait; exit $s");
     EXPECT_EQ(WEXITSTATUS(status), 3);
     EXPECT_EQ(std::regex_replace(text, std::regex("\"/.*/my build.run/.*.lock\""), "L"),
               "hdlbuild: error: my build.run/build.ninja: it is being changed elsewhere: L stayed "

@@ -191,6 +191,18 @@ TEST(RunCommand, RefusesArgumentsThatSayNothing) {
     EXPECT_EQ(folder.List(), "b.xml\nt.v\ntb.vhd\n");
 }
 
+TEST(RunCommand, RefusesAReportInThePlaceOfWhatItReads) {
+    const WorkingFolder folder;
+    WriteBuild(folder);
+    const std::string build = folder.Read("b.xml");
+    EXPECT_EQ(ResultOf({"run", "b.xml", "--with", "ghdl", "--top", "tb", "--junit", "b.xml"}),
+              "2\nhdlbuild: error: b.xml: the output would replace the build file\n");
+    EXPECT_EQ(ResultOf({"run", "b.xml", "--with", "ghdl", "--top", "tb", "--junit", "tb.vhd"}),
+              "2\nhdlbuild: error: tb.vhd: the output would replace the source tb.vhd\n");
+    EXPECT_EQ(folder.Read("b.xml"), build);
+    EXPECT_EQ(folder.List(), "b.xml\nt.v\ntb.vhd\n");
+}
+
 TEST(RunCommand, RefusesTwoStandardsAndMissingSources) {
     const WorkingFolder folder;
     WriteBuild(folder, "-93 -2008");

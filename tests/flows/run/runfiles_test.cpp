@@ -17,9 +17,50 @@ TEST(RunFiles, AreWrittenWhole) {
     EXPECT_EQ(folder.Read("a b/c"), "");
     EXPECT_EQ(ReadText(folder.Path("none")), "");
     EXPECT_EQ(folder.List(), "a b\n");
+}
+
+TEST(RunFiles, LeaveNothingBehindWhatCannotBeWritten) {
+    const TemporaryFolder folder;
     std::filesystem::create_directories(folder.Path("folder/x"));
+    folder.Write("file", "bytes");
+    for (const std::string path : {"folder", "file/below"}) {
+        const std::string reason = WriteWhole(folder.Path(path), "text");
+        EXPECT_TRUE(reason.starts_with(folder.Path(path))) << reason;
+    }
+    EXPECT_EQ(folder.List(), "file\nfolder\n");
+    EXPECT_EQ(folder.Read("file"), "bytes");
+}
+
+TEST(RunFiles, HaveFolders) {
+    const TemporaryFolder folder;
+    EXPECT_EQ(MakeFolder(folder.Path("a/b")), "");
+    EXPECT_EQ(MakeFolder(folder.Path("a/b")), "");
+    EXPECT_TRUE(std::filesystem::is_directory(folder.Path("a/b")));
+    folder.Write("file", "");
+    EXPECT_TRUE(MakeFolder(folder.Path("file/b")).starts_with(folder.Path("file/b") + ": "));
+}
+
+TEST(RunFiles, AreListed) {
+    const TemporaryFolder folder;
+    folder.Write("folder/a", "");
+    std::vector<std::string> names = {"before"};
+    EXPECT_EQ(ListFiles(folder.Path("folder"), &names), "");
+    EXPECT_EQ(ListFiles(folder.Path("none"), &names), "");
+    EXPECT_EQ(names, (std::vector<std::string>{"before", "a"}));
     EXPECT_TRUE(
-        WriteWhole(folder.Path("folder"), "text").starts_with(folder.Path("folder") + ": "));
+        ListFiles(folder.Path("folder/a"), &names).starts_with(folder.Path("folder/a") + ": "));
+}
+
+TEST(RunFiles, AreRemoved) {
+    const TemporaryFolder folder;
+    folder.Write("folder/a", "");
+    EXPECT_TRUE(RemoveFile(folder.Path("folder")).starts_with(folder.Path("folder") + ": "));
+    EXPECT_EQ(RemoveFile(folder.Path("folder/a")), "");
+    EXPECT_EQ(RemoveFile(folder.Path("folder/a")), "");
+    folder.Write("folder/b/c", "");
+    EXPECT_EQ(RemoveFolder(folder.Path("folder")), "");
+    EXPECT_EQ(RemoveFolder(folder.Path("folder")), "");
+    EXPECT_EQ(folder.List(), "");
 }
 
 TEST(RunFiles, KeepTheirTimeUnlessTheirTextChanges) {

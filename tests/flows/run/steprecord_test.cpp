@@ -83,6 +83,6 @@ TEST(StepRecord, HasAResult) {
     EXPECT_EQ(WriteResult(result), text);
     EXPECT_EQ(WriteResult({true, 5, ""}), "verdict\tpassed\nmilliseconds\t5\nreason\t\n");
     for (const char* broken :
-         {"", "verdict\tpassed", "milliseconds\t5\n", "verdict\tpassed\nx\ty\n"})
+         {"", "verdict\tpassed", "verdict\tpass\n", "milliseconds\t5\n", "verdict\tpassed\nx\ty\n"})
         EXPECT_FALSE(ReadResult(broken, &result)) << broken;
 }

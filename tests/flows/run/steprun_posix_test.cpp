@@ -1,9 +1,12 @@
 #include "flows/run/steprecord.h"
 #include "flows/run/steprun.h"
 #include "tests/support/filesizelimit.h"
+#include "tests/support/processes.h"
 #include "tests/support/temporaryfolder.h"
+#include <csignal>
 #include <gtest/gtest.h>
 #include <regex>
+#include <sys/resource.h>
 
 namespace {
 
@@ -102,6 +105,57 @@ TEST_F(StepRun, UndoesFirstWhatAKilledOneHasLeft) {
     Folder.Write("lib/b.cf.before", "");
     EXPECT_EQ(Run("cat ../lib/a.cf; test ! -e ../lib/b.cf"), "0 done\n");
     EXPECT_EQ(Folder.Read("log"), "old");
+}
+
+// Half a copy, put back, would be taken for the library.
+TEST_F(StepRun, CallsNothingWhenAGuardedFileCannotBeCopied) {
+    Record.GuardedFiles = {Folder.Path("lib/a.cf")};
+    const std::string old(1'000'000, 'o');
+    Folder.Write("lib/a.cf", old);
+    EXPECT_TRUE(Succeeds(StartProcess([this] {
+        // As on a full disk: no file may be larger.
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit = {10'000, 10'000};
+        return setrlimit(RLIMIT_FSIZE, &limit) == 0 &&
+               Run("echo half >../lib/a.cf; false") ==
+                   "1\ncompile x failed: " + Folder.Path("lib/a.cf") + ".before: File too large\n";
+    })));
+    EXPECT_EQ(Folder.Read("lib/a.cf"), old);
+    EXPECT_FALSE(Folder.Exists("lib/a.cf.before") || Folder.Exists("lib/a.cf.before.part"));
+    EXPECT_EQ(Run("echo new >../lib/a.cf"), "0 done\n");
+    EXPECT_EQ(Folder.Read("lib/a.cf"), "new\n");
+}
+
+TEST_F(StepRun, KeepsTheCopyOfAFileThatCannotBePutBack) {
+    Record.GuardedFiles = {Folder.Path("lib/a.cf")};
+    Folder.Write("lib/a.cf/half", "");
+    Folder.Write("lib/a.cf.before", "old");
+    EXPECT_EQ(Run("true"),
+              "1\ncompile x failed: " + Folder.Path("lib/a.cf") + ": Is a directory\n");
+    EXPECT_EQ(Folder.Read("lib/a.cf.before"), "old");
+}
+
+TEST_F(StepRun, FailsWhenItCannotLeaveItsFiles) {
+    Record.Result = Folder.Path("result");
+    Record.Tool = "icarus";
+    const struct {
+        const char* InTheWay;  // a folder that is not empty
+        const char* Told;      // behind its path
+    } rows[] = {
+        {"done", ": Directory not empty"},        {"result", ": Directory not empty"},
+        {"log", ": Directory not empty"},         {"done.part", ": Directory not empty"},
+        {"result.part", ": Directory not empty"}, {"log.part", ": Directory not empty"},
+    };
+    for (const auto& row : rows) {
+        std::filesystem::remove_all(Folder.Path(row.InTheWay));
+        std::filesystem::create_directories(Folder.Path(std::string(row.InTheWay) + "/x"));
+        const std::string expected = "compile x failed: " + Folder.Path(row.InTheWay) + row.Told;
+        const std::string told = Run("true");
+        EXPECT_EQ(told.substr(told.find('\n')), "\n" + expected + "\n") << row.InTheWay;
+        EXPECT_EQ(told[0], '1') << row.InTheWay;
+        std::filesystem::remove_all(Folder.Path(row.InTheWay));
+        EXPECT_EQ(Run("true"), "0 done\n") << row.InTheWay;
+    }
 }
 
 TEST_F(StepRun, EmptiesFreshFolders) {
