@@ -5,6 +5,9 @@
 #include "services/logging/loglock.h"
 #ifdef _WIN32
 #include "services/files/nativepath_windows.h"
+#else
+#include <fcntl.h>
+#include <unistd.h>
 #endif
 #include <cstdio>
 #include <deque>
@@ -28,7 +31,13 @@ std::FILE* OpenForAppending(const std::string& path) {
 #ifdef _WIN32
     return _wfopen(NativePath(path).c_str(), L"ab");
 #else
-    return std::fopen(path.c_str(), "ab");
+    // No program that is started has it open as well, and a pipe in its place keeps nobody waiting.
+    const int file =
+        open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK, 0666);
+    if (file < 0) return nullptr;
+    std::FILE* const stream = fdopen(file, "ab");
+    if (!stream) close(file);
+    return stream;
 #endif
 }
 
