@@ -44,6 +44,19 @@ bool Look(int descriptor, struct stat* status) {
     return Uninterrupted([&] { return fstat(descriptor, status); }) == 0;
 }
 
+/// Where a file is taken for a folder, nothing is.
+TFileResult FailToFind(int error) {
+    TFileResult result = FailWith(error);
+    if (error == ENOTDIR) result.Fault = TFileFault::Missing;
+    return result;
+}
+
+TFileResult CheckRegular(const struct stat& status) {
+    if (S_ISDIR(status.st_mode)) return FailWith(EISDIR);
+    if (!S_ISREG(status.st_mode)) return {TFileFault::Other, kNotRegular};
+    return {};
+}
+
 /// Of a descriptor that stays the caller's.
 class TReadFile : public IOpenFile {
 public:
@@ -124,17 +137,16 @@ bool TakeOverAttributes(int, const char*) {
 
 TFileResult TNativeFileSystem::Read(const std::string& path, std::uint64_t limit,
                                     std::string* bytes) {
-    // A pipe without a writer must not keep us waiting.
-    const TDescriptor descriptor(Open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status = {};
-    if (!descriptor.IsOpen() || !Look(descriptor.Get(), &status)) {
-        const int error = errno;
-        TFileResult result = FailWith(error);
-        if (error == ENOTDIR) result.Fault = TFileFault::Missing;
-        return result;
-    }
-    if (S_ISDIR(status.st_mode)) return FailWith(EISDIR);
-    if (!S_ISREG(status.st_mode)) return {TFileFault::Other, kNotRegular};
+    if (!Look(path, &status)) return FailToFind(errno);
+    // Opening a device may already do something.
+    TFileResult result = CheckRegular(status);
+    if (!result.IsDone()) return result;
+    // A pipe that takes the file's place meanwhile must not keep us waiting.
+    const TDescriptor descriptor(Open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (!descriptor.IsOpen() || !Look(descriptor.Get(), &status)) return FailToFind(errno);
+    result = CheckRegular(status);
+    if (!result.IsDone()) return result;
     TReadFile file(descriptor.Get());
     return ReadSteadily(file, limit, bytes);
 }
@@ -142,9 +154,9 @@ TFileResult TNativeFileSystem::Read(const std::string& path, std::uint64_t limit
 TFileResult TNativeFileSystem::CheckReplaceable(const std::string& path) {
     struct stat status = {};
     if (!Look(path, &status)) return FailWith(errno);
-    if (S_ISDIR(status.st_mode)) return FailWith(EISDIR);
     // A device or pipe would be gone afterwards.
-    if (!S_ISREG(status.st_mode)) return {TFileFault::Other, kNotRegular};
+    TFileResult result = CheckRegular(status);
+    if (!result.IsDone()) return result;
     // Renaming would silently overwrite a write-protected file.
     return ResultOf(Uninterrupted([&] { return access(Native(path), W_OK); }));
 }
