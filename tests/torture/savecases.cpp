@@ -34,6 +34,25 @@ std::vector<std::pair<std::string, std::string>> BuildFiles(const std::string& n
     return files;
 }
 
+/// A build of one top in Verilog.
+std::string RunText() {
+    return "<!DOCTYPE HdlBuildFileList SYSTEM \"hdl-buildfile.dtd\">\n"
+           "<HdlBuildFileList>\n"
+           "<HdlBuildFile TopLevelLanguage=\"Verilog\" HvlLanguage=\"Verilog\" "
+           "HdlLanguage=\"Verilog\" DestinationLibrary=\"work\">\n"
+           "<TopLevelComponents><ComponentList Language=\"Verilog\"><Component Library=\"work\" "
+           "Architecture=\"\">t</Component></ComponentList></TopLevelComponents>\n"
+           "<SourceFileGroup Language=\"Verilog\">\n"
+           "<SourceFile Library=\"false\">t.v</SourceFile>\n"
+           "</SourceFileGroup>\n</HdlBuildFile>\n</HdlBuildFileList>\n";
+}
+
+constexpr const char* kCompiler =
+    "#!/bin/sh\nset -e\n"
+    "while test $# -gt 0; do test \"$1\" != -o || out=$2; shift; done\n"
+    "echo compiled >\"$out\"\n";
+constexpr const char* kSimulator = "#!/bin/sh\nset -e\necho simulated\n";
+
 std::string LastLineOf(const std::string& text) {
     return text.empty() ? "" : text.substr(text.rfind('\n', text.size() - 2) + 1);
 }
@@ -74,10 +93,35 @@ const std::vector<TSaveCase>& SaveCases() {
     return cases;
 }
 
+TSaveCase ReportCase() {
+    return {"report of a run",
+            {{"b.xml", RunText()},
+             {"t.v", "module t; endmodule\n"},
+             {"bin/iverilog", kCompiler},
+             {"bin/vvp", kSimulator},
+             {"j.xml", kPast}},
+            HDLBUILD_PROGRAM,
+            "run b.xml --with icarus --tool-path bin -o out --junit j.xml",
+            "j.xml"};
+}
+
+std::string WhyNoRun() {
+    return std::system("command -v ninja >/dev/null 2>&1") == 0 ? "" : "ninja is not installed";
+}
+
+std::string WithoutTimes(const std::string& text) {
+    static const std::regex time("time=\"[0-9.]+\"");
+    return std::regex_replace(text, time, "time=\"T\"");
+}
+
 void TSavePlace::Restore() const {
     for (const auto& entry : std::filesystem::directory_iterator(Folder.Path()))
         std::filesystem::remove_all(entry);
-    for (const auto& [name, bytes] : Save.Files) Folder.Write(name, bytes);
+    for (const auto& [name, bytes] : Save.Files) {
+        Folder.Write(name, bytes);
+        if (name.starts_with("bin/"))
+            std::filesystem::permissions(Folder.Path(name), std::filesystem::perms::owner_all);
+    }
 }
 
 void TSavePlace::RestoreTarget() const {
@@ -106,7 +150,7 @@ int TSavePlace::Run(const std::string& prefix) const {
                                 "' XDG_CONFIG_HOME= ASAN_OPTIONS=detect_leaks=0 exec timeout -s "
                                 "KILL 20 " +
                                 prefix + " '" + Save.Program + "' " + Save.Arguments +
-                                " >/dev/null 2>&1";
+                                " >/dev/null 2>'" + Home.Path("errors") + "'";
     const int status = std::system(command.c_str());
     return WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
 }
@@ -115,16 +159,20 @@ std::string TSavePlace::Target() const {
     return Folder.Path(Save.Target);
 }
 
+std::string TSavePlace::Read() const {
+    return WithoutTimes(Folder.Read(Save.Target));
+}
+
 std::string TSavePlace::List() const {
     return Folder.List();
 }
 
 bool TSavePlace::Saves() {
     Restore();
-    OldBytes = Folder.Read(Save.Target);
+    OldBytes = Read();
     OldList = List();
     if (Run() != 0) return false;
-    NewBytes = Folder.Read(Save.Target);
+    NewBytes = Read();
     NewList = List();
     return NewBytes != OldBytes && NewBytes != "<missing>";
 }
@@ -132,7 +180,7 @@ bool TSavePlace::Saves() {
 bool TSavePlace::IsAsTold(int status) const {
     constexpr int kProblems = 1;
     constexpr int kKilled = 137;
-    const std::string bytes = Folder.Read(Save.Target);
+    const std::string bytes = Read();
     if (status == 0) return bytes == NewBytes;
     if (bytes == OldBytes) return true;
     if (status == kProblems) return LastLineOf(bytes) == LastLineOf(NewBytes);
@@ -146,5 +194,5 @@ bool TSavePlace::IsCleanBeside() const {
 
 bool TSavePlace::SavesAgain() const {
     RestoreTarget();
-    return Run() == 0 && Folder.Read(Save.Target) == NewBytes && List() == NewList;
+    return Run() == 0 && Read() == NewBytes && List() == NewList;
 }

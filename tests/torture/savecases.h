@@ -17,6 +17,14 @@ struct TSaveCase {
 /// Every kind of save: the library's own, edits of the tool, and the files that it makes.
 const std::vector<TSaveCase>& SaveCases();
 
+/// A run of a simulation with a report, by programs of the shell in the place of a simulator.
+TSaveCase ReportCase();
+/// Why the tool cannot run builds here; "" when it can.
+std::string WhyNoRun();
+
+/// The text of a report with times as "T": they differ each time.
+std::string WithoutTimes(const std::string& text);
+
 /// A folder in which a save can be tried again and again.
 class TSavePlace {
 public:
@@ -30,11 +38,15 @@ public:
     /// All files, by their paths.
     std::map<std::string, std::string> Files() const;
     /// The save behind the words of `prefix`; the status of a shell, 128 + signal for one that a
-    /// signal ended. What it prints is thrown away.
+    /// signal ended. Its results are thrown away.
     int Run(const std::string& prefix = {}) const;
+    /// What the last Run() has printed on standard error.
+    std::string Errors() const { return Home.Read("errors"); }
 
     std::string Path(const std::string& name = {}) const { return Folder.Path(name); }
     std::string Target() const;
+    /// The bytes of the file that is saved, without times.
+    std::string Read() const;
     std::string List() const;
     /// Whether the save works and leaves nothing but what it is to make. Called before any fault,
     /// it says what that is.

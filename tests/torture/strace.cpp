@@ -1,5 +1,6 @@
 #include "tests/torture/strace.h"
 #include "tests/torture/savecases.h"
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -48,6 +49,22 @@ std::vector<TFileCall> CallsOf(const TSavePlace& place, const std::string& log) 
             calls.push_back({name, number, match[3] == "1" || match[3] == "2"});
     }
     return calls;
+}
+
+std::map<std::string, std::size_t> MostCallsOf(const TSavePlace& place, const std::string& log) {
+    place.Restore();
+    place.Run("strace -f --seccomp-bpf -o '" + log + "' -e trace=" + kFileCalls);
+    static const std::regex line(R"((\d+) +(\w+)\(.*)");
+    std::ifstream stream(log);
+    std::map<std::string, std::map<std::string, std::size_t>> numbers;
+    std::map<std::string, std::size_t> most;
+    for (std::string text; std::getline(stream, text);) {
+        std::smatch match;
+        if (!std::regex_match(text, match, line)) continue;
+        std::size_t& largest = most[match[2]];
+        largest = std::max(largest, ++numbers[match[2]][match[1]]);
+    }
+    return most;
 }
 
 bool RunWithFault(const TSavePlace& place, const TCallFault& fault, const std::string& log,

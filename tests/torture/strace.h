@@ -1,5 +1,6 @@
 #pragma once
 #include <cstddef>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,10 @@ struct TFileCall {
 
 /// The calls of the program's first thread; not those of the loader and the allocator.
 std::vector<TFileCall> CallsOf(const TSavePlace& place, const std::string& log);
+
+/// How often one thread makes each call at most, by its name: of all processes, the loader and the
+/// allocator.
+std::map<std::string, std::size_t> MostCallsOf(const TSavePlace& place, const std::string& log);
 
 /// A fault in a call: an error or a signal as strace takes it, and the number of the call, with "+"
 /// behind it for that call and all that follow.
