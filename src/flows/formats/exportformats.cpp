@@ -39,7 +39,7 @@ const std::vector<TExportFormat>& GetExportFormats() {
          WriteNinjaFile},
         {"osvvm", "Script (.pro) for OSVVM", "libraries, order, standard, tops", WriteOsvvmScript},
         {"slang", "Command file for slang",
-         "include and library directories, library files, defines, top", WriteSlangList},
+         "include and library directories, library files, defines, delays, top", WriteSlangList},
         {"svls", ".svls.toml of the SystemVerilog language server svls", "include directories only",
          WriteSvls},
         {"vcs", "Command file for the large Verilog simulators",

@@ -10,7 +10,7 @@ namespace {
 /// Why a list cannot hold a name; null when it can.
 using TComplaint = const char* (*)(std::string_view name);
 
-enum TListDelays { NO_DELAYS, DELAYS_ON_COMMAND_LINE, DELAYS_IN_LIST };
+enum TListDelays { NO_DELAYS, DELAYS_ON_COMMAND_LINE, DELAYS_IN_LIST, DELAYS_OF_SLANG };
 
 /// How a simulator reads lists of Verilog sources.
 struct TListDialect {
@@ -160,6 +160,8 @@ void TListWriter::AddLanguage() {
     if (Dialect.LosesStandard) Writer.LoseVerilogStandard();
     if (Dialect.Delays == NO_DELAYS) Writer.LoseDelays();
     if (Dialect.Delays == DELAYS_IN_LIST) Writer.AddLine(DelayOption(delay));
+    if (Dialect.Delays == DELAYS_OF_SLANG && delay != DELAY_TYPE_TYPICAL)
+        Writer.AddLine(delay == DELAY_TYPE_MINIMUM ? "--timing min" : "--timing max");
 }
 
 void TListWriter::AddSettings() {
@@ -237,7 +239,7 @@ const TListDialect kSlang{.Format = "slang",
                           .TopOption = "--top ",
                           .ExtensionOption = "-Y ",
                           .SystemVerilogOption = nullptr,
-                          .Delays = NO_DELAYS,
+                          .Delays = DELAYS_OF_SLANG,
                           .Quoted = BackslashQuoted,
                           .SourceComplaint = VerilatorComplaint,
                           .WordComplaint = VerilatorWordComplaint};

@@ -165,6 +165,7 @@ void TEdamOptions::Take(TListMeaning meaning, const TWord& value, TListTool tool
         case MEANS_MINIMUM_DELAYS:
         case MEANS_TYPICAL_DELAYS:
         case MEANS_MAXIMUM_DELAYS:
+        case MEANS_DELAYS:
         case MEANS_LIBRARY:
         case MEANS_END_OF_LIBRARY:
         case MEANS_OPTION:

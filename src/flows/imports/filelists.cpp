@@ -29,19 +29,6 @@ struct TOpenList {
     TOpenList& operator=(const TOpenList&) = delete;
 };
 
-void TakeIcarusCommandLine(std::string_view line, const TImportPlace& place,
-                           TImportReader* reader) {
-    const std::vector<std::string> words = WordsOfOptions(line);
-    for (std::size_t at = 0; at < words.size(); ++at) {
-        if (words[at] == "-s" && at + 1 < words.size())
-            reader->AddTop({LANGUAGE_VERILOG, "", words[++at], ""}, place);
-        if (const char* const year = FindVerilogYear(words[at]))
-            reader->SetStandard(LANGUAGE_VERILOG, year, place);
-        if (const auto delay = FindIcarusDelay(words[at]))
-            reader->SettingsOf(LANGUAGE_VERILOG).Delay = delay;
-    }
-}
-
 /// Reads a list, and those that it names, of one dialect.
 class TFileListReader {
 public:
@@ -55,11 +42,14 @@ private:
     TImportPlace PlaceOf(const TListWord& word) {
         return {List().File.Name, word.Line, word.Column};
     }
+    void TakeCommandLines();
+    void TakeCommandLine(const std::vector<std::string>& words, const TImportPlace& place);
     void TakeWord(const TListWord& word);
     void KeepUnknown(const TListWord& word);
     bool IsOperand(const std::string& word);
     void TakeOption(const TListOption& option, const TListWord& word);
     void Take(TListMeaning meaning, const std::string& value, const TImportPlace& place);
+    void TakeDelays(const std::string& word, const TImportPlace& place);
     void TakeFlag(TListMeaning meaning, const TImportPlace& place);
     void KeepOption(const TListOption& option, const TListWord& word);
     void AddSource(const std::string& name, bool isLibraryFile, const TImportPlace& place);
@@ -83,6 +73,7 @@ private:
 void TFileListReader::Read(const TImportFile& file) {
     WorkingFolder = file.Folder;
     Lists.emplace_back(file, Dialect.Syntax, "");
+    if (Dialect.Tool == LIST_ICARUS) TakeCommandLines();
     while (!Lists.empty()) {
         TListWord word;
         const bool isAhead = Ahead.has_value();
@@ -95,6 +86,37 @@ void TFileListReader::Read(const TImportFile& file) {
         if (words.GetFault()) Reader.Fail(words.GetFault(), PlaceOf(words.GetFaultWord()));
         Lists.pop_back();
         if (!Lists.empty()) Reader.Leave();
+    }
+}
+
+// A comment that is the command line says what a list has no words for: exports have one.
+void TFileListReader::TakeCommandLines() {
+    int number = 0;
+    for (const std::string_view line : LinesOfImport(List().File.Text)) {
+        ++number;
+        if (line.starts_with("// iverilog "))
+            TakeCommandLine(WordsOfOptions(line), {List().File.Name, number, 1});
+    }
+}
+
+// The list itself is an operand there, and what the command makes; words of people are no options.
+void TFileListReader::TakeCommandLine(const std::vector<std::string>& words,
+                                      const TImportPlace& place) {
+    for (const std::vector<std::string>& group : WithOperands(words)) {
+        const std::string& word = group.front();
+        const TListOption* const option = FindListOption(word, LIST_ICARUS_COMMAND);
+        if (const char* const year = FindVerilogYear(word)) {
+            Reader.SetStandard(LANGUAGE_VERILOG, year, place);
+        } else if (const auto delay = FindIcarusDelay(word)) {
+            Reader.SettingsOf(LANGUAGE_VERILOG).Delay = delay;
+        } else if (option && (group.size() > 1 || word != option->Name)) {
+            if (option->Meaning != MEANS_LIST)
+                Take(option->Meaning, word == option->Name ? group[1] : word.substr(2), place);
+        } else if (IsTaken(word, kWordsOfIcarus)) {
+            Reader.KeepOption(LANGUAGE_VERILOG, word, place, {group.begin() + 1, group.end()});
+        } else if (IsOptionWord(word) && word != "-o") {
+            Reader.Lose("the option " + TextOfOption(group), place);
+        }
     }
 }
 
@@ -181,6 +203,8 @@ void TFileListReader::Take(TListMeaning meaning, const std::string& value,
         case MEANS_LIBRARY:
             List().Library = value;
             return;
+        case MEANS_DELAYS:
+            return TakeDelays(value, place);
         case MEANS_LIST:
         case MEANS_LIST_BESIDE:
         case MEANS_UNIT_LIST:
@@ -193,6 +217,13 @@ void TFileListReader::Take(TListMeaning meaning, const std::string& value,
         case MEANS_OPTION:
             return;  // have no value
     }
+}
+
+// Icarus Verilog has the same three words, behind its option.
+void TFileListReader::TakeDelays(const std::string& word, const TImportPlace& place) {
+    const std::optional<TSimProjectDelayType> delay = FindIcarusDelay("-T" + word);
+    if (!delay) return Reader.Fail("the delays " + word, place);
+    Reader.SettingsOf(LANGUAGE_VERILOG).Delay = delay;
 }
 
 void TFileListReader::TakeFlag(TListMeaning meaning, const TImportPlace& place) {
@@ -221,6 +252,7 @@ void TFileListReader::TakeFlag(TListMeaning meaning, const TImportPlace& place) 
         case MEANS_UNIT_LIST:
         case MEANS_TOP:
         case MEANS_LIBRARY:
+        case MEANS_DELAYS:
         case MEANS_OPTION:
             return;  // have one
     }
@@ -279,14 +311,7 @@ void ReadFileList(TImportReader& reader, const TImportFile& file) {
     TFileListReader(&reader, kCommonList).Read(file);
 }
 
-// A comment that is the command line says what a list has no words for: exports have one.
 void ReadIcarusList(TImportReader& reader, const TImportFile& file) {
-    int number = 0;
-    for (const std::string_view line : LinesOfImport(file.Text)) {
-        ++number;
-        if (line.starts_with("// iverilog "))
-            TakeIcarusCommandLine(line, {file.Name, number, 1}, &reader);
-    }
     TFileListReader(&reader, kIcarusList).Read(file);
 }
 

@@ -43,7 +43,7 @@ const std::vector<TImportFormat>& GetImportFormats() {
         {"osvvm", "Script (.pro) for OSVVM, as far as it is literal",
          "libraries, order, standard, tops", ORDER_COUNTS, ReadOsvvmScript},
         {"slang", "Command file of slang",
-         "include and library directories, library files, defines, top", ORDER_COUNTS,
+         "include and library directories, library files, defines, delays, top", ORDER_COUNTS,
          ReadSlangList},
         {"vcs", "Command file of the large Verilog simulators",
          "libraries, include and library directories, library files, defines, delays, top, options",

@@ -49,6 +49,7 @@ enum TListMeaning : int {
     MEANS_MINIMUM_DELAYS,
     MEANS_TYPICAL_DELAYS,
     MEANS_MAXIMUM_DELAYS,
+    MEANS_DELAYS,  ///< "min", "typ" or "max"
     MEANS_LIBRARY,
     MEANS_END_OF_LIBRARY,
     MEANS_OPTION  ///< of the simulator alone

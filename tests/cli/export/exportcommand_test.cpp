@@ -54,7 +54,7 @@ TEST(ExportCommand, ListsTheFormats) {
               "osvvm             Script (.pro) for OSVVM                                          "
               "libraries, order, standard, tops\n"
               "slang             Command file for slang                                           "
-              "include and library directories, library files, defines, top\n"
+              "include and library directories, library files, defines, delays, top\n"
               "svls              .svls.toml of the SystemVerilog language server svls             "
               "include directories only\n"
               "vcs               Command file for the large Verilog simulators                    "

@@ -123,10 +123,10 @@ TEST(VerilogLists, HaveTheWordsOfEachReader) {
     plan.Settings[0].Standard = "2012";
     plan.Settings[0].Delay = DELAY_TYPE_MINIMUM;
     EXPECT_EQ(Exported("slang", plan, &plan.Tops[0]),
-              "slang has no words for the choice of delays\n"
               "slang has no words for sources in VHDL\n"
               "slang has no words for the run option +go\n"
               "// Verilog sources for slang\n"
+              "--timing min\n"
               "+incdir+inc\n"
               "+define+TAPS=16\n"
               "+define+FAST\n"

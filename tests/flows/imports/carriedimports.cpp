@@ -333,6 +333,7 @@ const std::vector<TSample>& Samples() {
         {{"slang"}, STANDARD, ab + "--std=1800-2017\n"},
         {kLargeLists, DELAYS, ab + "+maxdelays\n"},
         {{"icarus"}, DELAYS, ab + "// iverilog -Tmax\n"},
+        {{"slang"}, DELAYS, ab + "--timing max\n"},
         {kLists, OPTIONS, ab + "--word\n"},
         {{"filelist", "verilator"}, TOPS, ab + "--top-module tb\n"},
         {{"icarus"}, TOPS, ab + "// iverilog -s tb\n"},

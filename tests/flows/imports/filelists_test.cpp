@@ -100,6 +100,28 @@ TEST(FileLists, FollowTheirDialects) {
          "in/list:1:1 top Verilog .tb\n"
          "in/list:1:1 standard 2012\n"
          "delays max\n"},
+        {"icarus",
+         "// iverilog is called so, with no list:\n"
+         "// iverilog -stb -gspecify -DX -y lib -Ii -Y .sv -l c.v -P tb.N=3 -Tmin -o t.vvp -fa -x\n"
+         "a.v\n",
+         "in/list:2:1 Verilog  in/c.v library file\n"
+         "in/list:3:1 Verilog  in/a.v\n"
+         "in/list:2:1 top Verilog .tb\n"
+         "in/list:2:1 include in/i\n"
+         "in/list:2:1 library folder in/lib\n"
+         "in/list:2:1 extension .sv\n"
+         "in/list:2:1 define X=\n"
+         "delays min\n"
+         "in/list:2:1 option -gspecify\n"
+         "in/list:2:1 option -P tb.N=3\n"
+         "in/list:2:1 HB706 kept as a compile option: -gspecify\n"
+         "in/list:2:1 HB706 kept as a compile option: -P tb.N=3\n"
+         "in/list:2:1 HB701 a build has no words for the option -x\n"},
+        {"slang", "-T max a.v\n", "in/list:1:8 Verilog  in/a.v\ndelays max\n"},
+        {"slang", "--timing=min a.v -T most\n",
+         "in/list:1:14 Verilog  in/a.v\n"
+         "delays min\n"
+         "in/list:1:18 HB708 not of the format: the delays most\n"},
         {"verible", "+incdir+a+b\n+define+A\n-y lib\nc d.v\n",
          "in/list:4:1 Verilog  in/c d.v\n"
          "in/list:1:1 include in/a+b\n"
