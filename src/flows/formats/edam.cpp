@@ -19,6 +19,9 @@ public:
         if (TJson options = TEdamTools(&Writer, EDAM_FOLDERS_STAY).Make(); !options.IsNull())
             tree["tool_options"] = std::move(options);
         Parts.LoseSettings();
+        for (const TPlanSource& source : Writer.GetPlan().Sources)
+            if (source.IsLibraryFile && !IsVerilogLibraryFile(source))
+                Writer.Lose("the mark of library files");
         return tree;
     }
 
@@ -41,7 +44,7 @@ TJson TEdamTree::MakeFiles() {
                    {"include_path", folder}});
     }
     for (const TPlanSource& source : Writer.GetPlan().Sources) {
-        if (Parts.FileTypeOf(source).empty()) continue;
+        if (Parts.FileTypeOf(source).empty() || IsVerilogLibraryFile(source)) continue;
         TJson file = {{"name", NameOf(source.Path)}};
         Parts.AddAttributes(source, &file);
         files.Add(std::move(file));

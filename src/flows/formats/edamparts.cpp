@@ -121,7 +121,6 @@ void TEdamParts::LoseSettings() {
         if (!settings.LibraryDirectories.empty()) Writer.Lose("library directories");
         Writer.LoseOptions(settings.Language, {});
     }
-    Writer.LoseLibraryFiles();
 }
 
 std::string TEdamParts::TextOfName(const std::string& name) {

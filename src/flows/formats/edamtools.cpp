@@ -75,6 +75,18 @@ void TEdamTools::AddFolders() {
         Icarus.push_back(name);
         Verilator.push_back(QuotedWord("+libext+" + extension));
     }
+    AddLibraryFiles();
+}
+
+// A tool takes them behind all files, into the library that it works in.
+void TEdamTools::AddLibraryFiles() {
+    for (const TPlanSource& source : Writer.GetPlan().Sources) {
+        if (!IsVerilogLibraryFile(source)) continue;
+        if (source.Library != "work") Writer.Lose("libraries of library files");
+        const std::string name = Checked(Writer.PathOf(source.Path), false);
+        Icarus.insert(Icarus.end(), {"-l", name});
+        Verilator.insert(Verilator.end(), {"-v", name});
+    }
 }
 
 std::string TEdamTools::Checked(const std::string& name, bool isInList) {

@@ -4,6 +4,12 @@
 #include <string>
 #include <vector>
 
+/// Whether the file is one of Verilog that counts when something instantiates its modules: tools
+/// have an option for it, EDAM has no word.
+inline bool IsVerilogLibraryFile(const TPlanSource& source) {
+    return source.IsLibraryFile && source.Language == LANGUAGE_VERILOG;
+}
+
 /// Whether a tool is called where relative paths of the file lead to the same folders.
 enum TEdamFolders : int { EDAM_FOLDERS_STAY, EDAM_FOLDERS_MOVE };
 
@@ -23,6 +29,7 @@ private:
 
     void AddLanguage();
     void AddFolders();
+    void AddLibraryFiles();
     void AddVerilogOptions(TPlanStep step);
     void AddVhdl();
     TWords WordsForGhdl(TPlanStep step);

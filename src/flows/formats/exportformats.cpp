@@ -10,12 +10,12 @@ const std::vector<TExportFormat>& GetExportFormats() {
          "include directories, defines, options", WriteCompileCommands},
         {"depfile", "Rule of make and ninja that names all sources", "nothing else", WriteDepfile},
         {"edam-json", "EDAM for Edalize, as JSON",
-         "libraries, order, standard, include and library directories, defines, delays, tops, "
-         "options",
+         "libraries, order, standard, include and library directories, library files, defines, "
+         "delays, tops, options",
          WriteEdamJson},
         {"edam-yaml", "EDAM for Edalize, as YAML",
-         "libraries, order, standard, include and library directories, defines, delays, tops, "
-         "options",
+         "libraries, order, standard, include and library directories, library files, defines, "
+         "delays, tops, options",
          WriteEdamYaml},
         {"filelist", "Command file in the subset that all readers of such lists share",
          "include and library directories, library files, defines", WriteFileList},

@@ -42,6 +42,7 @@ TJson TCore::Make() {
         target["tools"] = std::move(options);
     core["targets"]["default"] = std::move(target);
     Parts.LoseSettings();
+    Writer.LoseLibraryFiles();
     return core;
 }
 

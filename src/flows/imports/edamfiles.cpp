@@ -98,6 +98,7 @@ void TEdamReader::Read() {
     Options.Read();
     for (const TTree& file : Tree.ListIn(root, "files"))
         if (Tree.IsMap(file)) ReadFile(file);
+    Options.AddLibraryFiles();
     Options.SetVerilogYear(HasSystemVerilog);
     Options.CheckMode(
         Languages.contains(LANGUAGE_VERILOG),

@@ -156,7 +156,7 @@ void TEdamOptions::Take(TListMeaning meaning, const TWord& value, TListTool tool
         case MEANS_TOP:
             return reader.AddTop({LANGUAGE_VERILOG, "", value.Text, ""}, place);
         case MEANS_LIBRARY_FILE:
-            return reader.AddSource({Tree.PathOf(value.Text), LANGUAGE_VERILOG, "", true, place});
+            return LibraryFiles.push_back(value);
         case MEANS_DEFINE:
         case MEANS_LIST:
         case MEANS_LIST_BESIDE:
@@ -275,14 +275,23 @@ void TEdamOptions::MergeKept(std::vector<TWords> kept) {
 }
 
 void TEdamOptions::SetVerilogYear(bool hasSystemVerilogFile) {
+    for (const TWord& file : LibraryFiles)
+        if (file.Text.ends_with(".sv") || file.Text.ends_with(".svh")) hasSystemVerilogFile = true;
     if (VerilogYear.Text.empty() ||
         (VerilogYear.Text == kSystemVerilogYear && hasSystemVerilogFile))
         return;
     Tree.GetReader().SetStandard(LANGUAGE_VERILOG, VerilogYear.Text, VerilogYear.Place);
 }
 
-void TEdamOptions::CheckMode(bool hasVerilog, bool hasProgram) {
+void TEdamOptions::AddLibraryFiles() {
+    for (const TWord& file : LibraryFiles)
+        Tree.GetReader().AddSource(
+            {Tree.PathOf(file.Text), LANGUAGE_VERILOG, "", true, Tree.PlaceOf(*file.From)});
+}
+
+void TEdamOptions::CheckMode(bool hasVerilogFile, bool hasProgram) {
     if (!Mode) return;
+    const bool hasVerilog = hasVerilogFile || !LibraryFiles.empty();
     const std::string_view own = hasVerilog && !hasProgram ? "binary" : "cc";
     if (Mode->Text != own) Tree.Lose("the mode " + Mode->Text + " of Verilator", *Mode);
 }

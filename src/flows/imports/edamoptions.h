@@ -22,8 +22,10 @@ public:
     /// Sets the year of Verilog. Icarus Verilog is told the latest one for the sake of single
     /// files, too: that counts where no file asks for it.
     void SetVerilogYear(bool hasSystemVerilogFile);
-    /// Tells of a mode of Verilator that does not follow from the files.
-    void CheckMode(bool hasVerilog, bool hasProgram);
+    /// Adds the library files that options name. What a file lists is known before.
+    void AddLibraryFiles();
+    /// Tells of a mode of Verilator that does not follow from the files, be they of options.
+    void CheckMode(bool hasVerilogFile, bool hasProgram);
 
 private:
     struct TWord {
@@ -56,6 +58,7 @@ private:
     TImportedText VerilogYear;
     std::string VhdlYear;
     const TTree* Mode = nullptr;
+    TWords LibraryFiles;
     std::vector<TWords> Kept;             // options of Verilog, each with its operand
     std::map<TListTool, TWords> Defines;  // of the tools that the file has options of
     std::set<std::string> Taken;          // what both tools of Verilog may say

@@ -137,10 +137,11 @@ bool TImportCheck::IsSameFile(const TImportedSource& first, const TImportedSourc
                                        std::u8string(otherPath.begin(), otherPath.end()), fault);
 }
 
-// A build compiles language by language.
+// A build compiles language by language. Of library files the order does not count.
 void TImportCheck::CheckOrder() {
     THdlLanguage last = LANGUAGE_VERILOG;
     for (const TImportedSource& source : Imported.Sources) {
+        if (source.IsLibraryFile) continue;
         if (source.Language < last)
             return Tell(
                 DIAGNOSTIC_NOT_IMPORTED,

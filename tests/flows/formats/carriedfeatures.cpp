@@ -71,7 +71,7 @@ std::vector<TVariant> InTops() {
     for (const THdlLanguage language : {LANGUAGE_VHDL, LANGUAGE_VERILOG})
         variants.push_back({"", language,
                             [=](TBuildPlan* plan) {
-                                plan->Tops = {{language, "main", "tb", ""}};
+                                plan->Tops = {{language, "work", "tb", ""}};
                             },
                             true});
     return variants;
@@ -119,9 +119,9 @@ TBuildPlan MakePlan(const TVariant& variant) {
     if (variant.Language == LANGUAGE_NONE) return plan;
     const std::string end = variant.Language == LANGUAGE_VHDL ? ".vhd" : ".v";
     for (const char* const name : {"/p/a", "/p/b"})
-        plan.Sources.push_back({name + end, variant.Language, "main", false, {}});
+        plan.Sources.push_back({name + end, variant.Language, "work", false, {}});
     plan.Settings.emplace_back().Language = variant.Language;
-    if (!variant.IsWithoutTop) plan.Tops = {{variant.Language, "main", "tb", ""}};
+    if (!variant.IsWithoutTop) plan.Tops = {{variant.Language, "work", "tb", ""}};
     return plan;
 }
 

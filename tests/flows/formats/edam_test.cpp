@@ -5,7 +5,7 @@
 TEST(Edam, NamesTheSourcesWithTheirTypesInOrder) {
     EXPECT_EQ(Exported("edam-yaml", MakeSamplePlan()),
               "edam-yaml has no words for the architecture sim\n"
-              "edam-yaml has no words for the mark of library files\n"
+              "edam-yaml has no words for libraries of library files\n"
               "version: \"0.2.1\"\n"
               "name: soc\n"
               "toplevel: \"adc tb\"\n"
@@ -15,9 +15,6 @@ TEST(Edam, NamesTheSourcesWithTheirTypesInOrder) {
               "    is_include_file: true\n"
               "    include_path: inc\n"
               "  - name: rtl/adc.v\n"
-              "    file_type: verilogSource\n"
-              "    logical_name: main\n"
-              "  - name: lib/cells.v\n"
               "    file_type: verilogSource\n"
               "    logical_name: main\n"
               "  - name: rtl/adc_pkg.vhd\n"
@@ -47,6 +44,8 @@ TEST(Edam, NamesTheSourcesWithTheirTypesInOrder) {
               "      - \".v\"\n"
               "      - \"-Y\"\n"
               "      - \".sv\"\n"
+              "      - \"-l\"\n"
+              "      - lib/cells.v\n"
               "  verilator:\n"
               "    mode: binary\n"
               "    verilator_options:\n"
@@ -54,6 +53,8 @@ TEST(Edam, NamesTheSourcesWithTheirTypesInOrder) {
               "      - lib\n"
               "      - \"+libext+.v\"\n"
               "      - \"+libext+.sv\"\n"
+              "      - \"-v\"\n"
+              "      - lib/cells.v\n"
               "  ghdl:\n"
               "    analyze_options:\n"
               "      - \"-frelaxed\"\n");

@@ -21,8 +21,8 @@ TEST(EdamOptions, GiveWhatABuildHasWordsFor) {
                               "parameters:\n"
                               "  go: {datatype: bool, default: true, paramtype: plusarg}\n"
                               "  n: {datatype: int, default: 2, paramtype: plusarg}\n"),
-              "in/list:4:30 Verilog  in/cells.v library file\n"
               "in/list:14:5 Verilog  in/a.v\n"
+              "in/list:4:30 Verilog  in/cells.v library file\n"
               "in/list:4:42 top Verilog .tb\n"
               "in/list:4:23 include in/inc\n"
               "in/list:3:39 library folder in/lib\n"
@@ -184,6 +184,22 @@ TEST(EdamOptions, GiveTheDefinesOfBothTools) {
             text += std::string("verilator: {verilator_options: [") + row.Verilator + "]}";
         EXPECT_EQ(folder.ReadText("edam-yaml", text + "}\n"), row.Read) << text;
     }
+}
+
+// What a file lists is a source; options add files to it.
+TEST(EdamOptions, GiveLibraryFilesBehindTheSources) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("edam-yaml",
+                              "tool_options:\n"
+                              "  icarus: {iverilog_options: [-l c.v, -l b.v]}\n"
+                              "  verilator: {verilator_options: [-v, c.v]}\n"
+                              "files:\n"
+                              "  - {name: a.v, file_type: verilogSource}\n"
+                              "  - {name: b.v, file_type: verilogSource}\n"),
+              "in/list:5:5 Verilog  in/a.v\n"
+              "in/list:6:5 Verilog  in/b.v\n"
+              "in/list:2:31 Verilog  in/c.v library file\n"
+              "in/list:2:39 HB702 named again in another way: in/b.v (first: in/list:6:5)\n");
 }
 
 TEST(EdamOptions, AskForSystemVerilogWhereNoFileDoes) {

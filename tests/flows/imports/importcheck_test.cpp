@@ -129,6 +129,11 @@ TEST(ImportCheck, TellsOfAnOrderThatGroupsLose) {
     EXPECT_EQ(Checked(imported, ORDER_COUNTS),
               listed + "l:2 HB701 a build has no words for the order of Verilog behind VHDL\n");
     EXPECT_EQ(Checked(imported, ORDER_DOES_NOT_COUNT), listed);
+    for (const std::size_t number : {std::size_t{1}, std::size_t{2}})
+        imported.Sources[number].IsLibraryFile = true;
+    EXPECT_EQ(
+        Checked(imported, ORDER_COUNTS),
+        "l:1 VHDL  b.vhd\nl:2 Verilog  a.v library file\nl:3 Verilog  sub/c.v library file\n");
 }
 
 TEST(ImportCheck, GivesTopsTheLanguageOfTheSources) {
