@@ -39,14 +39,6 @@ std::optional<std::string> TIniKeys::ReadText(const char* key) const {
     return text;
 }
 
-void TIniKeys::ReadText(const char* key, TMyString* value) const {
-    if (const auto text = ReadText(key)) *value = *text;
-}
-
-bool TIniKeys::ReadBool(const char* key, bool missing) const {
-    return Cache->GetPrivatePropBool(Section.c_str(), (Prefix + key).c_str(), missing);
-}
-
 std::optional<std::vector<std::string>> TIniKeys::ReadStringsFromINI(const char* key) const {
     const std::string name = key;
     const int count = LeadingNumber(ReadText((name + " Count").c_str()).value_or("-1"));
@@ -62,10 +54,6 @@ std::optional<std::vector<std::string>> TIniKeys::ReadStringsFromINI(const char*
 
 void TIniKeys::WriteText(const char* key, const char* value) const {
     Cache->WritePrivatePropString(Section.c_str(), (Prefix + key).c_str(), value);
-}
-
-void TIniKeys::WriteBool(const char* key, bool value) const {
-    Cache->WritePrivatePropBool(Section.c_str(), (Prefix + key).c_str(), value);
 }
 
 void TIniKeys::WriteStringsToINI(const char* key, const std::vector<std::string>& texts) const {

@@ -1,5 +1,4 @@
 #pragma once
-#include "services/base/mystring.h"
 #include <optional>
 #include <string>
 #include <vector>
@@ -15,15 +14,11 @@ public:
 
     /// Nothing for an absent key.
     std::optional<std::string> ReadText(const char* key) const;
-    /// Leaves `*value` alone when the key is absent.
-    void ReadText(const char* key, TMyString* value) const;
-    bool ReadBool(const char* key, bool missing) const;
     /// The list under `key`: its count under `key` + " Count", entry i from 0 under `key` + i.
     /// Nothing when the count is absent or negative; entries without a key are left out.
     std::optional<std::vector<std::string>> ReadStringsFromINI(const char* key) const;
 
     void WriteText(const char* key, const char* value) const;
-    void WriteBool(const char* key, bool value) const;
     /// Nothing for an empty list.
     void WriteStringsToINI(const char* key, const std::vector<std::string>& texts) const;
 
