@@ -266,6 +266,34 @@ TEST(VerilogCommandFile, NamesARelativeSourceAsItStands) {
     EXPECT_EQ(lines, "bare.v\nsub/../one.v\n../up two.v\n");
 }
 
+TEST(VerilogCommandFile, NamesAWholePathOfACallersOwnClassAgainstTheBuild) {
+    BareBuild bare;
+    const std::string path = Below("own/three.v");
+    const OwnName name(path.c_str());
+    THdlSourceFile source(&name);
+    TIHdlSourceFileList* group = bare.Build.GetSourceFileGroup(LANGUAGE_VERILOG);
+    group->AddSourceFile(&source, false);
+    std::ostringstream text;
+    bare.Build.AddSourceFilesToCommandFile(text, LANGUAGE_VERILOG);
+    group->Flush();
+    EXPECT_EQ(text.str(), "own/three.v\n");
+}
+
+TEST(VerilogCommandFile, WritesMoreLinesThanItHoldsAtOnce) {
+    constexpr int kSources = 1500;  // of more than 16 KB
+    BareBuild bare;
+    std::string lines;
+    for (int number = 0; number < kSources; ++number) {
+        const std::string name = "rtl/f" + std::to_string(number) + ".v";
+        bare.Add(Below(name));
+        lines += name;
+        lines += '\n';
+    }
+    std::ostringstream text;
+    bare.Build.AddSourceFilesToCommandFile(text, LANGUAGE_VERILOG);
+    EXPECT_EQ(text.str(), lines);
+}
+
 TEST(VerilogCommandFile, NamesASourceThatWasGivenAgainstTheWorkingDirectory) {
     const TemporaryFolder folder;
     const WorkingDirectory inside(folder.Path());
