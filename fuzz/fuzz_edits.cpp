@@ -33,10 +33,11 @@ const ISFileName* FileOf(unsigned number) {
     return ISFileName::NewISFileName(NameOf(number).c_str());
 }
 
+// In UTF-8, into which a save turns all others.
 const std::string& TextOf(unsigned number) {
     static const std::vector<std::string> texts = {
         "",     "work", "a b",  " x ",  "<&>\"'", "\xC3\xA4", "two\nlines", "\t",
-        "--->", "]]>",  "\x01", "\xFF", "%s",     "false",    "Verilog",    "ns",
+        "--->", "]]>",  "\x01", "\x7F", "%s",     "false",    "Verilog",    "ns",
     };
     return texts[number % texts.size()];
 }

@@ -131,9 +131,9 @@ private:
         TProjectSimLanguageConfig settings;
         settings.SetProjectFileName(FileOf(kBuild));
         settings.SetTool(Choices.Row(GetSimulatorTable()).Type);
-        // Others are what the next read makes absolute.
-        settings.AddIncludeDirectory(Choices.Text().c_str(), true);
-        settings.AddLibraryDirectory(Choices.Text().c_str(), true);
+        // Absolute ones get a delimiter at their end, which a read takes away.
+        settings.AddIncludeDirectory(("d" + Choices.Text()).c_str(), true);
+        settings.AddLibraryDirectory(("d" + Choices.Text()).c_str(), true);
         settings.AddLibraryExtension(Choices.Text().c_str());
         settings.SetBuildOptions(Choices.Text().c_str());
         settings.SetLinkerOptions(Choices.Text().c_str());
