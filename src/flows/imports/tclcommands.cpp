@@ -114,4 +114,6 @@ void TTclCommands::TakeEscape(std::string* word) {
         *word += known == std::string_view::npos ? At() : kValues[known];
     }
     Step();
+    // The blanks that begin the next line belong to the end of the one before.
+    while (isContinued && (At() == ' ' || At() == '\t')) Step();
 }

@@ -34,6 +34,7 @@ TEST(PythonLiterals, AreTextsListsAndDictionaries) {
         {"a = 'b' \\\n 'c'\n", "1 a 1[]bc\n"},
         {"a = '''x\ny''' + z\n", "1 a! 1[]x\ny\n"},
         {"a = r'x\\y' 'it\\'s\\\\n\\d'", "1 a 1[]x\\yit's\\n\\d\n"},
+        {"a = 'x\\\n y' r'x\\\n'\n", "1 a 1[]x yx\\\n\n"},
         {"a = None\nb = []\n", "1 a\n2 b\n"},
         {"a = b\nc = f('x')\nif x == 'y':\n    d = 'z'\n",
          "1 a!\n2 c! 2[]x\n3 if! 3[]y\n4 d 4[]z\n"},

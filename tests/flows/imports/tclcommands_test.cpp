@@ -28,6 +28,7 @@ TEST(TclCommands, AreTakenApartAsTclDoes) {
         {"# x \\\n y\na # b\n", "3 a|#|b|\n"},
         {"a {b {c} \\} $d} \"e f\" {}", "1 a|b {c} \\} $d|e f||\n"},
         {"a b\\ c\\$d\\n\\\n  e", "1 a|b c$d\n|e|\n"},
+        {"a \"b\\\n  c\" d\\\r\n\te\n", "1 a|b c|d|e|\n"},
         {"a $b\nc [d e]f \"[g h]\"\n{*}i", "1 $ a|$b|\n2 $ c|[d e]f|[g h]|\n3 $ i|\n"},
         {"if {$a} {\n  b\n}\nc", "1 if|$a|\n  b\n|\n4 c|\n"},
         {"a {b", "1 a brace that is not closed"},
