@@ -1,6 +1,7 @@
 #pragma once
 #include "tests/outofmemory/failingheap.h"
 #include <atomic>
+#include <cstdlib>
 
 // For the one source of the program that has the heap.
 
@@ -28,7 +29,28 @@ void CountFree(const void* memory) {
     if (memory) --live;
 }
 
+void* AllocateForExpat(std::size_t size) {
+    return FailsNow() ? nullptr : Counted(std::malloc(size));
+}
+
+void* ReallocateForExpat(void* memory, std::size_t size) {
+    if (FailsNow()) return nullptr;
+    void* const moved = std::realloc(memory, size);
+    return memory ? moved : Counted(moved);
+}
+
+void FreeForExpat(void* memory) {
+    CountFree(memory);
+    std::free(memory);
+}
+
 }  // namespace
+
+const XML_Memory_Handling_Suite& FailingHeap::GetExpatMemory() {
+    static const XML_Memory_Handling_Suite memory{AllocateForExpat, ReallocateForExpat,
+                                                  FreeForExpat};
+    return memory;
+}
 
 void FailingHeap::FailAt(std::size_t number, bool forever) {
     allocations = 0;

@@ -1,3 +1,5 @@
+#include "services/xml/expatrun.h"
+#include "tests/outofmemory/failingheap.h"
 #include "tests/outofmemory/tries.h"
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -25,6 +27,7 @@ std::size_t TryAll(const TWorkRow& row, bool forever, TAfterFailure after) {
 
 /// Each work without one allocation, and without all from one on.
 void TryWorks(const std::vector<TWorkRow>& works) {
+    SetExpatMemory(&FailingHeap::GetExpatMemory());
     for (const TWorkRow& row : works) {
         std::size_t count = TryAll(row, false, WORK_IS_DELETED);
         count += TryAll(row, true, WORK_IS_DELETED_AT_ONCE);

@@ -1,6 +1,7 @@
 #include "services/xml/expatrun.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -12,6 +13,8 @@ namespace {
 constexpr std::size_t kUsualPart = std::size_t{1} << 16;
 constexpr std::size_t kLargestPart = std::size_t{1} << 29;
 
+std::atomic<const XML_Memory_Handling_Suite*> expatMemory = nullptr;
+
 int ReadUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding) {
     encoding->data = nullptr;
     encoding->convert = nullptr;
@@ -21,8 +24,12 @@ int ReadUnknownEncoding(void*, const XML_Char* name, XML_Encoding* encoding) {
 
 }  // namespace
 
+void SetExpatMemory(const XML_Memory_Handling_Suite* memory) {
+    expatMemory = memory;
+}
+
 TExpatRun::TExpatRun(const TXMLEncoding& encoding, void* userData)
-    : Parser(XML_ParserCreate(encoding.Name)) {
+    : Parser(XML_ParserCreate_MM(encoding.Name, expatMemory, nullptr)) {
     if (!Parser) throw std::bad_alloc();
     XML_SetUserData(Parser, userData);
     XML_SetUnknownEncodingHandler(Parser, ReadUnknownEncoding, nullptr);

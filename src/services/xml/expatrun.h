@@ -6,6 +6,10 @@
 
 #include "services/xml/xmlencoding.h"
 
+/// Where parsers that are made from now on take their memory, for tests; null, as at first, for the
+/// system's heap. It must outlive them.
+void SetExpatMemory(const XML_Memory_Handling_Suite* memory);
+
 /// One parse of a document by Expat. Handlers are set on GetParser(); their user data is the run's
 /// `userData`. The end handler of an empty element may be called once more after Refuse().
 class TExpatRun {
