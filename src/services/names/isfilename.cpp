@@ -176,11 +176,16 @@ public:
     }
     const TSharedFileName* FindOrMake(std::string_view text, std::size_t hash) {
         const std::lock_guard guard(Lock);
-        TSlot& slot = Slots[FindSlot(text, hash)];
-        if (slot.Handle) return slot.Handle;
+        std::size_t slot = FindSlot(text, hash);
+        if (Slots[slot].Handle) return Slots[slot].Handle;
+        if ((Count + 1) * 4 > Slots.size() * 3) {
+            // First: a search in a table without a free slot would not end.
+            Grow();
+            slot = FindSlot(text, hash);
+        }
         const auto* const handle = MakeHandle(text, FindFirst(text, hash));
-        slot = {hash, handle};
-        if (++Count * 4 > Slots.size() * 3) Grow();
+        Slots[slot] = {hash, handle};
+        ++Count;
         return handle;
     }
 
