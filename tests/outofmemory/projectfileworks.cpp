@@ -6,7 +6,7 @@
 
 namespace {
 
-class TCountingObserver : public AHdbObjectObserver {
+class TSilentObserver : public AHdbObjectObserver {
 public:
     void FileInserted(int) override {}
 };
@@ -46,7 +46,7 @@ struct TFiles {
         return *Files.FindFromISFileName(Handle(name));
     }
 
-    TCountingObserver Observer;
+    TSilentObserver Observer;
     THdlUserSourceFileList Files{nullptr};
     THdlTimingDiagramFileList Diagrams{nullptr};
     std::unique_ptr<THdlUserSourceFileList> Copy;
@@ -93,10 +93,32 @@ std::vector<TWorkRow> MakeChanges() {
     };
 }
 
+/// Counts the observers that it is handed.
+class TObserverCount : public IObserverCaller {
+public:
+    void Call(void*) override { ++Count; }
+    int Count = 0;
+};
+
+struct TObserved {
+    TObserved() { Manager.AddObserver(&First); }
+    std::string GetText() const {
+        TObserverCount count;
+        Manager.ForEach(count);
+        return std::to_string(count.Count);
+    }
+
+    TSilentObserver First;
+    TSilentObserver Second;
+    TEmbeddedObserverMgr<AHdbObjectObserver> Manager;
+};
+
 }  // namespace
 
 std::vector<TWorkRow> MakeProjectFileWorks() {
     std::vector<TWorkRow> works = MakeChanges<TFew>();
     for (TWorkRow& row : MakeChanges<TMany>()) works.push_back(std::move(row));
+    works.push_back(OperationRow<TObserved>(
+        "registering an observer", [](TObserved* a) { a->Manager.AddObserver(&a->Second); }));
     return works;
 }

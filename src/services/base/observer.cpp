@@ -25,8 +25,12 @@ public:
     }
     void Add(void* observer) {
         const std::lock_guard guard(Lock);
-        if (!Serials.emplace(observer, NextSerial).second) return;
-        InOrder.emplace(NextSerial++, observer);
+        if (Serials.contains(observer)) return;
+        // All memory is taken before anything changes.
+        std::map<std::uint64_t, void*> entry{{NextSerial, observer}};
+        Serials.emplace(observer, NextSerial);
+        InOrder.merge(entry);
+        ++NextSerial;
     }
     void Remove(void* observer) {
         const std::lock_guard guard(Lock);
