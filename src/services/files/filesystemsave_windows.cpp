@@ -66,11 +66,20 @@ private:
     const HANDLE Handle;
 };
 
+/// Whether the file is there, and nobody who has it open keeps it.
+bool IsGivenAway(const std::wstring& path) {
+    constexpr DWORD kSharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const TOpenFile file(CreateFileW(path.c_str(), DELETE, kSharing, nullptr, OPEN_EXISTING,
+                                     FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file.IsOpen();
+}
+
 bool PutInPlace(const std::wstring& from, const std::wstring& to) {
-    // The first keeps attributes and access rights, but wants an old file; the second also works
-    // where the file system cannot do that.
-    return ReplaceFileW(to.c_str(), from.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
-                        nullptr) ||
+    // The first keeps attributes and access rights, but wants an old file that may be taken away,
+    // and may leave files of its own when it fails; the second also works where the file system
+    // cannot do that.
+    return (IsGivenAway(to) && ReplaceFileW(to.c_str(), from.c_str(), nullptr,
+                                            REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) ||
            MoveFileExW(from.c_str(), to.c_str(),
                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
 }
