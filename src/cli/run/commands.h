@@ -35,6 +35,5 @@ std::vector<TCommand> MakeRunCommands();
 /// The word that calls the tool for one step of a run. No user types it.
 inline constexpr const char* kStepCommand = "step";
 
-/// "run RECORD" and "digest SOURCE OUTPUT". The status is that of the step.
-/// The option kStepSizeLimit may stand in front of both.
+/// "run RECORD". The status is that of the step.
 int RunStepCommand(const std::vector<std::string>& arguments, const TToolStreams& streams);

@@ -1,33 +1,43 @@
 #include "cli/frame/sizelimit.h"
 #include "cli/frame/texts.h"
 #include "cli/run/commands.h"
-#include "flows/run/ninjatext.h"
-#include "flows/run/runfiles.h"
 #include "flows/run/steprun.h"
+#include <cstdlib>
 
 namespace {
 
-int RunStepWords(const std::vector<std::string>& arguments, const TToolStreams& streams) {
-    if (arguments.size() == 2 && arguments[0] == "run") {
-        const TStepEnd end = RunStep(
-            arguments[1], [&streams](std::string_view text) { PrintFile(text, streams.Out); });
-        streams.Out.flush();
-        return end;
+/// Prints texts with the mark of a step in front of each line.
+class TStepLines {
+public:
+    explicit TStepLines(std::ostream& out) : Out(out) {}
+    ~TStepLines() { Out.flush(); }
+    TStepLines(const TStepLines&) = delete;
+    TStepLines& operator=(const TStepLines&) = delete;
+
+    void Print(std::string_view text) {
+        while (!text.empty()) {
+            const std::size_t size = std::min(text.find('\n'), text.size() - 1) + 1;
+            if (IsAtBegin) PrintFile({&kStepLine, 1}, Out);
+            PrintFile(text.substr(0, size), Out);
+            IsAtBegin = text[size - 1] == '\n';
+            text.remove_prefix(size);
+        }
     }
-    if (arguments.size() == 3 && arguments[0] == "digest") {
-        const std::string reason = WriteDigest(arguments[1], arguments[2]);
-        if (!reason.empty()) ReportError(streams, reason);
-        return reason.empty() ? kExitDone : kExitFile;
-    }
-    ReportError(streams, "'step' is called by 'run' alone");
-    return kExitUsage;
-}
+
+private:
+    std::ostream& Out;
+    bool IsAtBegin = true;
+};
 
 }  // namespace
 
 int RunStepCommand(const std::vector<std::string>& arguments, const TToolStreams& streams) {
-    if (arguments.size() < 2 || arguments[0] != kStepSizeLimit)
-        return RunStepWords(arguments, streams);
-    const TSizeLimit limit(arguments[1]);
-    return RunStepWords({arguments.begin() + 2, arguments.end()}, streams);
+    if (arguments.size() != 2 || arguments[0] != "run") {
+        ReportError(streams, "'step' is called by 'run' alone");
+        return kExitUsage;
+    }
+    const char* const size = std::getenv(kStepSizeLimit);
+    const TSizeLimit limit(size ? size : "");
+    TStepLines lines(streams.Out);
+    return RunStep(arguments[1], [&lines](std::string_view text) { lines.Print(text); });
 }

@@ -52,6 +52,7 @@ private:
         record.Commands = {std::move(words)};
         record.Folder = Recipe.PathOf("libraries");
         record.GuardedFiles = {LibraryFile(source.Library)};
+        record.Products = record.GuardedFiles;
         return record;
     }
 

@@ -29,6 +29,7 @@ private:
         compilation.Commands = {CompilationOf(top, image + ".part", waves)};
         compilation.Folder = Recipe.PathOf("images");
         compilation.Moves = {{image + ".part", image}};
+        compilation.Products = {image};
         const std::size_t step = Recipe.AddCompilation(top, "compile", std::move(compilation));
         if (Recipe.GetWishes().OnlyCompile) return;
         TWords words = Recipe.Call("vvp");

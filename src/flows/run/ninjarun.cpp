@@ -2,8 +2,13 @@
 #include "flows/process/childprocess.h"
 #include "flows/run/ninjatext.h"
 #include "flows/run/runfiles.h"
+#include "flows/run/runrecords.h"
+#include "flows/run/steprun.h"
+#include "services/files/filelimit.h"
+#include "services/files/filereplace.h"
 #include <optional>
 #include <set>
+#include <utility>
 
 namespace {
 
@@ -14,13 +19,6 @@ TTime TimeOf(const std::string& path) {
     std::error_code error;
     const auto time = std::filesystem::last_write_time(NativePath(path), error);
     return error ? TTime() : time;
-}
-
-/// "[12/66] " in front of what ninja tells of a step.
-bool IsProgress(std::string_view line) {
-    const std::size_t end = line.find("] ");
-    return line.starts_with('[') && end != std::string_view::npos &&
-           line.substr(0, end).find_first_not_of("[0123456789/") == std::string_view::npos;
 }
 
 /// What a source that was taken out of the build has left in the libraries of a tool would still be
@@ -46,23 +44,20 @@ std::string ForgetLibraries(const std::string& tool, const std::set<std::string>
     return reason;
 }
 
-/// Takes ninja's own words out of what it prints.
+/// Takes ninja's own words out of what it prints, and the marks off the lines of steps.
 class TNinjaLines {
 public:
-    TNinjaLines(const TTell& tell, bool tellsProgress) : Tell(tell), TellsProgress(tellsProgress) {}
+    explicit TNinjaLines(const TTell& tell) : Tell(tell) {}
 
     void Take(std::string_view line) {
-        if (SkipsCommand) {
-            SkipsCommand = false;
+        if (line.starts_with(kStepLine)) {
+            Tell(line.substr(1));
             return;
         }
-        if (FollowsProgress && line.starts_with("FAILED: ")) {
-            SkipsCommand = true;
-            HasFailed = true;
-            return;
-        }
-        FollowsProgress = IsProgress(line);
-        if (FollowsProgress && !TellsProgress) return;
+        // Behind the name of a step that has failed stands its command.
+        const bool isCommand = std::exchange(IsBehindName, line.starts_with("FAILED: "));
+        HasFailed = HasFailed || IsBehindName;
+        if (isCommand || IsBehindName) return;
         if (line.starts_with("ninja: error: ") || line.starts_with("ninja: fatal: "))
             Reason = line.substr(std::string_view("ninja: error: ").size());
         else if (!line.starts_with("ninja: "))
@@ -81,12 +76,23 @@ public:
 
 private:
     const TTell& Tell;
-    const bool TellsProgress;
     bool HasFailed = false;
-    bool FollowsProgress = false;
-    bool SkipsCommand = false;
+    bool IsBehindName = false;
     std::string Reason;
 };
+
+/// Why there must be no file for ninja there, and none that calls the program; "" when there may.
+std::string ComplaintOf(const std::string& file, const std::string& program) {
+    std::string text;
+    std::string reason;
+    const TFileReadResult result = ReadWholeFile(file.c_str(), &text, &reason);
+    if (result == FILE_READ_FAILED) return file + ": " + reason;
+    if (result == FILE_READ_DONE && !text.starts_with(kNinjaHead))
+        return file + ": the file is not of a run; choose another folder with --output";
+    if (program.find_first_of("\r\n") != std::string::npos)
+        return program + ": ninja calls no program with a line end in its path";
+    return {};
+}
 
 /// Calls ninja and judges the simulations.
 class TNinjaCall {
@@ -99,9 +105,7 @@ public:
         former.reserve(Run.Simulations.size());
         for (const TRunSimulation& simulation : Run.Simulations)
             former.push_back(TimeOf(RecordOf(simulation).Result));
-        // Apart from the steps, which are counted then.
-        if (Call({"digests"}, false)) Outcome.HasSucceeded = Call({}, true);
-        FindUndone();
+        Call();
         for (std::size_t number = 0; number < former.size(); ++number)
             Outcome.Simulations.push_back(OutcomeOf(Run.Simulations[number], former[number]));
         CheckResults();
@@ -113,45 +117,25 @@ private:
         return Run.Steps[simulation.Step].Record;
     }
 
-    TChildResult CallNinja(const std::vector<std::string>& arguments, const TTell& takeLine) const {
+    void Call() {
+        TNinjaLines lines(Tell);
         TChildRequest request;
         request.Words = {Wishes.Program, "-C", Wishes.Folder};
         if (!Wishes.Jobs.empty()) request.Words.insert(request.Words.end(), {"-j", Wishes.Jobs});
         if (Wishes.KeepsGoing) request.Words.insert(request.Words.end(), {"-k", "0"});
-        request.Words.insert(request.Words.end(), arguments.begin(), arguments.end());
-        request.TakeLine = takeLine;
-        request.Environment = {"NINJA_STATUS=[%f/%t] "};
+        request.TakeLine = [&lines](std::string_view line) { lines.Take(line); };
+        request.Environment = {"NINJA_STATUS=[%f/%t] ", std::string(kStepSizeLimit) + "=" +
+                                                            std::to_string(GetFileSizeLimit())};
         // Steps end what they have started first.
         request.Grace = std::chrono::seconds(15);
-        return RunChild(request);
-    }
-
-    bool Call(const std::vector<std::string>& arguments, bool tellsProgress) {
-        if (Outcome.IsInterrupted) return false;
-        TNinjaLines lines(Tell, tellsProgress);
-        const TChildResult result =
-            CallNinja(arguments, [&lines](std::string_view line) { lines.Take(line); });
+        const TChildResult result = RunChild(request);
         Outcome.IsInterrupted = result.End == CHILD_INTERRUPTED;
         Outcome.Reason = lines.ReasonOf(result);
-        return result.End == CHILD_EXITED && result.Status == 0;
+        Outcome.HasSucceeded = result.End == CHILD_EXITED && result.Status == 0;
     }
 
-    // The steps that a later run would do.
-    void FindUndone() {
-        if (Outcome.HasSucceeded) return;
-        const TChildResult result = CallNinja({"-n", "-v"}, [this](std::string_view line) {
-            const std::size_t at = line.rfind("steps/");
-            if (at != std::string_view::npos) Undone.insert(std::string(line.substr(at)));
-        });
-        KnowsUndone = result.End == CHILD_EXITED && result.Status == 0;
-    }
-
-    /// Whether a simulation that was not run now is as it was when it was run.
-    bool IsUpToDate(const TRunSimulation& simulation) const {
-        return KnowsUndone && !Undone.contains(RecordFileOf(Run.Steps[simulation.Step]));
-    }
-
-    // A result may be lost, and then nobody knows it.
+    // A result may be lost, and then nobody knows it. Results of former runs that do not hold any
+    // more were removed before.
     void CheckResults() {
         for (std::size_t number = 0; number < Outcome.Simulations.size(); ++number) {
             if (!Outcome.HasSucceeded) return;
@@ -165,25 +149,26 @@ private:
     TSimulationOutcome OutcomeOf(const TRunSimulation& simulation, const TTime& former) const {
         const TStepRecord& record = RecordOf(simulation);
         TStepResult result;
-        const bool isNew = TimeOf(record.Result) != former;
-        if (!ReadResult(ReadText(record.Result), &result) || (!isNew && !IsUpToDate(simulation)))
+        if (!ReadResult(ReadText(record.Result), &result)) return {};
+        std::error_code error;
+        if (result.HasPassed && !std::filesystem::exists(NativePath(record.Stamp), error))
             return {};
-        return {result.HasPassed ? SIMULATION_PASSED : SIMULATION_FAILED, !isNew,
-                result.Milliseconds, result.Reason};
+        return {result.HasPassed ? SIMULATION_PASSED : SIMULATION_FAILED,
+                TimeOf(record.Result) == former, result.Milliseconds, result.Reason};
     }
 
     const TRunPlan& Run;
     const TNinjaWishes& Wishes;
     const TTell& Tell;
     TNinjaOutcome Outcome;
-    std::set<std::string> Undone;  // the files of their records
-    bool KnowsUndone = true;
 };
 
 }  // namespace
 
 std::string WriteRunFiles(const TRunPlan& run, const std::string& folder,
                           const std::string& program) {
+    const std::string file = folder + "build.ninja";
+    if (std::string reason = ComplaintOf(file, program); !reason.empty()) return reason;
     std::set<std::string> steps, tools;
     for (const TRunStep& step : run.Steps) {
         steps.insert(step.Name);
@@ -194,18 +179,16 @@ std::string WriteRunFiles(const TRunPlan& run, const std::string& folder,
             return reason;
     for (const auto& [path, text] : run.Files)
         if (std::string reason = WriteNew(path, text); !reason.empty()) return reason;
-    for (const TRunStep& step : run.Steps)
-        if (std::string reason = WriteNew(folder + RecordFileOf(step), WriteRecord(step.Record));
-            !reason.empty())
-            return reason;
-    return WriteNew(folder + "build.ninja", WriteNinja(run, program));
+    if (std::string reason = WriteRecords(run, folder); !reason.empty()) return reason;
+    return WriteNew(file, WriteNinja(run, program));
 }
 
 std::string ForgetSimulations(const TRunPlan& run) {
-    for (const TRunSimulation& simulation : run.Simulations)
-        if (std::string reason = RemoveFile(run.Steps[simulation.Step].Record.Stamp);
-            !reason.empty())
-            return reason;
+    for (const TRunSimulation& simulation : run.Simulations) {
+        const TStepRecord& record = run.Steps[simulation.Step].Record;
+        for (const std::string* const file : {&record.Stamp, &record.Result})
+            if (std::string reason = RemoveFile(*file); !reason.empty()) return reason;
+    }
     return {};
 }
 

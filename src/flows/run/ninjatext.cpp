@@ -1,8 +1,5 @@
 #include "flows/run/ninjatext.h"
 #include "flows/process/programs.h"
-#include "flows/run/runfiles.h"
-#include "services/files/filelimit.h"
-#include <set>
 
 namespace {
 
@@ -15,17 +12,6 @@ std::string Escaped(std::string_view text, std::string_view special) {
     return escaped;
 }
 
-std::string DigestFileOf(const std::string& source) {
-    const std::string name = source.substr(source.rfind('/') + 1);
-    std::string plain;
-    for (const char c : name)
-        plain += static_cast<unsigned char>(c) > ' ' &&
-                         std::string_view("\"*:<>?|\\$&;'`").find(c) == std::string_view::npos
-                     ? c
-                     : '_';
-    return "digests/" + plain + "-" + DigestOf(source);
-}
-
 /// Writes the text.
 class TNinjaWriter {
 public:
@@ -33,7 +19,6 @@ public:
 
     std::string Write() {
         AddRules();
-        AddDigests();
         for (const TRunStep& step : Run.Steps) AddStep(step);
         AddLine("build all: phony" + Stamps);
         AddLine("default all");
@@ -44,46 +29,23 @@ private:
     void AddLine(const std::string& line) { Text.append(line).append("\n"); }
 
     void AddRules() {
-        std::vector<std::string> words = {Program, "step"};
-        if (const std::uint64_t limit = GetFileSizeLimit(); limit != kUsualFileSizeLimit)
-            words.insert(words.end(), {kStepSizeLimit, std::to_string(limit)});
-        const std::string call = NinjaText(CommandLineOf(words));
         const bool hasFarm = Run.JobsHere > 0;
+        Text = kNinjaHead;
         AddLine("ninja_required_version = 1.7");
         if (hasFarm) {
             AddLine("pool here");
             AddLine("  depth = " + std::to_string(Run.JobsHere));
         }
-        AddLine("rule digest");
-        AddLine("  command = " + call + " digest $in $out");
-        AddLine("  description = read $in");
-        AddLine("  restat = 1");
-        if (hasFarm) AddLine("  pool = here");
         AddLine("rule step");
-        AddLine("  command = " + call + " run $record");
+        AddLine("  command = " + NinjaText(CommandLineOf({Program, "step", "run"})) + " $record");
         AddLine("  description = $title");
         if (hasFarm) AddLine("  pool = here");
-    }
-
-    void AddDigests() {
-        std::set<std::string> sources;
-        for (const TRunStep& step : Run.Steps)
-            sources.insert(step.Sources.begin(), step.Sources.end());
-        std::string all;
-        for (const std::string& source : sources) {
-            const std::string digest = NinjaPath(DigestFileOf(source));
-            AddLine("build " + digest + ": digest " + NinjaPath(source));
-            all += " " + digest;
-        }
-        AddLine("build digests: phony" + all);
     }
 
     static std::string StampOf(const TRunStep& step) { return NinjaPath("done/" + step.Name); }
 
     void AddStep(const TRunStep& step) {
         std::string line = "build " + StampOf(step) + ": step | " + NinjaPath(RecordFileOf(step));
-        for (const std::string& source : step.Sources)
-            line += " " + NinjaPath(DigestFileOf(source));
         for (const std::size_t need : step.Needs) line += " " + StampOf(Run.Steps[need]);
         if (!step.After.empty()) line += " ||";
         for (const std::size_t former : step.After) line += " " + StampOf(Run.Steps[former]);

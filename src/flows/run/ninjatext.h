@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-/// The option of a step for the limit of the size of files, unless it is the usual one.
-inline constexpr const char* kStepSizeLimit = "--max-file-size";
+/// What each file for ninja begins with that a run has written.
+inline constexpr const char* kNinjaHead = "# Written by hdlbuild run.\n";
 
 /// A path in a line that builds something, and a value of a variable, as ninja reads them.
 std::string NinjaPath(std::string_view path);
@@ -13,6 +13,6 @@ std::string NinjaText(std::string_view text);
 /// The name of the file that holds the record of a step, in the folder of the run.
 std::string RecordFileOf(const TRunStep& step);
 
-/// A file for ninja that runs the steps, and the digests of their sources, with `program`, the tool
-/// itself. The target "digests" makes the digests alone.
+/// A file for ninja that runs the steps with `program`, the tool itself, whose path must have no
+/// line end.
 std::string WriteNinja(const TRunPlan& run, const std::string& program);

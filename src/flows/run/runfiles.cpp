@@ -4,6 +4,25 @@
 #include <cstdint>
 #include <fstream>
 
+namespace {
+
+constexpr std::uint64_t kEmptyDigest = 0xcbf29ce484222325u;
+
+void AddBytes(std::string_view text, std::uint64_t* digest) {
+    std::uint64_t value = *digest;
+    for (const char c : text) value = (value ^ static_cast<unsigned char>(c)) * 0x100000001b3u;
+    *digest = value;
+}
+
+std::string Digits(std::uint64_t value) {
+    std::string digits(16, '0');
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, value >>= 4)
+        *digit = "0123456789abcdef"[value & 15];
+    return digits;
+}
+
+}  // namespace
+
 std::filesystem::path NativePath(const std::string& path) {
     return std::filesystem::path(std::u8string(path.begin(), path.end()));
 }
@@ -42,7 +61,7 @@ std::string ListFiles(const std::string& folder, std::vector<std::string>* names
     return error ? folder + ": " + error.message() : std::string();
 }
 
-// Nothing waits for the disk here: what a power failure takes is made again.
+// Nothing waits for the disk here: what a power failure takes is seen by its state (stepstamp.h).
 std::string WriteWhole(const std::string& path, std::string_view text) {
     std::error_code error;
     const std::filesystem::path native = NativePath(path);
@@ -68,12 +87,42 @@ std::string WriteNew(const std::string& path, std::string_view text) {
 }
 
 std::string DigestOf(std::string_view text) {
-    std::uint64_t digest = 0xcbf29ce484222325u;
-    for (const char c : text) digest = (digest ^ static_cast<unsigned char>(c)) * 0x100000001b3u;
-    std::string digits(16, '0');
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, digest >>= 4)
-        *digit = "0123456789abcdef"[digest & 15];
-    return digits;
+    std::uint64_t value = kEmptyDigest;
+    AddBytes(text, &value);
+    return Digits(value);
+}
+
+// No text of a file name or a state has a zero.
+void TDigest::Add(std::string_view text) {
+    AddBytes(text, &Value);
+    AddBytes({"", 1}, &Value);
+}
+
+std::string TDigest::Text() const {
+    return Digits(Value);
+}
+
+std::string StateOf(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path native = NativePath(path);
+    if (!std::filesystem::is_regular_file(native, error)) return "none";
+    std::ifstream stream(native, std::ios::binary);
+    std::string block(std::size_t{65'536}, '\0');
+    std::uint64_t value = kEmptyDigest;
+    std::uint64_t size = 0;
+    while (stream) {
+        stream.read(block.data(), static_cast<std::streamsize>(block.size()));
+        const auto count = static_cast<std::size_t>(stream.gcount());
+        AddBytes({block.data(), count}, &value);
+        size += count;
+    }
+    return stream.eof() && !stream.bad() ? Digits(value) + " " + std::to_string(size) : "none";
+}
+
+const std::string& TFileStates::Of(const std::string& path) {
+    const auto [place, isNew] = States.try_emplace(path);
+    if (isNew) place->second = StateOf(path);
+    return place->second;
 }
 
 // Nothing but characters that all file systems and shells take as they are.
@@ -84,13 +133,4 @@ std::string UniqueFileName(const std::string& title, const std::string& whole) {
                 .find(c) == std::string_view::npos)
             c = '_';
     return name + "-" + DigestOf(whole).substr(0, 8);
-}
-
-std::string WriteDigest(const std::string& source, const std::string& output) {
-    std::string text;
-    std::string reason;
-    const TFileReadResult result = ReadWholeFile(source.c_str(), &text, &reason);
-    if (result == FILE_READ_MISSING) return source + ": the file does not exist";
-    if (result != FILE_READ_DONE) return source + ": " + reason;
-    return WriteNew(output, DigestOf(text) + " " + std::to_string(text.size()) + "\n");
 }

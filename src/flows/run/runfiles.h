@@ -1,7 +1,9 @@
 #pragma once
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 // Files of a run. Paths are in UTF-8.
@@ -26,10 +28,32 @@ std::string WriteWhole(const std::string& path, std::string_view text);
 /// The same for a text that the file does not hold yet: what is unchanged keeps its time.
 std::string WriteNew(const std::string& path, std::string_view text);
 
-/// The digest of a text, as 16 hexadecimal digits.
+/// A digest, as 16 hexadecimal digits, of the texts that were added and of where each ends.
+class TDigest {
+public:
+    void Add(std::string_view text);
+    std::string Text() const;
+
+private:
+    std::uint64_t Value = 0xcbf29ce484222325u;
+};
+/// The digest of the bytes of one text.
 std::string DigestOf(std::string_view text);
+
+/// The digest of a file's bytes and their number, as "85944171f73967e8 6"; "none" for what is no
+/// file or cannot be read.
+std::string StateOf(const std::string& path);
+/// The states of files, each looked at once.
+class TFileStates {
+public:
+    const std::string& Of(const std::string& path);
+
+private:
+    std::unordered_map<std::string, std::string> States;
+};
+
+/// What ends the name of the copy of a file that a step changes in place, until the step has ended.
+inline constexpr const char* kGuardedCopy = ".before";
+
 /// A file name that tells `title` and differs when `whole` does.
 std::string UniqueFileName(const std::string& title, const std::string& whole);
-/// Writes the digest and the size of `source` into `output`, unless it holds them. Returns why that
-/// failed; "" when it is done.
-std::string WriteDigest(const std::string& source, const std::string& output);

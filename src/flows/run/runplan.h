@@ -2,6 +2,7 @@
 #include "flows/plan/buildplan.h"
 #include "flows/run/steprecord.h"
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,9 +31,13 @@ struct TRunWishes {
 struct TRunStep {
     std::string Name;  ///< of its files, unique
     TStepRecord Record;
-    std::vector<std::string> Sources;  ///< whose bytes it depends on
-    std::vector<std::size_t> Needs;    ///< steps: it is done again when they were
-    std::vector<std::size_t> After;    ///< steps: never beside or before them
+    // The files whose bytes it depends on.
+    std::vector<std::string> Sources;
+    std::shared_ptr<const std::vector<std::string>>
+        CommonSources;  ///< of several steps; may be null
+    std::vector<std::string> Programs;
+    std::vector<std::size_t> Needs;  ///< steps: it is done again when they were
+    std::vector<std::size_t> After;  ///< steps: never beside or before them
 };
 
 /// A simulation, and where what it leaves is found.

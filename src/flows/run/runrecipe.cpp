@@ -1,8 +1,27 @@
 #include "flows/run/runrecipe.h"
 #include "flows/run/farms.h"
 #include "flows/run/runfiles.h"
-#include <algorithm>
 #include <array>
+#include <utility>
+
+namespace {
+
+/// A text of one line, without what a terminal obeys.
+std::string ShownText(std::string_view text) {
+    std::string shown;
+    for (const char c : text)
+        if (const auto byte = static_cast<unsigned char>(c); byte >= ' ' && byte != 0x7F)
+            shown += c;
+        else if (c == '\n')
+            shown += "\\n";
+        else
+            shown.append("\\x")
+                .append(1, "01"[byte >> 4 & 1])
+                .append(1, "0123456789ABCDEF"[byte & 15]);
+    return shown;
+}
+
+}  // namespace
 
 void Append(const TRunRecipe::TWords& words, TRunRecipe::TWords* to) {
     to->insert(to->end(), words.begin(), words.end());
@@ -16,25 +35,6 @@ std::string TitleOf(const TBuildTop& top) {
 std::string TitleOf(const TPlanSource& source) {
     const std::string name = source.Path.substr(source.Path.rfind('/') + 1);
     return source.Library + "." + name.substr(0, name.rfind('.'));
-}
-
-std::vector<std::string> ListLibrarySources(const TPlanSettings& settings) {
-    std::vector<std::string> extensions = settings.LibraryExtensions;
-    if (extensions.empty()) extensions = {".v", ".sv"};
-    std::vector<std::string> sources;
-    for (const std::string& directory : settings.LibraryDirectories) {
-        std::vector<std::string> names, files;
-        ListFiles(directory, &names);  // the simulator tells of what it cannot read
-        for (const std::string& name : names) {
-            const std::string path = directory + "/" + name;
-            if (std::any_of(extensions.begin(), extensions.end(),
-                            [&path](const std::string& end) { return path.ends_with(end); }))
-                files.push_back(path);
-        }
-        std::sort(files.begin(), files.end());
-        sources.insert(sources.end(), files.begin(), files.end());
-    }
-    return sources;
 }
 
 const TPlanSettings& TRunRecipe::GetSettings() const {
@@ -77,10 +77,12 @@ std::size_t TRunRecipe::AddStep(const std::string& name, const std::string& titl
                                 TStepRecord record) {
     TRunStep& step = Run->Steps.emplace_back();
     step.Name = std::string(Tool.Name) + "/" + name;
-    record.Title = title;
+    record.Title = ShownText(title);
     record.Log = Wishes.Folder + "logs/" + step.Name + ".log";
     record.Stamp = Wishes.Folder + "done/" + step.Name;
     step.Record = std::move(record);
+    for (const TRunProgram& program : Tool.Programs)
+        step.Programs.push_back(PathOfProgram(program.Name));
     return Run->Steps.size() - 1;
 }
 
@@ -105,22 +107,21 @@ std::size_t TRunRecipe::AddCompilation(const TBuildTop& top, const char* verb, T
     const std::size_t number =
         AddStep(verb + ("-" + NameOf(top)), verb + (" " + TitleOf(top)), std::move(record));
     TRunStep& step = Run->Steps[number];
-    AddSources(&step);
-    // The tool may take any of them.
-    Append(ListLibrarySources(GetSettings()), &step.Sources);
+    step.Sources = std::exchange(Generated, {});
+    if (!Sources) Sources = std::make_shared<const std::vector<std::string>>(ListSources());
+    step.CommonSources = Sources;
     return number;
 }
 
-void TRunRecipe::AddSources(TRunStep* step) const {
-    for (std::size_t number = 0; number < Plan.Sources.size(); ++number) {
-        if (Plan.Sources[number].Language != Tool.Language) continue;
-        step->Sources.push_back(Plan.Sources[number].Path);
-        step->Sources.insert(step->Sources.end(), Scan.Includes[number].begin(),
-                             Scan.Includes[number].end());
-    }
+std::vector<std::string> TRunRecipe::ListSources() const {
+    std::vector<std::string> sources;
+    for (const TPlanSource& source : Plan.Sources)
+        if (source.Language == Tool.Language) sources.push_back(source.Path);
+    sources.insert(sources.end(), Scan.VerilogFiles.begin(), Scan.VerilogFiles.end());
     std::set<std::string> known;
-    std::erase_if(step->Sources,
+    std::erase_if(sources,
                   [&known](const std::string& path) { return !known.insert(path).second; });
+    return sources;
 }
 
 // A library is never read beside a step that writes into it: the last analysis waits for all.
@@ -159,6 +160,7 @@ TRunStep& TRunRecipe::AddSimulation(const TBuildTop& top, TStepRecord record,
 
 void TRunRecipe::AddFile(const std::string& path, const std::string& text) {
     Run->Files.emplace_back(path, text);
+    Generated.push_back(path);
 }
 
 TRunRecipe::TWords TRunRecipe::OptionsOf(TPlanStep step, const TToolWords& words) {

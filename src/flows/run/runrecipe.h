@@ -42,7 +42,7 @@ public:
     /// Adds the step that runs a top once the step `compilation` is done.
     void AddCompiledSimulation(const TBuildTop& top, TStepRecord record, std::size_t compilation,
                                const std::string& waves);
-    /// A source that is written for the tool.
+    /// A source that is written for the tool, and that the next compilation depends on.
     void AddFile(const std::string& path, const std::string& text);
     /// Of the options of a step those that the tool takes, with their operands; the others are
     /// told.
@@ -68,7 +68,7 @@ private:
     std::string WorkFolderOf(const TBuildTop& top) const { return PathOf("work/" + NameOf(top)); }
     std::size_t AddStep(const std::string& name, const std::string& title, TStepRecord record);
     TRunStep& AddSimulation(const TBuildTop& top, TStepRecord record, const std::string& waves);
-    void AddSources(TRunStep* step) const;
+    std::vector<std::string> ListSources() const;
 
     const TRunTool& Tool;
     const TBuildPlan& Plan;
@@ -77,14 +77,13 @@ private:
     TRunPlan* const Run;
     std::vector<std::size_t> Analyses;  // by source; kNoStep where there is none
     std::size_t LastAnalysis = kNoStep;
+    std::shared_ptr<const std::vector<std::string>> Sources;  // of each compilation
+    std::vector<std::string> Generated;                       // for the next one
     std::set<std::string> Lost;
 };
 
 /// Adds the words at the end of others.
 void Append(const TRunRecipe::TWords& words, TRunRecipe::TWords* to);
-
-/// The files in the library directories that have one of the library extensions.
-std::vector<std::string> ListLibrarySources(const TPlanSettings& settings);
 
 /// A top as users see it: "work.tb(sim)".
 std::string TitleOf(const TBuildTop& top);

@@ -1,22 +1,77 @@
 #include "flows/run/runscan.h"
 #include "flows/buildneeds.h"
 #include "flows/buildscan.h"
+#include "flows/linking/sourcescan.h"
 #include "flows/neededfiles.h"
 #include "flows/plan/neededsources.h"
 #include "flows/plan/planoptions.h"
+#include "flows/run/runfiles.h"
+#include "flows/scan/asciicase.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "services/names/isfilename.h"
 #include <algorithm>
+#include <map>
 #include <numeric>
 #include <set>
 #include <unordered_map>
+#include <unordered_set>
+#include <utility>
 
 namespace {
+
+bool IsFile(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_regular_file(NativePath(path), error);
+}
 
 std::string PathOf(const IHdlSourceFile& source) {
     return source.GetFileName() ? WholePath(source.GetFileName()->Canonical(false), "/")
                                 : std::string();
 }
+
+/// The files that compilers of Verilog read besides the sources of a build, in the making.
+class TVerilogFiles {
+public:
+    TVerilogFiles(const TPlanSettings& settings, const std::string& folder)
+        : Settings(settings), Folder(folder) {
+        for (const std::string& directory : settings.IncludeDirectories)
+            IncludeFolders.push_back(directory + "/");
+    }
+
+    void AddSource(const std::string& path) {
+        if (!Known.insert(path).second) return;
+        Files.push_back(path);
+        Unread.push_back({path, LANGUAGE_VERILOG, ""});
+    }
+
+    /// Adds what a file includes. A file of that name in another directory is read as well, as what
+    /// it includes counts, too.
+    void AddIncludes(const TScannedFile& file) {
+        for (const TScannedInclude& include : file.Includes) {
+            if (!include.Path.empty()) AddSource(WholePath(include.Path, Folder));
+            if (!Names.insert(include.Name).second) continue;
+            for (const std::string& directory : IncludeFolders)
+                if (const std::string path = directory + include.Name; IsFile(path))
+                    AddSource(WholePath(path, Folder));
+        }
+    }
+
+    std::vector<std::string> List() {
+        while (!Unread.empty())
+            for (const TDesignFile& file :
+                 ScanSources(std::exchange(Unread, {}), {Settings.Defines, IncludeFolders}).Files)
+                AddIncludes(file.Scan);
+        return std::move(Files);
+    }
+
+private:
+    const TPlanSettings& Settings;
+    const std::string& Folder;
+    std::vector<std::string> IncludeFolders;
+    std::vector<std::string> Files;
+    std::vector<TSourceToScan> Unread;
+    std::unordered_set<std::string> Known, Names;
+};
 
 /// What a scan of the build tells of the sources and tops of its plan.
 class TPlanScan {
@@ -30,9 +85,8 @@ public:
 
     TRunScan Tell() {
         TRunScan result;
-        result.Includes.resize(Plan.Sources.size());
         result.Needs.resize(Plan.Sources.size());
-        AddIncludes(&result);
+        result.VerilogFiles = ListVerilogFiles();
         AddNeeds(&result);
         for (const TBuildTop& top : Plan.Tops) AddTop(top, &result);
         return result;
@@ -44,12 +98,17 @@ private:
         return Numbers[PathOf(source)];
     }
 
-    void AddIncludes(TRunScan* result) {
+    std::vector<std::string> ListVerilogFiles() {
+        const TPlanSettings* const settings = Plan.FindSettings(LANGUAGE_VERILOG);
+        if (!settings) return {};
+        TVerilogFiles files(*settings, Plan.Folder);
         for (std::size_t file = 0; file < Scan.GetSources().size(); ++file)
-            for (const std::size_t number : NumbersOf(*Scan.GetSources()[file].Source))
-                for (const TScannedInclude& include : Scan.GetFiles()[file].Scan.Includes)
-                    if (!include.Path.empty())
-                        result->Includes[number].push_back(WholePath(include.Path, Plan.Folder));
+            files.AddIncludes(Scan.GetFiles()[file].Scan);
+        // Library files of options are no sources of the build.
+        for (const TPlanSource& source : Plan.Sources)
+            if (source.IsLibraryFile) files.AddSource(source.Path);
+        for (const std::string& file : ListLibrarySources(*settings)) files.AddSource(file);
+        return files.List();
     }
 
     // Without what the texts tell, a build that records an order alone would not analyse again
@@ -63,7 +122,30 @@ private:
                     for (const std::size_t former : needed)
                         if (former < number) result->Needs[number].push_back(former);
             }
+        AddOrderOfUnits(result);
         for (std::vector<std::size_t>& needs : result->Needs) SortOnce(&needs);
+    }
+
+    // An analysis replaces what a former one has put under its name, and an instance that names no
+    // architecture has the one that was analysed last.
+    void AddOrderOfUnits(TRunScan* result) {
+        std::map<std::string, std::set<std::size_t>> holders;
+        for (std::size_t file = 0; file < Scan.GetSources().size(); ++file) {
+            if (Scan.GetSources()[file].Group != LANGUAGE_VHDL) continue;
+            const TDesignFile& scanned = Scan.GetFiles()[file];
+            for (const TDesignUnit& unit : scanned.Scan.Units)
+                for (const std::size_t number : NumbersOf(*Scan.GetSources()[file].Source))
+                    holders[KeyOf(scanned.Library, unit)].insert(number);
+        }
+        for (const auto& [key, numbers] : holders)
+            for (auto number = numbers.begin(); std::next(number) != numbers.end(); ++number)
+                result->Needs[*std::next(number)].push_back(*number);
+    }
+
+    static std::string KeyOf(const std::string& library, const TDesignUnit& unit) {
+        const bool isArchitecture = unit.Kind == TDesignUnitKind::Architecture;
+        const std::string key = library + "\n" + (isArchitecture ? unit.Primary : unit.Name);
+        return FoldAscii(key);
     }
 
     void AddTop(const TBuildTop& top, TRunScan* result) {
@@ -90,6 +172,9 @@ private:
             return needed;
         }
         AddUnexplained(Scan, files);
+        // Of a unit that several files hold, any may count.
+        for (const TRepeatedUnit& unit : Scan.GetDesign().Repeated)
+            for (const TUnitPlace place : unit.Places) files->AddSource(place.File);
         for (std::uint32_t file = 0; file < Needs.GetFiles().size(); ++file) {
             if (!files->IsNeeded(file)) continue;
             const std::vector<std::size_t>& numbers = NumbersOf(*Needs.GetFiles()[file]);
@@ -111,6 +196,27 @@ private:
 };
 
 }  // namespace
+
+// Editors leave links that lead nowhere, and hidden files.
+std::vector<std::string> ListLibrarySources(const TPlanSettings& settings) {
+    std::vector<std::string> extensions = settings.LibraryExtensions;
+    if (extensions.empty()) extensions = {".v", ".sv"};
+    std::vector<std::string> sources;
+    for (const std::string& directory : settings.LibraryDirectories) {
+        std::vector<std::string> names;
+        ListFiles(directory, &names);  // the simulator tells of what it cannot read
+        std::sort(names.begin(), names.end());
+        for (const std::string& name : names) {
+            const std::string path = directory + "/" + name;
+            if (!name.starts_with('.') &&
+                std::any_of(extensions.begin(), extensions.end(),
+                            [&path](const std::string& end) { return path.ends_with(end); }) &&
+                IsFile(path))
+                sources.push_back(path);
+        }
+    }
+    return sources;
+}
 
 TRunScan ScanForRun(THdlBuildFile& build, const TBuildPlan& plan) {
     return TPlanScan(build, plan).Tell();

@@ -59,9 +59,11 @@ constexpr struct {
     const char* Name;
     std::string TStepRecord::*Field;
 } kTexts[] = {
-    {"title", &TStepRecord::Title}, {"folder", &TStepRecord::Folder}, {"log", &TStepRecord::Log},
-    {"stamp", &TStepRecord::Stamp}, {"result", &TStepRecord::Result}, {"tool", &TStepRecord::Tool},
-    {"farm", &TStepRecord::Farm},   {"job", &TStepRecord::Job},
+    {"title", &TStepRecord::Title},   {"inputs", &TStepRecord::Inputs},
+    {"folder", &TStepRecord::Folder}, {"log", &TStepRecord::Log},
+    {"stamp", &TStepRecord::Stamp},   {"result", &TStepRecord::Result},
+    {"tool", &TStepRecord::Tool},     {"farm", &TStepRecord::Farm},
+    {"job", &TStepRecord::Job},
 };
 
 constexpr struct {
@@ -70,6 +72,7 @@ constexpr struct {
 } kLists[] = {
     {"fresh", &TStepRecord::FreshFolders},
     {"guarded", &TStepRecord::GuardedFiles},
+    {"product", &TStepRecord::Products},
     {"farm-program", &TStepRecord::FarmPrograms},
 };
 

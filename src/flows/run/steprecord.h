@@ -7,7 +7,8 @@
 
 /// What a step does when it is run. Paths are whole.
 struct TStepRecord {
-    std::string Title;  ///< as users see it: "analyse work.p"
+    std::string Title;   ///< as users see it: "analyse work.p"
+    std::string Inputs;  ///< a digest of all that it depends on besides this record
     /// One behind the other, each the program and its arguments.
     std::vector<std::vector<std::string>> Commands;
     std::string Folder;                     ///< where they work; it is made
@@ -16,10 +17,12 @@ struct TStepRecord {
     std::vector<std::string> GuardedFiles;
     /// What a command writes under the first name has the second one when the step has succeeded.
     std::vector<std::pair<std::string, std::string>> Moves;
+    /// Files that are to be as the step left them as long as it counts as done.
+    std::vector<std::string> Products;
     std::string Log;    ///< what the commands print
-    std::string Stamp;  ///< is there when the step has succeeded, and then only
+    std::string Stamp;  ///< LeaveStamp leaves it when the step has succeeded
     // Of a simulation.
-    std::string Result;            ///< a TStepResult is left there; "" for other steps
+    std::string Result;            ///< a TStepResult is left there, a product; "" for other steps
     std::string Tool;              ///< whose messages are looked for
     long long TimeoutSeconds = 0;  ///< 0: none
     TMessageLevel FailOn = LEVEL_ERROR;

@@ -2,6 +2,7 @@
 #include "flows/run/farmcall.h"
 #include "flows/run/runfiles.h"
 #include "flows/run/steprecord.h"
+#include "flows/run/stepstamp.h"
 #include "services/files/filereplace.h"
 
 namespace {
@@ -10,7 +11,7 @@ namespace {
 /// returns why it failed; "" when it is done.
 class TGuardedFile {
 public:
-    explicit TGuardedFile(const std::string& file) : File(file), Copy(file + ".before") {}
+    explicit TGuardedFile(const std::string& file) : File(file), Copy(file + kGuardedCopy) {}
 
     // What a run that was killed has left is undone first.
     std::string Guard() const {
@@ -47,6 +48,9 @@ private:
     std::string File;
     std::string Copy;
 };
+
+/// More than a block of any file system.
+constexpr std::size_t kRoom = 65'536;
 
 using TTell = std::function<void(std::string_view)>;
 
@@ -138,16 +142,22 @@ void TStepRun::Judge() {
     if (Record.Tool.empty()) return;
     std::string text;
     std::string reason;
-    if (ReadWholeFile(Record.Log.c_str(), &text, &reason) == FILE_READ_FAILED) {
+    const TFileReadResult result = ReadWholeFile(Record.Log.c_str(), &text, &reason);
+    if (result == FILE_READ_MISSING) reason = "the log is gone";
+    if (result != FILE_READ_DONE) {
         Reason = Record.Log + ": " + reason;
         return;
     }
+    // On a full disk the log ends somewhere, and the simulator does not tell.
+    const std::string room = Record.Log + ".room";
+    Require(WriteWhole(room, std::string(kRoom, '\n')));
+    Require(RemoveFile(room));
     const TGravestMessage message = FindGravestMessage(Record.Tool, text);
     if (message.Level >= Record.FailOn)
         Reason = std::string(GetLevelName(message.Level)) + ": " + message.Line;
 }
 
-// The stamp comes last: without it everything is made again.
+// The stamp comes last: without it everything is made again. A result that cannot have one is none.
 void TStepRun::Finish() {
     std::error_code error;
     for (const auto& [from, to] : Record.Moves)
@@ -163,7 +173,9 @@ void TStepRun::Finish() {
     // Nobody can tell that a simulation has passed which leaves no result.
     if (!Record.Result.empty() && !IsInterrupted)
         Require(WriteWhole(Record.Result, WriteResult({Reason.empty(), Milliseconds, Reason})));
-    if (Reason.empty()) Reason = WriteWhole(Record.Stamp, {});
+    if (!Reason.empty()) return;
+    Reason = LeaveStamp(Record);
+    if (!Reason.empty() && !Record.Result.empty()) RemoveFile(Record.Result);
 }
 
 }  // namespace

@@ -3,6 +3,11 @@
 #include <string>
 #include <string_view>
 
+/// The variable of the environment that gives a step the limit for the size of files.
+inline constexpr const char* kStepSizeLimit = "HDLBUILD_STEP_FILE_SIZE";
+/// What stands in front of each line that a step prints: ninja prints lines of its own.
+inline constexpr char kStepLine = '\t';
+
 /// What the run of a step ended with.
 enum TStepEnd : int { STEP_SUCCEEDED = 0, STEP_FAILED = 1, STEP_INTERRUPTED = 130 };
 

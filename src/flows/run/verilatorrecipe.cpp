@@ -48,6 +48,7 @@ private:
             Recipe.AddCompilation(top, "lint", std::move(compilation));
             return;
         }
+        compilation.Products = {folder + "/simulation"};
         const std::size_t step = Recipe.AddCompilation(top, "compile", std::move(compilation));
         TWords words = Recipe.GetWishes().Launcher;
         words.push_back(folder + "/simulation");

@@ -23,8 +23,8 @@ std::string TopsText(const char* language, const std::vector<TTop>& tops) {
 
 /// Runs the tool on the build, its errors behind its results. Times are "T", digests "D" and the
 /// current folder is ".".
-std::string Ran(const std::string& arguments) {
-    auto [status, text] = Shell(HDLBUILD_PROGRAM " run 'my build.xml' " + arguments +
+std::string Ran(const std::string& arguments, const std::string& before = {}) {
+    auto [status, text] = Shell(before + HDLBUILD_PROGRAM " run 'my build.xml' " + arguments +
                                 " 2>err; s=$?; cat err; exit $s");
     status = WEXITSTATUS(status);
     text = std::regex_replace(text, std::regex("[0-9]+\\.[0-9][0-9] s"), "T s");
@@ -282,8 +282,7 @@ TEST(RanBuilds, ShareNoFolder) {
     folder.Write("bin/ghdl", "#!/bin/sh\n");
     for (const char* program : {"bin/ninja", "bin/ghdl"})
         std::filesystem::permissions(program, std::filesystem::perms::owner_all);
-    const std::string command =
-        HDLBUILD_PROGRAM " run 'my build.xml' --with ghdl --tool-path bin";
+    const std::string command = HDLBUILD_PROGRAM " run 'my build.xml' --with ghdl --tool-path bin";
     const auto [status, text] =
         Shell(command + " >first 2>&1 & until test -e running; do sleep 0.02; done; " + command +
               " 2>&1; s=$?; >go; wait; exit $s");
@@ -330,6 +329,208 @@ TEST(RanBuilds, DoUnderIcarusWhatHasChangedAlone) {
     }
     EXPECT_EQ(Ran("--with icarus -g N=8"), all);
     EXPECT_EQ(Ran("--with icarus -g N=8 -- +x"), head + tail + "[1/1] simulate work.top\n");
+}
+
+// Bytes and names count, not times: of sources, of all that is read with them, of programs, and of
+// what a run has made.
+TEST(RanBuilds, AreDoneAgainWhateverHasChanged) {
+    if (!IsInstalled("iverilog")) GTEST_SKIP() << "iverilog is not installed";
+    const WorkingFolder folder;
+    folder.Write("first/w.vh", "`define W 1\n");
+    folder.Write("inc/w.vh", "`define W 1\n");
+    folder.Write("inc/cell.vh", "`define CELL 1\n");
+    folder.Write(
+        "lib/part.v",
+        "`include \"cell.vh\"\nmodule part; initial $display(\"%0d\", `CELL); endmodule\n");
+    folder.Write("lib/spare.v", "module spare; endmodule\n");
+    folder.Write("lib/folder.v/x", "");
+    std::filesystem::create_symlink("nowhere", "lib/.#part.v");
+    folder.Write("t.v", "`include \"w.vh\"\nmodule t; part c(); endmodule\n");
+    folder.Write("old.v", "`include \"w.vh\"\nmodule t; part c(); part d(); endmodule\n");
+    folder.Write("bin/vvp", "#!/bin/sh\nPATH=\"$HDLBUILD_TEST_PATH\" exec vvp \"$@\"\n");
+    std::filesystem::permissions("bin/vvp", std::filesystem::perms::owner_all);
+    folder.Write(
+        "my build.xml",
+        BuildText(TopsText("Verilog", {{"t", ""}}) +
+                  "<ProjectLanguageConfigurationList><LanguageSettings Language=\"Verilog\">"
+                  "<IncludeDirectories><Directory>first</Directory><Directory>inc</Directory>"
+                  "</IncludeDirectories><LibraryDirectories><Directory>lib</Directory>"
+                  "</LibraryDirectories></LanguageSettings></ProjectLanguageConfigurationList>\n"
+                  "<SourceFileGroup Language=\"Verilog\">\n" +
+                  SourceText("t.v") + "</SourceFileGroup>\n"));
+    const std::string head = "simulation  result  time  log\nwork.t  passed  T s";
+    const std::string tail =
+        "  my build.run/logs/icarus/simulate-work.t-D.log\n1 passed, 0 failed, 0 not run\n";
+    const std::string all = head + tail + "[1/2] compile work.t\n[2/2] simulate work.t\n";
+    const std::string same = head + " before" + tail;
+    const std::string simulated = head + tail + "[1/1] simulate work.t\n";
+    const struct {
+        const char* Change;
+        const std::string& Result;
+    } rows[] = {
+        {"true", all},
+        {"true", same},
+        {"touch t.v lib/part.v inc/cell.vh bin/vvp", same},
+        {"touch -d 2020-01-01 old.v; mv old.v t.v", all},
+        {"echo '`define CELL 2' >inc/cell.vh", all},
+        {"rm lib/spare.v", all},
+        {"touch -d 2020-01-01 inc/w.vh; rm first/w.vh", all},
+        {"echo '# newer' >>bin/vvp", all},
+        {"truncate -s 0 'my build.run'/icarus/images/*.vvp", all},
+        {"truncate -s 0 'my build.run'/done/icarus/compile*", all},
+        {"truncate -s 0 'my build.run'/done/icarus/simulate*", simulated},
+        {"truncate -s 0 'my build.run'/results/icarus/work.t-????????", simulated},
+        {"rm 'my build.run'/results/icarus/work.t-????????", simulated},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(Shell(row.Change).first, 0) << row.Change;
+        const std::string path = "export HDLBUILD_TEST_PATH=\"$PATH\"; ";
+        EXPECT_EQ(Ran("--with icarus --tool-path bin", path), row.Result) << row.Change;
+    }
+    EXPECT_EQ(Shell("cat 'my build.run'/logs/icarus/simulate*").second, "2\n2\n");
+    EXPECT_EQ(Ran("--with icarus --tool-path bin --max-file-size 1M"), same);
+}
+
+TEST(RanBuilds, TakeTheArchitectureThatIsLastInTheBuild) {
+    if (!IsInstalled("ghdl")) GTEST_SKIP() << "ghdl is not installed";
+    const WorkingFolder folder;
+    folder.Write("e.vhd", "entity e is end;\n");
+    for (const char* name : {"beh", "rtl"})
+        folder.Write(std::string(name) + ".vhd",
+                     std::string("architecture ") + name + " of e is begin\n" +
+                         "  assert false report \"" + name + "\" severity note;\nend;\n");
+    folder.Write("t.vhd",
+                 "entity t is end;\narchitecture s of t is begin i : entity work.e; end;\n");
+    const auto write = [&folder](const char* first, const char* second) {
+        folder.Write(
+            "my build.xml",
+            BuildText(TopsText("VHDL", {{"t", "s"}}) + "<SourceFileGroup Language=\"VHDL\">\n" +
+                      SourceText("e.vhd") + SourceText(first) + SourceText(second) +
+                      SourceText("t.vhd") + "</SourceFileGroup>\n"));
+    };
+    const auto reported = [] {
+        return Shell("sed 's/.*note): //' 'my build.run'/logs/ghdl/simulate*").second;
+    };
+    write("beh.vhd", "rtl.vhd");
+    EXPECT_EQ(Ran("--with ghdl").substr(0, 1), "s");
+    EXPECT_EQ(reported(), "rtl\n");
+    const std::string passed =
+        "simulation  result  time  log\n"
+        "work.t(s)  passed  T s  my build.run/logs/ghdl/simulate-work.t_s_-D.log\n"
+        "1 passed, 0 failed, 0 not run\n";
+    AppendTo("beh.vhd", "-- changed\n");
+    EXPECT_EQ(Ran("--with ghdl"), passed +
+                                      "[1/3] analyse work.beh\n[2/3] analyse work.rtl\n"
+                                      "[3/3] simulate work.t(s)\n");
+    EXPECT_EQ(reported(), "rtl\n");
+    write("rtl.vhd", "beh.vhd");
+    EXPECT_EQ(Ran("--with ghdl").substr(0, 1), "s");
+    EXPECT_EQ(reported(), "beh\n");
+    // A library that is cut is made anew.
+    EXPECT_EQ(Shell(": >'my build.run'/ghdl/libraries/work-obj08.cf").first, 0);
+    EXPECT_EQ(Ran("--with ghdl"),
+              passed +
+                  "[1/5] analyse work.e\n[2/5] analyse work.rtl\n[3/5] analyse work.beh\n"
+                  "[4/5] analyse work.t\n[5/5] simulate work.t(s)\n");
+}
+
+// The generated module is a source as any other, and a check leaves the program alone.
+TEST(RanBuilds, MakeAProgramForEachGenericWithWaves) {
+    const WorkingFolder folder;
+    folder.Write("t.v", "module t; endmodule\n");
+    folder.Write("my build.xml", BuildText(TopsText("Verilog", {{"t", ""}}) +
+                                           "<SourceFileGroup Language=\"Verilog\">\n" +
+                                           SourceText("t.v") + "</SourceFileGroup>\n"));
+    folder.Write("bin/verilator",
+                 "#!/bin/sh\ntest \"$1\" != --version || exec echo Verilator 5.006\n"
+                 "test \"$1\" != --lint-only || exit 0\n"
+                 "for file; do :; done\ncp \"$file\" waves\n"
+                 "printf '#!/bin/sh\\ngrep -o \"N.*)\" ${0%%/*}/waves\\n' >simulation\n"
+                 "chmod +x simulation\n");
+    std::filesystem::permissions("bin/verilator", std::filesystem::perms::owner_all);
+    const std::string passed =
+        "simulation  result  time  log  waves\n"
+        "work.t  passed  T s  out/logs/verilator/simulate-work.t-D.log  "
+        "out/verilator/work/work.t-D/waves.vcd\n1 passed, 0 failed, 0 not run\n";
+    const std::string options = "--with verilator --tool-path bin -o out --waves";
+    for (const char* number : {"1", "2"}) {
+        EXPECT_EQ(Ran(options + " -g N=" + number),
+                  passed + "[1/2] compile work.t\n[2/2] simulate work.t\n");
+        EXPECT_EQ(Shell("cat out/logs/verilator/simulate*").second,
+                  std::string("N(") + number + ")) top()\n");
+    }
+    EXPECT_EQ(Ran(options + " --only-compile"), "[1/1] lint work.t\n");
+    EXPECT_EQ(Ran(options + " -g N=2 --rerun"), passed + "[1/1] simulate work.t\n");
+}
+
+TEST(RanBuilds, TellAllThatAFailingSimulationPrints) {
+    if (!IsInstalled("iverilog")) GTEST_SKIP() << "iverilog is not installed";
+    const WorkingFolder folder;
+    folder.Write(
+        "t.v",
+        "module t; initial begin\n$display(\"[12] begin\\nFAILED: checks\\nexpected 5\\n"
+        "ninja: error: hello\\n\\n\\ttabbed\"); $write(\"end \"); $fatal; end endmodule\n");
+    folder.Write("my build.xml",
+                 BuildText(TopsText("Verilog", {{"t", ""}}) +
+                           "<ProjectLanguageConfigurationList><LanguageSettings Language="
+                           "\"Verilog\"><BuildOptions>-sv</BuildOptions></LanguageSettings>"
+                           "</ProjectLanguageConfigurationList>\n<SourceFileGroup "
+                           "Language=\"Verilog\">\n" +
+                           SourceText("t.v") + "</SourceFileGroup>\n"));
+    EXPECT_EQ(Ran("--with icarus -o out"),
+              "1\nsimulation  result  time  log\n"
+              "work.t  failed  T s  out/logs/icarus/simulate-work.t-D.log\n"
+              "0 passed, 1 failed, 0 not run\n"
+              "[1/2] compile work.t\n[2/2] simulate work.t\n"
+              "[12] begin\nFAILED: checks\nexpected 5\nninja: error: hello\n\n\\ttabbed\n"
+              "end FATAL: ./t.v:2: \n  Time: 0 Scope: t\n"
+              "simulate work.t failed: failure: end FATAL: ./t.v:2: \n");
+}
+
+// Names are words of a file for ninja, which calls commands.
+TEST(RanBuilds, CallNothingThatANameNames) {
+    const WorkingFolder folder;
+    folder.Write("t.v", "module t; endmodule\n");
+    folder.Write("lib/a\n  command = touch broken\nb.v", "");
+    folder.Write("my build.xml",
+                 BuildText("<TopLevelComponents><ComponentList Language=\"Verilog\">"
+                           "<Component Library=\"work&#10;  command = touch broken #\">t$x"
+                           "</Component></ComponentList></TopLevelComponents>\n"
+                           "<ProjectLanguageConfigurationList><LanguageSettings Language="
+                           "\"Verilog\"><LibraryDirectories><Directory>lib</Directory>"
+                           "</LibraryDirectories></LanguageSettings>"
+                           "</ProjectLanguageConfigurationList>\n"
+                           "<SourceFileGroup Language=\"Verilog\">\n" +
+                           SourceText("t.v") + "</SourceFileGroup>\n"));
+    folder.Write("bin/iverilog",
+                 "#!/bin/sh\nwhile test \"$1\" != -o; do shift; done\necho made >\"$2\"\n");
+    folder.Write("bin/vvp", "#!/bin/sh\n");
+    for (const char* program : {"bin/iverilog", "bin/vvp"})
+        std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    EXPECT_EQ(Ran("--with icarus --tool-path bin -o out"),
+              "simulation  result  time  log\n"
+              "work\\n  command = touch broken #.t$x  passed  T s  "
+              "out/logs/icarus/simulate-work___command___touch_broken__.t_x-D.log\n"
+              "1 passed, 0 failed, 0 not run\n"
+              "[1/2] compile work\\n  command = touch broken #.t$x\n"
+              "[2/2] simulate work\\n  command = touch broken #.t$x\n");
+    EXPECT_EQ(Shell("find . -name broken").second, "");
+}
+
+TEST(RanBuilds, ReplaceNoFileOfOthers) {
+    const WorkingFolder folder;
+    WriteVhdl(folder);
+    folder.Write("build.ninja", "# mine, written by hand\n");
+    for (const char* program : {"bin/ninja", "bin/ghdl"}) {
+        folder.Write(program, "#!/bin/sh\n");
+        std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    }
+    EXPECT_EQ(Ran("--with ghdl --tool-path bin -o ."),
+              "3\nhdlbuild: error: ./build.ninja: the file is not of a run; choose another folder "
+              "with --output\n");
+    EXPECT_EQ(folder.Read("build.ninja"), "# mine, written by hand\n");
+    EXPECT_EQ(folder.List(),
+              "a.vhd\nb.vhd\nbin\nbuild.ninja\nerr\nit's here\nmy build.xml\nq.vhd\n");
 }
 
 TEST(RanBuilds, TellOfBothLanguagesWithWavesAndAReport) {

@@ -76,6 +76,7 @@ TEST(Farms, TakeSimulationsAlone) {
               "  in /r/icarus/images\n"
               "  move /r/icarus/images/work.top-e0e15e25.vvp.part to "
               "/r/icarus/images/work.top-e0e15e25.vvp\n"
+              "  product /r/icarus/images/work.top-e0e15e25.vvp\n"
               "  source /b/t.v\n"
               "simulate work.top\n"
               "  call vvp|-n|/r/icarus/images/work.top-e0e15e25.vvp\n"

@@ -6,7 +6,7 @@ TEST(IcarusRecipe, CompilesAllSourcesForEachTopAndRunsIt) {
     TRunWishes wishes = SampleWishes(plan);
     wishes.Launcher.clear();
     TRunScan scan = SampleScan(plan);
-    scan.Includes[2] = {"/b/inc/w.vh", "/b/t.v"};
+    scan.VerilogFiles = {"/b/inc/w.vh", "/b/t.v"};
     EXPECT_EQ(TextOfRun("icarus", plan, wishes, scan),
               "compile work.top\n"
               "  call iverilog|-o|/r/icarus/images/work.top-e0e15e25.vvp.part|-s|top|-Tmax|-Wall|"
@@ -16,9 +16,11 @@ TEST(IcarusRecipe, CompilesAllSourcesForEachTopAndRunsIt) {
               "  in /r/icarus/images\n"
               "  move /r/icarus/images/work.top-e0e15e25.vvp.part to "
               "/r/icarus/images/work.top-e0e15e25.vvp\n"
+              "  product /r/icarus/images/work.top-e0e15e25.vvp\n"
+              "  source /r/icarus/images/work.top-e0e15e25-waves.v\n"
               "  source /b/t.v\n"
-              "  source /b/inc/w.vh\n"
               "  source /b/cells.v\n"
+              "  source /b/inc/w.vh\n"
               "simulate work.top\n"
               "  call vvp|-n|/r/icarus/images/work.top-e0e15e25.vvp|+verbose|+x=1\n"
               "  in /r/icarus/work/work.top-e0e15e25\n"

@@ -75,21 +75,30 @@ TEST(RunFiles, KeepTheirTimeUnlessTheirTextChanges) {
     EXPECT_EQ(folder.Read("a"), "other");
 }
 
-TEST(RunFiles, HoldTheDigestOfASource) {
+TEST(RunFiles, HaveStates) {
     const TemporaryFolder folder;
-    const std::string source = folder.Write("a.v", "foobar");
-    const std::string output = folder.Path("out/digest");
-    EXPECT_EQ(WriteDigest(source, output), "");
-    EXPECT_EQ(folder.Read("out/digest"), "85944171f73967e8 6\n");
-    const auto old = std::filesystem::last_write_time(output) - std::chrono::hours(1);
-    std::filesystem::last_write_time(output, old);
-    folder.Write("a.v", "foobar");
-    EXPECT_EQ(WriteDigest(source, output), "");
-    EXPECT_EQ(std::filesystem::last_write_time(output), old);
+    const std::string file = folder.Write("a.v", "foobar");
+    EXPECT_EQ(StateOf(file), "85944171f73967e8 6");
+    TFileStates states;
+    EXPECT_EQ(states.Of(file), "85944171f73967e8 6");
     folder.Write("a.v", "a");
-    EXPECT_EQ(WriteDigest(source, output), "");
-    EXPECT_EQ(folder.Read("out/digest"), "af63dc4c8601ec8c 1\n");
-    EXPECT_EQ(WriteDigest(folder.Path("none"), output),
-              folder.Path("none") + ": the file does not exist");
-    EXPECT_EQ(folder.Read("out/digest"), "af63dc4c8601ec8c 1\n");
+    EXPECT_EQ(states.Of(file), "85944171f73967e8 6");  // it has looked once
+    EXPECT_EQ(StateOf(file), "af63dc4c8601ec8c 1");
+    EXPECT_EQ(StateOf(folder.Write("empty", "")), "cbf29ce484222325 0");
+    EXPECT_EQ(StateOf(folder.Path("none")), "none");
+    EXPECT_EQ(StateOf(folder.Path()), "none");
+    const std::string large(200'000, 'x');
+    EXPECT_EQ(StateOf(folder.Write("large", large)), DigestOf(large) + " 200000");
+}
+
+TEST(RunFiles, HaveDigestsOfSeveralTexts) {
+    const auto digest = [](const std::vector<std::string>& texts) {
+        TDigest added;
+        for (const std::string& text : texts) added.Add(text);
+        return added.Text();
+    };
+    EXPECT_EQ(digest({}), "cbf29ce484222325");
+    EXPECT_EQ(digest({"foobar"}), DigestOf({"foobar", 7}));
+    EXPECT_EQ(digest({"foo", "bar"}), DigestOf({"foo\0bar", 8}));
+    EXPECT_NE(digest({"foob", "ar"}), digest({"foo", "bar"}));
 }

@@ -46,7 +46,6 @@ inline TRunWishes SampleWishes(const TBuildPlan& plan) {
 /// Of texts that tell what the plan records, and nothing of tops.
 inline TRunScan SampleScan(const TBuildPlan& plan) {
     TRunScan scan;
-    scan.Includes.resize(plan.Sources.size());
     std::vector<std::size_t> all;
     for (const TPlanSource& source : plan.Sources) {
         scan.Needs.push_back(source.Needs);
@@ -82,7 +81,12 @@ inline std::string TextOfRun(const char* tool, const TBuildPlan& plan, const TRu
             for (const std::string& program : record.FarmPrograms) programs += "|" + program;
             add("at", record.Farm + ", " + record.Job + ", " + programs.substr(1));
         }
+        for (const std::string& product : record.Products) add("product", product);
         for (const std::string& source : step.Sources) add("source", source);
+        if (step.CommonSources)
+            for (const std::string& source : *step.CommonSources) add("source", source);
+        for (const std::string& program : step.Programs)
+            if (program.find('/') != std::string::npos) add("program", program);
         for (const std::size_t need : step.Needs) add("needs", run.Steps[need].Record.Title);
         for (const std::size_t former : step.After) add("after", run.Steps[former].Record.Title);
         if (record.TimeoutSeconds != 0)

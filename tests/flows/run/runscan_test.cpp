@@ -29,11 +29,11 @@ std::string TextOf(const TRunScan& scan, const TBuildPlan& plan) {
     std::string text;
     for (std::size_t number = 0; number < plan.Sources.size(); ++number) {
         text += NameOf(plan, number) + ":";
-        for (const std::string& include : scan.Includes[number])
-            text += " includes " + include.substr(plan.Folder.size());
         for (const std::size_t need : scan.Needs[number]) text += " needs " + NameOf(plan, need);
         text += "\n";
     }
+    for (const std::string& file : scan.VerilogFiles)
+        text += "also " + file.substr(plan.Folder.size()) + "\n";
     for (std::size_t number = 0; number < plan.Tops.size(); ++number) {
         text += plan.Tops[number].Entity + ":";
         for (const std::size_t need : scan.TopNeeds[number]) text += " " + NameOf(plan, need);
@@ -65,10 +65,12 @@ TEST(RunScan, FindsIncludedFilesAndTopsOfTwoLanguages) {
                  "\nbegin i : m; end;\n");
     folder.Write("plain.vhd", "entity plain is end;\narchitecture sim of plain is begin end;\n");
     EXPECT_EQ(Scanned(folder, kBuild),
-              "top.v: includes inc/a.vh includes inc/b.vh\n"
+              "top.v:\n"
               "m.v:\n"
               "mixed.vhd:\n"
               "plain.vhd:\n"
+              "also inc/a.vh\n"
+              "also inc/b.vh\n"
               "top: top.v m.v\n"
               "mixed: m.v mixed.vhd and Verilog\n"
               "plain: plain.vhd\n");
@@ -109,4 +111,73 @@ TEST(RunScan, FindsWhatIsNeededAndNotRecorded) {
         "tb: p.vhd q.vhd dut.vhd tb.vhd notes.vhd\n"
         "other: q.vhd other.vhd notes.vhd\n"
         "nowhere: p.vhd q.vhd dut.vhd tb.vhd other.vhd notes.vhd\n");
+}
+
+// A compiler may look elsewhere first; editors leave links and folders.
+TEST(RunScan, FindsWhatIsReadOfLibraries) {
+    const TemporaryFolder folder;
+    folder.Write("t.v", "`include \"w.vh\"\nmodule t; c i(); endmodule\n");
+    folder.Write("w.vh", "");
+    folder.Write("inc/w.vh", "`include \"deep.vh\"\n");
+    folder.Write("inc/deep.vh", "");
+    folder.Write("inc/cell.vh", "`include \"../t.v\"\n");
+    folder.Write("inc/unused.vh", "");
+    folder.Write("lib/c.v", "`include \"cell.vh\"\nmodule c; endmodule\n");
+    folder.Write("lib/b.v", "");
+    folder.Write("lib/.hidden.v", "");
+    folder.Write("lib/notes.txt", "");
+    folder.Write("lib/folder.v/file", "");
+    std::error_code error;
+    std::filesystem::create_symlink("nowhere", folder.Path("lib/.#c.v"), error);
+    std::filesystem::create_symlink("nowhere", folder.Path("lib/gone.v"), error);
+    folder.Write("cells.v", "`include \"file.vh\"\nmodule d; endmodule\n");
+    folder.Write("inc/file.vh", "");
+    EXPECT_EQ(Scanned(folder,
+                      "<HdlBuildFileList><HdlBuildFile TopLevelLanguage=\"Verilog\">"
+                      "<ProjectLanguageConfigurationList><LanguageSettings Language=\"Verilog\">"
+                      "<IncludeDirectories><Directory>inc</Directory></IncludeDirectories>"
+                      "<LibraryDirectories><Directory>lib</Directory></LibraryDirectories>"
+                      "<BuildOptions>-v cells.v</BuildOptions></LanguageSettings>"
+                      "</ProjectLanguageConfigurationList><SourceFileGroup Language=\"Verilog\">"
+                      "<SourceFile>t.v</SourceFile></SourceFileGroup>"
+                      "</HdlBuildFile></HdlBuildFileList>\n"),
+              "t.v:\n"
+              "cells.v:\n"
+              "also w.vh\n"
+              "also inc/w.vh\n"
+              "also cells.v\n"
+              "also lib/b.v\n"
+              "also lib/c.v\n"
+              "also inc/deep.vh\n"
+              "also inc/file.vh\n"
+              "also inc/cell.vh\n"
+              "also t.v\n");
+}
+
+// What is analysed last counts, so those behind a changed one are analysed again.
+TEST(RunScan, KeepsTheOrderOfWhatReplacesEachOther) {
+    const TemporaryFolder folder;
+    folder.Write("e.vhd", "entity e is end;\n");
+    folder.Write("beh.vhd", "architecture beh of E is begin end;\n");
+    folder.Write("rtl.vhd", "architecture rtl of e is begin end;\n");
+    folder.Write("p1.vhd", "package p is end;\n");
+    folder.Write("p2.vhd", "package P is end;\n");
+    folder.Write("tb.vhd",
+                 "entity tb is end;\narchitecture a of tb is begin i : entity work.e(beh); end;\n");
+    EXPECT_EQ(Scanned(folder,
+                      "<HdlBuildFileList><HdlBuildFile TopLevelLanguage=\"VHDL\">"
+                      "<TopLevelComponents><ComponentList Language=\"VHDL\">"
+                      "<Component Library=\"work\" Architecture=\"a\">tb</Component>"
+                      "</ComponentList></TopLevelComponents><SourceFileGroup Language=\"VHDL\">"
+                      "<SourceFile>e.vhd</SourceFile><SourceFile>beh.vhd</SourceFile>"
+                      "<SourceFile>rtl.vhd</SourceFile><SourceFile>p1.vhd</SourceFile>"
+                      "<SourceFile>p2.vhd</SourceFile><SourceFile>tb.vhd</SourceFile>"
+                      "</SourceFileGroup></HdlBuildFile></HdlBuildFileList>\n"),
+              "e.vhd:\n"
+              "beh.vhd: needs e.vhd\n"
+              "rtl.vhd: needs e.vhd needs beh.vhd\n"
+              "p1.vhd:\n"
+              "p2.vhd: needs p1.vhd\n"
+              "tb.vhd: needs e.vhd\n"
+              "tb: e.vhd beh.vhd p1.vhd p2.vhd tb.vhd\n");
 }

@@ -6,11 +6,13 @@ namespace {
 TStepRecord FullRecord() {
     TStepRecord record;
     record.Title = "simulate work.tb";
+    record.Inputs = "85944171f73967e8";
     record.Commands = {{"nice", "a b", "", "tab\there", "line\nend\r\\n"}, {"second"}};
     record.Folder = "/run/work";
     record.FreshFolders = {"/run/objects"};
     record.GuardedFiles = {"/run/a.cf", "/run/b.cf"};
     record.Moves = {{"/run/x.part", "/run/x"}};
+    record.Products = {"/run/x"};
     record.Log = "/run/log";
     record.Stamp = "/run/done";
     record.Result = "/run/result";
@@ -25,6 +27,7 @@ TStepRecord FullRecord() {
 
 constexpr const char* kFullText =
     "title\tsimulate work.tb\n"
+    "inputs\t85944171f73967e8\n"
     "folder\t/run/work\n"
     "log\t/run/log\n"
     "stamp\t/run/done\n"
@@ -35,6 +38,7 @@ constexpr const char* kFullText =
     "fresh\t/run/objects\n"
     "guarded\t/run/a.cf\n"
     "guarded\t/run/b.cf\n"
+    "product\t/run/x\n"
     "farm-program\t/bin/srun\n"
     "farm-program\tsqueue\n"
     "from\t/run/x.part\n"

@@ -135,6 +135,24 @@ TEST_F(StepRun, KeepsTheCopyOfAFileThatCannotBePutBack) {
     EXPECT_EQ(Folder.Read("lib/a.cf.before"), "old");
 }
 
+// What a simulator prints behind the end of a full disk is lost, and its status may be 0.
+TEST_F(StepRun, FailsWhenItsLogMayBeCut) {
+    Record.Result = Folder.Path("result");
+    Record.Tool = "icarus";
+    EXPECT_TRUE(Succeeds(StartProcess([this] {
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit = {10'000, 10'000};
+        return setrlimit(RLIMIT_FSIZE, &limit) == 0 &&
+               Run("yes 2>&- | head -c 20000; echo 'ERROR: t.v:2: bad'; true")
+                   .ends_with("compile x failed: " + Record.Log + ".room: File too large\n");
+    })));
+    EXPECT_FALSE(Folder.Exists("done") || Folder.Exists("log.room") ||
+                 Folder.Exists("log.room.part"));
+    EXPECT_EQ(Result(), "verdict\tfailed\nmilliseconds\tT\nreason\t" + Record.Log +
+                            ".room: File too large\n");
+    EXPECT_EQ(Run("rm ../log"), "1\ncompile x failed: " + Record.Log + ": the log is gone\n");
+}
+
 TEST_F(StepRun, FailsWhenItCannotLeaveItsFiles) {
     Record.Result = Folder.Path("result");
     Record.Tool = "icarus";

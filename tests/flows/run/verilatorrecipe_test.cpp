@@ -13,6 +13,8 @@ TEST(VerilatorRecipe, MakesAProgramOfEachTopAndRunsIt) {
               "-v|/b/cells.v|/b/t.v|/r/verilator/waves/work.top-e0e15e25.v\n"
               "  in /r/verilator/objects/work.top-e0e15e25\n"
               "  fresh /r/verilator/objects/work.top-e0e15e25\n"
+              "  product /r/verilator/objects/work.top-e0e15e25/simulation\n"
+              "  source /r/verilator/waves/work.top-e0e15e25.v\n"
               "  source /b/t.v\n"
               "  source /b/cells.v\n"
               "simulate work.top\n"
