@@ -23,7 +23,9 @@ public:
         AddRules();
         if (Writer.HasSources(LANGUAGE_VHDL)) AddVhdl();
         if (Writer.HasSources(LANGUAGE_VERILOG)) AddVerilog();
-        return Writer.Take();
+        TExported exported = Writer.Take();
+        DefineNinjaBar(&exported.Text);
+        return exported;
     }
 
 private:

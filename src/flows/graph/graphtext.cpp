@@ -1,4 +1,5 @@
 #include "flows/graph/graphtext.h"
+#include <algorithm>
 #include <cstddef>
 
 namespace {
@@ -73,17 +74,25 @@ std::string ShownText(std::string_view text) {
 }
 
 std::string DotText(std::string_view text) {
-    return '"' +
-           Rewritten(text,
-                     [](char c, std::string* shown) {
-                         if (c == '&')
-                             *shown += "&amp;";
-                         else if (c == '"' || c == '\\')
-                             *shown += {'\\', c};
-                         else
-                             *shown += c;
-                     }) +
-           '"';
+    // Graphviz reads quoted strings of up to 16384 bytes, but any number of them in a row.
+    constexpr std::size_t kLongest = 2048;
+    std::string quoted = "\"";
+    while (!text.empty()) {
+        std::size_t size = std::min(kLongest, text.size());
+        // Not within a character.
+        for (int step = 0; step < 3 && (ByteAt(text, size) & 0xC0) == 0x80; ++step) --size;
+        quoted += Rewritten(text.substr(0, size), [](char c, std::string* shown) {
+            if (c == '&')
+                *shown += "&amp;";
+            else if (c == '"' || c == '\\')
+                *shown += {'\\', c};
+            else
+                *shown += c;
+        });
+        text.remove_prefix(size);
+        if (!text.empty()) quoted += "\" + \"";
+    }
+    return quoted + '"';
 }
 
 std::string JsonText(std::string_view text) {

@@ -3,6 +3,9 @@
 
 namespace {
 
+// Ninja has no way to write a '|' into a path, but takes it out of a variable.
+constexpr std::string_view kBar = "${bar}";
+
 std::string Escaped(std::string_view text, std::string_view special) {
     std::string escaped;
     for (const char c : text) {
@@ -22,6 +25,7 @@ public:
         for (const TRunStep& step : Run.Steps) AddStep(step);
         AddLine("build all: phony" + Stamps);
         AddLine("default all");
+        DefineNinjaBar(&Text);
         return std::move(Text);
     }
 
@@ -66,11 +70,18 @@ private:
 }  // namespace
 
 std::string NinjaPath(std::string_view path) {
-    return Escaped(path, "$ :|");
+    std::string escaped = Escaped(path, "$ :");
+    for (std::size_t at = 0; (at = escaped.find('|', at)) != std::string::npos; at += kBar.size())
+        escaped.replace(at, 1, kBar);
+    return escaped;
 }
 
 std::string NinjaText(std::string_view text) {
     return Escaped(text, "$");
+}
+
+void DefineNinjaBar(std::string* file) {
+    if (file->find(kBar) != std::string::npos) file->insert(file->find('\n') + 1, "bar = |\n");
 }
 
 std::string RecordFileOf(const TRunStep& step) {

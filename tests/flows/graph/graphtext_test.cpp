@@ -48,3 +48,11 @@ TEST(GraphText, ReplacesWhatIsNoUtf8) {
     };
     for (const auto& row : rows) EXPECT_EQ(ShownText(row.Name), row.Shown) << row.Label;
 }
+
+// Graphviz takes 16384 bytes at most between two quotes.
+TEST(GraphText, PartsLongStringsOfGraphvizBetweenCharacters) {
+    const std::string dots(2047, '.');
+    EXPECT_EQ(DotText(dots + "ab"), "\"" + dots + "a\" + \"b\"");
+    EXPECT_EQ(DotText(dots + "\xC3\xBC"), "\"" + dots + "\" + \"\xC3\xBC\"");
+    EXPECT_EQ(DotText(dots + "a"), "\"" + dots + "a\"");
+}

@@ -67,3 +67,14 @@ TEST(NinjaText, HasAPoolForWhatRunsBesideAFarm) {
                   "build all: phony done/icarus/a done/icarus/b\n"
                   "default all\n");
 }
+
+// Ninja knows no escape for it.
+TEST(NinjaText, TakesTheBarOfAPathOutOfAVariable) {
+    EXPECT_EQ(NinjaPath("a|b$c"), "a${bar}b$$c");
+    std::string file = "ninja_required_version = 1.7\nbuild x: y a${bar}b\n";
+    DefineNinjaBar(&file);
+    EXPECT_EQ(file, "ninja_required_version = 1.7\nbar = |\nbuild x: y a${bar}b\n");
+    std::string plain = "ninja_required_version = 1.7\nbuild x: y a$ b\n";
+    DefineNinjaBar(&plain);
+    EXPECT_EQ(plain, "ninja_required_version = 1.7\nbuild x: y a$ b\n");
+}
