@@ -4,7 +4,7 @@
 #include "projectfiles/hdlprojectfilelist.h"
 #include "projectfiles/hdlusersourcefilelist.h"
 #include "services/names/environment.h"
-#include "services/xml/xmlname.h"
+#include "services/xml/xmllist.h"
 #include "simtools/simtoolserverclientcourier.h"
 #include "tests/threads/work.h"
 #include <array>
@@ -51,7 +51,12 @@ void AskForNames(const TWorkPlace& place) {
     }
     for (int i = 0; i < 64; ++i) {
         const std::string letter = NewLetter();
-        EXPECT_EQ(ToXMLName("a" + letter + " " + place.Thread), "a" + letter + "_" + place.Thread);
+        TXMLList document;
+        document.Push(TElement::START, "a" + letter + " " + place.Thread, {});
+        document.Push(TElement::END, "a" + letter + " " + place.Thread, {});
+        std::string text;
+        EXPECT_TRUE(document.WriteToText(&text, nullptr));
+        EXPECT_NE(text.find("<a" + letter + "_" + place.Thread + "/>"), std::string::npos) << text;
     }
 }
 

@@ -50,3 +50,9 @@ void SaveToTheIniFile(const TWorkPlace& place);
 void SetTheHomeDirectory(const TWorkPlace& place);
 void SaveSimulators(const TWorkPlace& place);
 void AskForOptionTexts(const TWorkPlace& place);
+
+// What the tool does with builds: documents edited in place, sources scanned, plans written for
+// other tools and read from their files.
+void EditADocumentInPlace(const TWorkPlace& place);
+void ScanABuild(const TWorkPlace& place);
+void ExportAndImport(const TWorkPlace& place);
