@@ -490,7 +490,8 @@ TEST(RanBuilds, TellAllThatAFailingSimulationPrints) {
 // Names are words of a file for ninja, which calls commands.
 TEST(RanBuilds, CallNothingThatANameNames) {
     const WorkingFolder folder;
-    folder.Write("t.v", "module t; endmodule\n");
+    const std::string source = std::string(240, 'a') + ".v";  // hardly a byte more has room
+    folder.Write(source, "module t; endmodule\n");
     folder.Write("lib/a\n  command = touch broken\nb.v", "");
     folder.Write("my build.xml",
                  BuildText("<TopLevelComponents><ComponentList Language=\"Verilog\">"
@@ -501,7 +502,7 @@ TEST(RanBuilds, CallNothingThatANameNames) {
                            "</LibraryDirectories></LanguageSettings>"
                            "</ProjectLanguageConfigurationList>\n"
                            "<SourceFileGroup Language=\"Verilog\">\n" +
-                           SourceText("t.v") + "</SourceFileGroup>\n"));
+                           SourceText(source) + "</SourceFileGroup>\n"));
     folder.Write("bin/iverilog",
                  "#!/bin/sh\nwhile test \"$1\" != -o; do shift; done\necho made >\"$2\"\n");
     folder.Write("bin/vvp", "#!/bin/sh\n");
