@@ -129,7 +129,7 @@ private:
     std::vector<std::string> WordsOf(const TTree& entry) const;
     TCompiled CompiledBy(const TTree& entry, const std::string& folder, const std::string& path);
     void AddSettings(const TTree& entry, const std::string& name, THdlLanguage language,
-                     TCompiled compiled);
+                     const TCompiled& compiled);
 
     TTreeImport& Tree;
     std::map<THdlLanguage, TCompiled> First;  // of the first source
@@ -228,10 +228,10 @@ TCompileCommands::TCompiled TCompileCommands::CompiledBy(const TTree& entry,
 }
 
 void TCompileCommands::AddSettings(const TTree& entry, const std::string& name,
-                                   THdlLanguage language, TCompiled compiled) {
+                                   THdlLanguage language, const TCompiled& compiled) {
     for (const std::string& folder : compiled.Folders)
         Tree.AddIncludeDirectory(language, folder, entry);
-    const auto [at, isNew] = First.try_emplace(language, std::move(compiled));
+    const auto [at, isNew] = First.try_emplace(language, compiled);
     TCompiled& first = at->second;
     if (isNew) {
         for (const std::vector<std::string>& words : first.Options)

@@ -140,9 +140,22 @@ TEdamOptions::TWordsAt TEdamOptions::TakeOption(const TListOption& option, TWord
     return behind;
 }
 
+// Directories are searched in their order, which is one for both tools.
+bool TEdamOptions::IsNew(TListMeaning meaning, const TWord& value, TListTool tool) {
+    const std::string key = std::to_string(meaning) + value.Text;
+    if (!TakenOf[tool].insert(key).second) return false;
+    const auto [place, isNew] = Taken.try_emplace(key, Taken.size());
+    std::size_t& last = LastTaken[{tool, meaning}];
+    const bool isFolder = meaning == MEANS_LIBRARY_FOLDER || meaning == MEANS_INCLUDE_FOLDER;
+    if (isFolder && place->second < last)
+        Tree.LoseOnce("the order of the directories of both Verilog tools", *value.From);
+    last = std::max(last, place->second);
+    return isNew;
+}
+
 void TEdamOptions::Take(TListMeaning meaning, const TWord& value, TListTool tool) {
     if (meaning == MEANS_DEFINE) return Defines[tool].push_back(value);
-    if (!Taken.insert(std::to_string(meaning) + value.Text).second) return;
+    if (!IsNew(meaning, value, tool)) return;
     TImportReader& reader = Tree.GetReader();
     const TImportPlace place = Tree.PlaceOf(*value.From);
     TImportedSettings& settings = reader.SettingsOf(LANGUAGE_VERILOG);

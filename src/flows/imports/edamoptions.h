@@ -6,6 +6,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// Reads "tool_options" of EDAM: what a build has words for of those of Icarus Verilog, Verilator
@@ -44,6 +45,7 @@ private:
     TWordsAt TakeUnknown(TWordsAt word, TWordsAt end, TListTool tool, std::vector<TWords>* kept);
     bool TakeIcarusWord(const TWord& word);
     TWordsAt TakeOption(const TListOption& option, TWordsAt word, TWordsAt end, TListTool tool);
+    bool IsNew(TListMeaning meaning, const TWord& value, TListTool tool);
     void Take(TListMeaning meaning, const TWord& value, TListTool tool);
     void AddDefines();
     static TWords LastOfNames(const TWords& defines);
@@ -59,7 +61,9 @@ private:
     std::string VhdlYear;
     const TTree* Mode = nullptr;
     TWords LibraryFiles;
-    std::vector<TWords> Kept;             // options of Verilog, each with its operand
-    std::map<TListTool, TWords> Defines;  // of the tools that the file has options of
-    std::set<std::string> Taken;          // what both tools of Verilog may say
+    std::vector<TWords> Kept;                  // options of Verilog, each with its operand
+    std::map<TListTool, TWords> Defines;       // of the tools that the file has options of
+    std::map<std::string, std::size_t> Taken;  // what both tools of Verilog may say, with its place
+    std::map<TListTool, std::set<std::string>> TakenOf;
+    std::map<std::pair<TListTool, TListMeaning>, std::size_t> LastTaken;
 };

@@ -186,6 +186,26 @@ TEST(EdamOptions, GiveTheDefinesOfBothTools) {
     }
 }
 
+TEST(EdamOptions, TellOfDirectoriesInTwoOrders) {
+    const ImportFolder folder;
+    const auto read = [&folder](const std::string& icarus, const std::string& verilator) {
+        return folder.ReadText("edam-yaml", "tool_options:\n  icarus: {iverilog_options: [" +
+                                                icarus + "]}\n  verilator: {verilator_options: [" +
+                                                verilator + "]}\n");
+    };
+    const std::string ab =
+        "in/list:2:31 library folder in/a\n"
+        "in/list:2:37 library folder in/b\n";
+    EXPECT_EQ(read("-y a, -y b, -y a", "-y, a, -y, b"), ab);
+    EXPECT_EQ(read("-y a, -y b", "-y b"), ab);
+    EXPECT_EQ(
+        read("-y a, -y b", "-y b, -y a, -y b"),
+        ab + "in/list:3:41 HB701 a build has no words for the order of the directories of both "
+             "Verilog tools\n");
+    EXPECT_EQ(read("-Ia, -y b", "-y b, -Ia"),
+              "in/list:2:31 include in/a\nin/list:2:36 library folder in/b\n");
+}
+
 // What a file lists is a source; options add files to it.
 TEST(EdamOptions, GiveLibraryFilesBehindTheSources) {
     const ImportFolder folder;

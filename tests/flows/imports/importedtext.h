@@ -1,5 +1,6 @@
 #pragma once
 #include "flows/imports/importformats.h"
+#include "flows/imports/importreader.h"
 #include "services/hdl/hdllanguage.h"
 #include "tests/support/temporaryfolder.h"
 #include <algorithm>
@@ -72,10 +73,7 @@ private:
         if (settings.Delay)
             *text += std::string("delays ") + GetDelayTypeFromEnum(*settings.Delay) + "\n";
         for (const auto& step : settings.Options)
-            for (const auto& option : step) {
-                std::string whole = option.Text;
-                for (const std::string& operand : option.Operands) whole += " " + operand;
-                add("option", {{whole, option.Place}});
-            }
+            for (const TImportedOption& option : step)
+                add("option", {{::TextOf(option), option.Place}});
     }
 };
