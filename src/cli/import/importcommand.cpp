@@ -116,6 +116,7 @@ void TImportRun::TellOne(const TDiagnostic& diagnostic) {
         ReportError(Streams, line);
     else
         ReportWarning(Streams, line);
+    if (!Arguments.Json) return;
     TJson json = {{"code", code}, {"text", text}};
     if (!source.Path.empty()) json["file"] = source.Path;
     if (source.Line > 0) json["line"] = source.Line;
