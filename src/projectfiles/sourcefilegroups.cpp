@@ -51,7 +51,7 @@ bool TSourceFileGroups::AddSourceFile(IHdlSourceFile* source, bool atHead, TAddi
     TGroup& group = GroupOf(source->GetLanguage());
     const bool wasStored = group.IsStored();
     const bool wasAdded = group.List.AddSourceFile(source, atHead);
-    *addition = {&group, atHead, wasAdded, wasStored};
+    if (addition) *addition = {&group, atHead, wasAdded, wasStored};
     group.IsCreated = true;
     return wasAdded;
 }

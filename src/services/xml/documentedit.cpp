@@ -17,6 +17,8 @@ bool TDocumentEdit::Read(std::string document, TXMLList* list, TXMLReadError* er
     *this = {};
     auto read = std::make_shared<TKeptDocument>();
     read->Bytes = std::move(document);
+    TXMLList unwanted;
+    if (!list) list = &unwanted;
     read->HasPlaces = list->Parse(read->Bytes, nullptr, error, nullptr, &read->Places);
     Document = std::move(read);
     return Document->HasPlaces;

@@ -25,8 +25,8 @@ struct TXMLReadError;
 /// Of an element's texts, the one in front of its first child is edited.
 class HDLBUILDFILE_API TDocumentEdit {
 public:
-    /// Keeps `document`, and reads it into `list` as ReadFromText() of the list does. `error` may
-    /// be null.
+    /// Keeps `document`, and reads it into `list` as ReadFromText() of the list does. `list` and
+    /// `error` may be null.
     bool Read(std::string document, TXMLList* list, TXMLReadError* error);
     /// Finds the edits of the document that was read. `base` and `wanted` are streams as they are
     /// pushed for a save. Whoever saves the result reads it first and compares the models: only the

@@ -25,7 +25,8 @@ using TElementVisit = std::function<void(const TMetElement&)>;
 /// the root that `documentType` names ("": none), in the order of the document. Empties `document`
 /// as soon as its bytes are not needed. `work` tells an observer what the bytes are read for. On
 /// failure, with the reason in `error` (null is allowed), the elements in front of the fault have
-/// been met, but for a text that ends there.
+/// been met, but for a text that ends there. Null texts count as empty; without a `visit` the
+/// document is only read.
 HDLBUILDFILE_API bool VisitElements(std::string* document, const char* documentType,
                                     TProgressWork work, const TElementVisit& visit,
                                     TXMLReadError* error);
