@@ -158,8 +158,9 @@ const TBuildTop* FindTopOf(const std::vector<TBuildTop>& tops, const std::string
 }
 
 std::string NoTopOf(const std::vector<TBuildTop>& tops, const std::string& name) {
-    std::vector<std::string> names;
     const std::vector<const TBuildTop*> found = FindTopsOf(tops, name);
+    std::vector<std::string> names;
+    names.reserve(found.size());
     for (const TBuildTop* const top : found)
         names.push_back(TextOf(*top) + " (" + GetDisplayStringFromHdlLanguage(top->Language) + ")");
     if (!found.empty())
