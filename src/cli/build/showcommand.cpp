@@ -97,8 +97,9 @@ TJson GroupsOf(const THdlBuildFile& build) {
 }
 
 TJson MissingFilesOf(const THdlBuildFile& build, const TBuildArguments& arguments) {
-    TJson missing = TJson::Array();
-    for (const TListedSource& source : ListMissingSources(build))
+    const std::vector<TListedSource> sources = ListMissingSources(build);
+    TJson missing = TJson::Array(sources.size());
+    for (const TListedSource& source : sources)
         missing.Add(PathText(source.File->GetFileName(), arguments.Paths));
     return missing;
 }

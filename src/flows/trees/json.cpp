@@ -32,9 +32,9 @@ TJson::TJson(const std::map<std::string, std::string>& values)
 
 TJson::TJson(std::initializer_list<TMember> members) : Value(std::vector<TMember>(members)) {}
 
-TJson TJson::Array() {
+TJson TJson::Array(std::size_t expected) {
     TJson value;
-    value.Value = std::vector<TJson>();
+    value.Value.emplace<std::vector<TJson>>().reserve(expected);
     return value;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 #include <concepts>
+#include <cstddef>
 #include <initializer_list>
 #include <map>
 #include <string>
@@ -24,7 +25,8 @@ public:
     /// An object; the names differ.
     TJson(std::initializer_list<TMember> members);
 
-    static TJson Array();
+    /// With memory for so many entries.
+    static TJson Array(std::size_t expected = 0);
     static TJson Object();
 
     /// The member of that name of an object or of null, which becomes an object; added as null.

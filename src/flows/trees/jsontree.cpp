@@ -122,13 +122,13 @@ struct TJsonEvents {
     }
 
     TJsonCursor Cursor;
-    TTreeBuilder Builder = {};
+    TTreeBuilder Builder;
 };
 
 }  // namespace
 
 bool ReadJsonTree(std::string_view text, TTree* tree, TTreeFault* fault) {
-    TJsonEvents events{TJsonCursor(text)};
+    TJsonEvents events{TJsonCursor(text), TTreeBuilder(text.size())};
     const bool isRead = nlohmann::json::sax_parse(text.begin(), text.end(), &events);
     if (events.Builder.HasFailed()) *fault = events.Builder.GetFault();
     if (isRead) *tree = events.Builder.Take();

@@ -127,7 +127,7 @@ bool TTomlKeys::StepOverText() {
 /// Makes a tree of the library's tables.
 class TTomlWalk {
 public:
-    explicit TTomlWalk(TTomlLines& lines) : Lines(lines) {}
+    TTomlWalk(TTomlLines& lines, std::size_t size) : Lines(lines), Builder(size) {}
 
     bool Add(const toml::node& node);
     TTreeBuilder& GetBuilder() { return Builder; }
@@ -200,7 +200,7 @@ bool ReadTomlTree(std::string_view text, TTree* tree, TTreeFault* fault) {
                   lines.PlaceOf(result.error().source())};
         return false;
     }
-    TTomlWalk walk(lines);
+    TTomlWalk walk(lines, text.size());
     if (!walk.Add(result.table())) {
         *fault = walk.GetBuilder().GetFault();
         return false;

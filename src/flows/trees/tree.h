@@ -6,9 +6,11 @@
 
 /// How deep values may lie in each other.
 inline constexpr std::size_t kDeepestTree = 64;
-/// How many values a tree may have, what is kept for the anchors of YAML counted: there few words
-/// may stand for very many values.
-inline constexpr std::size_t kMostTreeValues = 1'000'000;
+/// How many values the tree of a small file may have, what is kept for the anchors of YAML counted:
+/// there few words may stand for very many values. A value takes about a hundred bytes of memory.
+inline constexpr std::size_t kMostTreeValues = 200'000;
+/// A large file may have one more for so many bytes.
+inline constexpr std::size_t kBytesOfTreeValue = 16;
 
 enum TTreeKind : int {
     TREE_NULL,

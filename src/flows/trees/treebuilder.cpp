@@ -85,8 +85,8 @@ bool TTreeBuilder::MayGrow(std::size_t count, std::size_t depth, TTreePlace plac
     if (Open.size() + depth > kDeepestTree)
         return Fail("more than " + std::to_string(kDeepestTree) + " values lie in each other",
                     place);
-    if (Count + count > kMostTreeValues)
-        return Fail("more than " + std::to_string(kMostTreeValues) + " values", place);
+    if (Count + count > MostValues)
+        return Fail("more than " + std::to_string(MostValues) + " values", place);
     Count += count;
     return true;
 }

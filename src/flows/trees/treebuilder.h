@@ -6,6 +6,10 @@
 /// nothing and return false.
 class TTreeBuilder {
 public:
+    /// For a file of so many bytes.
+    explicit TTreeBuilder(std::size_t size)
+        : MostValues(kMostTreeValues + size / kBytesOfTreeValue) {}
+
     bool Begin(TTreeKind kind, TTreePlace place);
     bool End();
     /// The key of the value that comes next.
@@ -36,6 +40,7 @@ private:
     bool IsText(const std::string& text, TTreePlace place);
     bool MayGrow(std::size_t count, std::size_t depth, TTreePlace place);
 
+    const std::size_t MostValues;
     TTree Root;
     bool HasRoot = false;
     std::vector<TTree> Open;

@@ -57,6 +57,9 @@ TTreeKind KindOfNumber(std::string_view text, bool* isOutOfRange) {
 /// Makes a tree of the parser's events.
 class TYamlEvents : public YAML::EventHandler {
 public:
+    /// For a file of so many bytes.
+    explicit TYamlEvents(std::size_t size) : Builder(size) {}
+
     TTreeBuilder& GetBuilder() { return Builder; }
 
     void OnDocumentStart(const YAML::Mark& mark) override {
@@ -188,7 +191,7 @@ void TYamlEvents::Keep(YAML::anchor_t anchor) {
 }  // namespace
 
 bool ReadYamlTree(std::string_view text, TTree* tree, TTreeFault* fault) {
-    TYamlEvents events;
+    TYamlEvents events(text.size());
     TTreeBuilder& builder = events.GetBuilder();
     try {
         std::istringstream stream{std::string(text)};
