@@ -26,27 +26,30 @@ struct TGraph {
     TEdgesOfPlaces Edges;
 };
 
+/// Whether the file may lie on a cycle. Most files of a build depend on none, and take no memory
+/// then.
+bool HasDependencies(const IHdlSourceFile* file) {
+    const TIHdlSourceFileList* dependencies = file->GetDependencyList();
+    return dependencies && !dependencies->empty();
+}
+
 TGraph BuildGraph(const std::vector<const IHdlSourceFile*>& roots) {
     TGraph graph;
     std::unordered_map<const IHdlSourceFile*, TIndex> places;
-    places.reserve(roots.size());
-    graph.Files.reserve(roots.size());
-    graph.Edges.reserve(roots.size());
     const auto place = [&](const IHdlSourceFile* file) {
         const auto [entry, added] = places.try_emplace(file, graph.Files.size());
         if (added) graph.Files.push_back(file);
         return entry->second;
     };
-    for (const IHdlSourceFile* root : roots) place(root);
+    for (const IHdlSourceFile* root : roots)
+        if (HasDependencies(root)) place(root);
     TProgress progress(PROGRESS_CHECK_SOURCES, graph.Files.size());
     // Files grows while it is walked: each file's dependencies are met after the roots.
     for (TIndex at = 0; at < graph.Files.size(); ++at) {
         progress.Advance();
         auto& edges = graph.Edges.emplace_back();
-        const TIHdlSourceFileList* dependencies = graph.Files[at]->GetDependencyList();
-        if (!dependencies) continue;
-        edges.reserve(dependencies->size());
-        for (const IHdlSourceFile* dependency : *dependencies) edges.push_back(place(dependency));
+        for (const IHdlSourceFile* dependency : *graph.Files[at]->GetDependencyList())
+            if (HasDependencies(dependency)) edges.push_back(place(dependency));
     }
     return graph;
 }

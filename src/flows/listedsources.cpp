@@ -7,7 +7,11 @@
 #include "services/names/recordedstatus.h"
 
 std::vector<TListedSource> ListSources(const THdlBuildFile& build) {
+    std::size_t count = 0;
+    for (const THdlLanguageRecord& record : GetHdlLanguageTable())
+        count += build.GetSourceFileGroup(record.Language)->size();
     std::vector<TListedSource> sources;
+    sources.reserve(count);
     for (const THdlLanguageRecord& record : GetHdlLanguageTable())
         for (const IHdlSourceFile* file : *build.GetSourceFileGroup(record.Language))
             sources.push_back({record.Language, file});

@@ -1,6 +1,7 @@
 #include "services/names/timestamps.h"
 #include "services/base/sharedparts.h"
 #include "services/files/pathpieces.h"
+#include <cstdint>
 #include <cstring>
 #include <mutex>
 
@@ -9,22 +10,24 @@ struct TFileStamps::TStamp {
     TStamp* Next;
     const char* Key;  // one text per distinct key; null: whatever key
     std::int64_t Time;
-    std::int64_t Size;
-    bool Exists;
-    bool IsDirectory;
-    TKind Kind;
+    std::uint64_t Size : 61;
+    std::uint64_t IsCompiled : 1;  // else loaded
+    std::uint64_t Exists : 1;
+    std::uint64_t IsDirectory : 1;
 
     TFileStatus GetStatus() const {
         TFileStatus status;
-        status.Exists = Exists;
-        status.IsDirectory = IsDirectory;
+        status.Exists = Exists != 0;
+        status.IsDirectory = IsDirectory != 0;
         status.Time = Time;
-        status.Size = Size;
+        status.Size = static_cast<std::int64_t>(Size);
         return status;
     }
 };
 
 namespace {
+
+constexpr std::uint64_t kMostSize = (std::uint64_t{1} << 61) - 1;
 
 bool IsSameKey(const char* a, const char* b) {
     return a == b || (a && b && std::strcmp(a, b) == 0);
@@ -57,19 +60,20 @@ void TFileStamps::Record(TKind kind, const char* key, const TFileStatus& status)
 }
 
 TFileStamps::TStamp* TFileStamps::FindStamp(TKind kind, const char* key) const {
+    const bool isCompiled = kind == COMPILED;
     for (TStamp* stamp = First; stamp; stamp = stamp->Next)
-        if (stamp->Kind == kind && IsSameKey(stamp->Key, key)) return stamp;
+        if ((stamp->IsCompiled != 0) == isCompiled && IsSameKey(stamp->Key, key)) return stamp;
     return nullptr;
 }
 
 void TFileStamps::Set(TKind kind, const char* key, const TFileStatus& status) {
     TStamp* stamp = FindStamp(kind, key);
     if (!stamp) {
-        stamp = First =
-            new TStamp{First, key ? KeptPathText(key) : nullptr, 0, 0, false, false, kind};
+        stamp = First = new TStamp{
+            First, key ? KeptPathText(key) : nullptr, 0, 0, kind == COMPILED, false, false};
     }
     stamp->Time = status.Time;
-    stamp->Size = status.Size;
+    stamp->Size = static_cast<std::uint64_t>(status.Size) & kMostSize;
     stamp->Exists = status.Exists;
     stamp->IsDirectory = status.IsDirectory;
 }
