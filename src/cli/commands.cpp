@@ -11,6 +11,7 @@
 #include "cli/servers/commands.h"
 #include "cli/settings/commands.h"
 #include "cli/setup/commands.h"
+#include "cli/shell/commands.h"
 #include "cli/translator/commands.h"
 #include <new>
 
@@ -25,6 +26,10 @@ constexpr const char* kFooter =
 int RunWithMemory(const std::vector<std::string>& arguments, const TToolStreams& streams) {
     if (!arguments.empty() && arguments.front() == kStepCommand)
         return RunStepCommand({arguments.begin() + 1, arguments.end()}, streams);
+    if (!arguments.empty() && arguments.front() == kCompleteCommand)
+        return RunComplete(MakeCommands(), {arguments.begin() + 1, arguments.end()}, streams);
+    if (!arguments.empty() && arguments.front() == kManPageCommand)
+        return RunManPage(MakeCommands(), {arguments.begin() + 1, arguments.end()}, streams);
     const TTool tool{"hdlbuild", HDLBUILDFILE_VERSION,
                      "Reads, checks and orders HDL build files, and keeps their settings.", kFooter,
                      MakeCommands()};
@@ -38,7 +43,8 @@ std::vector<TCommand> MakeCommands() {
     for (const auto make :
          {MakeBuildCommands, MakeQuestionCommands, MakeGraphCommands, MakeChangeCommands,
           MakeSetupCommands, MakeScanCommands, MakeExportCommands, MakeImportCommands,
-          MakeRunCommands, MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands})
+          MakeRunCommands, MakeSettingsCommands, MakeServersCommands, MakeTranslatorCommands,
+          MakeShellCommands})
         for (TCommand& command : make()) commands.push_back(std::move(command));
     return commands;
 }

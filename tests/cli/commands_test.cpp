@@ -45,6 +45,7 @@ const std::map<std::string, TLine>& CommandLines() {
         {"export", {"export", "d.xml", "--to", "ghdl"}},
         {"import", {"import", "vunit-csv", "t.csv", "-o", "n.xml"}},
         {"run", {"run", "d.xml", "--list"}},
+        {"completion", {"completion", "bash"}},
         {"settings list", {"settings", "p.hpj", "list"}},
         {"settings show", {"settings", "p.hpj", "show"}},
         {"settings current", {"settings", "p.hpj", "current", "Debug"}},

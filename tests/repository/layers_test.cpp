@@ -71,9 +71,11 @@ const std::map<std::string, std::set<std::string>> kPermitted = {
     {"cli/settings", kFamily},
     {"cli/servers", kFamily},
     {"cli/translator", kFamily},
+    {"cli/shell", AllOf(kFamily, {"flows/plan", "flows/process", "flows/run", "flows/formats",
+                                  "flows/imports"})},
     {"cli",
      {"cli/frame", "cli/build", "cli/change", "cli/export", "cli/questions", "cli/graph",
-      "cli/import", "cli/run", "cli/setup", "cli/scan", "cli/settings", "cli/servers",
+      "cli/import", "cli/run", "cli/setup", "cli/scan", "cli/settings", "cli/servers", "cli/shell",
       "cli/translator"}},
 };
 
