@@ -39,8 +39,9 @@ if(HDLBUILDFILE_TOOL)
         "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
     set_target_properties(hdlbuild PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_tool}")
     install(TARGETS hdlbuild)
+    include(HdlBuildFileShellFiles)
 endif()
-install(FILES README.md DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(FILES README.md CHANGELOG.md LICENSE NOTICES.md DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 install(DIRECTORY docs examples DESTINATION "${CMAKE_INSTALL_DOCDIR}")
 
 # For find_package. Each minor version may break its callers while the major version is 0.
