@@ -74,7 +74,7 @@ TEST(Completion, OffersSwitchesBesideOptions) {
 }
 
 TEST(Completion, OffersConfigurationsAndTemplates) {
-    const TUserIniFile ini;
+    const UserIniFile ini("");
     const WorkingFolder folder;
     ASSERT_EQ(RunHdlbuild({"settings", "p.hpj", "copy", "NCSim", "Nightly"}).Status, 0);
     EXPECT_EQ(Completed({"settings", "p.hpj", "show", ""}), "Nightly\n");
