@@ -16,7 +16,7 @@ std::string ShownText(std::string_view text) {
             shown += "\\n";
         else
             shown.append("\\x")
-                .append(1, "01"[byte >> 4 & 1])
+                .append(1, "01234567"[byte >> 4])
                 .append(1, "0123456789ABCDEF"[byte & 15]);
     return shown;
 }
