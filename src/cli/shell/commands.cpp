@@ -1,4 +1,5 @@
 #include "cli/shell/commands.h"
+#include "cli/frame/jsonresults.h"
 #include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
 #include "cli/shell/completion.h"
@@ -7,7 +8,7 @@
 
 namespace {
 
-struct TShellArguments {
+struct TShellArguments : TCommonArguments {
     std::string Shell;
 };
 
@@ -17,7 +18,14 @@ int RunCompletion(const TShellArguments& arguments, const TToolStreams& streams)
         ReportError(streams, UnknownName("shell", arguments.Shell, ShellNames()));
         return kExitUsage;
     }
-    PrintFile(script, streams.Out);
+    if (arguments.Json) {
+        TJson result = MakeResult("hdlbuild-completion");
+        result["shell"] = arguments.Shell;
+        result["script"] = script;
+        PrintJson(result, streams);
+    } else {
+        PrintFile(script, streams.Out);
+    }
     return kExitDone;
 }
 
@@ -61,8 +69,9 @@ int RunManPage(const std::vector<TCommand>& commands, const std::vector<std::str
 
 std::vector<TCommand> MakeShellCommands() {
     const auto values = std::make_shared<TShellArguments>();
-    return {{"completion",
-             "Print the script that completes command lines in a shell",
-             TRunWith<TShellArguments>(values)(RunCompletion),
-             {{"SHELL", &values->Shell, JoinChoices(ShellNames()), kRequired}}}};
+    return {
+        {"completion",
+         "Print the script that completes command lines in a shell",
+         TRunWith<TShellArguments>(values)(RunCompletion),
+         {{"SHELL", &values->Shell, JoinChoices(ShellNames()), kRequired}, JsonArgument(*values)}}};
 }

@@ -97,12 +97,15 @@ void TWordsWalk::Take(const std::string& word) {
         const TArgument* const option = FindOption(word);
         if (option) Given.try_emplace(option->Name);
         if (option && TakesValue(*option)) Open = option;
+        if (!option) Given.try_emplace(Words, word);
     } else if (const TArgument* const place = NextPlace(); place && !FindCommand(word)) {
         TakeValue(*place, word);
     } else if (const TCommand* const command = FindCommand(word)) {
         Enter(*command);
     } else {
         Given.try_emplace(Words, word);
+        // Nothing is known of what follows an unknown command.
+        if (Command.empty()) Level = nullptr;
     }
 }
 

@@ -100,7 +100,7 @@ TEST(OrderCommand, PrintsOneLineForAPathWithALineEnd) {
               "  \"language\": \"VHDL\",\n"
               "  \"files\": [\n"
               "    {\n"
-              "      \"library\": \"l\\t\xC2\x85\",\n"
+              "      \"library\": \"l\\t\\u0085\",\n"
               "      \"path\": \"a\\nb\\t\\r.vhd\"\n"
               "    }\n"
               "  ]\n"

@@ -12,9 +12,9 @@ std::string Completed(std::vector<std::string> words) {
 
 constexpr const char* kBuild =
     "<HdlBuildFileList><HdlBuildFile TopLevelLanguage=\"VHDL\" DestinationLibrary=\"work\">"
-    "<TopLevelComponents Language=\"VHDL\"><Component Library=\"work\" Entity=\"tb\" "
-    "Architecture=\"sim\"/></TopLevelComponents>"
-    "<Variables><Variable Name=\"WIDTH\">8</Variable></Variables>"
+    "<TopLevelComponents><ComponentList Language=\"VHDL\"><Component Library=\"work\" "
+    "Architecture=\"sim\">tb</Component></ComponentList></TopLevelComponents>"
+    "<BuildFileVariables><Variable Name=\"WIDTH\" Value=\"8\"/></BuildFileVariables>"
     "<SourceFileGroup Language=\"VHDL\"><SourceFile PrecompiledLibrary=\"ip\">rtl/a b.vhd"
     "</SourceFile><SourceFile>tb.vhd</SourceFile></SourceFileGroup></HdlBuildFile>"
     "</HdlBuildFileList>";
@@ -69,8 +69,8 @@ TEST(Completion, OffersNamesOutOfTheBuild) {
 }
 
 TEST(Completion, OffersSwitchesBesideOptions) {
-    EXPECT_EQ(Completed({"translator", "b.xml", "vhdl2v", "enable", "-r"}), "-rip\n");
-    EXPECT_EQ(Completed({"translator", "b.xml", "vhdl2v", "enable", "-rip", ""}), "");
+    EXPECT_EQ(Completed({"translator", "b.xml", "v2vhdl", "enable", "-ri"}), "-rip\n-ris\n");
+    EXPECT_EQ(Completed({"translator", "b.xml", "v2vhdl", "enable", "-rip", ""}), "");
 }
 
 TEST(Completion, OffersConfigurationsAndTemplates) {
