@@ -1,4 +1,5 @@
 #include "cli/shell/completion.h"
+#include "cli/shell/argumentkinds.h"
 #include "cli/shell/offerednames.h"
 #include <string_view>
 #include <unordered_set>
@@ -24,17 +25,8 @@ const std::vector<TArgument>& CommonArguments() {
     return arguments;
 }
 
-bool IsOption(const TArgument& argument) {
-    return argument.Name[0] == '-';
-}
-
 bool TakesValue(const TArgument& argument) {
-    return std::holds_alternative<std::string*>(argument.Value) ||
-           std::holds_alternative<std::vector<std::string>*>(argument.Value);
-}
-
-bool MayBeRepeated(const TArgument& argument) {
-    return std::holds_alternative<std::vector<std::string>*>(argument.Value);
+    return std::holds_alternative<std::string*>(argument.Value) || MayBeRepeated(argument);
 }
 
 /// The last of the names of an option, "-o,--output", which is its longest.

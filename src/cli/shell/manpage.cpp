@@ -1,4 +1,5 @@
 #include "cli/shell/manpage.h"
+#include "cli/shell/argumentkinds.h"
 #include <algorithm>
 #include <string_view>
 
@@ -25,10 +26,6 @@ std::string Bold(std::string_view text) {
     return "\\fB" + RoffText(text) + "\\fR";
 }
 
-bool IsOption(const TArgument& argument) {
-    return argument.Name[0] == '-';
-}
-
 /// "hdlbuild-settings" for "settings".
 std::string PageName(std::string_view command) {
     return command.empty() ? "hdlbuild" : "hdlbuild-" + std::string(command);
@@ -48,8 +45,8 @@ void AddUsage(const TCommand& command, const std::string& front, std::string* pa
     std::string words = Bold(line) + " [OPTIONS]";
     for (const TArgument& argument : command.Arguments) {
         if (IsOption(argument)) continue;
-        const bool isRepeated = std::holds_alternative<std::vector<std::string>*>(argument.Value);
-        const std::string name = std::string(argument.Name) + (isRepeated ? "..." : "");
+        const std::string name =
+            std::string(argument.Name) + (MayBeRepeated(argument) ? "..." : "");
         words += " \\fI" + RoffText(argument.IsRequired ? name : "[" + name + "]") + "\\fR";
         line += std::string(" ") + argument.Name;
     }
