@@ -136,6 +136,9 @@ TArgumentsOf<P> PointersOf() {
             {{"a source", TMisuse::NOTHING}, [] { return Made<THdlSourceFile>(true); }});
     else if constexpr (kIsMade<O>)
         values.push_back({{"an object", TMisuse::NOTHING}, [] { return Made<O>(true); }});
+    else if constexpr (std::is_same_v<O, char>)
+        // As large as the largest count that is given.
+        values.push_back({{"a place", TMisuse::NOTHING}, [] { return new char[1000](); }});
     else if constexpr (!std::is_void_v<O> && requires { O(); })
         values.push_back({{"a place", TMisuse::NOTHING}, [] { return new O(); }});
     values.push_back({{"null", TMisuse::NULL_OBJECT}, [] { return nullptr; }});

@@ -70,36 +70,46 @@ TTreePlace TTomlLines::PlaceOf(const toml::source_position& position) {
             static_cast<int>(ByteOf(line, characters) - Begins[line]) + 1};
 }
 
-/// Looks for keys of very many parts, each of which would be a table in another: the library goes
-/// as deep as they say.
+/// Looks for what the library cannot be handed: keys of very many parts, each of which would be a
+/// table in another, as it goes as deep as they say, and outside of texts and comments characters
+/// that are not ASCII, for some of which its tables have no answer.
 class TTomlKeys {
 public:
     explicit TTomlKeys(std::string_view text) : Text(text) {}
 
-    /// False with the place of one.
-    bool AreShort(toml::source_position* place);
+    /// False with the first fault; the column of its place counts characters.
+    bool AreTakable(std::string* reason, toml::source_position* place);
 
 private:
     bool StepOverText();
+    void CountLinesFrom(std::size_t begin, std::size_t end);
+    toml::source_index ColumnHere() const;
 
     std::string_view Text;
     std::size_t At = 0;
+    toml::source_index Line = 1;
+    std::size_t LineBegin = 0;
 };
 
-bool TTomlKeys::AreShort(toml::source_position* place) {
+bool TTomlKeys::AreTakable(std::string* reason, toml::source_position* place) {
     std::size_t points = 0;
-    toml::source_index line = 1;
     while (At < Text.size()) {
         const char c = Text[At];
         if (c == '#') At = std::min(Text.find('\n', At), Text.size());
         if (At >= Text.size()) return true;
         if (StepOverText()) continue;
-        if (Text[At] == '\n') ++line;
+        if (static_cast<unsigned char>(Text[At]) >= 0x80) {
+            *reason = "a character that is not ASCII, outside of texts and comments";
+            *place = {Line, ColumnHere()};
+            return false;
+        }
+        CountLinesFrom(At, At + 1);
         points = Text[At] == '.' ? points + 1
                  : std::string_view("\n=,[]{}").find(Text[At]) != std::string_view::npos ? 0
                                                                                          : points;
         if (points > kDeepestTree) {
-            *place = {line, 1};
+            *reason = "a key of more than " + std::to_string(kDeepestTree) + " parts";
+            *place = {Line, 1};
             return false;
         }
         ++At;
@@ -107,20 +117,36 @@ bool TTomlKeys::AreShort(toml::source_position* place) {
     return true;
 }
 
-// One that has no end is a fault that the library tells. Lines within it do not matter here: what
-// follows the longest key is not read.
+void TTomlKeys::CountLinesFrom(std::size_t begin, std::size_t end) {
+    for (std::size_t at = begin; at < std::min(end, Text.size()); ++at)
+        if (Text[at] == '\n') {
+            ++Line;
+            LineBegin = at + 1;
+        }
+}
+
+toml::source_index TTomlKeys::ColumnHere() const {
+    toml::source_index column = 1;
+    for (const char c : Text.substr(LineBegin, At - LineBegin))
+        if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++column;
+    return column;
+}
+
+// One that has no end is a fault that the library tells.
 bool TTomlKeys::StepOverText() {
     const char quote = Text[At];
     if (quote != '"' && quote != '\'') return false;
     const std::string fence(3, quote);
     const bool isLong = Text.substr(At, 3) == fence;
     const std::string_view end = isLong ? std::string_view(fence) : Text.substr(At, 1);
+    const std::size_t begin = At;
     At += end.size();
     while (At < Text.size() && Text.substr(At, end.size()) != end) {
         if (!isLong && Text[At] == '\n') return true;
         At += quote == '"' && Text[At] == '\\' ? std::size_t{2} : std::size_t{1};
     }
     At += end.size();
+    CountLinesFrom(begin, At);
     return true;
 }
 
@@ -188,10 +214,10 @@ bool TTomlWalk::AddArray(const toml::array& array) {
 bool ReadTomlTree(std::string_view text, TTree* tree, TTreeFault* fault) {
     static_assert(TOML_MAX_NESTED_VALUES == kDeepestTree);
     TTomlLines lines(text);
-    toml::source_position deep;
-    if (!TTomlKeys(text).AreShort(&deep)) {
-        *fault = {"a key of more than " + std::to_string(kDeepestTree) + " parts",
-                  lines.PlaceOf(deep)};
+    std::string reason;
+    toml::source_position place;
+    if (!TTomlKeys(text).AreTakable(&reason, &place)) {
+        *fault = {std::move(reason), lines.PlaceOf(place)};
         return false;
     }
     const toml::parse_result result = toml::parse(text);

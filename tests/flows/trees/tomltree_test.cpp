@@ -42,6 +42,11 @@ TEST(TomlTree, TellsWhatIsWrongAndWhere) {
         {"a = 99999999999999999999\n",
          "1:25: Error while parsing decimal integer: '99999999999999999999' is not representable "
          "in 64 bits"},
+        // Some of them the library has no answer for.
+        {"s = \"\"\"\nx\n\"\"\"\nb\xCF\x89 = 1\n",
+         "4:2: a character that is not ASCII, outside of texts and comments"},
+        {"\"\xC3\xA4\" = \xC2\xA0 1\n",
+         "1:8: a character that is not ASCII, outside of texts and comments"},
         {"a = \"x\\u0000y\"\n", "1:5: a text with the character U+0000"},
         {"a = 2020-01-01\n", "1:5: dates and times have no meaning here"},
         {"\"\xC3\xA4\" = [1,,2]\n",
