@@ -40,6 +40,9 @@ TArgumentsOf<T> ValuesOf() {
                            {{"0", TMisuse::NOTHING}, 0},
                            {{"1000", TMisuse::ODD}, 1000},
                            {{"INT_MIN", TMisuse::ODD}, INT_MIN}});
+    else if constexpr (std::is_enum_v<T> && !requires { T{0}; })
+        // The language itself has no other values of one without a fixed type.
+        return Numbers<T>({{{"1", TMisuse::NOTHING}, 1}});
     else if constexpr (std::is_enum_v<T>)
         return Numbers<T>({{{"1", TMisuse::NOTHING}, 1},
                            {{"-1", TMisuse::OUTSIDE}, -1},

@@ -1,5 +1,7 @@
 #pragma once
 #include "tests/misuse/arguments.h"
+#include <array>
+#include <cstddef>
 
 // How the generated table makes a row of an operation.
 
@@ -60,7 +62,10 @@ TMisuseRow Operation(const char* symbol, Call call) {
     using O = std::remove_const_t<T>;
     return RowOf<A...>(symbol, ObjectsOf<O>(), [call](void* at) {
         if constexpr (std::is_same_v<O, THdlProjectFileList>) gListAtHand = static_cast<O*>(at);
-        return [call, object = static_cast<T*>(at)](A... values) -> decltype(auto) {
+        // Of a class that has no objects the operations are static: any place will do.
+        alignas(O) static std::array<std::byte, sizeof(O)> noObject;
+        return [call, object = static_cast<T*>(at ? at : noObject.data())](
+                   A... values) -> decltype(auto) {
             return call(*object, std::forward<A>(values)...);
         };
     });

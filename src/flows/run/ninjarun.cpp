@@ -29,8 +29,10 @@ std::string ForgetLibraries(const std::string& tool, const std::set<std::string>
     constexpr std::string_view kAnalysis = "analyse-";
     const std::string own = tool + "/";
     std::vector<std::string> records, stamps;
-    std::string reason = ListFiles(folder + "steps/" + own, &records);
-    if (reason.empty()) reason = ListFiles(folder + "done/" + own, &stamps);
+    const std::string recordFolder = folder + "steps/" + own;
+    const std::string stampFolder = folder + "done/" + own;
+    std::string reason = ListFiles(recordFolder, &records);
+    if (reason.empty()) reason = ListFiles(stampFolder, &stamps);
     std::erase_if(stamps, [=](const std::string& name) { return !name.starts_with(kAnalysis); });
     std::erase_if(records, [&](const std::string& name) {
         return !name.starts_with(kAnalysis) || steps.contains(own + name);
@@ -38,9 +40,9 @@ std::string ForgetLibraries(const std::string& tool, const std::set<std::string>
     if (!reason.empty() || records.empty()) return reason;
     reason = RemoveFolder(folder + own + "libraries");
     for (const std::string& name : stamps)
-        if (reason.empty()) reason = RemoveFile(folder + "done/" + own + name);
+        if (reason.empty()) reason = RemoveFile(stampFolder + name);
     for (const std::string& name : records)
-        if (reason.empty()) reason = RemoveFile(folder + "steps/" + own + name);
+        if (reason.empty()) reason = RemoveFile(recordFolder + name);
     return reason;
 }
 

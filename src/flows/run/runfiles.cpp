@@ -95,7 +95,7 @@ std::string DigestOf(std::string_view text) {
 // No text of a file name or a state has a zero.
 void TDigest::Add(std::string_view text) {
     AddBytes(text, &Value);
-    AddBytes({"", 1}, &Value);
+    AddBytes(std::string_view("\0", 1), &Value);
 }
 
 std::string TDigest::Text() const {

@@ -206,8 +206,9 @@ std::vector<std::string> ListLibrarySources(const TPlanSettings& settings) {
         std::vector<std::string> names;
         ListFiles(directory, &names);  // the simulator tells of what it cannot read
         std::sort(names.begin(), names.end());
+        const std::string folder = directory + "/";
         for (const std::string& name : names) {
-            const std::string path = directory + "/" + name;
+            const std::string path = folder + name;
             if (!name.starts_with('.') &&
                 std::any_of(extensions.begin(), extensions.end(),
                             [&path](const std::string& end) { return path.ends_with(end); }) &&

@@ -49,10 +49,13 @@ constexpr const char* kAll = "a b simulate-a ";
 TEST_F(RunRecords, ForgetWhatHasOtherInputs) {
     EXPECT_EQ(Done(), "");
     EXPECT_EQ(Done(), kAll);
-    const auto time = std::filesystem::last_write_time(Folder.Path("steps/a"));
+    // Clocks of files may stand still for a while.
+    const std::filesystem::path record = Folder.Path("steps/a");
+    const auto time = std::filesystem::last_write_time(record) - std::chrono::hours(1);
+    std::filesystem::last_write_time(record, time);
     Folder.Write("waves.v", "WAVES");
     EXPECT_EQ(Done(), "b ");
-    EXPECT_NE(std::filesystem::last_write_time(Folder.Path("steps/a")), time);
+    EXPECT_GT(std::filesystem::last_write_time(record), time + std::chrono::minutes(30));
     EXPECT_EQ(Done(), kAll);
     // An older file is another one as well.
     Folder.Write("y.v", "Y");
