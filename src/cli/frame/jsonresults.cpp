@@ -5,7 +5,8 @@ namespace {
 
 /// With the control characters that JSON lets stand in texts as numbers: a terminal takes them for
 /// commands. They are DEL and, in two bytes of UTF-8, U+0080 to U+009F.
-std::string WithoutControls(std::string_view json) {
+std::string WithoutControls(std::string json) {
+    if (json.find_first_of("\x7F\xC2") == std::string::npos) return json;  // nearly always
     constexpr std::string_view kDigits = "0123456789abcdef";
     std::string text;
     text.reserve(json.size());
