@@ -59,6 +59,15 @@ void PushLanguageSettings(TLanguageSettings& settings, TXMLList* document) {
     Push(document, TElement::END, kList);
 }
 
+void PushAll(const TXMLList& elements, TXMLList* document) {
+    for (DListIterator<TElement*> place(elements); place.NotAtTail(); ++place) {
+        const TElement& element = *place.Current();
+        const auto& attributes = element.GetAttributes();
+        document->Push(element.ElemType, element.Name.View(), element.Text.View(),
+                       std::vector<TAttributeView>(attributes.begin(), attributes.end()));
+    }
+}
+
 // What comes behind the sources.
 void PushEnd(THdlBuildFile& build, TXMLList* document) {
     build.WritePseudoEnvironmentVariables(document);
@@ -76,12 +85,27 @@ bool TBuildEdit::Read(TXMLReadError* error) {
     auto build = std::make_unique<TSimWrapHdlBuildFile>();
     if (!File.Read(error) || !ReadBuildText(&File, build.get(), error)) return false;
     Build = std::move(build);
+    RememberAsRead();
+    return true;
+}
+
+void TBuildEdit::RememberAsRead() {
     SourcesBefore = TSourceLists(*Build, &Libraries);
     RestBefore = PrintRest(*Build);
+    Base.Flush(true);
     PushFront(*Build, &Base);
     LanguagesBefore = CopyLanguageSettings(*Build);
     VariablesBefore = *Build->GetPseudoEnvironmentVariables();
-    return true;
+}
+
+void TBuildEdit::GoOn() {
+    if (!Changed) return;
+    File.GoOn();
+    IsNew = false;
+    Changed = false;
+    Found.reset();
+    SourceChanges.reset();
+    RememberAsRead();
 }
 
 std::string TBuildEdit::Make(THdlLanguage language, bool isLocked) {
@@ -142,11 +166,17 @@ std::string TBuildEdit::PrintWhole(std::string* document) {
     return reason;
 }
 
+bool TBuildEdit::IsDifferent() {
+    SourcesAfter = TSourceLists(*Build, &Libraries);
+    return IsNew || PrintRest(*Build) != RestBefore || SourcesAfter != SourcesBefore;
+}
+
 std::string TBuildEdit::FindEdits() {
     SourcesAfter = TSourceLists(*Build, &Libraries);
     SourceChanges.emplace(SourcesBefore, SourcesAfter);
     const std::string rest = PrintRest(*Build);
     Changed = IsNew || rest != RestBefore || !SourceChanges->GetChanges().empty();
+    Found.reset();
     if (!Changed) return "";
     const auto isAsWanted = [&](const std::string& document) { return IsAsWanted(document, rest); };
     if (IsNew) {
@@ -156,18 +186,20 @@ std::string TBuildEdit::FindEdits() {
         return isAsWanted(document) ? File.Make(document)
                                     : "a reader would find something else in the build";
     }
+    TXMLList base;
+    PushAll(Base, &base);
     TXMLList wanted;
     PushFront(*Build, &wanted);
-    PushLanguageSettings(LanguagesBefore, &Base);
+    PushLanguageSettings(LanguagesBefore, &base);
     TLanguageSettings languages = CopyLanguageSettings(*Build);
     PushLanguageSettings(languages, &wanted);
-    SourceChanges->Push(File.GetFile(), Libraries, &Base, &wanted);
+    SourceChanges->Push(File.GetFile(), Libraries, &base, &wanted);
     PushEnd(*Build, &wanted);
     TPseudoVariables& variables = *Build->GetPseudoEnvironmentVariables();
     variables.swap(VariablesBefore);
-    PushEnd(*Build, &Base);
+    PushEnd(*Build, &base);
     variables.swap(VariablesBefore);
-    return File.Change(Base, wanted, MakeBuildFileRules(File.GetFile()), isAsWanted);
+    return File.Change(base, wanted, MakeBuildFileRules(File.GetFile()), isAsWanted);
 }
 
 bool TBuildEdit::IsRead(const std::string& document, THdlBuildFile* build) const {

@@ -14,7 +14,7 @@
 ///     TBuildEdit edit(file);
 ///     if (!edit.ReadToChange(&error)) return ...;  // or edit.Make(...)
 ///     AddSource(edit.GetBuild(), ...);
-///     if (edit.FindEdits() == "") edit.GetFile().Save();
+///     if (edit.FindEdits() == "" && edit.GetFile().Save() == "") edit.GoOn();
 ///
 /// Whoever uses it keeps the library's message box quiet. Option texts of languages are stored as
 /// they are, not converted to those of a simulator as a save by the library would do.
@@ -41,8 +41,12 @@ public:
 
     /// Turns what was changed in the build into edits of the file, and looks at what a reader makes
     /// of the result. Returns why the file cannot take the change; "" when it can. To be called
-    /// once, when the build is as wanted.
+    /// when the build is as wanted, and again when it was changed once more.
     std::string FindEdits();
+    /// Whether the build differs from what was read.
+    bool IsDifferent();
+    /// After a save: what it wrote counts as read, so that the build may be changed further.
+    void GoOn();
     /// To be saved, once FindEdits has returned "".
     TEditedFile& GetFile() { return File; }
     // What FindEdits found. The sources of a new build are all new.
@@ -55,6 +59,7 @@ public:
     const TTextNumbers& GetLibraries() const { return Libraries; }
 
 private:
+    void RememberAsRead();
     void PushFront(THdlBuildFile& build, TXMLList* document) const;
     std::string PrintRest(THdlBuildFile& build) const;
     std::string PrintWhole(std::string* document);

@@ -74,3 +74,11 @@ std::string TEditedFile::Save() const {
     if (ReplaceWholeFile(File->Canonical(false), GetChanged(), &reason)) return "";
     return reason.empty() ? "the file cannot be written" : reason;
 }
+
+void TEditedFile::GoOn() {
+    std::string bytes = GetChanged();
+    Bytes = std::move(bytes);
+    New.clear();
+    Edit = {};
+    IsThere = true;
+}

@@ -19,6 +19,8 @@ public:
     /// Takes the file's lock, which the object then has until its end: for whoever is going to
     /// save, before the file is read.
     void TakeLock();
+    /// Lets it go before that end.
+    void DropLock() { Lock.reset(); }
     /// Reads the bytes. False, with the reason in `error`, for a missing file, one that cannot be
     /// read, and one that is there but whose lock could not be taken.
     bool Read(TXMLReadError* error);
@@ -49,6 +51,8 @@ public:
     /// Replaces the file, which must be locked and still be what was read, or missing when it was.
     /// Returns why it cannot be done, the file then being as it was; "" when it is done.
     std::string Save() const;
+    /// After a save: what the file holds now counts as read, and may be changed again.
+    void GoOn();
 
 private:
     bool IsAsRead() const;

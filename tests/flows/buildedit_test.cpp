@@ -223,3 +223,79 @@ TEST(BuildEdit, MakesBuildsOfWhichTheLibraryKeepsEverySource) {
         }
     }
 }
+
+TEST(BuildEdit, GoesOnAfterASave) {
+    const RecordingMessageBox box;
+    const TemporaryFolder folder;
+    const ISFileName* const file = ISFileName::NewISFileName(folder.Write("b.xml", kBuild).c_str());
+    const auto nameOf = [&](const char* name) {
+        return ISFileName::NewISFileName(folder.Path(name).c_str());
+    };
+    TXMLReadError error;
+    TBuildEdit edit(file);
+    ASSERT_TRUE(edit.Read(&error));
+    EXPECT_FALSE(edit.IsDifferent());
+    EXPECT_EQ(edit.FindEdits(), "");
+    EXPECT_FALSE(edit.IsChanged());
+    edit.GoOn();
+    for (const char* const name : {"one.vhd", "two.vhd"}) {
+        AddSource(*edit.GetBuild(), nameOf(name), LANGUAGE_VHDL);
+        edit.GetBuild()->SetSnapshotName(name);
+        (*edit.GetBuild()->GetPseudoEnvironmentVariables())[name] = "1";
+        edit.GetOrMakeLanguageSettings(LANGUAGE_CPLUSPLUS).SetBuildOptions(name);
+        EXPECT_TRUE(edit.IsDifferent());
+        // Twice: what a first call finds is not in the way of the next one.
+        EXPECT_EQ(edit.FindEdits(), "");
+        EXPECT_EQ(edit.FindEdits(), "");
+        EXPECT_EQ(edit.GetFile().Save(), "the file is not locked");
+        edit.GetFile().TakeLock();
+        EXPECT_EQ(edit.GetFile().Save(), "");
+        edit.GetFile().DropLock();
+        edit.GoOn();
+        EXPECT_FALSE(edit.IsDifferent());
+    }
+    EXPECT_EQ(folder.Read("b.xml"), R"(<?xml version="1.0"?>
+<HdlBuildFile TopLevelLanguage='vhdl' SnapshotName='two.vhd'>
+  <ProjectLanguageConfigurationList>
+    <LanguageSettings Language="C++">
+      <BuildOptions>two.vhd</BuildOptions>
+    </LanguageSettings>
+  </ProjectLanguageConfigurationList>
+  <!-- packages first -->
+  <SourceFileGroup Language='vhdl'>
+    <SourceFile PrecompiledLibrary='util'>./rtl/pkg.vhd</SourceFile> <!-- common -->
+    <SourceFile>
+      rtl/Core.vhd
+      <Dependency>rtl/pkg.vhd</Dependency>
+    </SourceFile>
+    <SourceFile>rtl/top.vhd<Dependency>rtl/pkg.vhd</Dependency><!-- x --><Dependency>rtl/core.vhd</Dependency></SourceFile>
+    <SourceFile Library="false" PrecompiledLibrary="">one.vhd</SourceFile>
+    <SourceFile Library="false" PrecompiledLibrary="">two.vhd</SourceFile>
+  </SourceFileGroup>
+  <BuildFileVariables>
+    <Variable Name="one.vhd" Value="1"/>
+    <Variable Name="two.vhd" Value="1"/>
+  </BuildFileVariables>
+</HdlBuildFile>
+)");
+}
+
+TEST(BuildEdit, GoesOnWithABuildThatItMade) {
+    const RecordingMessageBox box;
+    const TemporaryFolder folder;
+    const ISFileName* const file = ISFileName::NewISFileName(folder.Path("n.xml").c_str());
+    TBuildEdit edit(file);
+    ASSERT_EQ(edit.Make(LANGUAGE_VHDL, true), "");
+    EXPECT_TRUE(edit.IsDifferent());
+    ASSERT_EQ(edit.FindEdits(), "");
+    ASSERT_EQ(edit.GetFile().Save(), "");
+    edit.GoOn();
+    EXPECT_FALSE(edit.IsDifferent());
+    const std::string made = folder.Read("n.xml");
+    edit.GetBuild()->SetSnapshotName("snap");
+    ASSERT_EQ(edit.FindEdits(), "");
+    EXPECT_EQ(edit.GetFile().Save(), "");
+    std::string expected = made;
+    expected.replace(expected.find("SnapshotName=\"\""), 15, "SnapshotName=\"snap\"");
+    EXPECT_EQ(folder.Read("n.xml"), expected);
+}
