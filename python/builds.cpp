@@ -1,0 +1,448 @@
+#include "flows/buildchanges.h"
+#include "flows/buildtops.h"
+#include "flows/listedsources.h"
+#include "projectfiles/ihdlsourcefile.h"
+#include "projectfiles/ihdlsourcefilelist.h"
+#include "python/bindings.h"
+#include "services/hdl/sourcefileextensions.h"
+#include "services/names/isfilename.h"
+#include <unordered_map>
+
+namespace {
+
+using TSessionPointer = std::shared_ptr<TSession>;
+
+[[noreturn]] void RaiseReadError(const TXMLReadError& error, const ISFileName* file) {
+    const auto numberOrNone = [](int number) -> py::object {
+        if (number > 0) return py::int_(number);
+        return py::none();
+    };
+    Raise("ReadError", py::make_tuple(PathTextOf(file), numberOrNone(error.Line),
+                                      numberOrNone(error.Column), TextOf(error.Reason)));
+}
+
+[[noreturn]] void RaiseWriteError(const ISFileName* file, const std::string& reason) {
+    Raise("WriteError", py::make_tuple(PathTextOf(file), TextOf(reason)));
+}
+
+void ReadInto(TSession& session) {
+    TXMLReadError error;
+    if (!WorkOn(session, [&] { return session.Read(&error); }))
+        RaiseReadError(error, session.GetFile());
+}
+
+TSessionPointer ReadBuild(const py::object& path, bool lock) {
+    const ISFileName* const file = FileOf(path);
+    auto session = std::make_shared<TSession>(file);
+    if (lock) {
+        const std::string reason = WorkOn(*session, [&] { return session->LockFile(); });
+        if (!reason.empty()) RaiseWriteError(file, reason);
+    }
+    ReadInto(*session);
+    return session;
+}
+
+TSessionPointer MakeBuild(const py::object& path, const py::object& language) {
+    const THdlLanguage top = FromLanguage(language);
+    const ISFileName* const file = FileOf(path);
+    auto session = std::make_shared<TSession>(file);
+    const std::string reason = WorkOn(*session, [&] { return session->Make(top); });
+    if (!reason.empty()) RaiseWriteError(file, reason);
+    return session;
+}
+
+bool WriteBuild(TSession& session) {
+    bool isChanged = false;
+    const std::string reason = WorkOn(session, [&] { return session.Write(&isChanged); });
+    if (!reason.empty()) RaiseWriteError(session.GetFile(), reason);
+    return isChanged;
+}
+
+void CloseBuild(TSession& session) {
+    AwaitIdle(session);
+    if (!session.UnlockFile())
+        throw std::runtime_error("the lock of the build file belongs to another thread");
+}
+
+py::str DiffBuild(TSession& session) {
+    std::string difference;
+    const std::string reason = WorkOn(session, [&] { return session.Compare(&difference); });
+    if (!reason.empty()) RaiseWriteError(session.GetFile(), reason);
+    return TextOf(difference);
+}
+
+bool LeaveBuild(TSession& session, const py::object& type, const py::object&, const py::object&) {
+    try {
+        if (type.is_none()) WriteBuild(session);
+    } catch (...) {
+        session.UnlockFile();
+        throw;
+    }
+    CloseBuild(session);
+    return false;
+}
+
+std::vector<IHdlSourceFile*> SourcesIn(const TIHdlSourceFileList& list) {
+    return {list.begin(), list.end()};
+}
+
+std::vector<IHdlSourceFile*> ListAll(THdlBuildFile& build) {
+    std::vector<IHdlSourceFile*> sources;
+    for (const THdlLanguage language : build.GetSourceFileLanguages()) {
+        const TIHdlSourceFileList& group = *build.GetSourceFileGroup(language);
+        sources.insert(sources.end(), group.begin(), group.end());
+    }
+    return sources;
+}
+
+TSourceSequence GetSources(const TSessionPointer& session) {
+    AwaitIdle(*session);
+    return {session, ListAll(session->GetBuild())};
+}
+
+TSourceSequence GetGroup(const TSessionPointer& session, const py::object& language) {
+    const THdlLanguage group = FromLanguage(language);
+    AwaitIdle(*session);
+    return {session, SourcesIn(*session->GetBuild().GetSourceFileGroup(group))};
+}
+
+TSourceSequence GetMissing(const TSessionPointer& session) {
+    AwaitIdle(*session);
+    std::vector<IHdlSourceFile*> sources;
+    // They are the build's, which may be changed.
+    for (const TListedSource& missing : ListMissingSources(session->GetBuild()))
+        sources.push_back(const_cast<IHdlSourceFile*>(missing.File));
+    return {session, sources};
+}
+
+struct TOrdered {
+    THdlLanguage Language;
+    std::vector<IHdlSourceFile*> Sources;
+};
+
+std::vector<TOrdered> OrderOf(TSession& session, const py::object& language) {
+    std::vector<THdlLanguage> languages;
+    if (!language.is_none()) languages.push_back(FromLanguage(language));
+    return WorkOn(session, [&] {
+        THdlBuildFile& build = session.GetBuild();
+        if (languages.empty()) languages = build.GetSourceFileLanguages();
+        std::vector<TOrdered> order;
+        for (const THdlLanguage one : languages) {
+            build.OrderFilesForCompile(one);
+            order.push_back({one, SourcesIn(*build.GetFilesToCompile(one))});
+        }
+        return order;
+    });
+}
+
+TSourceSequence GetOrder(const TSessionPointer& session, const py::object& language) {
+    std::vector<IHdlSourceFile*> sources;
+    for (const TOrdered& order : OrderOf(*session, language))
+        sources.insert(sources.end(), order.Sources.begin(), order.Sources.end());
+    return {session, sources};
+}
+
+/// The collector of garbage would walk the rows again and again while they are made.
+class TWithoutCollector {
+public:
+    TWithoutCollector() : WasOn(PyGC_Disable() != 0) {}
+    ~TWithoutCollector() {
+        if (WasOn) PyGC_Enable();
+    }
+    TWithoutCollector(const TWithoutCollector&) = delete;
+    TWithoutCollector& operator=(const TWithoutCollector&) = delete;
+
+private:
+    bool WasOn;
+};
+
+py::list GetOrderTable(TSession& session, const py::object& language) {
+    const std::vector<TOrdered> order = OrderOf(session, language);
+    const THdlBuildFile& build = session.GetBuild();
+    const TWithoutCollector without;
+    std::size_t count = 0;
+    for (const TOrdered& group : order) count += group.Sources.size();
+    py::list rows(count);
+    std::unordered_map<std::string, py::str> libraries;
+    Py_ssize_t number = 0;
+    for (const TOrdered& group : order) {
+        const py::object name = ToLanguage(group.Language);
+        for (const IHdlSourceFile* const source : group.Sources) {
+            const std::string library = LibraryOfSource(*source, build);
+            auto known = libraries.find(library);
+            if (known == libraries.end()) known = libraries.emplace(library, TextOf(library)).first;
+            py::tuple row(3);
+            PyTuple_SET_ITEM(row.ptr(), 0, name.inc_ref().ptr());
+            PyTuple_SET_ITEM(row.ptr(), 1, known->second.inc_ref().ptr());
+            PyTuple_SET_ITEM(row.ptr(), 2, PathTextOf(source->GetFileName()).release().ptr());
+            PyList_SET_ITEM(rows.ptr(), number++, row.release().ptr());
+        }
+    }
+    return rows;
+}
+
+THdlLanguage LanguageOf(const py::object& language, const ISFileName* file) {
+    if (!language.is_none()) return FromLanguage(language);
+    const THdlLanguage found =
+        TSourceFileExtensions::GetInstance()->GetSourceFileLanguageFromExtension(
+            file->GetExtOnly());
+    if (found == LANGUAGE_NONE)
+        RaiseValueError(std::string(file->Canonical(false)) +
+                        ": the extension is that of no language");
+    return found;
+}
+
+TSourceHandle AddOne(const TSessionPointer& session, const py::object& path,
+                     const py::object& library, const py::object& language, bool isLibraryFile) {
+    const ISFileName* const file = FileOf(path);
+    const THdlLanguage group = LanguageOf(language, file);
+    const std::string ownLibrary = library.is_none() ? "" : BytesOf(library);
+    AwaitIdle(*session);
+    if (FindListed(session->GetBuild(), file).Source)
+        RaiseValueError(std::string(file->Canonical(false)) + " is in the build already");
+    IHdlSourceFile* const added = AddSource(session->GetBuild(), file, group);
+    if (!ownLibrary.empty()) added->SetPrecompiledLibraryGroupName(ownLibrary.c_str());
+    if (isLibraryFile) added->SetLibraryFlag(true);
+    return {session, added};
+}
+
+py::object FindOne(const TSessionPointer& session, const py::object& path) {
+    const ISFileName* const file = FileOf(path);
+    AwaitIdle(*session);
+    IHdlSourceFile* const found = FindListed(session->GetBuild(), file).Source;
+    if (!found) return py::none();
+    return py::cast(TSourceHandle(session, found));
+}
+
+py::object GetOne(const TSessionPointer& session, const py::object& path) {
+    py::object found = FindOne(session, path);
+    if (!found.is_none()) return found;
+    PyErr_SetObject(PyExc_KeyError, path.ptr());
+    throw py::error_already_set();
+}
+
+bool HoldsSource(const TSessionPointer& session, const py::object& named) {
+    if (!py::isinstance<TSourceHandle>(named)) return !FindOne(session, named).is_none();
+    const auto& handle = named.cast<const TSourceHandle&>();
+    AwaitIdle(*session);
+    return handle.GetSession() == session && !handle.IsGone() &&
+           FindListed(session->GetBuild(), handle.GetFile()).Source;
+}
+
+void RemoveSources(const TSessionPointer& session, const py::args& named) {
+    std::vector<IHdlSourceFile*> sources;
+    for (const py::handle one : named) {
+        const py::object source = py::isinstance<TSourceHandle>(one)
+                                      ? py::reinterpret_borrow<py::object>(one)
+                                      : FindOne(session, py::reinterpret_borrow<py::object>(one));
+        if (source.is_none()) RaiseValueError(PathBytesOf(one) + " is no source of the build");
+        const auto& handle = source.cast<const TSourceHandle&>();
+        if (handle.GetSession() != session) RaiseValueError("the source is one of another build");
+        sources.push_back(handle.Get());
+    }
+    session->Remove(sources);
+}
+
+py::object TopObjectOf(const TBuildTop& top) {
+    const auto textOrNone = [](const std::string& text) -> py::object {
+        if (text.empty()) return py::none();
+        return TextOf(text);
+    };
+    return Pure("Top")(ToLanguage(top.Language), TextOf(top.Library), TextOf(top.Entity),
+                       textOrNone(top.Architecture));
+}
+
+py::list GetTops(TSession& session) {
+    AwaitIdle(session);
+    py::list tops;
+    for (const TBuildTop& top : ListTops(session.GetBuild())) tops.append(TopObjectOf(top));
+    return tops;
+}
+
+TBuildTop TopOf(const py::object& entity, const py::object& library, const py::object& architecture,
+                const py::object& language) {
+    return {FromLanguage(language), BytesOf(library), BytesOf(entity),
+            architecture.is_none() ? "" : BytesOf(architecture)};
+}
+
+py::str DescribeBuild(TSession& session) {
+    AwaitIdle(session);
+    return py::str("<hdlbuildfile.Build {!r}, sources: {}>")
+        .format(PathTextOf(session.GetFile()), ListAll(session.GetBuild()).size());
+}
+
+template <THdlLanguage (THdlBuildFile::*Get)() const>
+py::object GetLanguage(TSession& session) {
+    AwaitIdle(session);
+    return ToLanguage((session.GetBuild().*Get)());
+}
+
+template <void (THdlBuildFile::*Set)(THdlLanguage)>
+void SetLanguage(TSession& session, const py::object& language) {
+    const THdlLanguage value = FromLanguage(language);
+    AwaitIdle(session);
+    (session.GetBuild().*Set)(value);
+}
+
+template <std::string (THdlBuildFile::*Get)() const>
+py::str GetText(TSession& session) {
+    AwaitIdle(session);
+    return TextOf((session.GetBuild().*Get)());
+}
+
+template <void (THdlBuildFile::*Set)(const char*)>
+void SetText(TSession& session, const py::object& text) {
+    const std::string value = BytesOf(text);
+    AwaitIdle(session);
+    (session.GetBuild().*Set)(value.c_str());
+}
+
+using TBuildClass = py::class_<TSession, TSessionPointer>;
+
+void BindFile(TBuildClass& build) {
+    using namespace py::literals;
+    build
+        .def_static("read", &ReadBuild, "path"_a, py::kw_only(), "lock"_a = false,
+                    R"(Reads a build file.
+
+With ``lock`` the file is locked first, until the ``with`` block ends, or close(), or the build dies:
+whoever else changes it with this module or with hdlbuild waits, for 10 seconds at most. A lock belongs
+to the thread that took it. Sources that are missing do not matter.
+
+Raises ReadError, and WriteError where the lock cannot be had.)")
+        .def_static("new", &MakeBuild, "path"_a, "language"_a = "VHDL",
+                    R"(Begins a build where no file is; write() makes the file.
+
+``language`` is that of its top-level component. Raises WriteError where a file is.)")
+        .def(
+            "write", &WriteBuild,
+            R"(Saves what was changed: every other byte of the file stays, comments and unknown elements too.
+
+Returns whether there was a change to save. Raises WriteError, with the file as it was, when the file
+was changed by others since it was read, when it cannot take the change, and when it cannot be written.)")
+        .def("reload", &ReadInto,
+             R"(Reads the file again, and forgets what was changed and not written.
+
+Sources stay what they are when the file lists them still. Raises ReadError, with the build as it was.)")
+        .def("close", &CloseBuild,
+             "Lets go of the lock, if the build has it. RuntimeError on another thread than the "
+             "lock's.")
+        .def("diff", &DiffBuild, "What write() would change, as a unified diff; \"\" for nothing.")
+        .def_property_readonly(
+            "changed",
+            [](TSession& s) { return WorkOn(s, [&] { return s.GetEdit().IsDifferent(); }); },
+            "Whether there is something to write.")
+        .def("__enter__", [](py::object self) { return self; })
+        .def("__exit__", &LeaveBuild, "exception_type"_a, "exception"_a, "traceback"_a,
+             "Writes, unless the block ended with an exception, and lets go of the lock.")
+        .def_property_readonly(
+            "path", [](const TSession& s) { return PathObjectOf(s.GetFile()); },
+            "The whole path of the build file.")
+        .def("__repr__", &DescribeBuild);
+}
+
+void BindSettings(TBuildClass& build) {
+    using namespace py::literals;
+    build
+        .def_property("top_language", &GetLanguage<&THdlBuildFile::GetTopLanguage>,
+                      &SetLanguage<&THdlBuildFile::SetTopLanguage>,
+                      "The language of the top-level component.")
+        .def_property("hvl_language", &GetLanguage<&THdlBuildFile::GetHvlLanguage>,
+                      &SetLanguage<&THdlBuildFile::SetHvlLanguage>,
+                      "The language of the test benches.")
+        .def_property("hdl_language", &GetLanguage<&THdlBuildFile::GetHdlLanguage>,
+                      &SetLanguage<&THdlBuildFile::SetHdlLanguage>, "The language of the design.")
+        .def_property("library", &GetText<&THdlBuildFile::GetDestinationLibrary>,
+                      &SetText<&THdlBuildFile::SetDestinationLibrary>,
+                      "The library of the sources that name none; \"\" means \"work\".")
+        .def_property("snapshot", &GetText<&THdlBuildFile::GetSnapshotName>,
+                      &SetText<&THdlBuildFile::SetSnapshotName>,
+                      "The name of the simulation's snapshot.")
+        .def_property_readonly(
+            "languages",
+            [](TSession& s) {
+                AwaitIdle(s);
+                py::list languages;
+                for (const THdlLanguage language : s.GetBuild().GetSourceFileLanguages())
+                    if (!s.GetBuild().GetSourceFileGroup(language)->empty())
+                        languages.append(ToLanguage(language));
+                return languages;
+            },
+            "The languages that have sources.")
+        .def_property_readonly("tops", &GetTops, "The top-level components.")
+        .def(
+            "add_top",
+            [](TSession& s, const py::object& entity, const py::object& library,
+               const py::object& architecture, const py::object& language) {
+                const TBuildTop top = TopOf(entity, library, architecture, language);
+                AwaitIdle(s);
+                return AddTop(s.GetBuild(), top);
+            },
+            "entity"_a, "library"_a = "work", "architecture"_a = py::none(), "language"_a = "VHDL",
+            "Records a top-level component. False when an equal one is recorded.")
+        .def(
+            "remove_top",
+            [](TSession& s, const py::object& entity, const py::object& library,
+               const py::object& architecture, const py::object& language) {
+                const TBuildTop top = TopOf(entity, library, architecture, language);
+                AwaitIdle(s);
+                return RemoveTop(s.GetBuild(), top);
+            },
+            "entity"_a, "library"_a = "work", "architecture"_a = py::none(), "language"_a = "VHDL",
+            "Takes a top-level component away. False when none is equal.");
+}
+
+void BindLists(TBuildClass& build) {
+    using namespace py::literals;
+    build
+        .def_property_readonly("sources", &GetSources,
+                               "All sources, in the order of the languages, then of the groups.")
+        .def("group", &GetGroup, "language"_a, "The sources of one language, as they are listed.")
+        .def_property_readonly("missing", &GetMissing,
+                               "The sources that did not exist when the build was read.")
+        .def("order", &GetOrder, "language"_a = py::none(),
+             R"(The sources of a language, or of all, in compile order.
+
+VHDL is ordered by its dependencies, which come along also where no group lists them; every other
+language is as it is listed.)")
+        .def("order_table", &GetOrderTable, "language"_a = py::none(),
+             "The same at once, as a list of (language, library, path), with texts for paths.")
+        .def("find", &FindOne, "path"_a, "The source of a path; None when there is none.")
+        .def("__getitem__", &GetOne, "path"_a, "The source of a path. Raises KeyError.")
+        .def("__contains__", &HoldsSource, "source"_a,
+             "Whether a path is that of a source, or a source is one of the build.")
+        .def("__iter__", [](const TSessionPointer& s) { return py::iter(py::cast(GetSources(s))); })
+        .def("__len__",
+             [](TSession& s) {
+                 AwaitIdle(s);
+                 return ListAll(s.GetBuild()).size();
+             })
+        .def("__bool__", [](const TSession&) { return true; })
+        .def("add", &AddOne, "path"_a, "library"_a = py::none(), "language"_a = py::none(),
+             py::kw_only(), "is_library_file"_a = false,
+             R"(Adds a source at the end of its group, and returns it.
+
+Without a language the extension tells. The file need not exist. Raises ValueError for a path that is
+listed and for an extension of no language.)")
+        .def("remove", &RemoveSources,
+             R"(Takes sources, given as such or by their paths, out of the build.
+
+They are no dependencies of others any more. Raises ValueError, with nothing removed, for what is no
+source of the build.)");
+}
+
+}  // namespace
+
+void BindBuilds(py::module_& module) {
+    TBuildClass build(module, "Build",
+                      R"(A build: which sources take part, in which libraries and order.
+
+A relative path is taken against the working directory. Paths are equal without regard to case.
+
+As a context manager it writes what was changed when the block ends, unless an exception ends it.
+Reading, ordering, scanning, checking, exporting and writing let other threads run; a build that is
+busy has them wait.)");
+    BindFile(build);
+    BindSettings(build);
+    BindLists(build);
+}

@@ -1,0 +1,42 @@
+"""The builds of HDL simulation projects: read, ask, change, check, scan and convert them.
+
+    import hdlbuildfile as hb
+    build = hb.Build.read("build.xml")
+    for source in build.order("VHDL"):
+        print(source.library, source.path)
+"""
+import collections.abc
+
+from ._core import Build, Source, SourceIterator, SourceList, __version__
+from ._records import (
+    ConversionError,
+    Error,
+    Finding,
+    Language,
+    Place,
+    ReadError,
+    Severity,
+    SourceGone,
+    Top,
+    WriteError,
+)
+
+__all__ = [
+    "Build",
+    "ConversionError",
+    "Error",
+    "Finding",
+    "Language",
+    "Place",
+    "ReadError",
+    "Severity",
+    "Source",
+    "SourceGone",
+    "SourceIterator",
+    "SourceList",
+    "Top",
+    "WriteError",
+    "__version__",
+]
+
+collections.abc.Sequence.register(SourceList)

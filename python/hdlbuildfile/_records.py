@@ -1,0 +1,125 @@
+"""What is plain data: enumerations, exceptions and records."""
+import enum
+import os
+import pathlib
+from typing import NamedTuple, Optional
+
+
+class Language(enum.StrEnum):
+    """A language of sources. Wherever one is wanted, its text does as well."""
+
+    VERILOG = "Verilog"
+    VHDL = "VHDL"
+    BLUESPEC = "Bluespec"
+    SYSTEMC = "SystemC"
+    CPLUSPLUS = "C++"
+    SPECMAN = "Specman"
+    TESTBUILDER = "TestBuilder"
+    NONE = "None"
+
+
+class Severity(enum.StrEnum):
+    """How bad a finding is."""
+
+    NOTE = "note"
+    WARNING = "warning"
+    ERROR = "error"
+
+
+class Error(Exception):
+    """The base of what this module raises beyond Python's own exceptions."""
+
+
+class ReadError(Error):
+    """A file cannot be read: why, and where the fault stands if it is one of the text."""
+
+    def __init__(self, file: str, line: Optional[int], column: Optional[int], reason: str) -> None:
+        super().__init__(file, line, column, reason)
+        self.file = pathlib.Path(file)
+        self.line = line
+        self.column = column
+        self.reason = reason
+
+    def __str__(self) -> str:
+        return f"{Place(self.file, self.line, self.column)}: {self.reason}"
+
+
+class WriteError(Error):
+    """A file cannot be changed; it is as it was."""
+
+    def __init__(self, file: str, reason: str) -> None:
+        super().__init__(file, reason)
+        self.file = pathlib.Path(file)
+        self.reason = reason
+
+    def __str__(self) -> str:
+        return f"{self.file}: {self.reason}"
+
+
+class SourceGone(Error):
+    """A source was removed from its build, or a reload found it no more."""
+
+    def __init__(self, file: str) -> None:
+        super().__init__(file)
+        self.file = pathlib.Path(file)
+
+    def __str__(self) -> str:
+        return f"{self.file} is no source of the build any more"
+
+
+class ConversionError(Error):
+    """A build cannot be exported or imported: the findings tell why."""
+
+    def __init__(self, findings: "list[Finding]") -> None:
+        super().__init__(findings)
+        self.findings = findings
+
+    def __str__(self) -> str:
+        return "\n".join(str(finding) for finding in self.findings)
+
+
+class Place(NamedTuple):
+    """Where something stands."""
+
+    file: pathlib.Path
+    #: From 1; None: the file as a whole.
+    line: Optional[int] = None
+    #: From 1, in bytes; None: the line as a whole.
+    column: Optional[int] = None
+
+    def __str__(self) -> str:
+        numbers = [str(number) for number in (self.line, self.column) if number is not None]
+        return ":".join([os.fspath(self.file), *numbers])
+
+
+class Finding(NamedTuple):
+    """What may be wrong."""
+
+    #: "HB201", as the documentation has it.
+    code: str
+    #: The same as a word: "missing-file".
+    name: str
+    severity: Severity
+    text: str
+    place: Optional[Place]
+    #: Names that need a line of their own.
+    details: "tuple[str, ...]"
+    #: What helps.
+    cure: str
+
+    def __str__(self) -> str:
+        place = f"{self.place}: " if self.place else ""
+        return f"{place}{self.severity}: {self.text} [{self.code}]"
+
+
+class Top(NamedTuple):
+    """A top-level component."""
+
+    language: Language
+    library: str
+    entity: str
+    architecture: Optional[str] = None
+
+    def __str__(self) -> str:
+        architecture = f"({self.architecture})" if self.architecture else ""
+        return f"{self.library}.{self.entity}{architecture}"

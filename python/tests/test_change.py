@@ -1,0 +1,363 @@
+"""Changes of a build, and what write() makes of the file."""
+import gc
+import itertools
+import pathlib
+import subprocess
+import sys
+import threading
+import time
+
+import pytest
+
+import hdlbuildfile as hb
+from conftest import BUILD
+
+
+def names(sources):
+    return [source.path.name for source in sources]
+
+
+def changed_lines(build):
+    """The lines that a diff takes and puts."""
+    lines = build.diff().splitlines()
+    return [line for line in lines if line[0] in "+-" and line[:3] not in ("+++", "---")]
+
+
+def test_writes_what_was_changed_and_keeps_all_other_bytes(folder):
+    build = hb.Build.read("build.xml")
+    assert not build.write()
+    assert pathlib.Path("build.xml").read_text() == BUILD
+    build.add("rtl/new.vhd", library="util").depends_on("rtl/pkg.vhd", build["rtl/cell.v"])
+    assert build.changed
+    build["rtl/top.vhd"].library = "top"
+    expected = BUILD.replace(
+        "<SourceFile>rtl/top.vhd", '<SourceFile PrecompiledLibrary="top">rtl/top.vhd'
+    ).replace(
+        "<SourceFile>tb/tb.vhd<Dependency>rtl/top.vhd</Dependency></SourceFile>\n",
+        "<SourceFile>tb/tb.vhd<Dependency>rtl/top.vhd</Dependency></SourceFile>\n"
+        '    <SourceFile Library="false" PrecompiledLibrary="util">rtl/new.vhd'
+        "<Dependency>rtl/pkg.vhd</Dependency>\n"
+        "      <Dependency>rtl/cell.v</Dependency>\n"
+        "    </SourceFile>\n",
+    )
+    assert pathlib.Path("build.xml").read_text() == BUILD
+    assert build.write()
+    assert pathlib.Path("build.xml").read_text() == expected
+    assert not build.changed and not build.write()
+    # Further on from there.
+    build["rtl/top.vhd"].library = None
+    assert build.write()
+    assert pathlib.Path("build.xml").read_text() == expected.replace(
+        'PrecompiledLibrary="top"', 'PrecompiledLibrary=""'
+    )
+
+
+def test_makes_a_build(folder):
+    build = hb.Build.new("made.xml", "Verilog")
+    build.add("rtl/cell.v", is_library_file=True)
+    assert build.changed and not pathlib.Path("made.xml").exists()
+    assert build.write()
+    read = hb.Build.read("made.xml")
+    assert read.top_language is hb.Language.VERILOG
+    assert [(s.filename, s.library, s.is_library_file) for s in read] == [(f"{folder}/rtl/cell.v", "work", True)]
+    with pytest.raises(hb.WriteError, match="made.xml: the file exists already") as error:
+        hb.Build.new("made.xml")
+    assert error.value.file == folder / "made.xml" and error.value.reason == "the file exists already"
+
+
+def test_sets_what_a_build_says(folder):
+    build = hb.Build.read("build.xml")
+    build.top_language = build.hvl_language = "Verilog"
+    build.hdl_language = hb.Language.VHDL
+    build.library = "lib"
+    build.snapshot = "snap"
+    assert build.add_top("cell", language="Verilog") and not build.add_top("cell", language="Verilog")
+    assert build.remove_top("tb", "core", "sim") and not build.remove_top("tb", "core", "sim")
+    assert build.write()
+    read = hb.Build.read("build.xml")
+    assert (read.top_language, read.hvl_language, read.hdl_language) == ("Verilog", "Verilog", "VHDL")
+    assert (read.library, read.snapshot) == ("lib", "snap")
+    assert read.tops == [hb.Top(hb.Language.VERILOG, "work", "cell")]
+    with pytest.raises(ValueError):
+        build.top_language = "None"
+    with pytest.raises(TypeError):
+        build.library = 3
+    with pytest.raises(ValueError, match="embedded null character"):
+        build.library = "a\0b"
+
+
+def test_changes_dependencies_all_or_none(folder):
+    build = hb.Build.read("build.xml")
+    tb = build["tb/tb.vhd"]
+    assert tb.depends_on("rtl/pkg.vhd", build["rtl/cell.v"]) is tb
+    assert names(tb.dependencies) == ["top.vhd", "pkg.vhd", "cell.v"]
+    with pytest.raises(ValueError, match="nothing.vhd is no source of the build"):
+        tb.depends_on("rtl/cell.v", "rtl/nothing.vhd")
+    with pytest.raises(ValueError, match="tb.vhd cannot depend on itself"):
+        tb.depends_on(tb)
+    with pytest.raises(ValueError, match="one of another build"):
+        tb.depends_on(hb.Build.read("build.xml")["rtl/pkg.vhd"])
+    with pytest.raises(ValueError, match="tb.vhd does not depend on .*nothing.vhd"):
+        tb.depends_not_on("rtl/pkg.vhd", "rtl/nothing.vhd")
+    assert names(tb.dependencies) == ["top.vhd", "pkg.vhd", "cell.v"]
+    assert tb.depends_not_on("rtl/pkg.vhd", build["rtl/top.vhd"]) is tb
+    assert names(tb.dependencies) == ["cell.v"]
+    assert tb.clear_dependencies() is tb
+    assert names(tb.dependencies) == []
+
+
+def test_moves_sources_in_their_group(folder):
+    build = hb.Build.read("build.xml")
+    top = build["rtl/top.vhd"]
+    orders = []
+    for move in (
+        top.move_last,
+        top.move_first,
+        lambda: top.move_behind("rtl/pkg.vhd"),
+        lambda: top.move_before(build["rtl/pkg.vhd"]),
+        lambda: top.move_before(top),
+    ):
+        move()
+        orders.append(" ".join(names(build.group("VHDL"))))
+    assert orders == [
+        "pkg.vhd tb.vhd top.vhd",
+        "top.vhd pkg.vhd tb.vhd",
+        "pkg.vhd top.vhd tb.vhd",
+        "top.vhd pkg.vhd tb.vhd",
+        "top.vhd pkg.vhd tb.vhd",
+    ]
+    with pytest.raises(ValueError, match="different groups"):
+        top.move_before("rtl/cell.v")
+
+
+def test_renames_and_removes(folder):
+    build = hb.Build.read("build.xml")
+    top, same = build["rtl/top.vhd"], build["rtl/top.vhd"]
+    top.rename("rtl/core.vhd")
+    assert top.path == folder / "rtl" / "core.vhd"
+    with pytest.raises(hb.SourceGone, match="rtl/top.vhd is no source of the build any more"):
+        same.library
+    assert names(build["tb/tb.vhd"].dependencies) == ["core.vhd"]
+    with pytest.raises(ValueError, match="PKG.vhd is in the build already"):
+        top.rename("rtl/PKG.vhd")
+    with pytest.raises(ValueError, match="nothing.vhd is no source of the build"):
+        build.remove(top, "nothing.vhd")
+    assert top in build
+    build.remove(top, "rtl/cell.v")
+    assert names(build) == ["pkg.vhd", "tb.vhd"] and names(build["tb/tb.vhd"].dependencies) == []
+    assert changed_lines(build) == [
+        "-    <SourceFile>rtl/top.vhd<Dependency>rtl/pkg.vhd</Dependency></SourceFile> <!-- the top -->",
+        "+     <!-- the top -->",
+        "-    <SourceFile>tb/tb.vhd<Dependency>rtl/top.vhd</Dependency></SourceFile>",
+        "+    <SourceFile>tb/tb.vhd</SourceFile>",
+        '-    <SourceFile Library="true">rtl/cell.v</SourceFile>',
+    ]
+
+
+def test_refuses_what_it_cannot_add(folder):
+    build = hb.Build.read("build.xml")
+    with pytest.raises(ValueError, match="TOP.vhd is in the build already"):
+        build.add("rtl/TOP.vhd")
+    with pytest.raises(ValueError, match="the extension is that of no language"):
+        build.add("rtl/readme.txt")
+    assert build.add("rtl/readme.txt", language="VHDL").language == "VHDL"
+
+
+def gone(source):
+    try:
+        source.library
+    except hb.SourceGone:
+        return True
+    return False
+
+
+def test_sources_are_gone_when_they_are_removed_and_come_back_by_a_reload(folder):
+    build = hb.Build.read("build.xml")
+    sources = build.sources
+    held = list(sources)
+    pkg = build["rtl/pkg.vhd"]
+    build.remove(pkg)
+    assert [gone(source) for source in held] == [False, False, True, False]
+    assert [gone(source) for source in sources] == [False, False, True, False]
+    assert repr(pkg) == f"<hdlbuildfile.Source '{folder}/rtl/pkg.vhd', gone>"
+    for use in (
+        lambda: pkg.path,
+        lambda: pkg.filename,
+        lambda: pkg.dependencies,
+        lambda: pkg.depends_on("rtl/top.vhd"),
+        lambda: build["rtl/top.vhd"].depends_on(pkg),
+        lambda: build.remove(pkg),
+        lambda: pkg.rename("x.vhd"),
+        lambda: setattr(pkg, "library", "x"),
+    ):
+        with pytest.raises(hb.SourceGone):
+            use()
+    assert pkg not in build and hash(pkg) == hash(held[2])
+    added = build.add("rtl/pkg.vhd")
+    assert not gone(added) and gone(pkg)
+    build.reload()
+    assert not any(gone(source) for source in (pkg, added, *held, *sources))
+    assert not build.changed and pkg.library == "util"
+    pathlib.Path("build.xml").write_text("<HdlBuildFile/>")
+    build.reload()
+    assert all(gone(source) for source in (pkg, added, *held, *sources))
+    pathlib.Path("build.xml").write_text("<HdlBuild")
+    with pytest.raises(hb.ReadError):
+        build.reload()
+    assert len(build) == 0
+
+
+THINGS = ("build", "sources", "iterator", "source", "dependencies", "dependency")
+
+
+def check_the_living(things):
+    if "source" in things:
+        assert things["source"].library == "core" and len(things["source"].build) == 4
+    if "dependency" in things:
+        assert things["dependency"].path.name == "top.vhd"
+    if "sources" in things:
+        assert names(things["sources"]) == ["cell.v", "top.vhd", "pkg.vhd", "tb.vhd"]
+    if "dependencies" in things:
+        assert names(things["dependencies"]) == ["top.vhd"]
+
+
+@pytest.mark.parametrize("lock", [False, True])
+def test_nothing_dangles_whatever_dies_first(folder, lock):
+    orders = list(itertools.permutations(("build", "sources", "iterator", "source", "dependencies", "dependency")))
+    assert len(orders) == 720
+    for order in orders:
+        things = {"build": hb.Build.read("build.xml", lock=lock)}
+        things["sources"] = things["build"].sources
+        things["iterator"] = iter(things["build"].order("VHDL"))
+        things["source"] = things["build"]["tb/tb.vhd"]
+        things["dependencies"] = things["source"].dependencies
+        things["dependency"] = things["dependencies"][0]
+        next(things["iterator"])
+        for dying in order:
+            del things[dying]
+            check_the_living(things)
+    gc.collect()
+
+
+def test_keeps_what_others_have_changed(folder):
+    build = hb.Build.read("build.xml")
+    other = hb.Build.read("build.xml")
+    other.library = "other"
+    assert other.write()
+    written = pathlib.Path("build.xml").read_text()
+    build.library = "mine"
+    with pytest.raises(hb.WriteError) as error:
+        build.write()
+    assert error.value.reason == "the file has changed since it was read"
+    assert pathlib.Path("build.xml").read_text() == written
+    assert build.library == "mine" and build.changed
+    pathlib.Path("build.xml").write_text(BUILD)
+    assert build.write()
+    assert pathlib.Path("build.xml").read_text() == BUILD.replace('"core">\n  <Top', '"mine">\n  <Top')
+
+
+def test_a_block_writes_at_its_end(folder):
+    with hb.Build.read("build.xml", lock=True) as build:
+        build.library = "lib"
+        assert pathlib.Path("build.xml").read_text() == BUILD
+    assert 'DestinationLibrary="lib"' in pathlib.Path("build.xml").read_text()
+    with pytest.raises(KeyError):
+        with hb.Build.read("build.xml") as build:
+            build.library = "other"
+            build["nothing.vhd"]
+    assert hb.Build.read("build.xml").library == "lib"
+
+
+LOCKING = """
+import hdlbuildfile as hb, time
+with hb.Build.read("build.xml", lock=True) as build:
+    print("locked", flush=True)
+    time.sleep(0.4)
+    build.library = "first"
+"""
+
+
+def test_a_lock_has_others_wait(folder):
+    with subprocess.Popen([sys.executable, "-c", LOCKING], stdout=subprocess.PIPE, text=True) as process:
+        assert process.stdout.readline() == "locked\n"
+        with hb.Build.read("build.xml", lock=True) as build:
+            assert build.library == "first"
+            build.library = "second"
+        assert process.wait() == 0
+    assert hb.Build.read("build.xml").library == "second"
+
+
+def test_a_lock_belongs_to_its_thread(folder):
+    build = hb.Build.read("build.xml", lock=True)
+    errors = []
+
+    def close():
+        try:
+            build.close()
+        except RuntimeError as error:
+            errors.append(str(error))
+
+    thread = threading.Thread(target=close)
+    thread.start()
+    thread.join()
+    assert errors == ["the lock of the build file belongs to another thread"]
+    build.close()
+    hb.Build.read("build.xml", lock=True).close()
+
+
+def test_a_build_with_a_lock_may_die_on_another_thread(folder):
+    held = [hb.Build.read("build.xml", lock=True)]
+    thread = threading.Thread(target=held.clear)
+    thread.start()
+    thread.join()
+    assert held == []
+
+
+def test_refuses_texts_that_are_none(folder):
+    build = hb.Build.read("build.xml")
+    with pytest.raises(UnicodeEncodeError):
+        build["rtl/pkg.vhd"].library = "a\ud800b"
+
+
+@pytest.mark.parametrize("text", ["caf\udce9", "tab\tand\x01control"])
+def test_what_xml_cannot_hold_is_an_error(folder, text):
+    build = hb.Build.read("build.xml")
+    build["rtl/top.vhd"].library = text
+    with pytest.raises(hb.WriteError):
+        build.write()
+    assert pathlib.Path("build.xml").read_text() == BUILD
+    build["rtl/top.vhd"].library = "good"
+    assert build.write()
+    assert hb.Build.read("build.xml")["rtl/top.vhd"].library == "good"
+
+
+def test_other_threads_go_on_while_a_build_works(folder):
+    for number in range(20000):
+        if number == 0:
+            build = hb.Build.new("large.xml")
+        build.add(f"rtl/s{number}.vhd")
+    counts = []
+    stop = threading.Event()
+
+    def count():
+        while not stop.is_set():
+            counts.append(len(build))
+            time.sleep(0.0005)
+
+    def others():
+        while not stop.is_set():
+            beats.append(time.perf_counter())
+            time.sleep(0.0005)
+
+    beats = []
+    threads = [threading.Thread(target=target) for target in (count, others)]
+    for thread in threads:
+        thread.start()
+    begin = time.perf_counter()
+    build.write()
+    end = time.perf_counter()
+    stop.set()
+    for thread in threads:
+        thread.join()
+    assert len([beat for beat in beats if begin < beat < end]) > 3
+    assert set(counts) == {20000}
