@@ -70,8 +70,16 @@ TEST(House, TellsOneVersionEverywhere) {
         Find(ReadProjectFile("CMakeLists.txt"), R"(VERSION (\d+\.\d+\.\d+) DESCRIPTION)");
     ASSERT_NE(version, "");
     EXPECT_EQ(Find(ReadProjectFile("vcpkg.json"), R"x("version-semver": "([^"]*)")x"), version);
-    // The SONAME, which changes with the minor version while the major version is 0.
+}
+
+TEST(House, TellsOneSonameEverywhere) {
+    const std::string abi =
+        Find(ReadProjectFile("CMakeLists.txt"), R"(set\(HDLBUILDFILE_ABI (\d+)\))");
+    ASSERT_NE(abi, "");
     EXPECT_EQ(
         Find(ReadProjectFile("docs/binary-interface.md"), R"(`libhdlbuildfile\.so\.([0-9.]+)`)"),
-        version.substr(0, version.rfind('.')));
+        abi);
+    EXPECT_EQ(Find(ReadProjectFile("packaging/debian/control"), R"(Package: libhdlbuildfile(\d+))"),
+              abi);
+    EXPECT_EQ(Find(ReadProjectFile("scripts/debian-files"), R"x("libhdlbuildfile(\d+)")x"), abi);
 }
