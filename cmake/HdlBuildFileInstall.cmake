@@ -1,4 +1,5 @@
-# What `cmake --install` copies, and the CMake packages of the installed library and of the build tree.
+# What `cmake --install` copies, and the CMake packages of the installed library and of the build tree. The
+# components are what distributions make packages of: runtime, development, tool, documentation.
 include(CMakePackageConfigHelpers)
 
 set(cmake_folder "${CMAKE_INSTALL_LIBDIR}/cmake/hdlbuildfile")
@@ -25,24 +26,30 @@ set_property(DIRECTORY APPEND PROPERTY
     CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/src/hdlbuildfile.h")
 foreach(header IN LISTS headers)
     cmake_path(GET header PARENT_PATH folder)
-    install(FILES "src/${header}" DESTINATION "${header_folder}/${folder}")
+    install(FILES "src/${header}" DESTINATION "${header_folder}/${folder}" COMPONENT development)
 endforeach()
 
-install(TARGETS hdlbuildfile EXPORT hdlbuildfileTargets INCLUDES DESTINATION "${header_folder}")
+install(TARGETS hdlbuildfile EXPORT hdlbuildfileTargets
+    RUNTIME COMPONENT runtime
+    LIBRARY COMPONENT runtime NAMELINK_COMPONENT development
+    ARCHIVE COMPONENT development
+    INCLUDES DESTINATION "${header_folder}")
 if(TARGET hdlbuildfile_allocator)
     cmake_path(GET HDLBUILDFILE_INSTALLED_ALLOCATOR PARENT_PATH folder)
     cmake_path(GET HDLBUILDFILE_INSTALLED_ALLOCATOR FILENAME name)
-    install(FILES $<TARGET_OBJECTS:hdlbuildfile_allocator> DESTINATION "${folder}" RENAME ${name})
+    install(FILES $<TARGET_OBJECTS:hdlbuildfile_allocator> DESTINATION "${folder}" RENAME ${name}
+        COMPONENT development)
 endif()
 if(HDLBUILDFILE_TOOL)
     file(RELATIVE_PATH libraries_from_tool
         "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
     set_target_properties(hdlbuild PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_tool}")
-    install(TARGETS hdlbuild)
+    install(TARGETS hdlbuild COMPONENT tool)
     include(HdlBuildFileShellFiles)
 endif()
-install(FILES README.md CHANGELOG.md LICENSE NOTICES.md DESTINATION "${CMAKE_INSTALL_DOCDIR}")
-install(DIRECTORY docs examples DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+install(FILES README.md CHANGELOG.md LICENSE NOTICES.md DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+    COMPONENT documentation)
+install(DIRECTORY docs examples DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT documentation)
 
 # For find_package. Each minor version may break its callers while the major version is 0.
 set(compatibility SameMajorVersion)
@@ -60,8 +67,10 @@ configure_file(cmake/hdlbuildfileConfig.cmake.in hdlbuildfileConfig.cmake @ONLY)
 write_basic_package_version_file(hdlbuildfileConfigVersion.cmake COMPATIBILITY ${compatibility})
 install(FILES
     "${PROJECT_BINARY_DIR}/hdlbuildfileConfig.cmake"
-    "${PROJECT_BINARY_DIR}/hdlbuildfileConfigVersion.cmake" DESTINATION "${cmake_folder}")
-install(EXPORT hdlbuildfileTargets NAMESPACE hdlbuildfile:: DESTINATION "${cmake_folder}")
+    "${PROJECT_BINARY_DIR}/hdlbuildfileConfigVersion.cmake" DESTINATION "${cmake_folder}"
+    COMPONENT development)
+install(EXPORT hdlbuildfileTargets NAMESPACE hdlbuildfile:: DESTINATION "${cmake_folder}"
+    COMPONENT development)
 
 # The same package in the build tree, whose allocator is a target, not an installed file.
 set(exported hdlbuildfile)
@@ -87,19 +96,21 @@ set(pc_definitions "$<$<BOOL:${definitions}>: -D$<JOIN:${definitions}, -D>>")
 configure_file(cmake/hdlbuildfile.pc.in hdlbuildfile.pc.in @ONLY)
 file(GENERATE OUTPUT hdlbuildfile.pc INPUT "${PROJECT_BINARY_DIR}/hdlbuildfile.pc.in")
 install(FILES "${PROJECT_BINARY_DIR}/hdlbuildfile.pc"
-    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
+    DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT development)
 
 # For a package that is complete without an installed TBB.
 if(HDLBUILDFILE_BUNDLE_TBB)
     get_target_property(tbb_headers TBB::tbbmalloc INTERFACE_INCLUDE_DIRECTORIES)
-    install(FILES $<TARGET_FILE:TBB::tbbmalloc> DESTINATION "${CMAKE_INSTALL_BINDIR}")
+    install(FILES $<TARGET_FILE:TBB::tbbmalloc> DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT runtime)
     # The tool alone runs on TBB itself.
     if(HDLBUILDFILE_TOOL)
-        install(FILES $<TARGET_FILE:TBB::tbb> DESTINATION "${CMAKE_INSTALL_BINDIR}")
+        install(FILES $<TARGET_FILE:TBB::tbb> DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tool)
     endif()
-    install(FILES $<TARGET_LINKER_FILE:TBB::tbbmalloc> DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+    install(FILES $<TARGET_LINKER_FILE:TBB::tbbmalloc> DESTINATION "${CMAKE_INSTALL_LIBDIR}"
+        COMPONENT development)
     install(DIRECTORY "${tbb_headers}/tbb" "${tbb_headers}/oneapi"
-        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
-    install(DIRECTORY "${TBB_DIR}/" DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/TBB")
-    install(DIRECTORY "${tbb_headers}/../share/licenses" DESTINATION "${CMAKE_INSTALL_DOCDIR}")
+        DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}" COMPONENT development)
+    install(DIRECTORY "${TBB_DIR}/" DESTINATION "${CMAKE_INSTALL_LIBDIR}/cmake/TBB" COMPONENT development)
+    install(DIRECTORY "${tbb_headers}/../share/licenses" DESTINATION "${CMAKE_INSTALL_DOCDIR}"
+        COMPONENT runtime)
 endif()

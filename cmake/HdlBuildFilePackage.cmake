@@ -1,4 +1,5 @@
-# What CPack makes of the installed files: a .zip for Windows, a .tar.gz and a .deb elsewhere.
+# What CPack makes of the installed files: a .zip for Windows; a .tar.gz and .rpms, one for each component, elsewhere.
+# scripts/package makes the .debs, by debhelper, and the installer for Windows, by NSIS.
 set(CPACK_PACKAGE_VENDOR "hdlbuildfile")
 set(CPACK_PACKAGE_CONTACT "hdlbuildfile maintainers <maintainers@hdlbuildfile.invalid>" CACHE STRING
     "Who maintains the packages, with a mail address")
@@ -8,24 +9,45 @@ set(CPACK_PACKAGE_DESCRIPTION
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 
-find_program(DPKG_SHLIBDEPS dpkg-shlibdeps)
-mark_as_advanced(DPKG_SHLIBDEPS)
 if(WIN32)
     set(CPACK_GENERATOR ZIP)
 else()
     set(CPACK_GENERATOR TGZ)
     set(CPACK_SYSTEM_NAME "${CMAKE_SYSTEM_NAME}-${CMAKE_SYSTEM_PROCESSOR}")
 endif()
-if(DPKG_SHLIBDEPS AND NOT WIN32)
-    list(APPEND CPACK_GENERATOR DEB)
-endif()
 
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SECTION libdevel)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-# Besides the shared libraries: what a program that is built on the library needs.
+# .rpms, for `cpack -G RPM`.
+set(CPACK_RPM_COMPONENT_INSTALL ON)
+set(CPACK_RPM_FILE_NAME RPM-DEFAULT)
+set(CPACK_RPM_PACKAGE_LICENSE MIT)
+set(CPACK_RPM_PACKAGE_RELEASE 1)
+set(CPACK_RPM_INSTALL_WITH_EXEC ON)
+set(CPACK_RPM_RUNTIME_PACKAGE_NAME "libhdlbuildfile${HDLBUILDFILE_ABI}")
+set(CPACK_RPM_RUNTIME_PACKAGE_GROUP "System Environment/Libraries")
+set(CPACK_RPM_RUNTIME_PACKAGE_SUMMARY "The library over builds of HDL simulation projects")
+set(CPACK_RPM_DEVELOPMENT_PACKAGE_NAME libhdlbuildfile-devel)
+set(CPACK_RPM_DEVELOPMENT_PACKAGE_GROUP "Development/Libraries")
+set(CPACK_RPM_DEVELOPMENT_PACKAGE_SUMMARY "Headers of the library over builds of HDL simulation projects")
+set(CPACK_RPM_DEVELOPMENT_PACKAGE_REQUIRES "libhdlbuildfile${HDLBUILDFILE_ABI} = ${PROJECT_VERSION}")
 if(TARGET hdlbuildfile_allocator)
-    set(CPACK_DEBIAN_PACKAGE_DEPENDS libtbb-dev)
+    string(APPEND CPACK_RPM_DEVELOPMENT_PACKAGE_REQUIRES ", tbb-devel")
 endif()
+set(CPACK_RPM_TOOL_PACKAGE_NAME hdlbuild)
+set(CPACK_RPM_TOOL_PACKAGE_GROUP "Applications/Engineering")
+set(CPACK_RPM_TOOL_PACKAGE_SUMMARY "Checks, orders, changes and runs builds of HDL simulation projects")
+set(CPACK_RPM_DOCUMENTATION_PACKAGE_NAME libhdlbuildfile-doc)
+set(CPACK_RPM_DOCUMENTATION_PACKAGE_ARCHITECTURE noarch)
+set(CPACK_RPM_DOCUMENTATION_PACKAGE_GROUP Documentation)
+set(CPACK_RPM_DOCUMENTATION_PACKAGE_SUMMARY "The manual of hdlbuild and its library")
+# Folders of others.
+set(CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
+    /usr/${CMAKE_INSTALL_LIBDIR}/cmake /usr/${CMAKE_INSTALL_LIBDIR}/pkgconfig
+    /usr/share/man /usr/share/man/man1 /usr/share/man/man5
+    /usr/share/bash-completion /usr/share/bash-completion/completions
+    /usr/share/fish /usr/share/fish/vendor_completions.d /usr/share/zsh /usr/share/zsh/vendor-completions)
+# The same bytes whenever and wherever they are made: SOURCE_DATE_EPOCH is the time.
+set(CPACK_RPM_SPEC_MORE_DEFINE "%define use_source_date_epoch_as_buildtime 1
+%define clamp_mtime_to_source_date_epoch 1
+%define _buildhost localhost
+%define _build_id_links none")
 include(CPack)

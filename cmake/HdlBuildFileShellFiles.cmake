@@ -22,7 +22,10 @@ add_custom_command(OUTPUT "${folder}/made"
     COMMENT "Writing the manual pages and the completions of shells"
     VERBATIM)
 add_custom_target(hdlbuild_shell_files ALL DEPENDS "${folder}/made")
-install(DIRECTORY "${folder}/man/" DESTINATION "${CMAKE_INSTALL_MANDIR}")
-install(FILES "${folder}/hdlbuild" DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions")
-install(FILES "${folder}/hdlbuild.fish" DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d")
-install(FILES "${folder}/_hdlbuild" DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions")
+install(DIRECTORY "${folder}/man/" DESTINATION "${CMAKE_INSTALL_MANDIR}" COMPONENT tool)
+install(FILES "${folder}/hdlbuild" DESTINATION "${CMAKE_INSTALL_DATADIR}/bash-completion/completions"
+    COMPONENT tool)
+install(FILES "${folder}/hdlbuild.fish" DESTINATION "${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d"
+    COMPONENT tool)
+install(FILES "${folder}/_hdlbuild" DESTINATION "${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions"
+    COMPONENT tool)
