@@ -3,7 +3,7 @@
 #include "services/files/steadyread.h"
 #include <algorithm>
 
-// Reading whole files, and the steps of a save.
+// Reading whole files, and the steps of a save up to its renaming.
 
 namespace {
 
@@ -66,24 +66,6 @@ private:
     const HANDLE Handle;
 };
 
-/// Whether the file is there, and nobody who has it open keeps it.
-bool IsGivenAway(const std::wstring& path) {
-    constexpr DWORD kSharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const TOpenFile file(CreateFileW(path.c_str(), DELETE, kSharing, nullptr, OPEN_EXISTING,
-                                     FILE_ATTRIBUTE_NORMAL, nullptr));
-    return file.IsOpen();
-}
-
-bool PutInPlace(const std::wstring& from, const std::wstring& to) {
-    // The first keeps attributes and access rights, but wants an old file that may be taken away,
-    // and may leave files of its own when it fails; the second also works where the file system
-    // cannot do that.
-    return (IsGivenAway(to) && ReplaceFileW(to.c_str(), from.c_str(), nullptr,
-                                            REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr)) ||
-           MoveFileExW(from.c_str(), to.c_str(),
-                       MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-}
-
 }  // namespace
 
 TFileResult TNativeFileSystem::Read(const std::string& path, std::uint64_t limit,
@@ -106,7 +88,8 @@ TFileResult TNativeFileSystem::CheckReplaceable(const std::string& path) {
 }
 
 TFileResult TNativeFileSystem::Create(const std::string& path, bool, TFileNumber* file) {
-    const HANDLE handle = Open(path, GENERIC_WRITE, CREATE_NEW);
+    // TakeOver changes its access rights.
+    const HANDLE handle = Open(path, GENERIC_WRITE | WRITE_DAC, CREATE_NEW);
     *file = reinterpret_cast<TFileNumber>(handle);
     return ResultOf(handle != INVALID_HANDLE_VALUE);
 }
@@ -117,12 +100,6 @@ TFileResult TNativeFileSystem::Write(TFileNumber file, std::string_view bytes, s
     const bool isWritten = WriteFile(HandleOf(file), bytes.data(), length, &written, nullptr);
     *count = written;
     return ResultOf(isWritten);
-}
-
-/// A new file inherits the access rights of its folder, and replacing an old one keeps the old
-/// one's.
-TFileResult TNativeFileSystem::TakeOver(TFileNumber, const std::string&) {
-    return {};
 }
 
 TFileResult TNativeFileSystem::Flush(TFileNumber file) {
@@ -136,22 +113,6 @@ TFileResult TNativeFileSystem::Close(TFileNumber file) {
 /// Not needed: a folder's names are flushed with the renaming.
 TFileResult TNativeFileSystem::Link(const std::string&, const std::string&) {
     return FailWith(ERROR_NOT_SUPPORTED);
-}
-
-/// Virus scanners, and other processes that save the same file, hold it for moments.
-TFileResult TNativeFileSystem::Rename(const std::string& from, const std::string& to) {
-    constexpr int kMostTries = 20;
-    constexpr DWORD kPauseInMilliseconds = 10;
-    const std::wstring nativeFrom = NativePath(from);
-    const std::wstring nativeTo = NativePath(to);
-    for (int tries = 1;; ++tries) {
-        if (PutInPlace(nativeFrom, nativeTo)) return {};
-        const DWORD error = GetLastError();
-        const bool mayPass = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED ||
-                             error == ERROR_LOCK_VIOLATION;
-        if (!mayPass || tries == kMostTries) return FailWith(error);
-        Sleep(kPauseInMilliseconds);
-    }
 }
 
 TFileResult TNativeFileSystem::FlushFolder(const std::string&) {

@@ -1,9 +1,13 @@
 #include "services/files/filereplace.h"
 #include "tests/support/lockfilename.h"
 #include "tests/support/temporaryfolder.h"
+#include <atomic>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <thread>
 #include <windows.h>
+// It needs the one above.
+#include <sddl.h>
 
 // Files that are open elsewhere or write-protected.
 
@@ -41,7 +45,80 @@ DWORD AttributesOf(const std::string& path) {
     return GetFileAttributesW(std::filesystem::path(path).c_str());
 }
 
+/// The access rights of a file as the system writes them, with what is inherited.
+std::string RightsOf(const std::string& path) {
+    DWORD size = 0;
+    const std::filesystem::path native = path;
+    GetFileSecurityW(native.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    std::string bytes(size, '\0');
+    char* text = nullptr;
+    if (!GetFileSecurityW(native.c_str(), DACL_SECURITY_INFORMATION, bytes.data(), size, &size) ||
+        !ConvertSecurityDescriptorToStringSecurityDescriptorA(
+            bytes.data(), SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text, nullptr))
+        return "<unknown>";
+    std::string rights = text;
+    LocalFree(text);
+    return rights;
+}
+
+/// Lets the owner alone at a file.
+bool CloseForOthers(const std::string& path) {
+    PSECURITY_DESCRIPTOR rights = nullptr;
+    if (!ConvertStringSecurityDescriptorToSecurityDescriptorA("D:P(A;;FA;;;OW)", SDDL_REVISION_1,
+                                                              &rights, nullptr))
+        return false;
+    const bool isDone = SetFileSecurityW(std::filesystem::path(path).c_str(),
+                                         DACL_SECURITY_INFORMATION, rights) != 0;
+    LocalFree(rights);
+    return isDone;
+}
+
 }  // namespace
+
+TEST(FileReplaceOnWindows, LeavesNoMomentWithoutFile) {
+    constexpr int kSaves = 100;
+    constexpr int kLooksAnOpening = 2'000;
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.txt", "old");
+    const std::filesystem::path native = path;
+    std::atomic<bool> hasEnded = false;
+    int missing = 0;
+    int opened = 0;
+    std::thread reader([&] {
+        for (int looks = 1; !hasEnded; ++looks) {
+            if (GetFileAttributesW(native.c_str()) == INVALID_FILE_ATTRIBUTES) ++missing;
+            if (looks % kLooksAnOpening != 0) continue;
+            const DWORD error = TOpened(path, kAllSharing).GetError();
+            if (error == 0) ++opened;
+            if (error == ERROR_FILE_NOT_FOUND) ++missing;
+        }
+    });
+    int saved = 0;
+    for (int i = 0; i < kSaves; ++i)
+        if (ReplaceWholeFile(path.c_str(), std::to_string(i), nullptr)) ++saved;
+    hasEnded = true;
+    reader.join();
+    EXPECT_EQ(saved, kSaves);
+    EXPECT_EQ(missing, 0);
+    EXPECT_GT(opened, 0);
+    EXPECT_EQ(folder.Read("a.txt"), "99");
+    EXPECT_EQ(folder.List(), "a.txt\n");
+}
+
+TEST(FileReplaceOnWindows, KeepsAccessRightsAndAttributes) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Write("a.txt", "old");
+    const std::filesystem::path native = path;
+    const std::string usual = RightsOf(path);
+    ASSERT_TRUE(CloseForOthers(path));
+    ASSERT_TRUE(SetFileAttributesW(native.c_str(), FILE_ATTRIBUTE_HIDDEN));
+    const std::string rights = RightsOf(path);
+    ASSERT_NE(rights, usual);
+    ASSERT_TRUE(ReplaceWholeFile(path.c_str(), "new", nullptr));
+    EXPECT_EQ(RightsOf(path), rights);
+    EXPECT_EQ(AttributesOf(path) & FILE_ATTRIBUTE_HIDDEN, 0UL + FILE_ATTRIBUTE_HIDDEN);
+    EXPECT_EQ(folder.Read("a.txt"), "new");
+}
 
 // The system may keep the old file under another name as long as somebody has it open.
 TEST(FileReplaceOnWindows, LetsThoseThatHaveTheFileOpenReadOn) {
