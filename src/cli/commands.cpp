@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 #include "cli/build/commands.h"
+#include "cli/builtwith.h"
 #include "cli/change/commands.h"
 #include "cli/export/commands.h"
 #include "cli/frame/commandline.h"
@@ -30,9 +31,12 @@ int RunWithMemory(const std::vector<std::string>& arguments, const TToolStreams&
         return RunComplete(MakeCommands(), {arguments.begin() + 1, arguments.end()}, streams);
     if (!arguments.empty() && arguments.front() == kManPageCommand)
         return RunManPage(MakeCommands(), {arguments.begin() + 1, arguments.end()}, streams);
-    const TTool tool{"hdlbuild", HDLBUILDFILE_VERSION,
-                     "Reads, checks and orders HDL build files, and keeps their settings.", kFooter,
-                     MakeCommands()};
+    const TTool tool{"hdlbuild",
+                     HDLBUILDFILE_VERSION,
+                     "Reads, checks and orders HDL build files, and keeps their settings.",
+                     kFooter,
+                     MakeCommands(),
+                     GetBuiltWith()};
     return RunCommandLine(tool, arguments, streams);
 }
 

@@ -50,6 +50,8 @@ Usage: hdlbuild [OPTIONS] SUBCOMMAND
 Options:
   -h,--help                   Print this help message and exit
   -V,--version                Display program version information and exit
+  --verbose Needs: --version  With --version: also what the tool is built with
+  --json Needs: --version     With --version: print all of it as JSON
   --quiet                     Do not show how far long work has come
   --max-file-size SIZE        Read no file of more bytes, 1G if not given
 

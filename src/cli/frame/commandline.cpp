@@ -176,7 +176,12 @@ bool IsJsonGiven(const CLI::App* command) {
 class TCommandLine {
 public:
     explicit TCommandLine(const TTool& tool) : Tool(tool), App(tool.Description, tool.Name) {
-        App.set_version_flag("-V,--version", std::string(tool.Name) + " " + tool.Version);
+        CLI::Option* const version = App.set_version_flag("-V,--version");
+        Verbose = App.add_flag("--verbose")
+                      ->description("With --version: also what the tool is built with");
+        VersionJson =
+            App.add_flag(kJsonOption)->description("With --version: print all of it as JSON");
+        for (CLI::Option* const option : {Verbose, VersionJson}) option->needs(version);
         App.require_subcommand(1);
         // On Windows too, '/builds/a.xml' is a path.
         App.allow_windows_style_options(false);
@@ -235,6 +240,21 @@ public:
         const int status = Command ? Command->Run(shown) : kExitUsage;
         if (status != kExitDone) PrintFailureAsJson(status, shown);
         return Finish(status, streams);
+    }
+
+    int PrintVersion(const TToolStreams& streams) const {
+        if (VersionJson->count() > 0) {
+            PrintJson(VersionAsJson(), streams);
+            return Finish(kExitDone, streams);
+        }
+        PrintLine(streams.Out, std::string(Tool.Name) + " " + Tool.Version);
+        if (Verbose->count() > 0) {
+            std::vector<std::vector<std::string>> rows = {{"built with", "version", "for"}};
+            for (const TBuiltWith& each : Tool.BuiltWith)
+                rows.push_back({each.Name, each.Version, each.Purpose});
+            PrintTable(std::move(rows), streams.Out);
+        }
+        return Finish(kExitDone, streams);
     }
 
     /// `arguments` are those that could not be parsed.
@@ -297,6 +317,17 @@ private:
         return Finish(kExitDone, streams);
     }
 
+    TJson VersionAsJson() const {
+        TJson result = MakeResult("hdlbuild-version");
+        result["tool"] = Tool.Name;
+        result["toolVersion"] = Tool.Version;
+        TJson rows = TJson::Array(Tool.BuiltWith.size());
+        for (const TBuiltWith& each : Tool.BuiltWith)
+            rows.Add(TJson{{"name", each.Name}, {"version", each.Version}, {"for", each.Purpose}});
+        result["builtWith"] = std::move(rows);
+        return result;
+    }
+
     // They may stand on either side of the command.
     void AddCommonOptions(CLI::App& app) {
         app.add_flag("--quiet", IsQuiet, "Do not show how far long work has come");
@@ -311,6 +342,8 @@ private:
     std::vector<std::function<void()>> Resets;  // give the arguments their presets
     const TCommand* Command = nullptr;
     CLI::App* Help = nullptr;
+    CLI::Option* Verbose = nullptr;
+    CLI::Option* VersionJson = nullptr;
     std::vector<std::string> HelpedCommand;  // its words
     bool IsQuiet = false;
     std::string MaxFileSize;
@@ -325,6 +358,8 @@ int RunCommandLine(const TTool& tool, const std::vector<std::string>& arguments,
     if (line.ParseWithWords(arguments)) return line.Run(streams);
     try {
         line.Parse(arguments);
+    } catch (const CLI::CallForVersion&) {
+        return line.PrintVersion(streams);
     } catch (const CLI::ParseError& error) {
         return line.Report(error, arguments, streams);
     }

@@ -3,6 +3,13 @@
 #include <string>
 #include <vector>
 
+/// A library or a compiler that a program is built with, of which version, and what for.
+struct TBuiltWith {
+    std::string Name;
+    std::string Version;
+    std::string Purpose;
+};
+
 /// A program with commands.
 struct TTool {
     const char* Name;
@@ -10,6 +17,7 @@ struct TTool {
     const char* Description;
     const char* Footer;  ///< ends the help text
     std::vector<TCommand> Commands;
+    std::vector<TBuiltWith> BuiltWith = {};  ///< in the order in which it is told
 };
 
 /// Runs the command that the arguments, in UTF-8 and without the program's name, ask for; returns

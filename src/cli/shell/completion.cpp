@@ -7,7 +7,16 @@
 namespace {
 
 constexpr std::string_view kWordsMark = "--";
-constexpr const char* kVersionOptions = "-V,--version";
+
+/// Those that no command has.
+const std::vector<TArgument>& VersionArguments() {
+    static bool flag = false;
+    static const std::vector<TArgument> arguments = {
+        {"-V,--version", &flag, "Display program version information and exit"},
+        {"--verbose", &flag, "With --version: also what the tool is built with"},
+        {"--json", &flag, "With --version: print all of it as JSON"}};
+    return arguments;
+}
 
 const TArgument& HelpArgument() {
     static bool place = false;
@@ -192,9 +201,8 @@ void TWordsWalk::AddOptions(const std::string& word, TCompletion* completion) co
     for (const TArgument* argument : Arguments)
         if (met.insert(argument->Name).second) add(*argument);
     for (const TArgument& argument : CommonArguments()) add(argument);
-    static bool isVersion = false;
-    if (Command.empty())
-        add({kVersionOptions, &isVersion, "Display program version information and exit"});
+    if (!Command.empty()) return;
+    for (const TArgument& argument : VersionArguments()) add(argument);
 }
 
 void TWordsWalk::AddCommands(const std::string& word, TCompletion* completion) const {

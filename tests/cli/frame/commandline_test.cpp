@@ -44,7 +44,8 @@ TTool CallTool() {
               nullptr,
               {arguments[0]},
               {{"one", "Call one", run, {}}, {"two", "Call two", run, {}}}},
-             {"either", "Call with or without", run, {}, {{"one", "Call one", run, {}}}}}};
+             {"either", "Call with or without", run, {}, {{"one", "Call one", run, {}}}}},
+            {{"paper", "3.0", "notes"}, {"ink \x1B", "1.25.1", ""}}};
 }
 
 /// The exit status and both streams.
@@ -118,7 +119,7 @@ TEST(CommandLine, NamesTheCommandsInThePlaceOfAnUnknownOrMissingOne) {
          "unknown command 'cal'; nearest: call; known: call, say, both, either, help"},
         {{"--json", "write"}, "unknown command 'write'; known: call, say, both, either, help"},
         {{"\x1b"}, "unknown command '\\x1B'; known: call, say, both, either, help"},
-        {{"--json"}, "The following argument was not expected: --json"},
+        {{"--json"}, "--json requires --version"},
         {{"both"}, "PLACE is required"},
         {{"both", "here"}, "VERB is required; known: one, two"},
         {{"both", "one"}, "VERB is required; known: one, two; 'one' was taken for PLACE"},
@@ -139,6 +140,47 @@ TEST(CommandLine, NamesTheCommandsInThePlaceOfAnUnknownOrMissingOne) {
 TEST(CommandLine, PrintsTheVersion) {
     EXPECT_EQ(Call({"--version"}), "0\ncaller 1.2\n");
     EXPECT_EQ(Call({"-V"}), "0\ncaller 1.2\n");
+    EXPECT_EQ(Call({"call", "here", "--version"}).substr(0, 2), "2\n");
+}
+
+TEST(CommandLine, PrintsWhatTheToolIsBuiltWith) {
+    const char* const text =
+        "0\ncaller 1.2\n"
+        "built with  version  for\n"
+        "paper       3.0      notes\n"
+        "ink \\x1B    1.25.1   -\n";
+    EXPECT_EQ(Call({"--version", "--verbose"}), text);
+    EXPECT_EQ(Call({"--verbose", "-V"}), text);
+    const char* const object =
+        "0\n"
+        "{\n"
+        "  \"format\": \"hdlbuild-version\",\n"
+        "  \"version\": 1,\n"
+        "  \"tool\": \"caller\",\n"
+        "  \"toolVersion\": \"1.2\",\n"
+        "  \"builtWith\": [\n"
+        "    {\n"
+        "      \"name\": \"paper\",\n"
+        "      \"version\": \"3.0\",\n"
+        "      \"for\": \"notes\"\n"
+        "    },\n"
+        "    {\n"
+        "      \"name\": \"ink \\u001b\",\n"
+        "      \"version\": \"1.25.1\",\n"
+        "      \"for\": \"\"\n"
+        "    }\n"
+        "  ]\n"
+        "}\n";
+    EXPECT_EQ(Call({"--version", "--json"}), object);
+    EXPECT_EQ(Call({"--json", "--verbose", "--version"}), object);
+}
+
+TEST(CommandLine, TakesTheOptionsOfTheVersionForNothingElse) {
+    EXPECT_EQ(Call({"--verbose", "call", "here"}),
+              "2\n--verbose requires --version\nRun with --help for more information.\n");
+    EXPECT_EQ(Call({"call", "here", "--verbose"}),
+              "2\nThe following argument was not expected: --verbose\n"
+              "Run with --help for more information.\n");
 }
 
 TEST(CommandLine, HelpIsThatOfTheCommand) {

@@ -43,7 +43,11 @@ TEST(Completion, OffersEachOptionOnce) {
         "--quiet\tDo not show how far long work has come\n"
         "--max-file-size\tRead no file of more bytes, 1G if not given\n");
     EXPECT_EQ(Completed({"top", "b.xml", "list", "--j"}), "--json\tPrint one JSON object\n");
-    EXPECT_EQ(Completed({"--ver"}), "--version\tDisplay program version information and exit\n");
+    EXPECT_EQ(Completed({"--ver"}),
+              "--version\tDisplay program version information and exit\n"
+              "--verbose\tWith --version: also what the tool is built with\n");
+    EXPECT_EQ(Completed({"--js"}), "--json\tWith --version: print all of it as JSON\n");
+    EXPECT_EQ(Completed({"order", "--ver"}), "");
 }
 
 TEST(Completion, OffersWhatAnOptionTakes) {
