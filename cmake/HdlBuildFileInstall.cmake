@@ -50,6 +50,9 @@ endif()
 install(FILES README.md CHANGELOG.md LICENSE NOTICES.md DESTINATION "${CMAKE_INSTALL_DOCDIR}"
     COMPONENT documentation)
 install(DIRECTORY docs examples DESTINATION "${CMAKE_INSTALL_DOCDIR}" COMPONENT documentation)
+# The site, where scripts/docs has built it.
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/build/docs/" DESTINATION "${CMAKE_INSTALL_DOCDIR}/html"
+    COMPONENT documentation OPTIONAL)
 
 # For find_package. Each minor version may break its callers while the major version is 0.
 set(compatibility SameMajorVersion)

@@ -6,7 +6,7 @@ class IHdlSourceFile;
 
 /// A source's name as lists compare it. That of no file stands for a source without a name.
 using TSourceName = TFileIdentity;
-
+/// For tables of sources by their names.
 struct TSourceNameHash {
     std::size_t operator()(const TSourceName& name) const noexcept { return name.GetNumber(); }
 };

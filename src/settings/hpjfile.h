@@ -4,7 +4,7 @@
 #include <string>
 
 class TProjectSimSettings;
-
+/// How the reading or saving of a project file ended.
 enum THpjFileResult : int {
     HPJ_FILE_DONE = 0,
     HPJ_FILE_MISSING = 1,

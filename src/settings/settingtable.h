@@ -16,7 +16,7 @@ enum TSettingKind : int {
     SETTING_LIST,       ///< entries, which are added and removed one by one
     SETTING_DIRECTORIES  ///< a list of directories
 };
-
+/// Whether a setting of this kind has entries instead of a text.
 inline bool IsListKind(TSettingKind kind) {
     return kind == SETTING_LIST || kind == SETTING_DIRECTORIES;
 }

@@ -5,7 +5,7 @@
 class IBaseVisitor;
 
 namespace hdb {
-
+/// What an item of the design database is.
 enum TItemKind : int { ITEM_KIND_FILE = 0 };
 
 /// The scope a source stream was read in; the library only carries pointers to it.

@@ -5,6 +5,7 @@
 
 // Whole files. Paths are in UTF-8, of any length. A null `reason` is allowed.
 
+/// How the reading of a file ended.
 enum TFileReadResult : int { FILE_READ_DONE = 0, FILE_READ_MISSING = 1, FILE_READ_FAILED = 2 };
 
 /// Nothing but a regular file of no more bytes than the limit for all files (filelimit.h) is read:

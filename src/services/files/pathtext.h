@@ -23,4 +23,4 @@ HDLBUILDFILE_API TMyString& GetStringQuotedIfNecessary(TMyString& text);
 std::string CanonicalPath(std::string_view path);
 /// The selected parts, by TFileNameParts bits, joined.
 std::string PathParts(std::string_view path, unsigned int parts);
-bool IsPathDelimiter(char c);
+bool IsPathDelimiter(char c);  ///< '/' and '\\', on every system

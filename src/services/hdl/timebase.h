@@ -1,6 +1,6 @@
 #pragma once
 #include "services/base/api.h"
-
+/// Units of time.
 enum TUnit : int { UNIT_FS = 0, UNIT_PS = 1, UNIT_NS = 2, UNIT_US = 3, UNIT_MS = 4, UNIT_S = 5 };
 
 /// The time unit that a simulation counts in, and the one in which times are shown.

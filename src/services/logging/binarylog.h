@@ -47,7 +47,7 @@ public:
 private:
     std::mutex Mutex;
 };
-extern HDLBUILDFILE_API BinaryLogMutex gBinaryLogMessageLoggingMutex;
+extern HDLBUILDFILE_API BinaryLogMutex gBinaryLogMessageLoggingMutex;  ///< held by who logs
 
 /// Copies both texts; null counts as empty. The message lives until the process ends. Callers hold
 /// gBinaryLogMessageLoggingMutex.
@@ -86,7 +86,7 @@ public:
 private:
     std::atomic<int> Level = 0;
 };
-// The name is part of the interface.
+/// What LogDiagnostic writes for. The name is part of the interface.
 // NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern HDLBUILDFILE_API TBinaryLogDiagnosticGroup __BinaryLogDiagnosticGroupDefault;
 

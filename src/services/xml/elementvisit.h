@@ -18,7 +18,7 @@ struct TMetElement {
         return "";
     }
 };
-
+/// Is called with one element, whose texts live until it returns.
 using TElementVisit = std::function<void(const TMetElement&)>;
 
 /// Calls `visit` for each element that TXMLList::ReadFromText would make of the document, without
