@@ -1,12 +1,16 @@
 #!/usr/bin/env python3
 """Tests of scripts/run-pages: what it passes over, what it tells, what --update writes."""
+import importlib.machinery
+import importlib.util
+import os
 import pathlib
 import subprocess
 import sys
 import tempfile
 import unittest
 
-RUN_PAGES = pathlib.Path(__file__).resolve().parents[2] / "scripts" / "run-pages"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+RUN_PAGES = ROOT / "scripts" / "run-pages"
 TOOL = sys.argv.pop(1)
 
 
@@ -65,6 +69,28 @@ class RunPages(unittest.TestCase):
         self.assertEqual(self.run_page(page, "--update")[0], 1)
         self.assertEqual(self.page.read_text(encoding="utf-8"),
                          "a\n```console\n$ echo new\nnew\n$ seq 3\n1\n...\n```\nb\n")
+
+    def test_notices_each_changed_line_of_a_page(self):
+        loader = importlib.machinery.SourceFileLoader("run_pages", str(RUN_PAGES))
+        run_pages = importlib.util.module_from_spec(importlib.util.spec_from_loader("run_pages", loader))
+        loader.exec_module(run_pages)
+        passing, changed = [], []
+
+        class Page(run_pages.Page):
+            def compare(self, command, lines):
+                printed = self.call(command.replace("\\\n", ""))
+                passing.append(run_pages.matches(lines, printed))
+                for at, line in enumerate(lines):
+                    # Beside a gap nothing is missed: it stands for any lines.
+                    others = [] if "..." in lines[max(at - 1, 0):at + 2] else [[], ["x", line]]
+                    for other in [[line + "x"], *others] if line != "..." else []:
+                        changed.append((command, at, run_pages.matches(lines[:at] + other + lines[at + 1:], printed)))
+                return ""
+
+        Page(os.path.abspath(TOOL), ROOT / "docs" / "commands.md").run()
+        self.assertEqual(set(passing), {True})
+        self.assertGreater(len(changed), 300)
+        self.assertEqual([(command, at) for command, at, passes in changed if passes], [])
 
 
 if __name__ == "__main__":
