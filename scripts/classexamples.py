@@ -1,15 +1,16 @@
-"""The examples of exported classes in examples/classes: NAME.cpp is a program, NAME.txt what it prints. Its first line
-names the classes that it shows: "// TFirst, TSecond: what it does"."""
+"""The examples of exported classes in examples/classes: NAME.cpp is a program, NAME.txt what it prints. The comment in
+front of it names the classes that it shows: "// TFirst, TSecond: what it does"."""
 import pathlib
 import re
 
 FOLDER = pathlib.Path(__file__).resolve().parent.parent / "examples" / "classes"
-FIRST_LINE = re.compile(r"// (\w+(?:, \w+)*): ")
+NAMES = re.compile(r"(\w+(?:, \w+)*): ")
 
 
 def classes_shown(example):
     """The classes that the text of an example says that it shows."""
-    match = FIRST_LINE.match(example)
+    comment = re.match(r"(?:// .*\n)*", example).group(0)
+    match = NAMES.match(" ".join(line.removeprefix("// ") for line in comment.splitlines()))
     return match.group(1).split(", ") if match else []
 
 
