@@ -2,6 +2,19 @@
 #include "buildfile/hdlbuildfile.h"
 #include "flows/buildchanges.h"
 #include "projectfiles/ihdlsourcefile.h"
+#include <utility>
+
+TScanChanges FindScanChanges(const TBuildScan& scan, const THdlBuildFile& build,
+                             const TScanWishes& wishes) {
+    TScanChanges changes;
+    for (TDependencyDifference difference : scan.GetDifferences()) {
+        if (!wishes.Exact) difference.Unexplained.clear();
+        if (!difference.Lacking.empty() || !difference.Unexplained.empty())
+            changes.Differences.push_back(std::move(difference));
+    }
+    if (wishes.SetTops) changes.Tops = ListUnrecordedTops(scan, build);
+    return changes;
+}
 
 void ApplyScan(const TBuildScan& scan, const TScanChanges& changes, THdlBuildFile* build) {
     for (const TDependencyDifference& difference : changes.Differences) {

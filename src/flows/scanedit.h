@@ -12,6 +12,15 @@ struct TScanChanges {
     std::vector<TBuildTop> Tops;                     ///< are added
 };
 
+/// What of a scan is wanted.
+struct TScanWishes {
+    bool Exact = false;    ///< unexplained dependencies go
+    bool SetTops = false;  ///< units that nobody instantiates become top-level components
+};
+
+/// The changes that bring `build`, which was scanned, in line.
+TScanChanges FindScanChanges(const TBuildScan& scan, const THdlBuildFile& build,
+                             const TScanWishes& wishes);
 /// Changes `build`: the sources of the differences depend on what they lacked and not on what was
 /// unexplained, and the tops are added.
 void ApplyScan(const TBuildScan& scan, const TScanChanges& changes, THdlBuildFile* build);

@@ -50,3 +50,27 @@ TEST_F(ScanEdit, FindsTheGroupThatListsASource) {
               "<SourceFile>a.vhd<Dependency>p.vhd</Dependency>\n</SourceFile>\n"
               "</SourceFileGroup></HdlBuildFile></HdlBuildFileList>");
 }
+
+TEST_F(ScanEdit, ChangesWhatIsWished) {
+    Folder.Write("a.vhd", "use work.p.all; entity e is end;");
+    Folder.Write("p.vhd", "package p is end;");
+    TBuildEdit edit(Write("",
+                          "<SourceFile>a.vhd<Dependency>b.vhd</Dependency></SourceFile>"
+                          "<SourceFile>p.vhd<Dependency>b.vhd</Dependency></SourceFile>"));
+    TXMLReadError error;
+    ASSERT_TRUE(edit.Read(&error));
+    const TBuildScan scan(*edit.GetBuild(), {});
+    const auto describe = [&](const TScanWishes& wishes) {
+        const TScanChanges changes = FindScanChanges(scan, *edit.GetBuild(), wishes);
+        std::string text;
+        for (const TDependencyDifference& difference : changes.Differences)
+            text += std::to_string(difference.Source) + " lacks " +
+                    std::to_string(difference.Lacking.size()) + ", leaves " +
+                    std::to_string(difference.Unexplained.size()) + "; ";
+        for (const TBuildTop& top : changes.Tops) text += top.Entity;
+        return text;
+    };
+    EXPECT_EQ(describe({}), "0 lacks 1, leaves 0; ");
+    EXPECT_EQ(describe({true, false}), "0 lacks 1, leaves 1; 1 lacks 0, leaves 1; ");
+    EXPECT_EQ(describe({false, true}), "0 lacks 1, leaves 0; e");
+}

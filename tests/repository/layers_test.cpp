@@ -25,8 +25,8 @@ std::set<std::string> ServicesAnd(const std::set<std::string>& folders) {
 const std::set<std::string> kLibrary =
     ServicesAnd({"filenames", "settings", "simtools", "translation", "projectfiles", "buildfile"});
 // A family of commands of the tool: never another family.
-const std::set<std::string> kFamily =
-    AllOf(kLibrary, {"flows/trees", "flows/scan", "flows/linking", "flows", "cli/frame"});
+const std::set<std::string> kFamily = AllOf(
+    kLibrary, {"flows/trees", "flows/scan", "flows/linking", "flows", "flows/check", "cli/frame"});
 
 /// Which folders each folder may include, itself aside.
 const std::map<std::string, std::set<std::string>> kPermitted = {
@@ -50,7 +50,8 @@ const std::map<std::string, std::set<std::string>> kPermitted = {
     {"flows/process", {}},
     {"flows/scan", kLibrary},
     {"flows/linking", AllOf(kLibrary, {"flows/scan"})},
-    {"flows", AllOf(kLibrary, {"flows/scan", "flows/linking"})},
+    {"flows", AllOf(kLibrary, {"flows/trees", "flows/scan", "flows/linking"})},
+    {"flows/check", AllOf(kLibrary, {"flows/trees", "flows/scan", "flows/linking", "flows"})},
     {"flows/graph", AllOf(kLibrary, {"flows/process", "flows/scan", "flows/linking", "flows"})},
     {"flows/plan", AllOf(kLibrary, {"flows/scan", "flows"})},
     {"flows/formats",
@@ -58,7 +59,8 @@ const std::map<std::string, std::set<std::string>> kPermitted = {
     {"flows/imports", AllOf(kLibrary, {"flows/trees", "flows/scan", "flows", "flows/plan"})},
     {"flows/run",
      AllOf(kLibrary, {"flows/process", "flows/scan", "flows/linking", "flows", "flows/plan"})},
-    {"cli/frame", AllOf(kLibrary, {"flows/trees", "flows/scan", "flows/linking", "flows"})},
+    {"cli/frame",
+     AllOf(kLibrary, {"flows/trees", "flows/scan", "flows/linking", "flows", "flows/check"})},
     {"cli/build", kFamily},
     {"cli/change", kFamily},
     {"cli/graph", AllOf(kFamily, {"flows/graph"})},

@@ -2,8 +2,8 @@
 #include "cli/build/commands.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/jsonresults.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/languagenames.h"
+#include "flows/knownnames.h"
 #include <algorithm>
 
 namespace {

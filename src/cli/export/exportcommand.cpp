@@ -3,13 +3,13 @@
 #include "cli/frame/filereports.h"
 #include "cli/frame/formatlist.h"
 #include "cli/frame/jsonresults.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/outputfile.h"
 #include "cli/frame/texts.h"
-#include "cli/frame/toptexts.h"
 #include "flows/formats/exportformats.h"
+#include "flows/knownnames.h"
 #include "flows/plan/neededsources.h"
 #include "flows/plan/planoptions.h"
+#include "flows/toptexts.h"
 #include "services/names/isfilename.h"
 
 namespace {

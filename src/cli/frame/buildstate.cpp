@@ -1,8 +1,8 @@
 #include "cli/frame/buildstate.h"
 #include "buildfile/hdlbuildfile.h"
 #include "cli/frame/settingstext.h"
-#include "cli/frame/toptexts.h"
 #include "flows/buildattributes.h"
+#include "flows/toptexts.h"
 #include "settings/storedlanguages.h"
 #include "simtools/basesimtool.h"
 #include <map>

@@ -1,9 +1,9 @@
 #include "cli/frame/commandline.h"
 #include "cli/frame/jsonresults.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/progressline.h"
 #include "cli/frame/sizelimit.h"
 #include "cli/frame/texts.h"
+#include "flows/knownnames.h"
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iterator>

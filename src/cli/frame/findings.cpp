@@ -1,8 +1,8 @@
 #include "cli/frame/findings.h"
 #include "cli/frame/jsonresults.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
-#include "services/xml/documentlines.h"
+#include "flows/check/documentlocator.h"
+#include "flows/knownnames.h"
 #include <algorithm>
 
 namespace {
@@ -29,15 +29,14 @@ bool HasPlace(const TReportedDiagnostic& diagnostic) {
 void Locate(const std::function<std::string()>& readText, TReport* report) {
     if (!std::any_of(report->Diagnostics.begin(), report->Diagnostics.end(), HasPlace)) return;
     report->Text = readText();
-    if (report->Text.empty()) return;
-    const std::vector<std::size_t> lines = FindLinesOfDocument(report->Text);
+    const TDocumentLocator locator(report->Text);
+    if (!locator.HasPlaces()) return;
     for (TReportedDiagnostic& diagnostic : report->Diagnostics) {
         if (!HasPlace(diagnostic)) continue;
-        const std::size_t place = diagnostic.Fault->Place;
-        const auto next = std::upper_bound(lines.begin() + 1, lines.end(), place);
-        diagnostic.Line = static_cast<int>(next - lines.begin());
-        diagnostic.LineBegin = *std::prev(next);
-        diagnostic.Column = static_cast<int>(place - diagnostic.LineBegin) + 1;
+        const TLinePlace place = locator.Find(diagnostic.Fault->Place);
+        diagnostic.Line = place.Line;
+        diagnostic.Column = place.Column;
+        diagnostic.LineBegin = place.LineBegin;
     }
 }
 

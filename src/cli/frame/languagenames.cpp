@@ -1,6 +1,6 @@
 #include "cli/frame/languagenames.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
+#include "flows/knownnames.h"
 #include "services/hdl/hdllanguagetable.h"
 
 std::vector<std::string> OfferedLanguages() {

@@ -1,7 +1,7 @@
 #include "cli/frame/projectconfigurations.h"
 #include "cli/frame/filereports.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
+#include "flows/knownnames.h"
 
 int ReportProjectResult(THpjFileResult result, const TXMLReadError& error, const std::string& file,
                         const TToolStreams& streams) {

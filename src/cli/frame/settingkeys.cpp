@@ -1,5 +1,5 @@
 #include "cli/frame/settingkeys.h"
-#include "cli/frame/knownnames.h"
+#include "flows/knownnames.h"
 #include "flows/simulatornames.h"
 #include <algorithm>
 #include <array>

@@ -1,5 +1,4 @@
 #include "cli/frame/texts.h"
-#include "services/names/isfilename.h"
 #include <algorithm>
 
 namespace {
@@ -94,31 +93,4 @@ void PrintTable(std::vector<std::vector<std::string>> rows, std::ostream& out) {
 void PrintNames(const std::vector<std::string>& names, const std::string& current,
                 std::ostream& out) {
     for (const std::string& name : names) PrintLine(out, (name == current ? "* " : "  ") + name);
-}
-
-std::string JoinNames(const std::vector<std::string>& names) {
-    std::string joined;
-    for (const std::string& name : names) {
-        if (&name != &names.front()) joined += ", ";
-        joined += name;
-    }
-    return joined;
-}
-
-std::string JoinChoices(const std::vector<std::string>& names) {
-    if (names.size() < 2) return JoinNames(names);
-    return JoinNames({names.begin(), names.end() - 1}) + " or " + names.back();
-}
-
-TPathForm::TPathForm() : Directory(ISFileName::NewISFileName(".")->Canonical(false)) {}
-
-std::string PathText(const char* path, const TPathForm& form) {
-    if (form.Absolute) return path;
-    std::string relative;
-    IFileName::CreateRelativeFileName(form.Directory.c_str(), path, &relative, false, false);
-    return relative;
-}
-
-std::string PathText(const ISFileName* file, const TPathForm& form) {
-    return file ? PathText(file->Canonical(false), form) : std::string();
 }

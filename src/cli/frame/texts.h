@@ -1,10 +1,10 @@
 #pragma once
+#include "flows/knownnames.h"
+#include "flows/pathtexts.h"
 #include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
-
-class ISFileName;
 
 /// `text` with its control characters as "\n", "\t", "\r", "\x1B" or "\u0085": names out of files
 /// may hold them, and would break lines and columns or change the terminal. A backslash stays, as
@@ -33,20 +33,3 @@ void PrintTable(std::vector<std::vector<std::string>> rows, std::ostream& out);
 /// Prints the names one a line, `current` marked with a star.
 void PrintNames(const std::vector<std::string>& names, const std::string& current,
                 std::ostream& out);
-
-/// The names, separated by commas.
-std::string JoinNames(const std::vector<std::string>& names);
-/// The same with "or" before the last.
-std::string JoinChoices(const std::vector<std::string>& names);
-
-/// In which form a command prints paths.
-struct TPathForm {
-    TPathForm();
-
-    std::string Directory;  ///< the current directory, which paths are printed relative to
-    bool Absolute = false;
-};
-
-std::string PathText(const char* path, const TPathForm& form);
-/// "" without a file.
-std::string PathText(const ISFileName* file, const TPathForm& form);

@@ -1,13 +1,13 @@
 #include "buildfile/hdlbuildfile.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/jsonresults.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/outputfile.h"
 #include "cli/graph/commands.h"
 #include "flows/graph/dotgraph.h"
 #include "flows/graph/htmlgraph.h"
 #include "flows/graph/sourcegraph.h"
 #include "flows/graph/svggraph.h"
+#include "flows/knownnames.h"
 #include "services/names/isfilename.h"
 #include <algorithm>
 #include <charconv>

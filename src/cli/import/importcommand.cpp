@@ -2,11 +2,11 @@
 #include "cli/frame/filereports.h"
 #include "cli/frame/formatlist.h"
 #include "cli/frame/jsonresults.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
 #include "cli/import/commands.h"
 #include "flows/imports/importedbuild.h"
 #include "flows/imports/importformats.h"
+#include "flows/knownnames.h"
 #include "services/names/utilfilename.h"
 #include <algorithm>
 

@@ -1,10 +1,11 @@
 #include "buildfile/hdlbuildfile.h"
 #include "cli/frame/filereports.h"
 #include "cli/frame/jsonresults.h"
-#include "cli/frame/toldscan.h"
+#include "cli/frame/scanfindings.h"
 #include "cli/questions/commands.h"
 #include "cli/questions/sourcenames.h"
 #include "flows/buildneeds.h"
+#include "flows/check/toldscan.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "cli/questions/namedtops.h"
-#include "cli/frame/knownnames.h"
-#include "cli/frame/toptexts.h"
+#include "flows/knownnames.h"
 #include "flows/nearestnames.h"
 #include "flows/scan/vhdlnames.h"
+#include "flows/toptexts.h"
 #include <algorithm>
 
 namespace {

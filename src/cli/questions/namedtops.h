@@ -1,6 +1,6 @@
 #pragma once
 #include "cli/frame/streams.h"
-#include "cli/frame/toldscan.h"
+#include "flows/check/toldscan.h"
 #include "flows/neededfiles.h"
 #include <optional>
 #include <string>

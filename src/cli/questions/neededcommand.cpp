@@ -2,10 +2,11 @@
 #include "cli/frame/filereports.h"
 #include "cli/frame/jsonresults.h"
 #include "cli/frame/languagenames.h"
-#include "cli/frame/toptexts.h"
+#include "cli/frame/scanfindings.h"
 #include "cli/questions/commands.h"
 #include "cli/questions/namedtops.h"
 #include "flows/listedsources.h"
+#include "flows/toptexts.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "cli/run/runoptions.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
+#include "flows/knownnames.h"
 #include "flows/optiontexts.h"
 #include "flows/plan/planoptions.h"
 #include <algorithm>

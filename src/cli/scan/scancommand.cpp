@@ -3,6 +3,7 @@
 #include "cli/frame/jsonresults.h"
 #include "cli/frame/progressline.h"
 #include "cli/frame/scanfindings.h"
+#include "cli/frame/texts.h"
 #include "cli/scan/commands.h"
 #include "flows/buildedit.h"
 #include "flows/scanedit.h"
@@ -122,14 +123,7 @@ void TScanRun::AddMoves(const TToldScan& told, const std::vector<IHdlSourceFile*
 }
 
 TScanChanges TScanRun::WantedChanges(const TBuildScan& scan) {
-    TScanChanges changes;
-    for (TDependencyDifference difference : scan.GetDifferences()) {
-        if (!Arguments.Exact) difference.Unexplained.clear();
-        if (!difference.Lacking.empty() || !difference.Unexplained.empty())
-            changes.Differences.push_back(std::move(difference));
-    }
-    if (Arguments.SetTops) changes.Tops = ListUnrecordedTops(scan, *Edit.GetBuild());
-    return changes;
+    return FindScanChanges(scan, *Edit.GetBuild(), {Arguments.Exact, Arguments.SetTops});
 }
 
 /// What the command changes, as it is told; the values of sources that do not change are the same.

@@ -3,6 +3,7 @@
 #include "cli/frame/jsonresults.h"
 #include "cli/frame/progressline.h"
 #include "cli/frame/scanfindings.h"
+#include "cli/frame/texts.h"
 #include "cli/scan/commands.h"
 #include "flows/buildchanges.h"
 #include "flows/buildedit.h"

@@ -1,8 +1,8 @@
 #include "cli/frame/jsonresults.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
 #include "cli/servers/commands.h"
 #include "cli/servers/serveraccess.h"
+#include "flows/knownnames.h"
 #include "flows/simulatornames.h"
 #include "services/names/isfilename.h"
 

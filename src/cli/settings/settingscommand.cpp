@@ -1,10 +1,10 @@
 #include "cli/frame/jsonresults.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/projectconfigurations.h"
 #include "cli/frame/settingstext.h"
 #include "cli/frame/texts.h"
 #include "cli/settings/commands.h"
 #include "cli/settings/projectaccess.h"
+#include "flows/knownnames.h"
 #include <memory>
 
 namespace {

@@ -1,7 +1,7 @@
-#include "cli/frame/knownnames.h"
 #include "cli/frame/settingstext.h"
 #include "cli/settings/commands.h"
 #include "cli/settings/projectaccess.h"
+#include "flows/knownnames.h"
 
 namespace {
 

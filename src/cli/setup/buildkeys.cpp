@@ -1,8 +1,8 @@
 #include "cli/setup/buildkeys.h"
 #include "buildfile/hdlbuildfile.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/languagenames.h"
 #include "cli/frame/settingkeys.h"
+#include "flows/knownnames.h"
 
 namespace {
 

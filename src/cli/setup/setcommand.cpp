@@ -1,8 +1,8 @@
 #include "cli/frame/buildaccess.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/settingstext.h"
 #include "cli/setup/buildkeys.h"
 #include "cli/setup/commands.h"
+#include "flows/knownnames.h"
 #include "services/hdl/hdllanguagetable.h"
 #include <algorithm>
 

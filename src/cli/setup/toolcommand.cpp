@@ -1,9 +1,9 @@
 #include "buildfile/hdlbuildfile.h"
 #include "cli/frame/buildaccess.h"
 #include "cli/frame/jsonresults.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/languagenames.h"
 #include "cli/setup/commands.h"
+#include "flows/knownnames.h"
 #include "flows/simulatornames.h"
 #include "simtools/basesimtool.h"
 #include <algorithm>

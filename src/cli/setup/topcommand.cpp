@@ -2,8 +2,8 @@
 #include "cli/frame/buildaccess.h"
 #include "cli/frame/jsonresults.h"
 #include "cli/frame/languagenames.h"
-#include "cli/frame/toptexts.h"
 #include "cli/setup/commands.h"
+#include "flows/toptexts.h"
 #include "services/hdl/hdllanguagetable.h"
 
 namespace {

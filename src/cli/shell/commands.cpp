@@ -1,10 +1,10 @@
 #include "cli/shell/commands.h"
 #include "cli/frame/jsonresults.h"
-#include "cli/frame/knownnames.h"
 #include "cli/frame/texts.h"
 #include "cli/shell/completion.h"
 #include "cli/shell/manpage.h"
 #include "cli/shell/shellscripts.h"
+#include "flows/knownnames.h"
 
 namespace {
 

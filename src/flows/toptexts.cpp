@@ -1,6 +1,5 @@
-#include "cli/frame/toptexts.h"
-#include "cli/frame/knownnames.h"
-#include "cli/frame/texts.h"
+#include "flows/toptexts.h"
+#include "flows/knownnames.h"
 #include "services/base/mystring.h"
 #include "services/hdl/identifier.h"
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "cli/frame/knownnames.h"
+#include "flows/knownnames.h"
 #include <gtest/gtest.h>
 
 TEST(KnownNames, AnUnknownNameIsToldWithTheNearestAndAll) {

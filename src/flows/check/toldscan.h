@@ -1,9 +1,8 @@
 #pragma once
-#include "cli/frame/streams.h"
-#include "cli/frame/texts.h"
 #include "flows/buildscan.h"
 #include "flows/compilesort.h"
 #include "flows/diagnosticrules.h"
+#include "flows/pathtexts.h"
 #include <string>
 #include <vector>
 
@@ -28,7 +27,3 @@ struct TToldScan {
         return GetSourcePlaceText(SourceOf(thing...));
     }
 };
-
-/// An error line on Err for each source that could not be read; kExitProblems if there is one, else
-/// kExitDone.
-int ReportUnread(const TToldScan& told, const TToolStreams& streams);

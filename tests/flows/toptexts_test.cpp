@@ -1,4 +1,4 @@
-#include "cli/frame/toptexts.h"
+#include "flows/toptexts.h"
 #include <gtest/gtest.h>
 
 TEST(TopTexts, ReadNamesAsTheirLanguageWritesThem) {

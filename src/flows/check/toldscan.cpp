@@ -1,4 +1,4 @@
-#include "cli/frame/toldscan.h"
+#include "flows/check/toldscan.h"
 #include "flows/diagnosticrules.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "services/names/isfilename.h"
@@ -35,16 +35,4 @@ TDiagnosticSource TToldScan::SourceOf(TUnitPlace unit) const {
 
 TDiagnosticSource TToldScan::SourceOf(const TNeedPlace& need) const {
     return SourceOf(need.Unit.File, NeedAt(Scan.GetFiles(), need).Place);
-}
-
-int ReportUnread(const TToldScan& told, const TToolStreams& streams) {
-    int status = kExitDone;
-    const std::vector<std::string>& reasons = told.Scan.GetReasons();
-    for (std::size_t i = 0; i < reasons.size(); ++i) {
-        if (reasons[i].empty()) continue;
-        ReportError(streams, told.PathOf(i) + ": " +
-                                 GetDiagnosticText({DIAGNOSTIC_UNREAD_SOURCE, {reasons[i]}}));
-        status = kExitProblems;
-    }
-    return status;
 }
