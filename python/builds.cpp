@@ -8,11 +8,7 @@
 #include "services/names/isfilename.h"
 #include <unordered_map>
 
-namespace {
-
-using TSessionPointer = std::shared_ptr<TSession>;
-
-[[noreturn]] void RaiseReadError(const TXMLReadError& error, const ISFileName* file) {
+void RaiseReadError(const TXMLReadError& error, const ISFileName* file) {
     const auto numberOrNone = [](int number) -> py::object {
         if (number > 0) return py::int_(number);
         return py::none();
@@ -21,9 +17,22 @@ using TSessionPointer = std::shared_ptr<TSession>;
                                       numberOrNone(error.Column), TextOf(error.Reason)));
 }
 
-[[noreturn]] void RaiseWriteError(const ISFileName* file, const std::string& reason) {
+void RaiseWriteError(const ISFileName* file, const std::string& reason) {
     Raise("WriteError", py::make_tuple(PathTextOf(file), TextOf(reason)));
 }
+
+py::object TopObjectOf(const TBuildTop& top) {
+    const auto textOrNone = [](const std::string& text) -> py::object {
+        if (text.empty()) return py::none();
+        return TextOf(text);
+    };
+    return Pure("Top")(ToLanguage(top.Language), TextOf(top.Library), TextOf(top.Entity),
+                       textOrNone(top.Architecture));
+}
+
+namespace {
+
+using TSessionPointer = std::shared_ptr<TSession>;
 
 void ReadInto(TSession& session) {
     TXMLReadError error;
@@ -243,15 +252,6 @@ void RemoveSources(const TSessionPointer& session, const py::args& named) {
     session->Remove(sources);
 }
 
-py::object TopObjectOf(const TBuildTop& top) {
-    const auto textOrNone = [](const std::string& text) -> py::object {
-        if (text.empty()) return py::none();
-        return TextOf(text);
-    };
-    return Pure("Top")(ToLanguage(top.Language), TextOf(top.Library), TextOf(top.Entity),
-                       textOrNone(top.Architecture));
-}
-
 py::list GetTops(TSession& session) {
     AwaitIdle(session);
     py::list tops;
@@ -296,8 +296,6 @@ void SetText(TSession& session, const py::object& text) {
     AwaitIdle(session);
     (session.GetBuild().*Set)(value.c_str());
 }
-
-using TBuildClass = py::class_<TSession, TSessionPointer>;
 
 void BindFile(TBuildClass& build) {
     using namespace py::literals;
@@ -433,7 +431,7 @@ source of the build.)");
 
 }  // namespace
 
-void BindBuilds(py::module_& module) {
+TBuildClass BindBuilds(py::module_& module) {
     TBuildClass build(module, "Build",
                       R"(A build: which sources take part, in which libraries and order.
 
@@ -445,4 +443,5 @@ busy has them wait.)");
     BindFile(build);
     BindSettings(build);
     BindLists(build);
+    return build;
 }

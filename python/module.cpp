@@ -26,6 +26,7 @@ PYBIND11_MODULE(_core, module) {
     const py::object name = module.attr("__name__");
     module.attr("__name__") = "hdlbuildfile";
     BindSources(module);
-    BindBuilds(module);
+    TBuildClass build = BindBuilds(module);
+    BindReports(module, build);
     module.attr("__name__") = name;
 }

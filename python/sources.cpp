@@ -220,20 +220,21 @@ is asked of it raises SourceGone.)")
                 return LibraryTextOf(*s.Get(), s.GetSession()->GetBuild());
             },
             [](const TSourceHandle& s, const py::object& library) {
-                const std::string text = library.is_none() ? "" : BytesOf(library);
-                s.Get()->SetPrecompiledLibraryGroupName(text.c_str());
+                s.Get()->SetPrecompiledLibraryGroupName(BytesOf(library).c_str());
             },
-            "The library that it is compiled into. None takes its own library away: then it is "
-            "that "
-            "of the build.")
-        .def_property_readonly(
+            "The library that it is compiled into.")
+        .def_property(
             "own_library",
             [](const TSourceHandle& s) -> py::object {
                 const std::string text = s.Get()->GetPrecompiledLibraryGroupName();
                 if (text.empty()) return py::none();
                 return TextOf(text);
             },
-            "The library that the build file names for it; None: that of the build.")
+            [](const TSourceHandle& s, const py::object& library) {
+                const std::string text = library.is_none() ? "" : BytesOf(library);
+                s.Get()->SetPrecompiledLibraryGroupName(text.c_str());
+            },
+            "The library that the build file names for it; None: it is in that of the build.")
         .def_property(
             "is_library_file", [](const TSourceHandle& s) { return s.Get()->IsLibrary(); },
             [](const TSourceHandle& s, bool isOn) { s.Get()->SetLibraryFlag(isOn); },

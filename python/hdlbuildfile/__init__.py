@@ -7,13 +7,28 @@
 """
 import collections.abc
 
-from ._core import Build, Source, SourceIterator, SourceList, __version__
+from ._core import (
+    Build,
+    Source,
+    SourceIterator,
+    SourceList,
+    __version__,
+    check_file,
+    export_formats,
+    import_build,
+    import_formats,
+)
 from ._records import (
     ConversionError,
     Error,
     Finding,
+    Format,
+    Imported,
     Language,
     Place,
+    Plan,
+    PlanSettings,
+    PlanSource,
     ReadError,
     Severity,
     SourceGone,
@@ -26,8 +41,13 @@ __all__ = [
     "ConversionError",
     "Error",
     "Finding",
+    "Format",
+    "Imported",
     "Language",
     "Place",
+    "Plan",
+    "PlanSettings",
+    "PlanSource",
     "ReadError",
     "Severity",
     "Source",
@@ -37,6 +57,10 @@ __all__ = [
     "Top",
     "WriteError",
     "__version__",
+    "check_file",
+    "export_formats",
+    "import_build",
+    "import_formats",
 ]
 
 collections.abc.Sequence.register(SourceList)

@@ -2,7 +2,10 @@
 import enum
 import os
 import pathlib
-from typing import NamedTuple, Optional
+from typing import TYPE_CHECKING, NamedTuple, Optional
+
+if TYPE_CHECKING:
+    from ._core import Build
 
 
 class Language(enum.StrEnum):
@@ -123,3 +126,62 @@ class Top(NamedTuple):
     def __str__(self) -> str:
         architecture = f"({self.architecture})" if self.architecture else ""
         return f"{self.library}.{self.entity}{architecture}"
+
+
+class Format(NamedTuple):
+    """A format of other tools."""
+
+    name: str
+    description: str
+    #: What it carries besides the paths of its sources.
+    holds: str
+
+
+class Imported(NamedTuple):
+    """A build that was made of files of another tool."""
+
+    build: "Build"
+    findings: "list[Finding]"
+
+
+class PlanSource(NamedTuple):
+    """The step that compiles a source."""
+
+    path: pathlib.Path
+    language: Language
+    library: str
+    #: Whether its modules count only when something instantiates them.
+    is_library_file: bool
+    #: The places in the plan of the sources that it waits for.
+    needs: "tuple[int, ...]"
+
+
+class PlanSettings(NamedTuple):
+    """How the sources of one language are compiled, elaborated and run."""
+
+    language: Language
+    #: The year of a standard; None: nothing tells.
+    standard: Optional[str]
+    include_directories: "tuple[pathlib.Path, ...]"
+    library_directories: "tuple[pathlib.Path, ...]"
+    #: With the point.
+    library_extensions: "tuple[str, ...]"
+    defines: "dict[str, str]"
+    # The words of each step that have no field of their own.
+    compile_options: "tuple[str, ...]"
+    elaborate_options: "tuple[str, ...]"
+    run_options: "tuple[str, ...]"
+
+
+class Plan(NamedTuple):
+    """What a build means to a simulator."""
+
+    #: Of the build file, without folder and extension.
+    name: str
+    folder: pathlib.Path
+    #: In compile order.
+    sources: "list[PlanSource]"
+    tops: "list[Top]"
+    settings: "list[PlanSettings]"
+    #: What of the build is not in the plan.
+    findings: "list[Finding]"

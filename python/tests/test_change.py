@@ -45,7 +45,7 @@ def test_writes_what_was_changed_and_keeps_all_other_bytes(folder):
     assert pathlib.Path("build.xml").read_text() == expected
     assert not build.changed and not build.write()
     # Further on from there.
-    build["rtl/top.vhd"].library = None
+    build["rtl/top.vhd"].own_library = None
     assert build.write()
     assert pathlib.Path("build.xml").read_text() == expected.replace(
         'PrecompiledLibrary="top"', 'PrecompiledLibrary=""'
@@ -80,8 +80,9 @@ def test_sets_what_a_build_says(folder):
     assert read.tops == [hb.Top(hb.Language.VERILOG, "work", "cell")]
     with pytest.raises(ValueError):
         build.top_language = "None"
-    with pytest.raises(TypeError):
-        build.library = 3
+    for value in (3, None):
+        with pytest.raises(TypeError, match="a str is wanted, not"):
+            build.library = value
     with pytest.raises(ValueError, match="embedded null character"):
         build.library = "a\0b"
 
