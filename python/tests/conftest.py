@@ -1,4 +1,5 @@
 """A small project that every test has for itself."""
+import os
 import pathlib
 
 import pytest
@@ -29,6 +30,11 @@ SOURCES = {
     "tb/tb.vhd": "entity tb is\nend;\narchitecture sim of tb is\nbegin\n  uut : entity work.top;\nend;\n",
     "rtl/cell.v": "module cell;\nendmodule\n",
 }
+
+
+def outside() -> "dict[str, str]":
+    """The environment of other programs: the sanitizer of the module is not theirs."""
+    return {name: value for name, value in os.environ.items() if name != "LD_PRELOAD"}
 
 
 @pytest.fixture

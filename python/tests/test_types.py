@@ -10,6 +10,7 @@ import sys
 import pytest
 
 import hdlbuildfile as hb
+from conftest import outside
 
 TESTS = pathlib.Path(__file__).parent
 PACKAGE = pathlib.Path(hb.__file__).parent
@@ -19,7 +20,7 @@ pytest.importorskip("mypy", reason="no mypy")
 
 def run(tmp_path, *command):
     """What a tool prints; it starts elsewhere, as it would take the folder's files for modules."""
-    environment = dict(os.environ, MYPYPATH=str(PACKAGE.parent), LD_PRELOAD="")
+    environment = dict(outside(), MYPYPATH=str(PACKAGE.parent))
     return subprocess.run(
         [sys.executable, "-m", *map(str, command)], cwd=tmp_path, capture_output=True, text=True, env=environment
     )
