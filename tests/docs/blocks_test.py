@@ -6,7 +6,7 @@
 RUN_PAGE are the pages that scripts/run-pages runs. Each block of code in README.md, CONTRIBUTING.md and docs is run with
 its page, or is a row of blocks.txt, which says why not. In text and in the blocks of these rows each command of
 hdlbuild and of scripts is looked up: the command, the script and their options have to exist. Usage lines are those of
-the help. Each page is in the tree of the site.
+the help. A message in a sentence is one that a block prints. Each page is in the tree of the site.
 """
 import functools
 import itertools
@@ -20,6 +20,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 TABLE = pathlib.Path(__file__).with_name("blocks.txt")
 BLOCK = re.compile(r"^```(\w*)(?: file=\S+)?\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 SPAN = re.compile(r"`([^`\n]+(?:\n[^`\n]+)?)`")
+# What hdlbuild prints, shown inside of a sentence.
+MESSAGE = re.compile(r"error: |nearest: |^\[\d+/\d+\] |^\S+:\d+:\d+: ")
 OPTION = re.compile(r"(?<=\s)(--?[a-zA-Z][\w-]*)")
 
 
@@ -111,6 +113,17 @@ class Blocks(unittest.TestCase):
                 met += 1
                 self.assertEqual(self.missing_in(command), [], f"{page}: {command}")
         self.assertGreater(met, 40)
+
+    def test_messages_in_sentences_are_printed_by_blocks(self):
+        met = 0
+        for page in RUN_PAGES:
+            text = pages()[page]
+            printed = "".join(body for language, body in BLOCK.findall(text) if language == "console")
+            for span in SPAN.findall(BLOCK.sub("", text)):
+                if MESSAGE.search(span):
+                    met += 1
+                    self.assertIn(" ".join(span.split()).removesuffix(" ..."), printed, page)
+        self.assertGreater(met, 3)
 
     def test_each_page_is_in_the_tree_of_the_site(self):
         layout = (ROOT / "scripts" / "site" / "layout.xml").read_text(encoding="utf-8")
