@@ -8,6 +8,7 @@ set(CPACK_PACKAGE_DESCRIPTION
     "The library that reads, orders and writes HDL build files, its headers, and the tool hdlbuild.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/RenewTimes.cmake")
 
 if(WIN32)
     set(CPACK_GENERATOR ZIP)
