@@ -6,12 +6,26 @@
 #include "services/names/isfilename.h"
 #include "services/names/recordedstatus.h"
 
-std::vector<TListedSource> ListSources(const THdlBuildFile& build) {
+namespace {
+
+std::size_t CountSources(const THdlBuildFile& build) {
     std::size_t count = 0;
     for (const THdlLanguageRecord& record : GetHdlLanguageTable())
         count += build.GetSourceFileGroup(record.Language)->size();
+    return count;
+}
+
+bool IsMissing(const ISFileName& file) {
+    // The read has asked the disk already.
+    const auto status = FindStatusWhenLoaded(&file, kDefaultTimeStampKey);
+    return !(status ? status->Exists : file.Exists());
+}
+
+}  // namespace
+
+std::vector<TListedSource> ListSources(const THdlBuildFile& build) {
     std::vector<TListedSource> sources;
-    sources.reserve(count);
+    sources.reserve(CountSources(build));
     for (const THdlLanguageRecord& record : GetHdlLanguageTable())
         for (const IHdlSourceFile* file : *build.GetSourceFileGroup(record.Language))
             sources.push_back({record.Language, file});
@@ -26,16 +40,13 @@ std::string LibraryOfSource(const IHdlSourceFile& source, const THdlBuildFile& b
 std::vector<TListedSource> ListMissingSources(const THdlBuildFile& build) {
     std::vector<TListedSource> missing;
     if (build.GetReadResult() == 0) return missing;
-    const std::vector<TListedSource> sources = ListSources(build);
     // Few for a report: a disk may be slow.
-    TProgress progress(PROGRESS_CHECK_SOURCES, sources.size(), 16);
-    for (const TListedSource& source : sources) {
-        // The read has asked the disk already.
-        const auto status = FindStatusWhenLoaded(source.File->GetFileName(), kDefaultTimeStampKey);
-        if (!(status ? status->Exists : source.File->GetFileName()->Exists()))
-            missing.push_back(source);
-        progress.Advance();
-    }
+    TProgress progress(PROGRESS_CHECK_SOURCES, CountSources(build), 16);
+    for (const THdlLanguageRecord& record : GetHdlLanguageTable())
+        for (const IHdlSourceFile* file : *build.GetSourceFileGroup(record.Language)) {
+            if (IsMissing(*file->GetFileName())) missing.push_back({record.Language, file});
+            progress.Advance();
+        }
     return missing;
 }
 

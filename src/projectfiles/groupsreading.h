@@ -19,6 +19,7 @@ public:
     /// `sourceCount` sources will be read.
     TGroupsReading(bool isBuildEmpty, std::size_t sourceCount)
         : Progress(PROGRESS_READ_SOURCES, sourceCount, kSourcesAReport),
+          Notes(sourceCount),
           AreNotesComplete(isBuildEmpty) {}
 
     /// What is known under `name`; false when the notes do not tell what the build has there.

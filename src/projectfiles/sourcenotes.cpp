@@ -1,6 +1,5 @@
 #include "projectfiles/sourcenotes.h"
 #include "services/base/fetchahead.h"
-#include "services/base/fold.h"
 
 namespace {
 
@@ -58,7 +57,7 @@ std::size_t TSourceNotes::FindPlace(std::string_view canonical, std::uint32_t ha
 }
 
 void TSourceNotes::Grow() {
-    std::vector<TSourceNote> former(Notes.size() * 2);
+    std::vector<TSourceNote> former(Notes.size() / 2 * 3);
     former.swap(Notes);
     for (const TSourceNote& note : former) {
         if (!note.Name) continue;

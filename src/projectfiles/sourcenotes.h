@@ -1,5 +1,7 @@
 #pragma once
 #include "projectfiles/sourcename.h"
+#include "services/base/fold.h"
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -20,6 +22,9 @@ struct TSourceNote {
 /// the processor's cache.
 class TSourceNotes {
 public:
+    /// Room for `count` names; there may be more.
+    explicit TSourceNotes(std::size_t count = 0) : Notes(PlacesFor(count)) {}
+
     /// The note of a canonical path, `hash` being HashIgnoringCase of it; null when there is none.
     /// Valid until the next FindOrAdd.
     TSourceNote* Find(std::string_view canonical, std::size_t hash);
@@ -32,16 +37,20 @@ public:
     bool FetchName(std::size_t hash) const;
 
 private:
+    /// Half of them free, which makes searches short, unless that takes much memory.
+    static std::size_t PlacesFor(std::size_t count) {
+        constexpr std::size_t kMany = 500'000;
+        return std::max<std::size_t>(16, count < kMany ? count * 2 : count / 3 * 4 + 8);
+    }
     static std::uint32_t ShortHash(std::size_t hash) {
         // The lowest bits are the same in a table of handles, which keeps neighbours together.
         return static_cast<std::uint32_t>(hash >> 4);
     }
-    std::size_t FirstPlace(std::uint32_t hash) const { return hash & (Notes.size() - 1); }
-    std::size_t After(std::size_t place) const { return (place + 1) & (Notes.size() - 1); }
+    std::size_t FirstPlace(std::uint32_t hash) const { return PlaceOfHash(hash, Notes.size()); }
+    std::size_t After(std::size_t place) const { return place + 1 < Notes.size() ? place + 1 : 0; }
     std::size_t FindPlace(std::string_view canonical, std::uint32_t hash) const;
     void Grow();
 
-    // A power of two, at least a quarter of them free.
-    std::vector<TSourceNote> Notes = std::vector<TSourceNote>(16);
+    std::vector<TSourceNote> Notes;  // at least a quarter of them free
     std::size_t Count = 0;
 };

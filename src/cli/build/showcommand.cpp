@@ -118,7 +118,6 @@ TJson ContentsOf(THdlBuildFile& build, const TBuildArguments& arguments) {
     contents["options"] = OptionsOf(build, arguments);
     contents["variables"] = *build.GetPseudoEnvironmentVariables();
     contents["groups"] = GroupsOf(build);
-    contents["missingFiles"] = MissingFilesOf(build, arguments);
     return contents;
 }
 
@@ -179,8 +178,13 @@ void PrintContents(std::ostream& out, const TJson& contents) {
         PrintLabelled(
             out, "Sources " + Text(group["language"]),
             Text(group["files"]) + " (" + Text(group["libraryFiles"]) + " library files)");
-    for (const TJson& path : contents["missingFiles"].GetEntries())
-        PrintLabelled(out, "Missing file", Text(path));
+}
+
+// Printed as they come: there may be a million.
+void PrintMissingFiles(std::ostream& out, const THdlBuildFile& build,
+                       const TBuildArguments& arguments) {
+    for (const TListedSource& source : ListMissingSources(build))
+        PrintLabelled(out, "Missing file", PathText(source.File->GetFileName(), arguments.Paths));
 }
 
 }  // namespace
@@ -190,10 +194,13 @@ int RunShow(const TBuildArguments& arguments, const TToolStreams& streams) {
     const int status = LoadBuild(arguments.Build, streams, &build);
     if (status == kExitFile) return status;
     ReportNoBuild(build, streams);
-    const TJson contents = ContentsOf(build, arguments);
-    if (arguments.Json)
+    TJson contents = ContentsOf(build, arguments);
+    if (arguments.Json) {
+        contents["missingFiles"] = MissingFilesOf(build, arguments);
         PrintJson(contents, streams);
-    else
+    } else {
         PrintContents(streams.Out, contents);
+        PrintMissingFiles(streams.Out, build, arguments);
+    }
     return status;
 }

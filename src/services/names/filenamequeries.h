@@ -75,7 +75,7 @@ public:
     }
 
     void SetAsVirtualFile() override { IsVirtual = true; }
-    bool IsVirtualFile() const override { return IsVirtual; }
+    bool IsVirtualFile() const override { return IsVirtual != 0; }
     bool ConvertVirtualFileToTempFile() override {
         if (!IsVirtual || Length == 0) return false;
         if (!Exists() && !ReplaceWholeFile(Text, {}, nullptr)) return false;
@@ -96,7 +96,7 @@ protected:
     /// `canonical` must end with a zero and outlive the object or the next call.
     void SetText(std::string_view canonical) {
         Text = canonical.data();
-        Length = static_cast<std::uint32_t>(canonical.size());
+        Length = static_cast<std::uint32_t>(canonical.size()) & kMostLength;
     }
     std::string_view View() const { return {Text, Length}; }
     std::string Path() const { return {Text, Length}; }
@@ -104,7 +104,10 @@ protected:
 private:
     char* Kept(unsigned int parts) const { return KeptPathText(SplitPath(View()).Join(parts)); }
 
+    static constexpr std::uint32_t kMostLength = 0x7FFFFFFF;
+
     const char* Text = "";
-    std::uint32_t Length = 0;
-    bool IsVirtual = false;
+    // Together, because there are millions of handles: what derives from this has 32 bits beside.
+    std::uint32_t Length : 31 = 0;
+    std::uint32_t IsVirtual : 1 = false;
 };

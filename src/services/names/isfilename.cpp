@@ -26,7 +26,7 @@ public:
     /// `storedText` lives as long as the process; `first` is the handle that was the first one of
     /// all that differ in letter case alone, null for this one.
     TSharedFileName(std::string_view storedText, const TSharedFileName* first)
-        : First(first ? first : this), Number(first ? first->Number : NewNumber()) {
+        : Number(first ? first->Number : NewNumber()), First(first ? first : this) {
         SetText(storedText);
     }
 
@@ -83,13 +83,13 @@ private:
         ForEach(changed);
     }
 
-    static std::size_t NewNumber() {
-        static std::atomic<std::size_t> last = 0;
+    static std::uint32_t NewNumber() {
+        static std::atomic<std::uint32_t> last = 0;
         return ++last;
     }
 
+    const std::uint32_t Number;  // first, as it fits behind what the base class has
     const TSharedFileName* First;
-    const std::size_t Number;
     mutable TFileStamps Stamps;
 };
 
@@ -140,6 +140,8 @@ unsigned long TSharedFileName::GetFileModificationTime(unsigned long* out) const
 bool TSharedFileName::CompareModificationTimeTo(unsigned long low, unsigned long high) const {
     return !IsBlank() && high == 0 && TimeWordOf(Look()) == low;
 }
+
+static_assert(sizeof(TSharedFileName) <= 7 * sizeof(void*), "builds name files by the million");
 
 /// Where handles and their texts lie, in the order in which a thread made them; nothing in it is
 /// ever freed.
@@ -195,12 +197,11 @@ private:
         const TSharedFileName* Handle = nullptr;
     };
 
-    // The number of slots is a power of two, and a quarter of them are free. The lowest bits of the
-    // hash tell the table.
+    // A quarter of the slots are free. The lowest bits of the hash tell the table.
     std::size_t FirstSlot(std::size_t hash) const {
-        return hash / kSharedParts & (Slots.size() - 1);
+        return PlaceOfHash(static_cast<std::uint32_t>(hash / kSharedParts), Slots.size());
     }
-    std::size_t After(std::size_t slot) const { return (slot + 1) & (Slots.size() - 1); }
+    std::size_t After(std::size_t slot) const { return slot + 1 < Slots.size() ? slot + 1 : 0; }
     std::size_t FindSlot(std::string_view text, std::size_t hash) const {
         std::size_t i = FirstSlot(hash);
         while (Slots[i].Handle && !(Slots[i].Hash == hash && Slots[i].Handle->GetText() == text))
@@ -222,7 +223,7 @@ private:
         return new (place) TSharedFileName({copy, text.size()}, first);
     }
     void Grow() {
-        std::vector<TSlot> former(Slots.size() * 2);
+        std::vector<TSlot> former(Slots.size() / 2 * 3);
         former.swap(Slots);
         for (const TSlot& slot : former)
             if (slot.Handle) Slots[FindSlot(slot.Handle->GetText(), slot.Hash)] = slot;

@@ -105,3 +105,26 @@ TEST(Fold, ReadsTheNumberThatATextBeginsWith) {
     };
     for (const auto& row : rows) EXPECT_EQ(LeadingNumber(row.text), row.number) << row.text;
 }
+
+// In a table that looks at one place behind the other, two thirds full of numbered names, also when
+// the lowest bits of all hashes are the same.
+TEST(Fold, SpreadsTheHashesOfNumberedNames) {
+    for (const char* begin : {"/proj/rtl/f", "/a/f", "/p/src/unit_", "C:\\work\\fifo"})
+        for (const std::size_t tables : {1U, 16U}) {
+            std::vector<std::uint32_t> hashes;
+            for (int number = 0; number < 200'000; ++number) {
+                const std::size_t hash = HashIgnoringCase(begin + std::to_string(number) + ".vhd");
+                if (hash % tables == 0) hashes.push_back(static_cast<std::uint32_t>(hash / 16));
+            }
+            std::vector<bool> isTaken(hashes.size() / 2 * 3, false);
+            std::size_t steps = 0;
+            for (const std::uint32_t hash : hashes) {
+                std::size_t place = PlaceOfHash(hash, isTaken.size());
+                ASSERT_LT(place, isTaken.size());
+                for (; isTaken[place]; ++steps) place = place + 1 < isTaken.size() ? place + 1 : 0;
+                isTaken[place] = true;
+            }
+            // Hashes without any order take one step for each name.
+            EXPECT_LT(steps, 2 * hashes.size()) << begin << " in " << tables;
+        }
+}
