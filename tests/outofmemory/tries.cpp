@@ -1,5 +1,6 @@
 #include "tests/outofmemory/tries.h"
 #include "tests/outofmemory/failingheap.h"
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <new>
 
@@ -34,6 +35,25 @@ const char* FindLoss(IWork* work, bool isDone, TAfterFailure after, const std::s
     return "it does something else when it is done again";
 }
 
+/// The distance of the allocations that fail: all of them with HDLBUILDFILE_EVERY_ALLOCATION.
+std::size_t GetStep() {
+    constexpr std::size_t kUsualStep = 7;
+    return std::getenv("HDLBUILDFILE_EVERY_ALLOCATION") ? 1 : kUsualStep;
+}
+
+constexpr const char* kThen[] = {", then deleted", ", then deleted at once", ", then done again"};
+
+std::size_t TryAll(const TWorkRow& row, bool forever, TAfterFailure after) {
+    const TTries tries(row);
+    std::size_t count = 0;
+    bool isReached = true;
+    for (std::size_t number = 1; isReached; number += GetStep(), ++count)
+        EXPECT_EQ(tries.Try(number, forever, after, &isReached), "")
+            << row.Name << ", allocation " << number << (forever ? " and all behind it" : "")
+            << kThen[after];
+    return count;
+}
+
 }  // namespace
 
 TTries::TTries(const TWorkRow& row) : Row(row) {
@@ -65,4 +85,14 @@ std::string TTries::TryOnce(std::size_t number, bool forever, TAfterFailure afte
     const std::ptrdiff_t leaked = FailingHeap::GetLiveCount() - before;
     if (*loss || leaked <= Row.MostLost) return loss;
     return kLeak + std::to_string(leaked) + " allocations";
+}
+
+void TryWorks(const std::vector<TWorkRow>& works) {
+    for (const TWorkRow& row : works) {
+        std::size_t count = TryAll(row, false, WORK_IS_DELETED);
+        count += TryAll(row, true, WORK_IS_DELETED_AT_ONCE);
+        for (const bool forever : {false, true}) count += TryAll(row, forever, WORK_IS_DONE_AGAIN);
+        EXPECT_GT(count, 3U) << row.Name;
+        testing::Test::RecordProperty(row.Name, std::to_string(count));
+    }
 }

@@ -27,3 +27,6 @@ private:
     const TWorkRow& Row;
     std::string Expected;
 };
+
+/// Tries each work without one allocation, and without all from one on.
+void TryWorks(const std::vector<TWorkRow>& works);

@@ -37,6 +37,8 @@ std::vector<TWorkRow> MakeBuildWorks();
 std::vector<TWorkRow> MakeEditWorks();
 std::vector<TWorkRow> MakeProjectFileWorks();
 std::vector<TWorkRow> MakeSettingsWorks();
+/// In a program of their own.
+std::vector<TWorkRow> MakeScanWorks();
 
 template <class TWork>
 TWorkRow WorkRow(const char* name, std::ptrdiff_t mostLost = 0) {
