@@ -22,16 +22,16 @@ void CheckPath(const std::string& text) {
         Give("a canonical path that is relative", path);
 }
 
-// Whoever knows no family gets the words as they are; the others what they can read again.
+// What is given out can be read again, and gives no faults of memory; it may mean something else.
 void CheckOptions(const std::string& text, int family) {
     options::TConvertedOptionResults results;
     (void)options::ParseAndConvertOptions(text.c_str(), options::SOURCE_BUILD_OR_LINKER,
                                           options::STAGE_COMPILE, {family, LANGUAGE_VERILOG},
                                           nullptr, &results);
-    options::TConvertedOptionResults again;
     for (const int stage :
          {options::STAGE_COMPILE, options::STAGE_ELABORATE, options::STAGE_SIMULATE}) {
         const std::string args = results.GetArgsForPhases(options::GetCompilePhasesForStage(stage));
+        options::TConvertedOptionResults again;
         (void)options::ParseAndConvertOptions(args.c_str(), options::SOURCE_BUILD_OR_LINKER, stage,
                                               {family, LANGUAGE_VERILOG}, nullptr, &again);
     }

@@ -21,17 +21,24 @@ const ISFileName* HandleOf(const std::string& path) {
 /// A folder for all reads: the library keeps names of files for ever.
 const TemporaryFolder& Folder() {
     static const TemporaryFolder folder;
+    // Patterns in files to import find it.
+    static const std::string found = folder.Write("import/rtl/a.v", "module a; endmodule\n");
     return folder;
 }
 
 std::string ComplaintOfError(const TXMLReadError& error) {
     if (!error.IsError()) return "refused without a reason";
     if (error.Line < 1 || error.Column < 1) return "refused without a place: " + error.Reason;
-    return {};
+    return kWasRefused;
 }
 
 std::string ComplaintOfCopies(const std::string& saved, const std::string& again) {
-    return saved == again ? "" : "what was saved reads otherwise:\n" + saved + "\n" + again;
+    return saved == again ? kWasRead : "what was saved reads otherwise:\n" + saved + "\n" + again;
+}
+
+/// What a save does that finds nothing that it may write.
+std::string ResultOfNoSave(const char* name, const std::string& bytes) {
+    return Folder().Read(name) == bytes ? kWasRefused : "damaged";
 }
 
 // It is saved over itself, as paths are relative to the file.
@@ -41,7 +48,7 @@ std::string ReadBuild(const TFileReader&, const std::string& bytes) {
     build.SetBuildFileName(path);
     if (build.ReadFromFile() != READ_NO_ERROR && build.GetReadError().IsError())
         return ComplaintOfError(build.GetReadError());
-    if (!build.WriteToFile()) return Folder().Read("build.xml") == bytes ? "" : "damaged";
+    if (!build.WriteToFile()) return ResultOfNoSave("build.xml", bytes);
     const std::string saved = Folder().Read("build.xml");
     THdlBuildFile again;
     again.SetBuildFileName(path);
@@ -67,10 +74,10 @@ std::string ReadProject(const TFileReader&, const std::string& bytes) {
     THpjFile file(path);
     if (const THpjFileResult result = file.Read(&settings); result != HPJ_FILE_DONE)
         return result == HPJ_FILE_UNREADABLE       ? ComplaintOfError(file.GetReadError())
-               : *THpjFile::GetErrorString(result) ? ""
+               : *THpjFile::GetErrorString(result) ? kWasRefused
                                                    : "refused without a reason";
     if (const THpjFileResult result = file.Save(&settings); result != HPJ_FILE_DONE)
-        return Folder().Read("project.hpj") == bytes ? "" : "damaged";
+        return ResultOfNoSave("project.hpj", bytes);
     if (std::string complaint = SaveProjectAgain(path); !complaint.empty()) return complaint;
     const std::string saved = Folder().Read("project.hpj");
     if (std::string complaint = SaveProjectAgain(path); !complaint.empty()) return complaint;
@@ -91,9 +98,9 @@ std::string ReadSimulators(const TFileReader&, const std::string& bytes) {
     const auto* const path = HandleOf(Folder().Write("simulators.cfg", bytes));
     TBaseSimToolServerClientCourier courier;
     courier.SetCurrentServerName("localhost");
-    if (!courier.ReadCurrentServerConfigFromFile(path, "localhost")) return {};
+    if (!courier.ReadCurrentServerConfigFromFile(path, "localhost")) return kWasRefused;
     if (!courier.WriteCurrentServerConfigToFile(path))
-        return Folder().Read("simulators.cfg") == bytes ? "" : "damaged";
+        return ResultOfNoSave("simulators.cfg", bytes);
     const std::string saved = Folder().Read("simulators.cfg");
     TBaseSimToolServerClientCourier again;
     again.SetCurrentServerName("localhost");
@@ -116,15 +123,15 @@ std::string ReadIni(const TFileReader&, const std::string& bytes) {
     std::string values;
     {
         TPropCache cache(path.c_str(), nullptr);
-        if (!cache.GetReadError().Reason.empty()) return {};
+        if (!cache.GetReadError().Reason.empty()) return kWasRefused;
         values = ValuesOf(cache, "One") + ValuesOf(cache, "Two");
         cache.WritePrivatePropString("Torture", "Key", "value");
-        if (!cache.Flush()) return Folder().Read("settings.ini") == bytes ? "" : "damaged";
+        if (!cache.Flush()) return ResultOfNoSave("settings.ini", bytes);
     }
     const TPropCache again(path.c_str(), nullptr);
     if (again.GetPrivatePropText("Torture", "Key", "") != "value") return "not saved";
     const std::string kept = ValuesOf(again, "One") + ValuesOf(again, "Two");
-    return kept == values ? "" : "lost by a save:\n" + values + "\n" + kept;
+    return kept == values ? kWasRead : "lost by a save:\n" + values + "\n" + kept;
 }
 
 // What is refused has a diagnostic; what is told stands in the file.
@@ -139,7 +146,8 @@ std::string ReadImport(const TFileReader& reader, const std::string& bytes) {
         if (diagnostic.Source.Line < 0 || diagnostic.Source.Line > lines)
             return "told in line " + std::to_string(diagnostic.Source.Line) + ": " +
                    GetDiagnosticText(diagnostic);
-    return {};
+    if (!imported.Sources.empty()) return kWasRead;
+    return imported.Diagnostics.empty() ? kHoldsNothing : kWasRefused;
 }
 
 }  // namespace

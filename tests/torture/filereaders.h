@@ -2,14 +2,19 @@
 #include <string>
 #include <vector>
 
+inline constexpr const char* kWasRead = "read";
+inline constexpr const char* kWasRefused = "refused";
+inline constexpr const char* kHoldsNothing = "holds no sources";
+
 /// A kind of file that is read.
 struct TFileReader {
     std::string Name;
     std::string Sample;
     /// Whether a save writes it.
     bool IsSaved;
-    /// Reads bytes in place of the sample. "" when they were refused with a reason, or gave a model
-    /// that a save writes and a read finds again; else what went wrong.
+    /// Reads bytes in place of the sample. kWasRefused when that was with a reason, kWasRead when
+    /// they gave a model that a save writes and a read finds again, kHoldsNothing for a list to
+    /// import that ends before its first source; else what went wrong.
     std::string (*Read)(const TFileReader& reader, const std::string& bytes);
 };
 

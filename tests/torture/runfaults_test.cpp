@@ -19,7 +19,7 @@ struct TFault {
 const TFault kFaults[] = {
     {"run: ENOSPC once", "error=ENOSPC", ""}, {"run: ENOSPC from a call on", "error=ENOSPC", "+"},
     {"run: EIO once", "error=EIO", ""},       {"run: EIO from a call on", "error=EIO", "+"},
-    {"run: SIGKILL", "signal=KILL", ""},
+    {"run: EINTR once", "error=EINTR", ""},   {"run: SIGKILL", "signal=KILL", ""},
 };
 
 class RunFaults : public testing::TestWithParam<TFault> {};

@@ -118,11 +118,16 @@ TEST(ExportedBuilds, TakeOrRefuseEachHostileName) {
         {"verilator", LANGUAGE_VERILOG, "verilator",
          "verilator --lint-only -Wno-DECLFILENAME -f out && echo ran", "---...--.....-.........."},
     };
+    std::string missing;
     for (const auto& row : rows) {
-        if (!IsInstalled(row.Program)) continue;
+        if (!IsInstalled(row.Program)) {
+            missing += std::string(" ") + row.Program;
+            continue;
+        }
         EXPECT_EQ(MarksOf(row.Format, row.Language, row.Command), row.Marks)
             << row.Format << " " << row.Program;
     }
+    if (!missing.empty()) GTEST_SKIP() << "not installed:" << missing;
 }
 
 TEST(ExportedBuilds, RunUnderIcarus) {

@@ -185,8 +185,12 @@ TEST(RanBuilds, FailUnderEveryToolByErrorsAndTime) {
         {"icarus", "iverilog", "Verilog", "module t; initial begin\n", "forever;", "--timeout 1",
          "not done after 1 s"},
     };
+    std::string missing;
     for (const auto& row : rows) {
-        if (!IsInstalled(row.Program)) continue;
+        if (!IsInstalled(row.Program)) {
+            missing += std::string(" ") + row.Program;
+            continue;
+        }
         const WorkingFolder folder;
         const bool isVhdl = std::string(row.Language) == "VHDL";
         folder.Write("t", row.Text + std::string(row.Body) +
@@ -211,6 +215,7 @@ TEST(RanBuilds, FailUnderEveryToolByErrorsAndTime) {
                 << row.Tool << row.Body << result;
         }
     }
+    if (!missing.empty()) GTEST_SKIP() << "not installed:" << missing;
 }
 
 // One program that is told what to do: it takes long to make. Verilator cuts names at blanks when
