@@ -112,10 +112,11 @@ void TImportRun::TellOne(const TDiagnostic& diagnostic) {
     const std::string code = GetDiagnosticId(diagnostic.Code);
     const std::string place = source.Path.empty() ? "" : GetSourcePlaceText(source) + ": ";
     const std::string line = place + text + " [" + code + "]";
-    if (IsImportError(diagnostic))
-        ReportError(Streams, line);
-    else
-        ReportWarning(Streams, line);
+    const bool isNote = GetDiagnosticRule(diagnostic.Code).Severity == SEVERITY_NOTE;
+    const auto report = IsImportError(diagnostic) ? ReportError
+                        : isNote                  ? ReportNote
+                                                  : ReportWarning;
+    report(Streams, line);
     if (!Arguments.Json) return;
     TJson json = {{"code", code}, {"text", text}};
     if (!source.Path.empty()) json["file"] = source.Path;

@@ -61,7 +61,7 @@ TEST(ImportCommand, KeepsSourcesThatAreMissing) {
     const TToolRun run = RunHdlbuild(
         {"import", "filelist", "sub/a.f", "-o", "b.xml", "--relative-to", ".", "--dry-run"});
     EXPECT_EQ(run.Status, 0);
-    EXPECT_EQ(run.Err, "hdlbuild: warning: sub/a.f:1:1: does not exist: none.v [HB707]\n");
+    EXPECT_EQ(run.Err, "hdlbuild: note: sub/a.f:1:1: does not exist: none.v [HB707]\n");
     EXPECT_NE(run.Out.find("Verilog source none.v: none -> {\"library\":\"\"}\n"),
               std::string::npos);
     EXPECT_FALSE(folder.Exists("b.xml"));

@@ -51,7 +51,7 @@ TEST(ImportedBuilds, HaveTheSourcesThatIcarusReads) {
               "M top.v\nI inc2/i.vh\nM my d/a b.v\nM \"q\".v\nM s#h.v\nM d$d.v\nM env/e.v\n"
               "M n.v\nM lib/cell_a.sv\nM lib/cell_a.sv\n");
     EXPECT_EQ(Import("icarus", "t.f", "list.xml"),
-              "hdlbuild: warning: t.f:3:1: does not exist: inc [HB707]\n");
+              "hdlbuild: note: t.f:3:1: does not exist: inc [HB707]\n");
     EXPECT_EQ(SourcesOf("list.xml"), "top.v\nmy d/a b.v\n\"q\".v\ns#h.v\nd$d.v\nenv/e.v\nn.v\n");
     EXPECT_EQ(Import("icarus-deps", "read", "deps.xml"), "");
     EXPECT_EQ(SourcesOf("deps.xml"),
