@@ -39,6 +39,10 @@ VIAddVersionKey "LegalCopyright" "MIT License"
 
 Section "The tool hdlbuild"
     SectionIn RO
+    ; What the last version had and this one has not. PATH stays as it is.
+    ${If} ${FileExists} "$INSTDIR\uninstall.exe"
+        ExecWait '"$INSTDIR\uninstall.exe" /S /UPGRADE _?=$INSTDIR'
+    ${EndIf}
     !include "${LISTS}\runtime.nsh"
     !include "${LISTS}\tool.nsh"
     SetOutPath "$INSTDIR"
@@ -79,8 +83,13 @@ Function .onInit
 FunctionEnd
 
 Section "Uninstall"
-    Push "$INSTDIR\bin"
-    Call un.RemoveFromPath
+    ${GetParameters} $0
+    ClearErrors
+    ${GetOptions} "$0" "/UPGRADE" $1
+    ${If} ${Errors}
+        Push "$INSTDIR\bin"
+        Call un.RemoveFromPath
+    ${EndIf}
     !include "${LISTS}\remove.nsh"
     Delete "$INSTDIR\uninstall.exe"
     ; Only when it is empty: what others put there stays.
