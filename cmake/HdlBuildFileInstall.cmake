@@ -43,7 +43,10 @@ endif()
 if(HDLBUILDFILE_TOOL)
     file(RELATIVE_PATH libraries_from_tool
         "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
-    set_target_properties(hdlbuild PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_tool}")
+    # The build folder's own name would leave room for itself in the program.
+    set_target_properties(hdlbuild PROPERTIES
+        INSTALL_RPATH "$ORIGIN/${libraries_from_tool}"
+        BUILD_RPATH_USE_ORIGIN ON)
     install(TARGETS hdlbuild COMPONENT tool)
     include(HdlBuildFileShellFiles)
 endif()
