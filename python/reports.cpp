@@ -23,13 +23,6 @@ namespace {
 
 using TDiagnostics = std::vector<TDiagnostic>;
 
-/// Paths are told relative to the working directory of this moment.
-TPathForm FormOfPaths() {
-    TPathForm form;
-    form.Directory = FileOf(py::str("."))->Canonical(false);
-    return form;
-}
-
 py::object NumberOrNone(int number) {
     if (number > 0) return py::int_(number);
     return py::none();
@@ -101,7 +94,7 @@ TToldFindings CheckOne(THdlBuildFile& build, const TPathForm& form, bool sources
 
 py::list CheckBuild(TSession& session, bool sources, const py::object& external) {
     const std::vector<std::string> libraries = TextsOf(external);
-    const TPathForm form = FormOfPaths();
+    const TPathForm form;
     return ListOf(
         WorkOn(session, [&] { return CheckOne(session.GetBuild(), form, sources, libraries); }));
 }
@@ -109,7 +102,7 @@ py::list CheckBuild(TSession& session, bool sources, const py::object& external)
 py::list CheckFile(const py::object& path, bool sources, const py::object& external) {
     const ISFileName* const file = FileOf(path);
     const std::vector<std::string> libraries = TextsOf(external);
-    const TPathForm form = FormOfPaths();
+    const TPathForm form;
     TXMLReadError error;
     TToldFindings found;
     {
@@ -125,7 +118,7 @@ py::list CheckFile(const py::object& path, bool sources, const py::object& exter
 py::list ScanBuild(TSession& session, bool exact, bool sort, bool tops,
                    const py::object& external) {
     const std::vector<std::string> libraries = TextsOf(external);
-    const TPathForm form = FormOfPaths();
+    const TPathForm form;
     return ListOf(WorkOn(session, [&]() -> TToldFindings {
         THdlBuildFile& build = session.GetBuild();
         const TBuildScan scan(build, {libraries});
@@ -236,7 +229,7 @@ py::object ImportFiles(const py::object& formatName, const py::object& files,
                        const py::object& path, const py::object& folder, bool lossy) {
     const TImportFormat& format = ImportFormatOf(BytesOf(formatName));
     const ISFileName* const file = FileOf(path);
-    const TPathForm form = FormOfPaths();
+    const TPathForm form;
     TImportRequest request{PathsOf(files), "", [&form](const std::string& name) {
                                return PathText(name.c_str(), form);
                            }};

@@ -2,7 +2,6 @@
 #include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
 #include <array>
-#include <filesystem>
 #include <string>
 #include <unordered_map>
 
@@ -54,11 +53,9 @@ std::string PathBytesOf(const py::handle& path) {
     PyObject* encoded = nullptr;
     if (!PyUnicode_FSConverter(path.ptr(), &encoded)) throw py::error_already_set();
     const auto bytes = py::reinterpret_steal<py::bytes>(encoded);
-    std::string text(PyBytes_AS_STRING(encoded),
-                     static_cast<std::size_t>(PyBytes_GET_SIZE(encoded)));
+    const std::string text(PyBytes_AS_STRING(encoded),
+                           static_cast<std::size_t>(PyBytes_GET_SIZE(encoded)));
     if (text.empty()) RaiseValueError("the path is empty");
-    // The library has its own working directory from the start of the process.
-    if (text.front() != '/') text = (std::filesystem::current_path() / text).string();
     return text;
 }
 

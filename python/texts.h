@@ -16,8 +16,8 @@ py::str TextOf(std::string_view text);
 /// ValueError for a text with a zero in it, which no file and no name has.
 std::string BytesOf(const py::handle& text);
 
-/// A path as os.fspath takes it: str, bytes or os.PathLike. Whole: a relative one is taken against
-/// the working directory of this moment.
+/// A path as os.fspath takes it: str, bytes or os.PathLike. The library takes a relative one
+/// against the working directory of that moment.
 std::string PathBytesOf(const py::handle& path);
 const ISFileName* FileOf(const py::handle& path);
 /// One path or several; a str is one.
