@@ -116,11 +116,12 @@ TSourceSequence GetGroup(const TSessionPointer& session, const py::object& langu
 }
 
 TSourceSequence GetMissing(const TSessionPointer& session) {
-    AwaitIdle(*session);
-    std::vector<IHdlSourceFile*> sources;
-    // They are the build's, which may be changed.
-    for (const TListedSource& missing : ListMissingSources(session->GetBuild()))
-        sources.push_back(const_cast<IHdlSourceFile*>(missing.File));
+    const std::vector<IHdlSourceFile*> sources = WorkOn(*session, [&] {
+        std::vector<IHdlSourceFile*> missing = ListAll(session->GetBuild());
+        std::erase_if(missing,
+                      [](const IHdlSourceFile* source) { return source->GetFileName()->Exists(); });
+        return missing;
+    });
     return {session, sources};
 }
 
@@ -397,7 +398,7 @@ void BindLists(TBuildClass& build) {
                                "All sources, in the order of the languages, then of the groups.")
         .def("group", &GetGroup, "language"_a, "The sources of one language, as they are listed.")
         .def_property_readonly("missing", &GetMissing,
-                               "The sources that did not exist when the build was read.")
+                               "The sources that do not exist: the disk is asked each time.")
         .def("order", &GetOrder, "language"_a = py::none(),
              R"(The sources of a language, or of all, in compile order.
 

@@ -10,6 +10,7 @@
 #include "flows/plan/neededsources.h"
 #include "flows/plan/planoptions.h"
 #include "flows/scanedit.h"
+#include "flows/textreaders.h"
 #include "flows/toptexts.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "python/bindings.h"
@@ -74,12 +75,21 @@ bool HasError(const TDiagnostics& diagnostics) {
     Raise("ConversionError", py::make_tuple(ListOf({diagnostics, {}})));
 }
 
-TToldFindings CheckOne(THdlBuildFile& build, const TPathForm& form, bool sources,
-                       const std::vector<std::string>& external) {
-    TCheckedBuild checked{build, form, CheckDocument(build.GetFileName()), {external}};
+/// How a caller wants to have a build checked.
+struct TWantedCheck {
+    bool Sources;
+    std::vector<std::string> External;
+    TPathForm Form = {};
+};
+
+/// Its places are not told yet.
+TToldFindings CheckOne(THdlBuildFile& build, const TDocumentFindings& document,
+                       const TWantedCheck& wanted) {
+    const TPathForm& form = wanted.Form;
+    TCheckedBuild checked{build, form, document, {wanted.External}};
     std::optional<TBuildScan> scan;
     std::optional<TToldScan> told;
-    if (sources && build.HasBuildElement()) {
+    if (wanted.Sources && build.HasBuildElement()) {
         scan.emplace(build, checked.LinkOptions);
         told.emplace(TToldScan{*scan, form, SortVerilog(build).Late});
         checked.Scan = &*told;
@@ -88,28 +98,47 @@ TToldFindings CheckOne(THdlBuildFile& build, const TPathForm& form, bool sources
     for (auto& [key, kind] : FindAll(checked))
         found.Diagnostics.insert(found.Diagnostics.end(), kind.Diagnostics.begin(),
                                  kind.Diagnostics.end());
-    found.Locator = TDocumentLocator(checked.Document.ReadText(build.GetFileName()));
     return found;
 }
 
+/// Of the build as write() leaves it. It is read from that text, as the file will be: so the disk
+/// is asked anew for the sources, and the document is that of the build.
+std::string CheckSession(TSession& session, const TWantedCheck& wanted, TToldFindings* found) {
+    std::string reason = session.GetEdit().FindEdits();
+    if (!reason.empty()) return reason;
+    const ISFileName* const file = session.GetFile();
+    const std::string& text = session.GetEdit().GetFile().GetChanged();
+    TSimWrapHdlBuildFile build;
+    TXMLReadError error;
+    if (!ReadBuildText(text, file, &build, &error)) return error.Reason;
+    *found = CheckOne(build, CheckDocument(file, text), wanted);
+    found->Locator = TDocumentLocator(text);
+    return "";
+}
+
 py::list CheckBuild(TSession& session, bool sources, const py::object& external) {
-    const std::vector<std::string> libraries = TextsOf(external);
-    const TPathForm form;
-    return ListOf(
-        WorkOn(session, [&] { return CheckOne(session.GetBuild(), form, sources, libraries); }));
+    const TWantedCheck wanted{sources, TextsOf(external)};
+    TToldFindings found;
+    const std::string reason =
+        WorkOn(session, [&] { return CheckSession(session, wanted, &found); });
+    if (!reason.empty()) RaiseWriteError(session.GetFile(), reason);
+    return ListOf(found);
 }
 
 py::list CheckFile(const py::object& path, bool sources, const py::object& external) {
     const ISFileName* const file = FileOf(path);
-    const std::vector<std::string> libraries = TextsOf(external);
-    const TPathForm form;
+    const TWantedCheck wanted{sources, TextsOf(external)};
     TXMLReadError error;
     TToldFindings found;
     {
         const py::gil_scoped_release release;
         TSimWrapHdlBuildFile build(file);
         error = build.GetReadError();
-        if (!error.IsError()) found = CheckOne(build, form, sources, libraries);
+        if (!error.IsError()) {
+            const TDocumentFindings document = CheckDocument(file);
+            found = CheckOne(build, document, wanted);
+            found.Locator = TDocumentLocator(document.ReadText(file));
+        }
     }
     if (error.IsError()) RaiseReadError(error, file);
     return ListOf(found);
@@ -304,7 +333,8 @@ void BindReports(py::module_& module, TBuildClass& build) {
              R"(Tells what may be wrong with the build, as a list of findings.
 
 With ``sources`` they are read and scanned, too; units of the ``external`` libraries are then not looked
-for. What is told of the document is told of the file as it is on the disk.)")
+for. The build is the one of Python, with what is not written yet; the disk is asked anew for the sources.
+Raises WriteError when the file cannot take what was changed.)")
         .def("scan", &ScanBuild, py::kw_only(), "exact"_a = false, "sort"_a = false,
              "tops"_a = false, "external"_a = py::tuple(),
              R"(Reads the sources, and records the dependencies that they lack.

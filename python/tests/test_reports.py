@@ -242,3 +242,61 @@ def test_a_program_from_end_to_end(folder, capsys):
         "      <Dependency>rtl/top.vhd</Dependency>\n"
         "    </SourceFile>\n",
     )
+
+
+def as_read_again(build, **options):
+    """What check() tells, which has to be what a fresh read tells."""
+    findings = lines(build.check(**options))
+    assert findings == lines(hb.Build.read(build.path).check(**options)) == lines(hb.check_file(build.path, **options))
+    return findings
+
+
+def test_checks_what_was_written_as_a_fresh_read_does(folder):
+    made = hb.Build.new("made.xml")
+    made.add("rtl/pkg.vhd")
+    assert lines(made.check()) == []
+    assert made.write()
+    assert as_read_again(made) == []
+    note = "rtl/pkg.vhd:1:9: note: nobody needs package work.pkg [HB508]"
+    assert as_read_again(made, sources=True) == [note]
+    pathlib.Path("list.f").write_text("rtl/cell.v\n")
+    imported = hb.import_build("filelist", "list.f", "imported.xml").build
+    imported.write()
+    assert as_read_again(imported) == []
+
+    build = hb.Build.read("build.xml")
+    notes = "build.xml:9:3: warning: unknown element Notes [HB103]"
+    missing = [
+        "error: read result 9: Build File: Missing file(s) on load. [HB102]",
+        "build.xml:14:5: error: missing file: rtl/missing.vhd (VHDL) [HB201]",
+        notes,
+    ]
+    build.add("rtl/missing.vhd")
+    assert lines(build.check()) == missing and [source.path.name for source in build.missing] == ["missing.vhd"]
+    build.write()
+    assert as_read_again(build) == missing
+    build.remove("rtl/missing.vhd")
+    build.write()
+    assert as_read_again(build) == [notes] and list(build.missing) == []
+
+
+def test_check_asks_the_disk_anew(folder):
+    build = hb.Build.read("build.xml")
+    cell = build["rtl/cell.v"]
+    os.remove("rtl/cell.v")
+    assert codes(build.check()) == ["HB102", "HB201", "HB103"] and list(build.missing) == [cell]
+    os.mkdir("rtl/cell.v")
+    assert codes(build.check()) == codes(hb.check_file("build.xml")) == ["HB204", "HB103"]
+    os.rmdir("rtl/cell.v")
+    pathlib.Path("rtl/cell.v").write_text("module cell;\nendmodule\n")
+    assert codes(build.check()) == ["HB103"] and list(build.missing) == []
+    assert build["rtl/cell.v"] == cell
+
+
+def test_check_tells_of_the_build_and_not_of_what_others_wrote(folder):
+    build = hb.Build.read("build.xml")
+    pathlib.Path("build.xml").write_text("<Other/>\n")
+    assert codes(build.check()) == ["HB103"]
+    pathlib.Path("build.xml").write_text(BUILD.replace('<Notes of="nobody">kept as it is</Notes>', ""))
+    build.reload()
+    assert codes(build.check()) == []

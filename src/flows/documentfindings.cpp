@@ -4,6 +4,7 @@
 #include "flows/topmentions.h"
 #include "services/files/filereplace.h"
 #include "services/names/isfilename.h"
+#include <utility>
 
 std::uint32_t TDocumentFindings::FindPlace(const ISFileName* file) const {
     return Mentions ? Mentions->FindPlace(file) : kNoXMLPlace;
@@ -18,10 +19,16 @@ std::string TDocumentFindings::ReadText(const ISFileName* buildFile) const {
 
 TDocumentFindings CheckDocument(const ISFileName* buildFile) {
     const std::string path = buildFile->Canonical(false);
-    TDocumentFindings findings;
-    findings.Status = LookAtFile(path);
+    const TFileStatus status = LookAtFile(path);
     std::string text;
     if (ReadWholeFile(path.c_str(), &text, nullptr) != FILE_READ_DONE) return {};
+    TDocumentFindings findings = CheckDocument(buildFile, std::move(text));
+    if (findings.Mentions) findings.Status = status;
+    return findings;
+}
+
+TDocumentFindings CheckDocument(const ISFileName* buildFile, std::string text) {
+    TDocumentFindings findings;
     TDocumentWords words;
     TTopMentions tops;
     const auto mentions = std::make_shared<TSourceMentions>(buildFile->GetPathOnly());

@@ -81,3 +81,5 @@ struct TDocumentFindings {
 /// for each listed source that no read of the build has looked at before. Without findings when the
 /// file cannot be read.
 TDocumentFindings CheckDocument(const ISFileName* buildFile);
+/// The same of a text that is to be the file's: Status tells nothing.
+TDocumentFindings CheckDocument(const ISFileName* buildFile, std::string text);
