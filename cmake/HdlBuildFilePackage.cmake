@@ -8,7 +8,9 @@ set(CPACK_PACKAGE_DESCRIPTION
     "The library that reads, orders and writes HDL build files, its headers, and the tool hdlbuild.")
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
-set(CPACK_PRE_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/RenewTimes.cmake")
+set(CPACK_PRE_BUILD_SCRIPTS
+    "${PROJECT_SOURCE_DIR}/cmake/AddLicences.cmake"
+    "${PROJECT_SOURCE_DIR}/cmake/RenewTimes.cmake")
 
 if(WIN32)
     set(CPACK_GENERATOR ZIP)
@@ -40,10 +42,36 @@ set(CPACK_RPM_DOCUMENTATION_PACKAGE_NAME libhdlbuildfile-doc)
 set(CPACK_RPM_DOCUMENTATION_PACKAGE_ARCHITECTURE noarch)
 set(CPACK_RPM_DOCUMENTATION_PACKAGE_GROUP Documentation)
 set(CPACK_RPM_DOCUMENTATION_PACKAGE_SUMMARY "The manual of hdlbuild and its library")
+# As the .debs describe them.
+set(build_in_memory "The build of an HDL simulation project in memory: which sources take part, in
+which libraries and compile order, which components are simulated, and which
+simulator runs each language with which options.
+
+This package contains")
+set(CPACK_RPM_RUNTIME_PACKAGE_DESCRIPTION
+    "${build_in_memory} the shared library, which reads and writes the model as
+an XML build file.")
+set(CPACK_RPM_DEVELOPMENT_PACKAGE_DESCRIPTION
+    "${build_in_memory} the C++ headers, the object file that every module over
+the library links, and the packages for CMake and pkg-config.")
+set(CPACK_RPM_TOOL_PACKAGE_DESCRIPTION
+    "hdlbuild scans folders of VHDL, Verilog and SystemVerilog for what depends on
+what, keeps the result in a build file, checks and changes it, puts sources in
+compile order, exports builds for other tools, imports theirs, and runs
+simulations with GHDL, NVC, Icarus Verilog and Verilator.")
+set(CPACK_RPM_DOCUMENTATION_PACKAGE_DESCRIPTION
+    "${build_in_memory} the user guide, the reference of commands, diagnostics
+and formats, two example designs, and a program for each class.")
+# Whoever installs the library or the tool alone has the licences as well: AddLicences.cmake copies them.
+foreach(component IN ITEMS RUNTIME TOOL)
+    set(CPACK_RPM_${component}_USER_FILELIST
+        "%license /usr/share/licenses/${CPACK_RPM_${component}_PACKAGE_NAME}/LICENSE"
+        "%license /usr/share/licenses/${CPACK_RPM_${component}_PACKAGE_NAME}/NOTICES.md")
+endforeach()
 # Folders of others.
 set(CPACK_RPM_EXCLUDE_FROM_AUTO_FILELIST_ADDITION
     /usr/${CMAKE_INSTALL_LIBDIR}/cmake /usr/${CMAKE_INSTALL_LIBDIR}/pkgconfig
-    /usr/share/man /usr/share/man/man1 /usr/share/man/man5
+    /usr/share/licenses /usr/share/man /usr/share/man/man1 /usr/share/man/man5
     /usr/share/bash-completion /usr/share/bash-completion/completions
     /usr/share/fish /usr/share/fish/vendor_completions.d /usr/share/zsh /usr/share/zsh/vendor-completions)
 # The same bytes whenever and wherever they are made: SOURCE_DATE_EPOCH is the time.
