@@ -6,6 +6,7 @@
 
 #include "services/base/progress.h"
 #include "services/xml/expatrun.h"
+#include "services/xml/longtags.h"
 #include "services/xml/openelement.h"
 #include "services/xml/xmlname.h"
 #include "services/xml/xmlprologue.h"
@@ -79,11 +80,32 @@ private:
     bool ReadRest(std::size_t begin, std::string* released) {
         RestBegin = begin;
         Rest.remove_prefix(begin);
+        const std::size_t tag = UnitSize == 1 ? FindOverfullTag(Rest, 0) : std::string_view::npos;
+        if (tag != std::string_view::npos) return ReadToOverfullTag(tag);
         const std::string_view copy = released ? Run.Copy(Rest) : std::string_view();
         if (copy.empty()) return Run.Feed(Rest, true);
         Rest = copy;
         std::string().swap(*released);
         return Run.ParseCopy(copy, true);
+    }
+
+    /// The parser gets what is in front of the tag at `place`, and the tag as well when it is none.
+    bool ReadToOverfullTag(std::size_t place) {
+        XML_SetEndCdataSectionHandler(Run.GetParser(), OnCdataEnd);
+        std::size_t fed = 0;
+        for (; place != std::string_view::npos; place = FindOverfullTag(Rest, place + 1)) {
+            if (place > fed && !Run.Feed(Rest.substr(fed, place - fed), false)) return false;
+            fed = place;
+            // In a comment, say, the token would have begun before.
+            if (!RootSeen || IsInCdata || Run.GetTokenBegin() != RestBegin + place) continue;
+            RefuseAttributes();
+            return false;
+        }
+        return Run.Feed(Rest.substr(fed), true);
+    }
+
+    void RefuseAttributes() {
+        Run.Refuse("an element has more than " + std::to_string(kMaxXMLAttributes) + " attributes");
     }
 
     std::string GetNameOfInnermost() const {
@@ -195,7 +217,11 @@ private:
         reader.Run.Guard([&] { reader.AddText({text, static_cast<std::size_t>(length)}); });
     }
 
-    static void OnCdataSection(void* userData) { From(userData).TextCounts = true; }
+    static void OnCdataSection(void* userData) {
+        From(userData).TextCounts = true;
+        From(userData).IsInCdata = true;
+    }
+    static void OnCdataEnd(void* userData) { From(userData).IsInCdata = false; }
 
     static void OnTokenBeforeRoot(void* userData, const XML_Char* text, int length) {
         TExpatRun& run = From(userData).Run;
@@ -218,9 +244,7 @@ private:
         Attributes.clear();
         for (; attributes[0]; attributes += 2)
             Attributes.emplace_back(attributes[0], attributes[1]);
-        if (Attributes.size() > kMaxXMLAttributes)
-            return Run.Refuse("an element has more than " + std::to_string(kMaxXMLAttributes) +
-                              " attributes");
+        if (Attributes.size() > kMaxXMLAttributes) return RefuseAttributes();
         if (Visit) return VisitStart(name);
         Open.push_back(Elements->Push(TElement::START, name, {}, Attributes));
     }
@@ -296,6 +320,7 @@ private:
     std::vector<TAttributeView> Attributes;  // of the present tag
     std::string Text;
     bool TextCounts = false;
+    bool IsInCdata = false;  // known when there are tags of too many attributes
     bool RootSeen = false;
 };
 

@@ -265,6 +265,14 @@ TEST(XMLReading, AcceptsAnElementWith65536Attributes) {
     EXPECT_EQ(StreamOf(document + "/></a>"), stream + "\nEND b\nEND a\n");
     EXPECT_EQ(StreamOf(document + " more=''/></a>"),
               "2:1: an element has more than 65536 attributes");
+    // What looks like such an element is none.
+    const std::string text = document.substr(4) + " more=''/>";
+    EXPECT_EQ(StreamOf("<a><!--" + text + "--><c/></a>"), "START a\nSTART c\nEND c\nEND a\n");
+    EXPECT_EQ(StreamOf("<a><![CDATA[" + text + "]]></a>"), "START a\nTEXT " + text + "\nEND a\n");
+    for (const std::string& begin : {"<!--" + text + "-->", "<![CDATA[" + text + "]]>"})
+        EXPECT_EQ(StreamOf("<a>" + begin + "\n" + text + "</a>"),
+                  "2:1: an element has more than 65536 attributes");
+    EXPECT_EQ(StreamOf("<a><b c='" + text + "'/></a>"), "1:10: not well-formed (invalid token)");
 }
 
 TEST(XMLReading, LeavesTheListEmptyAfterAFailure) {
