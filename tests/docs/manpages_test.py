@@ -3,8 +3,10 @@
 
   manpages_test.py TOOL
 """
+import gzip
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -33,6 +35,13 @@ class ManPages(unittest.TestCase):
         pages = sorted((self.folder / "man").rglob("*.gz"))
         self.assertGreater(len(pages), 25)
         self.assertEqual({page.name: complaints for page in pages if (complaints := complaints_of(page))}, {})
+
+    def test_have_no_markdown_in_headings(self):
+        subprocess.run([sys.executable, "-B", MAN_PAGES, TOOL, self.folder / "man"], check=True)
+        text = gzip.decompress((self.folder / "man/man5/hdlbuild-formats.5.gz").read_bytes()).decode("utf-8")
+        headings = [line for line in text.splitlines() if line.startswith((".SH", ".SS"))]
+        self.assertIn(".SS Attributes of HdlBuildFile", headings)
+        self.assertEqual([heading for heading in headings if re.search(r"[`*\]]", heading)], [])
 
     def test_are_not_passed_over(self):
         page = self.folder / "a.1"
