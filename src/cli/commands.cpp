@@ -31,12 +31,9 @@ int RunWithMemory(const std::vector<std::string>& arguments, const TToolStreams&
         return RunComplete(MakeCommands(), {arguments.begin() + 1, arguments.end()}, streams);
     if (!arguments.empty() && arguments.front() == kManPageCommand)
         return RunManPage(MakeCommands(), {arguments.begin() + 1, arguments.end()}, streams);
-    const TTool tool{"hdlbuild",
-                     HDLBUILDFILE_VERSION,
-                     "Reads, checks and orders HDL build files, and keeps their settings.",
-                     kFooter,
-                     MakeCommands(),
-                     GetBuiltWith()};
+    const TTool tool{
+        "hdlbuild", HDLBUILDFILE_VERSION, "Reads, checks, orders, changes and runs HDL build files",
+        kFooter,    MakeCommands(),       GetBuiltWith()};
     return RunCommandLine(tool, arguments, streams);
 }
 

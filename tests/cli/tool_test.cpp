@@ -44,18 +44,18 @@ TEST(Tool, HelpNamesEveryCommandAndExitStatus) {
     EXPECT_EQ(run.Status, kExitDone);
     EXPECT_EQ(run.Err, "");
     EXPECT_EQ(run.Out,
-              R"(Reads, checks and orders HDL build files, and keeps their settings.
-Usage: hdlbuild [OPTIONS] SUBCOMMAND
+              R"(Reads, checks, orders, changes and runs HDL build files
+Usage: hdlbuild [OPTIONS] COMMAND
 
 Options:
   -h,--help                   Print this help message and exit
-  -V,--version                Display program version information and exit
+  -V,--version                Print the version
   --verbose Needs: --version  With --version: also what the tool is built with
   --json Needs: --version     With --version: print all of it as JSON
   --quiet                     Do not show how far long work has come
   --max-file-size SIZE        Read no file of more bytes, 1G if not given
 
-Subcommands:
+Commands:
 )" + subcommands +
                   R"(  help                        Print the help of the tool, a command or its verb
 
@@ -90,14 +90,14 @@ TEST(Tool, HelpOfServersTellsWhoseToolsAFileHolds) {
     EXPECT_EQ(run.Status, kExitDone);
     EXPECT_EQ(run.Err, "");
     EXPECT_EQ(run.Out, R"(Show and change which simulators a server offers
-Usage: hdlbuild servers [OPTIONS] SUBCOMMAND
+Usage: hdlbuild servers [OPTIONS] VERB
 
 Options:
   -h,--help                   Print this help message and exit
   --quiet                     Do not show how far long work has come
   --max-file-size SIZE        Read no file of more bytes, 1G if not given
 
-Subcommands:
+Verbs:
   list                        List the tools of a server
   add                         Add a simulator to a server, or change its paths
   remove                      Remove a simulator from a server
@@ -115,12 +115,12 @@ TEST(Tool, HelpOfAVerbShowsTheWordsInFrontOfIt) {
         const char* Usage;
     } rows[] = {
         {{"show", "--help"}, "hdlbuild show [OPTIONS] BUILD"},
-        {{"settings", "--help"}, "hdlbuild settings [OPTIONS] PROJECT SUBCOMMAND"},
+        {{"settings", "--help"}, "hdlbuild settings [OPTIONS] PROJECT VERB"},
         {{"settings", "p", "list", "-h"}, "hdlbuild settings PROJECT list [OPTIONS]"},
         {{"settings", "p", "set", "--help"},
          "hdlbuild settings PROJECT set [OPTIONS] NAME KEY [VALUE]"},
         {{"templates", "show", "-h"}, "hdlbuild templates show [OPTIONS] NAME"},
-        {{"translator", "--help"}, "hdlbuild translator [OPTIONS] BUILD TRANSLATOR [SUBCOMMAND]"},
+        {{"translator", "--help"}, "hdlbuild translator [OPTIONS] BUILD TRANSLATOR [VERB]"},
         {{"translator", "b", "v2vhdl", "enable", "--help"},
          "hdlbuild translator BUILD TRANSLATOR enable [OPTIONS] SWITCH [ARGS...]"},
         {{"translator", "b", "v2vhdl", "disable", "--help"},

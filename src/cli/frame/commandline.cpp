@@ -176,7 +176,8 @@ bool IsJsonGiven(const CLI::App* command) {
 class TCommandLine {
 public:
     explicit TCommandLine(const TTool& tool) : Tool(tool), App(tool.Description, tool.Name) {
-        CLI::Option* const version = App.set_version_flag("-V,--version");
+        App.get_formatter()->label("SUBCOMMAND", "COMMAND");
+        CLI::Option* const version = App.set_version_flag("-V,--version", "", "Print the version");
         Verbose = App.add_flag("--verbose")
                       ->description("With --version: also what the tool is built with");
         VersionJson =
@@ -277,7 +278,9 @@ private:
         CLI::App* sub = app.add_subcommand(command.Name, command.Description);
         sub->footer(command.Footer);
         std::string line = front + " " + command.Name;
+        sub->group(app.get_parent() ? "Verbs" : "Commands");
         sub->formatter(std::make_shared<TUsageFormatter>(line, command.Words.Usage));
+        sub->get_formatter()->label("SUBCOMMAND", "VERB");
         if (command.Words.Values) {
             sub->allow_extras();
             // A word may begin with "-h".
@@ -296,6 +299,7 @@ private:
 
     void AddHelp() {
         Help = App.add_subcommand("help", "Print the help of the tool, a command or its verb");
+        Help->group("Commands");
         Help->footer("");  // else the tool's
         Help->formatter(std::make_shared<TUsageFormatter>(std::string(Tool.Name) + " help", ""));
         Help->add_option("COMMAND", HelpedCommand, "The command, and its verb")->type_name("");

@@ -56,19 +56,88 @@ void AddUsage(const TCommand& command, const std::string& front, std::string* pa
     for (const TCommand& verb : command.Verbs) AddUsage(verb, line, page);
 }
 
+/// What stands behind the name of an option that takes a value, as the help has it.
+std::string ValueOf(const TArgument& argument) {
+    const bool isFlag = std::holds_alternative<bool*>(argument.Value) ||
+                        std::holds_alternative<TChoice>(argument.Value);
+    return isFlag || !IsOption(argument) ? "" : " \\fITEXT\\fR";
+}
+
 void AddArguments(const TCommand& command, std::string* page) {
     for (const TArgument& argument : command.Arguments)
-        *page += ".TP\n" + Bold(argument.Name) + "\n" + RoffText(argument.Help) + ".\n";
+        *page += ".TP\n" + Bold(argument.Name) + ValueOf(argument) + "\n" +
+                 RoffText(argument.Help) + ".\n";
     if (*command.Footer) *page += ".PP\n" + RoffText(command.Footer) + "\n";
 }
 
-constexpr const char* kExitStatus =
-    ".SH EXIT STATUS\n"
-    ".TP\n0\nDone.\n"
-    ".TP\n1\nThe build or project has problems: files missing, a dependency cycle, a section that\n"
-    "cannot be read, a simulation that failed.\n"
-    ".TP\n2\nWrong usage, unknown names.\n"
-    ".TP\n3\nA file cannot be read or written, a program is missing, or memory ran out.\n";
+constexpr const char* kChanges =
+    "The document describes no build, or a section of it cannot be read.";
+constexpr const char* kReads =
+    "Sources are missing, the document describes no build, or a section of it cannot be read.";
+constexpr const char* kReadsWithCycles =
+    "Sources are missing or depend on each other in a cycle, the document describes no build, or "
+    "a section of it cannot be read.";
+
+/// What status 1 of a command means; commands without a row do not end with it.
+constexpr struct {
+    std::string_view Command;
+    const char* Text;
+} kProblems[] = {
+    {"show", kReads},
+    {"check",
+     "Errors were told: files that are missing, dependency cycles, sections that cannot "
+     "be read and others."},
+    {"order", kReadsWithCycles},
+    {"options", kReads},
+    {"command-file", kReads},
+    {"list", kReads},
+    {"deps",
+     "Sources are missing, the document describes no build, a section of it cannot be "
+     "read, or nothing leads from one file to the other."},
+    {"needed", kReadsWithCycles},
+    {"diff", "The builds differ, or a section of one cannot be read."},
+    {"graph", kReadsWithCycles},
+    {"add", kChanges},
+    {"source", kChanges},
+    {"remove", kChanges},
+    {"rename", kChanges},
+    {"depend",
+     "The document describes no build, a section of it cannot be read, or its sources "
+     "depend on each other in a cycle."},
+    {"top", kChanges},
+    {"set", kChanges},
+    {"get", kChanges},
+    {"tool", kChanges},
+    {"use",
+     "The document describes no build, a section of it cannot be read, or the project has "
+     "no settings that can be read."},
+    {"scan",
+     "Sources cannot be read or depend on each other in a cycle, the document describes no "
+     "build, a section of it cannot be read, or a check found differences."},
+    {"export", "The build cannot be exported as it is."},
+    {"import", "The files have errors or name no sources, or something would be lost."},
+    {"run", "A simulation or a step failed, or the build cannot be run as it is."},
+    {"settings", "The project has no settings that can be read."},
+    {"translator",
+     "The document describes no build, a section of it cannot be read, or the switch "
+     "would be enabled again by the next reader."},
+};
+
+/// The section of a command, or of the tool for "".
+std::string ExitStatus(std::string_view command) {
+    std::string page = ".SH EXIT STATUS\n.TP\n0\nDone.\n";
+    if (command.empty())
+        page +=
+            ".TP\n1\nThe build or project has problems: files missing, a dependency cycle, a "
+            "section that\ncannot be read, a simulation that failed.\n";
+    for (const auto& row : kProblems)
+        if (row.Command == command) page += ".TP\n1\n" + RoffText(row.Text) + "\n";
+    const bool needsPrograms = command.empty() || command == "run";
+    return page +
+           ".TP\n2\nWrong usage, unknown names.\n"
+           ".TP\n3\nA file cannot be read or written, " +
+           (needsPrograms ? "a program is missing, " : "") + "or memory ran out.\n";
+}
 
 }  // namespace
 
@@ -82,9 +151,9 @@ std::string ManPageOfTool(const std::vector<TCommand>& commands) {
         "order, the top\\-level components that are simulated, and what each simulator is told.\n"
         "Results go to standard output, everything else to standard error.\n"
         ".SH OPTIONS\n"
+        ".TP\n\\fB\\-h\\fR, \\fB\\-\\-help\\fR\nPrint the help and exit.\n"
         ".TP\n\\fB\\-V\\fR, \\fB\\-\\-version\\fR\nPrint the version.\n"
-        ".TP\n\\fB\\-\\-verbose\\fR\nWith \\fB\\-\\-version\\fR: also print the versions of what "
-        "the tool is "
+        ".TP\n\\fB\\-\\-verbose\\fR\nWith \\fB\\-\\-version\\fR: also what the tool is "
         "built with.\n"
         ".TP\n\\fB\\-\\-json\\fR\nWith \\fB\\-\\-version\\fR: print all of it as a JSON object.\n"
         ".TP\n\\fB\\-\\-quiet\\fR\nDo not show how far long work has come.\n"
@@ -94,7 +163,7 @@ std::string ManPageOfTool(const std::vector<TCommand>& commands) {
     for (const TCommand& command : commands)
         page += ".TP\n\\fB" + RoffText(PageName(command.Name)) + "\\fR(1)\n" +
                 RoffText(command.Description) + ".\n";
-    page += kExitStatus;
+    page += ExitStatus("");
     page +=
         ".SH ENVIRONMENT\n.TP\n\\fBNO_COLOR\\fR\nTurns colours off.\n"
         ".SH SEE ALSO\n\\fBhdlbuild\\-formats\\fR(5)\n";
@@ -115,7 +184,7 @@ std::string ManPageOf(const TCommand& command) {
     page +=
         ".PP\nEvery command takes \\fB\\-\\-help\\fR, \\fB\\-\\-quiet\\fR and "
         "\\fB\\-\\-max\\-file\\-size\\fR.\n";
-    page += kExitStatus;
+    page += ExitStatus(command.Name);
     page += ".SH SEE ALSO\n\\fBhdlbuild\\fR(1), \\fBhdlbuild\\-formats\\fR(5)\n";
     return page;
 }

@@ -24,10 +24,10 @@ TEST(ManPage, HasWhatTheTableOfCommandsHas) {
         "\\fB\\-\\-max\\-file\\-size\\fR.\n"
         ".SH EXIT STATUS\n"
         ".TP\n0\nDone.\n"
-        ".TP\n1\nThe build or project has problems: files missing, a dependency cycle, a "
-        "section that\ncannot be read, a simulation that failed.\n"
+        ".TP\n1\nThe document describes no build, a section of it cannot be read, or the "
+        "project has no settings that can be read.\n"
         ".TP\n2\nWrong usage, unknown names.\n"
-        ".TP\n3\nA file cannot be read or written, a program is missing, or memory ran out.\n"
+        ".TP\n3\nA file cannot be read or written, or memory ran out.\n"
         ".SH SEE ALSO\n"
         "\\fBhdlbuild\\fR(1), \\fBhdlbuild\\-formats\\fR(5)\n");
 }
@@ -35,7 +35,7 @@ TEST(ManPage, HasWhatTheTableOfCommandsHas) {
 TEST(ManPage, OfTheToolNamesEveryCommand) {
     const std::string page = ResultOf({"__man"});
     const std::string help = RunHdlbuild({"--help"}).Out;
-    std::size_t at = help.find("Subcommands:\n") + 13;
+    std::size_t at = help.find("\nCommands:\n") + 11;
     for (; help.compare(at, 2, "  ") == 0; at = help.find('\n', at) + 1) {
         const std::string name = help.substr(at + 2, help.find(' ', at + 2) - at - 2);
         std::string roff = "hdlbuild\\-" + name + "\\fR(1)\n";
@@ -45,6 +45,49 @@ TEST(ManPage, OfTheToolNamesEveryCommand) {
         if (name == "help") continue;
         EXPECT_NE(page.find(roff), std::string::npos) << name;
     }
+}
+
+TEST(ManPage, OfTheToolBeginsAsItsHelpDoes) {
+    const std::string claim = "eads, checks, orders, changes and runs HDL build files\n";
+    EXPECT_EQ(RunHdlbuild({"--help"}).Out.substr(0, claim.size() + 1), "R" + claim);
+    const std::string front = ".TH HDLBUILD 1\n.SH NAME\nhdlbuild \\- r";
+    EXPECT_EQ(ResultOf({"__man"}).substr(0, front.size() + claim.size()), front + claim);
+}
+
+TEST(ManPage, ShowsWhichOptionsTakeAValue) {
+    const std::string page = ResultOf({"__man", "order"});
+    const std::size_t begin = page.find(".SH OPTIONS\n");
+    EXPECT_EQ(page.substr(begin, page.find(".PP\nEvery", begin) - begin),
+              ".SH OPTIONS\n"
+              ".TP\n\\fBBUILD\\fR\nThe build file.\n"
+              ".TP\n\\fB\\-\\-absolute\\fR\n"
+              "Print absolute paths, not paths relative to the current directory.\n"
+              ".TP\n\\fB\\-\\-language\\fR \\fITEXT\\fR\n"
+              "Verilog, VHDL (default), Bluespec, SystemC, C++, Specman or TestBuilder.\n"
+              ".TP\n\\fB\\-\\-json\\fR\nPrint one JSON object.\n"
+              ".TP\n\\fB\\-\\-tsv\\fR\nPrint library, tabulator, path.\n");
+}
+
+TEST(ManPage, TellsWhatStatusOneMeansWhereACommandHasIt) {
+    std::string without;
+    for (const TCommand& command : MakeCommands())
+        if (ResultOf({"__man", command.Name}).find("\n.TP\n1\n") == std::string::npos)
+            without += std::string(command.Name) + "\n";
+    EXPECT_EQ(without,
+              "new\n"
+              "templates\n"
+              "servers\n"
+              "simulators\n"
+              "completion\n");
+    const std::string page = ResultOf({"__man", "run"});
+    const std::size_t begin = page.find(".SH EXIT STATUS\n");
+    EXPECT_EQ(page.substr(begin, page.find(".SH SEE", begin) - begin),
+              ".SH EXIT STATUS\n"
+              ".TP\n0\nDone.\n"
+              ".TP\n1\nA simulation or a step failed, or the build cannot be run as it is.\n"
+              ".TP\n2\nWrong usage, unknown names.\n"
+              ".TP\n3\nA file cannot be read or written, a program is missing, or memory ran "
+              "out.\n");
 }
 
 TEST(ManPage, IsOfAKnownCommand) {
