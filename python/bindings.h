@@ -11,6 +11,10 @@ using TBuildClass = py::class_<TSession, std::shared_ptr<TSession>>;
 [[noreturn]] void RaiseWriteError(const ISFileName* file, const std::string& reason);
 py::object TopObjectOf(const TBuildTop& top);
 
+/// Takes the constructor away: objects come from functions of the module. What is called all the
+/// same is a TypeError.
+void TakeConstructor(const py::handle& type);
+
 // One function for each part of the module.
 void BindSources(py::module_& module);
 TBuildClass BindBuilds(py::module_& module);

@@ -1,11 +1,13 @@
 #include "flows/buildchanges.h"
 #include "flows/buildtops.h"
 #include "flows/listedsources.h"
+#include "flows/toptexts.h"
 #include "projectfiles/ihdlsourcefile.h"
 #include "projectfiles/ihdlsourcefilelist.h"
 #include "python/bindings.h"
 #include "services/hdl/sourcefileextensions.h"
 #include "services/names/isfilename.h"
+#include <initializer_list>
 #include <unordered_map>
 
 void RaiseReadError(const TXMLReadError& error, const ISFileName* file) {
@@ -206,7 +208,10 @@ TSourceHandle AddOne(const TSessionPointer& session, const py::object& path,
                      const py::object& library, const py::object& language, bool isLibraryFile) {
     const ISFileName* const file = FileOf(path);
     const THdlLanguage group = LanguageOf(language, file);
-    const std::string ownLibrary = library.is_none() ? "" : BytesOf(library);
+    CheckSourceName(file, session->GetFile());
+    const std::string ownLibrary =
+        library.is_none() ? ""
+                          : NameOf(library, "library of " + std::string(file->Canonical(false)));
     AwaitIdle(*session);
     if (FindListed(session->GetBuild(), file).Source)
         RaiseValueError(std::string(file->Canonical(false)) + " is in the build already");
@@ -232,7 +237,11 @@ py::object GetOne(const TSessionPointer& session, const py::object& path) {
 }
 
 bool HoldsSource(const TSessionPointer& session, const py::object& named) {
-    if (!py::isinstance<TSourceHandle>(named)) return !FindOne(session, named).is_none();
+    if (!py::isinstance<TSourceHandle>(named)) {
+        const ISFileName* const file = FileIfPath(named);
+        AwaitIdle(*session);
+        return file && FindListed(session->GetBuild(), file).Source;
+    }
     const auto& handle = named.cast<const TSourceHandle&>();
     AwaitIdle(*session);
     return handle.GetSession() == session && !handle.IsGone() &&
@@ -260,10 +269,57 @@ py::list GetTops(TSession& session) {
     return tops;
 }
 
-TBuildTop TopOf(const py::object& entity, const py::object& library, const py::object& architecture,
-                const py::object& language) {
-    return {FromLanguage(language), BytesOf(library), BytesOf(entity),
-            architecture.is_none() ? "" : BytesOf(architecture)};
+/// A component as its text, with the parts that are given beside it.
+std::string NamedTopText(const py::object& top, const py::object& library,
+                         const py::object& architecture) {
+    std::string text = NameOf(top, "top-level component");
+    if (!library.is_none()) text = NameOf(library, "library of the component") + "." + text;
+    if (!architecture.is_none()) text += "(" + NameOf(architecture, "architecture") + ")";
+    return text;
+}
+
+/// The parts of a Top of Python.
+TBuildTop TopFrom(const py::object& top) {
+    const py::object architecture = top.attr("architecture");
+    return {FromLanguage(top.attr("language")), BytesOf(top.attr("library")),
+            BytesOf(top.attr("entity")), architecture.is_none() ? "" : BytesOf(architecture)};
+}
+
+bool IsWholeTop(const py::object& top, std::initializer_list<const py::object*> parts) {
+    if (!py::isinstance(top, Pure("Top"))) return false;
+    for (const py::object* const part : parts)
+        if (!part->is_none())
+            throw py::type_error("a Top has its library, architecture and language");
+    return true;
+}
+
+bool AddOneTop(TSession& session, const py::object& top, const py::object& library,
+               const py::object& architecture, const py::object& language) {
+    const bool isWhole = IsWholeTop(top, {&library, &architecture, &language});
+    const std::string text = isWhole ? NameOf(py::str(top), "top-level component")
+                                     : NamedTopText(top, library, architecture);
+    THdlLanguage wanted = isWhole              ? TopFrom(top).Language
+                          : language.is_none() ? LANGUAGE_NONE
+                                               : FromLanguage(language);
+    AwaitIdle(session);
+    if (wanted == LANGUAGE_NONE) wanted = session.GetBuild().GetTopLanguage();
+    if (wanted == LANGUAGE_NONE) RaiseValueError("the build has no top-level language: give one");
+    const TNamedTop named = ReadTopToAdd(text, wanted, session.GetBuild());
+    if (!named.Complaint.empty()) RaiseValueError(named.Complaint);
+    return AddTop(session.GetBuild(), named.Top);
+}
+
+bool RemoveOneTop(TSession& session, const py::object& top, const py::object& library,
+                  const py::object& architecture, const py::object& language) {
+    if (IsWholeTop(top, {&library, &architecture, &language})) {
+        const TBuildTop whole = TopFrom(top);
+        AwaitIdle(session);
+        return RemoveTop(session.GetBuild(), whole);
+    }
+    const std::string text = NamedTopText(top, library, architecture);
+    const THdlLanguage wanted = language.is_none() ? LANGUAGE_NONE : FromLanguage(language);
+    AwaitIdle(session);
+    return RemoveTopsCalled(text, wanted, session.GetBuild());
 }
 
 py::str DescribeBuild(TSession& session) {
@@ -293,7 +349,7 @@ py::str GetText(TSession& session) {
 
 template <void (THdlBuildFile::*Set)(const char*)>
 void SetText(TSession& session, const py::object& text) {
-    const std::string value = BytesOf(text);
+    const std::string value = NameOf(text, "name of the build's library or snapshot");
     AwaitIdle(session);
     (session.GetBuild().*Set)(value.c_str());
 }
@@ -370,25 +426,18 @@ void BindSettings(TBuildClass& build) {
             "The languages that have sources.")
         .def_property_readonly("tops", &GetTops, "The top-level components.")
         .def(
-            "add_top",
-            [](TSession& s, const py::object& entity, const py::object& library,
-               const py::object& architecture, const py::object& language) {
-                const TBuildTop top = TopOf(entity, library, architecture, language);
-                AwaitIdle(s);
-                return AddTop(s.GetBuild(), top);
-            },
-            "entity"_a, "library"_a = "work", "architecture"_a = py::none(), "language"_a = "VHDL",
-            "Records a top-level component. False when an equal one is recorded.")
+            "add_top", &AddOneTop, "top"_a, "library"_a = py::none(), "architecture"_a = py::none(),
+            "language"_a = py::none(),
+            R"(Records a top-level component: a Top, or its name with a library and an architecture or without.
+
+``tb``, ``sim.tb`` and ``sim.tb(rtl)`` are names; what the name lacks may be given beside it. Without a library it
+is that of the build, without a language the top-level one. False when an equal one is recorded. Raises
+ValueError for what is no name of the language.)")
         .def(
-            "remove_top",
-            [](TSession& s, const py::object& entity, const py::object& library,
-               const py::object& architecture, const py::object& language) {
-                const TBuildTop top = TopOf(entity, library, architecture, language);
-                AwaitIdle(s);
-                return RemoveTop(s.GetBuild(), top);
-            },
-            "entity"_a, "library"_a = "work", "architecture"_a = py::none(), "language"_a = "VHDL",
-            "Takes a top-level component away. False when none is equal.");
+            "remove_top", &RemoveOneTop, "top"_a, "library"_a = py::none(),
+            "architecture"_a = py::none(), "language"_a = py::none(),
+            "Takes a top-level component away, named as for add_top(); without a language those of "
+            "all. False when none is equal.");
 }
 
 void BindLists(TBuildClass& build) {
@@ -422,7 +471,8 @@ language is as it is listed.)")
              R"(Adds a source at the end of its group, and returns it.
 
 Without a language the extension tells. The file need not exist. Raises ValueError for a path that is
-listed and for an extension of no language.)")
+listed, for an extension of no language, and for names that no build file can hold: with bytes that are
+no UTF-8, with characters that XML lacks, with blanks around them.)")
         .def("remove", &RemoveSources,
              R"(Takes sources, given as such or by their paths, out of the build.
 
@@ -433,7 +483,7 @@ source of the build.)");
 }  // namespace
 
 TBuildClass BindBuilds(py::module_& module) {
-    TBuildClass build(module, "Build",
+    TBuildClass build(module, "Build", py::is_final(),
                       R"(A build: which sources take part, in which libraries and order.
 
 A relative path is taken against the working directory. Paths are equal without regard to case.
@@ -441,6 +491,7 @@ A relative path is taken against the working directory. Paths are equal without 
 As a context manager it writes what was changed when the block ends, unless an exception ends it.
 Reading, ordering, scanning, checking, exporting and writing let other threads run; a build that is
 busy has them wait.)");
+    TakeConstructor(build);
     BindFile(build);
     BindSettings(build);
     BindLists(build);

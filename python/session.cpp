@@ -92,7 +92,9 @@ void TSession::Remove(const std::vector<IHdlSourceFile*>& sources) {
 IHdlSourceFile* TSession::Rename(IHdlSourceFile* source, const ISFileName* file) {
     RenameSource(GetBuild(), *source, file);
     Removed.insert(source);
-    return FindListed(GetBuild(), file).Source;
+    IHdlSourceFile* const renamed = FindListed(GetBuild(), file).Source;
+    Origins[renamed->GetFileName()] = GetOrigin(source->GetFileName());
+    return renamed;
 }
 
 void TSession::SetBusy(bool busy) {

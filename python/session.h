@@ -7,6 +7,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -52,6 +53,11 @@ public:
     bool IsRemoved(const IHdlSourceFile* source) const {
         return !Removed.empty() && Removed.contains(source);
     }
+    /// The first name of what was renamed to `file`, else `file`.
+    const ISFileName* GetOrigin(const ISFileName* file) const {
+        const auto known = Origins.find(file);
+        return known == Origins.end() ? file : known->second;
+    }
     IHdlSourceFile* Rename(IHdlSourceFile* source, const ISFileName* file);
 
     // Of the interpreter's lock: both are called with it held.
@@ -65,6 +71,7 @@ private:
     std::unique_ptr<TBuildEdit> Edit;
     std::uint32_t ReadCount = 0;
     std::unordered_set<const IHdlSourceFile*> Removed;
+    std::unordered_map<const ISFileName*, const ISFileName*> Origins;
     std::unique_ptr<TFileLock> Lock;
     std::thread::id LockingThread;
     std::mutex Mutex;

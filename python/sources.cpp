@@ -14,7 +14,7 @@ void AwaitIdle(TSession& session) {
 }
 
 TSourceHandle::TSourceHandle(std::shared_ptr<TSession> session, IHdlSourceFile* source)
-    : Session(std::move(session)), Held{source, source->GetFileName(), Session->GetReadCount()} {}
+    : TSourceHandle(session, {source, source->GetFileName(), session->GetReadCount()}) {}
 
 IHdlSourceFile* TSourceHandle::Find() const {
     if (Held.ReadCount != Session->GetReadCount()) {
@@ -110,6 +110,10 @@ TSourceHandle& DependNotOn(TSourceHandle& handle, const py::args& others) {
     return handle;
 }
 
+std::string NamedPath(const IHdlSourceFile* source) {
+    return source->GetFileName()->Canonical(false);
+}
+
 void Move(TSourceHandle& handle, const py::handle& neighbour, TGroupPlace place) {
     TSession& session = *handle.GetSession();
     IHdlSourceFile* const source = handle.Get();
@@ -126,6 +130,7 @@ void Move(TSourceHandle& handle, const py::handle& neighbour, TGroupPlace place)
 void Rename(TSourceHandle& handle, const py::handle& path) {
     TSession& session = *handle.GetSession();
     const ISFileName* const file = FileOf(path);
+    CheckSourceName(file, session.GetFile());
     IHdlSourceFile* const source = handle.Get();
     if (FindListed(session.GetBuild(), file).Source)
         RaiseValueError(std::string(file->Canonical(false)) + " is in the build already");
@@ -165,13 +170,44 @@ py::object ItemOf(const TSourceSequence& sources, const py::object& key) {
     return items;
 }
 
+/// The places of a source, or of a path.
 std::vector<std::size_t> PlacesOf(const TSourceSequence& sources, const py::object& source) {
     std::vector<std::size_t> places;
-    if (!py::isinstance<TSourceHandle>(source)) return places;
-    const auto& handle = source.cast<const TSourceHandle&>();
-    for (std::size_t number = 0; number < sources.GetSize(); ++number)
-        if (sources.At(number) == handle) places.push_back(number);
+    const bool isSource = py::isinstance<TSourceHandle>(source);
+    const ISFileName* const file = isSource ? nullptr : FileIfPath(source);
+    if (!isSource && !file) return places;
+    for (std::size_t number = 0; number < sources.GetSize(); ++number) {
+        const TSourceHandle one = sources.At(number);
+        if (isSource ? one == source.cast<const TSourceHandle&>()
+                     : one.GetFile()->IsEquivalent(*file))
+            places.push_back(number);
+    }
     return places;
+}
+
+std::size_t PlaceOfFirst(const TSourceSequence& sources, const py::object& source,
+                         const py::object& start, const py::object& stop) {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    std::size_t step = 0;
+    std::size_t count = 0;
+    if (!py::slice(start, stop, py::none()).compute(sources.GetSize(), &begin, &end, &step, &count))
+        throw py::error_already_set();
+    for (const std::size_t place : PlacesOf(sources, source))
+        if (place >= begin && place < begin + count) return place;
+    RaiseValueError("the source is not in the list");
+}
+
+py::object IsEqual(const TSourceSequence& sources, const py::object& other) {
+    if (!py::isinstance<TSourceSequence>(other) && !PyList_Check(other.ptr()))
+        return py::reinterpret_borrow<py::object>(Py_NotImplemented);
+    if (py::len(other) != sources.GetSize()) return py::bool_(false);
+    std::size_t number = 0;
+    for (const py::handle one : other)
+        if (!py::isinstance<TSourceHandle>(one) ||
+            !(one.cast<const TSourceHandle&>() == sources.At(number++)))
+            return py::bool_(false);
+    return py::bool_(true);
 }
 
 /// Walks a sequence, which it keeps.
@@ -184,12 +220,12 @@ struct TSourceIterator {
 
 void BindSources(py::module_& module) {
     using namespace py::literals;
-    py::class_<TSourceHandle>(module, "Source", R"(A source file of a build.
+    py::class_<TSourceHandle> one(module, "Source", py::is_final(), R"(A source file of a build.
 
 It is os.PathLike. When the source is removed from the build, or a reload finds it no more, whatever
-is asked of it raises SourceGone.)")
-        .def("__fspath__",
-             [](const TSourceHandle& s) { return PathTextOf(s.Get()->GetFileName()); })
+is asked of it raises SourceGone.)");
+    TakeConstructor(one);
+    one.def("__fspath__", [](const TSourceHandle& s) { return PathTextOf(s.Get()->GetFileName()); })
         .def_property_readonly(
             "filename", [](const TSourceHandle& s) { return PathTextOf(s.Get()->GetFileName()); },
             "The whole path as a str: quicker than ``path``.")
@@ -220,9 +256,12 @@ is asked of it raises SourceGone.)")
                 return LibraryTextOf(*s.Get(), s.GetSession()->GetBuild());
             },
             [](const TSourceHandle& s, const py::object& library) {
-                s.Get()->SetPrecompiledLibraryGroupName(BytesOf(library).c_str());
+                IHdlSourceFile* const source = s.Get();
+                const std::string text = NameOf(library, "library of " + NamedPath(source));
+                source->SetPrecompiledLibraryGroupName(text.c_str());
             },
-            "The library that it is compiled into.")
+            "The library that it is compiled into. To set it may raise ValueError, see "
+            "Build.add().")
         .def_property(
             "own_library",
             [](const TSourceHandle& s) -> py::object {
@@ -231,8 +270,10 @@ is asked of it raises SourceGone.)")
                 return TextOf(text);
             },
             [](const TSourceHandle& s, const py::object& library) {
-                const std::string text = library.is_none() ? "" : BytesOf(library);
-                s.Get()->SetPrecompiledLibraryGroupName(text.c_str());
+                IHdlSourceFile* const source = s.Get();
+                const std::string text =
+                    library.is_none() ? "" : NameOf(library, "library of " + NamedPath(source));
+                source->SetPrecompiledLibraryGroupName(text.c_str());
             },
             "The library that the build file names for it; None: it is in that of the build.")
         .def_property(
@@ -279,7 +320,8 @@ Raises ValueError, with nothing taken away, for what it does not depend on.)")
         .def("rename", &Rename, "path"_a,
              R"(Gives it another path, in its group and in the dependencies of others.
 
-No file is moved. Raises ValueError for a path that the build lists.)")
+No file is moved. Raises ValueError for a path that the build lists, and for one that no build file
+can hold.)")
         .def("__eq__",
              [](const TSourceHandle& s, const py::object& other) -> py::object {
                  if (!py::isinstance<TSourceHandle>(other))
@@ -288,34 +330,39 @@ No file is moved. Raises ValueError for a path that the build lists.)")
              })
         .def("__hash__",
              [](const TSourceHandle& s) {
+                 // Of the first name: a source may have another one while it is in a set.
                  return std::hash<const void*>()(s.GetSession().get()) * 31 +
-                        std::hash<const void*>()(s.GetFile());
+                        std::hash<const void*>()(s.GetOrigin());
              })
         .def("__repr__", &DescribeSource);
 
-    py::class_<TSourceIterator>(module, "SourceIterator", "Walks a SourceList.")
-        .def("__iter__", [](py::object self) { return self; })
+    py::class_<TSourceIterator> iterator(module, "SourceIterator", py::is_final(),
+                                         "Walks a SourceList.");
+    TakeConstructor(iterator);
+    iterator.def("__iter__", [](py::object self) { return self; })
         .def("__next__", [](TSourceIterator& place) {
             if (place.Next >= place.Sequence->GetSize()) throw py::stop_iteration();
             return place.Sequence->At(place.Next++);
         });
 
-    py::class_<TSourceSequence, std::shared_ptr<TSourceSequence>>(
-        module, "SourceList", "Sources as they were listed when they were asked for: a sequence.")
-        .def("__len__", &TSourceSequence::GetSize)
+    py::class_<TSourceSequence, std::shared_ptr<TSourceSequence>> list(
+        module, "SourceList", py::is_final(),
+        R"(Sources as they were listed when they were asked for: a sequence.
+
+It is equal to a list or another SourceList with equal sources. Where a source is looked for, its path
+does as well.)");
+    TakeConstructor(list);
+    list.def("__len__", &TSourceSequence::GetSize)
         .def("__iter__",
              [](const std::shared_ptr<TSourceSequence>& s) {
                  return TSourceIterator{s, 0};
              })
         .def("__getitem__", &ItemOf)
-        .def(
-            "index",
-            [](const TSourceSequence& s, const py::object& source) {
-                const std::vector<std::size_t> places = PlacesOf(s, source);
-                if (places.empty()) RaiseValueError("the source is not in the list");
-                return places.front();
-            },
-            "source"_a, "The place of a source. Raises ValueError.")
+        .def("index", &PlaceOfFirst, "source"_a, "start"_a = 0, "stop"_a = py::none(),
+             "The first place of a source, in the part from start to stop. Raises ValueError.")
+        .def("__contains__", [](const TSourceSequence& s,
+                                const py::object& source) { return !PlacesOf(s, source).empty(); })
+        .def("__eq__", &IsEqual)
         .def(
             "count",
             [](const TSourceSequence& s, const py::object& source) {

@@ -20,16 +20,18 @@ struct THeldSource {
 class TSourceHandle {
 public:
     TSourceHandle(std::shared_ptr<TSession> session, const THeldSource& held)
-        : Session(std::move(session)), Held(held) {}
+        : Session(std::move(session)), Held(held), Origin(Session->GetOrigin(held.File)) {}
     TSourceHandle(std::shared_ptr<TSession> session, IHdlSourceFile* source);
 
     const std::shared_ptr<TSession>& GetSession() const { return Session; }
     const ISFileName* GetFile() const { return Held.File; }
+    /// The name that the source had when it came into the build. It never changes.
+    const ISFileName* GetOrigin() const { return Origin; }
     /// Waits while the build works. Raises SourceGone.
     IHdlSourceFile* Get() const;
     bool IsGone() const { return !Find(); }
     bool operator==(const TSourceHandle& other) const {
-        return Session == other.Session && Held.File == other.Held.File;
+        return Session == other.Session && Held.File == other.Held.File && Origin == other.Origin;
     }
     /// Has the source that another name was given.
     void Follow(IHdlSourceFile* source);
@@ -39,6 +41,7 @@ private:
 
     std::shared_ptr<TSession> Session;
     mutable THeldSource Held;
+    const ISFileName* Origin;
 };
 
 /// Sources as they were listed when it was made.

@@ -1,11 +1,26 @@
 #include "python/texts.h"
+#include "flows/knownnames.h"
 #include "services/hdl/hdllanguagetable.h"
 #include "services/names/isfilename.h"
+#include "services/xml/xmltext.h"
 #include <array>
 #include <string>
 #include <unordered_map>
 
 namespace {
+
+/// Why a build file cannot hold the name; "" when it can.
+std::string NameComplaint(std::string_view name) {
+    constexpr std::string_view kBlanks = " \t\n\v\f\r";
+    if (!IsUtf8(name)) return "it is no UTF-8";
+    const std::size_t forbidden = FindForbiddenCharacter(name);
+    if (forbidden != std::string_view::npos)
+        return "it has the character " + DescribeCharacter(name, forbidden);
+    if (!name.empty() && (kBlanks.find(name.front()) != std::string_view::npos ||
+                          kBlanks.find(name.back()) != std::string_view::npos))
+        return "it begins or ends with a blank";
+    return "";
+}
 
 void ThrowIfNull(const void* object) {
     if (!object) throw py::error_already_set();
@@ -63,6 +78,34 @@ const ISFileName* FileOf(const py::handle& path) {
     return ISFileName::NewISFileName(PathBytesOf(path).c_str());
 }
 
+const ISFileName* FileIfPath(const py::handle& path) {
+    if (!PyUnicode_Check(path.ptr()) && !PyBytes_Check(path.ptr()) &&
+        !py::hasattr(path, "__fspath__"))
+        return nullptr;
+    try {
+        return FileOf(path);
+    } catch (py::error_already_set& error) {
+        if (error.matches(PyExc_ValueError)) return nullptr;
+        throw;
+    }
+}
+
+std::string NameOf(const py::handle& text, const std::string& whose) {
+    std::string name = BytesOf(text);
+    const std::string complaint = NameComplaint(name);
+    if (!complaint.empty())
+        RaiseValueError("no build file can hold '" + name + "' as the " + whose + ": " + complaint);
+    return name;
+}
+
+void CheckSourceName(const ISFileName* source, const ISFileName* buildFile) {
+    const std::string name = source->GetRelativeFileNameString(buildFile, false, false);
+    const std::string complaint = NameComplaint(name);
+    if (!complaint.empty())
+        RaiseValueError(std::string(source->Canonical(false)) +
+                        ": no build file can hold the name: " + complaint);
+}
+
 std::vector<std::string> PathsOf(const py::handle& paths) {
     std::vector<std::string> result;
     const bool isOne = PyUnicode_Check(paths.ptr()) || PyBytes_Check(paths.ptr()) ||
@@ -112,11 +155,22 @@ py::object ToLanguage(THdlLanguage language) {
     return py::reinterpret_borrow<py::object>(member);
 }
 
+namespace {
+
+std::vector<std::string> OfferedLanguages() {
+    std::vector<std::string> names;
+    for (const THdlLanguageRecord& record : GetHdlLanguageTable())
+        if (record.IsOffered) names.emplace_back(record.Name);
+    return names;
+}
+
+}  // namespace
+
 THdlLanguage FromLanguage(const py::handle& language) {
     const std::string text = BytesOf(language);
     const THdlLanguage found = GetHdlLanguageFromString(text.c_str());
     if (found == LANGUAGE_NONE || !GetHdlLanguageRecord(found).IsOffered)
-        RaiseValueError("unknown language '" + text + "'");
+        RaiseValueError(UnknownName("language", text, OfferedLanguages()));
     return found;
 }
 

@@ -20,9 +20,18 @@ std::string BytesOf(const py::handle& text);
 /// against the working directory of that moment.
 std::string PathBytesOf(const py::handle& path);
 const ISFileName* FileOf(const py::handle& path);
+/// Null for what is no path of a file.
+const ISFileName* FileIfPath(const py::handle& path);
 /// One path or several; a str is one.
 std::vector<std::string> PathsOf(const py::handle& paths);
 std::vector<std::string> TextsOf(const py::handle& texts);
+
+// What a build file can hold: its readers take blanks around names away, and XML knows no bytes
+// that are no UTF-8 and few control characters. ValueError for anything else.
+
+/// `whose` tells what the name is for.
+std::string NameOf(const py::handle& text, const std::string& whose);
+void CheckSourceName(const ISFileName* source, const ISFileName* buildFile);
 
 py::str PathTextOf(const ISFileName* file);
 py::object PathObjectOf(std::string_view path);

@@ -5,7 +5,7 @@
     for source in build.order("VHDL"):
         print(source.library, source.path)
 """
-import collections.abc
+from collections import abc as _abc
 
 from ._core import (
     Build,
@@ -63,4 +63,10 @@ __all__ = [
     "import_formats",
 ]
 
-collections.abc.Sequence.register(SourceList)
+_abc.Sequence.register(SourceList)
+
+# Wherever they are made, they are known by this name.
+for _name in __all__:
+    if isinstance(globals()[_name], type):
+        globals()[_name].__module__ = __name__
+

@@ -22,11 +22,29 @@ class Language(enum.StrEnum):
 
 
 class Severity(enum.StrEnum):
-    """How bad a finding is."""
+    """How bad a finding is, from NOTE to ERROR. Its text, compared with a member, is taken for that."""
 
     NOTE = "note"
     WARNING = "warning"
     ERROR = "error"
+
+    def _compare(self, other: str) -> int:
+        if other not in tuple(Severity):
+            raise TypeError(f"{other!r} is no severity")
+        order = list(Severity)
+        return order.index(self) - order.index(Severity(other))
+
+    def __lt__(self, other: str) -> bool:
+        return self._compare(other) < 0
+
+    def __le__(self, other: str) -> bool:
+        return self._compare(other) <= 0
+
+    def __gt__(self, other: str) -> bool:
+        return self._compare(other) > 0
+
+    def __ge__(self, other: str) -> bool:
+        return self._compare(other) >= 0
 
 
 class Error(Exception):

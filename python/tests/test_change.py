@@ -1,6 +1,7 @@
 """Changes of a build, and what write() makes of the file."""
 import gc
 import itertools
+import os
 import pathlib
 import subprocess
 import sys
@@ -71,7 +72,7 @@ def test_sets_what_a_build_says(folder):
     build.hdl_language = hb.Language.VHDL
     build.library = "lib"
     build.snapshot = "snap"
-    assert build.add_top("cell", language="Verilog") and not build.add_top("cell", language="Verilog")
+    assert build.add_top("work.cell", language="Verilog") and not build.add_top("cell", "work", language="Verilog")
     assert build.remove_top("tb", "core", "sim") and not build.remove_top("tb", "core", "sim")
     assert build.write()
     read = hb.Build.read("build.xml")
@@ -320,16 +321,42 @@ def test_refuses_texts_that_are_none(folder):
         build["rtl/pkg.vhd"].library = "a\ud800b"
 
 
-@pytest.mark.parametrize("text", ["caf\udce9", "tab\tand\x01control"])
-def test_what_xml_cannot_hold_is_an_error(folder, text):
+@pytest.mark.parametrize(
+    "name, reason",
+    [
+        ("caf\udce9", "it is no UTF-8"),
+        ("a\x01control", "it has the character U+0001"),
+        ("no\ufffecharacter", "it has the character U+FFFE"),
+        (" in front", "it begins or ends with a blank"),
+        ("behind ", "it begins or ends with a blank"),
+    ],
+)
+def test_refuses_at_once_what_no_build_file_can_hold(folder, name, reason):
     build = hb.Build.read("build.xml")
-    build["rtl/top.vhd"].library = text
-    with pytest.raises(hb.WriteError):
-        build.write()
-    assert pathlib.Path("build.xml").read_text() == BUILD
-    build["rtl/top.vhd"].library = "good"
+    top = build["rtl/top.vhd"]
+    path = os.fsencode(name) if name[0] == " " else os.fsencode("rtl/" + name)
+    whole = os.fsdecode(os.fsencode(folder) + b"/" + path)
+
+    def is_refused(act, text):
+        with pytest.raises(ValueError) as error:
+            act()
+        return str(error.value) == text + reason
+
+    assert is_refused(lambda: build.add(path, language="VHDL"), f"{whole}: no build file can hold the name: ")
+    assert is_refused(lambda: top.rename(path), f"{whole}: no build file can hold the name: ")
+    library = f"no build file can hold '{name}' as the library of {folder}/rtl/"
+    assert is_refused(lambda: build.add("rtl/x.vhd", library=name), library + "x.vhd: ")
+    assert is_refused(lambda: setattr(top, "library", name), library + "top.vhd: ")
+    assert is_refused(lambda: setattr(top, "own_library", name), library + "top.vhd: ")
+    own = f"no build file can hold '{name}' as the name of the build's library or snapshot: "
+    assert is_refused(lambda: setattr(build, "library", name), own)
+    assert is_refused(lambda: setattr(build, "snapshot", name), own)
+    assert not build.changed
+    top.library = "good <&>\t\n\x7f caf\u00e9"
+    build.add("rtl/caf\u00e9 <&>\t\n\x7f x.vhd")
     assert build.write()
-    assert hb.Build.read("build.xml")["rtl/top.vhd"].library == "good"
+    again = hb.Build.read("build.xml")
+    assert again["rtl/top.vhd"].library == "good <&>\t\n\x7f caf\u00e9" and "rtl/caf\u00e9 <&>\t\n\x7f x.vhd" in again
 
 
 def test_other_threads_go_on_while_a_build_works(folder):
@@ -362,3 +389,68 @@ def test_other_threads_go_on_while_a_build_works(folder):
         thread.join()
     assert len([beat for beat in beats if begin < beat < end]) > 3
     assert set(counts) == {20000}
+
+
+def test_a_source_keeps_its_hash_when_it_is_renamed(folder):
+    build = hb.Build.read("build.xml")
+    pkg, other = build["rtl/pkg.vhd"], build["rtl/top.vhd"]
+    held, before = {pkg: "pkg", other: "top"}, hash(pkg)
+    pkg.rename("rtl/types.vhd")
+    assert hash(pkg) == before and held[pkg] == "pkg"
+    found = build["rtl/types.vhd"]
+    assert found == pkg and hash(found) == before and held[found] == "pkg"
+    added = build.add("rtl/pkg.vhd")
+    assert added != pkg and added not in held
+    pkg.rename("rtl/last.vhd")
+    assert hash(pkg) == before and held[build["rtl/last.vhd"]] == "pkg"
+    build.write()
+    build.reload()
+    assert held[build["rtl/last.vhd"]] == "pkg" and held[other] == "top"
+
+
+TOP_WANTED = ": LIBRARY.ENTITY or LIBRARY.ENTITY(ARCHITECTURE) is wanted"
+
+
+def test_tops_are_named_as_on_the_command_line(folder):
+    build = hb.Build.read("build.xml")
+    assert [str(top) for top in build.tops] == ["core.tb(sim)"]
+    assert build.add_top("sim.filter_tb(sim)") and not build.add_top("filter_tb", "sim", "sim")
+    assert build.add_top("cell", language="Verilog") and build.add_top("top")
+    assert [str(top) for top in build.tops] == ["core.cell", "core.tb(sim)", "sim.filter_tb(sim)", "core.top"]
+    other = hb.Build.new("other.xml")
+    for top in build.tops:
+        assert other.add_top(top) and not other.add_top(top)
+    assert other.tops == build.tops
+    assert other.remove_top(build.tops[0]) and not other.remove_top(build.tops[0])
+    assert other.remove_top("sim.filter_tb(sim)") and other.remove_top("tb", "core", "sim")
+    assert not other.remove_top("top") and other.remove_top("core.top") and other.tops == []
+    assert other.add_top("nobody") and other.tops == [hb.Top(hb.Language.VHDL, "work", "nobody")]
+
+
+@pytest.mark.parametrize(
+    "arguments, reason",
+    [
+        (("",), "''" + TOP_WANTED),
+        (("tb", ""), "'.tb': a library is wanted in front of the point"),
+        (("a.b", "lib"), "'lib.a.b'" + TOP_WANTED),
+        (("tb", None, ""), "'tb()'" + TOP_WANTED),
+        (("a+b",), "'a+b' is no simple name of VHDL: as an escaped one it is written '\\a+b\\'"),
+        (("caf\udce9",), "no build file can hold 'caf\udce9' as the top-level component: it is no UTF-8"),
+        (("tb", None, None, "Lisp"), "unknown language 'Lisp'; known: Verilog, VHDL"),
+    ],
+)
+def test_refuses_tops_as_the_command_line_does(folder, arguments, reason):
+    build = hb.Build.read("build.xml")
+    with pytest.raises(ValueError) as error:
+        build.add_top(*arguments)
+    assert str(error.value).startswith(reason)
+    assert not build.changed
+
+
+def test_a_top_comes_alone(folder):
+    build = hb.Build.read("build.xml")
+    for act in (build.add_top, build.remove_top):
+        with pytest.raises(TypeError, match="a Top has its library"):
+            act(build.tops[0], "lib")
+        with pytest.raises(TypeError):
+            act(3)

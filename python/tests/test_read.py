@@ -1,7 +1,10 @@
 """What a build that was read tells."""
 import collections.abc
+import copy
 import os
 import pathlib
+import pickle
+import subprocess
 import sys
 
 import pytest
@@ -134,15 +137,17 @@ def test_refuses_what_is_no_path(folder):
 
 
 def test_keeps_names_that_are_no_utf8(folder):
-    name = os.fsdecode(b"rtl/caf\xe9.vhd")
-    build = hb.Build.new(os.fsdecode(b"\xff.xml"))
-    source = build.add(name, library="caf\udce9")
-    assert source.filename == f"{folder}/{name}"
-    assert os.fsencode(source.path) == os.fsencode(folder) + b"/rtl/caf\xe9.vhd"
-    assert source.library == "caf\udce9"
-    assert os.fsencode(build.path).endswith(b"/\xff.xml")
-    assert build.order_table()[0][1:] == ("caf\udce9", f"{folder}/{name}")
-    assert ascii(source) == f"<hdlbuildfile.Source '{folder}/rtl/caf\\udce9.vhd' in 'caf\\udce9'>"
+    """Those of folders; a build file cannot hold them."""
+    place = os.path.join(os.fsencode(folder), b"caf\xe9")
+    os.makedirs(place + b"/rtl")
+    build = hb.Build.new(place + b"/\xff.xml")
+    source = build.add(place + b"/rtl/pkg.vhd", library="caf\u00e9")
+    assert build.write()
+    name = os.fsdecode(place) + "/rtl/pkg.vhd"
+    assert source.filename == name and os.fsencode(source.path) == place + b"/rtl/pkg.vhd"
+    assert os.fsencode(build.path) == place + b"/\xff.xml"
+    assert hb.Build.read(build.path).order_table() == [(hb.Language.VHDL, "caf\u00e9", name)]
+    assert ascii(source) == f"<hdlbuildfile.Source '{folder}/caf\\udce9/rtl/pkg.vhd' in 'caf\\xe9'>"
 
 
 def test_everything_tells_what_it_is():
@@ -156,3 +161,80 @@ def test_everything_tells_what_it_is():
             if not name.startswith("_"):
                 assert getattr(kind, name).__doc__, f"{kind.__name__}.{name}"
     assert "hdlbuildfile" in sys.modules
+
+
+OBJECTS = (hb.Build, hb.Source, hb.SourceList, hb.SourceIterator)
+
+# In a process of its own: what goes wrong here is a crash.
+MAKING = """
+import copy, sys, hdlbuildfile as hb
+kind = getattr(hb, sys.argv[1])
+for make in (kind, lambda: kind("x.xml"), lambda: kind.__new__(kind), lambda: kind.__base__.__new__(kind),
+             lambda: object.__new__(kind), lambda: type("Own", (kind,), {"__new__": lambda c: object.__new__(c)})()):
+    try:
+        print(repr(make()))
+    except TypeError as error:
+        print("TypeError", "cannot be called" in str(error))
+"""
+
+
+@pytest.mark.parametrize("kind", OBJECTS)
+def test_objects_come_from_functions_alone(folder, kind):
+    program = [sys.executable, "-c", MAKING, kind.__name__]
+    result = subprocess.run(program, capture_output=True, text=True, timeout=60)
+    said = ["TypeError True"] * 2 + ["TypeError False"] * 4
+    assert (result.stdout.splitlines(), result.stderr, result.returncode) == (said, "", 0)
+    with pytest.raises(TypeError, match=r"hdlbuildfile.Build cannot be called: use Build.read\(\) or Build.new\(\)"):
+        hb.Build("x.xml")
+
+
+def test_builds_and_sources_are_not_copied(folder):
+    build = hb.Build.read("build.xml")
+    for thing in (build, build.sources, build["rtl/pkg.vhd"]):
+        for act in (copy.copy, copy.deepcopy, pickle.dumps):
+            with pytest.raises(TypeError):
+                act(thing)
+
+
+def test_lists_are_sequences(folder):
+    build = hb.Build.read("build.xml")
+    sources = build.sources
+    pkg = build["rtl/pkg.vhd"]
+    assert sources == build.sources == list(build) and sources != build.group("VHDL")
+    assert sources != list(build)[::-1] and sources != ["a", "b", "c", "d"] and sources != tuple(build)
+    assert sources.index(pkg) == sources.index("rtl/pkg.vhd") == sources.index(pkg, 1, -1) == 2
+    for place in ((3,), (0, 2), (-1,)):
+        with pytest.raises(ValueError):
+            sources.index(pkg, *place)
+    assert sources.count("rtl/PKG.vhd") == 1 and sources.count("rtl/none.vhd") == 0
+    assert pkg in sources and "rtl/pkg.vhd" in sources and b"rtl/pkg.vhd" in sources
+    for none in (3, "", None, "a\0b", "rtl/none.vhd", hb.Build.read("build.xml")["rtl/pkg.vhd"]):
+        assert none not in sources and none not in build
+    with pytest.raises(TypeError):
+        hash(sources)
+
+
+def test_severities_have_an_order():
+    note, warning, error = hb.Severity.NOTE, hb.Severity.WARNING, hb.Severity.ERROR
+    assert note < warning < error and error > warning > note and error >= warning >= note and note <= warning <= error
+    assert not (error < warning or warning < note or error <= note or note > error or note >= warning)
+    assert sorted([error, note, warning]) == [note, warning, error] and max(note, error, warning) is error
+    assert error >= "warning" and "error" >= warning and error == "error" and str(error) == "error"
+    with pytest.raises(TypeError, match="'bad' is no severity"):
+        error < "bad"
+
+
+def test_names_are_those_of_the_package():
+    assert [name for name in dir(hb) if name[0] != "_"] == sorted(name for name in hb.__all__ if name[0] != "_")
+    for name in hb.__all__:
+        if name != "__version__":
+            assert getattr(hb, name).__module__ in ("hdlbuildfile", "hdlbuildfile._core"), name
+    assert hb.ReadError.__module__ == hb.Finding.__module__ == "hdlbuildfile"
+    assert pickle.loads(pickle.dumps(hb.Severity.NOTE)) is hb.Severity.NOTE
+    error = pickle.loads(pickle.dumps(hb.ReadError("a", 1, 2, "why")))
+    assert (error.line, str(error)) == (1, "a:1:2: why")
+
+
+def test_tells_the_known_languages(folder):
+    with pytest.raises(ValueError, match="^unknown language 'VHD'; nearest: VHDL; known: Verilog, VHDL, "):
+        hb.Build.read("build.xml").order("VHD")

@@ -1,6 +1,8 @@
 #include "flows/toptexts.h"
 #include "flows/knownnames.h"
+#include "flows/listedsources.h"
 #include "services/base/mystring.h"
+#include "services/hdl/hdllanguagetable.h"
 #include "services/hdl/identifier.h"
 #include <algorithm>
 #include <string_view>
@@ -149,6 +151,29 @@ TNamedTop ReadTop(const std::string& text, THdlLanguage language) {
     named.Complaint = NameComplaint(named.Top.Entity, language);
     if (named.Complaint.empty()) named.Complaint = NameComplaint(named.Top.Architecture, language);
     return named;
+}
+
+TNamedTop ReadTopOf(const std::string& text, THdlLanguage language, const THdlBuildFile& build) {
+    TNamedTop named = ReadTop(text, language);
+    if (!named.HasLibrary) named.Top.Library = GetDestinationLibraryName(build);
+    return named;
+}
+
+TNamedTop ReadTopToAdd(const std::string& text, THdlLanguage language, const THdlBuildFile& build) {
+    TNamedTop named = ReadTopOf(text, language, build);
+    if (named.Complaint.empty() && named.Top.Library.empty())
+        named.Complaint = "'" + text + "': a library is wanted in front of the point";
+    return named;
+}
+
+bool RemoveTopsCalled(const std::string& text, THdlLanguage language, THdlBuildFile& build) {
+    bool isRemoved = false;
+    for (const THdlLanguageRecord& record : GetHdlLanguageTable()) {
+        if (language != LANGUAGE_NONE && record.Language != language) continue;
+        const TNamedTop named = ReadTopOf(text, record.Language, build);
+        if (named.Complaint.empty() && RemoveTop(build, named.Top)) isRemoved = true;
+    }
+    return isRemoved;
 }
 
 const TBuildTop* FindTopOf(const std::vector<TBuildTop>& tops, const std::string& name) {

@@ -21,6 +21,14 @@ struct TNamedTop {
 /// escapes them.
 TNamedTop ReadTop(const std::string& text, THdlLanguage language);
 
+/// The same; the library is the build's where none is named.
+TNamedTop ReadTopOf(const std::string& text, THdlLanguage language, const THdlBuildFile& build);
+/// The same of a component that is to be recorded, which must have a library.
+TNamedTop ReadTopToAdd(const std::string& text, THdlLanguage language, const THdlBuildFile& build);
+/// Removes the components of that name from the list of `language`, from all for LANGUAGE_NONE.
+/// False when there is none.
+bool RemoveTopsCalled(const std::string& text, THdlLanguage language, THdlBuildFile& build);
+
 /// The component that a user means with LIBRARY.ENTITY(ARCHITECTURE), or parts of it: a full name
 /// goes before one without its architecture, that before one without its library, and the rule of
 /// the language before any letter case. Null for none and for several.

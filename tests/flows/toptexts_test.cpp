@@ -1,4 +1,5 @@
 #include "flows/toptexts.h"
+#include "buildfile/hdlbuildfile.h"
 #include <gtest/gtest.h>
 
 TEST(TopTexts, ReadNamesAsTheirLanguageWritesThem) {
@@ -86,4 +87,27 @@ TEST(TopTexts, TakeTheNearestWayToReadAName) {
         const TBuildTop* const top = FindTopOf(tops, row.Name);
         EXPECT_EQ(top ? TextOf(*top) : NoTopOf(tops, row.Name), row.Expected) << row.Name;
     }
+}
+
+TEST(TopTexts, TakeTheLibraryOfTheBuildWhereNoneIsNamed) {
+    THdlBuildFile build;
+    EXPECT_EQ(TextOf(ReadTopToAdd("tb(sim)", LANGUAGE_VHDL, build).Top), "work.tb(sim)");
+    build.SetDestinationLibrary("core");
+    EXPECT_EQ(TextOf(ReadTopToAdd("tb(sim)", LANGUAGE_VHDL, build).Top), "core.tb(sim)");
+    EXPECT_EQ(TextOf(ReadTopToAdd("lib.tb", LANGUAGE_VHDL, build).Top), "lib.tb");
+    EXPECT_EQ(ReadTopToAdd(".tb", LANGUAGE_VHDL, build).Complaint,
+              "'.tb': a library is wanted in front of the point");
+    EXPECT_EQ(ReadTopOf(".tb", LANGUAGE_VHDL, build).Complaint, "");
+}
+
+TEST(TopTexts, RemoveWhatIsCalledSo) {
+    THdlBuildFile build;
+    AddTop(build, {LANGUAGE_VHDL, "work", "tb", ""});
+    AddTop(build, {LANGUAGE_VERILOG, "work", "tb", ""});
+    AddTop(build, {LANGUAGE_VERILOG, "work", "other", ""});
+    EXPECT_FALSE(RemoveTopsCalled("lib.tb", LANGUAGE_NONE, build));
+    EXPECT_TRUE(RemoveTopsCalled("tb", LANGUAGE_VHDL, build));
+    EXPECT_FALSE(RemoveTopsCalled("tb", LANGUAGE_VHDL, build));
+    EXPECT_TRUE(RemoveTopsCalled("work.tb", LANGUAGE_NONE, build));
+    EXPECT_EQ(FullNamesOf(ListTops(build)), std::vector<std::string>{"work.other"});
 }

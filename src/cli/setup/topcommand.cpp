@@ -8,15 +8,6 @@
 
 namespace {
 
-/// The component that a user named; the build's library where none is named.
-TNamedTop Read(const std::string& text, THdlLanguage language, const THdlBuildFile& build) {
-    TNamedTop named = ReadTop(text, language);
-    if (named.HasLibrary) return named;
-    named.Top.Library = build.GetDestinationLibrary();
-    if (named.Top.Library.empty()) named.Top.Library = "work";
-    return named;
-}
-
 /// That of the arguments, else the top-level one. LANGUAGE_NONE, with one line on Err, without it.
 THdlLanguage LanguageToAdd(const TSetupArguments& arguments, const THdlBuildFile& build,
                            const TToolStreams& streams) {
@@ -27,29 +18,11 @@ THdlLanguage LanguageToAdd(const TSetupArguments& arguments, const THdlBuildFile
     return language;
 }
 
-/// The languages in whose lists a component is looked for.
-std::vector<THdlLanguage> LanguagesToSearch(THdlLanguage wanted) {
-    std::vector<THdlLanguage> languages;
-    for (const THdlLanguageRecord& record : GetHdlLanguageTable())
-        if (wanted == LANGUAGE_NONE || record.Language == wanted)
-            languages.push_back(record.Language);
-    return languages;
-}
-
 std::string ListedTexts(const THdlBuildFile& build, THdlLanguage language) {
     std::vector<std::string> texts;
     for (const TBuildTop& top : ListTops(build))
         if (language == LANGUAGE_NONE || top.Language == language) texts.push_back(TextOf(top));
     return texts.empty() ? "none" : JoinNames(texts);
-}
-
-bool RemoveFromAll(THdlBuildFile& build, const std::string& text, THdlLanguage wanted) {
-    bool isRemoved = false;
-    for (const THdlLanguage language : LanguagesToSearch(wanted)) {
-        const TNamedTop named = Read(text, language, build);
-        if (named.Complaint.empty() && RemoveTop(build, named.Top)) isRemoved = true;
-    }
-    return isRemoved;
 }
 
 }  // namespace
@@ -85,9 +58,7 @@ int RunTopAdd(const TSetupArguments& arguments, const TToolStreams& streams) {
     if (language == LANGUAGE_NONE) return kExitUsage;
     std::vector<std::string> listed;
     for (const std::string& text : arguments.Components) {
-        TNamedTop named = Read(text, language, build);
-        if (named.Complaint.empty() && named.Top.Library.empty())
-            named.Complaint = "'" + text + "': a library is wanted in front of the point";
+        const TNamedTop named = ReadTopToAdd(text, language, build);
         if (!named.Complaint.empty()) {
             ReportError(streams, named.Complaint);
             return kExitUsage;
@@ -107,7 +78,7 @@ int RunTopRemove(const TSetupArguments& arguments, const TToolStreams& streams) 
     TBuildAccess access(arguments.Build, arguments, streams);
     if (const int status = access.ReadToChange(); status != kExitDone) return status;
     for (const std::string& text : arguments.Components) {
-        if (RemoveFromAll(access.GetBuild(), text, language)) continue;
+        if (RemoveTopsCalled(text, language, access.GetBuild())) continue;
         ReportError(streams, "'" + text + "' is no top-level component; listed: " +
                                  ListedTexts(access.GetBuild(), language));
         return kExitUsage;
