@@ -8,6 +8,10 @@ struct TXMLReadError;
 using TBuildClass = py::class_<TSession, std::shared_ptr<TSession>>;
 
 [[noreturn]] void RaiseReadError(const TXMLReadError& error, const ISFileName* file);
+/// An error of the pure part that takes a file and a reason.
+[[noreturn]] void RaiseAs(const char* error, const ISFileName* file, const std::string& reason);
+/// Of a build for a file that is not there yet.
+[[noreturn]] void RaiseMakeError(const ISFileName* file, const std::string& reason);
 [[noreturn]] void RaiseWriteError(const ISFileName* file, const std::string& reason);
 py::object TopObjectOf(const TBuildTop& top);
 

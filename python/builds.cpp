@@ -15,12 +15,21 @@ void RaiseReadError(const TXMLReadError& error, const ISFileName* file) {
         if (number > 0) return py::int_(number);
         return py::none();
     };
-    Raise("ReadError", py::make_tuple(PathTextOf(file), numberOrNone(error.Line),
-                                      numberOrNone(error.Column), TextOf(error.Reason)));
+    Raise(error.Missing ? "MissingError" : "ReadError",
+          py::make_tuple(PathTextOf(file), numberOrNone(error.Line), numberOrNone(error.Column),
+                         TextOf(error.Reason)));
+}
+
+void RaiseAs(const char* error, const ISFileName* file, const std::string& reason) {
+    Raise(error, py::make_tuple(PathTextOf(file), TextOf(reason)));
 }
 
 void RaiseWriteError(const ISFileName* file, const std::string& reason) {
-    Raise("WriteError", py::make_tuple(PathTextOf(file), TextOf(reason)));
+    RaiseAs(reason == TEditedFile::kChanged ? "ChangedError" : "WriteError", file, reason);
+}
+
+void RaiseMakeError(const ISFileName* file, const std::string& reason) {
+    RaiseAs(reason == TBuildEdit::kExists ? "ExistsError" : "WriteError", file, reason);
 }
 
 py::object TopObjectOf(const TBuildTop& top) {
@@ -42,13 +51,28 @@ void ReadInto(TSession& session) {
         RaiseReadError(error, session.GetFile());
 }
 
+/// Waits for the lock while other threads run, unless a signal raises an exception.
+std::unique_ptr<TBuildLock> TakeLock(const ISFileName* file) {
+    auto lock = std::make_unique<TBuildLock>();
+    bool isInterrupted = false;
+    std::string reason;
+    {
+        const py::gil_scoped_release release;
+        reason = lock->Take(file->Canonical(false), [&] {
+            const py::gil_scoped_acquire acquire;
+            isInterrupted = PyErr_CheckSignals() != 0;
+            return !isInterrupted;
+        });
+    }
+    if (isInterrupted) throw py::error_already_set();
+    if (!reason.empty()) RaiseAs("LockError", file, reason);
+    return lock;
+}
+
 TSessionPointer ReadBuild(const py::object& path, bool lock) {
     const ISFileName* const file = FileOf(path);
     auto session = std::make_shared<TSession>(file);
-    if (lock) {
-        const std::string reason = WorkOn(*session, [&] { return session->LockFile(); });
-        if (!reason.empty()) RaiseWriteError(file, reason);
-    }
+    if (lock) session->SetLock(TakeLock(file));
     ReadInto(*session);
     return session;
 }
@@ -58,21 +82,24 @@ TSessionPointer MakeBuild(const py::object& path, const py::object& language) {
     const ISFileName* const file = FileOf(path);
     auto session = std::make_shared<TSession>(file);
     const std::string reason = WorkOn(*session, [&] { return session->Make(top); });
-    if (!reason.empty()) RaiseWriteError(file, reason);
+    if (!reason.empty()) RaiseMakeError(file, reason);
     return session;
 }
 
 bool WriteBuild(TSession& session) {
     bool isChanged = false;
-    const std::string reason = WorkOn(session, [&] { return session.Write(&isChanged); });
+    AwaitIdle(session);
+    const std::unique_ptr<TBuildLock> lock =
+        session.HasLock() ? nullptr : TakeLock(session.GetFile());
+    const std::string reason =
+        WorkOn(session, [&] { return session.Write(lock.get(), &isChanged); });
     if (!reason.empty()) RaiseWriteError(session.GetFile(), reason);
     return isChanged;
 }
 
 void CloseBuild(TSession& session) {
     AwaitIdle(session);
-    if (!session.UnlockFile())
-        throw std::runtime_error("the lock of the build file belongs to another thread");
+    session.SetLock(nullptr);
 }
 
 py::str DiffBuild(TSession& session) {
@@ -86,7 +113,7 @@ bool LeaveBuild(TSession& session, const py::object& type, const py::object&, co
     try {
         if (type.is_none()) WriteBuild(session);
     } catch (...) {
-        session.UnlockFile();
+        CloseBuild(session);
         throw;
     }
     CloseBuild(session);
@@ -361,27 +388,26 @@ void BindFile(TBuildClass& build) {
                     R"(Reads a build file.
 
 With ``lock`` the file is locked first, until the ``with`` block ends, or close(), or the build dies:
-whoever else changes it with this module or with hdlbuild waits, for 10 seconds at most. A lock belongs
-to the thread that took it. Sources that are missing do not matter.
+whoever else changes it with this module or with hdlbuild waits, for 10 seconds at most. Sources that are
+missing do not matter.
 
-Raises ReadError, and WriteError where the lock cannot be had.)")
+Raises ReadError, and LockError where the lock cannot be had.)")
         .def_static("new", &MakeBuild, "path"_a, "language"_a = "VHDL",
                     R"(Begins a build where no file is; write() makes the file.
 
-``language`` is that of its top-level component. Raises WriteError where a file is.)")
+``language`` is that of its top-level component. Raises ExistsError where a file is.)")
         .def(
             "write", &WriteBuild,
             R"(Saves what was changed: every other byte of the file stays, comments and unknown elements too.
 
-Returns whether there was a change to save. Raises WriteError, with the file as it was, when the file
-was changed by others since it was read, when it cannot take the change, and when it cannot be written.)")
+Returns whether there was a change to save. Raises, with the file as it was, ChangedError when the file
+was changed or removed by others since it was read, LockError when others have its lock for too long, and
+WriteError when it cannot take the change and when it cannot be written.)")
         .def("reload", &ReadInto,
              R"(Reads the file again, and forgets what was changed and not written.
 
 Sources stay what they are when the file lists them still. Raises ReadError, with the build as it was.)")
-        .def("close", &CloseBuild,
-             "Lets go of the lock, if the build has it. RuntimeError on another thread than the "
-             "lock's.")
+        .def("close", &CloseBuild, "Lets go of the lock, if the build has it.")
         .def("diff", &DiffBuild, "What write() would change, as a unified diff; \"\" for nothing.")
         .def_property_readonly(
             "changed",

@@ -274,7 +274,7 @@ py::object ImportFiles(const py::object& formatName, const py::object& files,
     if (imported.Sources.empty()) RaiseValueError("there are no sources in the files");
     const std::string reason =
         WorkOn(*session, [&] { return session->Make(LanguageOfImported(imported)); });
-    if (!reason.empty()) RaiseWriteError(file, reason);
+    if (!reason.empty()) RaiseMakeError(file, reason);
     WorkOn(*session, [&] { AddImported(imported, &session->GetEdit()); });
     return Pure("Imported")(session, ListOf({diagnostics, {}}));
 }
@@ -367,7 +367,7 @@ Raises ReadError for a file that cannot be read or is no XML.)");
 
 Relative paths in the files are taken against ``folder``, else against the folder of each file. Returns the
 build, which is not written yet, and the findings. Raises ConversionError when the files cannot be
-understood and, unless ``lossy``, when something in them comes into no build, WriteError where a file is at
+understood and, unless ``lossy``, when something in them comes into no build, ExistsError where a file is at
 ``path``, and ValueError for an unknown format and for files without sources.)");
     module.def(
         "export_formats", [] { return DescribeFormats(GetExportFormats()); },

@@ -17,11 +17,6 @@ std::string ReasonOf(const THdlBuildFile& build) {
 
 }  // namespace
 
-TSession::~TSession() {
-    // A lock belongs to its thread. Left over, it ends with the process.
-    if (!UnlockFile()) (void)Lock.release();
-}
-
 bool TSession::Read(TXMLReadError* error) {
     auto edit = std::make_unique<TBuildEdit>(File);
     if (!edit->Read(error)) return false;
@@ -48,29 +43,18 @@ std::string TSession::Make(THdlLanguage language) {
     return reason;
 }
 
-std::string TSession::LockFile() {
-    if (Lock) return "";
-    auto lock = std::make_unique<TFileLock>(File->Canonical(false));
-    if (!lock->IsHeld()) return lock->GetReason();
-    Lock = std::move(lock);
-    LockingThread = std::this_thread::get_id();
-    return "";
-}
-
-bool TSession::UnlockFile() {
-    if (!Lock) return true;
-    if (LockingThread != std::this_thread::get_id()) return false;
-    Lock.reset();
-    return true;
-}
-
-std::string TSession::Write(bool* isChanged) {
+std::string TSession::Write(TBuildLock* lock, bool* isChanged) {
     *isChanged = false;
-    TEditedFile& file = Edit->GetFile();
-    file.TakeLock();
+    if (HasLock()) lock = Lock.get();
+    if (!lock || !lock->IsHeld()) return "the file is not locked";
     std::string reason = Edit->FindEdits();
-    if (reason.empty() && Edit->IsChanged()) reason = file.Save();
-    file.DropLock();
+    if (reason.empty() && Edit->IsChanged())
+        lock->Run([&] {
+            TEditedFile& file = Edit->GetFile();
+            file.TakeLock();
+            reason = file.Save();
+            file.DropLock();
+        });
     if (!reason.empty()) return reason;
     *isChanged = Edit->IsChanged();
     Edit->GoOn();

@@ -1,12 +1,11 @@
 #pragma once
 #include "flows/buildedit.h"
-#include "services/files/filelock.h"
+#include "python/buildlock.h"
 #include <condition_variable>
 #include <cstdint>
 #include <memory>
 #include <mutex>
 #include <string>
-#include <thread>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
@@ -21,7 +20,6 @@ class ISFileName;
 class TSession {
 public:
     explicit TSession(const ISFileName* file) : File(file) {}
-    ~TSession();
     TSession(const TSession&) = delete;
     TSession& operator=(const TSession&) = delete;
 
@@ -35,14 +33,13 @@ public:
     /// Begins a build where no file is; why that cannot be, else "".
     std::string Make(THdlLanguage language);
 
-    /// Takes the lock of the file for the calling thread, until UnlockFile(). Why it cannot be had,
-    /// else "".
-    std::string LockFile();
-    /// False on another thread than the one that took the lock: then it stays.
-    bool UnlockFile();
+    /// Has the lock until it is null.
+    void SetLock(std::unique_ptr<TBuildLock> lock) { Lock = std::move(lock); }
+    bool HasLock() const { return Lock && Lock->IsHeld(); }
 
-    /// Saves what was changed, with the file's lock held; why it cannot be done, else "".
-    std::string Write(bool* isChanged);
+    /// Saves what was changed, under the build's lock or else under `lock`; why it cannot be done,
+    /// else "".
+    std::string Write(TBuildLock* lock, bool* isChanged);
     /// What Write() would do to the file, as a unified difference.
     std::string Compare(std::string* difference);
 
@@ -72,8 +69,7 @@ private:
     std::uint32_t ReadCount = 0;
     std::unordered_set<const IHdlSourceFile*> Removed;
     std::unordered_map<const ISFileName*, const ISFileName*> Origins;
-    std::unique_ptr<TFileLock> Lock;
-    std::thread::id LockingThread;
+    std::unique_ptr<TBuildLock> Lock;
     std::mutex Mutex;
     std::condition_variable Idle;
     bool Busy = false;  // changed with Mutex and the interpreter's lock held

@@ -19,12 +19,16 @@ from ._core import (
     import_formats,
 )
 from ._records import (
+    ChangedError,
     ConversionError,
     Error,
+    ExistsError,
     Finding,
     Format,
     Imported,
     Language,
+    LockError,
+    MissingError,
     Place,
     Plan,
     PlanSettings,
@@ -38,12 +42,16 @@ from ._records import (
 
 __all__ = [
     "Build",
+    "ChangedError",
     "ConversionError",
     "Error",
+    "ExistsError",
     "Finding",
     "Format",
     "Imported",
     "Language",
+    "LockError",
+    "MissingError",
     "Place",
     "Plan",
     "PlanSettings",

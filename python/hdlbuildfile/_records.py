@@ -1,5 +1,6 @@
 """What is plain data: enumerations, exceptions and records."""
 import enum
+import errno
 import os
 import pathlib
 from typing import TYPE_CHECKING, NamedTuple, Optional
@@ -65,6 +66,14 @@ class ReadError(Error):
         return f"{Place(self.file, self.line, self.column)}: {self.reason}"
 
 
+class MissingError(ReadError, FileNotFoundError):
+    """A file that is to be read is not there."""
+
+    def __init__(self, file: str, line: Optional[int], column: Optional[int], reason: str) -> None:
+        super().__init__(file, line, column, reason)
+        self.errno, self.strerror, self.filename = errno.ENOENT, reason, file
+
+
 class WriteError(Error):
     """A file cannot be changed; it is as it was."""
 
@@ -75,6 +84,22 @@ class WriteError(Error):
 
     def __str__(self) -> str:
         return f"{self.file}: {self.reason}"
+
+
+class ExistsError(WriteError, FileExistsError):
+    """A file is where a new build is to be."""
+
+    def __init__(self, file: str, reason: str) -> None:
+        super().__init__(file, reason)
+        self.errno, self.strerror, self.filename = errno.EEXIST, reason, file
+
+
+class LockError(WriteError):
+    """The lock of a file cannot be had: others kept it for too long, or there can be none."""
+
+
+class ChangedError(WriteError):
+    """Others changed or removed the file since it was read."""
 
 
 class SourceGone(Error):

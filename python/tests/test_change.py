@@ -1,8 +1,10 @@
 """Changes of a build, and what write() makes of the file."""
+import errno
 import gc
 import itertools
 import os
 import pathlib
+import signal
 import subprocess
 import sys
 import threading
@@ -289,30 +291,105 @@ def test_a_lock_has_others_wait(folder):
     assert hb.Build.read("build.xml").library == "second"
 
 
-def test_a_lock_belongs_to_its_thread(folder):
-    build = hb.Build.read("build.xml", lock=True)
-    errors = []
+def on_another_thread(act):
+    """What it returns, or the exception that it raises."""
+    results = []
 
-    def close():
+    def run():
         try:
-            build.close()
-        except RuntimeError as error:
-            errors.append(str(error))
+            results.append(act())
+        except Exception as error:
+            results.append(error)
 
-    thread = threading.Thread(target=close)
+    thread = threading.Thread(target=run)
     thread.start()
     thread.join()
-    assert errors == ["the lock of the build file belongs to another thread"]
-    build.close()
+    return results[0]
+
+
+def test_a_lock_belongs_to_its_build(folder):
+    build = on_another_thread(lambda: hb.Build.read("build.xml", lock=True))
+    build.library = "first"
+    assert build.write() and 'DestinationLibrary="first"' in pathlib.Path("build.xml").read_text()
+    build.library = "second"
+    assert on_another_thread(build.write) is True
+    assert on_another_thread(build.close) is None
+    other = hb.Build.read("build.xml", lock=True)
+    assert other.library == "second"
+    held = [other]
+    del other
+    assert on_another_thread(held.clear) is None
     hb.Build.read("build.xml", lock=True).close()
+    assert [path.name for path in folder.iterdir() if path.name.endswith(".lock")] == []
 
 
-def test_a_build_with_a_lock_may_die_on_another_thread(folder):
-    held = [hb.Build.read("build.xml", lock=True)]
-    thread = threading.Thread(target=held.clear)
-    thread.start()
-    thread.join()
-    assert held == []
+WAITING = """
+import hdlbuildfile as hb, sys
+build = hb.Build.read("build.xml")
+build.library = "other"
+print("waits", flush=True)
+try:
+    hb.Build.read("build.xml", lock=True) if sys.argv[1] == "read" else build.write()
+except KeyboardInterrupt:
+    print("interrupted")
+"""
+
+
+@pytest.mark.parametrize("act", ["read", "write"])
+def test_who_waits_for_a_lock_can_be_interrupted(folder, act):
+    command = [sys.executable, "-c", WAITING, act]
+    with hb.Build.read("build.xml", lock=True):
+        with subprocess.Popen(command, stdout=subprocess.PIPE, text=True) as process:
+            assert process.stdout.readline() == "waits\n"
+            time.sleep(0.3)
+            begin = time.monotonic()
+            process.send_signal(signal.SIGINT)
+            assert process.stdout.read() == "interrupted\n" and process.wait() == 0
+            assert time.monotonic() - begin < 3
+    assert pathlib.Path("build.xml").read_text() == BUILD
+
+
+def test_a_fork_leaves_the_lock_to_its_parent(folder):
+    build = hb.Build.read("build.xml", lock=True)
+    child = os.fork()
+    if child == 0:
+        build.close()
+        os._exit(7)
+    assert os.waitstatus_to_exitcode(os.waitpid(child, 0)[1]) == 7
+    build.library = "lib"
+    assert build.write()
+    build.close()
+
+
+def test_errors_tell_what_they_are_by_their_class(folder):
+    with pytest.raises(FileNotFoundError) as missing:
+        hb.Build.read("nothing.xml")
+    error = missing.value
+    assert isinstance(error, hb.MissingError) and isinstance(error, hb.ReadError)
+    assert (error.errno, error.filename, error.strerror) == (errno.ENOENT, f"{folder}/nothing.xml", error.reason)
+    assert str(error) == f"{folder}/nothing.xml: No such file or directory"
+    with pytest.raises(hb.MissingError):
+        hb.check_file("nothing.xml")
+    with pytest.raises(FileExistsError) as exists:
+        hb.Build.new("build.xml")
+    assert isinstance(exists.value, hb.ExistsError) and isinstance(exists.value, hb.WriteError)
+    assert (exists.value.errno, exists.value.file) == (errno.EEXIST, folder / "build.xml")
+    pathlib.Path("list.f").write_text("rtl/cell.v\n")
+    with pytest.raises(hb.ExistsError):
+        hb.import_build("filelist", "list.f", "build.xml")
+    build = hb.Build.read("build.xml")
+    build.library = "lib"
+    os.remove("build.xml")
+    with pytest.raises(hb.ChangedError):
+        build.write()
+    os.mkdir("locked")
+    pathlib.Path("locked/build.xml").write_text(BUILD)
+    held = hb.Build.read("locked/build.xml", lock=True)
+    lock = next(path for path in pathlib.Path("locked").iterdir() if path.name.endswith(".lock"))
+    held.close()
+    lock.mkdir()
+    with pytest.raises(hb.LockError, match="is in the way"):
+        hb.Build.read("locked/build.xml", lock=True)
 
 
 def test_refuses_texts_that_are_none(folder):

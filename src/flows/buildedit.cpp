@@ -112,7 +112,7 @@ std::string TBuildEdit::Make(THdlLanguage language, bool isLocked) {
     TXMLReadError error;
     if (isLocked) File.TakeLock();
     (void)File.Read(&error);
-    if (File.WasThere()) return "the file exists already";
+    if (File.WasThere()) return kExists;
     if (!error.Missing) return error.Reason;
     IsNew = true;
     Build = std::make_unique<TSimWrapHdlBuildFile>();

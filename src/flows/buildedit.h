@@ -20,6 +20,9 @@
 /// they are, not converted to those of a simulator as a save by the library would do.
 class TBuildEdit {
 public:
+    /// What Make() tells where a file is.
+    static constexpr const char* kExists = "the file exists already";
+
     /// `file` must outlive the object and must not be null.
     explicit TBuildEdit(const ISFileName* file) : File(file) {}
 

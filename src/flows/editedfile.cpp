@@ -69,7 +69,7 @@ bool TEditedFile::IsAsRead() const {
 
 std::string TEditedFile::Save() const {
     if (!Lock || !Lock->IsHeld()) return Lock ? Lock->GetReason() : "the file is not locked";
-    if (!IsAsRead()) return "the file has changed since it was read";
+    if (!IsAsRead()) return kChanged;
     std::string reason;
     if (ReplaceWholeFile(File->Canonical(false), GetChanged(), &reason)) return "";
     return reason.empty() ? "the file cannot be written" : reason;

@@ -13,6 +13,9 @@ class ISFileName;
 /// What is made of it is made of GetBytes(), so that all looks at the file see the same one.
 class TEditedFile {
 public:
+    /// What Save() tells when others changed or removed the file.
+    static constexpr const char* kChanged = "the file has changed since it was read";
+
     /// The handle must outlive the object and must not be null.
     explicit TEditedFile(const ISFileName* file) : File(file) {}
 
