@@ -18,9 +18,7 @@ struct TQuiet {
 void Try(TTally* tally, const TFileReader& reader, const std::string& bytes,
          const std::string& damage) {
     const std::string result = reader.Read(reader, bytes);
-    const bool hasSurvived = result == kWasRead || result == kWasRefused || result == kHoldsNothing;
-    tally->Count(hasSurvived);
-    EXPECT_TRUE(hasSurvived) << reader.Name << " " << damage << ": " << result;
+    EXPECT_TRUE(tally->Count(IsSurvival(result))) << reader.Name << " " << damage << ": " << result;
 }
 
 std::string WithFlippedBit(std::string bytes, std::size_t bit) {

@@ -152,6 +152,10 @@ std::string ReadImport(const TFileReader& reader, const std::string& bytes) {
 
 }  // namespace
 
+bool IsSurvival(const std::string& result) {
+    return result == kWasRead || result == kWasRefused || result == kHoldsNothing;
+}
+
 const std::vector<TFileReader>& GetFileReaders() {
     static const std::vector<TFileReader> readers = [] {
         std::vector<TFileReader> all = {

@@ -6,6 +6,9 @@ inline constexpr const char* kWasRead = "read";
 inline constexpr const char* kWasRefused = "refused";
 inline constexpr const char* kHoldsNothing = "holds no sources";
 
+/// Whether that is a result that any bytes may have; else it tells what went wrong.
+bool IsSurvival(const std::string& result);
+
 /// A kind of file that is read.
 struct TFileReader {
     std::string Name;
