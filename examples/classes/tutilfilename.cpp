@@ -3,7 +3,7 @@
 #include <iostream>
 
 int main() {
-    TUtilFileName path("/work/project/build.xml");
+    TUtilFileName path("/home/you/project/build.xml");
     path.StripParts(PART_NAME | PART_EXTENSION);
     path.PushDirectory("rtl");
     path.PushFileName("../tb/fifo_tb.vhd");
