@@ -39,24 +39,11 @@ std::string ErrorText(DWORD error) {
     return length > 0 ? Narrow({text, length}) : "error " + std::to_string(error);
 }
 
-/// An open file or folder that closes itself.
-class THandle {
-public:
-    THandle(const std::string& path, DWORD access)
-        : Handle(CreateFileW(NativePath(path).c_str(), access,
-                             FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                             OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr)) {}
-    ~THandle() {
-        if (IsOpen()) CloseHandle(Handle);
-    }
-    THandle(const THandle&) = delete;
-    THandle& operator=(const THandle&) = delete;
-    HANDLE Get() const { return Handle; }
-    bool IsOpen() const { return Handle != INVALID_HANDLE_VALUE; }
-
-private:
-    HANDLE Handle;
-};
+/// A file or folder.
+HANDLE OpenAny(const std::string& path, DWORD access) {
+    return CreateFileW(NativePath(path).c_str(), access, kAllSharing, nullptr, OPEN_EXISTING,
+                       FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
 
 TFileStatus NoStatus() {
     TFileStatus status;
@@ -66,7 +53,7 @@ TFileStatus NoStatus() {
 
 /// Follows links, which the look at the attributes alone does not.
 TFileStatus StatusOfTarget(const std::string& path) {
-    const THandle file(path, FILE_READ_ATTRIBUTES);
+    const TOwnHandle file(OpenAny(path, FILE_READ_ATTRIBUTES));
     BY_HANDLE_FILE_INFORMATION info = {};
     if (!file.IsOpen() || !GetFileInformationByHandle(file.Get(), &info)) return NoStatus();
     return {true, (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0,
@@ -108,15 +95,15 @@ TFileStatus TNativeFileSystem::GetStatus(const std::string& path) {
 }
 
 bool TNativeFileSystem::CanRead(const std::string& path) {
-    return !path.empty() && THandle(path, GENERIC_READ).IsOpen();
+    return !path.empty() && TOwnHandle(OpenAny(path, GENERIC_READ)).IsOpen();
 }
 
 bool TNativeFileSystem::CanWrite(const std::string& path) {
-    return !path.empty() && THandle(path, GENERIC_WRITE).IsOpen();
+    return !path.empty() && TOwnHandle(OpenAny(path, GENERIC_WRITE)).IsOpen();
 }
 
 std::string TNativeFileSystem::ExpandLinks(const std::string& path) {
-    const THandle file(path, FILE_READ_ATTRIBUTES);
+    const TOwnHandle file(OpenAny(path, FILE_READ_ATTRIBUTES));
     if (!file.IsOpen()) return {};
     return Narrow(TextFrom([&file](wchar_t* buffer, DWORD size) {
         return GetFinalPathNameByHandleW(file.Get(), buffer, size, FILE_NAME_NORMALIZED);

@@ -14,9 +14,8 @@ bool IsBeingRemoved(const std::wstring& path, DWORD error) {
 }
 
 HANDLE OpenShared(const std::wstring& path, DWORD access, DWORD disposition) {
-    return CreateFileW(path.c_str(), access, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                       nullptr, disposition, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT,
-                       nullptr);
+    return CreateFileW(path.c_str(), access, kAllSharing, nullptr, disposition,
+                       FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
 }
 
 bool IsSameFile(HANDLE a, HANDLE b) {

@@ -9,26 +9,11 @@
 
 namespace {
 
-constexpr DWORD kAllSharing = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-/// A file that exists, opened for some purpose, that closes itself.
-class TExistingFile {
-public:
-    /// Its renaming is on the disk when it is done.
-    TExistingFile(const std::wstring& path, DWORD access)
-        : Handle(CreateFileW(path.c_str(), access, kAllSharing, nullptr, OPEN_EXISTING,
-                             FILE_ATTRIBUTE_NORMAL | FILE_FLAG_WRITE_THROUGH, nullptr)) {}
-    ~TExistingFile() {
-        if (IsOpen()) CloseHandle(Handle);
-    }
-    TExistingFile(const TExistingFile&) = delete;
-    TExistingFile& operator=(const TExistingFile&) = delete;
-    HANDLE Get() const { return Handle; }
-    bool IsOpen() const { return Handle != INVALID_HANDLE_VALUE; }
-
-private:
-    HANDLE Handle;
-};
+/// A file that exists; what is done to it is on the disk then.
+HANDLE OpenExisting(const std::wstring& path, DWORD access) {
+    return CreateFileW(path.c_str(), access, kAllSharing, nullptr, OPEN_EXISTING,
+                       FILE_ATTRIBUTE_NORMAL | FILE_FLAG_WRITE_THROUGH, nullptr);
+}
 
 /// What a file system without access rights, or an old Windows, answers to a question about them.
 bool IsUnknownHere(DWORD error) {
@@ -78,7 +63,7 @@ bool RenameInOneStep(const std::wstring& from, const std::wstring& to) {
     // Neither the class nor its flags are in older headers.
     constexpr auto kRenameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
     constexpr DWORD kReplacesAndLeavesOpenFiles = 0x1 | 0x2;
-    const TExistingFile file(from, DELETE | SYNCHRONIZE);
+    const TOwnHandle file(OpenExisting(from, DELETE | SYNCHRONIZE));
     if (!file.IsOpen()) return false;
     const std::size_t length = to.size() * sizeof(wchar_t);
     std::vector<std::max_align_t> room(
@@ -100,7 +85,7 @@ bool RenameClosedFile(const std::wstring& from, const std::wstring& to) {
 /// For a file that others keep open and give away: there is a moment in which nothing has its name.
 /// Leaves files of its own when it fails, as it does when somebody does not give the file away.
 bool RenameAround(const std::wstring& from, const std::wstring& to) {
-    return TExistingFile(to, DELETE).IsOpen() &&
+    return TOwnHandle(OpenExisting(to, DELETE)).IsOpen() &&
            ReplaceFileW(to.c_str(), from.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
                         nullptr) != 0;
 }
@@ -128,7 +113,7 @@ DWORD Retry(TRename rename, int mostTries, const std::wstring& from, const std::
 
 TFileResult TNativeFileSystem::TakeOver(TFileNumber file, const std::string& from) {
     const auto present = reinterpret_cast<HANDLE>(file);
-    const TExistingFile former(NativePath(from), READ_CONTROL | FILE_READ_ATTRIBUTES);
+    const TOwnHandle former(OpenExisting(NativePath(from), READ_CONTROL | FILE_READ_ATTRIBUTES));
     return ResultOf(former.IsOpen() && CopyAccessRights(former.Get(), present) &&
                     CopyAttributes(former.Get(), present));
 }

@@ -11,30 +11,13 @@ namespace {
 constexpr std::size_t kMostAtOnce = 1U << 30U;
 
 HANDLE Open(const std::string& path, DWORD access, DWORD disposition) {
-    return CreateFileW(NativePath(path).c_str(), access,
-                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, disposition,
+    return CreateFileW(NativePath(path).c_str(), access, kAllSharing, nullptr, disposition,
                        FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
 HANDLE HandleOf(TFileNumber file) {
     return reinterpret_cast<HANDLE>(file);
 }
-
-/// A handle that closes itself.
-class TOpenFile {
-public:
-    explicit TOpenFile(HANDLE handle) : Handle(handle) {}
-    ~TOpenFile() {
-        if (IsOpen()) CloseHandle(Handle);
-    }
-    TOpenFile(const TOpenFile&) = delete;
-    TOpenFile& operator=(const TOpenFile&) = delete;
-    HANDLE Get() const { return Handle; }
-    bool IsOpen() const { return Handle != INVALID_HANDLE_VALUE; }
-
-private:
-    HANDLE Handle;
-};
 
 /// Of a handle that stays the caller's.
 class TReadFile : public IOpenFile {
@@ -73,7 +56,7 @@ TFileResult TNativeFileSystem::Read(const std::string& path, std::uint64_t limit
     const TFileStatus status = GetStatus(path);
     if (path.empty()) return FailWith(ERROR_FILE_NOT_FOUND);
     if (status.IsDirectory) return FailWith(ERROR_ACCESS_DENIED);
-    const TOpenFile file(Open(path, GENERIC_READ, OPEN_EXISTING));
+    const TOwnHandle file(Open(path, GENERIC_READ, OPEN_EXISTING));
     if (!file.IsOpen()) return FailWith(GetLastError());
     if (GetFileType(file.Get()) != FILE_TYPE_DISK) return FailWith(ERROR_INVALID_HANDLE);
     TReadFile readFile(file.Get());
