@@ -3,6 +3,7 @@
 #include "cli/frame/progressline.h"
 #include "cli/frame/sizelimit.h"
 #include "cli/frame/texts.h"
+#include "cli/frame/tooloptions.h"
 #include "flows/knownnames.h"
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -177,11 +178,12 @@ class TCommandLine {
 public:
     explicit TCommandLine(const TTool& tool) : Tool(tool), App(tool.Description, tool.Name) {
         App.get_formatter()->label("SUBCOMMAND", "COMMAND");
-        CLI::Option* const version = App.set_version_flag("-V,--version", "", "Print the version");
-        Verbose = App.add_flag("--verbose")
-                      ->description("With --version: also what the tool is built with");
+        App.set_help_flag(kHelpOption.Names, kHelpOption.Description);
+        CLI::Option* const version =
+            App.set_version_flag(kVersionOption.Names, "", kVersionOption.Description);
+        Verbose = App.add_flag(kVerboseOption.Names)->description(kVerboseOption.Description);
         VersionJson =
-            App.add_flag(kJsonOption)->description("With --version: print all of it as JSON");
+            App.add_flag(kVersionJsonOption.Names)->description(kVersionJsonOption.Description);
         for (CLI::Option* const option : {Verbose, VersionJson}) option->needs(version);
         App.require_subcommand(1);
         // On Windows too, '/builds/a.xml' is a path.
@@ -283,8 +285,7 @@ private:
         sub->get_formatter()->label("SUBCOMMAND", "VERB");
         if (command.Words.Values) {
             sub->allow_extras();
-            // A word may begin with "-h".
-            sub->set_help_flag("--help", "Print this help message and exit");
+            sub->set_help_flag(kLongHelpOption.Names, kLongHelpOption.Description);
         }
         // Never more than one verb: a configuration may bear the name of another.
         if (!command.Verbs.empty()) sub->require_subcommand(command.Run ? 0 : 1, 1);
@@ -332,12 +333,10 @@ private:
         return result;
     }
 
-    // They may stand on either side of the command.
     void AddCommonOptions(CLI::App& app) {
-        app.add_flag("--quiet", IsQuiet, "Do not show how far long work has come");
-        app.add_option("--max-file-size", MaxFileSize,
-                       "Read no file of more bytes, 1G if not given")
-            ->type_name("SIZE")
+        app.add_flag(kQuietOption.Names, IsQuiet, kQuietOption.Description);
+        app.add_option(kSizeOption.Names, MaxFileSize, kSizeOption.Description)
+            ->type_name(kSizeOption.Value)
             ->check(CLI::Validator(ComplaintOfSize, ""));
     }
 

@@ -1,4 +1,5 @@
 #include "cli/shell/completion.h"
+#include "cli/frame/tooloptions.h"
 #include "cli/shell/argumentkinds.h"
 #include "cli/shell/offerednames.h"
 #include <string_view>
@@ -8,29 +9,28 @@ namespace {
 
 constexpr std::string_view kWordsMark = "--";
 
+TArgument ArgumentOf(const TToolOption& option) {
+    static bool flag = false;
+    static std::string text;
+    if (*option.Value) return {option.Names, &text, option.Description};
+    return {option.Names, &flag, option.Description};
+}
+
 /// Those that no command has.
 const std::vector<TArgument>& VersionArguments() {
-    static bool flag = false;
     static const std::vector<TArgument> arguments = {
-        {"-V,--version", &flag, "Display program version information and exit"},
-        {"--verbose", &flag, "With --version: also what the tool is built with"},
-        {"--json", &flag, "With --version: print all of it as JSON"}};
+        ArgumentOf(kVersionOption), ArgumentOf(kVerboseOption), ArgumentOf(kVersionJsonOption)};
     return arguments;
 }
 
 const TArgument& HelpArgument() {
-    static bool place = false;
-    static const TArgument argument{"--help", &place, "Print this help message and exit"};
+    static const TArgument argument = ArgumentOf(kLongHelpOption);
     return argument;
 }
 
 const std::vector<TArgument>& CommonArguments() {
-    static bool flag = false;
-    static std::string text;
-    static const std::vector<TArgument> arguments = {
-        HelpArgument(),
-        {"--quiet", &flag, "Do not show how far long work has come"},
-        {"--max-file-size", &text, "Read no file of more bytes, 1G if not given"}};
+    static const std::vector<TArgument> arguments = {HelpArgument(), ArgumentOf(kQuietOption),
+                                                     ArgumentOf(kSizeOption)};
     return arguments;
 }
 

@@ -1,4 +1,5 @@
 #include "cli/shell/manpage.h"
+#include "cli/frame/tooloptions.h"
 #include "cli/shell/argumentkinds.h"
 #include <algorithm>
 #include <string_view>
@@ -56,17 +57,29 @@ void AddUsage(const TCommand& command, const std::string& front, std::string* pa
     for (const TCommand& verb : command.Verbs) AddUsage(verb, line, page);
 }
 
-/// What stands behind the name of an option that takes a value, as the help has it.
-std::string ValueOf(const TArgument& argument) {
-    const bool isFlag = std::holds_alternative<bool*>(argument.Value) ||
-                        std::holds_alternative<TChoice>(argument.Value);
-    return isFlag || !IsOption(argument) ? "" : " \\fITEXT\\fR";
+/// "-o, --output TEXT": the names of an argument, and what the help calls its value.
+std::string ArgumentHead(std::string_view names, std::string_view value) {
+    std::string head;
+    for (std::size_t comma; (comma = names.find(',')) != std::string_view::npos;
+         names.remove_prefix(comma + 1))
+        head += Bold(names.substr(0, comma)) + ", ";
+    head += Bold(names);
+    if (!value.empty()) head += " \\fI" + RoffText(value) + "\\fR";
+    return head;
+}
+
+void AddArgument(std::string_view names, std::string_view value, std::string_view description,
+                 std::string* page) {
+    *page += ".TP\n" + ArgumentHead(names, value) + "\n" + RoffText(description) + ".\n";
 }
 
 void AddArguments(const TCommand& command, std::string* page) {
-    for (const TArgument& argument : command.Arguments)
-        *page += ".TP\n" + Bold(argument.Name) + ValueOf(argument) + "\n" +
-                 RoffText(argument.Help) + ".\n";
+    for (const TArgument& argument : command.Arguments) {
+        const bool isFlag = std::holds_alternative<bool*>(argument.Value) ||
+                            std::holds_alternative<TChoice>(argument.Value);
+        AddArgument(argument.Name, isFlag || !IsOption(argument) ? "" : "TEXT", argument.Help,
+                    page);
+    }
     if (*command.Footer) *page += ".PP\n" + RoffText(command.Footer) + "\n";
 }
 
@@ -150,16 +163,11 @@ std::string ManPageOfTool(const std::vector<TCommand>& commands) {
         "A build file holds the sources of an HDL simulation project, their libraries and compile\n"
         "order, the top\\-level components that are simulated, and what each simulator is told.\n"
         "Results go to standard output, everything else to standard error.\n"
-        ".SH OPTIONS\n"
-        ".TP\n\\fB\\-h\\fR, \\fB\\-\\-help\\fR\nPrint the help and exit.\n"
-        ".TP\n\\fB\\-V\\fR, \\fB\\-\\-version\\fR\nPrint the version.\n"
-        ".TP\n\\fB\\-\\-verbose\\fR\nWith \\fB\\-\\-version\\fR: also what the tool is "
-        "built with.\n"
-        ".TP\n\\fB\\-\\-json\\fR\nWith \\fB\\-\\-version\\fR: print all of it as a JSON object.\n"
-        ".TP\n\\fB\\-\\-quiet\\fR\nDo not show how far long work has come.\n"
-        ".TP\n\\fB\\-\\-max\\-file\\-size\\fR \\fISIZE\\fR\nRead no file of more bytes, 1G if not "
-        "given.\n"
-        ".SH COMMANDS\n";
+        ".SH OPTIONS\n";
+    for (const TToolOption& option : {kHelpOption, kVersionOption, kVerboseOption,
+                                      kVersionJsonOption, kQuietOption, kSizeOption})
+        AddArgument(option.Names, option.Value, option.Description, &page);
+    page += ".SH COMMANDS\n";
     for (const TCommand& command : commands)
         page += ".TP\n\\fB" + RoffText(PageName(command.Name)) + "\\fR(1)\n" +
                 RoffText(command.Description) + ".\n";

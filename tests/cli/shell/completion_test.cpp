@@ -44,7 +44,7 @@ TEST(Completion, OffersEachOptionOnce) {
         "--max-file-size\tRead no file of more bytes, 1G if not given\n");
     EXPECT_EQ(Completed({"top", "b.xml", "list", "--j"}), "--json\tPrint one JSON object\n");
     EXPECT_EQ(Completed({"--ver"}),
-              "--version\tDisplay program version information and exit\n"
+              "--version\tPrint the version\n"
               "--verbose\tWith --version: also what the tool is built with\n");
     EXPECT_EQ(Completed({"--js"}), "--json\tWith --version: print all of it as JSON\n");
     EXPECT_EQ(Completed({"order", "--ver"}), "");

@@ -54,6 +54,20 @@ TEST(ManPage, OfTheToolBeginsAsItsHelpDoes) {
     EXPECT_EQ(ResultOf({"__man"}).substr(0, front.size() + claim.size()), front + claim);
 }
 
+TEST(ManPage, OfTheToolShowsTheOptionsThatNoCommandLists) {
+    const std::string page = ResultOf({"__man"});
+    const std::size_t begin = page.find(".SH OPTIONS\n");
+    EXPECT_EQ(page.substr(begin, page.find(".SH COMMANDS\n", begin) - begin),
+              ".SH OPTIONS\n"
+              ".TP\n\\fB\\-h\\fR, \\fB\\-\\-help\\fR\nPrint this help message and exit.\n"
+              ".TP\n\\fB\\-V\\fR, \\fB\\-\\-version\\fR\nPrint the version.\n"
+              ".TP\n\\fB\\-\\-verbose\\fR\nWith \\-\\-version: also what the tool is built with.\n"
+              ".TP\n\\fB\\-\\-json\\fR\nWith \\-\\-version: print all of it as JSON.\n"
+              ".TP\n\\fB\\-\\-quiet\\fR\nDo not show how far long work has come.\n"
+              ".TP\n\\fB\\-\\-max\\-file\\-size\\fR \\fISIZE\\fR\n"
+              "Read no file of more bytes, 1G if not given.\n");
+}
+
 TEST(ManPage, ShowsWhichOptionsTakeAValue) {
     const std::string page = ResultOf({"__man", "order"});
     const std::size_t begin = page.find(".SH OPTIONS\n");
