@@ -10,8 +10,7 @@ using TWords = TRunRecipe::TWords;
 class TGhdlRecipe {
 public:
     explicit TGhdlRecipe(TRunRecipe* recipe) : Recipe(*recipe) {
-        const std::string& chosen = Recipe.GetSettings().Standard;
-        const std::string& standard = chosen.empty() ? Recipe.GetWishes().VhdlStandard : chosen;
+        const std::string& standard = Recipe.GetVhdlStandard();
         Years = standard.substr(standard.size() - 2);
     }
 
@@ -20,8 +19,7 @@ public:
         AnalysisOptions = Recipe.OptionsOf(STEP_ANALYSE, kWordsOfGhdl);
         ElaborationOptions = Recipe.OptionsOf(STEP_ELABORATE, kWordsOfGhdl);
         RunOptions = Recipe.OptionsOf(STEP_RUN, kWordsOfGhdl);
-        Recipe.LoseVerilogSettings();
-        if (!Recipe.GetWishes().Seed.empty()) Recipe.Lose("a seed");
+        Recipe.LoseWhatIsOfVerilog();
         Recipe.AddAnalyses([this](const TPlanSource& source) { return AnalysisOf(source); });
         if (Recipe.GetWishes().OnlyCompile) return;
         for (const TBuildTop* const top : Recipe.ListTops()) AddSimulation(*top);

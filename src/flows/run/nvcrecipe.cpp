@@ -14,8 +14,7 @@ public:
         AnalysisOptions = Recipe.OptionsOf(STEP_ANALYSE, kWordsOfNvc);
         ElaborationOptions = Recipe.OptionsOf(STEP_ELABORATE, kWordsOfNvc);
         RunOptions = Recipe.OptionsOf(STEP_RUN, kWordsOfNvc);
-        Recipe.LoseVerilogSettings();
-        if (!Recipe.GetWishes().Seed.empty()) Recipe.Lose("a seed");
+        Recipe.LoseWhatIsOfVerilog();
         Recipe.AddAnalyses([this](const TPlanSource& source) { return AnalysisOf(source); });
         if (Recipe.GetWishes().OnlyCompile) return;
         for (const TBuildTop* const top : Recipe.ListTops()) AddSimulation(*top);
@@ -24,11 +23,10 @@ public:
 private:
     // Each library is a folder of its name: they find each other beside their own.
     TWords Call(const std::string& library) const {
-        const std::string& chosen = Recipe.GetSettings().Standard;
         TWords words = Recipe.Call("nvc");
         const std::string folder = Recipe.PathOf("libraries");
-        Append({"--std=" + (chosen.empty() ? Recipe.GetWishes().VhdlStandard : chosen), "-L",
-                folder, "--work=" + library + ":" + folder + "/" + library},
+        Append({"--std=" + Recipe.GetVhdlStandard(), "-L", folder,
+                "--work=" + library + ":" + folder + "/" + library},
                &words);
         return words;
     }

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr std::uint64_t kEmptyDigest = 0xcbf29ce484222325u;
-
 void AddBytes(std::string_view text, std::uint64_t* digest) {
     std::uint64_t value = *digest;
     for (const char c : text) value = (value ^ static_cast<unsigned char>(c)) * 0x100000001b3u;

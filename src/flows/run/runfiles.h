@@ -28,6 +28,9 @@ std::string WriteWhole(const std::string& path, std::string_view text);
 /// The same for a text that the file does not hold yet: what is unchanged keeps its time.
 std::string WriteNew(const std::string& path, std::string_view text);
 
+/// The digest of no bytes.
+inline constexpr std::uint64_t kEmptyDigest = 0xcbf29ce484222325u;
+
 /// A digest, as 16 hexadecimal digits, of the texts that were added and of where each ends.
 class TDigest {
 public:
@@ -35,7 +38,7 @@ public:
     std::string Text() const;
 
 private:
-    std::uint64_t Value = 0xcbf29ce484222325u;
+    std::uint64_t Value = kEmptyDigest;
 };
 /// The digest of the bytes of one text.
 std::string DigestOf(std::string_view text);

@@ -43,6 +43,11 @@ const TPlanSettings& TRunRecipe::GetSettings() const {
     return settings ? *settings : none;
 }
 
+const std::string& TRunRecipe::GetVhdlStandard() const {
+    const std::string& chosen = GetSettings().Standard;
+    return chosen.empty() ? Wishes.VhdlStandard : chosen;
+}
+
 TRunRecipe::TWords TRunRecipe::Call(const std::string& program) const {
     TWords words = Wishes.Launcher;
     words.push_back(PathOfProgram(program));
@@ -185,11 +190,12 @@ void TRunRecipe::RefuseQuotes() {
             Refuse(source.Path, "the tool cannot read its own file with a quote");
 }
 
-void TRunRecipe::LoseVerilogSettings() {
+void TRunRecipe::LoseWhatIsOfVerilog() {
     const TPlanSettings& settings = GetSettings();
     if (!settings.IncludeDirectories.empty()) Lose("include directories");
     if (!settings.LibraryDirectories.empty()) Lose("library directories");
     if (!settings.LibraryExtensions.empty()) Lose("library extensions");
     if (!settings.Defines.empty()) Lose("defines");
     if (settings.Delay != DELAY_TYPE_TYPICAL) Lose("the choice of delays");
+    if (!Wishes.Seed.empty()) Lose("a seed");
 }

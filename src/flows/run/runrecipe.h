@@ -21,6 +21,8 @@ public:
     const TRunWishes& GetWishes() const { return Wishes; }
     /// Of the tool's language; empty ones when the plan has none.
     const TPlanSettings& GetSettings() const;
+    /// What the options name, or else what is wished: "2008".
+    const std::string& GetVhdlStandard() const;
     /// A file or folder of the tool, below the folder of the run.
     std::string PathOf(const std::string& name) const {
         return Wishes.Folder + Tool.Name + "/" + name;
@@ -54,8 +56,8 @@ public:
     /// The same for sources with a double quote in their names, which the tool writes into its own
     /// files as it is.
     void RefuseQuotes();
-    /// Tells of settings that nothing but Verilog has.
-    void LoseVerilogSettings();
+    /// Tells of settings and wishes that nothing but Verilog has a use for.
+    void LoseWhatIsOfVerilog();
 
     /// Names for files, of a source and of a top.
     std::string NameOf(const TPlanSource& source) const;
