@@ -1,7 +1,7 @@
 #include "flows/formats/exportwriter.h"
 #include "flows/formats/formatwriters.h"
 #include "flows/formats/shelltext.h"
-#include "flows/formats/toolwords.h"
+#include "flows/formats/toolcalls.h"
 
 namespace {
 

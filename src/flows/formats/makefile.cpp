@@ -2,7 +2,7 @@
 #include "flows/formats/formatwriters.h"
 #include "flows/formats/maketext.h"
 #include "flows/formats/shelltext.h"
-#include "flows/formats/toolwords.h"
+#include "flows/formats/toolcalls.h"
 #include <algorithm>
 
 namespace {

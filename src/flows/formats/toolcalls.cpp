@@ -1,4 +1,4 @@
-#include "flows/formats/toolwords.h"
+#include "flows/formats/toolcalls.h"
 #include "flows/plan/planoptions.h"
 
 bool RefuseQuoted(const std::string& name, TExportWriter* writer) {
