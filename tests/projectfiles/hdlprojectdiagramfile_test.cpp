@@ -1,5 +1,5 @@
 #include "projectfiles/hdlprojectdiagramfile.h"
-#include "projectfilefakes.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include <gtest/gtest.h>
 
 namespace {

@@ -1,5 +1,5 @@
 #include "projectfiles/hdlprojectfile.h"
-#include "projectfilefakes.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include "tests/support/keptobjects.h"
 #include "tests/support/recorders.h"
 #include "tests/support/slots.h"

@@ -1,5 +1,5 @@
 #include "projectfiles/hdlprojectfilelist.h"
-#include "projectfilefakes.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"
 #include <gtest/gtest.h>

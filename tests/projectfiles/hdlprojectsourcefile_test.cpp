@@ -1,7 +1,7 @@
 #include "projectfiles/hdlprojectsourcefile.h"
-#include "projectfilefakes.h"
 #include "projectfiles/hdlsourcefile.h"
 #include "settings/projectdiagramsimconfig.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include "tests/support/recorders.h"
 #include "tests/support/slots.h"
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "projectfiles/hdlprojectstimulusresultsfile.h"
-#include "projectfilefakes.h"
 #include "projectfiles/isimulationresults.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include <gtest/gtest.h>
 
 namespace {

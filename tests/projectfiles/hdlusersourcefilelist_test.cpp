@@ -1,6 +1,6 @@
 #include "projectfiles/hdlusersourcefilelist.h"
-#include "projectfilefakes.h"
 #include "projectfiles/hdlprojectusersourcefile.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include "tests/support/recorders.h"
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "projectfiles/projectfileindex.h"
-#include "projectfilefakes.h"
 #include "projectfiles/hdlusersourcefilelist.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include "tests/services/names/hostform.h"
 #include "tests/support/memoryfolder.h"
 #include "tests/support/recorders.h"

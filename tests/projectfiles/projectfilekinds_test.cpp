@@ -1,8 +1,8 @@
-#include "projectfilefakes.h"
 #include "projectfiles/hdlprojectdiagramfile.h"
 #include "projectfiles/hdlprojectstimulusresultsfile.h"
 #include "projectfiles/hdlprojecttemplatefile.h"
 #include "projectfiles/hdlprojectusersourcefile.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include <gtest/gtest.h>
 #include <memory>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "projectfilefakes.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "projectfilefakes.h"
 #include "projectfiles/hdlprojectdiagramfile.h"
 #include "projectfiles/hdlprojectusersourcefile.h"
 #include "projectfiles/hdlsourcefilelist.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include <gtest/gtest.h>
 #include <memory>
 

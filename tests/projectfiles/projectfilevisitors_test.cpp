@@ -1,4 +1,3 @@
-#include "projectfilefakes.h"
 #include "projectfiles/hdllibrarysourcefilelist.h"
 #include "projectfiles/hdlprojectstimulusresultsfile.h"
 #include "projectfiles/hdlprojecttemplatefile.h"
@@ -7,6 +6,7 @@
 #include "projectfiles/hdlusersourcefilelist.h"
 #include "projectfiles/hdlutilitiessourcefilelist.h"
 #include "services/designdatabase/visitor.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include <gtest/gtest.h>
 
 namespace {

@@ -1,6 +1,6 @@
-#include "projectfilefakes.h"
 #include "projectfiles/hdlprojecttemplatefile.h"
 #include "projectfiles/hdlprojectusersourcefile.h"
+#include "tests/projectfiles/projectfilefakes.h"
 #include <gtest/gtest.h>
 
 // What copies of the kinds of project sources take over.
