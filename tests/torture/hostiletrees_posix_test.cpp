@@ -86,9 +86,12 @@ const TShape kShapes[] = {
      kNone},
     {"lists in YAML", kYaml,
      [](std::size_t count) {
-         return "files: " + Repeated(count, "[") + Repeated(count, "]") + "\n";
+         return "files: " + Repeated(count / 4, "[") + Repeated(count / 4, "]") + "\n";
      },
      kDeep},
+    {"values in a list in a list of YAML", kYaml,
+     [](std::size_t count) { return "files: [[" + Repeated(20 * count, "1,") + "]]\n"; },
+     " values in brackets that lie in each other [HB708]\n"},
     {"entries in YAML", kYaml,
      [](std::size_t count) { return "files:\n" + Repeated(count, "- ") + "x\n"; }, kDeep},
     {"keys of YAML", kYaml,
@@ -105,7 +108,8 @@ const TShape kShapes[] = {
      [](std::size_t count) { return "name: x" + Repeated(count, "0123456789") + "\n"; }, kNone},
     {"anchors of YAML", kYaml,
      [](std::size_t count) {
-         return Numbered(count, [](const auto& of) { return "k" + of + ": &x" + of + " 1\n"; });
+         return Numbered(count,
+                         [](const auto& of) { return "k" + of + ": &x" + of + " 0123456789\n"; });
      },
      kLossy, kTold},
     {"documents of YAML", kYaml, [](std::size_t count) { return Repeated(count, "---\n"); },

@@ -1,10 +1,11 @@
 #include "flows/trees/treebuilder.h"
 #include "flows/trees/treereaders.h"
+#include "flows/trees/yamlinput.h"
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <istream>
 #include <map>
-#include <sstream>
 #include <yaml-cpp/eventhandler.h>
 #include <yaml-cpp/exceptions.h>
 #include <yaml-cpp/parser.h>
@@ -57,8 +58,8 @@ TTreeKind KindOfNumber(std::string_view text, bool* isOutOfRange) {
 /// Makes a tree of the parser's events.
 class TYamlEvents : public YAML::EventHandler {
 public:
-    /// For a file of so many bytes.
-    explicit TYamlEvents(std::size_t size) : Builder(size) {}
+    /// Keeps the input, whose text has so many bytes.
+    TYamlEvents(TYamlInput* input, std::size_t size) : Input(*input), Builder(size) {}
 
     TTreeBuilder& GetBuilder() { return Builder; }
 
@@ -91,6 +92,11 @@ private:
         std::size_t Depth = 0;
     };
 
+    /// Whether what is told does not matter any more.
+    bool IsOver() {
+        Input.Forget();
+        return Builder.HasFailed() || Input.IsCut();
+    }
     void AddSingle(TTreeKind kind, const std::string& text, const YAML::Mark& mark,
                    YAML::anchor_t anchor);
     void Begin(TTreeKind kind, const YAML::Mark& mark, const std::string& tag,
@@ -98,6 +104,7 @@ private:
     void End();
     void Keep(YAML::anchor_t anchor);
 
+    TYamlInput& Input;
     TTreeBuilder Builder;
     int Documents = 0;
     std::map<YAML::anchor_t, TAnchored> Anchors;
@@ -112,7 +119,7 @@ void Measure(const TTree& value, std::size_t depth, std::size_t* count, std::siz
 }
 
 void TYamlEvents::OnAlias(const YAML::Mark& mark, YAML::anchor_t anchor) {
-    if (Builder.HasFailed()) return;
+    if (IsOver()) return;
     const auto found = Anchors.find(anchor);
     if (found == Anchors.end())
         Builder.Fail("an alias stands within what it stands for", PlaceOf(mark));
@@ -126,7 +133,7 @@ void TYamlEvents::OnAlias(const YAML::Mark& mark, YAML::anchor_t anchor) {
 // The tag "?" is that of plain words, "!" that of texts in quotes.
 void TYamlEvents::OnScalar(const YAML::Mark& mark, const std::string& tag, YAML::anchor_t anchor,
                            const std::string& value) {
-    if (Builder.HasFailed()) return;
+    if (IsOver()) return;
     if (tag == "!" || tag == kTextTag) return AddSingle(TREE_TEXT, value, mark, anchor);
     if (!tag.empty() && tag != "?") {
         Builder.Fail("the tag " + tag + " has no meaning here", PlaceOf(mark));
@@ -149,7 +156,7 @@ void TYamlEvents::OnScalar(const YAML::Mark& mark, const std::string& tag, YAML:
 
 void TYamlEvents::AddSingle(TTreeKind kind, const std::string& text, const YAML::Mark& mark,
                             YAML::anchor_t anchor) {
-    if (Builder.HasFailed()) return;
+    if (IsOver()) return;
     if (!Builder.WantsKey()) {
         Builder.Add(kind, kind == TREE_NULL ? "" : text, PlaceOf(mark));
         return Keep(anchor);
@@ -162,7 +169,7 @@ void TYamlEvents::AddSingle(TTreeKind kind, const std::string& text, const YAML:
 
 void TYamlEvents::Begin(TTreeKind kind, const YAML::Mark& mark, const std::string& tag,
                         YAML::anchor_t anchor) {
-    if (Builder.HasFailed()) return;
+    if (IsOver()) return;
     if (Builder.WantsKey())
         Builder.Fail("a key is no single value", PlaceOf(mark));
     else if (!tag.empty() && tag != "?" && tag != "!")
@@ -172,7 +179,7 @@ void TYamlEvents::Begin(TTreeKind kind, const YAML::Mark& mark, const std::strin
 }
 
 void TYamlEvents::End() {
-    if (!Builder.End()) return;
+    if (IsOver() || !Builder.End()) return;
     const YAML::anchor_t anchor = OpenAnchors.back();
     OpenAnchors.pop_back();
     Keep(anchor);
@@ -191,16 +198,18 @@ void TYamlEvents::Keep(YAML::anchor_t anchor) {
 }  // namespace
 
 bool ReadYamlTree(std::string_view text, TTree* tree, TTreeFault* fault) {
-    TYamlEvents events(text.size());
+    TYamlInput input(text);
+    TYamlEvents events(&input, text.size());
     TTreeBuilder& builder = events.GetBuilder();
     try {
-        std::istringstream stream{std::string(text)};
+        std::istream stream(&input);
         YAML::Parser parser(stream);
         if (parser.HandleNextDocument(events) && !builder.HasFailed())
             parser.HandleNextDocument(events);
     } catch (const YAML::Exception& exception) {
-        builder.Fail(exception.msg, PlaceOf(exception.mark));
+        if (!input.IsCut()) builder.Fail(exception.msg, PlaceOf(exception.mark));
     }
+    if (input.IsCut()) builder.Fail(input.GetReason(), input.GetCut());
     if (builder.HasFailed()) {
         *fault = builder.GetFault();
         return false;

@@ -99,6 +99,26 @@ TEST(YamlTree, KeepsNoMoreForAnchorsThanItMayHold) {
     EXPECT_EQ(Yaml(text), "3:348: more than 200217 values");
 }
 
+// The parser tells of a list in a list when it has met the end of both.
+TEST(YamlTree, IsNotHandedMoreThanTheParserMayKeep) {
+    const auto repeated = [](int count, const char* text) {
+        std::string all;
+        for (int copy = 0; copy < count; ++copy) all += text;
+        return all;
+    };
+    EXPECT_EQ(Yaml("\n[[" + repeated(250'000, "x,") + "]]"),
+              "2:315624: more than 157812 values in brackets that lie in each other");
+    EXPECT_EQ(Yaml("\n" + repeated(250'000, "[x,")),
+              "2:242578: more than 161718 values in brackets that lie in each other");
+    // Texts may have more, and what was told of does not count.
+    const std::string commas = "'" + repeated(100'000, ",") + "'";
+    EXPECT_EQ(Yaml("a: " + commas + "\nb: " + commas + "\nc: []\n"),
+              "1:1 map\n  1:4 a (1:1) text " + repeated(100'000, ",") + "\n  2:4 b (2:1) text " +
+                  repeated(100'000, ",") + "\n  3:4 c (3:1) list\n");
+    // A list by itself is told of at once, up to the value that is one too many.
+    EXPECT_EQ(Yaml("a: [" + repeated(250'000, "x,") + "]"), "1:462501: more than 231250 values");
+}
+
 TEST(YamlTree, ReadsWhatIsPrinted) {
     for (const char* const text :
          {"",         "a b",  "12", "1e3",      "yes",      "null",
