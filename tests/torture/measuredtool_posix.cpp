@@ -1,13 +1,13 @@
 #include "tests/torture/measuredtool_posix.h"
 #include "tests/support/temporaryfolder.h"
 #include <fcntl.h>
-#include <sys/resource.h>
+#include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
 
-[[noreturn]] void BecomeTool(std::vector<std::string> words, const std::string& errors) {
+[[noreturn]] void Become(std::vector<std::string> words, const std::string& errors) {
     std::vector<char*> pointers;
     for (std::string& word : words) pointers.push_back(word.data());
     pointers.push_back(nullptr);
@@ -20,22 +20,20 @@ namespace {
     _exit(127);
 }
 
-double SecondsOf(const timeval& time) {
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-}
-
 }  // namespace
 
 TMeasuredCall CallTool(const std::vector<std::string>& arguments) {
     const TemporaryFolder folder;
-    std::vector<std::string> words = {HDLBUILD_PROGRAM};
+    std::vector<std::string> words = {TORTURE_MEASURER, folder.Path("measures"), HDLBUILD_PROGRAM};
     words.insert(words.end(), arguments.begin(), arguments.end());
     const pid_t child = fork();
-    if (child == 0) BecomeTool(words, folder.Path("errors"));
+    if (child == 0) Become(words, folder.Path("errors"));
+    waitpid(child, nullptr, 0);
+    TMeasuredCall call;
     int status = 0;
-    rusage usage{};
-    wait4(child, &status, 0, &usage);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), folder.Read("errors"),
-            static_cast<std::size_t>(usage.ru_maxrss) * 1024,
-            SecondsOf(usage.ru_utime) + SecondsOf(usage.ru_stime)};
+    if (!(std::istringstream(folder.Read("measures")) >> status >> call.PeakBytes >> call.Seconds))
+        return {.Status = -1, .Errors = "not measured"};
+    call.Status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    call.Errors = folder.Read("errors");
+    return call;
 }

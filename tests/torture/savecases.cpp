@@ -184,9 +184,11 @@ bool TSavePlace::IsAsTold(int status) const {
     const std::string bytes = Read();
     if (status == 0) return bytes == NewBytes;
     if (bytes == OldBytes) return true;
-    // The report tells what did not pass; a build lacks sources that could not be read.
+    // What is listed, and could not be looked at, counts as missing: that changes no output, but
+    // the report tells what did not pass, and a build lacks sources that could not be read.
     if (status == kProblems)
-        return IsWellFormed(bytes) && LastLineOf(bytes) == LastLineOf(NewBytes);
+        return bytes == NewBytes ||
+               (IsWellFormed(bytes) && LastLineOf(bytes) == LastLineOf(NewBytes));
     return status == kKilled && bytes == NewBytes;
 }
 
