@@ -12,6 +12,8 @@ namespace {
 // fifth of the time: so the last part is all that there is, unless it is too long for Expat's copy.
 constexpr std::size_t kUsualPart = std::size_t{1} << 16;
 constexpr std::size_t kLargestPart = std::size_t{1} << 29;
+// Expat's copy doubles and is never larger than 1 GiB; it has some bytes of its own in it.
+constexpr std::size_t kLargestCopy = (std::size_t{1} << 30) - 4096;
 
 std::atomic<const XML_Memory_Handling_Suite*> expatMemory = nullptr;
 
@@ -59,7 +61,7 @@ bool TExpatRun::Feed(std::string_view part, bool isLast) {
 }
 
 std::string_view TExpatRun::Copy(std::string_view part) {
-    if (part.empty() || part.size() > kLargestPart) return {};
+    if (part.empty() || part.size() > kLargestCopy) return {};
     void* const buffer = XML_GetBuffer(Parser, static_cast<int>(part.size()));
     if (!buffer) return {};
     std::memcpy(buffer, part.data(), part.size());
