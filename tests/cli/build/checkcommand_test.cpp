@@ -387,6 +387,23 @@ void WriteBuildToScan(const WorkingFolder& folder) {
 
 }  // namespace
 
+TEST(CheckCommand, TellsOfWhatIsWrittenInAnotherLanguage) {
+    const WorkingFolder folder;
+    folder.Write("m.v", "module m(input a);\nendmodule\n");
+    folder.Write("t.vhd",
+                 "entity t is end;\narchitecture s of t is\n  component m is port (a : bit); "
+                 "end component;\n  signal x : bit;\nbegin\n  u : m port map (x);\nend;\n");
+    folder.Write("b.xml", BuildText("<SourceFileGroup Language=\"Verilog\">\n" + SourceText("m.v") +
+                                    "</SourceFileGroup>\n<SourceFileGroup Language=\"VHDL\">\n" +
+                                    SourceText("t.vhd") + "</SourceFileGroup>\n"));
+    EXPECT_EQ(ResultOf({"check", "b.xml", "--sources", "--suppress", "HB509"}),
+              "note: t.vhd:6:7: module work.m is written in another language, in m.v\n");
+    const auto scan =
+        nlohmann::json::parse(RunHdlbuild({"scan", "b.xml", "--check", "--json"}).Out);
+    EXPECT_EQ(scan["otherLanguages"].dump(),
+              R"([{"path":"m.v","place":"t.vhd:6:7","unit":"work.m"}])");
+}
+
 TEST(CheckCommand, AddsWhatAScanOfTheSourcesFinds) {
     const WorkingFolder folder;
     WriteBuildToScan(folder);

@@ -1,6 +1,8 @@
 #include "tests/cli/run/runbuild.h"
 #include "tests/cli/shell.h"
 #include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <regex>
 
 namespace {
 
@@ -192,6 +194,60 @@ TEST(RanVerilogBuilds, TellAllThatAFailingSimulationPrints) {
               "[12] begin\nFAILED: checks\nexpected 5\nninja: error: hello\n\n\\ttabbed\n"
               "end FATAL: ./t.v:2: \n  Time: 0 Scope: t\n"
               "simulate work.t failed: failure: end FATAL: ./t.v:2: \n");
+}
+
+TEST(RanVerilogBuilds, AreToldAsJson) {
+    if (!IsInstalled("iverilog")) GTEST_SKIP() << "iverilog is not installed";
+    const WorkingFolder folder;
+    folder.Write("t.v", "module t; initial if ($test$plusargs(\"x\")) $fatal; endmodule\n");
+    folder.Write("my build.xml", VerilogBuildText("t.v", kSystemVerilog));
+    const auto told = [](const std::string& arguments) {
+        const std::string text = Shell(HDLBUILD_PROGRAM
+                                       " run 'my build.xml' --with icarus -o out "
+                                       "--json 2>/dev/null " +
+                                       arguments)
+                                     .second;
+        auto result = nlohmann::ordered_json::parse(text);
+        for (auto& simulation : result["simulations"]) simulation["milliseconds"] = 0;
+        return std::regex_replace(result.dump(1), std::regex("-[0-9a-f]{8}\\b"), "-D");
+    };
+    EXPECT_EQ(told(""), R"({
+ "format": "hdlbuild-run",
+ "version": 1,
+ "build": "my build.xml",
+ "passed": true,
+ "simulations": [
+  {
+   "simulation": "work.t",
+   "tool": "icarus",
+   "result": "passed",
+   "unchanged": false,
+   "milliseconds": 0,
+   "reason": "",
+   "log": "out/logs/icarus/simulate-work.t-D.log",
+   "waves": null
+  }
+ ]
+})");
+    EXPECT_EQ(told("--waves -- +x"), R"({
+ "format": "hdlbuild-run",
+ "version": 1,
+ "build": "my build.xml",
+ "passed": false,
+ "simulations": [
+  {
+   "simulation": "work.t",
+   "tool": "icarus",
+   "result": "failed",
+   "unchanged": false,
+   "milliseconds": 0,
+   "reason": "failure: FATAL: )" + folder.Path("t.v") +
+                                         R"(:1: ",
+   "log": "out/logs/icarus/simulate-work.t-D.log",
+   "waves": "out/icarus/work/work.t-D/waves.vcd"
+  }
+ ]
+})");
 }
 
 TEST(RanVerilogBuilds, WriteWavesUnderBothVersionsOfVerilator) {

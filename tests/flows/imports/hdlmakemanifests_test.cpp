@@ -43,6 +43,13 @@ TEST(HdlmakeManifests, GiveEmptyDefinesAndTheUsualDelays) {
               "B\n");
 }
 
+TEST(HdlmakeManifests, TakeLibraryFilesOutOfOptions) {
+    const ImportFolder folder;
+    EXPECT_EQ(folder.ReadText("hdlmake", "files = 'tb.v'\nvlog_opt = '-v lib/cells.v'\n"),
+              "in/list:2 Verilog  in/lib/cells.v library file\n"
+              "in/list:1 Verilog work in/tb.v\n");
+}
+
 // Nothing is run: what stands in either branch is taken, and the condition is told.
 TEST(HdlmakeManifests, TakeBothBranchesOfAnIf) {
     const ImportFolder folder;
