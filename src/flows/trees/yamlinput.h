@@ -6,7 +6,7 @@
 #include <string_view>
 
 /// How many values of a small file the parser of YAML may keep. They take three hundred bytes each.
-inline constexpr std::size_t kMostKeptYamlValues = 150'000;
+inline constexpr std::size_t kMostKeptYamlValues = 125'000;
 /// It may keep one more for so many bytes of a large file.
 inline constexpr std::size_t kBytesOfKeptYamlValue = 64;
 
