@@ -110,6 +110,11 @@ TEST(YamlTree, IsNotHandedMoreThanTheParserMayKeep) {
               "2:265624: more than 132812 values in brackets that lie in each other");
     EXPECT_EQ(Yaml("\n" + repeated(250'000, "[x,")),
               "2:205078: more than 136718 values in brackets that lie in each other");
+    // One more than it may keep of a text of that size.
+    EXPECT_EQ(Yaml("[[" + repeated(129'031, "x,") + "]]"),
+              "1:258064: more than 129032 values in brackets that lie in each other");
+    EXPECT_EQ(Yaml("[[" + repeated(129'030, "x,") + "]]").substr(0, 30),
+              "1:1 list\n  1:2 list\n    1:3 te");
     // Texts may have more, and what was told of does not count.
     const std::string commas = "'" + repeated(100'000, ",") + "'";
     EXPECT_EQ(Yaml("a: " + commas + "\nb: " + commas + "\nc: []\n"),
